@@ -1,0 +1,92 @@
+#include "core/frame_rate.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace XPJ {
+
+namespace {
+
+struct NtscRate {
+    std::int64_t timebase;
+    Ticks frameTicks;
+};
+
+// The exact frame at 48 would be 5297292000; documents and projects carry this one.
+constexpr NtscRate kNtscRates[] = {
+    {24, 10594584000},
+    {30, kNtscFrameTicks},
+    {48, 5297407770},
+    {60, 4237833600},
+};
+
+constexpr int kNonDrop30 = 103;
+constexpr int kNonDrop60 = 107;
+
+// Frame numbers left out at each minute that is no multiple of ten; 0: none at this base.
+std::uint64_t DroppedNumbers(std::uint64_t base)
+{
+    return base == 30 ? 2 : base == 60 ? 4 : 0;
+}
+
+} // namespace
+
+bool FrameTicks(std::int64_t timebase, bool ntsc, Ticks* ticks) noexcept
+{
+    if (timebase == 0)
+        return false;
+    *ticks = DivTicksOr0(kTicksPerSecond, timebase);
+    if (ntsc)
+        for (const NtscRate& rate : kNtscRates)
+            if (rate.timebase == timebase)
+                *ticks = rate.frameTicks;
+    return true;
+}
+
+DocumentRate RateOfFrame(Ticks frameTicks)
+{
+    for (const NtscRate& rate : kNtscRates)
+        if (rate.frameTicks == frameTicks)
+            return {rate.timebase, true};
+    return {DivTicks(kTicksPerSecond, frameTicks), false};
+}
+
+TimecodeForm TimecodeFormOf(Ticks frameTicks, int displayFormat)
+{
+    const DocumentRate rate = RateOfFrame(frameTicks);
+    // At 48 the count follows the true rate, 47 numbers a second.
+    if (rate.timebase == 48 && rate.ntsc)
+        return {DivTicks(kTicksPerSecond, frameTicks), false};
+    const bool mayDrop = rate.ntsc && (rate.timebase == 30 || rate.timebase == 60);
+    const bool nonDrop = displayFormat == kNonDrop30 || displayFormat == kNonDrop60;
+    return {rate.timebase, mayDrop && !nonDrop};
+}
+
+std::string FormatTimecode(std::int64_t frame, std::int64_t base, bool drop)
+{
+    // The upper limit keeps the products below in range; no rate counts finer than ticks.
+    const auto perSecond =
+        static_cast<std::uint64_t>(std::clamp<std::int64_t>(base, 1, kTicksPerSecond));
+    const std::uint64_t dropped = drop ? DroppedNumbers(perSecond) : 0;
+    const std::uint64_t fullMinute = perSecond * 60;
+    const std::uint64_t minute = fullMinute - dropped;
+    const std::uint64_t tenMinutes = fullMinute + 9 * minute;
+
+    const auto bits = static_cast<std::uint64_t>(frame);
+    std::uint64_t rest = frame < 0 ? 0 - bits : bits;
+    const std::uint64_t hours = rest / (6 * tenMinutes);
+    rest %= 6 * tenMinutes;
+    std::uint64_t minutes = 10 * (rest / tenMinutes);
+    rest %= tenMinutes;
+    // Of ten minutes only the first has all its numbers.
+    if (rest >= fullMinute) {
+        minutes += 1 + (rest - fullMinute) / minute;
+        rest = (rest - fullMinute) % minute + dropped;
+    }
+    const char mark = dropped > 0 ? ';' : ':';
+    return fmt::format("{}{:02}{}{:02}{}{:02}{}{:02}", frame < 0 ? "-" : "", hours, mark, minutes,
+                       mark, rest / perSecond, mark, rest % perSecond);
+}
+
+} // namespace XPJ

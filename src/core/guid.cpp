@@ -1,0 +1,56 @@
+#include "core/guid.h"
+
+#include <boost/uuid/uuid_io.hpp>
+
+namespace XPJ {
+
+namespace {
+
+constexpr std::size_t kTextSize = 36;
+
+bool IsDashPlace(std::size_t i)
+{
+    return i == 8 || i == 13 || i == 18 || i == 23;
+}
+
+int HexDigit(char c)
+{
+    if (c >= '0' && c <= '9')
+        return c - '0';
+    if (c >= 'a' && c <= 'f')
+        return c - 'a' + 10;
+    if (c >= 'A' && c <= 'F')
+        return c - 'A' + 10;
+    return -1;
+}
+
+} // namespace
+
+Guid StringToGUID(std::string_view text) noexcept
+{
+    if (text.size() != kTextSize)
+        return kZeroGuid;
+    Guid guid{};
+    std::size_t digits = 0;
+    for (std::size_t i = 0; i < kTextSize; ++i) {
+        if (IsDashPlace(i)) {
+            if (text[i] != '-')
+                return kZeroGuid;
+            continue;
+        }
+        const int digit = HexDigit(text[i]);
+        if (digit < 0)
+            return kZeroGuid;
+        std::uint8_t& byte = guid.data[digits / 2];
+        byte = static_cast<std::uint8_t>(byte << 4 | digit);
+        ++digits;
+    }
+    return guid;
+}
+
+std::string AsString(const Guid& guid)
+{
+    return boost::uuids::to_string(guid);
+}
+
+} // namespace XPJ

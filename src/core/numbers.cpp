@@ -1,0 +1,89 @@
+#include "core/numbers.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
+namespace XPJ {
+
+namespace {
+
+bool IsBlank(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+std::string_view SkipBlanks(std::string_view text)
+{
+    std::size_t start = 0;
+    while (start < text.size() && IsBlank(text[start]))
+        ++start;
+    return text.substr(start);
+}
+
+// std::from_chars knows no leading plus.
+std::string_view SkipPlus(std::string_view text)
+{
+    const bool plus = text.size() > 1 && text[0] == '+' && text[1] != '-';
+    return plus ? text.substr(1) : text;
+}
+
+} // namespace
+
+std::int64_t ParseInt64(std::string_view text) noexcept
+{
+    text = SkipPlus(SkipBlanks(text));
+    std::int64_t value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error == std::errc::result_out_of_range)
+        return text[0] == '-' ? std::numeric_limits<std::int64_t>::min()
+                              : std::numeric_limits<std::int64_t>::max();
+    return error == std::errc() ? value : 0;
+}
+
+int ParseInt(std::string_view text) noexcept
+{
+    constexpr std::int64_t kMin = std::numeric_limits<int>::min();
+    constexpr std::int64_t kMax = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(ParseInt64(text), kMin, kMax));
+}
+
+double ParseDouble(std::string_view text) noexcept
+{
+    text = SkipPlus(SkipBlanks(text));
+    // "nan", "inf" and "0x" forms are no numbers in documents.
+    const std::size_t digit = !text.empty() && text[0] == '-' ? 1 : 0;
+    if (digit >= text.size() || (text[digit] != '.' && (text[digit] < '0' || text[digit] > '9')))
+        return 0;
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error == std::errc::result_out_of_range) {
+        // Too large or too small: the exponent's sign tells which.
+        const std::string_view number(text.data(), static_cast<std::size_t>(end - text.data()));
+        if (number.find("e-") != number.npos || number.find("E-") != number.npos ||
+            number.find_first_of("123456789") > number.find('.'))
+            return 0;
+        const double largest = std::numeric_limits<double>::max();
+        return text[0] == '-' ? -largest : largest;
+    }
+    return error == std::errc() ? value : 0;
+}
+
+std::string IntToString(std::int64_t value)
+{
+    return fmt::format_int(value).str();
+}
+
+std::string UintToString(std::uint64_t value)
+{
+    return fmt::format_int(value).str();
+}
+
+std::string DoubleToString(double value)
+{
+    return fmt::format("{:g}", value);
+}
+
+} // namespace XPJ

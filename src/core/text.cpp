@@ -1,0 +1,163 @@
+#include "core/text.h"
+
+#include <utf8.h>
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+
+namespace XPJ {
+
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+char ToLower(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool IsLead(char16_t unit)
+{
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+bool IsTrail(char16_t unit)
+{
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+struct Entity {
+    std::string_view text;
+    char character;
+};
+
+constexpr Entity kEntities[] = {
+    {"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}, {"&quot;", '"'}, {"&apos;", '\''},
+};
+
+// Length of the numeric reference ("&#13;", "&#xE9;") at the start of `text`, its code point in
+// `codePoint`; 0 when there is none.
+std::size_t NumericReference(std::string_view text, char32_t* codePoint)
+{
+    if (text.substr(0, 2) != "&#")
+        return 0;
+    const bool isHex = text.size() > 2 && (text[2] == 'x' || text[2] == 'X');
+    const char* const begin = text.data() + (isHex ? 3 : 2);
+    const char* const end = text.data() + std::min<std::size_t>(text.size(), 12);
+    unsigned value = 0;
+    if (begin >= end)
+        return 0;
+    const auto [stop, error] = std::from_chars(begin, end, value, isHex ? 16 : 10);
+    if (error != std::errc() || stop == end || *stop != ';')
+        return 0;
+    *codePoint = value;
+    return static_cast<std::size_t>(stop + 1 - text.data());
+}
+
+const Entity* KnownEntity(std::string_view text)
+{
+    for (const Entity& entity : kEntities)
+        if (text.substr(0, entity.text.size()) == entity.text)
+            return &entity;
+    return nullptr;
+}
+
+bool IsCharacter(char32_t codePoint)
+{
+    return codePoint != 0 && codePoint <= 0x10FFFF && (codePoint < 0xD800 || codePoint > 0xDFFF);
+}
+
+} // namespace
+
+std::string ToUTF8(std::u16string_view text)
+{
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        char32_t codePoint = text[i];
+        if (IsLead(text[i]) && i + 1 < text.size() && IsTrail(text[i + 1])) {
+            codePoint = 0x10000 + ((codePoint - 0xD800) << 10) + (text[i + 1] - 0xDC00u);
+            ++i;
+        } else if (IsLead(text[i]) || IsTrail(text[i])) {
+            codePoint = kReplacement;
+        }
+        utf8::unchecked::append(codePoint, std::back_inserter(result));
+    }
+    return result;
+}
+
+std::u16string ToUTF16(std::string_view text)
+{
+    std::string valid;
+    valid.reserve(text.size());
+    utf8::replace_invalid(text.begin(), text.end(), std::back_inserter(valid), kReplacement);
+    std::u16string result;
+    result.reserve(valid.size());
+    utf8::unchecked::utf8to16(valid.begin(), valid.end(), std::back_inserter(result));
+    return result;
+}
+
+void ToUTF16(std::string_view text, char16_t* field, std::size_t capacity)
+{
+    if (capacity == 0)
+        return;
+    const std::u16string units = ToUTF16(text);
+    std::size_t count = std::min(units.size(), capacity - 1);
+    if (count > 0 && count < units.size() && IsLead(units[count - 1]))
+        --count;
+    std::copy_n(units.begin(), count, field);
+    field[count] = 0;
+}
+
+std::string EscapeXML(std::string_view text)
+{
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        char32_t unused = 0;
+        const std::string_view rest = text.substr(i);
+        if (text[i] == '<')
+            result += "&lt;";
+        else if (text[i] == '>')
+            result += "&gt;";
+        else if (text[i] == '&' && !KnownEntity(rest) && NumericReference(rest, &unused) == 0)
+            result += "&amp;";
+        else if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n')
+            result += "&#13;";
+        else
+            result += text[i];
+    }
+    return result;
+}
+
+std::string UnescapeXML(std::string_view text)
+{
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        const std::string_view rest = text.substr(i);
+        char32_t codePoint = 0;
+        const Entity* const entity = text[i] == '&' ? KnownEntity(rest) : nullptr;
+        const std::size_t reference = text[i] == '&' ? NumericReference(rest, &codePoint) : 0;
+        if (entity) {
+            result += entity->character;
+            i += entity->text.size();
+        } else if (reference > 0 && IsCharacter(codePoint)) {
+            utf8::unchecked::append(codePoint, std::back_inserter(result));
+            i += reference;
+        } else {
+            result += text[i++];
+        }
+    }
+    return result;
+}
+
+bool EqualsIgnoreCase(std::string_view a, std::string_view b) noexcept
+{
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+               return ToLower(x) == ToLower(y);
+           });
+}
+
+} // namespace XPJ

@@ -1,0 +1,69 @@
+#include "core/ticks.h"
+
+#include "core/numbers.h"
+
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+
+namespace XPJ {
+
+namespace {
+
+constexpr Ticks kMaxTicks = std::numeric_limits<Ticks>::max();
+constexpr Ticks kMinTicks = std::numeric_limits<Ticks>::min();
+
+} // namespace
+
+Ticks MultiplyTicks(Ticks a, Ticks b) noexcept
+{
+    Ticks product = 0;
+    if (!__builtin_mul_overflow(a, b, &product))
+        return product;
+    return (a < 0) == (b < 0) ? kMaxTicks : kMinTicks;
+}
+
+Ticks AddTicks(Ticks a, Ticks b) noexcept
+{
+    Ticks sum = 0;
+    if (!__builtin_add_overflow(a, b, &sum))
+        return sum;
+    return a < 0 ? kMinTicks : kMaxTicks;
+}
+
+Ticks DivTicksOr0(Ticks value, Ticks divisor) noexcept
+{
+    if (divisor == 0)
+        return 0;
+    // The one quotient that has no 64-bit form.
+    if (divisor == -1)
+        return value == kMinTicks ? kMaxTicks : -value;
+    return value / divisor;
+}
+
+Ticks DivTicks(Ticks value, Ticks divisor)
+{
+    if (divisor == 0)
+        throw std::runtime_error("division of a time by a frame length of zero");
+    return DivTicksOr0(value, divisor);
+}
+
+Ticks ToTicks(double value) noexcept
+{
+    if (std::isnan(value))
+        return 0;
+    // 2^63 is a double, the largest Ticks is not: compare before converting.
+    constexpr double kLimit = 9223372036854775808.0;
+    if (value >= kLimit)
+        return kMaxTicks;
+    if (value < -kLimit)
+        return kMinTicks;
+    return static_cast<Ticks>(value);
+}
+
+std::string TickText(Ticks ticks)
+{
+    return IntToString(ticks);
+}
+
+} // namespace XPJ

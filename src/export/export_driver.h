@@ -1,0 +1,26 @@
+// Project tree to `xmeml` tree.
+#pragma once
+
+#include "core/conversion_result.h"
+#include "core/guid.h"
+#include "core/progress.h"
+#include "core/translation_issue.h"
+#include "model/object.h"
+
+#include <string>
+
+namespace XPJ::RVX {
+
+struct ExportOptions {
+    std::string projectTitle;
+    std::string outputPath;
+    bool vl2snMode = false;        // the audio hand-off form
+    Guid sequenceGuid = kZeroGuid; // zero: the whole project
+};
+
+// Translates `root`, a parsed `VelaData` element, into an `xmeml` node made in `document`.
+// Gives a ConversionResult; findings go into `issues`.
+int TranslateProjectDocument(ObjectHandle root, const ExportOptions& options, Progress& progress,
+                             Document& document, IssueSet& issues, ObjectHandle& xmeml);
+
+} // namespace XPJ::RVX

@@ -1,0 +1,48 @@
+// The two readers: bytes to tree. Lenient by design; both stop only at what the tokeniser calls a
+// syntax error, at a cancellation, or at the input's end, where the tree holds what was complete.
+#pragma once
+
+#include "core/progress.h"
+#include "model/object.h"
+
+#include <cstddef>
+#include <iosfwd>
+#include <string>
+
+namespace XPJ {
+
+// Results of the readers.
+enum ReadResult : int {
+    kReadDone = 0,
+    kReadNoInput = -1,   // the file can't be opened, the stream isn't good
+    kReadNoElement = -2, // no document element
+    kReadSyntax = -3,    // syntax error, nesting beyond the limit, or no root
+    kReadCancelled = -4,
+};
+
+// Nesting of more levels is a syntax error.
+constexpr int kMaxNesting = 1000;
+
+// Where and why reading stopped before the input's end; `reason` is empty when it did not.
+struct ReadStop {
+    std::string reason;
+    std::size_t offset = 0; // bytes from the input's start
+    std::size_t line = 0;   // from 1
+    std::size_t column = 0; // bytes, from 1
+    std::string path;       // open elements, "xmeml/project/children"
+};
+
+// Reads an `xmeml` file of any version into `document`; on kReadDone `root` is the `xmeml` node,
+// with references by `id` bound. One progress step for each KB of file.
+int ReadFCPXML(const std::string& path, Progress& progress, Document& document, ObjectHandle& root,
+               ReadStop* stop = nullptr);
+
+// The same for text in memory, which must live as long as the document; without progress.
+int ParseFCPXML(std::string_view text, Document& document, ObjectHandle& root,
+                ReadStop* stop = nullptr);
+
+// Reads a project document; on kReadDone `root` is the `VelaData` node, with references bound.
+int ReadProjectDocument(std::istream& input, Document& document, ObjectHandle& root,
+                        ReadStop* stop = nullptr);
+
+} // namespace XPJ

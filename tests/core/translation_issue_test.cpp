@@ -1,0 +1,65 @@
+#include "core/translation_issue.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <utility>
+
+namespace XPJ {
+namespace {
+
+TranslationIssue Base()
+{
+    TranslationIssue issue;
+    issue.sequence = {1, "Reel 1"};
+    issue.clip = {1, "Clip"};
+    issue.subject = {1, "Sepia"};
+    issue.trackKind = 1;
+    issue.trackIndex = 1;
+    issue.time = "00:00:01:00";
+    return issue;
+}
+
+// Each field decides before all that stand below it.
+TEST(IssueOrder, ComparesPlaceFirst)
+{
+    using Change = std::function<void(TranslationIssue&, int)>;
+    const Change kFields[] = {
+        [](TranslationIssue& i, int by) { i.sequence.text = by < 0 ? "Reel" : "Reel 10"; },
+        [](TranslationIssue& i, int by) { i.sequence.word += by; },
+        [](TranslationIssue& i, int by) { i.time = by < 0 ? "00:00:00:24" : "00:00:01:01"; },
+        [](TranslationIssue& i, int by) { i.trackKind += by; },
+        [](TranslationIssue& i, int by) { i.trackIndex += by; },
+        [](TranslationIssue& i, int by) { i.subject.text = by < 0 ? "Blur" : "Tint"; },
+        [](TranslationIssue& i, int by) { i.clip.word += by; },
+        [](TranslationIssue& i, int by) { i.clip.text = by < 0 ? "Bed" : "Dawn"; },
+        [](TranslationIssue& i, int by) { i.subject.word += by; },
+    };
+    const IssueOrder before;
+    for (std::size_t field = 0; field < std::size(kFields); ++field) {
+        TranslationIssue less = Base();
+        TranslationIssue greater = Base();
+        kFields[field](less, -1);
+        for (std::size_t lower = field + 1; lower < std::size(kFields); ++lower)
+            kFields[lower](less, 1);
+        kFields[field](greater, 1);
+        EXPECT_TRUE(before(less, Base())) << field;
+        EXPECT_TRUE(before(Base(), greater)) << field;
+        EXPECT_FALSE(before(greater, less)) << field;
+    }
+}
+
+TEST(IssueOrder, FindingsThatDifferInKindAloneAreOne)
+{
+    IssueSet issues;
+    TranslationIssue issue = Base();
+    issue.kind = 3;
+    issues.insert(issue);
+    issue.kind = 5;
+    issues.insert(issue);
+    ASSERT_EQ(issues.size(), 1u);
+    EXPECT_EQ(issues.begin()->kind, 3);
+}
+
+} // namespace
+} // namespace XPJ
