@@ -15,12 +15,12 @@ TEST(FrameRate, LengthOfEveryStatedRate)
         bool ntsc;
         Ticks ticks;
     } rows[] = {
-        {24, true, 10594584000},  {24, false, 10584000000},
-        {30, true, 8475667200},   {30, false, 8467200000},
-        {48, true, 5297407770},   {48, false, 5292000000},
-        {60, true, 4237833600},   {60, false, 4233600000},
-        {25, true, 10160640000},  {25, false, 10160640000},
-        {23, true, 11044173913},  {254016000000, false, 1},
+        {24, true, 10594584000},   {24, false, 10584000000},
+        {30, true, 8475667200},    {30, false, 8467200000},
+        {48, true, 5297407770},    {48, false, 5292000000},
+        {60, true, 4237833600},    {60, false, 4233600000},
+        {25, true, 10160640000},   {25, false, 10160640000},
+        {23, true, 11044173913},   {254016000000, false, 1},
         {-25, true, -10160640000}, {std::numeric_limits<std::int64_t>::max(), true, 0},
     };
     for (const auto& row : rows) {
@@ -35,9 +35,16 @@ TEST(FrameRate, LengthOfEveryStatedRate)
 
 TEST(FrameRate, LengthsLeadBackToTheirRate)
 {
-    for (const DocumentRate& rate :
-         {DocumentRate{24, true}, {30, true}, {48, true}, {60, true}, {24, false}, {25, false},
-          {30, false}, {50, false}, {60, false}, {254016000000, false}}) {
+    for (const DocumentRate& rate : {DocumentRate{24, true},
+                                     {30, true},
+                                     {48, true},
+                                     {60, true},
+                                     {24, false},
+                                     {25, false},
+                                     {30, false},
+                                     {50, false},
+                                     {60, false},
+                                     {254016000000, false}}) {
         Ticks ticks = 0;
         ASSERT_TRUE(FrameTicks(rate.timebase, rate.ntsc, &ticks));
         EXPECT_EQ(RateOfFrame(ticks), rate) << rate.timebase;
@@ -52,10 +59,10 @@ TEST(FrameRate, FormOfTheTimecode)
         int displayFormat;
         TimecodeForm form;
     } rows[] = {
-        {8475667200, 0, {30, true}},     {8475667200, 102, {30, true}},
-        {8475667200, 103, {30, false}},  {4237833600, 106, {60, true}},
-        {4237833600, 107, {60, false}},  {10594584000, 110, {24, false}},
-        {5297407770, 0, {47, false}},    {10160640000, 0, {25, false}},
+        {8475667200, 0, {30, true}},    {8475667200, 102, {30, true}},
+        {8475667200, 103, {30, false}}, {4237833600, 106, {60, true}},
+        {4237833600, 107, {60, false}}, {10594584000, 110, {24, false}},
+        {5297407770, 0, {47, false}},   {10160640000, 0, {25, false}},
         {8467200000, 0, {30, false}},
     };
     for (const auto& row : rows)
@@ -71,16 +78,23 @@ TEST(FrameRate, TimecodeText)
         bool drop;
         const char* text;
     } rows[] = {
-        {0, 30, true, "00;00;00;00"},       {1799, 30, true, "00;00;59;29"},
-        {1800, 30, true, "00;01;00;02"},    {3597, 30, true, "00;01;59;29"},
-        {3598, 30, true, "00;02;00;02"},    {17981, 30, true, "00;09;59;29"},
-        {17982, 30, true, "00;10;00;00"},   {107892, 30, true, "01;00;00;00"},
-        {3600, 60, true, "00;01;00;04"},    {35964, 60, true, "00;10;00;00"},
-        {1800, 30, false, "00:01:00:00"},   {90125, 25, false, "01:00:05:00"},
-        {1800, 24, true, "00:01:15:00"},    {-1800, 30, true, "-00;01;00;02"},
-        {25 * 3600 * 100, 25, false, "100:00:00:00"},
+        {0, 30, true, "00;00;00;00"},
+        {1799, 30, true, "00;00;59;29"},
+        {1800, 30, true, "00;01;00;02"},
+        {3597, 30, true, "00;01;59;29"},
+        {3598, 30, true, "00;02;00;02"},
+        {17981, 30, true, "00;09;59;29"},
+        {17982, 30, true, "00;10;00;00"},
+        {107892, 30, true, "01;00;00;00"},
+        {3600, 60, true, "00;01;00;04"},
+        {35964, 60, true, "00;10;00;00"},
+        {1800, 30, false, "00:01:00:00"},
+        {90125, 25, false, "01:00:05:00"},
+        {1800, 24, true, "00:01:15:00"},
+        {-1800, 30, true, "-00;01;00;02"},
+        {9000000, 25, false, "100:00:00:00"},
         {61, 0, false, "00:01:01:00"},
-        {kMin, 25, false, "-102481911520608:37:32:08"},
+        {kMin, 25, false, "-102481911520608:37:12:08"},
         {254016000000, std::numeric_limits<std::int64_t>::max(), false, "00:00:01:00"},
     };
     for (const auto& row : rows)

@@ -1,0 +1,48 @@
+// What a translator of an effect, a transition or a title needs of the conversion around it.
+#pragma once
+
+#include "core/ticks.h"
+#include "core/translation_issue.h"
+#include "model/object.h"
+
+#include <string>
+#include <string_view>
+
+namespace XPJ {
+
+// The place of an item, for findings. The names live as long as the documents do.
+struct ItemPlace {
+    std::string_view sequence = {};
+    std::string_view clip = {};
+    int trackKind = 3; // 1 video, 2 audio, 3 none
+    int trackIndex = 0;
+    std::string time = "00:00"; // timecode of the item's start; "00:00" for a master clip
+};
+
+// Width and height in pixels, width of a pixel over its height.
+struct FrameSize {
+    int width = 0;
+    int height = 0;
+    double pixelAspect = 1.0;
+};
+
+struct EffectContext {
+    Document& document; // the result's; new nodes are made in it
+    IssueSet& issues;
+    ItemPlace place = {};
+    Ticks frameTicks = kNtscFrameTicks;  // the frames in which the item's keyframes count
+    Ticks sampleTicks = kSampleTicks48k; // of the item's sound
+    FrameSize sequenceFrame = {};
+    FrameSize clipFrame = {};
+
+    // The factors between coordinates of the clip and of the sequence; 1 for an unknown size.
+    double HorizontalRatio() const;
+    double VerticalRatio() const;
+
+    // Enters a finding at the item's place.
+    //   context.AddIssue(ImportIssue::EffectNotTranslated, "Sepia")
+    void AddIssue(ImportIssue kind, std::string_view subject = {}) const;
+    void AddIssue(ExportIssue kind, std::string_view subject = {}) const;
+};
+
+} // namespace XPJ

@@ -1,0 +1,315 @@
+#include "effects/parameters.h"
+
+#include "core/numbers.h"
+#include "core/text.h"
+#include "effects/keyframes.h"
+#include "model/writer.h"
+
+#include <iterator>
+
+namespace XPJ {
+
+namespace {
+
+// What becomes of the value that a caller gives.
+enum class ValueRule {
+    Scalar,
+    Fixed,   // the kind's own stands
+    HV,      // a point: the real value stands in `StartKeyframe` only
+    Nowhere, // no still value; a constant `StartKeyframe`
+};
+
+struct ParamBuilder {
+    ParamKind kind;
+    ValueRule rule;
+    Name element;
+    std::string_view classId;
+    std::string_view control; // empty: the caller's
+    std::string_view lower;   // empty: the caller's, or none
+    std::string_view upper;
+    std::string_view value; // without one from the caller
+};
+
+constexpr std::string_view kMaxColour = "18446744073709551615";
+constexpr std::string_view kBlack = "18374686479671623680";
+
+constexpr Name kVideoParam = "VideoComponentParam";
+constexpr Name kPointParam = "PointComponentParam";
+constexpr Name kAudioParam = "AudioComponentParam";
+constexpr Name kTimeParam = "TimeComponentParam";
+constexpr Name kBlobParam = "ArbVideoComponentParam";
+
+using enum ValueRule;
+using K = ParamKind;
+
+// clang-format off
+constexpr ParamBuilder kParamBuilders[] = {
+    // kind          rule     element      class              ctl   lower      upper       value
+    {K::Scalar,      Scalar,  kVideoParam, kScalarClass,      "2",  "",        "",         "0."},
+    {K::WideScalar,  Scalar,  kVideoParam, kScalarClass,      "3",  "-32768.", "32767.",   "0."},
+    {K::Slider,      Scalar,  kVideoParam, kSliderClass,      "8",  "",        "",         "0."},
+    {K::CheckBox,    Scalar,  kVideoParam, kSwitchClass,      "4",  "false",   "true",     "false"},
+    {K::CheckBox16,  Scalar,  kVideoParam, kSwitchClass,      "16", "false",   "true",     "false"},
+    {K::Separator11, Fixed,   kVideoParam, kSwitchClass,      "11", "false",   "false",    "false"},
+    {K::Separator12, Fixed,   kVideoParam, kSwitchClass,      "12", "false",   "false",    "false"},
+    {K::Colour,      Scalar,  kVideoParam, kColourClass,      "5",  "0",       kMaxColour, kBlack},
+    {K::Choice,      Scalar,  kVideoParam, kChoiceClass,      "",   "",        "",         "0"},
+    {K::Point,       HV,      kPointParam, kPointClass,       "6",  "",        "",         "0.5:0.5"},
+    {K::Audio,       Scalar,  kAudioParam, kAudioClass,       "2",  "",        "",         "0."},
+    {K::AudioBypass, Fixed,   kAudioParam, kAudioSwitchClass, "4",  "",        "",         "false"},
+    {K::Speed,       Nowhere, kTimeParam,  kSpeedClass,       "21", "0",       "",         ""},
+};
+// clang-format on
+
+constexpr bool RowsStandInOrder()
+{
+    for (std::size_t i = 0; i < std::size(kParamBuilders); ++i)
+        if (kParamBuilders[i].kind != static_cast<ParamKind>(i))
+            return false;
+    return std::size(kParamBuilders) == static_cast<std::size_t>(ParamKind::Speed) + 1;
+}
+static_assert(RowsStandInOrder());
+
+// Project fields that a round trip carries unchanged beside `value`.
+constexpr Name kCarriedFields[] = {
+    "IsTimeVarying", "ParameterControlType", "LowerBound", "UpperBound",
+    "LowerUIBound",  "UpperUIBound",         "Keyframes",
+};
+
+// Control types of copied parameters whose document states none.
+constexpr struct {
+    std::string_view classId;
+    std::string_view control;
+} kClassControls[] = {
+    {kSwitchClass, "4"}, {kPointClass, "6"},  {kScalarClass, "2"},
+    {kSliderClass, "8"}, {kChoiceClass, "7"},
+};
+
+// The positive sign is meant: a flip's parameter differs from all others.
+constexpr std::string_view kEmptyBlobPosition = "91445760000000000";
+constexpr std::string_view kBlobPosition = "-91445760000000000";
+
+std::string_view Given(std::string_view caller, std::string_view row)
+{
+    return caller.empty() ? row : caller;
+}
+
+void SetBound(ObjectHandle param, Name key, std::string_view fixed, std::string_view caller)
+{
+    if (const std::string_view bound = Given(fixed, caller); !bound.empty())
+        param.SetProperty(key, bound);
+}
+
+void SetValue(ObjectHandle param, const ParamBuilder& row, std::string_view callersValue)
+{
+    const std::string_view value = Given(row.rule == Fixed ? "" : callersValue, row.value);
+    switch (row.rule) {
+    case Scalar:
+    case Fixed:
+        param.SetProperty("CurrentValue", value);
+        param.SetProperty("StartKeyframe", StartKeyframeText(value));
+        break;
+    case HV:
+        param.SetPropertyShared("CurrentValue", "0,0");
+        param.SetProperty("StartKeyframe", PointStartKeyframeText(value));
+        break;
+    case Nowhere:
+        param.SetPropertyShared("StartKeyframe", kSpeedStartKeyframe);
+        break;
+    }
+}
+
+// "false" for each mark that no parameter of ours ever sets at creation.
+void SetMarks(ObjectHandle param, bool discontinuous)
+{
+    param.SetPropertyShared("DiscontinuousInterpolate", discontinuous ? "true" : "false");
+    param.SetPropertyShared("IsLocked", "false");
+    param.SetPropertyShared("IsTimeVarying", "false");
+}
+
+} // namespace
+
+ObjectHandle MakeParam(Document& document, ParamKind kind, const ParamFields& fields)
+{
+    const ParamBuilder& row = kParamBuilders[static_cast<std::size_t>(kind)];
+    const ObjectHandle param = document.NewObject(row.element);
+    param.SetPropertyShared("classid", row.classId);
+    param.SetProperty("Name", fields.name);
+    if (fields.id != 0)
+        param.SetProperty("ParameterID", IntToString(fields.id));
+    if (row.control.empty())
+        param.SetProperty("ParameterControlType", IntToString(fields.control));
+    else
+        param.SetPropertyShared("ParameterControlType", row.control);
+    SetMarks(param, kind == ParamKind::Choice); // a choice jumps from keyframe to keyframe
+    param.SetPropertyShared("RangeLocked", "false");
+    SetBound(param, "LowerBound", row.lower, fields.lower);
+    SetBound(param, "UpperBound", row.upper, fields.upper);
+    SetValue(param, row, fields.value);
+    if (row.element == kAudioParam) {
+        param.SetPropertyShared("Timestamp", "0");
+        param.SetPropertyShared("IsInverted", "false");
+        param.SetProperty("UnitsString", fields.units);
+    }
+    return param;
+}
+
+ObjectHandle MakeCheckBox(Document& document, std::string_view name, int id, bool value)
+{
+    return MakeParam(document, ParamKind::CheckBox,
+                     {.name = name, .id = id, .value = value ? "true" : "false"});
+}
+
+void SetKeyframes(ObjectHandle param, std::string_view keyframes)
+{
+    if (keyframes.empty())
+        return;
+    param.SetProperty("Keyframes", keyframes);
+    param.SetPropertyShared("IsTimeVarying", "true");
+}
+
+ObjectHandle MakeEmptyBlob(Document& document)
+{
+    const ObjectHandle param = MakeBlob(document, "", "-1", "9", "");
+    param.SetPropertyShared("StartKeyframePosition", kEmptyBlobPosition);
+    return param;
+}
+
+ObjectHandle MakeBlob(Document& document, std::string_view name, std::string_view id,
+                      std::string_view control, std::string_view bytes)
+{
+    const ObjectHandle param = document.NewObject(kBlobParam);
+    param.SetProperty("Name", name);
+    param.SetProperty("ParameterID", id);
+    param.SetProperty("ParameterControlType", control);
+    SetMarks(param, false);
+    param.SetPropertyShared("UnitsString", "");
+    param.SetPropertyShared("KeyframeSetSize", "0");
+    param.SetPropertyShared("StartKeyframePosition", kBlobPosition);
+    SetEncodedBlob(param, "StartKeyframeValue", "StartKeyframeValueChecksum", bytes);
+    return param;
+}
+
+ObjectHandle CopyProjectParam(Document& document, ObjectHandle parameter, Name element,
+                              std::string_view classId)
+{
+    const ObjectHandle param = document.NewObject(element);
+    param.SetProperty("classid", classId);
+    param.SetProperty("ParameterID", parameter.GetProperty("parameterid"));
+    param.SetProperty("Name", parameter.GetProperty("name"));
+    param.SetProperty("StartKeyframe", PlainValue(parameter));
+    for (const Name& field : kCarriedFields)
+        if (HasValue(parameter, field))
+            param.SetProperty(field, parameter.GetProperty(field));
+    param.AddProperty("IsTimeVarying", HasValue(parameter, "Keyframes") ? "true" : "false");
+    for (const auto& row : kClassControls)
+        if (row.classId == classId)
+            param.AddProperty("ParameterControlType", row.control);
+    if (classId == kChoiceClass)
+        param.SetPropertyShared("DiscontinuousInterpolate", "true");
+    return param;
+}
+
+ObjectHandle ExportProjectParam(Document& document, ObjectHandle param)
+{
+    const ObjectHandle parameter = document.NewObject("parameter");
+    parameter.SetProperty("parameterid", param.GetProperty("ParameterID"));
+    parameter.SetProperty("name", param.GetProperty("Name"));
+    if (param.GetName() == kBlobParam) {
+        const ObjectHandle blob = param.GetChild("StartKeyframeValue");
+        parameter.SetProperty("value", blob.GetProperty("value"));
+        CopyProperty(blob, "BinaryHash", parameter, "hash");
+        CopyProperty(param, "ParameterControlType", parameter, "ParameterControlType");
+        return parameter;
+    }
+    parameter.SetProperty("value", param.GetProperty("StartKeyframe"));
+    for (const Name& field : kCarriedFields)
+        CopyProperty(param, field, parameter, field);
+    return parameter;
+}
+
+void CopyBypass(ObjectHandle effect, ObjectHandle component)
+{
+    component.SetProperty("Bypass", Given(effect.GetProperty("velaBypass"), "false"));
+}
+
+void CopyExpanded(ObjectHandle effect, ObjectHandle component)
+{
+    if (HasValue(effect, "velaExpanded"))
+        component.SetProperty("ECP.Filter.Expanded", effect.GetProperty("velaExpanded"));
+}
+
+std::string_view StartText(ObjectHandle param, std::string_view missing)
+{
+    const std::string_view start = KeyframeField(param.GetProperty("StartKeyframe"), 1);
+    return Given(Given(start, param.GetProperty("CurrentValue")), missing);
+}
+
+double StartNumber(ObjectHandle param, double missing)
+{
+    const std::string_view text = StartText(param);
+    return text.empty() ? missing : ParseDouble(text);
+}
+
+int StartInteger(ObjectHandle param, int missing)
+{
+    const std::string_view text = StartText(param);
+    return text.empty() ? missing : ParseInt(text);
+}
+
+bool StartSwitch(ObjectHandle param, bool missing)
+{
+    const std::string_view text = StartText(param);
+    return text.empty() ? missing : EqualsIgnoreCase(text, "true") || ParseDouble(text) != 0;
+}
+
+Point StartPoint(ObjectHandle param, const Point& missing)
+{
+    const std::string_view start = param.GetProperty("StartKeyframe");
+    if (const std::string_view field = KeyframeField(start, 1); !field.empty())
+        return ParsePoint(field, KeyframeField(start, 2));
+    const std::string_view current = param.GetProperty("CurrentValue");
+    return current.find(':') == current.npos ? missing : ParsePoint(current, "");
+}
+
+double CurrentNumber(ObjectHandle param, double missing)
+{
+    const std::string_view current = param.GetProperty("CurrentValue");
+    return current.empty() ? StartNumber(param, missing) : ParseDouble(current);
+}
+
+ObjectHandle FindParam(ObjectHandle params, std::string_view id)
+{
+    ObjectHandle found;
+    for (const ObjectHandle& param : params.GetChildren("Param"))
+        if (param.GetProperty("ParameterID") == id)
+            found = param;
+    return found;
+}
+
+ObjectHandle AddParameter(Document& document, ObjectHandle effect, const ParameterFields& fields)
+{
+    const ObjectHandle parameter = document.NewObject("parameter");
+    const struct {
+        Name key;
+        std::string_view text;
+    } rows[] = {
+        {"parameterid", fields.id}, {"name", fields.name},   {"valuemin", fields.min},
+        {"valuemax", fields.max},   {"value", fields.value},
+    };
+    for (const auto& row : rows)
+        if (!row.text.empty())
+            parameter.SetProperty(row.key, row.text);
+    effect.AddChild(parameter);
+    return parameter;
+}
+
+void AddPointValue(Document& document, ObjectHandle node, const Point& point)
+{
+    const ObjectHandle value = document.NewObject("value");
+    value.SetProperty("horiz", NumberText(point.horiz));
+    value.SetProperty("vert", NumberText(point.vert));
+    node.AddChild(value);
+}
+
+} // namespace XPJ

@@ -1,0 +1,49 @@
+#include "effects/effect_context.h"
+
+#include <gtest/gtest.h>
+
+namespace XPJ {
+namespace {
+
+TEST(EffectContext, FindingsCarryThePlace)
+{
+    Document document;
+    IssueSet issues;
+    const EffectContext context{
+        .document = document,
+        .issues = issues,
+        .place = {"Reel 1", "Shot", 1, 4, "01:00:00:00"},
+    };
+    context.AddIssue(ImportIssue::EffectNotTranslated, "Sepia");
+    context.AddIssue(ImportIssue::EffectNotTranslated, "Sepia");
+    context.AddIssue(ExportIssue::ThreeWayApproximation);
+
+    ASSERT_EQ(issues.size(), 2u);
+    const TranslationIssue& bare = *issues.begin();
+    EXPECT_EQ(bare.kind, 7);
+    EXPECT_EQ(bare.subject.text, "");
+    const TranslationIssue& sepia = *issues.rbegin();
+    EXPECT_EQ(sepia.kind, 3);
+    EXPECT_EQ(sepia.sequence.text, "Reel 1");
+    EXPECT_EQ(sepia.clip.text, "Shot");
+    EXPECT_EQ(sepia.subject.text, "Sepia");
+    EXPECT_EQ(sepia.trackKind, 1);
+    EXPECT_EQ(sepia.trackIndex, 4);
+    EXPECT_EQ(sepia.time, "01:00:00:00");
+}
+
+TEST(EffectContext, RatiosAreOneForUnknownSizes)
+{
+    Document document;
+    IssueSet issues;
+    EffectContext context{.document = document, .issues = issues};
+    context.sequenceFrame = {1920, 1080, 1.0};
+    context.clipFrame = {960, 0, 1.0};
+    EXPECT_EQ(context.HorizontalRatio(), 0.5);
+    EXPECT_EQ(context.VerticalRatio(), 1.0);
+    context.sequenceFrame = {};
+    EXPECT_EQ(context.HorizontalRatio(), 1.0);
+}
+
+} // namespace
+} // namespace XPJ
