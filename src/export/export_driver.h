@@ -11,6 +11,10 @@
 
 namespace XPJ::RVX {
 
+// False while only the frame of a project is translated, its title and bins: a caller that writes
+// the result must tell the user so. The one place that says it.
+constexpr bool kTranslatesClips = false;
+
 struct ExportOptions {
     std::string projectTitle;
     std::string outputPath;

@@ -153,8 +153,8 @@ Name Document::Intern(std::string_view text)
 
 std::string_view Document::Adopt(std::string&& bytes)
 {
-    adopted_.push_back(std::move(bytes));
-    return adopted_.back();
+    adopted_.push_front(std::move(bytes));
+    return adopted_.front();
 }
 
 bool NodeSet::Insert(ObjectHandle node)

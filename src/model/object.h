@@ -14,6 +14,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <forward_list>
 #include <initializer_list>
 #include <memory_resource>
 #include <string>
@@ -32,6 +33,12 @@ public:
     {
     }
 
+    // A name of a table that lives to the process's end.
+    static constexpr Name OfStatic(std::string_view text)
+    {
+        return {text.data(), static_cast<std::uint32_t>(text.size())};
+    }
+
     constexpr std::string_view View() const { return {text_, size_}; }
     constexpr const char* Text() const { return text_; }
     constexpr std::uint32_t Size() const { return size_; }
@@ -39,6 +46,12 @@ public:
 
     friend constexpr bool operator==(const Name& a, const Name& b) { return a.View() == b.View(); }
     friend constexpr bool operator==(const Name& a, std::string_view b) { return a.View() == b; }
+    // Literals are names and views alike; this one and its like below decide for them.
+    template <std::size_t N>
+    friend constexpr bool operator==(const Name& a, const char (&literal)[N])
+    {
+        return a.View() == std::string_view(literal, N - 1);
+    }
 
 private:
     friend class Document;
@@ -144,6 +157,11 @@ public:
         const Property* const property = FindProperty(key);
         return property ? property->Value() : std::string_view();
     }
+    template <std::size_t N>
+    std::string_view GetProperty(const char (&literal)[N]) const
+    {
+        return GetProperty(std::string_view(literal, N - 1));
+    }
     bool HasProperty(Name key) const { return FindProperty(key.View()) != nullptr; }
     // Inserts or replaces; the value is copied into the document.
     void SetProperty(Name key, std::string_view value) const;
@@ -159,6 +177,11 @@ public:
     // The first child of that name, null if there is none.
     ObjectHandle GetChild(Name name) const { return GetChild(name.View()); }
     ObjectHandle GetChild(std::string_view name) const;
+    template <std::size_t N>
+    ObjectHandle GetChild(const char (&literal)[N]) const
+    {
+        return GetChild(std::string_view(literal, N - 1));
+    }
     bool HasChild(Name name) const { return static_cast<bool>(GetChild(name)); }
     bool HasChildren() const { return object_ && object_->firstChild; }
     // Appends. An empty name means the child's own; a null child is not added.
@@ -215,7 +238,7 @@ public:
 
 private:
     std::pmr::monotonic_buffer_resource arena_{65536};
-    std::vector<std::string> adopted_;
+    std::forward_list<std::string> adopted_; // a node each: short texts stay in place
 };
 
 // A set of nodes by identity, one bit a node: for walks that take each node once.

@@ -1,0 +1,13 @@
+// The browser's tree on export: bins, and the items in them.
+#pragma once
+
+#include "export/export_context.h"
+
+namespace XPJ::RVX {
+
+// Translates what `rootItem` holds into a `children` element. With a sequence's GUID only the first
+// item that shows it is translated, without the bins around it. False when nothing was.
+bool TranslateItems(ExportContext& context, ObjectHandle rootItem, const Guid& sequenceGuid,
+                    ObjectHandle children);
+
+} // namespace XPJ::RVX

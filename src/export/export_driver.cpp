@@ -1,0 +1,69 @@
+#include "export/export_driver.h"
+
+#include "core/text.h"
+#include "export/bins.h"
+#include "export/export_context.h"
+
+namespace XPJ::RVX {
+
+namespace {
+
+constexpr int kExpectedVersion = 3;
+constexpr int kNoTrack = 3;
+
+void CheckVersion(ObjectHandle root, IssueSet& issues)
+{
+    if (IntProperty(root, "Version") == kExpectedVersion)
+        return;
+    TranslationIssue issue;
+    issue.kind = static_cast<int>(ExportIssue::UnrecognizedVelaProVersion);
+    issue.trackKind = kNoTrack;
+    issue.time = root.GetProperty("Version");
+    issues.insert(issue);
+}
+
+// `children` stays away when nothing is in it.
+void TranslateRootItem(ExportContext& context, ObjectHandle rootItem, const Guid& sequenceGuid,
+                       ObjectHandle project)
+{
+    const ObjectHandle children = context.document.NewObject("children");
+    if (TranslateItems(context, rootItem, sequenceGuid, children))
+        project.AddChild(children);
+}
+
+int TranslateProject(ExportContext& context, ObjectHandle source, const ExportOptions& options,
+                     ObjectHandle& project)
+{
+    StageScope stage(context.progress, 1, 3);
+    if (!stage.Step())
+        return kAborted;
+    project = context.document.NewObject("project");
+    project.SetProperty("name", EscapeXML(options.projectTitle));
+    TranslateRootItem(context, source.GetChild("RootProjectItem"), options.sequenceGuid, project);
+    if (!stage.Step())
+        return kAborted;
+    // No item is written yet, so no link waits to be resolved.
+    return stage.Step() ? kSuccess : kAborted;
+}
+
+} // namespace
+
+int TranslateProjectDocument(ObjectHandle root, const ExportOptions& options, Progress& progress,
+                             Document& document, IssueSet& issues, ObjectHandle& xmeml)
+{
+    CheckVersion(root, issues);
+    const ObjectHandle source = root.GetChild("Project");
+    if (!source)
+        return kNoFCPDataFound;
+
+    ExportContext context{document, progress, issues, options.vl2snMode};
+    ObjectHandle project;
+    const int result = TranslateProject(context, source, options, project);
+    if (result != kSuccess)
+        return result;
+    xmeml = document.NewObject("xmeml");
+    xmeml.AddChild(project);
+    return kSuccess;
+}
+
+} // namespace XPJ::RVX

@@ -1,0 +1,119 @@
+// What the passes of one import share. Made by the driver, passed by reference, gone at the end.
+//
+// Ids and other texts used as keys point into the two documents, which outlive the state.
+#pragma once
+
+#include "core/progress.h"
+#include "core/translation_issue.h"
+#include "import/master_registry.h"
+#include "import/media_type.h"
+#include "model/object.h"
+
+#include <compare>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace XPJ {
+
+// What tells a `clip` that asks for a master from other clips of the same media; the last five are
+// the clip's own values.
+struct ClipSignature {
+    std::string_view fileId;
+    std::string_view masterClipId;
+    std::string_view name;
+    std::string_view duration;
+    std::string_view in;
+    std::string_view out;
+
+    friend auto operator<=>(const ClipSignature&, const ClipSignature&) = default;
+};
+
+// Place of a track item as `link` elements name it. Track and position count from 1.
+struct LinkKey {
+    int sequenceNumber = 0;
+    MediaType type = MediaType::Video;
+    int track = 0;
+    int position = 0;
+
+    friend auto operator<=>(const LinkKey&, const LinkKey&) = default;
+};
+
+// A bin clip whose project item waits for the merge pass to say whether its master is merged.
+struct HeldBackItem {
+    ObjectHandle clip;
+    ObjectHandle master;
+    ObjectHandle parentItem;
+};
+
+// A multiclip, and the master that equal ones share.
+struct KnownMulticlip {
+    ObjectHandle multiclip;
+    ObjectHandle master;
+};
+
+// Ids in the order of first sight, each once.
+class IdList {
+public:
+    void Add(std::string_view id);
+    bool Contains(std::string_view id) const { return known_.contains(id); }
+    const std::vector<std::string_view>& InOrder() const { return ids_; }
+
+private:
+    std::vector<std::string_view> ids_;
+    std::unordered_set<std::string_view> known_;
+};
+
+struct ImportState {
+    ImportState(Document& projectDocument, Progress& jobProgress, IssueSet& issueSet)
+        : document(projectDocument), progress(jobProgress), issues(issueSet)
+    {
+    }
+
+    Document& document; // owns the nodes that the import makes
+    Progress& progress;
+    IssueSet& issues;
+
+    int version = 0;               // of the `xmeml` element, 0 if it states none
+    bool sn2vlMode = false;        // audio hand-off
+    bool aafSupport = false;       // the host came in through the AAF-aware entry
+    std::string documentDirectory; // with its last separator; base of relative `pathurl`s
+
+    // By `id`. A `file` is here when it has an id and a content.
+    using ById = std::unordered_map<std::string_view, ObjectHandle>;
+    ObjectHandle project; // the `project` element
+    ById files;
+    ById sequences;  // id to the MasterClip that shows the sequence
+    ById multiclips; // id to the MasterClip of an uncollapsed multiclip
+    std::vector<KnownMulticlip> knownMulticlips;
+
+    MasterRegistry masterClips;
+    std::map<ClipSignature, ObjectHandle> clipSignatures; // to the MasterClip
+    IdList mergedClipIds; // merge ids of clips with more than one file
+    std::unordered_map<std::string_view, std::vector<HeldBackItem>> heldBackItems; // by merge id
+
+    int nextSequenceId = 1;
+    std::unordered_map<int, ObjectHandle> sequencesByNumber; // to the project's Sequence
+    std::unordered_set<std::uint64_t> sequencesInProgress;   // `uniqueId` of `sequence` elements
+
+    std::map<LinkKey, ObjectHandle> linkItems; // to the track item of the project
+    std::vector<std::vector<LinkKey>> linkGroups;
+    std::set<LinkKey> linkKeysSeen;
+
+    std::unordered_set<std::uint64_t> reportedGenerators; // `uniqueId` of `generatoritem`s
+    std::unordered_map<std::uint64_t, ObjectHandle> translatedGenerators; // to the MasterClip
+    ObjectHandle blackVideo; // MasterClip of the black clip behind slugs, once made
+};
+
+// Gives a project object the GUID by which others refer to it.
+void AddUid(ObjectHandle node);
+
+// The next `ID` of a `Sequence`.
+int NewSequenceNumber(ImportState& state);
+
+} // namespace XPJ
