@@ -1,5 +1,7 @@
 #include "core/messages.h"
 
+#include <fmt/format.h>
+
 #include <iterator>
 
 namespace XPJ {
@@ -89,7 +91,7 @@ std::string FormatMessage(std::string_view text, std::initializer_list<std::stri
     std::string result(text);
     int number = 0;
     for (const std::string_view argument : arguments) {
-        const std::string mark = "$" + std::to_string(++number);
+        const std::string mark = fmt::format("${}", ++number);
         const std::size_t place = result.find(mark);
         if (place != result.npos)
             result.replace(place, mark.size(), argument);

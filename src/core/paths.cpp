@@ -121,10 +121,11 @@ std::string MakePathUrl(std::string_view path)
     }
     if (url.empty())
         return url;
-    if (url[0] != '/')
-        url.insert(0, "/");
-    url.insert(0, url.substr(0, 2) == "//" ? "file:" : "file://localhost");
-    return url;
+    const bool isRooted = url[0] == '/';
+    const bool isServer = url.substr(0, 2) == "//";
+    std::string result(isServer ? "file:" : isRooted ? "file://localhost" : "file://localhost/");
+    result += url;
+    return result;
 }
 
 std::string PathFromUrl(std::string_view url, std::string_view basePath, PathStyle style)

@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 
+#include <algorithm>
 #include <atomic>
 #include <limits>
 #include <new>
@@ -163,9 +164,12 @@ bool NodeSet::Insert(ObjectHandle node)
     const std::uint64_t word = id / 64;
     if (words_.empty())
         firstWord_ = word;
+    // Grows by half on either side, so that falling identities cost no more than rising ones.
     if (word < firstWord_) {
-        words_.insert(words_.begin(), firstWord_ - word, 0);
-        firstWord_ = word;
+        const std::uint64_t first =
+            firstWord_ - std::min(firstWord_, firstWord_ - word + words_.size() / 2);
+        words_.insert(words_.begin(), firstWord_ - first, 0);
+        firstWord_ = first;
     }
     if (word - firstWord_ >= words_.size())
         words_.resize((word - firstWord_) + (word - firstWord_) / 2 + 1);
