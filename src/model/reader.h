@@ -23,7 +23,8 @@ enum ReadResult : int {
 // Nesting of more levels is a syntax error.
 constexpr int kMaxNesting = 1000;
 
-// Where and why reading stopped before the input's end; `reason` is empty when it did not.
+// Where and why reading stopped before the input's end; `reason` is empty when it did not. `line` is
+// 0 where the reason has no place, as for a missing file or element.
 struct ReadStop {
     std::string reason;
     std::size_t offset = 0; // bytes from the input's start

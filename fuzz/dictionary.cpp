@@ -1,0 +1,46 @@
+// Prints a libFuzzer dictionary: the words of both grammars, and what the tokeniser looks at.
+#include "model/grammar.h"
+
+#include <iostream>
+#include <set>
+#include <string_view>
+
+int main()
+{
+    using namespace XPJ;
+    for (const char* word : {"<",
+                             "</",
+                             "/>",
+                             "<!--",
+                             "-->",
+                             "<![CDATA[",
+                             "]]>",
+                             "<!DOCTYPE",
+                             "</file>",
+                             "&amp;",
+                             "&#13;",
+                             " id=\\\"",
+                             " ObjectID=\\\"1\\\"",
+                             " ObjectRef=\\\"1\\\"",
+                             " ObjectUID=\\\"g\\\"",
+                             " ObjectURef=\\\"g\\\"",
+                             " BinaryHash=\\\"",
+                             "file://localhost/",
+                             "\\x00",
+                             "\\x0d\\x0a"})
+        std::cout << '"' << word << "\"\n";
+
+    std::set<std::string_view> tags;
+    std::set<std::string_view> attributes;
+    for (const Grammar* grammar : {&FCPXMLGrammar(), &ProjectGrammar()}) {
+        for (const Name& tag : grammar->Tags())
+            tags.insert(tag.View());
+        for (const Rule& rule : grammar->Rules())
+            for (const Name& attribute : rule.attributes)
+                attributes.insert(attribute.View());
+    }
+    for (const std::string_view tag : tags)
+        std::cout << "\"<" << tag << ">\"\n\"</" << tag << ">\"\n";
+    for (const std::string_view attribute : attributes)
+        std::cout << "\" " << attribute << "=\\\"\"\n";
+}

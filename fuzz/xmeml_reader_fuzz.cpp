@@ -1,0 +1,22 @@
+// Any bytes give a tree or a result code, and the tokeniser follows its state table.
+#include "model/literal_tokeniser.h"
+#include "model/reader.h"
+
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
+{
+    using namespace XPJ;
+    const std::string_view input(reinterpret_cast<const char*>(data), size);
+    for (const bool asItem : {false, true})
+        if (FastEvents(input, asItem) != LiteralEvents(input, asItem))
+            std::abort();
+
+    Document document;
+    ObjectHandle root;
+    ReadStop stop;
+    const int result = ParseFCPXML(input, document, root, &stop);
+    if (static_cast<bool>(root) != (result == kReadDone) || stop.offset > size)
+        std::abort();
+    return 0;
+}

@@ -1,0 +1,89 @@
+// What a project document has beyond its grammar: objects by number or GUID, and references to
+// them.
+#include "model/input.h"
+#include "model/reader.h"
+#include "model/tree_reader.h"
+
+#include <istream>
+
+namespace XPJ {
+
+namespace {
+
+constexpr std::string_view kNumberType = "IDObject";
+constexpr std::string_view kGuidType = "UIDObject";
+
+class ProjectReader final : public TreeReader {
+public:
+    ProjectReader(std::string_view input, Document& document)
+        : TreeReader(ProjectGrammar(), input, document, nullptr)
+    {
+    }
+
+private:
+    bool TakeStart(const Element& current, const StartTag& tag) override
+    {
+        if (!tag.selfClosed)
+            return false;
+        if (tag.action.kind == Action::Reference) {
+            Refer(current.node, tag);
+            return true;
+        }
+        // The pointer to the top object.
+        std::string_view number;
+        if (current.rule->name == "VelaData" && tag.name == "Project" &&
+            GetAttribute(tag.attributes, "ObjectRef", number)) {
+            current.node.SetPropertyShared("ProjectRef", number);
+            return true;
+        }
+        return false;
+    }
+
+    // The target will hang under the reference's own tag: what it is, its node's name tells.
+    void Refer(ObjectHandle node, const StartTag& tag)
+    {
+        const Name childName = GrammarInUse().TagName(GrammarInUse().FindTag(tag.name));
+        std::string_view value;
+        if (GetAttribute(tag.attributes, "ObjectRef", value))
+            Ids().AddReference(kNumberType, value, node, childName);
+        else if (GetAttribute(tag.attributes, "ObjectURef", value))
+            Ids().AddReference(kGuidType, value, node, childName);
+        SetBinaryHash(node, tag.attributes);
+    }
+
+    void TakeComplete(const Element& element) override
+    {
+        std::string_view id;
+        if (GetAttribute(element.attributes, "ObjectID", id)) {
+            Ids().Add(kNumberType, id, element.node);
+        } else if (GetAttribute(element.attributes, "ObjectUID", id)) {
+            Ids().Add(kGuidType, id, element.node);
+            element.node.SetPropertyShared("UIDObject", id);
+        }
+        SetBinaryHash(element.node, element.attributes);
+    }
+
+    static void SetBinaryHash(ObjectHandle node, std::string_view attributes)
+    {
+        std::string_view hash;
+        if (GetAttribute(attributes, "BinaryHash", hash))
+            node.SetPropertyShared("BinaryHash", hash);
+    }
+};
+
+} // namespace
+
+int ReadProjectDocument(std::istream& input, Document& document, ObjectHandle& root, ReadStop* stop)
+{
+    root = {};
+    if (!input.good()) {
+        if (stop) {
+            *stop = {};
+            stop->reason = "the stream can't be read";
+        }
+        return kReadNoInput;
+    }
+    return ProjectReader(ReadInput(input, document), document).Read(root, stop);
+}
+
+} // namespace XPJ

@@ -1,0 +1,83 @@
+// Text on its way to a stream: collected in one block, handed over when the block is full.
+#pragma once
+
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <ostream>
+#include <string_view>
+
+namespace XPJ {
+
+class TextOut {
+public:
+    explicit TextOut(std::ostream& stream) : stream_(stream) {}
+    TextOut(const TextOut&) = delete;
+    TextOut& operator=(const TextOut&) = delete;
+
+    void Write(std::string_view text)
+    {
+        if (text.empty())
+            return;
+        if (text.size() > kBlockSize - size_)
+            return WriteAcrossBlocks(text);
+        std::memcpy(block_.get() + size_, text.data(), text.size());
+        size_ += text.size();
+    }
+
+    template <class... Texts>
+    void Write(std::string_view first, Texts... rest)
+    {
+        Write(first);
+        (Write(std::string_view(rest)), ...);
+    }
+
+    void WriteNumber(std::uint64_t number)
+    {
+        char digits[20];
+        const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+        Write(std::string_view(digits, static_cast<std::size_t>(end - digits)));
+    }
+
+    void WriteTabs(int count)
+    {
+        constexpr std::string_view kTabs = "\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
+        constexpr int kMost = static_cast<int>(kTabs.size());
+        for (; count > kMost; count -= kMost)
+            Write(kTabs);
+        Write(kTabs.substr(0, static_cast<std::size_t>(count)));
+    }
+
+    // To be called at the end, too: a destructor could not tell of a stream that throws.
+    void Flush()
+    {
+        HandOver();
+        stream_.flush();
+    }
+
+private:
+    static constexpr std::size_t kBlockSize = std::size_t{64} * 1024;
+
+    void HandOver()
+    {
+        stream_.write(block_.get(), static_cast<std::streamsize>(size_));
+        size_ = 0;
+    }
+
+    void WriteAcrossBlocks(std::string_view text)
+    {
+        HandOver();
+        if (text.size() > kBlockSize)
+            stream_.write(text.data(), static_cast<std::streamsize>(text.size()));
+        else
+            Write(text);
+    }
+
+    std::ostream& stream_;
+    std::unique_ptr<char[]> block_ = std::make_unique<char[]>(kBlockSize);
+    std::size_t size_ = 0;
+};
+
+} // namespace XPJ

@@ -1,0 +1,326 @@
+#include "core/numbers.h"
+#include "model/reader.h"
+#include "model/text_out.h"
+#include "model/value_of.h"
+#include "model/writer.h"
+#include "model/xmeml_elements.h"
+
+#include <cstdint>
+#include <string>
+
+namespace XPJ {
+
+namespace {
+
+constexpr unsigned kElementsPerCheck = 1024;
+
+// How the sound of a file is told, by its channel type: how many channels an `audio` element
+// carries, and what stands in it.
+struct FileAudioForm {
+    int channelType;
+    int channelsPerElement; // 0: one element with all of them
+    bool pairLayout;        // two mono elements make a stereo pair
+    bool sourceChannel;
+};
+
+constexpr FileAudioForm kFileAudioForms[] = {
+    {0, 1, false, true},  // mono
+    {1, 2, false, false}, // stereo
+    {2, 6, false, false}, // 5.1
+    {6, 1, true, true},   // stereo as two mono elements
+    {7, 0, false, false}, // adaptive
+};
+
+class XmemlWriter {
+public:
+    XmemlWriter(Progress& progress, std::ostream& output) : progress_(progress), out_(output) {}
+
+    int WriteDocument(ObjectHandle root, bool vl2snMode);
+
+private:
+    void WriteElement(ObjectHandle node, const XmemlElement& element, int level);
+    void WriteNamed(ObjectHandle node, std::string_view element, int level);
+    void WriteAttributes(ObjectHandle node, const XmemlElement& element);
+    void WriteAttribute(std::string_view name, std::string_view value);
+    void WriteField(ObjectHandle node, const XmemlField& field, int level);
+    void WriteInOrder(ObjectHandle node, std::span<const Name> names, int level);
+    void WriteRule(ObjectHandle node, XmemlRule rule, int level);
+    void WriteRate(ObjectHandle rate, int level);
+    void WriteSource(ObjectHandle node, int level);
+    bool WriteReferenceOrChild(ObjectHandle node, Name id, Name child, int level);
+    void WriteAudioOfFile(ObjectHandle audio, int level);
+    void WriteChannel(ObjectHandle audio, const FileAudioForm& form, std::int64_t index, int level);
+    void WriteLine(Name name, std::string_view value, int level);
+    void WriteOptional(ObjectHandle node, Name name, int level);
+    void WriteStart(std::string_view tag, int level);
+    void WriteEnd(std::string_view tag, int level);
+    bool IsCancelled();
+
+    Progress& progress_;
+    TextOut out_;
+    unsigned elements_ = 0;
+    bool cancelled_ = false;
+};
+
+void XmemlWriter::WriteStart(std::string_view tag, int level)
+{
+    out_.WriteTabs(level);
+    out_.Write("<", tag, ">\n");
+}
+
+void XmemlWriter::WriteEnd(std::string_view tag, int level)
+{
+    out_.WriteTabs(level);
+    out_.Write("</", tag, ">\n");
+}
+
+void XmemlWriter::WriteLine(Name name, std::string_view value, int level)
+{
+    out_.WriteTabs(level);
+    out_.Write("<", name.View(), ">", value, "</", name.View(), ">\n");
+}
+
+void XmemlWriter::WriteOptional(ObjectHandle node, Name name, int level)
+{
+    if (const auto value = ValueOf(node, name))
+        WriteLine(name, *value, level);
+}
+
+// Values are text of elements; what would end an attribute or derail a tokeniser is escaped here.
+void XmemlWriter::WriteAttribute(std::string_view name, std::string_view value)
+{
+    out_.Write(" ", name, "=\"");
+    for (std::size_t special = value.find_first_of("\"<"); special != value.npos;
+         special = value.find_first_of("\"<")) {
+        out_.Write(value.substr(0, special), value[special] == '<' ? "&lt;" : "&quot;");
+        value.remove_prefix(special + 1);
+    }
+    out_.Write(value, "\"");
+}
+
+void XmemlWriter::WriteAttributes(ObjectHandle node, const XmemlElement& element)
+{
+    for (const XmemlAttribute& attribute : element.attributes) {
+        switch (attribute.kind) {
+        case AttributeKind::Always:
+            WriteAttribute(attribute.name.View(), node.GetProperty(attribute.name));
+            break;
+        case AttributeKind::Present:
+            if (const auto value = ValueOf(node, attribute.name))
+                WriteAttribute(attribute.name.View(), *value);
+            break;
+        case AttributeKind::Equal:
+            if (node.GetProperty(attribute.name) == attribute.text)
+                WriteAttribute(attribute.name.View(), attribute.text);
+            break;
+        case AttributeKind::Fixed:
+            WriteAttribute(attribute.name.View(), attribute.text);
+            break;
+        case AttributeKind::List:
+            for (const Name& name : attribute.list())
+                if (const auto value = ValueOf(node, name))
+                    WriteAttribute(name.View(), *value);
+            break;
+        }
+    }
+}
+
+bool XmemlWriter::IsCancelled()
+{
+    if (!cancelled_ && ++elements_ % kElementsPerCheck == 0)
+        cancelled_ = progress_.IsCancelled();
+    return cancelled_;
+}
+
+// What no reader would take, because it is nested too deep, is not written.
+void XmemlWriter::WriteElement(ObjectHandle node, const XmemlElement& element, int level)
+{
+    if (level > kMaxNesting || IsCancelled())
+        return;
+    out_.WriteTabs(level);
+    out_.Write("<", element.tag.View());
+    WriteAttributes(node, element);
+    if (element.selfClosed)
+        return out_.Write("/>\n");
+    out_.Write(">\n");
+    for (const XmemlField& field : element.fields)
+        WriteField(node, field, level + 1);
+    WriteEnd(element.tag.View(), level);
+}
+
+void XmemlWriter::WriteNamed(ObjectHandle node, std::string_view element, int level)
+{
+    if (!node)
+        return;
+    if (const XmemlElement* const row = FindXmemlElement(element))
+        WriteElement(node, *row, level);
+}
+
+void XmemlWriter::WriteField(ObjectHandle node, const XmemlField& field, int level)
+{
+    switch (field.kind) {
+    case FieldKind::Required:
+        return WriteLine(field.name, ValueOf(node, field.property).value_or(field.text), level);
+    case FieldKind::Optional:
+        return WriteOptional(node, field.name, level);
+    case FieldKind::Fixed:
+        return WriteLine(field.name, field.text, level);
+    case FieldKind::Child:
+        return WriteNamed(node.GetChild(field.name), field.element, level);
+    case FieldKind::Each:
+        for (const ObjectHandle child : node.GetChildren(field.name))
+            WriteNamed(child, field.element, level);
+        return;
+    case FieldKind::InOrder:
+        return WriteInOrder(node, field.names, level);
+    case FieldKind::Rule:
+        return WriteRule(node, field.rule, level);
+    }
+}
+
+void XmemlWriter::WriteInOrder(ObjectHandle node, std::span<const Name> names, int level)
+{
+    const ChildRange children = node.GetChildren();
+    for (auto child = children.begin(); child != children.end(); ++child)
+        for (const Name& name : names)
+            if (name == child.EntryName())
+                WriteNamed(*child, name.View(), level);
+}
+
+void XmemlWriter::WriteRule(ObjectHandle node, XmemlRule rule, int level)
+{
+    switch (rule) {
+    case XmemlRule::ClipDuration: {
+        const auto ofMedia = ValueOf(node.GetChild(Name("media")), "duration");
+        const auto own = ValueOf(node, "duration");
+        return WriteLine("duration", ofMedia ? *ofMedia : own.value_or("0"), level);
+    }
+    case XmemlRule::ClipRate: {
+        const ObjectHandle own = node.GetChild(Name("rate"));
+        return WriteRate(own ? own : FindPath(node, {"media", "rate"}), level);
+    }
+    case XmemlRule::RateOrDefault:
+        return WriteRate(node.GetChild(Name("rate")), level);
+    case XmemlRule::PixelAspect: {
+        if (HasValue(node, "fileid"))
+            return;
+        const ObjectHandle picture =
+            FindPath(node, {"file", "media", "video", "samplecharacteristics"});
+        for (const Name name : {Name("pixelaspectratio"), Name("anamorphic"),
+                                Name("velaOriginalPAR"), Name("velaOriginalIsAnamorphic")})
+            WriteOptional(picture, name, level);
+        return;
+    }
+    case XmemlRule::Source:
+        return WriteSource(node, level);
+    case XmemlRule::SequenceOrReference:
+        WriteReferenceOrChild(node, "sequenceid", "sequence", level);
+        return;
+    case XmemlRule::AudioOfFile:
+        return WriteAudioOfFile(node.GetChild(Name("audio")), level);
+    }
+}
+
+void XmemlWriter::WriteRate(ObjectHandle rate, int level)
+{
+    if (rate)
+        return WriteNamed(rate, "rate", level);
+    WriteStart("rate", level);
+    WriteLine("ntsc", "TRUE", level + 1);
+    WriteLine("timebase", "30", level + 1);
+    WriteEnd("rate", level);
+}
+
+// An item shows either a file or a sequence.
+void XmemlWriter::WriteSource(ObjectHandle node, int level)
+{
+    if (!WriteReferenceOrChild(node, "fileid", "file", level))
+        WriteReferenceOrChild(node, "sequenceid", "sequence", level);
+}
+
+// False if the node has neither.
+bool XmemlWriter::WriteReferenceOrChild(ObjectHandle node, Name id, Name child, int level)
+{
+    if (!HasValue(node, id)) {
+        const ObjectHandle whole = node.GetChild(child);
+        WriteNamed(whole, child.View(), level);
+        return static_cast<bool>(whole);
+    }
+    out_.WriteTabs(level);
+    out_.Write("<", child.View());
+    WriteAttribute("id", node.GetProperty(id));
+    out_.Write("/>\n");
+    return true;
+}
+
+void XmemlWriter::WriteAudioOfFile(ObjectHandle audio, int level)
+{
+    if (!audio)
+        return;
+    const FileAudioForm* form = nullptr;
+    for (const FileAudioForm& candidate : kFileAudioForms)
+        if (HasValue(audio, "channeltype") &&
+            candidate.channelType == IntProperty(audio, "channeltype"))
+            form = &candidate;
+    const std::int64_t channels = IntProperty(audio, "channelcount");
+    std::int64_t count = 1;
+    if (form && form->channelsPerElement == 1)
+        count = channels;
+    else if (form && form->channelsPerElement > 1)
+        count = (channels - 1) / form->channelsPerElement + 1;
+
+    for (std::int64_t i = 0; i < count && !IsCancelled(); ++i) {
+        WriteStart("audio", level);
+        WriteNamed(audio.GetChild(Name("samplecharacteristics")), "samplecharacteristics",
+                   level + 1);
+        if (form)
+            WriteChannel(audio, *form, i, level + 1);
+        WriteEnd("audio", level);
+    }
+}
+
+void XmemlWriter::WriteChannel(ObjectHandle audio, const FileAudioForm& form, std::int64_t index,
+                               int level)
+{
+    const std::int64_t channels =
+        form.channelsPerElement != 0 ? form.channelsPerElement : IntProperty(audio, "channelcount");
+    WriteLine("channelcount", IntToString(channels), level);
+    if (form.pairLayout)
+        WriteLine("layout", "stereo", level);
+    if (!form.sourceChannel)
+        return;
+    WriteStart("audiochannel", level);
+    WriteLine("sourcechannel", IntToString(index + 1), level + 1);
+    if (form.pairLayout)
+        WriteLine("channellabel", index % 2 == 0 ? "left" : "right", level + 1);
+    WriteEnd("audiochannel", level);
+}
+
+int XmemlWriter::WriteDocument(ObjectHandle root, bool vl2snMode)
+{
+    StageScope stage(progress_, 1, 3);
+    if (!stage.Step())
+        return kWriteCancelled;
+    out_.Write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE xmeml>\n"
+               "<xmeml version=\"4\">\n");
+    if (vl2snMode) {
+        WriteStart("importoptions", 1);
+        WriteLine("vl2sn", "TRUE", 2);
+        WriteEnd("importoptions", 1);
+    }
+    WriteNamed(root.GetChild(Name("project")), "project", 1);
+    if (cancelled_ || !stage.Step())
+        return kWriteCancelled;
+    out_.Write("</xmeml>\n");
+    out_.Flush();
+    return stage.Step() ? kWriteDone : kWriteCancelled;
+}
+
+} // namespace
+
+int WriteFCPXML(ObjectHandle root, Progress& progress, bool vl2snMode, std::ostream& output)
+{
+    return XmemlWriter(progress, output).WriteDocument(root, vl2snMode);
+}
+
+} // namespace XPJ
