@@ -23,8 +23,9 @@ enum ReadResult : int {
 // Nesting of more levels is a syntax error.
 constexpr int kMaxNesting = 1000;
 
-// Where and why reading stopped before the input's end; `reason` is empty when it did not. `line` is
-// 0 where the reason has no place, as for a missing file or element.
+// Where and why reading stopped early; `reason` is empty when it did not. Beside kReadDone it tells
+// that the input ends inside an element: the tree then holds what came before. `line` is 0 where the
+// reason has no place, as for a missing file or element.
 struct ReadStop {
     std::string reason;
     std::size_t offset = 0; // bytes from the input's start

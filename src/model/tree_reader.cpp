@@ -10,6 +10,7 @@ namespace XPJ {
 namespace {
 
 constexpr const char* kSecondBracket = "a second \"<\" where an element name should start";
+constexpr const char* kCutOff = "the document ends inside an element";
 constexpr const char* kTooDeep = "elements nested more than 1000 levels deep";
 static_assert(kMaxNesting == 1000);
 
@@ -101,6 +102,10 @@ int TreeReader::ReadTokens(ReadStop* stop)
         if (stop)
             FillStop(*stop);
         return kReadSyntax;
+    }
+    if (open_.size() > 1 && stop) {
+        reason_ = kCutOff;
+        FillStop(*stop);
     }
     // What the input's end left open is kept as far as it came.
     while (open_.size() > 1)
