@@ -82,6 +82,27 @@ TEST(ReaderFaults, SyntaxErrorsTellTheirPlace)
     }
 }
 
+TEST(ReaderFaults, CutOffInputSaysSo)
+{
+    const struct {
+        const char* text;
+        const char* path;
+    } kCases[] = {
+        {"<xmeml><bin></bin></xmeml>", nullptr},
+        {"<xmeml><bin><children></bin>\n", "xmeml/bin/children"},
+        {"<xmeml><bin><name>Ru", "xmeml/bin"},
+    };
+    for (const auto& row : kCases) {
+        Document document;
+        ObjectHandle root;
+        ReadStop stop;
+        EXPECT_EQ(ParseFCPXML(row.text, document, root, &stop), kReadDone) << row.text;
+        EXPECT_TRUE(root) << row.text;
+        EXPECT_EQ(stop.reason, row.path ? "the document ends inside an element" : "") << row.text;
+        EXPECT_EQ(stop.path, row.path ? row.path : "") << row.text;
+    }
+}
+
 TEST(ReaderFaults, NestingHasALimit)
 {
     Document document;
