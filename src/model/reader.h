@@ -24,8 +24,8 @@ enum ReadResult : int {
 constexpr int kMaxNesting = 1000;
 
 // Where and why reading stopped early; `reason` is empty when it did not. Beside kReadDone it tells
-// that the input ends inside an element: the tree then holds what came before. `line` is 0 where the
-// reason has no place, as for a missing file or element.
+// that the input ends inside an element: the tree then holds what came before. `line` is 0 where
+// the reason has no place, as for a missing file or element.
 struct ReadStop {
     std::string reason;
     std::size_t offset = 0; // bytes from the input's start

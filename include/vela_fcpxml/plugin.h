@@ -1,0 +1,173 @@
+/* What a host calls, and what it hands over, to convert between Final Cut Pro XML documents
+ * (`xmeml`, versions 1 to 5) and Vela project documents.
+ *
+ * Plain C11 and C++11; records have the natural alignment of 64-bit platforms. The library exports
+ * the three functions at the end of this file and nothing else. All calls come on one thread, one
+ * at a time; the two stream functions of the host's suite are called on a worker thread while the
+ * calling thread waits. docs/hosting.md tells the whole story.
+ */
+#ifndef VELA_FCPXML_PLUGIN_H
+#define VELA_FCPXML_PLUGIN_H
+
+#include <assert.h>
+#include <stddef.h>
+#include <stdint.h>
+#ifndef __cplusplus
+#include <uchar.h>
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Selectors of the entry functions. Any other selector gives kVelaUnknownSelector. */
+enum {
+    kVelaSelectorStartUp = 0,  /* record: VelaFileTypeTable; fills it and starts the services */
+    kVelaSelectorImport = 2,   /* record: ConverterContext; XML file to project stream */
+    kVelaSelectorExport = 4,   /* record: ConverterContext; project stream to XML file */
+    kVelaSelectorShutDown = 7, /* record unused; stops the services */
+};
+
+/* Results of the entry functions. */
+enum {
+    kVelaDone = 0,
+    kVelaAborted = 1, /* by the user */
+    kVelaUnknownSelector = 3,
+    kVelaStreamFailed = -1,       /* a stream function of the host gave a status other than 0 */
+    kVelaNoTable = -2,            /* start-up with a null record */
+    kVelaNoContext = -1000,       /* import or export with a null record */
+    kVelaNoSuiteSource = -2000,   /* basicSuiteSource is null */
+    kVelaNoBasicSuite = -3000,    /* its function gave null */
+    kVelaSuiteRefused = -4000,    /* AcquireSuite gave a status other than 0 */
+    kVelaSuiteMissing = -5000,    /* AcquireSuite gave a null suite */
+    kVelaFileNotCreated = -6000,  /* export: the XML file can't be created */
+    kVelaConversionFailed = -7000 /* no FCP XML document, or the conversion failed */
+};
+
+/* A file type as the host's dialogs show it. Texts are zero-terminated and cut at the field's end;
+ * units behind the zero keep what they held. */
+typedef struct FileTypeRecord {
+    uint8_t canImport; /* 1: can be read by kVelaSelectorImport */
+    uint8_t canExport; /* 1: can be written by kVelaSelectorExport */
+    char16_t filterName[30];
+    char16_t extension[30]; /* wildcard, "*.xml" */
+    char16_t description[30];
+} FileTypeRecord;
+
+/* Record of kVelaSelectorStartUp; the host clears it first. Two records are filled; of the third,
+ * the end mark, only `canImport` is written, with 0. `canExport` of the first isn't written. */
+typedef struct VelaFileTypeTable {
+    FileTypeRecord records[3];
+} VelaFileTypeTable;
+
+/* The host's services: each function gives 0 for success. */
+typedef struct HSBasicSuite {
+    int32_t (*AcquireSuite)(const char* name, int32_t version, const void** suite);
+    int32_t (*ReleaseSuite)(const char* name, int32_t version);
+} HSBasicSuite;
+
+typedef struct BasicSuiteSource {
+    const HSBasicSuite* (*GetBasicSuite)(void);
+} BasicSuiteSource;
+
+/* The suite that carries project documents. A status other than 0 ends the transfer, and the
+ * conversion then ends with kVelaStreamFailed. */
+#define VELA_PROJECT_CONVERTER_SUITE "Vela Project Converter Suite"
+#define VELA_PROJECT_CONVERTER_SUITE_VERSION 1
+
+typedef struct VelaProjectConverterSuite {
+    /* Takes `byteCount` bytes of the project document out of `buffer`. */
+    int32_t (*WriteProjectData)(void* streamHandle, uint32_t byteCount, const void* buffer);
+    /* Puts the next bytes of the project document into `buffer`. `size` comes in as the capacity
+     * and goes out as the bytes delivered; 0 bytes are the end. `moreData` comes in as 1; cleared,
+     * it says that this was the last block. */
+    int32_t (*ReadProjectData)(void* streamHandle, uint8_t* moreData, uint32_t* size, void* buffer);
+} VelaProjectConverterSuite;
+
+/* Record of kVelaSelectorImport and kVelaSelectorExport. The host owns it and all it points to. */
+typedef struct ConverterContext {
+    void* streamHandle;   /* handed back to the stream functions, else never looked at */
+    const char16_t* path; /* zero-terminated: the XML file to read, or to create */
+    void* buffer;         /* transfer buffer of the stream functions */
+    uint32_t bufferSize;  /* in bytes, at least 1 */
+    uint32_t reserved0;
+    const BasicSuiteSource* basicSuiteSource;
+    uint8_t reserved1[14];
+    uint8_t showUI;        /* not 0: message boxes and the progress dialog may be shown */
+    char sequenceGuid[36]; /* export: the sequence to export, not terminated; anything that is no
+                              GUID, or the zero GUID, means the whole project */
+    uint8_t reserved2[5];
+} ConverterContext;
+
+static_assert(sizeof(FileTypeRecord) == 182, "FileTypeRecord");
+static_assert(offsetof(FileTypeRecord, canImport) == 0, "FileTypeRecord");
+static_assert(offsetof(FileTypeRecord, canExport) == 1, "FileTypeRecord");
+static_assert(offsetof(FileTypeRecord, filterName) == 2, "FileTypeRecord");
+static_assert(offsetof(FileTypeRecord, extension) == 62, "FileTypeRecord");
+static_assert(offsetof(FileTypeRecord, description) == 122, "FileTypeRecord");
+static_assert(sizeof(VelaFileTypeTable) == 546, "VelaFileTypeTable");
+static_assert(sizeof(HSBasicSuite) == 16, "HSBasicSuite");
+static_assert(offsetof(HSBasicSuite, AcquireSuite) == 0, "HSBasicSuite");
+static_assert(offsetof(HSBasicSuite, ReleaseSuite) == 8, "HSBasicSuite");
+static_assert(sizeof(BasicSuiteSource) == 8, "BasicSuiteSource");
+static_assert(sizeof(VelaProjectConverterSuite) == 16, "VelaProjectConverterSuite");
+static_assert(offsetof(VelaProjectConverterSuite, WriteProjectData) == 0,
+              "VelaProjectConverterSuite");
+static_assert(offsetof(VelaProjectConverterSuite, ReadProjectData) == 8,
+              "VelaProjectConverterSuite");
+static_assert(sizeof(ConverterContext) == 96, "ConverterContext");
+static_assert(offsetof(ConverterContext, streamHandle) == 0, "ConverterContext");
+static_assert(offsetof(ConverterContext, path) == 8, "ConverterContext");
+static_assert(offsetof(ConverterContext, buffer) == 16, "ConverterContext");
+static_assert(offsetof(ConverterContext, bufferSize) == 24, "ConverterContext");
+static_assert(offsetof(ConverterContext, reserved0) == 28, "ConverterContext");
+static_assert(offsetof(ConverterContext, basicSuiteSource) == 32, "ConverterContext");
+static_assert(offsetof(ConverterContext, reserved1) == 40, "ConverterContext");
+static_assert(offsetof(ConverterContext, showUI) == 54, "ConverterContext");
+static_assert(offsetof(ConverterContext, sequenceGuid) == 55, "ConverterContext");
+static_assert(offsetof(ConverterContext, reserved2) == 91, "ConverterContext");
+
+#if defined(__GNUC__)
+#define VELA_FCPXML_EXPORT __attribute__((visibility("default")))
+#else
+#define VELA_FCPXML_EXPORT
+#endif
+
+#if defined(__cplusplus)
+#define VELA_FCPXML_NOEXCEPT noexcept
+#else
+#define VELA_FCPXML_NOEXCEPT
+#endif
+
+/* The entry of a host that knows nothing of AAF: the next one with `supportsAAF` 0. */
+VELA_FCPXML_EXPORT int32_t xProjectConverterEntry(int32_t selector,
+                                                  void* record) VELA_FCPXML_NOEXCEPT;
+
+/* `supportsAAF` is looked at by kVelaSelectorImport alone. */
+VELA_FCPXML_EXPORT int32_t xProjectConverterEntryWithAAFSupport(
+    int32_t selector, void* record, uint8_t supportsAAF) VELA_FCPXML_NOEXCEPT;
+
+/* Imports one file; both paths are UTF-8, zero-terminated, and null counts as empty.
+ *
+ * With a context template (96 bytes, copied): as kVelaSelectorImport with `input` in place of the
+ * template's path; `output` isn't used. Without one no host is needed: the project document goes
+ * into the file `output` (empty: beside the process, under the name of `input` with the extension
+ * ".vlproj"), progress and findings go to the standard output, and the result is one of
+ *   0 done, 1 aborted, 2 nothing to translate, 3 out of memory, 4 no document element,
+ *   5 the input can't be opened, 6 any other failure; no output is left under its name then. */
+VELA_FCPXML_EXPORT int32_t importFCPXML(const char* input, const char* output,
+                                        const ConverterContext* contextTemplate)
+    VELA_FCPXML_NOEXCEPT;
+
+/* For hosts that look the functions up at run time. */
+typedef int32_t (*VelaEntryFunction)(int32_t selector, void* record);
+typedef int32_t (*VelaEntryWithAAFSupportFunction)(int32_t selector, void* record,
+                                                   uint8_t supportsAAF);
+typedef int32_t (*VelaImportFunction)(const char* input, const char* output,
+                                      const ConverterContext* contextTemplate);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

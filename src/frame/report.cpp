@@ -1,0 +1,192 @@
+#include "frame/report.h"
+#include "core/messages.h"
+#include "core/numbers.h"
+#include "core/paths.h"
+#include "core/text.h"
+#include "platform/files.h"
+#include "platform/platform.h"
+
+#include <array>
+#include <chrono>
+#include <ctime>
+#include <span>
+
+#include <fmt/format.h>
+
+namespace XPJ {
+
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr int kMaxNumberedNames = 99;
+
+enum class Argument { None, Sequence, Clip, Subject, Time };
+
+enum class Line {
+    Headed,   // a tab, the place in the timeline, the message
+    Indented, // a tab, the message
+    Plain,    // the message
+};
+
+struct IssueRow {
+    Message message;
+    Argument first = Argument::None;
+    Argument second = Argument::None;
+    Line line = Line::Headed;
+};
+
+// Kind 1 first.
+constexpr IssueRow kImportIssues[] = {
+    // clang-format off
+    {Message::kGeneratorNotTranslated2, Argument::Subject},
+    {Message::kGeneratorNotTranslated, Argument::Subject, Argument::Sequence, Line::Indented},
+    {Message::kEffectNotTranslated, Argument::Subject, Argument::Clip},
+    {Message::kThreeWayApproximation, Argument::Clip},
+    {Message::kCompositeModeNotSupported, Argument::Subject, Argument::Clip},
+    {Message::kConstantPowerTransitionNotTranslated, Argument::Subject},
+    {Message::kCrossDissolveTransitionNotTranslated, Argument::Subject},
+    {Message::kDipToColorNotTranslated},
+    {Message::kAudioLevelClamped, Argument::Subject, Argument::Clip},
+    {Message::kMulticlipNotTranslated, Argument::Clip},
+    {Message::kUnrecognizedXMLVersion, Argument::Time, Argument::None, Line::Indented},
+    {Message::kStartOfClipExtended},
+    {Message::kEndOfClipExtended},
+    {Message::kInvalidLowPassFilterParameters},
+    {Message::kInvalidHighPassFilterParameters},
+    {Message::kInvalidBandPassFilterParameters},
+    {Message::kInvalidPanFilterParameters},
+    {Message::kInvalidInPoint, Argument::None, Argument::None, Line::Indented},
+    {Message::kMissingLookLUT, Argument::Clip, Argument::None, Line::Indented},
+    {Message::kInvalidStartEnd, Argument::Clip, Argument::None, Line::Plain},
+    // clang-format on
+};
+static_assert(std::size(kImportIssues) == static_cast<int>(ImportIssue::InvalidStartEnd));
+
+constexpr IssueRow kExportIssues[] = {
+    // clang-format off
+    {Message::kUnrecognizedVelaProVersion, Argument::Time, Argument::None, Line::Indented},
+    {Message::kSyntheticNotTranslated, Argument::Clip, Argument::None, Line::Indented},
+    {Message::kEffectNotTranslated, Argument::Subject, Argument::Clip},
+    {Message::kCompositeModeNotSUpported, Argument::Clip},
+    {Message::kTransitionNotSupported, Argument::Subject},
+    {Message::kCrossDissolveTransitionNotTranslated, Argument::Subject},
+    {Message::kThreeWayApproximation, Argument::Clip},
+    {Message::kMergedClipExportedAsSequence, Argument::Clip, Argument::None, Line::Indented},
+    {Message::kMulticamExportNotSupported, Argument::Clip},
+    {Message::kEffectNotTranslated, Argument::Subject, Argument::Clip, Line::Indented},
+    // clang-format on
+};
+static_assert(std::size(kExportIssues) ==
+              static_cast<int>(ExportIssue::EffectNotTranslatedHeadless));
+
+std::string_view ArgumentText(const TranslationIssue& issue, Argument argument)
+{
+    switch (argument) {
+    case Argument::Sequence:
+        return issue.sequence.text;
+    case Argument::Clip:
+        return issue.clip.text;
+    case Argument::Subject:
+        return issue.subject.text;
+    case Argument::Time:
+        return issue.time;
+    case Argument::None:
+        break;
+    }
+    return {};
+}
+
+std::string MessageText(const TranslationIssue& issue, const IssueRow& row)
+{
+    if (row.first == Argument::None)
+        return GetMessage(row.message);
+    if (row.second == Argument::None)
+        return GetMessage(row.message, {ArgumentText(issue, row.first)});
+    return GetMessage(row.message,
+                      {ArgumentText(issue, row.first), ArgumentText(issue, row.second)});
+}
+
+// Sequence <Cut 1> at 01:00:00:00, video track 1:
+std::string PlaceText(const TranslationIssue& issue)
+{
+    constexpr int kVideo = 1;
+    const Message track = issue.trackKind == kVideo ? Message::kVideoTrack : Message::kAudioTrack;
+    const std::string number = IntToString(std::int64_t{issue.trackIndex} + 1);
+    return GetMessage(Message::kSequence,
+                      {issue.sequence.text, issue.time, GetMessage(track, {number})});
+}
+
+std::string LocalTimeText()
+{
+    const std::time_t now = std::chrono::system_clock::to_time_t(GetPlatform().Now());
+    std::tm local{};
+    if (!localtime_r(&now, &local))
+        return {};
+    std::array<char, 64> text{};
+    return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d %H-%M", &local)};
+}
+
+} // namespace
+
+std::string IssueReportText(const IssueSet& issues, Direction direction)
+{
+    const std::span<const IssueRow> rows = direction == Direction::Import
+                                               ? std::span<const IssueRow>(kImportIssues)
+                                               : std::span<const IssueRow>(kExportIssues);
+    const std::string heading = GetMessage(Message::kTranslationIssue);
+    std::string text;
+    for (const TranslationIssue& issue : issues) {
+        if (issue.kind < 1 || static_cast<std::size_t>(issue.kind) > rows.size())
+            continue;
+        const IssueRow& row = rows[static_cast<std::size_t>(issue.kind) - 1];
+        text.append(heading).append(kLineEnd);
+        if (row.line != Line::Plain)
+            text += '\t';
+        if (row.line == Line::Headed)
+            text.append(PlaceText(issue)) += ' ';
+        text.append(MessageText(issue, row)).append(kLineEnd);
+    }
+    return text;
+}
+
+std::string MakeUniqueFileName(const std::string& base, std::string_view extension)
+{
+    const std::string ending = std::string(".").append(extension);
+    std::string name = base + ending;
+    for (int i = 1; FileExists(name); ++i) {
+        if (i > kMaxNumberedNames)
+            return {};
+        name = fmt::format("{} ({}){}", base, i, ending);
+    }
+    return name;
+}
+
+std::string WriteReport(std::string_view folder, const IssueSet& issues, Direction direction)
+{
+    std::string base(folder);
+    base.append(GetMessage(Message::kTranslationResults)).append(" ").append(LocalTimeText());
+    std::string path = MakeUniqueFileName(base, "txt");
+    if (path.empty())
+        return {};
+
+    const std::string text = IssueReportText(issues, direction);
+    AtomicFile file(path);
+    std::size_t written = 0;
+    if (!file.File().Write(text.data(), text.size(), written) || !file.Commit())
+        return {};
+    return path;
+}
+
+void AddReportItem(ObjectHandle projectDocument, std::string_view reportPath)
+{
+    const ObjectHandle root = FindPath(projectDocument, {"Project", "RootProjectItem"});
+    if (!root)
+        return;
+    const ObjectHandle item = root.Get()->document->NewObject("FileProjectItem");
+    item.SetProperty("uid", NewGuidText());
+    item.SetProperty("FullPath", EscapeXML(reportPath));
+    item.SetProperty("Name", EscapeXML(FileNameOf(reportPath)));
+    root.AddChild("ProjectItem", item);
+}
+
+} // namespace XPJ

@@ -1,0 +1,69 @@
+#include "frame/sniff.h"
+#include "core/paths.h"
+#include "platform/files.h"
+#include "platform/platform.h"
+
+#include <algorithm>
+#include <array>
+
+namespace XPJ {
+
+namespace {
+
+constexpr std::size_t kSniffedBytes = 1000;
+constexpr std::string_view kHandOffMark = "__Vl2Sn__";
+
+constexpr std::string_view kDocumentMark = "<xmeml version=";
+// Any of these has to stand beside it.
+constexpr std::string_view kContentMarks[] = {"<!doctype xmeml>", "<sequence", "<clip", "<bin",
+                                              "<project"};
+// All of these make it a hand-off.
+constexpr std::string_view kHandOffOptions[] = {"<importoptions>", "<sn2vl>"};
+
+char LowerCase(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+} // namespace
+
+FileKind SniffText(std::string_view text)
+{
+    std::string head(text.substr(0, kSniffedBytes));
+    std::transform(head.begin(), head.end(), head.begin(), LowerCase);
+    const auto holds = [&head](std::string_view mark) { return head.find(mark) != head.npos; };
+
+    FileKind kind;
+    kind.isFCPXML = holds(kDocumentMark) &&
+                    std::any_of(std::begin(kContentMarks), std::end(kContentMarks), holds);
+    kind.sn2vlMode =
+        kind.isFCPXML && std::all_of(std::begin(kHandOffOptions), std::end(kHandOffOptions), holds);
+    return kind;
+}
+
+FileKind SniffFile(const std::string& path)
+{
+    std::array<char, kSniffedBytes> head;
+    std::size_t size = 0;
+    CoreFile file;
+    if (!file.Open(path, false) || !file.Read(head.data(), head.size(), size))
+        return {};
+    return SniffText({head.data(), size});
+}
+
+ExportTarget ExportTargetOf(std::string_view path)
+{
+    ExportTarget target;
+    std::string_view name = FileNameOf(path);
+    const std::size_t mark = name.find(kHandOffMark);
+    target.vl2snMode = mark != name.npos;
+    if (target.vl2snMode)
+        name.remove_prefix(mark + kHandOffMark.size());
+    target.path = std::string(FolderOf(path)).append(name);
+    target.title = name.substr(0, name.rfind('.'));
+    if (target.title.empty())
+        target.title = GetMessage(Message::kOrrinVelaProProject);
+    return target;
+}
+
+} // namespace XPJ

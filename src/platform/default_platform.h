@@ -1,0 +1,51 @@
+// The platform of a process without a host: random GUIDs, a debug database from a file, the user's
+// documents folder, and no window system.
+#pragma once
+
+#include "platform/platform.h"
+
+#include <cstdint>
+#include <map>
+#include <mutex>
+#include <random>
+
+namespace XPJ {
+
+// Safe for use from two threads at once.
+class DefaultPlatform : public Platform {
+public:
+    DefaultPlatform();
+
+    // From here on GUIDs follow from `seed` alone, so that two runs give the same bytes.
+    void SeedGuids(std::uint64_t seed);
+    // Sets a flag of the debug database; it wins over the database's file.
+    void SetDebugEntry(std::string_view key, std::string_view value);
+    // Replaces the documents folder, into which reports go. A missing last separator is added; the
+    // empty text brings the user's folder back.
+    void SetReportFolder(std::string_view folder);
+    // Starts of the services without their stops.
+    int RunningServices();
+
+    // Random, version 4.
+    Guid CreateUniqueGuid() override;
+    // XDG_DOCUMENTS_DIR, then user-dirs.dirs, then ~/Documents, then ~: the first that exists.
+    std::string DocumentsFolder() override;
+    // From `SetDebugEntry`, else from the file that VELA_DEBUG_DATABASE names: lines "Key=Value",
+    // "#" in front of a comment. The file is read at the first look-up.
+    std::optional<std::string> DebugEntry(std::string_view key) override;
+    void StartServices() override;
+    void StopServices() override;
+
+private:
+    std::mutex lock_;
+    std::mt19937_64 random_;
+    std::string reportFolder_;
+    std::map<std::string, std::string, std::less<>> debugEntries_;
+    bool debugFileRead_ = false;
+    int services_ = 0;
+};
+
+// The user's documents folder with a trailing separator, empty when there is none.
+std::string UserDocumentsFolder();
+
+} // namespace XPJ

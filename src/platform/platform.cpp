@@ -1,0 +1,64 @@
+#include "platform/platform.h"
+#include "core/text.h"
+#include "platform/default_platform.h"
+
+namespace XPJ {
+
+namespace {
+
+Platform*& CurrentPlatform()
+{
+    static DefaultPlatform defaultPlatform;
+    static Platform* current = &defaultPlatform;
+    return current;
+}
+
+} // namespace
+
+std::u16string Platform::Localize(std::string_view key)
+{
+    return ToUTF16(DefaultText(key));
+}
+
+void Platform::ShowMessageBox(const std::string&, const std::string&, const std::string&) {}
+
+void Platform::RunProgressDialog(ProgressOperation&, const std::string&, const std::string&) {}
+
+Platform& GetPlatform()
+{
+    return *CurrentPlatform();
+}
+
+PlatformScope::PlatformScope(Platform& platform) : previous_(CurrentPlatform())
+{
+    CurrentPlatform() = &platform;
+}
+
+PlatformScope::~PlatformScope()
+{
+    CurrentPlatform() = previous_;
+}
+
+std::string GetMessage(Message message)
+{
+    const std::string_view key = MessageKey(message);
+    return key.empty() ? std::string() : ToUTF8(GetPlatform().Localize(key));
+}
+
+std::string GetMessage(Message message, std::initializer_list<std::string_view> arguments)
+{
+    return FormatMessage(GetMessage(message), arguments);
+}
+
+std::string NewGuidText()
+{
+    return AsString(GetPlatform().CreateUniqueGuid());
+}
+
+bool DebugFlag(std::string_view key)
+{
+    const std::optional<std::string> value = GetPlatform().DebugEntry(key);
+    return value && !value->empty() && *value != "0" && !EqualsIgnoreCase(*value, "false");
+}
+
+} // namespace XPJ

@@ -1,0 +1,132 @@
+#include "frame/console.h"
+#include "frame_test_support.h"
+#include "platform/files.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace XPJ {
+namespace {
+
+class Console : public testing::Test {
+protected:
+    // The lines that aren't about progress.
+    std::string Said()
+    {
+        std::istringstream lines(out_.str());
+        std::string said;
+        for (std::string line; std::getline(lines, line);)
+            if (!line.starts_with("Progress: "))
+                said += line + "\n";
+        out_.str("");
+        return said;
+    }
+
+    TempFolder reports_;
+    TempFolder folder_;
+    TestPlatform platform_{reports_};
+    PlatformScope scope_{platform_};
+    std::ostringstream out_;
+};
+
+TEST(OutputNameOf, CutsAtTheFirstExtension)
+{
+    EXPECT_EQ(OutputNameOf("/p/a.xml", ".xml", ".vlproj"), "a.vlproj");
+    EXPECT_EQ(OutputNameOf("a.xml.old.xml", ".xml", ".vlproj"), "a.vlproj");
+    EXPECT_EQ(OutputNameOf("/p.xml/plain", ".xml", ".vlproj"), "plain.vlproj");
+    EXPECT_EQ(OutputNameOf("/p/b.vlproj", ".vlproj", ".xml"), "b.xml");
+}
+
+TEST_F(Console, ConvertsBothWays)
+{
+    const std::string xml = folder_.Write("a.xml", kSmallXML);
+    const std::string project = folder_ / "a.vlproj";
+    EXPECT_EQ(ConvertFile(xml, project, true, out_), kSuccess);
+    EXPECT_EQ(Said(), "");
+    const std::string back = folder_ / "b.xml";
+    EXPECT_EQ(ConvertByExtension({.inputPath = project, .outputPath = back}, out_), kSuccess);
+    EXPECT_EQ(Said(), "");
+    EXPECT_NE(TempFolder::Read(back).find("<name>Vela Project</name>"), std::string::npos);
+    EXPECT_EQ(folder_.FileCount(), 3u);
+}
+
+TEST_F(Console, SaysWhatWasFound)
+{
+    const std::string xml = folder_.Write("a.xml", kFutureXML);
+    EXPECT_EQ(ConvertFile(xml, folder_ / "a.vlproj", false, out_), kSuccess);
+    EXPECT_EQ(Said(), "Translation issue:\r\n\tFCP XML xmeml version (9) is not one we recognize "
+                      "(1-5), results may not be predictable.\r\n");
+    const FileConversion outcome = ImportFile({xml, folder_ / "b.vlproj"});
+    EXPECT_EQ(outcome.issues.size(), 1u);
+    EXPECT_TRUE(FileExists(outcome.reportPath));
+}
+
+TEST_F(Console, SaysWhatWentWrong)
+{
+    const std::string missing = folder_ / "none.xml";
+    const std::string empty = folder_.Write("empty.xml", "<xmeml version=\"4\"></xmeml>");
+    const std::string other = folder_.Write("other.xml", "<plist></plist>");
+    const std::string broken = folder_.Write("broken.xml", "<xmeml><<");
+    const std::string noName = folder_ / "clip";
+    const struct {
+        std::string input;
+        int result;
+        std::string said;
+    } rows[] = {
+        {missing, kInputCouldNotBeOpened, "The input file could not be opened.\n"},
+        {empty, kNoFCPDataFound, "No FCP data found in input file.\n"},
+        {other, kNoXMELM, "No xmeml data found in input file.\n"},
+        {broken, kUnexpectedError, "An unexpected error occurred.\n"},
+        {folder_ / "a.XML", kInputCouldNotBeOpened,
+         "Unrecognized file extension: XML (.xml or .vlproj expected).\n"},
+        {noName, kInputCouldNotBeOpened,
+         "Input file " + noName +
+             " appears to lack a file extension, unable to determine file type.\n"},
+        {folder_ / "none.vlproj", kInputCouldNotBeOpened, "The input file could not be opened.\n"},
+    };
+    const std::string output = folder_.Write("out", "old");
+    for (const auto& [input, result, said] : rows) {
+        EXPECT_EQ(ConvertByExtension({.inputPath = input, .outputPath = output}, out_), result)
+            << input;
+        EXPECT_EQ(Said(), "XPJConvert: " + said);
+        EXPECT_EQ(TempFolder::Read(output), "old");
+    }
+    EXPECT_EQ(folder_.FileCount(), 4u);
+}
+
+TEST_F(Console, ASyntaxErrorKeepsItsPlace)
+{
+    const std::string xml = folder_.Write("broken.xml", "<xmeml version=\"4\">\n<bin><<");
+    const FileConversion outcome = ImportFile({xml, folder_ / "out"});
+    EXPECT_EQ(outcome.result, kUnexpectedError);
+    EXPECT_EQ(outcome.stop.line, 2u);
+    EXPECT_FALSE(outcome.outputLost);
+}
+
+TEST_F(Console, ALostOutputIsAFailure)
+{
+    const std::string xml = folder_.Write("a.xml", kFutureXML);
+    for (const std::string& output : {std::string("/dev/full"), folder_ / "none/a.vlproj"}) {
+        const FileConversion outcome = ImportFile({xml, output});
+        EXPECT_EQ(outcome.result, kUnexpectedError) << output;
+        EXPECT_TRUE(outcome.outputLost) << output;
+        EXPECT_EQ(outcome.issues.size(), 1u) << output; // the conversion ran all the same
+    }
+    const std::string project = folder_.Write("a.vlproj", kSmallProject);
+    EXPECT_TRUE(ExportFile({project, folder_ / "none/a.xml"}).outputLost);
+    EXPECT_EQ(ExportFile({folder_.Path(), folder_ / "b.xml"}).result, kInputCouldNotBeOpened);
+    EXPECT_EQ(folder_.FileCount(), 2u);
+}
+
+TEST_F(Console, TheHandOffIsAnnounced)
+{
+    const std::string project = folder_.Write("a.vlproj", kSmallProject);
+    EXPECT_EQ(ConvertByExtension(
+                  {.inputPath = project, .outputPath = folder_ / "a.xml", .vl2snMode = true}, out_),
+              kSuccess);
+    EXPECT_EQ(Said(), "Processing for Sonara consumption...\n");
+}
+
+} // namespace
+} // namespace XPJ

@@ -1,0 +1,167 @@
+#include "frame/report.h"
+#include "frame_test_support.h"
+#include "support/tree.h"
+
+#include <gtest/gtest.h>
+
+namespace XPJ {
+namespace {
+
+TranslationIssue Issue(int kind)
+{
+    TranslationIssue issue;
+    issue.kind = kind;
+    issue.sequence.text = "Cut &amp; 1";
+    issue.clip.text = "A";
+    issue.subject.text = "Sepia";
+    issue.trackKind = 1;
+    issue.trackIndex = 1;
+    issue.time = "01:00:00:00";
+    return issue;
+}
+
+constexpr char kHead[] = "\tSequence <Cut &amp; 1> at 01:00:00:00, video track 2: ";
+
+TEST(IssueReportText, EveryKind)
+{
+    const std::string head = kHead;
+    const struct {
+        Direction direction;
+        int kind;
+        std::string line;
+    } rows[] = {
+        {Direction::Import, 1,
+         head + "Generator Item <Sepia> not translated, Transparent Video used as a placeholder."},
+        {Direction::Import, 2,
+         "\tGenerator Item (Sepia) not translated for clip <Cut &amp; 1>, Transparent Video used "
+         "as a placeholder."},
+        {Direction::Import, 3, head + "Effect <Sepia> on Clip <A> not translated."},
+        {Direction::Import, 4,
+         head + "3-Way Color Corrector on Clip <A>: translation is approximate and should be "
+                "reviewed."},
+        {Direction::Import, 5, head + "Composite mode <Sepia> on Clip <A> not supported."},
+        {Direction::Import, 6,
+         head + "Transition <Sepia> not translated, Constant Power used instead."},
+        {Direction::Import, 7,
+         head + "Transition <Sepia> not translated, Cross Dissolve used instead."},
+        {Direction::Import, 8,
+         head + "Dip To Color transition has no equivalent, Dip To Black used instead."},
+        {Direction::Import, 9,
+         head + "Effect <Sepia> on Clip <A> had audio levels above +6db which had to be clamped "
+                "at +6db."},
+        {Direction::Import, 10,
+         head + "Multiclip <A> uses more than 4 inputs. Consider collapsing the multiclip in "
+                "FCP."},
+        {Direction::Import, 11,
+         "\tFCP XML xmeml version (01:00:00:00) is not one we recognize (1-5), results may not be "
+         "predictable."},
+        {Direction::Import, 12,
+         head + "Start of clip extended to include entire transition; alignment changed to "
+                "\"start at cut.\""},
+        {Direction::Import, 13,
+         head + "End of clip extended to include entire transition; alignment changed to \"end "
+                "at cut.\""},
+        {Direction::Import, 14,
+         head + "Low Pass filter found without required parameters, skipped."},
+        {Direction::Import, 15,
+         head + "High Pass filter found without required parameters, skipped."},
+        {Direction::Import, 16,
+         head + "Band Pass filter found without required parameters, skipped."},
+        {Direction::Import, 17, head + "Pan filter found without required parameters, skipped."},
+        {Direction::Import, 18, "\tInvalid in-point on clipitem. In-point was reset to 0."},
+        {Direction::Import, 19,
+         "\tCould not open referenced Gradiva file <A>. Effect will be omitted."},
+        {Direction::Import, 20, "Track item <A> has invalid start/end and will be skipped."},
+        {Direction::Export, 1,
+         "\tVela Pro xml version (01:00:00:00) is not the version we were expecting (3), results "
+         "may not be predictable."},
+        {Direction::Export, 2, "\tSynthetic Item (A) not translated, Slug used as a placeholder."},
+        {Direction::Export, 3, head + "Effect <Sepia> on Clip <A> not translated."},
+        {Direction::Export, 4, head + "Composite mode on Clip <A> not supported."},
+        {Direction::Export, 5,
+         head + "Transition <Sepia> not translated, Cross Fade ( 0db) used instead."},
+        {Direction::Export, 6,
+         head + "Transition <Sepia> not translated, Cross Dissolve used instead."},
+        {Direction::Export, 7,
+         head + "3-Way Color Corrector on Clip <A>: translation is approximate and should be "
+                "reviewed."},
+        {Direction::Export, 8, "\tMerged clip <A> exported as a sequence."},
+        {Direction::Export, 9,
+         head + "Track item <A> was skipped because multicam sequences are not supported in FCP "
+                "XML export."},
+        {Direction::Export, 10, "\tEffect <Sepia> on Clip <A> not translated."},
+    };
+    for (const auto& [direction, kind, line] : rows)
+        EXPECT_EQ(IssueReportText({Issue(kind)}, direction),
+                  "Translation issue:\r\n" + line + "\r\n")
+            << kind;
+    for (const int kind : {0, -1, 21, 1 << 30})
+        EXPECT_EQ(IssueReportText({Issue(kind)}, Direction::Import), "") << kind;
+    EXPECT_EQ(IssueReportText({Issue(11)}, Direction::Export), "");
+}
+
+TEST(IssueReportText, SortsAndJoinsFindings)
+{
+    TranslationIssue audio = Issue(3);
+    audio.trackKind = 2;
+    TranslationIssue early = Issue(8);
+    early.time = "00:59:59:29";
+    // The second differs in kind alone: the first stays.
+    const std::string text = IssueReportText({Issue(3), Issue(4), audio, early}, Direction::Import);
+    EXPECT_EQ(text,
+              "Translation issue:\r\n\tSequence <Cut &amp; 1> at 00:59:59:29, video track 2: "
+              "Dip To Color transition has no equivalent, Dip To Black used instead.\r\n"
+              "Translation issue:\r\n" +
+                  std::string(kHead) +
+                  "Effect <Sepia> on Clip <A> not translated.\r\n"
+                  "Translation issue:\r\n\tSequence <Cut &amp; 1> at 01:00:00:00, audio track 2: "
+                  "Effect <Sepia> on Clip <A> not translated.\r\n");
+}
+
+TEST(MakeUniqueFileName, CountsToNinetyNine)
+{
+    const TempFolder folder;
+    const std::string base = folder / "Results";
+    EXPECT_EQ(MakeUniqueFileName(base, "txt"), base + ".txt");
+    folder.Write("Results.txt", "");
+    for (int i = 1; i <= 99; ++i) {
+        const std::string name = "Results (" + std::to_string(i) + ").txt";
+        ASSERT_EQ(MakeUniqueFileName(base, "txt"), folder / name);
+        folder.Write(name, "");
+    }
+    EXPECT_EQ(MakeUniqueFileName(base, "txt"), "");
+}
+
+TEST(WriteReport, GoesIntoTheFolderUnderTheLocalTime)
+{
+    const TempFolder folder;
+    TestPlatform platform(folder);
+    const PlatformScope scope(platform);
+    const IssueSet issues = {Issue(3)};
+    const std::string path = WriteReport(folder.Path(), issues, Direction::Import);
+    EXPECT_EQ(path, folder / "FCP Translation Results 2016-01-02 03-04.txt");
+    EXPECT_EQ(TempFolder::Read(path), IssueReportText(issues, Direction::Import));
+    EXPECT_EQ(WriteReport(folder.Path(), issues, Direction::Import),
+              folder / "FCP Translation Results 2016-01-02 03-04 (1).txt");
+    EXPECT_EQ(WriteReport(folder / "none/", issues, Direction::Import), "");
+}
+
+TEST(AddReportItem, NeedsAMainBin)
+{
+    Document document;
+    const ObjectHandle tree =
+        Build(document, {"Document", {}, {{"Project", {}, {{"RootProjectItem"}}}}});
+    AddReportItem(tree, "/reports/A & B.txt");
+    const ObjectHandle item = FindPath(tree, {"Project", "RootProjectItem", "ProjectItem"});
+    EXPECT_EQ(item.GetName(), "FileProjectItem");
+    EXPECT_EQ(item.GetProperty("uid").size(), 36u);
+    EXPECT_EQ(item.GetProperty("FullPath"), "/reports/A &amp; B.txt");
+    EXPECT_EQ(item.GetProperty("Name"), "A &amp; B.txt");
+
+    const ObjectHandle empty = Build(document, {"Document", {}, {{"Project"}}});
+    AddReportItem(empty, "/reports/a.txt");
+    EXPECT_FALSE(empty.GetChild("Project").HasChildren());
+}
+
+} // namespace
+} // namespace XPJ

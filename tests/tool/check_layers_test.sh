@@ -1,0 +1,34 @@
+#!/bin/bash
+# check_layers_test.sh CHECK_LAYERS: the lint finds what it is there for.
+set -uo pipefail
+lint=$1
+tree=$(mktemp -d)
+trap 'rm -rf "$tree"' EXIT
+mkdir -p "$tree"/src/{core,model,import,export}
+echo '#include "core/text.h"' >"$tree/src/model/a.cpp"
+
+expect() {
+    local wanted=$1 status
+    "$lint" "$tree" >"$tree/out"
+    status=$?
+    [ "$status" -eq "$wanted" ] && return
+    echo "check_layers_test.sh:${BASH_LINENO[0]}: status $status instead of $wanted"
+    cat "$tree/out"
+    exit 1
+}
+# The line as one more file: a fault.
+expect_fault() {
+    mkdir -p "$(dirname "$tree/$1")"
+    printf '%s\n' "$2" >"$tree/$1"
+    expect 1
+    rm "$tree/$1"
+}
+
+expect 0
+expect_fault src/core/up.h '#include "model/object.h"'
+expect_fault src/core/up.h '  #  include <model/object.h> // so'
+expect_fault src/import/side.cpp '#include "export/export_driver.h"'
+expect_fault src/model/near.cpp '#include "object.h"'
+expect_fault src/model/far.cpp '#include "../core/text.h"'
+expect_fault src/novel/room.cpp ''
+expect 0

@@ -1,0 +1,104 @@
+// xpjconvert INPUT [OUTPUT]: converts one document, in the direction that its extension gives.
+#include "core/conversion_result.h"
+#include "core/paths.h"
+#include "frame/console.h"
+#include "frame/report.h"
+#include "platform/default_platform.h"
+#include "xpjconvert/closing_line.h"
+#include "xpjconvert/conversion.h"
+#include "xpjconvert/interrupt.h"
+#include "xpjconvert/options.h"
+
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+
+#include <fmt/format.h>
+
+namespace {
+
+using namespace XPJ;
+
+void PreparePlatform(const ToolOptions& options, DefaultPlatform& platform)
+{
+    if (options.seed)
+        platform.SeedGuids(*options.seed);
+    for (const auto& [key, value] : options.debugEntries)
+        platform.SetDebugEntry(key, value);
+    if (!options.reportFolder.empty())
+        platform.SetReportFolder(options.reportFolder);
+}
+
+// The report's text, with this system's line ends.
+void PrintIssues(const IssueSet& issues, Direction direction)
+{
+    std::string text = IssueReportText(issues, direction);
+    std::erase(text, '\r');
+    fmt::print("{}", text);
+}
+
+int Convert(Direction direction, ToolOptions& options)
+{
+    if (options.output.empty())
+        options.output = direction == Direction::Import
+                             ? OutputNameOf(options.input, ".xml", ".vlproj")
+                             : OutputNameOf(options.input, ".vlproj", ".xml");
+    std::error_code error;
+    if (std::filesystem::equivalent(options.input, options.output, error)) {
+        fmt::print(stderr, "XPJConvert: {}: input and output are the same file.\n", options.input);
+        return kWrongUsage;
+    }
+    if (options.handoff)
+        fmt::print("Processing for Sonara consumption...\n");
+
+    const ConversionOutcome outcome = RunConversion(direction, options);
+    if (!options.quiet)
+        PrintIssues(outcome.issues, direction);
+    if (outcome.result == kSuccess)
+        fmt::print("{}", SuccessLine(direction, options.output, outcome));
+    else
+        fmt::print(stderr, "{}", FailureLine(options, outcome));
+    return outcome.result;
+}
+
+int Run(int argc, char** argv)
+{
+    ToolOptions options;
+    if (const std::optional<int> status = ParseOptions(argc, argv, options))
+        return *status;
+
+    const std::string_view extension = ExtensionOf(options.input);
+    if (extension != "xml" && extension != "vlproj") {
+        // The dispatcher has the words.
+        ConvertByExtension({.inputPath = options.input, .outputPath = options.output}, std::cerr);
+        return kWrongUsage;
+    }
+    const Direction direction = extension == "xml" ? Direction::Import : Direction::Export;
+    if (direction == Direction::Import && (options.handoff || options.sequenceGuid != kZeroGuid)) {
+        fmt::print(stderr, "XPJConvert: --sequence and --handoff are for .vlproj input.\n");
+        return kWrongUsage;
+    }
+
+    if (options.quiet)
+        std::cout.setstate(std::ios::failbit); // the readers' diagnostics for developers
+    DefaultPlatform platform;
+    PreparePlatform(options, platform);
+    const PlatformScope scope(platform);
+    CatchInterrupts();
+    return Convert(direction, options);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return Run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        std::cerr << "XPJConvert: The converter ran out of memory.\n";
+        return kOutOfMemory;
+    } catch (const std::exception& error) {
+        std::cerr << "XPJConvert: An unexpected error occurred. (" << error.what() << ")\n";
+        return kUnexpectedError;
+    }
+}

@@ -1,0 +1,72 @@
+#include "xpjconvert/options.h"
+
+#include <CLI/CLI.hpp>
+
+namespace XPJ {
+namespace {
+
+constexpr const char* kDescription =
+    "Translates a Final Cut Pro XML document (.xml) into a Vela project (.vlproj), and back.";
+
+constexpr const char* kFooter = R"(
+Exit status:
+  0  converted          3  out of memory                        6   unexpected error
+  1  cancelled          4  no xmeml data in the input           64  wrong usage
+  2  no FCP data        5  the input could not be opened
+
+Environment:
+  VELA_DEBUG_DATABASE  a file of Key=Value lines, as with --set, which wins over it)";
+
+std::string CheckKeyValue(const std::string& text)
+{
+    const auto equals = text.find('=');
+    return equals == std::string::npos || equals == 0 ? "'" + text + "' is not KEY=VALUE" : "";
+}
+
+std::string CheckGuid(const std::string& text)
+{
+    return StringToGUID(text) == kZeroGuid ? "'" + text + "' is not a GUID" : "";
+}
+
+} // namespace
+
+std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& options)
+{
+    std::vector<std::string> entries;
+    std::string sequence;
+
+    CLI::App app(kDescription, "xpjconvert");
+    app.footer(kFooter);
+    app.set_version_flag("--version", "xpjconvert " VELA_VERSION);
+    app.add_option("INPUT", options.input, "A document, .xml or .vlproj")->required();
+    app.add_option("OUTPUT", options.output,
+                   "What to write; without it a file in the current folder named after INPUT");
+    app.add_flag("-q,--quiet", options.quiet, "Only the closing line, and errors");
+    app.add_option("--seed", options.seed, "Makes GUIDs reproducible: same input, same bytes")
+        ->option_text("N");
+    app.add_option("--set", entries, "Sets an entry of the debug database; may be repeated")
+        ->option_text("KEY=VALUE")
+        ->allow_extra_args(false)
+        ->check(CheckKeyValue);
+    app.add_option("--report-dir", options.reportFolder,
+                   ".xml only: folder for the translation report")
+        ->option_text("DIR");
+    app.add_option("--sequence", sequence, ".vlproj only: converts one sequence")
+        ->option_text("GUID")
+        ->check(CheckGuid);
+    app.add_flag("--handoff", options.handoff, ".vlproj only: the form for the audio editor");
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& end) {
+        return app.exit(end) == 0 ? 0 : kWrongUsage;
+    }
+    for (const std::string& entry : entries) {
+        const auto equals = entry.find('=');
+        options.debugEntries.emplace_back(entry.substr(0, equals), entry.substr(equals + 1));
+    }
+    options.sequenceGuid = StringToGUID(sequence);
+    return std::nullopt;
+}
+
+} // namespace XPJ

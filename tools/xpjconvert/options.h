@@ -1,0 +1,32 @@
+// The command line of the tool.
+#pragma once
+
+#include "core/guid.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace XPJ {
+
+// Exit status for wrong usage; a conversion ends with its ConversionResult, 0 to 6.
+constexpr int kWrongUsage = 64;
+
+struct ToolOptions {
+    std::string input;
+    std::string output; // empty: named after the input, in the current folder
+    bool quiet = false;
+    std::optional<std::uint64_t> seed;
+    std::vector<std::pair<std::string, std::string>> debugEntries;
+    std::string reportFolder;      // empty: where reports go by themselves
+    Guid sequenceGuid = kZeroGuid; // export: zero for the whole project
+    bool handoff = false;          // export: the audio hand-off form
+};
+
+// Reads the command line. A value is the exit status to end with at once, after a help text on the
+// standard output or a complaint on the standard error.
+std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& options);
+
+} // namespace XPJ

@@ -1,0 +1,45 @@
+#include "xpjconvert/progress_display.h"
+#include "core/numbers.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include <fmt/format.h>
+#include <unistd.h>
+
+namespace XPJ {
+namespace {
+
+constexpr int kBarWidth = 40;
+
+} // namespace
+
+ProgressDisplay::ProgressDisplay(bool quiet)
+    : form_(quiet                   ? Form::None
+            : isatty(STDERR_FILENO) ? Form::Bar
+                                    : Form::Lines)
+{
+}
+
+ProgressDisplay::~ProgressDisplay()
+{
+    if (barShown_)
+        fmt::print(stderr, "\r\x1b[K"); // to the line's start, clear it
+    std::fflush(stderr);
+}
+
+void ProgressDisplay::Show(double progress)
+{
+    if (form_ == Form::Lines) {
+        fmt::print("Progress: {}%\n", DoubleToString(progress * 100));
+        std::fflush(stdout);
+    } else if (form_ == Form::Bar) {
+        const int filled = static_cast<int>(std::clamp(progress, 0.0, 1.0) * kBarWidth);
+        fmt::print(stderr, "\r[{:#<{}}{:.<{}}] {:3.0f}%", "", filled, "", kBarWidth - filled,
+                   progress * 100);
+        std::fflush(stderr);
+        barShown_ = true;
+    }
+}
+
+} // namespace XPJ
