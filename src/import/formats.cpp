@@ -1,0 +1,202 @@
+#include "import/formats.h"
+
+#include "core/frame_rate.h"
+#include "core/numbers.h"
+#include "core/text.h"
+#include "import/media.h"
+
+namespace XPJ {
+
+namespace {
+
+struct Size {
+    int width = 0;
+    int height = 0;
+
+    bool IsKnown() const { return width > 0 && height > 0; }
+};
+
+constexpr Size kDefaultSize{720, 480};
+
+Size SizeOf(ObjectHandle node)
+{
+    return {IntProperty(node, "width"), IntProperty(node, "height")};
+}
+
+// For sequences that state no size: that of the first file, else of DV.
+Size FallbackSize(ObjectHandle sequence)
+{
+    const Size file = SizeOf(FindPath(sequence, {"media", "video", "track", "clipitem", "file"}));
+    Size size = file.IsKnown() ? file : kDefaultSize;
+    const Size stated = SizeOf(FindPath(sequence, {"media", "video", "samplecharacteristics"}));
+    if (stated.width > 0)
+        size.width = stated.width;
+    if (stated.height > 0)
+        size.height = stated.height;
+    return size;
+}
+
+// The timebase by which a format is guessed. Documents timed in ticks state that of their timecode
+// beside it.
+std::int64_t GuessTimebase(ObjectHandle sequence)
+{
+    const std::int64_t timebase = Int64Property(sequence.GetChild("rate"), "timebase");
+    if (timebase != kTicksPerSecond)
+        return timebase;
+    const std::int64_t shown = Int64Property(FindPath(sequence, {"timecode", "rate"}), "timebase");
+    return shown == 24 || shown == 25 ? shown : timebase;
+}
+
+// A sequence without `samplecharacteristics` counts as DV of its rate.
+SequenceFormat GuessFormat(ObjectHandle sequence, SequenceFormat format)
+{
+    const Size size = FallbackSize(sequence);
+    format.width = size.width;
+    format.height = size.height;
+    format.formatName = "NTSC-601";
+    format.codecName = "Apple DV - NTSC";
+    format.timebase = 30;
+    format.ntsc = true;
+    const std::int64_t timebase = GuessTimebase(sequence);
+    if (timebase == 24)
+        format.timebase = 24;
+    if (timebase == 25) {
+        format.timebase = 25;
+        format.ntsc = false;
+        format.formatName = "PAL-601";
+        format.codecName = "Apple DV - PAL";
+        if (format.height == 480)
+            format.height = 576;
+    }
+    return format;
+}
+
+SequenceFormat StatedFormat(ObjectHandle sequence, ObjectHandle characteristics, ObjectHandle rate,
+                            SequenceFormat format)
+{
+    const Size fallback = FallbackSize(sequence);
+    const Size stated = SizeOf(characteristics);
+    format.width = stated.width > 0 ? stated.width : fallback.width;
+    format.height = stated.height > 0 ? stated.height : fallback.height;
+    format.anamorphic = IsTrue(characteristics, "anamorphic");
+    format.timebase = Int64Property(rate, "timebase");
+    format.ntsc = IsTrue(rate, "ntsc");
+    if (HasValue(characteristics, "pixelaspectratio"))
+        format.formatName = characteristics.GetProperty("pixelaspectratio");
+    else if (!format.ntsc)
+        format.formatName = "PAL-601"; // high definition too
+    const ObjectHandle codec = characteristics.GetChild("codec");
+    format.codecName = codec.GetProperty("name");
+    format.codecTypeName =
+        FindPath(codec, {"appspecificdata", "data", "qtcodec"}).GetProperty("codectypename");
+    return format;
+}
+
+// A ratio's name as it stands on the element that is asked first, else on the item.
+struct NamedAspect {
+    std::string_view name;
+    std::string_view aspect;
+};
+
+NamedAspect ReadAspect(ObjectHandle characteristics, ObjectHandle item, Name ratioKey,
+                       Name anamorphicKey)
+{
+    const ObjectHandle from = HasValue(characteristics, ratioKey) ? characteristics : item;
+    if (!HasValue(from, ratioKey))
+        return {};
+    const ObjectHandle flag = HasValue(from, anamorphicKey) ? from : item;
+    const std::string_view name = from.GetProperty(ratioKey);
+    return {name, AspectOfFormat(name, IsTrue(flag, anamorphicKey))};
+}
+
+FrameFormat FrameOf(ObjectHandle characteristics, ObjectHandle item, Size size)
+{
+    const NamedAspect aspect = ReadAspect(characteristics, item, "pixelaspectratio", "anamorphic");
+    const NamedAspect original =
+        ReadAspect(characteristics, item, "velaOriginalPAR", "velaOriginalIsAnamorphic");
+    FrameFormat frame;
+    frame.rect = FrameRectText(size.width, size.height);
+    frame.par = aspect.name.empty() ? "1,1" : aspect.aspect;
+    frame.originalPar = original.aspect;
+    frame.formatName = aspect.name;
+    return frame;
+}
+
+} // namespace
+
+std::optional<SequenceFormat> ReadSequenceFormat(ObjectHandle sequence)
+{
+    const ObjectHandle ownRate = sequence.GetChild("rate");
+    const ObjectHandle format = FindPath(sequence, {"media", "video", "format"});
+    const ObjectHandle characteristics = format.GetChild("samplecharacteristics");
+    if (!sequence.HasChild("media"))
+        return std::nullopt;
+
+    SequenceFormat start;
+    start.nonDrop = IsNonDrop(sequence.GetChild("timecode"));
+    if (!characteristics)
+        return ownRate ? std::optional(GuessFormat(sequence, start)) : std::nullopt;
+    for (const ObjectHandle& rate :
+         {characteristics.GetChild("rate"), format.GetChild("rate"), ownRate})
+        if (rate)
+            return StatedFormat(sequence, characteristics, rate, start);
+    return std::nullopt;
+}
+
+FrameFormat FrameOfSequence(ObjectHandle sequence)
+{
+    const std::optional<SequenceFormat> format = ReadSequenceFormat(sequence);
+    FrameFormat frame;
+    if (format) {
+        frame.rect = FrameRectText(format->width, format->height);
+        frame.par = AspectOfFormat(format->formatName, format->anamorphic);
+        frame.formatName = format->formatName;
+    }
+    return frame;
+}
+
+FrameFormat FrameOfItem(const ImportState& state, ObjectHandle item, ObjectHandle fallback)
+{
+    const ObjectHandle file = FileOfItem(state, item);
+    return file ? FrameOfFile(item, file, fallback) : FrameOfSequence(item.GetChild("sequence"));
+}
+
+FrameFormat FrameOfFile(ObjectHandle item, ObjectHandle file, ObjectHandle fallback)
+{
+    const ObjectHandle characteristics =
+        FindPath(file, {"media", "video", "samplecharacteristics"});
+    Size size = SizeOf(characteristics);
+    if (!size.IsKnown())
+        size = SizeOf(fallback);
+    return FrameOf(characteristics, item, size.IsKnown() ? size : kDefaultSize);
+}
+
+FrameFormat FrameOfCharacteristics(ObjectHandle characteristics)
+{
+    const Size size = SizeOf(characteristics);
+    return size.IsKnown() ? FrameOf(characteristics, {}, size) : FrameFormat();
+}
+
+std::string FrameRectText(int width, int height)
+{
+    return "0,0," + IntToString(width) + "," + IntToString(height);
+}
+
+Ticks TicksOfRate(ObjectHandle rate)
+{
+    Ticks ticks = 0;
+    FrameTicks(Int64Property(rate, "timebase"), IsTrue(rate, "ntsc"), &ticks);
+    return ticks;
+}
+
+std::string_view FieldTypeOf(std::string_view fieldDominance)
+{
+    return fieldDominance == "upper" ? "1" : fieldDominance == "lower" ? "2" : "0";
+}
+
+bool IsNonDrop(ObjectHandle timecode)
+{
+    return EqualsIgnoreCase(timecode.GetProperty("displayformat"), "NDF");
+}
+
+} // namespace XPJ

@@ -1,0 +1,84 @@
+#include "import/markers.h"
+
+#include "core/numbers.h"
+#include "import/formats.h"
+
+#include <limits>
+#include <string>
+#include <string_view>
+
+namespace XPJ {
+
+namespace {
+
+// How a comment marks a chapter; the blank and the entity belong to it.
+constexpr std::string_view kChapterMark = " &lt;CHAPTER";
+constexpr std::string_view kQuoteEntity = "&quot;";
+
+// A document timed in ticks has frames of one tick.
+constexpr Ticks kTickFrame = 1;
+
+// Marker texts end up in JSON, which has its own way of writing quotes.
+std::string WithPlainQuotes(std::string_view text)
+{
+    std::string result(text);
+    for (std::size_t i = result.find(kQuoteEntity); i != result.npos;
+         i = result.find(kQuoteEntity, i + 1))
+        result.replace(i, kQuoteEntity.size(), 1, '"');
+    return result;
+}
+
+Ticks Difference(Ticks a, Ticks b)
+{
+    return AddTicks(a, b == std::numeric_limits<Ticks>::min() ? std::numeric_limits<Ticks>::max()
+                                                              : -b);
+}
+
+// 0 for a marker without an end. Audio hand-off documents count lengths, not places, in samples.
+Ticks MarkerDuration(ObjectHandle marker, Ticks frameTicks)
+{
+    const Ticks out = HasValue(marker, "out") ? Int64Property(marker, "out") : -1;
+    if (out == -1)
+        return 0;
+    const Ticks unit = frameTicks == kTickFrame ? kSampleTicks48k : frameTicks;
+    return MultiplyTicks(Difference(out, Int64Property(marker, "in")), unit);
+}
+
+void SetComment(std::string_view comment, ObjectHandle result)
+{
+    if (comment.empty())
+        return;
+    const bool isChapter = comment.starts_with(kChapterMark);
+    if (isChapter)
+        comment.remove_prefix(kChapterMark.size());
+    result.SetProperty("Type", isChapter ? "Sequence" : "Comment");
+    result.SetProperty("Comment", comment);
+}
+
+ObjectHandle TranslateMarker(Document& document, ObjectHandle marker, Ticks frameTicks)
+{
+    const ObjectHandle result = document.NewObject("Marker");
+    result.SetProperty("Name", WithPlainQuotes(marker.GetProperty("name")));
+    SetComment(WithPlainQuotes(marker.GetProperty("comment")), result);
+    result.SetProperty("StartTime",
+                       TickText(MultiplyTicks(Int64Property(marker, "in"), frameTicks)));
+    result.SetProperty("Duration", TickText(MarkerDuration(marker, frameTicks)));
+    if (HasValue(marker, "velaColor"))
+        CopyProperty(marker, "velaColor", result, "Color");
+    return result;
+}
+
+} // namespace
+
+ObjectHandle TranslateMarkers(Document& document, ObjectHandle element, Ticks defaultTicks)
+{
+    const ObjectHandle markers = document.NewObject("Markers");
+    const Ticks ownTicks = TicksOfRate(element.GetChild("rate"));
+    const Ticks frameTicks = ownTicks != 0 ? ownTicks : defaultTicks;
+    if (frameTicks != 0)
+        for (const ObjectHandle& marker : element.GetChildren("marker"))
+            markers.AddChild("Marker", TranslateMarker(document, marker, frameTicks));
+    return markers;
+}
+
+} // namespace XPJ

@@ -1,0 +1,13 @@
+// Markers of clips, track items, sequences and multiclips.
+#pragma once
+
+#include "core/ticks.h"
+#include "model/object.h"
+
+namespace XPJ {
+
+// A new `Markers` with the `marker`s of an element. Their frames count in the element's own `rate`,
+// else in `defaultTicks` (ticks a frame); without either it stays empty.
+ObjectHandle TranslateMarkers(Document& document, ObjectHandle element, Ticks defaultTicks);
+
+} // namespace XPJ

@@ -1,0 +1,39 @@
+#include "import/subclips.h"
+
+#include "core/ticks.h"
+#include "import/media.h"
+
+namespace XPJ {
+
+namespace {
+
+std::int64_t DurationOf(const ImportState& state, ObjectHandle item)
+{
+    for (const ObjectHandle& node : {item, FileOfItem(state, item), item.GetChild("sequence")})
+        if (HasValue(node, "duration"))
+            return Int64Property(node, "duration");
+    return 0;
+}
+
+} // namespace
+
+SubclipRange ReadSubclipInfo(const ImportState& state, ObjectHandle element)
+{
+    const ObjectHandle inner = FirstClipItem(element.GetChild("media"));
+    const ObjectHandle soft = HasValue(element, "velaSoftStartOffset") ? element : inner;
+    const ObjectHandle info = element.HasChild("subclipinfo") ? element.GetChild("subclipinfo")
+                                                              : inner.GetChild("subclipinfo");
+    SubclipRange range;
+    if (HasValue(soft, "velaSoftStartOffset")) {
+        range.start = Int64Property(soft, "velaSoftStartOffset");
+        range.hard = false;
+    } else if (info) {
+        range.start = Int64Property(info, "startoffset");
+    } else {
+        return range;
+    }
+    range.end = AddTicks(range.start, DurationOf(state, inner ? inner : element));
+    return range;
+}
+
+} // namespace XPJ

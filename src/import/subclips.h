@@ -1,0 +1,23 @@
+// Subclips: clips that stand for a part of a longer clip.
+#pragma once
+
+#include "import/import_state.h"
+
+#include <cstdint>
+
+namespace XPJ {
+
+// The part, in frames of the source; -1 where it isn't stated.
+struct SubclipRange {
+    std::int64_t start = -1;
+    std::int64_t end = -1;
+    bool hard = true; // the host may not trim beyond it
+
+    bool IsKnown() const { return start != -1 && end != -1; }
+};
+
+// Soft offsets win over `subclipinfo`; each is taken from a `clip` or `clipitem` itself, else from
+// the first `clipitem` of its `media`.
+SubclipRange ReadSubclipInfo(const ImportState& state, ObjectHandle element);
+
+} // namespace XPJ

@@ -1,0 +1,80 @@
+#include "import/synthetic_media.h"
+
+#include "import/media.h"
+#include "model/writer.h"
+
+#include <string>
+
+namespace XPJ {
+
+namespace {
+
+constexpr std::string_view kSyntheticImporter = "42008e7a-de6f-4270-96de-7e287abb9b4b";
+
+struct SyntheticRow {
+    std::string_view path; // four characters as a number
+    std::string_view title;
+    SyntheticKind kind;
+    bool fitsAnyFrame;
+};
+
+constexpr SyntheticRow kSyntheticRows[] = {
+    {"1111577171", "Bars and Tone", SyntheticKind::BarsAndTone, false},         // "BARS"
+    {"1112293707", "Black Video", SyntheticKind::BlackVideo, true},             // "BLAK"
+    {"1129270354", "Color Matte", SyntheticKind::ColorMatte, false},            // "COLR"
+    {"1196574294", "Graphic", SyntheticKind::Graphic, false},                   // "GRFV"
+    {"1414680150", "Transparent Video", SyntheticKind::TransparentVideo, true}, // "TRNV"
+};
+
+const SyntheticRow& RowOf(SyntheticKind kind)
+{
+    for (const SyntheticRow& row : kSyntheticRows)
+        if (row.kind == kind)
+            return row;
+    return kSyntheticRows[0];
+}
+
+} // namespace
+
+FileSources MakeSyntheticSources(const ImportState& state, SyntheticKind kind, Ticks frameTicks,
+                                 const FrameFormat& frame)
+{
+    const SyntheticRow& row = RowOf(kind);
+    Document& document = state.document;
+    const ObjectHandle media = MakeMedia(
+        document,
+        {.importer = kSyntheticImporter, .path = row.path, .title = row.title, .infinite = true});
+    PictureStream picture{.kind = PictureKind::Generated,
+                          .frameTicks = frameTicks,
+                          .duration = kEndlessDuration,
+                          .frame = frame,
+                          .isStill = true};
+    if (row.fitsAnyFrame) {
+        picture.frameTicks = kAnyFrameTicks;
+        picture.frame = {};
+        picture.frame.rect = FrameRectText(720, 480);
+        picture.frame.par = "10,11";
+    }
+    media.AddChild("VideoStream", MakeVideoStream(document, picture));
+    FileSources sources;
+    sources.video.push_back(
+        MakeMediaSource(document, MediaType::Video, media, picture.frameTicks, kEndlessDuration));
+    if (kind == SyntheticKind::BarsAndTone) {
+        media.AddChild("AudioStream",
+                       MakeAudioStream(document, kSampleTicks48k, kEndlessDuration, kStereo, 2));
+        sources.audio.push_back(
+            MakeMediaSource(document, MediaType::Audio, media, kSampleTicks48k, kEndlessDuration));
+    }
+    return sources;
+}
+
+void SetMatteColor(const MatteColor& color, ObjectHandle media)
+{
+    std::string bytes;
+    for (const std::uint8_t channel : {color.red, color.green, color.blue, color.alpha})
+        bytes += static_cast<char>(channel);
+    bytes.append("\1\0\0\0", 4);
+    SetEncodedBlob(media, "ImporterPrefs", "ImporterPrefsChecksum", bytes);
+}
+
+} // namespace XPJ

@@ -1,0 +1,233 @@
+#include "import/formats.h"
+
+#include "import/xmeml_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace XPJ {
+namespace {
+
+class FormatsTest : public XmemlTest {
+protected:
+    // File name of the preset that a sequence gets.
+    std::string PresetOf(ObjectHandle sequence, Ticks videoTicks = kNtscFrameTicks)
+    {
+        project_ = document_.NewObject("Sequence");
+        ChoosePreset(sequence, videoTicks, project_);
+        const std::string_view path =
+            project_.GetProperty("MZ.Sequence.PreviewRenderingPresetPath");
+        return std::string(path.substr(path.rfind('/') + 1));
+    }
+    std::string_view EditingMode() const
+    {
+        return project_.GetProperty("MZ.Sequence.EditingModeGUID");
+    }
+    std::string_view TimeDisplay() const
+    {
+        return project_.GetProperty("MZ.Sequence.VideoTimeDisplayFormat");
+    }
+
+    ObjectHandle SequenceOf(const std::string& characteristics, const std::string& further = "")
+    {
+        return ParseSequence(further + "<media><video><format><samplecharacteristics>" +
+                             characteristics + "</samplecharacteristics></format></video></media>");
+    }
+
+    ObjectHandle project_;
+};
+
+std::string Rate(int timebase, bool ntsc)
+{
+    return "<rate><timebase>" + std::to_string(timebase) + "</timebase><ntsc>" +
+           (ntsc ? "TRUE" : "FALSE") + "</ntsc></rate>";
+}
+
+std::string Codec(const std::string& name, const std::string& typeName = "")
+{
+    return "<codec><name>" + name + "</name><appspecificdata><data><qtcodec><codectypename>" +
+           typeName + "</codectypename></qtcodec></data></appspecificdata></codec>";
+}
+
+TEST_F(FormatsTest, AspectsAndTimeDisplays)
+{
+    EXPECT_EQ(AspectOfFormat("NTSC-601", false), "10,11");
+    EXPECT_EQ(AspectOfFormat("PAL-CCIR-601", true), "1024,702");
+    EXPECT_EQ(AspectOfFormat("HD-(1440x1080)", true), "1920,1440");
+    EXPECT_EQ(AspectOfFormat("ntsc-601", true), "1,1");
+    EXPECT_EQ(TimeDisplayOf(true, kNtscFrameTicks), "103");
+    EXPECT_EQ(TimeDisplayOf(true, 8467200000), "104");
+    EXPECT_EQ(TimeDisplayOf(true, 4237833600), "107");
+    EXPECT_EQ(TimeDisplayOf(false, 1), "102");
+}
+
+TEST_F(FormatsTest, RateAndAspectComeFromTheNearestPlace)
+{
+    const auto pal = ReadSequenceFormat(
+        SequenceOf("<width>1920</width><height>1080</height>" + Rate(25, false), Rate(30, true)));
+    ASSERT_TRUE(pal);
+    EXPECT_EQ(pal->timebase, 25);
+    EXPECT_EQ(pal->formatName, "PAL-601");
+
+    const ObjectHandle own = SequenceOf("<width>1920</width><height>1080</height>"
+                                        "<pixelaspectratio>HD-(1440x1080)</pixelaspectratio>"
+                                        "<anamorphic>TRUE</anamorphic>",
+                                        Rate(30, true));
+    const FrameFormat frame = FrameOfSequence(own);
+    EXPECT_EQ(frame.rect, "0,0,1920,1080");
+    EXPECT_EQ(frame.par, "1920,1440");
+
+    EXPECT_FALSE(ReadSequenceFormat(SequenceOf("<width>9</width>")));
+    EXPECT_FALSE(ReadSequenceFormat(ParseSequence(Rate(25, false))));
+    EXPECT_EQ(FrameOfSequence(SequenceOf("<width>9</width>")).rect, "");
+}
+
+TEST_F(FormatsTest, MissingCharacteristicsCountAsDV)
+{
+    const std::string item = "<clipitem id=\"i\"><file id=\"f\"><width>960</width>"
+                             "<height>540</height></file></clipitem>";
+    struct Case {
+        std::string content;
+        std::string_view rect;
+        std::string_view formatName;
+        std::int64_t timebase;
+        bool ntsc;
+    };
+    const Case cases[] = {
+        {Rate(25, false) + "<media><video/></media>", "0,0,720,576", "PAL-601", 25, false},
+        {Rate(24, false) + "<media><video/></media>", "0,0,720,480", "NTSC-601", 24, true},
+        {Rate(60, false) + "<media><video/></media>", "0,0,720,480", "NTSC-601", 30, true},
+        {Rate(25, false) + "<media><video><track>" + item + "</track></video></media>",
+         "0,0,960,540", "PAL-601", 25, false},
+        {"<rate><timebase>254016000000</timebase></rate><timecode>" + Rate(25, false) +
+             "</timecode><media><video/></media>",
+         "0,0,720,576", "PAL-601", 25, false},
+    };
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.content);
+        const ObjectHandle sequence = ParseSequence(row.content);
+        const auto format = ReadSequenceFormat(sequence);
+        ASSERT_TRUE(format);
+        EXPECT_EQ(FrameOfSequence(sequence).rect, row.rect);
+        EXPECT_EQ(format->formatName, row.formatName);
+        EXPECT_EQ(format->timebase, row.timebase);
+        EXPECT_EQ(format->ntsc, row.ntsc);
+    }
+}
+
+// Names, timebases and prefixes where a slip of the table would show.
+TEST_F(FormatsTest, PresetByCodec)
+{
+    struct Case {
+        std::string codec;
+        int timebase;
+        std::string_view file;
+        std::string_view modeStart; // of the editing mode
+    };
+    const Case cases[] = {
+        {Codec("Apple DV - NTSC"), 24, "Quicktime DV 24p.epr", "38110ea1"},
+        {Codec("Apple DV/DVCPRO - NTSC"), 30, "QuickTime DV NTSC.epr", "795454d9"},
+        {Codec("Apple DV - NTSC"), 25, "QuickTime.epr", "795454d9"},
+        {Codec("Apple DVCPRO - PAL"), 60, "QuickTime DV PAL.epr", "04be6e19"},
+        {Codec("Apple DV100 Compressor", "DVCPRO HD (720p60)"), 60, "P2 720p 60Hz DVCPROHD.epr",
+         "079a6181"},
+        {Codec("Apple DV100 Compressor", "DVCPRO HD (1080i60)"), 30,
+         "P2 1080i-1080p 60Hz DVCPROHD.epr", "5b1734e9"},
+        {Codec("Apple DV100 Compressor", "DVCPRO HD (1080i60)"), 60, "QuickTime.epr", "795454d9"},
+        {Codec("Apple DV100 Compressor"), 30, "QuickTime.epr", "795454d9"},
+        {Codec("Apple MPEG IMX 525/50"), 30, "P2 DVCPRO50 NTSC.epr", "1fad0335"},
+        {Codec("Apple HDV 1080p25"), 25, "I-Frame Only MPEG.epr", "6c808930"},
+        {Codec("Apple XDCAM HD 1080i60 (35 Mb/s VBR)"), 30, "I-Frame Only MPEG.epr", "5ecab962"},
+        {Codec("Apple XDCAM HD 1080i60"), 30, "QuickTime.epr", "795454d9"},
+        {Codec("Apple XDCAM EX 1080i60 (35 Mb/s VBR)"), 30, "I-Frame Only MPEG.epr", "d10b5335"},
+        {Codec("Apple XDCAM EX 1080i50 (35 Mb/s VBR)"), 25, "I-Frame Only MPEG.epr", "5ecab962"},
+        {Codec("Apple XDCAM HD422 720p60 (50 Mb/s CBR)"), 60, "I-Frame Only MPEG.epr", "c7a20157"},
+        {Codec("Apple XDCAM HD422 1080p24 (50 Mb/s CBR)"), 24, "I-Frame Only MPEG.epr", "bcb27263"},
+        {Codec("Apple ProRes 422"), 24, "QuickTime.epr", "795454d9"},
+    };
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.codec + " " + std::to_string(row.timebase));
+        EXPECT_EQ(PresetOf(SequenceOf(Rate(row.timebase, true) + row.codec)), row.file);
+        EXPECT_TRUE(EditingMode().starts_with(row.modeStart)) << EditingMode();
+    }
+}
+
+TEST_F(FormatsTest, PresetByPictureFormat)
+{
+    struct Case {
+        Ticks ticks;
+        int width;
+        int height;
+        std::string_view formatName;
+        std::string_view modeStart;
+    };
+    constexpr Case cases[] = {
+        {10594584000, 720, 480, "NTSC-601", "38110ea1"},
+        {kPalFrameTicks, 720, 480, "NTSC-601", "795454d9"},
+        {kNtscFrameTicks, 1920, 1080, "square", "5ecab962"},
+        {8467200000, 1920, 1080, "square", "e7961389"},
+        {kPalFrameTicks, 1440, 1080, "Square", "e7961389"},
+        {kPalFrameTicks, 960, 720, "DVCPROHD-720P", "08dc3274"},
+        {kNtscFrameTicks, 960, 720, "DVCPROHD-720P", "079a6181"},
+        {kNtscFrameTicks, 1280, 720, "HD-(1280x1080)", "c7198254"},
+        {kNtscFrameTicks, 1440, 1080, "HD-(1440x1080)", "a3d8b249"},
+        {10584000000, 1440, 1080, "HD-(1440x1080)", "6c808930"},
+        {kNtscFrameTicks, 640, 480, "square", "795454d9"},
+    };
+    for (const Case& row : cases) {
+        const ObjectHandle sequence = document_.NewObject("Sequence");
+        PresetFromFormat(row.ticks, row.width, row.height, row.formatName, sequence);
+        EXPECT_TRUE(sequence.GetProperty("MZ.Sequence.EditingModeGUID").starts_with(row.modeStart))
+            << row.formatName << " " << row.ticks;
+    }
+}
+
+TEST_F(FormatsTest, PresetWithoutFormatGoesByTheSequenceRate)
+{
+    EXPECT_EQ(PresetOf(ParseSequence("<timecode><displayformat>ndf</displayformat></timecode>")),
+              "QuickTime.epr");
+    EXPECT_EQ(TimeDisplay(), "103");
+    PresetOf(SequenceOf(Rate(0, false)), kPalFrameTicks);
+    EXPECT_EQ(TimeDisplay(), "101");
+
+    // A preset that the document carried along stays, but for the time display.
+    project_ = document_.NewObject("Sequence");
+    project_.SetProperty("MZ.Sequence.EditingModeGUID", "mine");
+    project_.SetProperty("MZ.Sequence.VideoTimeDisplayFormat", "999");
+    ChoosePreset(SequenceOf(Rate(24, true) + Codec("Apple DV - NTSC")), kPalFrameTicks, project_);
+    EXPECT_EQ(EditingMode(), "mine");
+    EXPECT_EQ(TimeDisplay(), "110");
+}
+
+TEST_F(FormatsTest, FrameOfItemTakesSizeFileFirst)
+{
+    const std::string video = "<media><video><samplecharacteristics>";
+    const std::string end = "</samplecharacteristics></video></media>";
+    const ObjectHandle fallback =
+        FindPath(SequenceOf("<width>1280</width><height>720</height>"
+                            "<pixelaspectratio>PAL-601</pixelaspectratio>"),
+                 {"media", "video", "format", "samplecharacteristics"});
+
+    ObjectHandle clip = ParseClip("", video +
+                                          "<width>1440</width><height>1080</height>"
+                                          "<pixelaspectratio>PAL-601</pixelaspectratio>"
+                                          "<anamorphic>true</anamorphic>"
+                                          "<velaOriginalPAR>NTSC-601</velaOriginalPAR>" +
+                                          end);
+    FrameFormat frame = FrameOfFile(clip, file_, fallback);
+    EXPECT_EQ(frame.rect, "0,0,1440,1080");
+    EXPECT_EQ(frame.par, "1024,702");
+    EXPECT_EQ(frame.originalPar, "10,11");
+
+    const ObjectHandle item = FindPath(clip, {"media", "video", "track", "clipitem"});
+    EXPECT_EQ(FrameOfItem(state_, item, fallback).rect, "0,0,1440,1080");
+
+    clip = ParseClip("", "<media><video/></media>");
+    frame = FrameOfFile(clip, file_, fallback);
+    EXPECT_EQ(frame.rect, "0,0,1280,720");
+    EXPECT_EQ(frame.par, "1,1"); // the fallback gives nothing but the size
+    EXPECT_EQ(FrameOfFile(clip, file_, {}).rect, "0,0,720,480");
+    EXPECT_EQ(FrameOfItem(state_, document_.NewObject("clipitem"), fallback).rect, "");
+}
+
+} // namespace
+} // namespace XPJ
