@@ -190,8 +190,8 @@ TEST(ProjectForms, Sequence)
 		<Name>text</Name>
 	</Sequence>
 )");
-    EXPECT_EQ(ObjectText(text, "Link"),
-              R"(	<Link ObjectID="2" ClassID="149d4ea5-a7d4-4b34-9bb7-16d783904bf2" Version="1">
+    constexpr std::string_view kLink =
+        R"(	<Link ObjectID="2" ClassID="149d4ea5-a7d4-4b34-9bb7-16d783904bf2" Version="1">
 		<TrackItemGroup Version="1">
 			<TrackItems Version="1">
 				<TrackItem Index="0" ObjectRef="1"/>
@@ -199,7 +199,8 @@ TEST(ProjectForms, Sequence)
 			</TrackItems>
 		</TrackItemGroup>
 	</Link>
-)");
+)";
+    EXPECT_EQ(ObjectText(text, "Link"), kLink);
 }
 
 TEST(ProjectForms, AudioTrack)

@@ -32,7 +32,7 @@ public:
 
     std::string Write(std::string_view name, std::string_view text) const
     {
-        const std::string path = *this / name;
+        std::string path = *this / name;
         std::ofstream(path, std::ios::binary) << text;
         return path;
     }

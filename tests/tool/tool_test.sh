@@ -121,6 +121,13 @@ unreadable() {
     expect_no_file broken.vlproj
     expect_no_file broken.vlproj.part
 
+    # Cut off: what came before is converted, and the tool says so.
+    printf '<xmeml version="5">\n<bin>\n<name>A</name><children></bin>' >cut.xml
+    expect_status 0 cut.xml
+    expect_text err 'cut.xml:3:'
+    expect_text err 'ends inside an element, in xmeml/bin/children'
+    expect_file cut.vlproj
+
     echo earlier >kept.vlproj
     expect_status 6 broken.xml kept.vlproj
     echo earlier >earlier

@@ -28,6 +28,15 @@ std::string FindingsText(const ConversionOutcome& outcome, bool complete)
     return fmt::format("{}, listed in {}", findings, outcome.reportPath);
 }
 
+// "FILE:LINE:COLUMN: reason, in open/elements", without the place where there is none.
+std::string StopText(const std::string& input, const ReadStop& stop)
+{
+    const std::string place =
+        stop.line == 0 ? input : fmt::format("{}:{}:{}", input, stop.line, stop.column);
+    return fmt::format("{}: {}{}{}", place, stop.reason, stop.path.empty() ? "" : ", in ",
+                       stop.path);
+}
+
 Message MessageOf(int result)
 {
     switch (result) {
@@ -57,14 +66,21 @@ std::string SuccessLine(Direction direction, const std::string& output,
                        FindingsText(outcome, complete));
 }
 
+std::string CutOffLine(const ToolOptions& options, const ConversionOutcome& outcome)
+{
+    if (outcome.stop.reason.empty())
+        return {};
+    return fmt::format("XPJConvert: {}; only what came before was converted.\n",
+                       StopText(options.input, outcome.stop));
+}
+
 std::string FailureLine(const ToolOptions& options, const ConversionOutcome& outcome)
 {
     if (outcome.outputLost)
         return fmt::format("XPJConvert: {}: the output could not be written.\n", options.output);
-    const ReadStop& stop = outcome.stop;
-    if (outcome.result == kUnexpectedError && !stop.reason.empty())
-        return fmt::format("XPJConvert: {}:{}:{}: {}{}{}\n", options.input, stop.line, stop.column,
-                           stop.reason, stop.path.empty() ? "" : ", in ", stop.path);
+    if (!outcome.stop.reason.empty() && outcome.result != kAborted)
+        return fmt::format("XPJConvert: {}: {}\n", StopText(options.input, outcome.stop),
+                           GetMessage(MessageOf(outcome.result)));
     return fmt::format("XPJConvert: {}: {}\n", options.input,
                        GetMessage(MessageOf(outcome.result)));
 }

@@ -12,6 +12,9 @@ namespace XPJ {
 std::string SuccessLine(Direction direction, const std::string& output,
                         const ConversionOutcome& outcome);
 
+// Warns of an input that ends inside an element; empty for a whole one.
+std::string CutOffLine(const ToolOptions& options, const ConversionOutcome& outcome);
+
 // File, reason and place of a conversion that ended with a result other than kSuccess.
 //   "XPJConvert: cut.xml:12:7: a second "<" where a name should start, in xmeml/sequence"
 std::string FailureLine(const ToolOptions& options, const ConversionOutcome& outcome);

@@ -54,10 +54,12 @@ int Convert(Direction direction, ToolOptions& options)
     const ConversionOutcome outcome = RunConversion(direction, options);
     if (!options.quiet)
         PrintIssues(outcome.issues, direction);
-    if (outcome.result == kSuccess)
+    if (outcome.result == kSuccess) {
+        fmt::print(stderr, "{}", CutOffLine(options, outcome));
         fmt::print("{}", SuccessLine(direction, options.output, outcome));
-    else
+    } else {
         fmt::print(stderr, "{}", FailureLine(options, outcome));
+    }
     return outcome.result;
 }
 
