@@ -16,7 +16,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kInterval = 250ms;
+constexpr auto kLookInterval = 50ms;
+constexpr int kLooksPerShow = 5; // progress each 250 ms
 
 // By ConversionResult.
 constexpr std::string_view kResultLines[] = {
@@ -44,13 +45,16 @@ private:
 };
 
 // False when the operation could not be started.
-bool RunToEnd(Operation& operation, const ProgressSink& sink)
+bool RunToEnd(Operation& operation, const ProgressWatch& watch)
 {
     if (!operation.Start())
         return false;
-    while (!operation.WaitFor(kInterval))
-        if (sink)
-            sink(operation.GetProgress());
+    for (int look = 1; !operation.WaitFor(kLookInterval); ++look) {
+        if (watch.wantsStop && watch.wantsStop())
+            operation.Cancel();
+        if (watch.show && look % kLooksPerShow == 0)
+            watch.show(operation.GetProgress());
+    }
     return true;
 }
 
@@ -68,11 +72,11 @@ FileConversion Outcome(Operation& operation, OutputFile& output)
     return outcome;
 }
 
-ProgressSink PrintProgress(std::ostream& out)
+ProgressWatch PrintProgress(std::ostream& out)
 {
-    return [&out](double progress) {
+    return {.show = [&out](double progress) {
         out << "Progress: " << DoubleToString(progress * 100) << "%\n" << std::flush;
-    };
+    }};
 }
 
 void PrintResult(int result, std::ostream& out)
@@ -99,23 +103,24 @@ int ConvertProjectFile(const ConsoleArguments& arguments, std::ostream& out)
 
 } // namespace
 
-FileConversion ImportFile(const ImportFileJob& job, const ProgressSink& sink)
+FileConversion ImportFile(const ImportFileJob& job, const ProgressWatch& watch)
 {
     OutputFile output(job.outputPath);
     ConversionOperation operation(job.inputPath, output.Stream(), job.sn2vlMode, job.aafSupport);
-    if (!RunToEnd(operation, sink))
+    if (!RunToEnd(operation, watch))
         return {};
     return Outcome(operation, output);
 }
 
-FileConversion ExportFile(const ExportFileJob& job, const ProgressSink& sink)
+FileConversion ExportFile(const ExportFileJob& job, const ProgressWatch& watch)
 {
     std::ifstream input(job.inputPath, std::ios::binary);
     OutputFile output(job.outputPath);
     VelaToFCPXOperation operation(
-        input, {job.projectTitle, job.outputPath, job.vl2snMode, job.sequenceGuid},
+        input,
+        {job.projectTitle, job.outputPath, job.vl2snMode, job.sequenceGuid, job.reportFolder},
         output.Stream());
-    if (!RunToEnd(operation, sink))
+    if (!RunToEnd(operation, watch))
         return {};
     if (input.bad()) {
         // What could be read may look whole, but isn't.

@@ -23,8 +23,11 @@ struct FileConversion {
     bool outputLost = false; // the output could not be created, or not all of it be kept
 };
 
-// Told the progress, 0 to 1, each 250 ms; may be empty.
-using ProgressSink = std::function<void(double)>;
+// Who watches a conversion; either may be empty.
+struct ProgressWatch {
+    std::function<void(double)> show{}; // told the progress, 0 to 1, each 250 ms
+    std::function<bool()> wantsStop{};  // asked each 50 ms; true cancels the conversion
+};
 
 struct ImportFileJob {
     std::string inputPath;
@@ -35,7 +38,7 @@ struct ImportFileJob {
 
 // An output that can't be created doesn't stop the conversion: its findings are of use all the
 // same.
-FileConversion ImportFile(const ImportFileJob& job, const ProgressSink& sink = {});
+FileConversion ImportFile(const ImportFileJob& job, const ProgressWatch& watch = {});
 
 struct ExportFileJob {
     std::string inputPath;
@@ -43,9 +46,10 @@ struct ExportFileJob {
     std::string projectTitle = "Vela Project";
     bool vl2snMode = false;
     Guid sequenceGuid = kZeroGuid;
+    std::string reportFolder{}; // with its last separator; empty: beside the output
 };
 
-FileConversion ExportFile(const ExportFileJob& job, const ProgressSink& sink = {});
+FileConversion ExportFile(const ExportFileJob& job, const ProgressWatch& watch = {});
 
 // The input's name in the current directory, cut at the first `extension`, with `newExtension`.
 //   OutputNameOf("/p/a.xml", ".xml", ".vlproj") == "a.vlproj"

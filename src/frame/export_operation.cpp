@@ -53,7 +53,9 @@ std::string VelaToFCPXOperation::Report(const IssueSet& issues) const
 {
     if (issues.empty() || job_.vl2snMode)
         return {};
-    return WriteReport(FolderOf(job_.outputPath), issues, Direction::Export);
+    const std::string folder =
+        job_.reportFolder.empty() ? std::string(FolderOf(job_.outputPath)) : job_.reportFolder;
+    return WriteReport(folder, issues, Direction::Export);
 }
 
 } // namespace XPJ

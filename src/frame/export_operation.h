@@ -12,9 +12,10 @@ namespace XPJ {
 // What an export run is told.
 struct ExportJob {
     std::string projectTitle;
-    std::string outputPath;        // the report goes beside it
+    std::string outputPath;
     bool vl2snMode = false;        // the audio hand-off form
     Guid sequenceGuid = kZeroGuid; // zero: the whole project
+    std::string reportFolder{};      // with its last separator; empty: beside the output
 };
 
 class VelaToFCPXOperation final : public Operation {

@@ -158,6 +158,15 @@ report() {
     ls sub/*.txt >reports 2>/dev/null
     [ -d sub ] && expect_lines reports 1
 
+    printf '<VelaData Version="4"><Project ObjectID="1"></Project></VelaData>' >four.vlproj
+    mkdir -p export beside
+    expect_status 0 --report-dir export four.vlproj beside/four.xml
+    ls export/*.txt >reports 2>/dev/null
+    expect_lines reports 1
+    expect_status 0 four.vlproj beside/four.xml
+    ls beside/*.txt >reports 2>/dev/null
+    expect_lines reports 1
+
     # A folder that can't be used costs only the report.
     : >file
     expect_status 0 --report-dir "$work/file/x" nine.xml

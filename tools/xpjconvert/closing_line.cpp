@@ -17,7 +17,7 @@ bool TranslatesClips(Direction direction)
     return direction == Direction::Import ? kImportTranslatesClips : RVX::kTranslatesClips;
 }
 
-std::string FindingsText(const ConversionOutcome& outcome, bool complete)
+std::string FindingsText(const FileConversion& outcome, bool complete)
 {
     const std::size_t count = outcome.issues.size();
     if (count == 0)
@@ -58,7 +58,7 @@ Message MessageOf(int result)
 } // namespace
 
 std::string SuccessLine(Direction direction, const std::string& output,
-                        const ConversionOutcome& outcome)
+                        const FileConversion& outcome)
 {
     const bool complete = TranslatesClips(direction);
     return fmt::format("Wrote {}: {}{}\n", output,
@@ -66,7 +66,7 @@ std::string SuccessLine(Direction direction, const std::string& output,
                        FindingsText(outcome, complete));
 }
 
-std::string CutOffLine(const ToolOptions& options, const ConversionOutcome& outcome)
+std::string CutOffLine(const ToolOptions& options, const FileConversion& outcome)
 {
     if (outcome.stop.reason.empty())
         return {};
@@ -74,7 +74,7 @@ std::string CutOffLine(const ToolOptions& options, const ConversionOutcome& outc
                        StopText(options.input, outcome.stop));
 }
 
-std::string FailureLine(const ToolOptions& options, const ConversionOutcome& outcome)
+std::string FailureLine(const ToolOptions& options, const FileConversion& outcome)
 {
     if (outcome.outputLost)
         return fmt::format("XPJConvert: {}: the output could not be written.\n", options.output);

@@ -10,13 +10,13 @@ namespace XPJ {
 // What was written, how many findings there are, and where the report is.
 //   "Wrote cut.vlproj: 3 findings, listed in /home/a/Documents/FCP Translation Results ....txt"
 std::string SuccessLine(Direction direction, const std::string& output,
-                        const ConversionOutcome& outcome);
+                        const FileConversion& outcome);
 
 // Warns of an input that ends inside an element; empty for a whole one.
-std::string CutOffLine(const ToolOptions& options, const ConversionOutcome& outcome);
+std::string CutOffLine(const ToolOptions& options, const FileConversion& outcome);
 
 // File, reason and place of a conversion that ended with a result other than kSuccess.
 //   "XPJConvert: cut.xml:12:7: a second "<" where a name should start, in xmeml/sequence"
-std::string FailureLine(const ToolOptions& options, const ConversionOutcome& outcome);
+std::string FailureLine(const ToolOptions& options, const FileConversion& outcome);
 
 } // namespace XPJ

@@ -51,7 +51,7 @@ int Convert(Direction direction, ToolOptions& options)
     if (options.handoff)
         fmt::print("Processing for Sonara consumption...\n");
 
-    const ConversionOutcome outcome = RunConversion(direction, options);
+    const FileConversion outcome = RunConversion(direction, options);
     if (!options.quiet)
         PrintIssues(outcome.issues, direction);
     if (outcome.result == kSuccess) {

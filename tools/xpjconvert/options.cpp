@@ -48,8 +48,7 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
         ->option_text("KEY=VALUE")
         ->allow_extra_args(false)
         ->check(CheckKeyValue);
-    app.add_option("--report-dir", options.reportFolder,
-                   ".xml only: folder for the translation report")
+    app.add_option("--report-dir", options.reportFolder, "folder for the translation report")
         ->option_text("DIR");
     app.add_option("--sequence", sequence, ".vlproj only: converts one sequence")
         ->option_text("GUID")
