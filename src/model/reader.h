@@ -31,7 +31,7 @@ struct ReadStop {
     std::size_t offset = 0; // bytes from the input's start
     std::size_t line = 0;   // from 1
     std::size_t column = 0; // bytes, from 1
-    std::string path;       // open elements, "xmeml/project/children"
+    std::string path;       // open elements, "xmeml/project/children"; a deep one has "..." inside
 };
 
 // Reads an `xmeml` file of any version into `document`; on kReadDone `root` is the `xmeml` node,

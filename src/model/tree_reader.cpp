@@ -10,6 +10,7 @@ namespace XPJ {
 namespace {
 
 constexpr const char* kSecondBracket = "a second \"<\" where an element name should start";
+constexpr std::size_t kPathEnds = 8;
 constexpr const char* kCutOff = "the document ends inside an element";
 constexpr const char* kTooDeep = "elements nested more than 1000 levels deep";
 static_assert(kMaxNesting == 1000);
@@ -240,8 +241,14 @@ void TreeReader::FillStop(ReadStop& stop) const
     }
     stop.column = stop.offset - lineStart + 1;
     stop.path.clear();
-    for (std::size_t i = 1; i < open_.size(); ++i)
+    for (std::size_t i = 1; i < open_.size(); ++i) {
+        // Of a deep path both ends tell enough.
+        if (i == kPathEnds + 1 && open_.size() > 2 * kPathEnds + 2) {
+            stop.path += "/...";
+            i = open_.size() - kPathEnds;
+        }
         stop.path.append(i > 1 ? "/" : "").append(open_[i].rule->tag.View());
+    }
     if (!openItem_.IsEmpty())
         stop.path.append(stop.path.empty() ? "" : "/").append(openItem_.View());
 }
