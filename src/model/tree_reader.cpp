@@ -29,7 +29,7 @@ void TextRuns::Append(std::string_view run, Document& document)
         return;
     }
     const std::size_t size = text_.size() + run.size();
-    if (size > capacity_) {
+    if (!copy_ || size > capacity_) {
         capacity_ = 2 * size;
         char* const larger = static_cast<char*>(document.Allocate(capacity_, 1));
         std::memcpy(larger, text_.data(), text_.size());
