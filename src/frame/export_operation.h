@@ -15,7 +15,7 @@ struct ExportJob {
     std::string outputPath;
     bool vl2snMode = false;        // the audio hand-off form
     Guid sequenceGuid = kZeroGuid; // zero: the whole project
-    std::string reportFolder{};      // with its last separator; empty: beside the output
+    std::string reportFolder{};    // with its last separator; empty: beside the output
 };
 
 class VelaToFCPXOperation final : public Operation {
