@@ -68,6 +68,17 @@ bool IsCharacter(char32_t codePoint)
     return codePoint != 0 && codePoint <= 0x10FFFF && (codePoint < 0xD800 || codePoint > 0xDFFF);
 }
 
+// A reference that XML allows: small "x", a character that may stand in a document.
+bool IsLegalReference(std::string_view text)
+{
+    char32_t codePoint = 0;
+    if (text.substr(0, 3) == "&#X" || NumericReference(text, &codePoint) == 0)
+        return false;
+    const bool isBlank = codePoint == '\t' || codePoint == '\n' || codePoint == '\r';
+    return isBlank || (codePoint >= ' ' && IsCharacter(codePoint) && codePoint != 0xFFFE &&
+                       codePoint != 0xFFFF);
+}
+
 } // namespace
 
 std::string ToUTF8(std::u16string_view text)
@@ -149,6 +160,38 @@ std::string UnescapeXML(std::string_view text)
         } else {
             result += text[i++];
         }
+    }
+    return result;
+}
+
+bool IsPlainText(std::string_view text) noexcept
+{
+    bool isPlain = true;
+    for (const char c : text)
+        isPlain &= c >= ' ' && c != '&' && c != '<' && c != '>';
+    return isPlain;
+}
+
+std::string WellFormedText(std::string_view text)
+{
+    std::string valid;
+    valid.reserve(text.size());
+    utf8::replace_invalid(text.begin(), text.end(), std::back_inserter(valid), kReplacement);
+    std::string result;
+    result.reserve(valid.size());
+    for (std::size_t i = 0; i < valid.size(); ++i) {
+        const std::string_view rest = std::string_view(valid).substr(i);
+        const char c = valid[i];
+        if (c == '<')
+            result += "&lt;";
+        else if (c == '&' && !KnownEntity(rest) && !IsLegalReference(rest))
+            result += "&amp;";
+        else if (c == '>' && i >= 2 && valid[i - 1] == ']' && valid[i - 2] == ']')
+            result += "&gt;";
+        else if (rest.substr(0, 3) == "\xEF\xBF\xBE" || rest.substr(0, 3) == "\xEF\xBF\xBF")
+            i += 2; // U+FFFE and U+FFFF are no characters
+        else if (static_cast<unsigned char>(c) >= ' ' || c == '\t' || c == '\n' || c == '\r')
+            result += c;
     }
     return result;
 }

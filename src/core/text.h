@@ -21,6 +21,12 @@ std::string EscapeXML(std::string_view text);
 // The five named entities, and decimal and hexadecimal references; anything else stays.
 std::string UnescapeXML(std::string_view text);
 
+// What a well-formed document may hold as character data: entity-escaped text comes out as it is;
+// bare "&" and "<", "]]>", control characters and ill-formed UTF-8 are escaped, dropped, replaced.
+std::string WellFormedText(std::string_view text);
+// True for text that `WellFormedText` leaves alone at a glance: ASCII without "&", "<" and ">".
+bool IsPlainText(std::string_view text) noexcept;
+
 // ASCII letters compare without regard to case, all other bytes as they are.
 bool EqualsIgnoreCase(std::string_view a, std::string_view b) noexcept;
 

@@ -5,9 +5,10 @@
 #include "core/text.h"
 #include "import/bins.h"
 #include "import/collect.h"
+#include "import/item_clips.h"
+#include "import/links.h"
 #include "import/merge.h"
 #include "import/project_skeleton.h"
-#include "import/track_items.h"
 #include "platform/platform.h"
 
 namespace XPJ {
@@ -80,6 +81,7 @@ int TranslateProject(ImportState& state, ObjectHandle project)
     if (!stage.Step())
         return kAborted;
     LinkPass(state);
+    AttachClipIds(state);
 
     project.SetProperty("NextID", "1000001"); // the root item's is the last one given
     project.SetProperty("NextSequenceID", IntToString(NewSequenceNumber(state)));

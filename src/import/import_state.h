@@ -17,6 +17,7 @@
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace XPJ {
@@ -49,12 +50,7 @@ struct HeldBackItem {
     ObjectHandle clip;
     ObjectHandle master;
     ObjectHandle parentItem;
-};
-
-// A multiclip, and the master that equal ones share.
-struct KnownMulticlip {
-    ObjectHandle multiclip;
-    ObjectHandle master;
+    std::string_view fileId;
 };
 
 // Ids in the order of first sight, each once.
@@ -90,16 +86,31 @@ struct ImportState {
     ById files;
     ById sequences;  // id to the MasterClip that shows the sequence
     ById multiclips; // id to the MasterClip of an uncollapsed multiclip
-    std::vector<KnownMulticlip> knownMulticlips;
+    // MasterClip of multiclips that are equal, by what they have in common.
+    std::unordered_map<std::string, ObjectHandle> equalMulticlips;
 
     MasterRegistry masterClips;
     std::map<ClipSignature, ObjectHandle> clipSignatures; // to the MasterClip
     IdList mergedClipIds; // merge ids of clips with more than one file
     std::unordered_map<std::string_view, std::vector<HeldBackItem>> heldBackItems; // by merge id
+    std::unordered_map<std::uint64_t, ObjectHandle> componentClips; // `uniqueId` of a part's master
+                                                                    // to the `clip` it is from
 
     int nextSequenceId = 1;
     std::unordered_map<int, ObjectHandle> sequencesByNumber; // to the project's Sequence
-    std::unordered_set<std::uint64_t> sequencesInProgress;   // `uniqueId` of `sequence` elements
+    std::unordered_map<std::uint64_t, ObjectHandle>
+        sequenceElements; // by the Sequence's `uniqueId`
+    // By `masterclipid` and file id: layered images that a track item was the first to use.
+    std::set<std::pair<std::string_view, std::string_view>> layeredImages;
+    NodeSet begunSequences; // `sequence` elements whose translation has begun or is over
+
+    // A master's `ChildClipID`s are hung on it at the end, so that no search in it passes over
+    // those of all its items.
+    struct ClipId {
+        ObjectHandle master;
+        ObjectHandle id;
+    };
+    std::vector<ClipId> clipIds;
 
     std::map<LinkKey, ObjectHandle> linkItems; // to the track item of the project
     std::vector<std::vector<LinkKey>> linkGroups;

@@ -9,6 +9,12 @@ namespace XPJ {
 // track of its `media`, picture before sound. Null if there is none.
 ObjectHandle FindMulticlip(ObjectHandle element);
 
+// The number of the active angle, from 1.
+int ActiveAngle(ObjectHandle multiclip);
+
+// The `clip` of the active angle; null if it has none.
+ObjectHandle ActiveClip(ObjectHandle multiclip);
+
 // A collapsed multiclip, the usual kind, counts as the clip of its active angle.
 bool IsCollapsed(ObjectHandle multiclip);
 

@@ -1,11 +1,18 @@
-// Track items and the links between them.
+// Items of a track: `clipitem`s and `generatoritem`s.
 #pragma once
 
-#include "import/import_state.h"
+#include "import/item_times.h"
+#include "import/tracks.h"
+#include "model/object.h"
 
 namespace XPJ {
 
-// Makes the `Link`s of every sequence from the recorded link groups.
-void LinkPass(ImportState& state);
+// Null, mostly with a finding, for an item that has no place or no master.
+ObjectHandle TranslateVideoItem(const TrackContext& context, ObjectHandle item);
+// `trackType` is the ChannelType of the track.
+ObjectHandle TranslateAudioItem(const TrackContext& context, ObjectHandle item, int trackType);
+
+// A finding at an item that starts at a frame of the sequence.
+void AddItemIssue(const TrackContext& context, ObjectHandle item, Frames start, ImportIssue kind);
 
 } // namespace XPJ

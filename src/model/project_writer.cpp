@@ -243,7 +243,9 @@ private:
 void ProjectWriter::WriteLine(Name tag, std::string_view value)
 {
     out_.WriteTabs(level_);
-    out_.Write("<", tag.View(), ">", value, "</", tag.View(), ">\n");
+    out_.Write("<", tag.View(), ">");
+    out_.WriteValue(value);
+    out_.Write("</", tag.View(), ">\n");
 }
 
 void ProjectWriter::WriteValue(Name tag, std::string_view value, ObjectHandle node)
@@ -405,22 +407,26 @@ void ProjectWriter::WriteMarkerRecord(const BodyRow& row, ObjectHandle node)
         const std::string_view value = node.GetProperty(key);
         return value.empty() ? std::string_view("0") : value;
     };
-    out_.WriteTabs(level_);
-    out_.Write("<", row.tag.View(), R"(>{"HULMarker":{)");
+    std::string record = R"({"HULMarker":{)";
+    const auto add = [&record](auto... texts) { ((record += texts), ...); };
     if (const auto comment = ValueOf(node, "Comment"))
-        out_.Write(R"("mComment":")", JsonText(*comment), R"(",)");
+        add(R"("mComment":")", JsonText(*comment), R"(",)");
     if (const auto color = ValueOf(node, "Color")) {
         const std::string guid = NewGuidText();
-        out_.Write(R"("mCuePointList":[{"mKey":"marker_guid","mValue":")", guid,
-                   R"("},{"mKey":"keywordExtHULv1_)", guid, R"(","mValue":"{\"color\":)",
-                   JsonText(*color), R"(}"}],)");
+        add(R"("mCuePointList":[{"mKey":"marker_guid","mValue":")", guid,
+            R"("},{"mKey":"keywordExtHULv1_)", guid, R"(","mValue":"{\"color\":)", JsonText(*color),
+            R"(}"}],)");
     }
-    out_.Write(R"("mDuration":{"ticks":)", ticks("Duration"), "},");
+    add(R"("mDuration":{"ticks":)", ticks("Duration"), "},");
     if (const auto name = ValueOf(node, "Name"))
-        out_.Write(R"("mName":")", JsonText(*name), R"(",)");
-    out_.Write(R"("mStartTime":{"ticks":)", ticks("StartTime"), R"(},"mType":")",
-               JsonText(MarkerType(node.GetProperty(Name("Type")))), R"("}}</)", row.tag.View(),
-               ">\r\n");
+        add(R"("mName":")", JsonText(*name), R"(",)");
+    add(R"("mStartTime":{"ticks":)", ticks("StartTime"), R"(},"mType":")",
+        JsonText(MarkerType(node.GetProperty(Name("Type")))), R"("}})");
+
+    out_.WriteTabs(level_);
+    out_.Write("<", row.tag.View(), ">");
+    out_.WriteValue(record);
+    out_.Write("</", row.tag.View(), ">\r\n");
 }
 
 void ProjectWriter::WriteObject(ObjectHandle node)

@@ -1,6 +1,8 @@
 // Text on its way to a stream: collected in one block, handed over when the block is full.
 #pragma once
 
+#include "core/text.h"
+
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
@@ -32,6 +34,12 @@ public:
     {
         Write(first);
         (Write(std::string_view(rest)), ...);
+    }
+
+    // A document's value: it stands in the tree escaped, but damaged input may have got through.
+    void WriteValue(std::string_view value)
+    {
+        Write(IsPlainText(value) ? value : std::string_view(WellFormedText(value)));
     }
 
     void WriteNumber(std::uint64_t number)

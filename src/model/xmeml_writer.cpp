@@ -77,7 +77,9 @@ void XmemlWriter::WriteEnd(std::string_view tag, int level)
 void XmemlWriter::WriteLine(Name name, std::string_view value, int level)
 {
     out_.WriteTabs(level);
-    out_.Write("<", name.View(), ">", value, "</", name.View(), ">\n");
+    out_.Write("<", name.View(), ">");
+    out_.WriteValue(value);
+    out_.Write("</", name.View(), ">\n");
 }
 
 void XmemlWriter::WriteOptional(ObjectHandle node, Name name, int level)
@@ -86,16 +88,17 @@ void XmemlWriter::WriteOptional(ObjectHandle node, Name name, int level)
         WriteLine(name, *value, level);
 }
 
-// Values are text of elements; what would end an attribute or derail a tokeniser is escaped here.
+// Values are text of elements; the quote that would end an attribute is escaped here.
 void XmemlWriter::WriteAttribute(std::string_view name, std::string_view value)
 {
     out_.Write(" ", name, "=\"");
-    for (std::size_t special = value.find_first_of("\"<"); special != value.npos;
-         special = value.find_first_of("\"<")) {
-        out_.Write(value.substr(0, special), value[special] == '<' ? "&lt;" : "&quot;");
-        value.remove_prefix(special + 1);
+    for (std::size_t quote = value.find('"'); quote != value.npos; quote = value.find('"')) {
+        out_.WriteValue(value.substr(0, quote));
+        out_.Write("&quot;");
+        value.remove_prefix(quote + 1);
     }
-    out_.Write(value, "\"");
+    out_.WriteValue(value);
+    out_.Write("\"");
 }
 
 void XmemlWriter::WriteAttributes(ObjectHandle node, const XmemlElement& element)

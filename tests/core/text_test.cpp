@@ -63,6 +63,31 @@ TEST(Text, UnescapingTakesEntitiesAndReferences)
     EXPECT_EQ(UnescapeXML("&amp;lt;"), "&lt;");
 }
 
+TEST(Text, WellFormedTextKeepsWhatIsLegalAndNothingElse)
+{
+    const struct {
+        std::string_view text, wellFormed;
+    } kCases[] = {
+        {"Reel 4 &amp; &lt;5&gt; &#13;&#xE9;\t\r\n", "Reel 4 &amp; &lt;5&gt; &#13;&#xE9;\t\r\n"},
+        {"\xc3\xa9 \xf0\x9f\x8e\xac > ]>", "\xc3\xa9 \xf0\x9f\x8e\xac > ]>"},
+        {"R&D <b> ]]>", "R&amp;D &lt;b> ]]&gt;"},
+        {"&nbsp; &#0; &#XE9; &#xD800; &#xFFFF; &#8;",
+         "&amp;nbsp; &amp;#0; &amp;#XE9; &amp;#xD800; &amp;#xFFFF; &amp;#8;"},
+        {"a\x01\x1f"
+         "b",
+         "ab"},
+        {"Gr\xfc\xdf"
+         "e",
+         "Gr\xef\xbf\xbd\xef\xbf\xbd"
+         "e"},
+        {"a\xef\xbf\xbf\xef\xbf\xbe", "a"},
+    };
+    for (const auto& row : kCases) {
+        EXPECT_EQ(WellFormedText(row.text), row.wellFormed);
+        EXPECT_EQ(WellFormedText(row.wellFormed), row.wellFormed);
+    }
+}
+
 TEST(Text, ComparesWithoutCase)
 {
     EXPECT_TRUE(EqualsIgnoreCase("TRUE", "true"));

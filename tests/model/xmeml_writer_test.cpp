@@ -132,7 +132,7 @@ TEST(XmemlWriter, NotesOfAClip)
          {"filmdata", Make(d, "filmdata", {}, {{"keycode", Make(d, "keycode")}})}});
     EXPECT_EQ(WriteEntry(d, clip), "<clip id=\"c&quot;&lt;\" explodedTracks=\"true\">\n"
                                    "\t<uuid></uuid>\n"
-                                   "\t<masterclipid>c\"<</masterclipid>\n"
+                                   "\t<masterclipid>c\"&lt;</masterclipid>\n"
                                    "\t<ismasterclip>TRUE</ismasterclip>\n"
                                    "\t<duration>0</duration>\n" +
                                        std::string(kDefaultRate) +

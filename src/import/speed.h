@@ -1,0 +1,16 @@
+// Constant speed of a track item, as its `timeremap` filter states it.
+#pragma once
+
+#include "model/object.h"
+
+namespace XPJ {
+
+struct ItemSpeed {
+    double speed = 1.0; // above 0
+    bool playBackwards = false;
+    bool frameBlending = false;
+};
+
+ItemSpeed SpeedOfItem(ObjectHandle item);
+
+} // namespace XPJ

@@ -1,0 +1,122 @@
+#include "import/cut_points.h"
+
+#include "import/xmeml_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace XPJ {
+namespace {
+
+constexpr Ticks kFrame = kPalFrameTicks;
+
+std::string Item(const std::string& times)
+{
+    return "<clipitem>" + times + "</clipitem>";
+}
+
+class CutPointsTest : public XmemlTest {
+protected:
+    // A transition from 100 to 120 between two items that leave their edges out.
+    void
+    Normalise(const std::string& transition,
+              const std::string& before = "<start>40</start><end>-1</end><in>0</in><out>80</out>",
+              const std::string& after = "<start>-1</start><end>200</end><in>10</in><out>110</out>")
+    {
+        const ObjectHandle sequence = ParseSequence(
+            "<rate><timebase>25</timebase></rate><media><video><track>" + Item(before) +
+            "<transitionitem><start>100</start><end>120</end>" + transition + "</transitionitem>" +
+            Item(after) + "</track></video></media>");
+        const ObjectHandle track = FindPath(sequence, {"media", "video", "track"});
+        NormaliseSequence(sequence, kFrame);
+        transition_ = track.GetChild("transitionitem");
+        before_ = track.GetChild("clipitem");
+        for (const ObjectHandle& item : track.GetChildren("clipitem"))
+            after_ = item;
+    }
+    static std::string Times(ObjectHandle item)
+    {
+        std::string text;
+        for (const Name key : {Name("start"), Name("end"), Name("in"), Name("out")})
+            text.append(text.empty() ? "" : " ").append(item.GetProperty(key));
+        return text;
+    }
+
+    ObjectHandle transition_;
+    ObjectHandle before_;
+    ObjectHandle after_;
+};
+
+TEST_F(CutPointsTest, EdgesFollowFromTheCut)
+{
+    constexpr struct {
+        const char* transition;
+        const char* before; // start end in out
+        const char* after;
+    } kRows[] = {
+        {"<alignment>center</alignment>", "40 110 0 70", "110 200 20 110"},
+        {"", "40 110 0 70", "110 200 20 110"},
+        {"<alignment>start</alignment>", "40 100 0 60", "100 200 10 110"},
+        {"<alignment>start-black</alignment>", "40 100 0 60", "100 200 10 110"},
+        {"<alignment>end</alignment>", "40 120 0 80", "120 200 30 110"},
+        {"<alignment>end-black</alignment>", "40 120 0 80", "120 200 30 110"},
+        {"<alignment>sideways</alignment>", "40 -1 0 80", "-1 200 10 110"},
+        {"<cutPoint>5</cutPoint>", "40 105 0 75", "105 200 15 110"},
+        // A cut at an end of the transition is none.
+        {"<cutPoint>20</cutPoint><alignment>start</alignment>", "40 100 0 60", "100 200 10 110"},
+        {"<cutPoint>0</cutPoint><alignment>end</alignment>", "40 120 0 80", "120 200 30 110"},
+        {"<cutPointTicks>50803200000</cutPointTicks>", "40 105 0 75", "105 200 15 110"},
+    };
+    for (const auto& row : kRows) {
+        Normalise(row.transition);
+        EXPECT_EQ(Times(before_), row.before) << row.transition;
+        EXPECT_EQ(Times(after_), row.after) << row.transition;
+    }
+    Normalise("");
+    EXPECT_EQ(transition_.GetProperty("alignment"), "center");
+}
+
+TEST_F(CutPointsTest, StatedEdgesAndUnknownPointsStay)
+{
+    const std::string stated = "<start>40</start><end>105</end><in>0</in><out>65</out>";
+    Normalise("<alignment>center</alignment>", stated,
+              "<start>-1</start><end>-1</end><in>-1</in><out>110</out>");
+    EXPECT_EQ(Times(before_), "40 105 0 65");
+    EXPECT_EQ(Times(after_), "110 -1 -1 110"); // the transition counts all the same
+
+    Normalise("<alignment>end</alignment>", stated,
+              "<start>-1</start><end>-1</end><in>10</in><out>-1</out>");
+    EXPECT_EQ(Times(after_), "120 -1 30 -1");
+}
+
+TEST_F(CutPointsTest, ExactPointsMoveByTheExactCut)
+{
+    const std::string exact =
+        "<velaTicksIn>1000</velaTicksIn><velaTicksOut>900000000000</velaTicksOut>"
+        "<in>0</in><out>80</out>";
+    Normalise("<cutPointTicks>50803200007</cutPointTicks>",
+              "<start>40</start><end>-1</end>" + exact, "<start>-1</start><end>200</end>" + exact);
+    EXPECT_EQ(before_.GetProperty("velaTicksOut"), "849196799993");
+    EXPECT_EQ(after_.GetProperty("velaTicksIn"), "50803201007");
+
+    Normalise("<alignment>start</alignment>", "<start>40</start><end>-1</end>" + exact);
+    EXPECT_EQ(Int64Property(before_, "velaTicksOut"), 60 * kFrame + 1000);
+}
+
+TEST_F(CutPointsTest, EdgesThatCountInTheItemsFramesBecomeTheSequences)
+{
+    Normalise("", "<rate><timebase>50</timebase></rate><velaTicksIn>0</velaTicksIn>"
+                  "<start>79</start><end>-1</end><in>0</in><out>160</out>");
+    EXPECT_EQ(Times(before_), "40 110 0 140"); // 79 is in the middle of frame 40
+}
+
+TEST_F(CutPointsTest, DamagedNumbersDoNoHarm)
+{
+    const std::string huge = "<start>-1</start><end>99999999999999999999</end>"
+                             "<in>-99999999999999999999</in><out>99999999999999999999</out>";
+    Normalise("<alignment>end</alignment>", "<end>-1</end><in>-99999999999999999999</in>", huge);
+    Normalise("<cutPointTicks>9999999999999999999</cutPointTicks>", huge, huge);
+    SUCCEED();
+}
+
+} // namespace
+} // namespace XPJ
