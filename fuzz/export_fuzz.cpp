@@ -1,0 +1,38 @@
+// Any bytes that read as a project document become a whole `xmeml` document, or a result code.
+#include "document_check.h"
+#include "export/export_driver.h"
+#include "model/reader.h"
+#include "model/writer.h"
+
+#include <cstdlib>
+#include <sstream>
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
+{
+    using namespace XPJ;
+    std::istringstream input(std::string(reinterpret_cast<const char*>(data), size));
+    Document read;
+    ObjectHandle root;
+    if (ReadProjectDocument(input, read, root) != kReadDone)
+        return 0;
+
+    for (const bool handOff : {false, true}) {
+        RVX::ExportOptions options;
+        options.projectTitle = "Vela Project";
+        options.outputPath = "/documents/output.xml";
+        options.vl2snMode = handOff;
+        SilentProgress progress;
+        Document document;
+        IssueSet issues;
+        ObjectHandle xmeml;
+        const int result =
+            RVX::TranslateProjectDocument(root, options, progress, document, issues, xmeml);
+        if (result != kSuccess)
+            continue;
+        std::ostringstream text;
+        if (WriteFCPXML(xmeml, progress, handOff, text) != kWriteDone)
+            std::abort();
+        CheckWellFormed(text.str());
+    }
+    return 0;
+}

@@ -1,0 +1,36 @@
+// Any bytes that read as an `xmeml` document become a whole project document, or a result code.
+#include "document_check.h"
+#include "import/import_driver.h"
+#include "model/reader.h"
+#include "model/writer.h"
+
+#include <cstdlib>
+#include <sstream>
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
+{
+    using namespace XPJ;
+    const std::string_view input(reinterpret_cast<const char*>(data), size);
+    Document read;
+    ObjectHandle root;
+    if (ParseFCPXML(input, read, root) != kReadDone)
+        return 0;
+
+    ImportOptions options;
+    options.inputPath = "/documents/input.xml";
+    SilentProgress progress;
+    Document document;
+    IssueSet issues;
+    ObjectHandle project;
+    const int result = ImportDocument(root, options, progress, document, issues, project);
+    if (static_cast<bool>(project) != (result == kSuccess))
+        std::abort();
+    if (result != kSuccess)
+        return 0;
+
+    std::ostringstream text;
+    if (WriteProjectDocument(project, progress, text, options.sn2vlMode) != kWriteDone)
+        std::abort();
+    CheckProjectText(text.str());
+    return 0;
+}
