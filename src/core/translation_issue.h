@@ -3,6 +3,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 namespace XPJ {
 
@@ -68,6 +69,11 @@ struct IssueOrder {
 };
 
 using IssueSet = std::set<TranslationIssue, IssueOrder>;
+
+// Clips and sequences that an import passes over because nothing says what media they show. No
+// finding stands for them; their places are kept so that a front end can tell. A record without
+// `clip` is a sequence, one without `sequence` a clip of a bin.
+using LeftOutList = std::vector<TranslationIssue>;
 
 enum class Direction { Import, Export };
 

@@ -1,5 +1,13 @@
 #include "effects/effect_context.h"
 
+#include "core/numbers.h"
+#include "effects/keyframes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
 namespace XPJ {
 
 namespace {
@@ -24,6 +32,24 @@ void Enter(IssueSet& issues, const ItemPlace& place, int kind, std::string_view 
 
 } // namespace
 
+FrameSize ParseFrameSize(std::string_view rect, std::string_view aspect)
+{
+    const auto extent = [rect](int low, int high) {
+        const std::int64_t length =
+            std::int64_t{ParseInt(KeyframeField(rect, high))} - ParseInt(KeyframeField(rect, low));
+        return static_cast<int>(
+            std::clamp<std::int64_t>(length, 0, std::numeric_limits<int>::max()));
+    };
+    FrameSize size;
+    size.width = extent(0, 2);
+    size.height = extent(1, 3);
+    const double width = ParseDouble(KeyframeField(aspect, 0));
+    const double height = ParseDouble(KeyframeField(aspect, 1));
+    if (width > 0 && height > 0 && std::isfinite(width / height))
+        size.pixelAspect = width / height;
+    return size;
+}
+
 double EffectContext::HorizontalRatio() const
 {
     return Ratio(clipFrame.width, sequenceFrame.width);
@@ -32,6 +58,15 @@ double EffectContext::HorizontalRatio() const
 double EffectContext::VerticalRatio() const
 {
     return Ratio(clipFrame.height, sequenceFrame.height);
+}
+
+double EffectContext::AspectRatio() const
+{
+    constexpr double kAboutEqual = 0.0001;
+    const double difference = clipFrame.pixelAspect - sequenceFrame.pixelAspect;
+    if (std::abs(difference) < kAboutEqual || sequenceFrame.pixelAspect == 0)
+        return 1.0;
+    return clipFrame.pixelAspect / sequenceFrame.pixelAspect;
 }
 
 void EffectContext::AddIssue(ImportIssue kind, std::string_view subject) const

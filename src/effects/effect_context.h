@@ -26,6 +26,10 @@ struct FrameSize {
     double pixelAspect = 1.0;
 };
 
+// From a `FrameRect` and a `PixelAspectRatio`; an aspect that is no ratio is 1.
+//   ParseFrameSize("0,0,720,480", "10,11")
+FrameSize ParseFrameSize(std::string_view rect, std::string_view aspect);
+
 struct EffectContext {
     Document& document; // the result's; new nodes are made in it
     IssueSet& issues;
@@ -34,10 +38,16 @@ struct EffectContext {
     Ticks sampleTicks = kSampleTicks48k; // of the item's sound
     FrameSize sequenceFrame = {};
     FrameSize clipFrame = {};
+    // Size of the file's frame over that which the camera recorded, where its raw footage is
+    // decoded to another one.
+    double decodedWidthRatio = 1.0;
+    double decodedHeightRatio = 1.0;
 
     // The factors between coordinates of the clip and of the sequence; 1 for an unknown size.
     double HorizontalRatio() const;
     double VerticalRatio() const;
+    // Pixel aspect of the clip over that of the sequence, exactly 1 when they are about equal.
+    double AspectRatio() const;
 
     // Enters a finding at the item's place.
     //   context.AddIssue(ImportIssue::EffectNotTranslated, "Sepia")

@@ -228,6 +228,11 @@ ObjectHandle ExportProjectParam(Document& document, ObjectHandle param)
     return parameter;
 }
 
+std::string_view EffectName(ObjectHandle effect)
+{
+    return Given(effect.GetProperty("name"), effect.GetProperty("effectid"));
+}
+
 void CopyBypass(ObjectHandle effect, ObjectHandle component)
 {
     component.SetProperty("Bypass", Given(effect.GetProperty("velaBypass"), "false"));
@@ -309,6 +314,16 @@ void AddPointValue(Document& document, ObjectHandle node, const Point& point)
     const ObjectHandle value = document.NewObject("value");
     value.SetProperty("horiz", NumberText(point.horiz));
     value.SetProperty("vert", NumberText(point.vert));
+    node.AddChild(value);
+}
+
+void AddColourValue(Document& document, ObjectHandle node, const Colour& colour)
+{
+    const ObjectHandle value = document.NewObject("value");
+    value.SetProperty("alpha", IntToString(colour.alpha));
+    value.SetProperty("red", IntToString(colour.red));
+    value.SetProperty("green", IntToString(colour.green));
+    value.SetProperty("blue", IntToString(colour.blue));
     node.AddChild(value);
 }
 

@@ -71,6 +71,9 @@ ObjectHandle CopyProjectParam(Document& document, ObjectHandle parameter, Name e
 // The way out of the same: a `parameter` with the project's fields unchanged.
 ObjectHandle ExportProjectParam(Document& document, ObjectHandle param);
 
+// The name under which findings tell of an effect: its `name`, else its id.
+std::string_view EffectName(ObjectHandle effect);
+
 // `Bypass` of a component from `velaBypass` of its effect, "false" without one.
 void CopyBypass(ObjectHandle effect, ObjectHandle component);
 // The unfolded state of a component in the host's panel, if the effect carries it.
@@ -103,5 +106,7 @@ struct ParameterFields {
 ObjectHandle AddParameter(Document& document, ObjectHandle effect, const ParameterFields& fields);
 // Gives a `parameter` or a `keyframe` a point as its value.
 void AddPointValue(Document& document, ObjectHandle node, const Point& point);
+// The same for a colour.
+void AddColourValue(Document& document, ObjectHandle node, const Colour& colour);
 
 } // namespace XPJ

@@ -63,6 +63,7 @@ FileConversion Outcome(Operation& operation, OutputFile& output)
     FileConversion outcome;
     outcome.result = operation.GetResult();
     outcome.issues = operation.GetIssues();
+    outcome.leftOut = operation.GetLeftOut();
     outcome.stop = operation.GetReadStop();
     outcome.reportPath = operation.GetReportPath();
     if (outcome.result == kSuccess && !output.Commit()) {

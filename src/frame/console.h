@@ -18,6 +18,7 @@ namespace XPJ {
 struct FileConversion {
     int result = kUnexpectedError;
     IssueSet issues;
+    LeftOutList leftOut;
     ReadStop stop;           // where reading the input stopped early
     std::string reportPath;  // empty: no report was written
     bool outputLost = false; // the output could not be created, or not all of it be kept

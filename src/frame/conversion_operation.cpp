@@ -34,7 +34,8 @@ int ConversionOperation::Convert(Findings& findings)
     });
     if (result == kSuccess)
         result = RunStep(road, 2, [&] {
-            return ImportDocument(xmeml, options, *this, translation, findings.issues, project);
+            return ImportDocument(xmeml, options, *this, translation, findings.issues, project,
+                                  &findings.leftOut);
         });
     if (result == kSuccess)
         result = RunStep(road, 2, [&] {

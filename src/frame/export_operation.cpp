@@ -5,6 +5,7 @@
 #include "frame/report.h"
 #include "model/reader.h"
 #include "model/writer.h"
+#include "platform/platform.h"
 
 namespace XPJ {
 
@@ -25,8 +26,9 @@ int VelaToFCPXOperation::Convert(Findings& findings)
     Document translation;
     ObjectHandle velaData;
     ObjectHandle xmeml;
-    const RVX::ExportOptions options{job_.projectTitle, job_.outputPath, job_.vl2snMode,
-                                     job_.sequenceGuid};
+    RVX::ExportOptions options{job_.projectTitle, job_.outputPath, job_.vl2snMode,
+                               job_.sequenceGuid};
+    options.exportTransformEffect = DebugFlag("FCPXML.ExportTransformEffect");
 
     StageScope road(*this, 1, 8);
     int result = RunStep(road, 2, [&] {

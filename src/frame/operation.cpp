@@ -104,6 +104,12 @@ IssueSet Operation::GetIssues()
     return findings_.issues;
 }
 
+LeftOutList Operation::GetLeftOut()
+{
+    const std::lock_guard guard(lock_);
+    return findings_.leftOut;
+}
+
 ReadStop Operation::GetReadStop()
 {
     const std::lock_guard guard(lock_);

@@ -23,6 +23,7 @@ namespace XPJ {
 // What a conversion has to tell besides its result.
 struct Findings {
     IssueSet issues;
+    LeftOutList leftOut;    // an import's
     ReadStop stop;          // where reading the input stopped early
     std::string reportPath; // empty: no report was written
 };
@@ -45,6 +46,7 @@ public:
     int GetResult();
     bool HasIssues();
     IssueSet GetIssues();
+    LeftOutList GetLeftOut();
     ReadStop GetReadStop();
     std::string GetReportPath();
 

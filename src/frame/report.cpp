@@ -128,6 +128,22 @@ std::string LocalTimeText()
 
 } // namespace
 
+std::string LeftOutText(const LeftOutList& leftOut)
+{
+    std::string text;
+    for (const TranslationIssue& record : leftOut) {
+        if (record.clip.text.empty())
+            text += fmt::format("Sequence <{}> has no frame rate or format, left out.\n",
+                                record.sequence.text);
+        else if (record.sequence.text.empty())
+            text += fmt::format("Clip <{}> has no media, left out.\n", record.clip.text);
+        else
+            text += fmt::format("{} Clip <{}> has no media, left out.\n", PlaceText(record),
+                                record.clip.text);
+    }
+    return text;
+}
+
 std::string IssueReportText(const IssueSet& issues, Direction direction)
 {
     const std::span<const IssueRow> rows = direction == Direction::Import

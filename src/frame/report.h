@@ -15,6 +15,10 @@ namespace XPJ {
 //   <tab>Sequence <Cut 1> at 01:00:00:00, video track 1: Effect <Sepia> on Clip <A> not translated.
 std::string IssueReportText(const IssueSet& issues, Direction direction);
 
+// A line for each, in words.
+//   Sequence <Cut 1> at 01:00:00:00, video track 1: Clip <A> has no media, left out.
+std::string LeftOutText(const LeftOutList& leftOut);
+
 // The first of "base.txt", "base (1).txt" to "base (99).txt" that is free; empty if none is.
 std::string MakeUniqueFileName(const std::string& base, std::string_view extension);
 

@@ -1,22 +1,14 @@
 #include "import/bins.h"
 
+#include "import/item_place.h"
+#include "import/logging.h"
 #include "import/master_clips.h"
 #include "import/multiclips.h"
 #include "import/sequences.h"
-#include "model/side_tables.h"
-
-#include <algorithm>
 
 namespace XPJ {
 
 namespace {
-
-void CopyLabel(ObjectHandle bin, ObjectHandle item)
-{
-    const std::string_view key = LabelKeyOf(bin.GetChild("labels").GetProperty("label2"));
-    if (!key.empty())
-        item.SetProperty("Column.PropertyText.Label", key);
-}
 
 // A bin that a cancellation cuts short is dropped.
 bool TranslateBin(ImportState& state, ObjectHandle bin, ObjectHandle parentItem)
@@ -24,7 +16,7 @@ bool TranslateBin(ImportState& state, ObjectHandle bin, ObjectHandle parentItem)
     const ObjectHandle item = state.document.NewObject("BinProjectItem");
     AddUid(item);
     item.SetPropertyShared("Name", bin.GetProperty("name"));
-    CopyLabel(bin, item);
+    CopyLabel(bin, item, "Column.PropertyText.Label");
     const ObjectHandle children = bin.GetChild("children");
     if (children && !TranslateChildren(state, children, item))
         return false;
@@ -38,8 +30,8 @@ void TranslateClip(ImportState& state, ObjectHandle clip, ObjectHandle parentIte
     const ObjectHandle multiclip = FindMulticlip(clip);
     if (multiclip && !IsCollapsed(multiclip))
         TranslateMulticlipItem(state, clip, parentItem);
-    else
-        TranslateMasterClipItems(state, clip, parentItem);
+    else if (TranslateMasterClipItems(state, clip, parentItem) == 0)
+        AddLeftOut(state, {.clip = clip.GetProperty("name")});
 }
 
 bool TranslateChild(ImportState& state, ObjectHandle child, ObjectHandle parentItem)

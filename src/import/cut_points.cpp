@@ -27,19 +27,23 @@ struct Transition {
     Frames Length() const { return Minus(to, from); }
 };
 
-enum class Alignment { Center, Start, End, Unknown };
+constexpr TransitionAlignment kAlignments[] = {
+    // clang-format off
+    // name         cut               outgoing incoming
+    {"center",      CutPlace::Middle, true,    true},
+    {"start",       CutPlace::Start,  true,    true},
+    {"start-black", CutPlace::Start,  false,   true},
+    {"end",         CutPlace::End,    true,    true},
+    {"end-black",   CutPlace::End,    true,    false},
+    // clang-format on
+};
 
 // A transition that states no alignment is centred, also for who reads it later.
-Alignment AlignmentOf(const Transition& transition)
+const TransitionAlignment* AlignmentOf(const Transition& transition)
 {
     if (!HasValue(transition.node, "alignment"))
         transition.node.SetPropertyShared("alignment", "center");
-    const std::string_view text = transition.node.GetProperty("alignment");
-    if (text == "center")
-        return Alignment::Center;
-    if (text == "start" || text == "start-black")
-        return Alignment::Start;
-    return text == "end" || text == "end-black" ? Alignment::End : Alignment::Unknown;
+    return FindAlignment(transition.node.GetProperty("alignment"));
 }
 
 // A clip or generator beside a transition.
@@ -59,7 +63,7 @@ public:
     {
         if (Get(key) != kNotStated)
             Set(key, AddTicks(Get(key), rates_.ToItem(frames)));
-        if (HasValue(item_, exactKey))
+        if (IsStated(exactKey))
             Set(exactKey, AddTicks(Get(exactKey), ticks));
     }
     // Sets a time in the source by its distance from the other one.
@@ -67,7 +71,7 @@ public:
     {
         if (Get(key) != kNotStated && Get(fromKey) != kNotStated)
             Set(key, AddTicks(Get(fromKey), rates_.ToItem(frames)));
-        if (HasValue(item_, exactKey) && HasValue(item_, exactFromKey))
+        if (IsStated(exactKey) && IsStated(exactFromKey))
             Set(exactKey, AddTicks(Get(exactFromKey), MultiplyTicks(frames, rates_.sequence)));
     }
 
@@ -144,17 +148,18 @@ private:
         Cut cut;
         if (StatedCut(transition, cut))
             return EndAt(item, transition, cut);
-        switch (AlignmentOf(transition)) {
-        case Alignment::Center:
+        const TransitionAlignment* const alignment = AlignmentOf(transition);
+        if (!alignment)
+            return;
+        switch (alignment->cut) {
+        case CutPlace::Middle:
             return EndAt(item, transition, Middle(transition));
-        case Alignment::Start:
+        case CutPlace::Start:
             item.Set("end", transition.from);
             return item.Place("out", "velaTicksOut", "in", "velaTicksIn",
                               Minus(transition.from, item.Get("start")));
-        case Alignment::End:
+        case CutPlace::End:
             return item.Set("end", transition.to);
-        case Alignment::Unknown:
-            return;
         }
     }
 
@@ -164,16 +169,17 @@ private:
         Cut cut;
         if (StatedCut(transition, cut))
             return StartAt(item, transition, cut);
-        switch (AlignmentOf(transition)) {
-        case Alignment::Center:
+        const TransitionAlignment* const alignment = AlignmentOf(transition);
+        if (!alignment)
+            return;
+        switch (alignment->cut) {
+        case CutPlace::Middle:
             return StartAt(item, transition, Middle(transition));
-        case Alignment::Start:
+        case CutPlace::Start:
             return item.Set("start", transition.from);
-        case Alignment::End:
+        case CutPlace::End:
             item.Set("start", transition.to);
             return StartBehind(item, transition);
-        case Alignment::Unknown:
-            return;
         }
     }
 
@@ -194,6 +200,14 @@ private:
 };
 
 } // namespace
+
+const TransitionAlignment* FindAlignment(std::string_view name)
+{
+    for (const TransitionAlignment& alignment : kAlignments)
+        if (alignment.name == name)
+            return &alignment;
+    return nullptr;
+}
 
 void NormaliseTrack(ObjectHandle track, Ticks sequenceTicks)
 {

@@ -5,7 +5,22 @@
 #include "core/ticks.h"
 #include "model/object.h"
 
+#include <string_view>
+
 namespace XPJ {
+
+// What the `alignment` of a `transitionitem` says of its cut, and of the sides that it may have.
+enum class CutPlace { Start, Middle, End };
+
+struct TransitionAlignment {
+    std::string_view name;
+    CutPlace cut;
+    bool hasOutgoing;
+    bool hasIncoming;
+};
+
+// Null for an unknown name.
+const TransitionAlignment* FindAlignment(std::string_view name);
 
 // Writes the missing `start`s, `end`s and what hangs on them into the items of a `track`. After it
 // all edges count in the sequence's frames, `sequenceTicks` each. To be run once.

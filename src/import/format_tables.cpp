@@ -1,5 +1,6 @@
 // The format tables: aspect ratios, time display codes, preview presets.
 #include "core/frame_rate.h"
+#include "effects/effect_context.h"
 #include "import/formats.h"
 
 #include <initializer_list>
@@ -282,6 +283,12 @@ void PresetFromFormat(Ticks frameTicks, int width, int height, std::string_view 
 {
     AddPreset(PresetOfFormat(frameTicks, width, height, formatName),
               TimeDisplayOf(false, frameTicks), projectSequence);
+}
+
+void PresetFromFormat(Ticks frameTicks, const FrameFormat& frame, ObjectHandle projectSequence)
+{
+    const FrameSize size = ParseFrameSize(frame.rect, frame.par);
+    PresetFromFormat(frameTicks, size.width, size.height, frame.formatName, projectSequence);
 }
 
 } // namespace XPJ

@@ -5,6 +5,8 @@
 #include "core/text.h"
 #include "import/media.h"
 
+#include <algorithm>
+
 namespace XPJ {
 
 namespace {
@@ -177,6 +179,11 @@ FrameFormat FrameOfCharacteristics(ObjectHandle characteristics)
     return size.IsKnown() ? FrameOf(characteristics, {}, size) : FrameFormat();
 }
 
+std::string_view StatedAspect(ObjectHandle characteristics, ObjectHandle item)
+{
+    return ReadAspect(characteristics, item, "pixelaspectratio", "anamorphic").aspect;
+}
+
 std::string FrameRectText(int width, int height)
 {
     return "0,0," + IntToString(width) + "," + IntToString(height);
@@ -186,7 +193,7 @@ Ticks TicksOfRate(ObjectHandle rate)
 {
     Ticks ticks = 0;
     FrameTicks(Int64Property(rate, "timebase"), IsTrue(rate, "ntsc"), &ticks);
-    return ticks;
+    return std::max<Ticks>(ticks, 0);
 }
 
 std::string_view FieldTypeOf(std::string_view fieldDominance)

@@ -55,7 +55,7 @@ FrameFormat FrameOfCharacteristics(ObjectHandle characteristics);
 // "0,0,width,height"
 std::string FrameRectText(int width, int height);
 
-// Frame length of a `rate` element in ticks; 0 without a timebase.
+// Frame length of a `rate` element in ticks; 0 without a timebase above 0.
 Ticks TicksOfRate(ObjectHandle rate);
 
 // Field type of a `fielddominance`: "upper" is "1", "lower" "2", anything else "0".
@@ -68,6 +68,9 @@ bool IsNonDrop(ObjectHandle timecode);
 //   AspectOfFormat("NTSC-601", true) == "40,33"
 std::string_view AspectOfFormat(std::string_view formatName, bool anamorphic);
 
+// Pixel aspect that a `samplecharacteristics`, else its item states; empty where neither does.
+std::string_view StatedAspect(ObjectHandle characteristics, ObjectHandle item);
+
 // Code of `MZ.Sequence.VideoTimeDisplayFormat` and `TimecodeFormat`.
 std::string_view TimeDisplayOf(bool nonDrop, Ticks frameTicks);
 
@@ -79,5 +82,6 @@ void ChoosePreset(ObjectHandle sequence, Ticks videoTicks, ObjectHandle projectS
 // The same by picture format alone.
 void PresetFromFormat(Ticks frameTicks, int width, int height, std::string_view formatName,
                       ObjectHandle projectSequence);
+void PresetFromFormat(Ticks frameTicks, const FrameFormat& frame, ObjectHandle projectSequence);
 
 } // namespace XPJ

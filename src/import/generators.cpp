@@ -147,6 +147,7 @@ ObjectHandle MakeSlugSequence(ImportState& state, ObjectHandle black, const Fram
     sequence.AddChild("TrackGroup", MakeSlugSound(state));
     sequence.AddChild("Markers", document.NewObject("Markers"));
     sequence.AddChild("DVDMarkers", document.NewObject("DVDMarkers"));
+    PresetFromFormat(frameTicks, frame, sequence);
     return sequence;
 }
 
@@ -179,8 +180,7 @@ GeneratorResult TranslateGenerator(ImportState& state, ObjectHandle item, Object
     const FileSources sources = MakeSyntheticSources(state, SyntheticKind::ColorMatte,
                                                      FrameTicksOf(item), FrameOfOwner(owner));
     SetMatteColor(*color, sources.VideoMedia());
-    const ObjectHandle master = RegisterGenerator(state, item, sources);
-    return {master, static_cast<bool>(master)};
+    return {RegisterGenerator(state, item, sources), true};
 }
 
 void TranslateSlugItem(ImportState& state, ObjectHandle item, ObjectHandle file,

@@ -9,6 +9,7 @@
 #include "import/links.h"
 #include "import/merge.h"
 #include "import/project_skeleton.h"
+#include "import/sequences.h"
 #include "platform/platform.h"
 
 namespace XPJ {
@@ -31,23 +32,33 @@ void CheckVersion(ObjectHandle root, IssueSet& issues)
     issues.insert(issue);
 }
 
+// What stands in an element itself, as `children` of it would hold it.
+ObjectHandle ChildrenOf(Document& document, ObjectHandle element)
+{
+    const ObjectHandle children = document.NewObject("children");
+    for (const ObjectHandle& child : element.GetChildren())
+        children.AddChild(child);
+    return children;
+}
+
 // Documents may hold bins, clips and sequences without a `project` around them.
 ObjectHandle MakeProjectAround(Document& document, ObjectHandle root)
 {
     const ObjectHandle project = document.NewObject("project");
     project.SetProperty("Name", EscapeXML(GetMessage(Message::kFinalCutProProject)));
-    const ObjectHandle children = document.NewObject("children");
-    for (const ObjectHandle& child : root.GetChildren())
-        children.AddChild(child);
-    project.AddChild(children);
+    project.AddChild("children", ChildrenOf(document, root));
     return project;
 }
 
 // The first `project`; null when the root holds nothing at all.
 ObjectHandle ProjectOf(Document& document, ObjectHandle root)
 {
-    if (const ObjectHandle project = root.GetChild("project"))
+    if (const ObjectHandle project = root.GetChild("project")) {
+        // Some programs leave the `children` around a project's items out.
+        if (!project.GetChild("children") && project.HasChildren())
+            project.AddChild("children", ChildrenOf(document, project));
         return project;
+    }
     return root.HasChildren() ? MakeProjectAround(document, root) : ObjectHandle();
 }
 
@@ -60,7 +71,10 @@ bool TranslateRootItem(ImportState& state, ObjectHandle& rootItem)
     rootItem = state.document.NewObject("RootProjectItem");
     AddUid(rootItem);
     rootItem.SetProperty("ID", "1000000");
-    return TranslateChildren(state, children, rootItem);
+    if (!TranslateChildren(state, children, rootItem))
+        return false;
+    TranslateShownSequences(state, rootItem);
+    return true;
 }
 
 int TranslateProject(ImportState& state, ObjectHandle project)
@@ -91,7 +105,8 @@ int TranslateProject(ImportState& state, ObjectHandle project)
 } // namespace
 
 int ImportDocument(ObjectHandle root, const ImportOptions& options, Progress& progress,
-                   Document& document, IssueSet& issues, ObjectHandle& projectDocument)
+                   Document& document, IssueSet& issues, ObjectHandle& projectDocument,
+                   LeftOutList* leftOut)
 {
     CheckVersion(root, issues);
 
@@ -106,6 +121,8 @@ int ImportDocument(ObjectHandle root, const ImportOptions& options, Progress& pr
 
     const ObjectHandle project = document.NewObject("Project");
     const int result = TranslateProject(state, project);
+    if (leftOut != nullptr)
+        *leftOut = std::move(state.leftOut);
     if (result != kSuccess)
         return result;
     projectDocument = document.NewObject("Document");

@@ -45,12 +45,28 @@ struct LinkKey {
     friend auto operator<=>(const LinkKey&, const LinkKey&) = default;
 };
 
+// An angle of a multiclip: its number, from 1, and its `clip`.
+struct AngleNote {
+    int number = 1;
+    ObjectHandle clip;
+};
+
 // A bin clip whose project item waits for the merge pass to say whether its master is merged.
 struct HeldBackItem {
     ObjectHandle clip;
     ObjectHandle master;
     ObjectHandle parentItem;
     std::string_view fileId;
+};
+
+// What a `file` states of its formats. Looked up once a file: many items may show it, and its
+// metadata may be long.
+struct FileNote {
+    ObjectHandle picture; // `samplecharacteristics`; null without
+    ObjectHandle sound;
+    // Size of the frame over that which a camera recorded.
+    double decodedWidthRatio = 1.0;
+    double decodedHeightRatio = 1.0;
 };
 
 // Ids in the order of first sight, each once.
@@ -74,6 +90,7 @@ struct ImportState {
     Document& document; // owns the nodes that the import makes
     Progress& progress;
     IssueSet& issues;
+    LeftOutList leftOut;
 
     int version = 0;               // of the `xmeml` element, 0 if it states none
     bool sn2vlMode = false;        // audio hand-off
@@ -89,6 +106,11 @@ struct ImportState {
     // MasterClip of multiclips that are equal, by what they have in common.
     std::unordered_map<std::string, ObjectHandle> equalMulticlips;
 
+    // By `uniqueId` of a `multiclip`, which many items may show.
+    std::unordered_map<std::uint64_t, AngleNote> activeAngles;
+
+    std::unordered_map<std::uint64_t, FileNote> fileNotes; // by `uniqueId` of a `file`
+
     MasterRegistry masterClips;
     std::map<ClipSignature, ObjectHandle> clipSignatures; // to the MasterClip
     IdList mergedClipIds; // merge ids of clips with more than one file
@@ -98,8 +120,9 @@ struct ImportState {
 
     int nextSequenceId = 1;
     std::unordered_map<int, ObjectHandle> sequencesByNumber; // to the project's Sequence
-    std::unordered_map<std::uint64_t, ObjectHandle>
-        sequenceElements; // by the Sequence's `uniqueId`
+    // The `sequence` or `multiclip` behind a Sequence, by the latter's `uniqueId`.
+    std::unordered_map<std::uint64_t, ObjectHandle> sequenceElements;
+    std::vector<ObjectHandle> shownSequences; // not filled yet when an item showed them
     // By `masterclipid` and file id: layered images that a track item was the first to use.
     std::set<std::pair<std::string_view, std::string_view>> layeredImages;
     NodeSet begunSequences; // `sequence` elements whose translation has begun or is over

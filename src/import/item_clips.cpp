@@ -26,27 +26,13 @@ ClipForm FormOf(ObjectHandle item, const ItemSpeed& speed)
             .frameBlending = speed.frameBlending};
 }
 
-bool IsSequenceSource(ObjectHandle source)
-{
-    return source.HasChild("Sequence");
-}
-
-// Every item of a nested sequence has a source of its own, at the item's rate.
-ObjectHandle SourceForItem(Document& document, MediaType type, ObjectHandle source, Ticks rateTicks)
-{
-    if (!IsSequenceSource(source))
-        return source;
-    return MakeSequenceSource(document, type, source.GetChild("Sequence"), rateTicks,
-                              Int64Property(source, "OriginalDuration"));
-}
-
-void AddMulticam(ObjectHandle item, ObjectHandle clip)
+void AddMulticam(const ImportState& state, ObjectHandle item, ObjectHandle clip)
 {
     const ObjectHandle multiclip = item.GetChild("multiclip");
     if (!multiclip || IsCollapsed(multiclip))
         return;
     clip.SetPropertyShared("IsMulticam", "true");
-    clip.SetProperty("SelectedTrackIndex", IntToString(ActiveAngle(multiclip) - 1));
+    clip.SetProperty("SelectedTrackIndex", IntToString(ActiveAngle(state, multiclip) - 1));
 }
 
 // A still stands as a sequence around the clip that it is taken from.
@@ -118,7 +104,7 @@ private:
 // Channels of an item whose other channels lie on the following tracks: those of the items there
 // that it is linked to, and on from the last one where links are missing.
 std::vector<int> LinkedChannels(const TrackContext& context, ObjectHandle item, int sourceTrack,
-                                std::size_t count)
+                                const ItemChannels& source, std::size_t count)
 {
     std::vector<int> channels;
     const LinkIndex& index = context.sequence.links;
@@ -128,7 +114,7 @@ std::vector<int> LinkedChannels(const TrackContext& context, ObjectHandle item, 
         const LinkKey target = index.TargetOf(link);
         if (target.type == MediaType::Audio && target.track >= context.number &&
             target.track <= context.lastNumber && index.ItemAt(target))
-            channels.push_back(SourceTrackOf(index.ItemAt(target), context.index));
+            channels.push_back(source.Reduce(SourceTrackOf(index.ItemAt(target), context.index)));
     }
     int next = channels.empty() ? sourceTrack : channels.back() + 1;
     while (channels.size() < count)
@@ -150,7 +136,7 @@ void AddItemChannels(const TrackContext& context, ObjectHandle item, int channel
     const auto add = [&](const MasterChannel& entry) {
         AddChannel(document, clip,
                    static_cast<std::uint64_t>(Int64Property(entry.channel, "ChannelIndex")),
-                   IsSequenceSource(source) ? source : entry.channel.GetChild("Content"));
+                   source.HasChild("Sequence") ? source : entry.channel.GetChild("Content"));
     };
     if (channelType == kAdaptiveType) {
         for (int i = 0; i < kMaxAdaptiveChannels; ++i)
@@ -160,7 +146,7 @@ void AddItemChannels(const TrackContext& context, ObjectHandle item, int channel
                 AddChannel(document, clip, kNoChannel, {});
     } else if (FollowsLinks(context, channelType)) {
         const auto count = static_cast<std::size_t>(ChannelCountOf(channelType));
-        for (const int channel : LinkedChannels(context, item, sourceTrack, count))
+        for (const int channel : LinkedChannels(context, item, sourceTrack, channels, count))
             add(channels.At(channel));
     } else {
         add(channels.At(sourceTrack));
@@ -180,14 +166,14 @@ Ticks PointOf(ObjectHandle item, Name exactKey, Frames frames, Ticks frameTicks,
 ObjectHandle MakeVideoSubClip(const TrackContext& context, ObjectHandle item,
                               const ItemTimes& times, const ItemRates& rates)
 {
-    const ImportState& state = context.sequence.state;
+    ImportState& state = context.sequence.state;
     const ObjectHandle master = MasterForItem(state, item, MediaType::Video, context.index);
     const ObjectHandle masterClip = VideoClipOf(master);
     if (!masterClip)
         return {};
     const ItemSpeed speed = SpeedOfItem(item);
     const ObjectHandle source =
-        SourceForItem(state.document, MediaType::Video, masterClip.GetChild("Source"), rates.item);
+        SourceForItem(state, MediaType::Video, masterClip.GetChild("Source"), rates.item);
     const ObjectHandle clip = MakeVideoClip(state.document, source, FormOf(item, speed));
     CopyLabel(item, clip, "hfl.clip.label.name");
 
@@ -199,23 +185,23 @@ ObjectHandle MakeVideoSubClip(const TrackContext& context, ObjectHandle item,
     AddPoints(context, item, times.start, in, out, clip);
     AddFrameHold(item, context.sequence.rates.edges, clip);
     clip.AddChild("Markers", TranslateMarkers(state.document, item, rates.item));
-    AddMulticam(item, clip);
+    AddMulticam(state, item, clip);
     return MakeSubClip(context, item, clip, master);
 }
 
 ObjectHandle MakeAudioSubClip(const TrackContext& context, ObjectHandle item, int channelType,
                               const ItemTimes& times, const ItemRates& rates)
 {
-    const ImportState& state = context.sequence.state;
+    ImportState& state = context.sequence.state;
     const ObjectHandle master = MasterForItem(state, item, MediaType::Audio, context.index);
     const ItemChannels channels(master);
     if (channels.IsEmpty())
         return {};
     const ItemSpeed speed = SpeedOfItem(item);
     const int sourceTrack = channels.Reduce(SourceTrackOf(item, context.index));
-    const ObjectHandle source = SourceForItem(state.document, MediaType::Audio,
-                                              channels.At(sourceTrack).clip.GetChild("Source"),
-                                              context.sequence.rates.audio);
+    const ObjectHandle source =
+        SourceForItem(state, MediaType::Audio, channels.At(sourceTrack).clip.GetChild("Source"),
+                      context.sequence.rates.audio);
     const ObjectHandle clip = MakeAudioClip(state.document, source, FormOf(item, speed));
     CopyLabel(item, clip, "hfl.clip.label.name");
 
@@ -232,7 +218,7 @@ ObjectHandle MakeAudioSubClip(const TrackContext& context, ObjectHandle item, in
     clip.SetProperty("NumChannels", IntToString(ChannelCountOf(channelType)));
     clip.SetProperty("AudioChannelLayout",
                      ChannelLayoutText(channelType, ChannelCountOf(channelType)));
-    AddMulticam(item, clip);
+    AddMulticam(state, item, clip);
     AddItemChannels(context, item, channelType, sourceTrack, channels, clip);
     return MakeSubClip(context, item, clip, master);
 }

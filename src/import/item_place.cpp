@@ -6,31 +6,34 @@
 
 namespace XPJ {
 
-namespace {
-
-// Documents timed in ticks state the rate of their numbers beside the timecode.
-std::string TimecodeOf(const ImportState& state, ObjectHandle sequence, Frames start)
+SequenceClock ClockOf(const ImportState& state, ObjectHandle sequence)
 {
     const SequenceRates rates = RatesOfSequence(state, sequence);
     const ObjectHandle timecode = sequence.GetChild("timecode");
-    const ObjectHandle rate =
-        rates.edges == rates.video ? sequence.GetChild("rate") : timecode.GetChild("rate");
-    const std::int64_t base = Int64Property(rate, "timebase");
-    const bool isDrop = IsTrue(rate, "ntsc") && (base == 30 || base == 60) && !IsNonDrop(timecode);
-    const Frames frame = MultiplyTicks(start, rates.edges) / rates.video;
-    return FormatTimecode(AddTicks(frame, Int64Property(timecode, "frame")), base, isDrop);
+    const DocumentRate rate = RateOfFrame(rates.video);
+    const bool canDrop = rate.ntsc && (rate.timebase == 30 || rate.timebase == 60);
+    return {.name = sequence.GetProperty("name"),
+            .edges = rates.edges,
+            .frames = rates.video,
+            .first = Int64Property(timecode, "frame"),
+            .base = rate.timebase,
+            .drop = canDrop && !IsNonDrop(timecode)};
 }
 
-} // namespace
-
-ItemPlace PlaceOfItem(const ImportState& state, ObjectHandle sequence, ObjectHandle item,
-                      MediaType type, int trackIndex, Frames start)
+std::string SequenceClock::TimecodeOf(Frames start) const
 {
-    return {.sequence = sequence.GetProperty("name"),
+    const Frames frame = MultiplyTicks(start, edges) / frames;
+    return FormatTimecode(AddTicks(frame, first), base, drop);
+}
+
+ItemPlace PlaceOfItem(const SequenceClock& clock, ObjectHandle item, MediaType type, int trackIndex,
+                      Frames start)
+{
+    return {.sequence = clock.name,
             .clip = item.GetProperty("name"),
             .trackKind = type == MediaType::Video ? 1 : 2,
             .trackIndex = trackIndex,
-            .time = TimecodeOf(state, sequence, start)};
+            .time = clock.TimecodeOf(start)};
 }
 
 void AddItemIssue(ImportState& state, const ItemPlace& place, ImportIssue kind,
@@ -38,6 +41,17 @@ void AddItemIssue(ImportState& state, const ItemPlace& place, ImportIssue kind,
 {
     EffectContext{.document = state.document, .issues = state.issues, .place = place}.AddIssue(
         kind, subject);
+}
+
+void AddLeftOut(ImportState& state, const ItemPlace& place)
+{
+    TranslationIssue record;
+    record.sequence.text = place.sequence;
+    record.clip.text = place.clip;
+    record.trackKind = place.trackKind;
+    record.trackIndex = place.trackIndex;
+    record.time = place.time;
+    state.leftOut.push_back(std::move(record));
 }
 
 } // namespace XPJ

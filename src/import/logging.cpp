@@ -176,6 +176,8 @@ void CopyLabel(ObjectHandle element, ObjectHandle target, Name key)
 void CopyItemLabel(const ImportState& state, ObjectHandle element, ObjectHandle item)
 {
     CopyLabel(element, item, "Column.PropertyText.Label");
+    if (element.GetName() == "sequence")
+        return;
     const auto label = MetadataOf(FirstFileOf(state, element), kLabelMetadataKey);
     if (label && !label->empty())
         item.SetProperty("Column.PropertyText.Label", *label);

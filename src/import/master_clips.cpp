@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "import/generators.h"
+#include "import/item_effects.h"
 #include "import/layered_image.h"
 #include "import/master_builder.h"
 #include "import/media.h"
@@ -65,6 +66,8 @@ Registered BuildFileMaster(ImportState& state, ObjectHandle element, ObjectHandl
     result.master = state.masterClips.Find(masterClipId, fileId, 0,
                                            hasVideo ? MediaType::Video : MediaType::Audio);
     result.isNew = result.master == built;
+    if (result.isNew)
+        AddMasterEffects(state, element, file, built);
     return result;
 }
 
@@ -113,10 +116,10 @@ void BuildCandidate(ImportState& state, ObjectHandle clip, ObjectHandle file, bo
         state.clipSignatures.emplace(SignatureOf(clip, fileId), master);
 }
 
-// A layered image waits for who needs it, since each of its layers is a clip.
+// Layered images and slugs wait for who needs them, since they bring more than one clip.
 bool IsOpen(const ImportState& state, ObjectHandle clip, ObjectHandle file)
 {
-    return !IsLayeredImage(file) &&
+    return !IsLayeredImage(file) && !IsSlug(file) &&
            !state.clipSignatures.contains(SignatureOf(clip, file.GetProperty("id")));
 }
 
@@ -170,7 +173,7 @@ void CollectGenerator(ImportState& state, ObjectHandle clip, ObjectHandle genera
 // `trackindex` of a `sourcetrack`, from 0; -1 without one.
 int SourceTrackOf(ObjectHandle item)
 {
-    return std::max(IntProperty(item.GetChild("sourcetrack"), "trackindex", 0) - 1, -1);
+    return std::max(IntProperty(item.GetChild("sourcetrack"), "trackindex"), 0) - 1;
 }
 
 // Layers are entered under their own index, everything else under 0: an item asks for its source
@@ -382,7 +385,7 @@ ObjectHandle MasterForItem(const ImportState& state, ObjectHandle item, MediaTyp
     if (const ObjectHandle multiclip = FindMulticlip(item)) {
         if (!IsCollapsed(multiclip))
             return FindById(state.multiclips, multiclip.GetProperty("id"));
-        item = ActiveClip(multiclip);
+        item = ActiveClip(state, multiclip);
     }
     const MediumQuery query{.masterClipId = item.GetProperty("masterclipid"),
                             .type = type,
@@ -420,7 +423,7 @@ void TranslateLayeredItem(ImportState& state, ObjectHandle item, ObjectHandle fi
 int TranslateMasterClipItems(ImportState& state, ObjectHandle clip, ObjectHandle parentItem)
 {
     if (const ObjectHandle multiclip = FindMulticlip(clip))
-        clip = ActiveClip(multiclip);
+        clip = ActiveClip(state, multiclip);
     const ClipFileList list(state, clip);
     if (list.Files().empty())
         return AddFilelessItem(state, clip, parentItem);

@@ -51,6 +51,18 @@ void AddImporterPrefs(ObjectHandle file, ObjectHandle media)
     SetEncodedBlob(media, "ImporterPrefs", "ImporterPrefsChecksum", bytes);
 }
 
+// In a path, unlike a document's text, what looks like an entity is none.
+std::string EscapePath(std::string_view path)
+{
+    std::string text;
+    for (const char c : path)
+        if (c == '&')
+            text += "&amp;";
+        else
+            text += c;
+    return EscapeXML(text);
+}
+
 } // namespace
 
 ObjectHandle ResolveFile(const ImportState& state, ObjectHandle file)
@@ -148,7 +160,7 @@ std::string PathOfFile(const ImportState& state, ObjectHandle file)
     if (url.empty())
         return {};
     // Decoding may bring out characters that the project's text may not hold.
-    return EscapeXML(PathFromUrl(UnescapeXML(url), state.documentDirectory));
+    return EscapePath(PathFromUrl(UnescapeXML(url), state.documentDirectory));
 }
 
 std::string_view TitleOfFile(ObjectHandle file)

@@ -85,16 +85,6 @@ struct Angle {
     Ticks duration = 0;
 };
 
-// An item that shows a sequence has a source of its own.
-ObjectHandle SourceForAngle(Document& document, MediaType type, ObjectHandle source,
-                            Ticks rateTicks)
-{
-    const ObjectHandle sequence = source.GetChild("Sequence");
-    return sequence ? MakeSequenceSource(document, type, sequence, rateTicks,
-                                         Int64Property(source, "OriginalDuration"))
-                    : source;
-}
-
 void AddWholeRange(const MulticlipContext& context, const Angle& angle, ObjectHandle clip)
 {
     clip.SetPropertyShared("InPoint", "0");
@@ -122,8 +112,8 @@ ObjectHandle MakeAnglePicture(const MulticlipContext& context, const Angle& angl
     const ObjectHandle masterClip = VideoClipOf(master);
     if (!masterClip)
         return {};
-    const ObjectHandle source = SourceForAngle(document, MediaType::Video,
-                                               masterClip.GetChild("Source"), context.rates.video);
+    const ObjectHandle source = SourceForItem(context.state, MediaType::Video,
+                                              masterClip.GetChild("Source"), context.rates.video);
     const ObjectHandle clip = MakeVideoClip(document, source, {.inUse = true});
     AddWholeRange(context, angle, clip);
     return MakeWholeVideoItem(document, ItemOf(angle, clip, master), context.frame.rect,
@@ -154,8 +144,9 @@ ObjectHandle MakeAngleSound(const MulticlipContext& context, const Angle& angle)
     const std::vector<MasterChannel> channels = ChannelsOf(master);
     if (channels.empty())
         return {};
-    const ObjectHandle source = SourceForAngle(
-        document, MediaType::Audio, channels.front().clip.GetChild("Source"), context.rates.audio);
+    const ObjectHandle source =
+        SourceForItem(context.state, MediaType::Audio, channels.front().clip.GetChild("Source"),
+                      context.rates.audio);
     const ObjectHandle clip = MakeAudioClip(document, source, {.inUse = true});
     clip.SetPropertyShared("SecondaryIndex", "0");
     clip.SetPropertyShared("Gain", "1.0");
@@ -231,17 +222,6 @@ void AddAngles(const MulticlipContext& context, ObjectHandle sequence)
     sequence.AddChild("TrackGroup", audioGroup.group);
 }
 
-// "0,0,width,height"
-void ChooseMulticlipPreset(const MulticlipContext& context, ObjectHandle sequence)
-{
-    const std::string_view rect = context.frame.rect;
-    const std::size_t comma = rect.rfind(',');
-    const std::string_view beforeHeight = rect.substr(0, comma);
-    const int width = ParseInt(beforeHeight.substr(beforeHeight.rfind(',') + 1));
-    PresetFromFormat(context.rates.video, width, ParseInt(rect.substr(comma + 1)),
-                     context.frame.formatName, sequence);
-}
-
 } // namespace
 
 SequenceRates RatesOfMulticlip(ObjectHandle multiclip)
@@ -296,7 +276,7 @@ bool FillMulticlipSequence(ImportState& state, ObjectHandle multiclip, ObjectHan
     AddAngles(context, sequence);
     sequence.AddChild("Markers", TranslateMarkers(state.document, multiclip, context.rates.video));
     sequence.AddChild("DVDMarkers", state.document.NewObject("DVDMarkers"));
-    ChooseMulticlipPreset(context, sequence);
+    PresetFromFormat(context.rates.video, context.frame, sequence);
     return true;
 }
 

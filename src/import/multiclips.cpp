@@ -55,6 +55,7 @@ ObjectHandle MakeMulticlipMaster(ImportState& state, ObjectHandle multiclip)
     const Ticks duration = MultiplyTicks(extent.duration, rates.video);
     const ObjectHandle sequence = document.NewObject("Sequence");
     sequence.SetPropertyShared("Name", multiclip.GetProperty("name"));
+    state.sequenceElements.emplace(sequence.UniqueId(), multiclip);
 
     FileSources sources;
     sources.video.push_back(
@@ -63,6 +64,26 @@ ObjectHandle MakeMulticlipMaster(ImportState& state, ObjectHandle multiclip)
         MakeSequenceSource(document, MediaType::Audio, sequence, rates.audio, duration, 0));
     return BuildMasterClip(state, multiclip, sources, {kAdaptive, extent.channels},
                            {.wideMulticlip = true});
+}
+
+// The first angle that is active for the picture, else for the sound, else the first of all.
+AngleNote FindActiveAngle(ObjectHandle multiclip)
+{
+    for (const Name key : {Name("activevideoangle"), Name("activeaudioangle")}) {
+        int number = 1;
+        for (const ObjectHandle& angle : multiclip.GetChildren("angle")) {
+            if (IsTrue(angle, key))
+                return {number, angle.GetChild("clip")};
+            ++number;
+        }
+    }
+    return {1, FindPath(multiclip, {"angle", "clip"})};
+}
+
+AngleNote NoteOf(const ImportState& state, ObjectHandle multiclip)
+{
+    const auto noted = state.activeAngles.find(multiclip.UniqueId());
+    return noted != state.activeAngles.end() ? noted->second : FindActiveAngle(multiclip);
 }
 
 void AddMulticamProperties(ObjectHandle element, ObjectHandle multiclip, ObjectHandle master)
@@ -87,26 +108,14 @@ ObjectHandle FindMulticlip(ObjectHandle element)
     return FindPath(media, {"audio", "track", "clipitem", "multiclip"});
 }
 
-int ActiveAngle(ObjectHandle multiclip)
+int ActiveAngle(const ImportState& state, ObjectHandle multiclip)
 {
-    for (const Name key : {Name("activevideoangle"), Name("activeaudioangle")}) {
-        int number = 1;
-        for (const ObjectHandle& angle : multiclip.GetChildren("angle")) {
-            if (IsTrue(angle, key))
-                return number;
-            ++number;
-        }
-    }
-    return 1;
+    return NoteOf(state, multiclip).number;
 }
 
-ObjectHandle ActiveClip(ObjectHandle multiclip)
+ObjectHandle ActiveClip(const ImportState& state, ObjectHandle multiclip)
 {
-    int number = ActiveAngle(multiclip);
-    for (const ObjectHandle& angle : multiclip.GetChildren("angle"))
-        if (--number == 0)
-            return angle.GetChild("clip");
-    return {};
+    return NoteOf(state, multiclip).clip;
 }
 
 bool IsCollapsed(ObjectHandle multiclip)
@@ -116,6 +125,7 @@ bool IsCollapsed(ObjectHandle multiclip)
 
 void CollectMulticlip(ImportState& state, ObjectHandle multiclip)
 {
+    state.activeAngles.emplace(multiclip.UniqueId(), FindActiveAngle(multiclip));
     const std::string_view id = multiclip.GetProperty("id");
     if (IsCollapsed(multiclip) || id.empty() || state.multiclips.contains(id))
         return;

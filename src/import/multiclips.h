@@ -10,15 +10,15 @@ namespace XPJ {
 ObjectHandle FindMulticlip(ObjectHandle element);
 
 // The number of the active angle, from 1.
-int ActiveAngle(ObjectHandle multiclip);
+int ActiveAngle(const ImportState& state, ObjectHandle multiclip);
 
 // The `clip` of the active angle; null if it has none.
-ObjectHandle ActiveClip(ObjectHandle multiclip);
+ObjectHandle ActiveClip(const ImportState& state, ObjectHandle multiclip);
 
 // A collapsed multiclip, the usual kind, counts as the clip of its active angle.
 bool IsCollapsed(ObjectHandle multiclip);
 
-// Enters the master of an uncollapsed `multiclip`.
+// Notes the active angle of a `multiclip`, and enters the master of an uncollapsed one.
 void CollectMulticlip(ImportState& state, ObjectHandle multiclip);
 
 // Makes the project item of an element whose `multiclip` is not collapsed.

@@ -4,6 +4,8 @@
 #include "import/item_times.h"
 
 #include <algorithm>
+#include <iterator>
+#include <limits>
 
 namespace XPJ {
 
@@ -13,6 +15,104 @@ std::pair<Ticks, std::uint64_t> KeyOf(ObjectHandle trackItem)
 {
     return {Int64Property(trackItem, "Start"), trackItem.UniqueId()};
 }
+
+Ticks EndOf(ObjectHandle trackItem)
+{
+    return Int64Property(trackItem, "End");
+}
+
+// | outgoing |==|==| incoming |    == the transition, start..end
+//                ^                 the cut
+//
+// Items of a track do not overlap: the last one that starts before a time reaches over it, or none
+// does.
+class NeighbourSearch {
+public:
+    NeighbourSearch(const ItemsByStart& items, Ticks start, Ticks end,
+                    const TransitionAlignment& alignment)
+        : items_(items), start_(start), end_(end), alignment_(alignment)
+    {
+    }
+
+    Neighbours Find() const
+    {
+        Neighbours found;
+        const auto outgoing = alignment_.hasOutgoing ? Outgoing() : items_.end();
+        if (outgoing != items_.end()) {
+            found.outgoing = outgoing->second;
+            found.outgoingDelta = LackAtEnd(outgoing);
+        }
+        const auto incoming = alignment_.hasIncoming ? Incoming() : items_.end();
+        if (incoming == items_.end() || incoming == outgoing)
+            return found;
+        found.incoming = incoming->second;
+        if (!found.outgoing)
+            found.incomingDelta = LackAtStart(incoming);
+        return found;
+    }
+
+private:
+    using Position = ItemsByStart::const_iterator;
+
+    Position FirstFrom(Ticks time) const { return items_.lower_bound({time, 0}); }
+    Position LastBefore(Ticks time) const
+    {
+        const Position next = FirstFrom(time);
+        return next == items_.begin() ? items_.end() : std::prev(next);
+    }
+
+    // An item that starts with the transition goes out only where the cut can be at its end.
+    bool GoesOut(ObjectHandle startingItem) const
+    {
+        if (alignment_.cut == CutPlace::Start)
+            return false;
+        return !alignment_.hasIncoming || EndOf(startingItem) <= end_;
+    }
+    Position Outgoing() const
+    {
+        const Position after =
+            items_.upper_bound({start_, std::numeric_limits<std::uint64_t>::max()});
+        if (after == items_.begin())
+            return items_.end();
+        Position found = std::prev(after);
+        if (found->first.first == start_ && !GoesOut(found->second))
+            found = LastBefore(start_);
+        if (found == items_.end())
+            return found;
+        const Ticks end = EndOf(found->second);
+        const bool reaches = alignment_.cut == CutPlace::End ? end > start_ : end >= start_;
+        return reaches ? found : items_.end();
+    }
+    Position Incoming() const
+    {
+        if (alignment_.cut == CutPlace::End)
+            if (const Position next = FirstFrom(end_);
+                next != items_.end() && next->first.first == end_)
+                return next;
+        const Position found = LastBefore(end_);
+        return found != items_.end() && EndOf(found->second) >= end_ ? found : items_.end();
+    }
+
+    // An item is not extended into the one beside it.
+    Ticks LackAtEnd(Position outgoing) const
+    {
+        const Position next = std::next(outgoing);
+        const Ticks limit = next == items_.end() ? end_ : std::min(end_, next->first.first);
+        return std::max<Ticks>(Minus(limit, EndOf(outgoing->second)), 0);
+    }
+    Ticks LackAtStart(Position incoming) const
+    {
+        const Ticks limit = incoming == items_.begin()
+                                ? start_
+                                : std::max(start_, EndOf(std::prev(incoming)->second));
+        return std::min<Ticks>(Minus(limit, incoming->first.first), 0);
+    }
+
+    const ItemsByStart& items_;
+    Ticks start_;
+    Ticks end_;
+    const TransitionAlignment& alignment_;
+};
 
 Ticks Move(ObjectHandle node, Name key, Ticks delta)
 {
@@ -29,6 +129,12 @@ ItemsByStart ItemsOfTrack(ObjectHandle projectTrack)
     for (const ObjectHandle& item : projectTrack.GetChildren("TrackItem"))
         items.emplace(KeyOf(item), item);
     return items;
+}
+
+Neighbours FindNeighbours(const ItemsByStart& items, Ticks start, Ticks end,
+                          const TransitionAlignment& alignment)
+{
+    return NeighbourSearch(items, start, end, alignment).Find();
 }
 
 void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, ObjectHandle trackItem,
@@ -56,8 +162,8 @@ void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, ObjectHan
         Move(clip, "OutPoint", shift);
         context.sequence.end = std::max(context.sequence.end, edge);
     }
-    ItemPlace place = PlaceOfItem(state, context.sequence.sequence, trackItem, context.type,
-                                  context.index, edge / unit);
+    ItemPlace place =
+        PlaceOfItem(context.sequence.clock, trackItem, context.type, context.index, edge / unit);
     place.clip = subClip.GetProperty("Name");
     AddItemIssue(state, place,
                  delta < 0 ? ImportIssue::StartOfClipExtended : ImportIssue::EndOfClipExtended,

@@ -1,6 +1,7 @@
 // The items beside a transition.
 #pragma once
 
+#include "import/cut_points.h"
 #include "import/tracks.h"
 #include "model/object.h"
 
@@ -15,6 +16,18 @@ namespace XPJ {
 // which they were made.
 using ItemsByStart = std::map<std::pair<Ticks, std::uint64_t>, ObjectHandle>;
 ItemsByStart ItemsOfTrack(ObjectHandle projectTrack);
+
+// The items that a transition leads from and to. A delta is what an item lacks to reach as far as
+// the transition, in ticks: above 0 at the end of the outgoing one, below 0 at the start of the
+// incoming one.
+struct Neighbours {
+    ObjectHandle outgoing;
+    ObjectHandle incoming;
+    Ticks outgoingDelta = 0;
+    Ticks incomingDelta = 0;
+};
+Neighbours FindNeighbours(const ItemsByStart& items, Ticks start, Ticks end,
+                          const TransitionAlignment& alignment);
 
 // Lengthens an item to where a transition ends, with a finding: by a negative `delta` (ticks) at
 // its start, by a positive one at its end.

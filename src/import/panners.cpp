@@ -98,6 +98,15 @@ ObjectHandle MakeTrackPanner(Document& document, const PannerForm& form)
     return panner;
 }
 
+ObjectHandle MakeItemPanner(Document& document, ObjectHandle pan, Ticks sampleTicks)
+{
+    if (!pan)
+        return {};
+    const ObjectHandle panner = MakePanner(document, "MonoToStereoPanProcessor", sampleTicks);
+    panner.AddChild("Param", pan);
+    return panner;
+}
+
 ObjectHandle MakeDefaultPanner(Document& document, int inputType, int outputType, Ticks sampleTicks)
 {
     const ObjectHandle panner = MakePanner(document, "DefaultPanProcessor", sampleTicks);

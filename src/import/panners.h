@@ -30,6 +30,9 @@ struct PannerForm {
 // The panner of an audio track, at rest.
 ObjectHandle MakeTrackPanner(Document& document, const PannerForm& form);
 
+// The panner of a mono item on a stereo track, with its `pan` parameter; null without one.
+ObjectHandle MakeItemPanner(Document& document, ObjectHandle pan, Ticks sampleTicks);
+
 // The panner that changes nothing, from one channel type to another.
 ObjectHandle MakeDefaultPanner(Document& document, int inputType, int outputType,
                                Ticks sampleTicks);

@@ -7,6 +7,7 @@
 #include "import/master_builder.h"
 #include "import/master_clips.h"
 #include "import/media.h"
+#include "import/multiclip_sequence.h"
 #include "import/multiclips.h"
 #include "import/project_items.h"
 #include "import/sequences.h"
@@ -28,17 +29,20 @@ struct TrackReference {
 // document nest them deeper than its own elements.
 struct SequenceWalk {
     ObjectHandle sequence;
+    ObjectHandle characteristics; // of its picture
+    SequenceClock clock;
     std::vector<TrackReference> references;
     std::size_t next = 0;
 };
 
 void AddReferences(ObjectHandle medium, MediaType type, SequenceWalk& walk)
 {
+    const bool exploded = IsTrue(medium, "explodedTracks");
     int index = 0;
     for (const ObjectHandle& track : medium.GetChildren("track")) {
         for (const ObjectHandle& item : track.GetChildren())
             if (item.GetName() == "clipitem" || item.GetName() == "generatoritem")
-                walk.references.push_back({item, type, index, IsTrue(medium, "explodedTracks")});
+                walk.references.push_back({item, type, index, exploded});
         if (type == MediaType::Video || !IsContinuationTrack(track))
             ++index;
     }
@@ -55,11 +59,13 @@ void MarkExploded(ObjectHandle sequence, ObjectHandle media)
 
 SequenceWalk BeginWalk(const ImportState& state, ObjectHandle sequence)
 {
-    NormaliseSequence(sequence, RatesOfSequence(state, sequence).edges);
     const ObjectHandle media = sequence.GetChild("media");
     MarkExploded(sequence, media);
     SequenceWalk walk;
     walk.sequence = sequence;
+    walk.characteristics = CharacteristicsOf(sequence);
+    walk.clock = ClockOf(state, sequence);
+    NormaliseSequence(sequence, walk.clock.edges);
     AddReferences(media.GetChild("video"), MediaType::Video, walk);
     AddReferences(media.GetChild("audio"), MediaType::Audio, walk);
     return walk;
@@ -78,7 +84,7 @@ void TranslateFileReference(ImportState& state, const SequenceWalk& walk,
     const ObjectHandle item = reference.item;
     const std::string_view masterClipId = item.GetProperty("masterclipid");
     const std::string_view fileId = file.GetProperty("id");
-    const ObjectHandle fallback = CharacteristicsOf(walk.sequence);
+    const ObjectHandle fallback = walk.characteristics;
     if (state.masterClips.Find(masterClipId, fileId, 0, MediaType::Video))
         return;
     if (IsSlug(file))
@@ -104,6 +110,13 @@ void TranslateMulticlipReference(ImportState& state, ObjectHandle item, ObjectHa
         TranslateMulticlipItem(state, item, parentItem);
 }
 
+// The `sequence` or `multiclip` behind a Sequence; null for one that the import made up.
+ObjectHandle ElementOf(const ImportState& state, ObjectHandle projectSequence)
+{
+    const auto element = state.sequenceElements.find(projectSequence.UniqueId());
+    return element != state.sequenceElements.end() ? element->second : ObjectHandle();
+}
+
 // The `sequence` that an item without a file shows, if it is not filled yet.
 ObjectHandle UnfilledSequenceOf(const ImportState& state, const TrackReference& reference)
 {
@@ -111,8 +124,8 @@ ObjectHandle UnfilledSequenceOf(const ImportState& state, const TrackReference& 
         SequenceOf(MasterForItem(state, reference.item, reference.type, reference.trackIndex));
     if (!shown || HasValue(shown, "uid"))
         return {};
-    const auto element = state.sequenceElements.find(shown.UniqueId());
-    return element != state.sequenceElements.end() ? element->second : ObjectHandle();
+    const ObjectHandle element = ElementOf(state, shown);
+    return element.GetName() == "sequence" ? element : ObjectHandle();
 }
 
 void TranslateGeneratorReference(ImportState& state, const SequenceWalk& walk,
@@ -126,7 +139,7 @@ void TranslateGeneratorReference(ImportState& state, const SequenceWalk& walk,
     const GeneratorResult result = TranslateGenerator(state, item, walk.sequence);
     if (!result.translated && state.reportedGenerators.insert(item.UniqueId()).second)
         AddItemIssue(state,
-                     PlaceOfItem(state, walk.sequence, item, reference.type, reference.trackIndex,
+                     PlaceOfItem(walk.clock, item, reference.type, reference.trackIndex,
                                  Int64Property(item, "start")),
                      ImportIssue::GeneratorNotTranslated2,
                      item.GetChild("effect").GetProperty("name"));
@@ -186,6 +199,20 @@ void TranslateSequence(ImportState& state, ObjectHandle sequence, ObjectHandle p
                 return;
             begin(nested);
         }
+    }
+}
+
+void TranslateShownSequences(ImportState& state, ObjectHandle rootItem)
+{
+    // What is filled here may show more of them.
+    for (std::size_t i = 0; i < state.shownSequences.size(); ++i) {
+        const ObjectHandle shown = state.shownSequences[i];
+        const ObjectHandle element = ElementOf(state, shown);
+        if (element.GetName() == "multiclip")
+            FillMulticlipSequence(state, element, shown, rootItem);
+        else if (!HasValue(shown, "uid"))
+            TranslateSequence(state, element, rootItem);
+        BeginSequence(state, shown); // what refers to it needs its `uid`
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "import/formats.h"
+#include "import/item_place.h"
 #include "import/markers.h"
 #include "import/master_builder.h"
 #include "import/tracks.h"
@@ -141,6 +142,17 @@ ObjectHandle MasterOfCollectedSequence(ImportState& state, ObjectHandle sequence
     return BuildMasterClip(state, sequence, sources, SoundOfSequence(state, sequence));
 }
 
+ObjectHandle SourceForItem(ImportState& state, MediaType type, ObjectHandle source, Ticks rateTicks)
+{
+    const ObjectHandle sequence = source.GetChild("Sequence");
+    if (!sequence)
+        return source;
+    if (!HasValue(sequence, "uid"))
+        state.shownSequences.push_back(sequence);
+    return MakeSequenceSource(state.document, type, sequence, rateTicks,
+                              Int64Property(source, "OriginalDuration"));
+}
+
 int BeginSequence(ImportState& state, ObjectHandle projectSequence)
 {
     if (HasValue(projectSequence, "uid"))
@@ -161,9 +173,12 @@ bool FillSequence(ImportState& state, ObjectHandle sequence, ObjectHandle master
         return false;
     CopyUIProperties(sequence, result);
     context.rates = RatesOfSequence(state, sequence);
+    context.clock = ClockOf(state, sequence);
     const FrameFormat frame = FrameOfSequence(sequence);
-    if (frame.rect.empty() || frame.par.empty())
+    if (frame.rect.empty() || frame.par.empty()) {
+        AddLeftOut(state, {.sequence = context.clock.name});
         return false;
+    }
     context.frameRect = frame.rect;
     context.aspect = frame.par;
 

@@ -33,6 +33,15 @@ ObjectHandle MasterOfCollectedSequence(ImportState& state, ObjectHandle sequence
 // in the same bin. One that was translated before, or is on its way, stays as it is.
 void TranslateSequence(ImportState& state, ObjectHandle sequence, ObjectHandle parentItem);
 
+// Fills, into the root, the sequences and multiclips that items show and nothing has filled: those
+// that only the angles of a multiclip lead to.
+void TranslateShownSequences(ImportState& state, ObjectHandle rootItem);
+
+// The source that an item at a rate shows of a master's. Every item of a nested sequence has one of
+// its own.
+ObjectHandle SourceForItem(ImportState& state, MediaType type, ObjectHandle source,
+                           Ticks rateTicks);
+
 // Gives a Sequence its `uid` and `ID`, which is returned; 0, and nothing happens, if it has them.
 int BeginSequence(ImportState& state, ObjectHandle projectSequence);
 

@@ -6,6 +6,8 @@
 #include "import/subclips.h"
 #include "import/synthetic_media.h"
 
+#include <algorithm>
+
 namespace XPJ {
 
 namespace {
@@ -24,7 +26,8 @@ StreamRange RangeOf(const ImportState& state, ObjectHandle element, ObjectHandle
 {
     const ObjectHandle timed = HasValue(file, "duration") ? file : element;
     StreamRange range;
-    range.duration = MultiplyTicks(Int64Property(timed, "duration"), frameTicks);
+    const std::int64_t frames = std::max<std::int64_t>(Int64Property(timed, "duration"), 0);
+    range.duration = MultiplyTicks(frames, frameTicks);
     const SubclipRange part = ReadSubclipInfo(state, element);
     if (part.IsKnown())
         range.boundaries = {MultiplyTicks(part.start, frameTicks),

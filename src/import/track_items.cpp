@@ -3,7 +3,9 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "import/item_clips.h"
+#include "import/item_effects.h"
 #include "import/item_place.h"
+#include "import/item_sound.h"
 #include "import/media.h"
 #include "import/whole_items.h"
 #include "platform/platform.h"
@@ -47,6 +49,13 @@ bool HasPlace(const TrackContext& context, const ItemTimes& times)
     return context.type == MediaType::Video || times.out > times.in;
 }
 
+ObjectHandle LeaveOut(const TrackContext& context, ObjectHandle item, Frames start)
+{
+    AddLeftOut(context.sequence.state,
+               PlaceOfItem(context.sequence.clock, item, context.type, context.index, start));
+    return {};
+}
+
 struct ChannelTypeName {
     std::string_view name;
     int type;
@@ -71,14 +80,11 @@ int ItemChannelType(const ImportState& state, ObjectHandle item, int trackType)
 
 void AddItemIssue(const TrackContext& context, ObjectHandle item, Frames start, ImportIssue kind)
 {
-    ImportState& state = context.sequence.state;
-    AddItemIssue(
-        state,
-        PlaceOfItem(state, context.sequence.sequence, item, context.type, context.index, start),
-        kind);
+    AddItemIssue(context.sequence.state,
+                 PlaceOfItem(context.sequence.clock, item, context.type, context.index, start),
+                 kind);
 }
 
-// Effects, levels and pan of items are not translated yet: chains are at rest.
 ObjectHandle TranslateVideoItem(const TrackContext& context, ObjectHandle item)
 {
     const ItemRates rates = RatesOfItem(item, context.sequence.rates.edges);
@@ -89,12 +95,12 @@ ObjectHandle TranslateVideoItem(const TrackContext& context, ObjectHandle item)
     }
     const ObjectHandle subClip = MakeVideoSubClip(context, item, times, rates);
     if (!subClip)
-        return {};
+        return LeaveOut(context, item, times.start);
     const ObjectHandle result = MakeItem(context, "VideoClipTrackItem", item, times);
     result.SetProperty("FrameRect", context.sequence.frameRect);
     result.SetProperty("PixelAspectRatio", context.sequence.aspect);
     result.AddChild("SubClip", subClip);
-    result.AddChild("Components", MakeEmptyVideoChain(context.sequence.state.document));
+    result.AddChild("Components", MakeItemVideoChain(context, item, times.start, subClip));
     return result;
 }
 
@@ -109,12 +115,11 @@ ObjectHandle TranslateAudioItem(const TrackContext& context, ObjectHandle item, 
     const int channelType = ItemChannelType(context.sequence.state, item, trackType);
     const ObjectHandle subClip = MakeAudioSubClip(context, item, channelType, times, rates);
     if (!subClip)
-        return {};
+        return LeaveOut(context, item, times.start);
     const ObjectHandle result = MakeItem(context, "AudioClipTrackItem", item, times);
     result.SetProperty("ID", NewGuidText());
     result.AddChild("SubClip", subClip);
-    result.AddChild("Components", MakeEmptyAudioChain(context.sequence.state.document, channelType,
-                                                      TickText(context.sequence.rates.audio)));
+    AddItemSound(context, item, times.start, channelType, trackType, result);
     return result;
 }
 

@@ -2,10 +2,13 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
+#include "effects/audio_fader.h"
 #include "import/formats.h"
+#include "import/item_sound.h"
 #include "import/media.h"
 #include "import/streams.h"
 #include "import/track_items.h"
+#include "import/track_transitions.h"
 #include "import/whole_items.h"
 #include "model/side_tables.h"
 #include "platform/platform.h"
@@ -90,7 +93,7 @@ private:
     std::unordered_map<std::string_view, int> lastNumbers_;
 };
 
-// Transitions are not translated yet; they count as positions.
+// Transitions count as positions, and find their neighbours once all items are there.
 template <typename Translator>
 void TranslateItems(const TrackContext& context, ObjectHandle track, ObjectHandle result,
                     const Translator& translate)
@@ -112,6 +115,7 @@ void TranslateItems(const TrackContext& context, ObjectHandle track, ObjectHandl
             KeyOfItem(item, context.type, context.sequence.number, context.number, position),
             trackItem);
     }
+    TranslateTransitions(context, track, result);
 }
 
 ObjectHandle TranslateVideoTrack(const TrackContext& context, ObjectHandle track)
@@ -138,9 +142,17 @@ ObjectHandle TranslateAudioTrack(const TrackContext& context, ObjectHandle track
                         .handoff = state.sn2vlMode});
     SetFlags(track, result);
     CopyTrackProperties(track, result);
+    ApplyTrackLevel(context, track, result);
     TranslateItems(context, track, result,
                    [&](ObjectHandle item) { return TranslateAudioItem(context, item, type); });
     return result;
+}
+
+ObjectHandle MakeFader(Document& document, int channelType, Ticks sampleTicks)
+{
+    return MakeFaderChain(document, {.channelType = channelType,
+                                     .channels = ChannelCountOf(channelType),
+                                     .sampleTicks = sampleTicks});
 }
 
 // An audio track with the numbers of the continuations that follow it.
@@ -168,7 +180,7 @@ std::vector<AudioTrackRange> AudioTracksOf(ObjectHandle audio)
 
 bool IsContinuationTrack(ObjectHandle track)
 {
-    return track.HasProperty("velaTrackType") &&
+    return HasValue(track, "velaTrackType") &&
            track.GetProperty("currentExplodedTrackIndex") != "0";
 }
 
@@ -178,7 +190,7 @@ int TrackChannelType(const ImportState& state, ObjectHandle track)
         return HandoffType(state, track);
     const std::string_view name = track.GetProperty("velaTrackType");
     const bool isCancelled = name == "Mono" && IntProperty(track, "totalExplodedTrackCount") == 1;
-    if (track.HasProperty("velaTrackType") && !isCancelled)
+    if (!name.empty() && !isCancelled)
         return NamedType(name);
     return HasFlag(track, "monotrack") ? kMonoType : kStereoType;
 }
@@ -193,7 +205,6 @@ ObjectHandle MakeVideoTrack(Document& document, int index, int id)
     return track;
 }
 
-// Fader and meter are not made yet: the chain is empty and at its default volume.
 ObjectHandle MakeAudioTrack(Document& document, int index, int id, const PannerForm& panner)
 {
     const ObjectHandle track = document.NewObject("AudioClipTrack");
@@ -206,8 +217,7 @@ ObjectHandle MakeAudioTrack(Document& document, int index, int id, const PannerF
     track.SetProperty("AudioTrackID", NewGuidText());
     track.SetPropertyShared("Assign", "1");
     track.SetPropertyShared("NextPannerID", kNextPannerId);
-    track.AddChild("Components",
-                   MakeEmptyAudioChain(document, panner.trackType, TickText(panner.sampleTicks)));
+    track.AddChild("Components", MakeFader(document, panner.trackType, panner.sampleTicks));
     track.AddChild("Panner", MakeTrackPanner(document, panner));
     return track;
 }
@@ -240,7 +250,7 @@ void AddMasterTrack(Document& document, const AudioGroup& group, int trackCount,
     master.SetProperty("ChannelType", IntToString(groupType));
     master.SetProperty("FrameRate", TickText(sampleTicks));
     master.SetPropertyShared("NextPannerID", kNextPannerId);
-    master.AddChild("Components", MakeEmptyAudioChain(document, groupType, TickText(sampleTicks)));
+    master.AddChild("Components", MakeFader(document, groupType, sampleTicks));
     master.AddChild("Panner", MakeDefaultPanner(document, groupType, groupType, sampleTicks));
     master.AddChild("Inlet", group.inlet);
     group.group.AddChild("MasterTrack", master);
@@ -294,6 +304,7 @@ ObjectHandle TranslateAudioTracks(SequenceContext& context, ObjectHandle audio, 
     }
     group.group.SetProperty("NextTrackID", IntToString(track.id));
     AddMasterTrack(document, group, track.index, context.groupType, sampleTicks);
+    ApplyMasterLevel(context, audio, group.group.GetChild("MasterTrack"));
     return group.group;
 }
 

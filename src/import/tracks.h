@@ -3,6 +3,7 @@
 
 #include "core/ticks.h"
 #include "import/import_state.h"
+#include "import/item_place.h"
 #include "import/links.h"
 #include "import/panners.h"
 #include "import/sequences.h"
@@ -20,6 +21,7 @@ struct SequenceContext {
     ObjectHandle projectSequence = {};
     int number = 0; // `ID` of the Sequence
     SequenceRates rates = {};
+    SequenceClock clock = {};
     std::string frameRect = {};
     std::string_view aspect = {}; // of pixels
     int groupType = kStereoType;  // ChannelType of the audio track group

@@ -105,7 +105,8 @@ constexpr RuleRow kRules[] = {
     {"Link", "Link", "", "TrackItemGroup", ""},
     {"Links", "Links", "", "", "Link"},
     {"LoggingInfo", "ClipLoggingInfo",
-     "Description LogNote Scene ShotTake TapeName TimecodeFormat SoundRoll SoundTimeCode "
+     "Description LogNote Scene ShotTake TapeName TimecodeFormat MediaInPoint SoundRoll "
+     "SoundTimeCode "
      "FilmCameraRoll FilmDailyRoll FilmLabRoll FilmKeycodeFeetFrames FilmKeycodePerfoffset "
      "FilmKeycodePrefix FilmKeycodeReversed",
      "", ""},

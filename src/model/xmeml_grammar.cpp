@@ -71,7 +71,7 @@ constexpr struct {
      "authoringApp name parameterid parameterspecifier hash valuemin valuemax LowerUIBound "
      "UpperUIBound LowerBound UpperBound ParameterControlType IsTimeVarying Keyframes",
      "keyframe value valuelist interpolation"},
-    {"project", "name", "children"},
+    {"project", "name", "children bin clip sequence"},
     {"qtcodec",
      "codecname codectypename codectypecode codecvendorcode spatialquality temporalquality "
      "keyframerate datarate",

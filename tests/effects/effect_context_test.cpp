@@ -45,5 +45,26 @@ TEST(EffectContext, RatiosAreOneForUnknownSizes)
     EXPECT_EQ(context.HorizontalRatio(), 1.0);
 }
 
+TEST(EffectContext, FramesOfAProject)
+{
+    const struct {
+        const char* rect;
+        const char* aspect;
+        FrameSize expected;
+    } rows[] = {
+        {"0,0,720,480", "10,11", {720, 480, 10.0 / 11.0}},
+        {"10,20,30,60", "1,1", {20, 40, 1.0}},
+        {"", "", {0, 0, 1.0}},
+        {"9,9,0,0", "4,0", {0, 0, 1.0}},
+        {"-2147483648,0,2147483647,1", "-4,-3", {2147483647, 1, 1.0}},
+    };
+    for (const auto& row : rows) {
+        const FrameSize size = ParseFrameSize(row.rect, row.aspect);
+        EXPECT_EQ(size.width, row.expected.width) << row.rect;
+        EXPECT_EQ(size.height, row.expected.height) << row.rect;
+        EXPECT_DOUBLE_EQ(size.pixelAspect, row.expected.pixelAspect) << row.aspect;
+    }
+}
+
 } // namespace
 } // namespace XPJ

@@ -1,4 +1,6 @@
 #include "import/import_driver.h"
+#include "import/media_outline.h"
+#include "import/outline.h"
 #include "model/reader.h"
 #include "model/writer.h"
 #include "support/golden.h"
@@ -13,6 +15,8 @@ namespace {
 struct Imported {
     std::string project;
     std::string issues;
+    std::string outline;
+    std::string media;
 };
 
 // Words behind `%% import` switch modes on: "aaf", "sn2vl".
@@ -35,7 +39,7 @@ Imported Import(const GoldenSection& input)
     Document inputDocument;
     ObjectHandle root;
     if (const int read = ParseFCPXML(input.text, inputDocument, root); read != kReadDone)
-        return {"read " + std::to_string(read) + "\n", {}};
+        return {"read " + std::to_string(read) + "\n", {}, {}, {}};
 
     Document document;
     ObjectHandle project;
@@ -43,11 +47,12 @@ Imported Import(const GoldenSection& input)
     const int result = ImportDocument(root, options, progress, document, issues, project);
     const std::string issueText = IssueText(issues, Direction::Import);
     if (result != kSuccess)
-        return {"result " + std::to_string(result) + "\n", issueText};
+        return {"result " + std::to_string(result) + "\n", issueText, {}, {}};
 
     std::ostringstream text;
     WriteProjectDocument(project, progress, text, options.sn2vlMode);
-    return {text.str(), issueText};
+    const ObjectHandle made = project.GetChild("Project");
+    return {text.str(), issueText, OutlineText(made), MediaOutlineText(made)};
 }
 
 std::string Produce(const GoldenSection& input, const GoldenSection& output)
@@ -55,6 +60,10 @@ std::string Produce(const GoldenSection& input, const GoldenSection& output)
     const Imported imported = Import(input);
     if (output.name == "issues")
         return imported.issues;
+    if (output.name == "outline")
+        return imported.outline;
+    if (output.name == "media")
+        return imported.media;
     constexpr std::string_view kOnly = "only=";
     std::string_view classes = output.arguments;
     classes.remove_prefix(classes.starts_with(kOnly) ? kOnly.size() : 0);

@@ -388,7 +388,7 @@ int CountOf(ObjectHandle node, Name key)
 TEST_F(MasterClipsTest, AMulticlipHasTwoTracksForEachAngle)
 {
     const std::vector<ObjectHandle> clips = Collect(ClipOf("c", Multiclip("x", "FALSE")));
-    EXPECT_EQ(ActiveAngle(FindMulticlip(clips.front())), 2);
+    EXPECT_EQ(ActiveAngle(state_, FindMulticlip(clips.front())), 2);
     TranslateMulticlipItem(state_, clips.front(), root_);
     const ObjectHandle master = state_.multiclips["x"];
     EXPECT_EQ(master.GetProperty("Source.Monitor.Multicam.Enabled"), "true");

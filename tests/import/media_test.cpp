@@ -202,6 +202,8 @@ TEST_F(MediaTest, SoundIsSplitByWhatTheFileStates)
         {"<media>" + video + pair + "</media>", 0, kStereoPair, "", ""},
         {"<media>" + video + "<audio/>" + mono + "</media>", 1, kStereo, kStereoLayout, "0"},
         {"<media><audio><channelcount>4</channelcount></audio></media>", 1, kAdaptive, four, "0"},
+        {"<media><audio><channelcount>99999999999</channelcount></audio></media>", 1, kAdaptive,
+         ChannelLayoutText(kAdaptive, 128), "0"}, // as many as any medium has
         {"<media><audio><trackcount>6</trackcount></audio></media>", 1, kSurround51,
          ChannelLayoutText(kSurround51, 1), "0"},
         {"<media><audio><channeldescription>A1+A2</channeldescription></audio></media>", 1, kStereo,

@@ -200,6 +200,7 @@ TEST_F(NeighboursTest, AreExtendedToTheEndsOfTheTransition)
     SequenceContext sequence{.state = state_,
                              .sequence = ParseSequence("<name>Cut</name>" + std::string(kRate25)),
                              .rates = {.video = kPalFrameTicks, .edges = kPalFrameTicks}};
+    sequence.clock = ClockOf(state_, sequence.sequence);
     const TrackContext context{.sequence = sequence};
     const auto item = [](const char* start, const char* end, const char* in, const char* out) {
         const auto ticks = [](const char* frames) {

@@ -1,0 +1,49 @@
+#include "effects/audio_chain.h"
+
+#include "core/numbers.h"
+#include "effects/effect_walk.h"
+
+#include <vector>
+
+namespace XPJ {
+
+namespace {
+
+// What the filters of an item come to, in the order of the chain.
+std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemSound& sound,
+                                       ObjectHandle item)
+{
+    ObjectHandle volume;
+    std::vector<ObjectHandle> components(1);
+    ForEachEffect(item, [&](ObjectHandle effect) {
+        const ObjectHandle component = TranslateAudioFilter(context, sound, effect);
+        if (!component)
+            return;
+        if (!volume && effect.GetProperty("effectid") == kAudioLevels)
+            volume = component;
+        else
+            components.push_back(component);
+    });
+    components.front() = volume ? volume : MakeNeutralVolume(context, sound);
+    components.front().SetPropertyShared("Intrinsic", "true");
+    return components;
+}
+
+} // namespace
+
+ObjectHandle BuildAudioChain(const EffectContext& context, const ItemSound& sound,
+                             ObjectHandle item)
+{
+    const ObjectHandle chain = context.document.NewObject("AudioComponentChain");
+    chain.SetProperty("FrameRate", TickText(context.sampleTicks));
+    chain.SetProperty("ChannelType", IntToString(sound.channelType));
+    int id = 1;
+    for (const ObjectHandle& component : ComponentsOf(context, sound, item)) {
+        component.SetProperty("ID", IntToString(id++));
+        chain.AddChild("Component", component);
+    }
+    chain.SetProperty("NextComponentID", IntToString(id));
+    return chain;
+}
+
+} // namespace XPJ

@@ -1,0 +1,14 @@
+// The pan of a mono clip between the two channels of its track.
+#pragma once
+
+#include "effects/audio_filters.h"
+#include "effects/effect_context.h"
+#include "model/object.h"
+
+namespace XPJ {
+
+// The AudioComponentParam for the panner of an item; null for an item without a pan, and for one
+// whose pan lacks its parameter, which is reported. Left is 0, right is 1.
+ObjectHandle TranslatePan(const EffectContext& context, const ItemSound& sound, ObjectHandle item);
+
+} // namespace XPJ
