@@ -115,8 +115,10 @@ EffectContext ContextOfItem(const TrackContext& track, ObjectHandle item, Object
                             Frames start)
 {
     const SequenceContext& sequence = track.sequence;
-    EffectContext context{.document = sequence.state.document, .issues = sequence.state.issues};
-    context.place = PlaceOfItem(sequence.clock, item, track.type, track.index, start);
+    EffectContext context{.document = sequence.state.document,
+                          .issues = sequence.state.issues,
+                          .place =
+                              PlaceOfItem(sequence.clock, item, track.type, track.index, start)};
     context.frameTicks = FilterTicks(item, master, sequence.rates.video);
     if (track.type == MediaType::Video) {
         SetFrames(track, item, master, context);
@@ -144,11 +146,13 @@ void AddMasterEffects(const ImportState& state, ObjectHandle element, ObjectHand
     // The filters of a track item are its own, whichever master it brings.
     const ObjectHandle clip = element.GetName() == "clip" ? element : ObjectHandle();
     const std::string_view name = element.GetProperty("name");
+    const ItemPlace place{.sequence = name, .clip = name, .trackKind = 1};
     for (const ObjectHandle& owner : {clip, file}) {
+        const Ticks frameTicks = FilterTicks(owner, master, kNtscFrameTicks);
         const EffectContext context{.document = state.document,
                                     .issues = state.issues,
-                                    .place = {.sequence = name, .clip = name, .trackKind = 1},
-                                    .frameTicks = FilterTicks(owner, master, kNtscFrameTicks)};
+                                    .place = place,
+                                    .frameTicks = frameTicks};
         AddMasterChainEffects(context, owner, chain);
     }
 }
