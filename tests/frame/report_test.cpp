@@ -118,6 +118,21 @@ TEST(IssueReportText, SortsAndJoinsFindings)
                   "Effect <Sepia> on Clip <A> not translated.\r\n");
 }
 
+TEST(LeftOutText, TellsItemsClipsAndSequencesApart)
+{
+    TranslationIssue item = Issue(0);
+    item.clip.text = "A";
+    TranslationIssue clip;
+    clip.clip.text = "B";
+    TranslationIssue sequence;
+    sequence.sequence.text = "Cut 2";
+    EXPECT_EQ(LeftOutText({item, clip, sequence}),
+              "Sequence <Cut &amp; 1> at 01:00:00:00, video track 2: Clip <A> has no media, left "
+              "out.\n"
+              "Clip <B> has no media, left out.\n"
+              "Sequence <Cut 2> has no frame rate or format, left out.\n");
+}
+
 TEST(MakeUniqueFileName, CountsToNinetyNine)
 {
     const TempFolder folder;

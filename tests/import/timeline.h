@@ -77,7 +77,8 @@ protected:
         text_ = "<xmeml version=\"5\">" + content + "</xmeml>";
         ASSERT_EQ(ParseFCPXML(text_, input_, root), kReadDone) << text_;
         ObjectHandle result;
-        ASSERT_EQ(ImportDocument(root, options, progress_, document_, issues_, result), kSuccess);
+        ASSERT_EQ(ImportDocument(root, options, progress_, document_, issues_, result, &leftOut_),
+                  kSuccess);
         rootItem_ = FindPath(result, {"Project", "RootProjectItem"});
     }
     // A sequence "Cut" at 25 frames a second, with the attributes given.
@@ -105,6 +106,7 @@ protected:
     PlatformScope scope_{platform_};
     SilentProgress progress_;
     IssueSet issues_;
+    LeftOutList leftOut_;
     std::string text_;
     Document input_;
     Document document_;

@@ -55,6 +55,23 @@ TEST_F(TimelineTest, ABareSequenceWithInlineFiles)
                   group.GetName() == "VideoTrackGroup" ? "3" : "5");
 }
 
+// A program that writes no `children`, a file without `media`, a clip of nothing.
+TEST_F(TimelineTest, WhatHasNoMediaIsTold)
+{
+    const std::string video = Track(
+        ClipItem("A", {0, 10, 0, 10}, "<file id=\"none\"><pathurl>file:///a.mov</pathurl></file>") +
+        ClipItem("B", {10, 20, 0, 10}));
+    Import("<project><sequence id=\"s\"><name>Cut</name>" + std::string(kRate25) +
+           "<media><video>" + video + "</video></media></sequence>" +
+           "<clip id=\"c\"><name>C</name></clip></project>");
+    EXPECT_EQ(Timeline(), "V0: B 10-20 [0-10]\nA0:\n");
+    EXPECT_EQ(Issues(), "");
+    std::string leftOut;
+    for (const TranslationIssue& record : leftOut_)
+        leftOut += record.sequence.text + " " + record.clip.text + " " + record.time + "\n";
+    EXPECT_EQ(leftOut, "Cut A 00:00:00:00\n C 00:00\n");
+}
+
 TEST_F(TimelineTest, ItemsWithoutAPlaceAreReportedAndLeftOut)
 {
     ImportSequence(Track(ClipItem("gone", {10, -1, 0, 0}) + ClipItem("early", {20, 30, -4, 6}) +

@@ -141,7 +141,7 @@ constexpr Gap kProjectGaps[] = {
      "ImplementationID OfflineReason CaptureStatus ConformedAudioRate IgnoreVideo IgnoreAudio "
      "SingleAudioChannel TapeName LogComment AlternateTapeName",
      "the same"},
-    {"ClipLoggingInfo", "MediaFrameRate MediaOutPoint MediaInPoint CaptureMode ClipName DateShot",
+    {"ClipLoggingInfo", "MediaFrameRate MediaOutPoint CaptureMode ClipName DateShot",
      "the medium states times and name"},
     {"ClipProjectItem", "Column.PropertyBool.Good", "no counterpart in what is written"},
     {"MasterClip",

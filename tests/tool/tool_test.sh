@@ -184,6 +184,63 @@ report() {
         fail 'losses are not told'
 }
 
+# Sequence "Cut" with one clip "A" from the frame given.
+one_clip() {
+    printf '<xmeml version="5"><sequence id="s"><name>Cut</name>%s<media><video><track>%s</track></video></media></sequence></xmeml>\n' \
+        '<rate><timebase>25</timebase><ntsc>FALSE</ntsc></rate>' \
+        "<clipitem id=\"a\"><name>A</name><start>$1</start><end>$(($1 + 50))</end><in>0</in><out>50</out></clipitem>"
+}
+
+inspect() {
+    one_clip 100 >one.xml
+    expect_status 0 --inspect one.xml
+    expect_text out '00:00:04:00 - 00:00:06:00  "A"'
+    expect_no_file one.vlproj
+    expect_status 0 --inspect --json one.xml
+    expect_text out '"timecode": "00:00:04:00"'
+    # The family is told by the content; nothing else mixes with what is printed.
+    cp one.xml one.vlproj
+    expect_status 0 --inspect one.vlproj
+    expect_text out '"A"'
+    sed 's/<media>/<media><media>/' one.xml | cat one.xml - >twice.xml
+    expect_status 0 --inspect --json twice.xml
+    head -c 1 out >first
+    printf '{' >brace
+    expect_same first brace
+
+    expect_status 5 --inspect absent.xml
+    expect_text err absent.xml
+    printf '<xmeml version="5"><sequence><name>Cut</name>' >cut.xml
+    expect_status 0 --inspect cut.xml
+    expect_text err 'only what came before was read'
+    expect_status 0 --list-effects
+    expect_text out '| Family | Effect |'
+    local arguments
+    for arguments in '--inspect' '--inspect one.xml two.xml' '--inspect --compare one.xml one.xml' \
+        '--compare one.xml' '--json one.xml' '--list-effects one.xml'; do
+        # shellcheck disable=SC2086
+        expect_status 64 $arguments
+        [ -s err ] || fail "nothing is said about '$arguments'"
+    done
+    "$tool" --inspect one.xml >/dev/full 2>err
+    [ $? -eq 6 ] || fail 'lost output is no success'
+}
+
+compare() {
+    one_clip 100 >one.xml
+    one_clip 101 >two.xml
+    expect_status 0 --compare one.xml one.xml
+    expect_text out 'No differences.'
+    expect_status 10 --compare one.xml two.xml
+    expect_text out 'start 100 (00:00:04:00) -> 101 (00:00:04:01)'
+    expect_status 10 --compare --json one.xml two.xml
+    expect_text out '"change": "moved"'
+    cp two.xml kept.xml
+    expect_same two.xml kept.xml
+    expect_status 5 --compare one.xml absent.xml
+    expect_text err absent.xml
+}
+
 interrupt() {
     { # long enough to be met at work
         printf '<xmeml version="5"><project><name>Long</name><children>'

@@ -1,7 +1,6 @@
 #include "xpjconvert/closing_line.h"
 #include "core/conversion_result.h"
 #include "core/messages.h"
-#include "export/export_driver.h"
 #include "platform/platform.h"
 
 #include <fmt/format.h>
@@ -9,32 +8,24 @@
 namespace XPJ {
 namespace {
 
-// False while an import carries over a project's settings and bins only.
-constexpr bool kImportTranslatesClips = false;
-
-bool TranslatesClips(Direction direction)
+std::string Counted(std::size_t count, std::string_view noun)
 {
-    return direction == Direction::Import ? kImportTranslatesClips : RVX::kTranslatesClips;
+    return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
-std::string FindingsText(const FileConversion& outcome, bool complete)
+std::string FindingsText(const FileConversion& outcome)
 {
-    const std::size_t count = outcome.issues.size();
-    if (count == 0)
-        return complete ? "nothing was lost" : "no findings";
-    const std::string findings = fmt::format("{} finding{}", count, count == 1 ? "" : "s");
+    if (outcome.issues.empty() && outcome.leftOut.empty())
+        return outcome.stop.reason.empty() ? "nothing was lost" : "no findings";
+    std::string text;
+    if (!outcome.leftOut.empty())
+        text = Counted(outcome.leftOut.size(), "item") + " left out for want of media";
+    if (outcome.issues.empty())
+        return text;
+    text += (text.empty() ? "" : ", ") + Counted(outcome.issues.size(), "finding");
     if (outcome.reportPath.empty())
-        return findings + ", without a report file";
-    return fmt::format("{}, listed in {}", findings, outcome.reportPath);
-}
-
-// "FILE:LINE:COLUMN: reason, in open/elements", without the place where there is none.
-std::string StopText(const std::string& input, const ReadStop& stop)
-{
-    const std::string place =
-        stop.line == 0 ? input : fmt::format("{}:{}:{}", input, stop.line, stop.column);
-    return fmt::format("{}: {}{}{}", place, stop.reason, stop.path.empty() ? "" : ", in ",
-                       stop.path);
+        return text + ", without a report file";
+    return fmt::format("{}, listed in {}", text, outcome.reportPath);
 }
 
 Message MessageOf(int result)
@@ -57,13 +48,17 @@ Message MessageOf(int result)
 
 } // namespace
 
-std::string SuccessLine(Direction direction, const std::string& output,
-                        const FileConversion& outcome)
+std::string StopText(const std::string& input, const ReadStop& stop)
 {
-    const bool complete = TranslatesClips(direction);
-    return fmt::format("Wrote {}: {}{}\n", output,
-                       complete ? "" : "clips and sequences are not carried over yet; ",
-                       FindingsText(outcome, complete));
+    const std::string place =
+        stop.line == 0 ? input : fmt::format("{}:{}:{}", input, stop.line, stop.column);
+    return fmt::format("{}: {}{}{}", place, stop.reason, stop.path.empty() ? "" : ", in ",
+                       stop.path);
+}
+
+std::string SuccessLine(const std::string& output, const FileConversion& outcome)
+{
+    return fmt::format("Wrote {}: {}\n", output, FindingsText(outcome));
 }
 
 std::string CutOffLine(const ToolOptions& options, const FileConversion& outcome)

@@ -7,10 +7,12 @@
 
 namespace XPJ {
 
+// "FILE:LINE:COLUMN: reason, in open/elements", without the place where there is none.
+std::string StopText(const std::string& input, const ReadStop& stop);
+
 // What was written, how many findings there are, and where the report is.
 //   "Wrote cut.vlproj: 3 findings, listed in /home/a/Documents/FCP Translation Results ....txt"
-std::string SuccessLine(Direction direction, const std::string& output,
-                        const FileConversion& outcome);
+std::string SuccessLine(const std::string& output, const FileConversion& outcome);
 
 // Warns of an input that ends inside an element; empty for a whole one.
 std::string CutOffLine(const ToolOptions& options, const FileConversion& outcome);

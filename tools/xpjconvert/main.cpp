@@ -6,6 +6,7 @@
 #include "platform/default_platform.h"
 #include "xpjconvert/closing_line.h"
 #include "xpjconvert/conversion.h"
+#include "xpjconvert/inspection.h"
 #include "xpjconvert/interrupt.h"
 #include "xpjconvert/options.h"
 
@@ -25,16 +26,19 @@ void PreparePlatform(const ToolOptions& options, DefaultPlatform& platform)
         platform.SeedGuids(*options.seed);
     for (const auto& [key, value] : options.debugEntries)
         platform.SetDebugEntry(key, value);
-    if (!options.reportFolder.empty())
+    if (!options.reportFolder.empty()) {
+        std::error_code error; // without a folder, the closing line says that there is no report
+        std::filesystem::create_directories(options.reportFolder, error);
         platform.SetReportFolder(options.reportFolder);
+    }
 }
 
-// The report's text, with this system's line ends.
-void PrintIssues(const IssueSet& issues, Direction direction)
+// The report's text, with this system's line ends, and what no finding stands for.
+void PrintLosses(const FileConversion& outcome, Direction direction)
 {
-    std::string text = IssueReportText(issues, direction);
+    std::string text = IssueReportText(outcome.issues, direction);
     std::erase(text, '\r');
-    fmt::print("{}", text);
+    fmt::print("{}{}", text, LeftOutText(outcome.leftOut));
 }
 
 int Convert(Direction direction, ToolOptions& options)
@@ -53,10 +57,10 @@ int Convert(Direction direction, ToolOptions& options)
 
     const FileConversion outcome = RunConversion(direction, options);
     if (!options.quiet)
-        PrintIssues(outcome.issues, direction);
+        PrintLosses(outcome, direction);
     if (outcome.result == kSuccess) {
         fmt::print(stderr, "{}", CutOffLine(options, outcome));
-        fmt::print("{}", SuccessLine(direction, options.output, outcome));
+        fmt::print("{}", SuccessLine(options.output, outcome));
     } else {
         fmt::print(stderr, "{}", FailureLine(options, outcome));
     }
@@ -69,6 +73,8 @@ int Run(int argc, char** argv)
     if (const std::optional<int> status = ParseOptions(argc, argv, options))
         return *status;
 
+    if (const std::optional<int> status = RunInspection(options))
+        return *status;
     const std::string_view extension = ExtensionOf(options.input);
     if (extension != "xml" && extension != "vlproj") {
         // The dispatcher has the words.

@@ -11,8 +11,8 @@ constexpr const char* kDescription =
 constexpr const char* kFooter = R"(
 Exit status:
   0  converted          3  out of memory                        6   unexpected error
-  1  cancelled          4  no xmeml data in the input           64  wrong usage
-  2  no FCP data        5  the input could not be opened
+  1  cancelled          4  no xmeml data in the input           10  --compare: they differ
+  2  no FCP data        5  the input could not be opened        64  wrong usage
 
 Environment:
   VELA_DEBUG_DATABASE  a file of Key=Value lines, as with --set, which wins over it)";
@@ -28,6 +28,23 @@ std::string CheckGuid(const std::string& text)
     return StringToGUID(text) == kZeroGuid ? "'" + text + "' is not a GUID" : "";
 }
 
+// What hangs on more than one option.
+void CheckNeeds(const ToolOptions& options)
+{
+    const int modes = options.inspect + options.compare + options.listEffects;
+    if (modes > 1)
+        throw CLI::ExcludesError("--inspect, --compare and --list-effects", "each other");
+    if (options.input.empty() != options.listEffects)
+        throw options.listEffects ? CLI::ParseError(CLI::ExtrasError({options.input}))
+                                  : CLI::ParseError(CLI::RequiredError("INPUT"));
+    if (options.compare && options.output.empty())
+        throw CLI::RequiredError("OUTPUT");
+    if (options.inspect && !options.output.empty())
+        throw CLI::ExtrasError({options.output});
+    if (options.json && !options.inspect && !options.compare)
+        throw CLI::RequiresError("--json", "--inspect or --compare");
+}
+
 } // namespace
 
 std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& options)
@@ -38,7 +55,7 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
     CLI::App app(kDescription, "xpjconvert");
     app.footer(kFooter);
     app.set_version_flag("--version", "xpjconvert " VELA_VERSION);
-    app.add_option("INPUT", options.input, "A document, .xml or .vlproj")->required();
+    app.add_option("INPUT", options.input, "A document, .xml or .vlproj");
     app.add_option("OUTPUT", options.output,
                    "What to write; without it a file in the current folder named after INPUT");
     app.add_flag("-q,--quiet", options.quiet, "Only the closing line, and errors");
@@ -54,9 +71,16 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
         ->option_text("GUID")
         ->check(CheckGuid);
     app.add_flag("--handoff", options.handoff, ".vlproj only: the form for the audio editor");
+    app.add_flag("--inspect", options.inspect, "Prints what is in INPUT, and converts nothing");
+    app.add_flag("--compare", options.compare,
+                 "Prints what differs from INPUT to OUTPUT, which is read as well");
+    app.add_flag("--list-effects", options.listEffects,
+                 "Prints what becomes of each effect; needs no INPUT");
+    app.add_flag("--json", options.json, "--inspect and --compare: in a form for programs");
 
     try {
         app.parse(argc, argv);
+        CheckNeeds(options);
     } catch (const CLI::ParseError& end) {
         return app.exit(end) == 0 ? 0 : kWrongUsage;
     }

@@ -13,6 +13,8 @@ namespace XPJ {
 
 // Exit status for wrong usage; a conversion ends with its ConversionResult, 0 to 6.
 constexpr int kWrongUsage = 64;
+// Exit status of a comparison that found differences.
+constexpr int kDifferent = 10;
 
 struct ToolOptions {
     std::string input;
@@ -23,6 +25,11 @@ struct ToolOptions {
     std::string reportFolder;      // empty: where reports go by themselves
     Guid sequenceGuid = kZeroGuid; // export: zero for the whole project
     bool handoff = false;          // export: the audio hand-off form
+    // Instead of a conversion.
+    bool inspect = false;
+    bool compare = false; // `input` with `output`, both of which are read
+    bool listEffects = false;
+    bool json = false; // the form of what the first two print
 };
 
 // Reads the command line. A value is the exit status to end with at once, after a help text on the

@@ -1,0 +1,16 @@
+// The model and differences as JSON, for programs. docs/inspecting.md shows the shape.
+#pragma once
+
+#include "inspect/text_form.h"
+
+#include <string>
+#include <vector>
+
+namespace XPJ::Inspection {
+
+// Ends in a line feed, as does the next. Ill-formed UTF-8 is replaced.
+std::string TreeJson(const Project& project, const IsOnline& isOnline = {});
+
+std::string DifferencesJson(const std::vector<Difference>& differences);
+
+} // namespace XPJ::Inspection

@@ -1,0 +1,91 @@
+#include "inspect/project_effects.h"
+
+#include "core/numbers.h"
+#include "core/text.h"
+#include "effects/keyframes.h"
+#include "effects/parameters.h"
+#include "export/project_paths.h"
+#include "inspect/effect_names.h"
+
+namespace XPJ::Inspection {
+
+using namespace RVX;
+
+namespace {
+
+Parameter ReadParameter(ObjectHandle param)
+{
+    const std::string_view name = param.GetProperty("Name");
+    const std::string_view blob = param.GetChild("StartKeyframeValue").GetProperty("value");
+    Parameter parameter{PlainForm(name.empty() ? param.GetProperty("ParameterID") : name),
+                        PlainForm(blob.empty() ? StartText(param) : blob)};
+    for (const KeyframeRecord& record : ParseKeyframes(param.GetProperty("Keyframes")))
+        parameter.keyframes.push_back({record.time, PlainForm(record.value)});
+    return parameter;
+}
+
+Effect ReadComponent(ObjectHandle component)
+{
+    const ObjectHandle core = ComponentCore(component);
+    Effect effect{
+        .name = EffectNameOfMatch(ComponentMatchName(component), core.GetProperty("DisplayName")),
+        .enabled = !IsTrue(core, "Bypass")};
+    for (const ObjectHandle& param : ParamsOf(component))
+        effect.parameters.push_back(ReadParameter(param));
+    return effect;
+}
+
+// "start" in the first third, "end" in the last, by the cut's distance from the start.
+std::string_view AlignmentOf(ObjectHandle core, const Transition& transition)
+{
+    if (!IsTrue(core, "HasOutgoingClip"))
+        return "start-black";
+    if (!IsTrue(core, "HasIncomingClip"))
+        return "end-black";
+    const double length =
+        static_cast<double>(transition.end) - static_cast<double>(transition.start);
+    const double cut = DoubleProperty(core, "Alignment");
+    return cut < length / 3 ? "start" : cut > length * 2 / 3 ? "end" : "center";
+}
+
+} // namespace
+
+std::vector<Effect> ReadProjectEffects(ObjectHandle trackItem)
+{
+    std::vector<Effect> effects;
+    for (const ObjectHandle& component : ComponentsOf(ChainOfOwner(ItemCore(trackItem))))
+        if (Effect effect = ReadComponent(component); !IsAtRest(effect))
+            effects.push_back(std::move(effect));
+    Effect pan{.name = "Pan"};
+    for (const ObjectHandle& param : ParamsOf(PanProcessorOf(trackItem)))
+        pan.parameters.push_back(ReadParameter(param));
+    if (!IsAtRest(pan))
+        effects.push_back(std::move(pan));
+    return effects;
+}
+
+std::vector<Keyframe> ReadProjectSpeedKeyframes(ObjectHandle clip)
+{
+    std::vector<Keyframe> keyframes;
+    for (const SpeedPoint& point : ParseSpeedKeyframes(SpeedKeyframesOf(clip)))
+        keyframes.push_back({point.time, TickText(point.mediaTime)});
+    return keyframes;
+}
+
+Transition ReadProjectTransition(ObjectHandle transition)
+{
+    const ObjectHandle core = TransitionCore(transition);
+    const ObjectHandle edges = TransitionEdges(transition);
+    Transition result{.name = TransitionNameOfMatch(core.GetProperty("MatchName"),
+                                                    core.GetProperty("DisplayName")),
+                      .start = Int64Property(edges, "Start"),
+                      .end = Int64Property(edges, "End")};
+    result.alignment = AlignmentOf(core, result);
+    for (const Name& key : {Name("Direction"), Name("Reverse"), Name("BorderColor"),
+                            Name("BorderWidth"), Name("StartPercent"), Name("EndPercent")})
+        if (const std::string_view value = transition.GetProperty(key); !value.empty())
+            result.parameters.push_back({std::string(key.View()), PlainForm(value)});
+    return result;
+}
+
+} // namespace XPJ::Inspection

@@ -1,0 +1,288 @@
+// Projects as the model.
+#include "core/frame_rate.h"
+#include "core/numbers.h"
+#include "core/text.h"
+#include "export/marker_record.h"
+#include "export/project_paths.h"
+#include "inspect/project_effects.h"
+#include "inspect/read_timelines.h"
+#include "model/side_tables.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+
+namespace XPJ::Inspection {
+
+using namespace RVX;
+
+namespace {
+
+std::string TextOf(ObjectHandle node, Name key)
+{
+    return UnescapeXML(node.GetProperty(key));
+}
+
+FrameForm FormOf(Ticks frameTicks, int displayFormat)
+{
+    if (frameTicks <= 0)
+        return {};
+    return {frameTicks, TimecodeFormOf(frameTicks, displayFormat).drop};
+}
+
+// "0,0,1920,1080" is a picture of 1920 by 1080.
+void SetFrame(std::string_view rect, Sequence& sequence)
+{
+    int numbers[4] = {};
+    for (int& number : numbers) {
+        number = ParseInt(rect);
+        rect.remove_prefix(std::min(rect.find(','), rect.size()));
+        rect.remove_prefix(rect.empty() ? 0 : 1);
+    }
+    sequence.width = numbers[2];
+    sequence.height = numbers[3];
+}
+
+std::vector<Marker> ReadMarkers(ObjectHandle owner)
+{
+    std::vector<Marker> markers;
+    for (const ObjectHandle& entry : MarkerEntriesOf(owner))
+        if (const auto record = ParseMarkerRecord(MarkerRecordOf(entry)))
+            markers.push_back({.start = record->start,
+                               .duration = record->duration,
+                               .name = UnescapeXML(record->name),
+                               .comment = UnescapeXML(record->comment)});
+    return markers;
+}
+
+double SpeedOf(ObjectHandle core)
+{
+    const double speed = std::abs(DoubleProperty(core, "PlaybackSpeed"));
+    return std::isfinite(speed) && speed != 0.0 ? speed : 1.0;
+}
+
+// Media that the editor makes by itself have four characters, as a number, in place of a path.
+bool IsMadeByEditor(std::string_view path)
+{
+    return !path.empty() && path.find_first_not_of("0123456789") == path.npos;
+}
+
+class ProjectTimelines {
+public:
+    Project Read(ObjectHandle velaData)
+    {
+        project_.family = Family::Project;
+        project_.version = TextOf(velaData, "Version");
+        ReadEntries(FindPath(velaData, {"Project", "RootProjectItem"}));
+        // A sequence may show others, which then stand at the end.
+        for (std::size_t i = 0; i < sequenceNodes_.size(); ++i)
+            project_.sequences.push_back(ReadSequence(sequenceNodes_[i]));
+        return std::move(project_);
+    }
+
+private:
+    struct Level {
+        ChildRange::Iterator next;
+        ChildRange::Iterator end;
+    };
+
+    // References may lead back: every bin counts once.
+    void ReadEntries(ObjectHandle rootItem)
+    {
+        std::vector<Level> levels;
+        const auto open = [&](ObjectHandle bin) {
+            const ChildRange items = ItemList(bin).GetChildren();
+            if (bins_.Insert(bin) && levels.size() < static_cast<std::size_t>(kMaxNesting))
+                levels.push_back({items.begin(), items.end()});
+        };
+        if (rootItem)
+            open(rootItem);
+        while (!levels.empty()) {
+            Level& level = levels.back();
+            if (!(level.next != level.end)) {
+                levels.pop_back();
+                continue;
+            }
+            const ObjectHandle item = *level.next;
+            ++level.next;
+            AddEntry(item, static_cast<int>(levels.size()) - 1);
+            if (item.GetName() == "BinProjectItem")
+                open(item);
+        }
+    }
+
+    void AddEntry(ObjectHandle item, int depth)
+    {
+        Entry entry{.depth = depth,
+                    .name = UnescapeXML(ItemName(item)),
+                    .label = UnescapeXML(LabelNameOf(
+                        ItemProperties(item).GetProperty("Column.PropertyText.Label")))};
+        if (item.GetName() == "ClipProjectItem") {
+            const ObjectHandle master = MasterOfItem(item);
+            const ObjectHandle clip = MainClip(master);
+            const ObjectHandle sequence = SequenceOfMaster(master);
+            entry.kind = sequence ? EntryKind::Sequence : EntryKind::Clip;
+            if (sequence && !IsMergedSequence(sequence))
+                entry.sequence = NumberOf(sequence);
+            entry.medium = MediumOf(MediaOfSource(SourceOfClip(clip)));
+            entry.markers = ReadMarkers(ClipCore(clip));
+        }
+        project_.entries.push_back(std::move(entry));
+    }
+
+    std::size_t NumberOf(ObjectHandle sequence)
+    {
+        const auto [entry, isNew] =
+            sequenceNumbers_.emplace(sequence.UniqueId(), sequenceNodes_.size());
+        if (isNew)
+            sequenceNodes_.push_back(sequence);
+        return entry->second;
+    }
+
+    std::size_t MediumOf(ObjectHandle media)
+    {
+        if (!media)
+            return kNothing;
+        const auto [entry, isNew] = media_.emplace(media.UniqueId(), project_.media.size());
+        if (isNew) {
+            const std::string path = TextOf(media, "FilePath");
+            const bool isStated = IsTrue(media, "UseAlternateStart");
+            project_.media.push_back(
+                {.name = TextOf(media, "Title"),
+                 .path = IsMadeByEditor(path) ? "" : path,
+                 .form = FormOf(Int64Property(VideoStreamOf(media), "FrameRate"), 0),
+                 .start = Int64Property(media, isStated ? Name("AlternateStart") : Name("Start"))});
+        }
+        return entry->second;
+    }
+
+    Sequence ReadSequence(ObjectHandle node)
+    {
+        const ObjectHandle properties = SequenceProperties(node);
+        const ObjectHandle video = GroupOfKind(node, MediaKind::Video);
+        const FrameForm form = FormOf(
+            RateOfGroup(video), IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat"));
+        Sequence sequence{.name = TextOf(node, "Name"),
+                          .form = form,
+                          .start = Int64Property(properties, "MZ.ZeroPoint"),
+                          .markers = ReadMarkers(node)};
+        SetFrame(video.GetProperty("FrameRect"), sequence);
+        places_.clear();
+        for (const MediaKind kind : {MediaKind::Video, MediaKind::Audio}) {
+            int number = 0;
+            for (const ObjectHandle& entry : GroupEntriesOf(node))
+                if (IsGroupEntryOf(entry, kind))
+                    for (const ObjectHandle& track : TracksOf(GroupOfEntry(entry)))
+                        ReadTrack(track, kind, ++number, sequence);
+        }
+        ReadLinks(node, sequence);
+        return sequence;
+    }
+
+    void ReadTrack(ObjectHandle node, MediaKind kind, int number, Sequence& sequence)
+    {
+        const ObjectHandle core = TrackCore(node);
+        Track track{.kind = kind == MediaKind::Video ? TrackKind::Video : TrackKind::Audio,
+                    .number = number,
+                    .name = TextOf(TrackProperties(node), "MZ.TrackName"),
+                    .enabled = !IsTrue(core, "IsMuted"),
+                    .locked = IsTrue(core, "IsLocked")};
+        std::vector<ObjectHandle> nodes;
+        for (const ObjectHandle& item : TrackItemsOf(node))
+            nodes.push_back(item);
+        std::ranges::stable_sort(
+            nodes, {}, [](ObjectHandle item) { return Int64Property(ItemEdges(item), "Start"); });
+        NodeSet transitions;
+        for (const ObjectHandle& item : nodes) {
+            places_.emplace(item.UniqueId(), ItemPlace{sequence.tracks.size(), track.items.size()});
+            track.items.push_back(MakeItem(item, kind, sequence.form));
+            for (const ObjectHandle& transition : {HeadTransitionOf(item), TailTransitionOf(item)})
+                if (transition && transitions.Insert(transition))
+                    track.transitions.push_back(ReadProjectTransition(transition));
+        }
+        std::ranges::stable_sort(track.transitions, {}, &Transition::start);
+        sequence.tracks.push_back(std::move(track));
+    }
+
+    Item MakeItem(ObjectHandle node, MediaKind kind, const FrameForm& sequenceForm)
+    {
+        const ObjectHandle edges = ItemEdges(node);
+        const ObjectHandle subClip = SubClipOf(node);
+        const ObjectHandle clip = ClipOfSubClip(subClip);
+        const ObjectHandle core = ClipCore(clip);
+        Item item{.name = TextOf(subClip, "Name"),
+                  .start = Int64Property(edges, "Start"),
+                  .end = Int64Property(edges, "End"),
+                  .in = Int64Property(core, "InPoint"),
+                  .out = Int64Property(core, "OutPoint"),
+                  .speed = SpeedOf(core),
+                  .reverse = IsTrue(core, "PlayBackwards"),
+                  .frameBlending = IntProperty(clip, "TimeInterpolationType") != 0,
+                  .speedKeyframes = ReadProjectSpeedKeyframes(clip),
+                  .enabled = !IsTrue(ItemCore(node), "IsMuted"),
+                  .label = UnescapeXML(
+                      LabelNameOf(ClipProperties(clip).GetProperty("hfl.clip.label.name"))),
+                  .sourceForm = sequenceForm};
+        if (kind == MediaKind::Audio && HasValue(clip, "SecondaryIndex"))
+            item.channel = static_cast<int>(
+                std::clamp<std::int64_t>(Int64Property(clip, "SecondaryIndex"), 0, 65535) + 1);
+        SetSource(clip, item);
+        item.effects = ReadProjectEffects(node);
+        item.markers = ReadMarkers(core);
+        return item;
+    }
+
+    void SetSource(ObjectHandle clip, Item& item)
+    {
+        const ObjectHandle source = SourceOfClip(clip);
+        if (const ObjectHandle sequence = SequenceOfSource(source)) {
+            const bool isMulticam = IsTrue(ClipCore(clip), "IsMulticam");
+            item.source = isMulticam ? SourceKind::Multiclip : SourceKind::Sequence;
+            item.sourceName = TextOf(sequence, "Name");
+            if (!isMulticam && !IsMergedSequence(sequence))
+                NumberOf(sequence);
+        } else if (const ObjectHandle media = MediaOfSource(source)) {
+            item.medium = MediumOf(media);
+            const Medium& medium = project_.media[item.medium];
+            item.source = IsMadeByEditor(media.GetProperty("FilePath")) ? SourceKind::Generator
+                                                                        : SourceKind::Medium;
+            item.sourceName = medium.name;
+            if (Int64Property(VideoStreamOf(media), "FrameRate") > 0)
+                item.sourceForm = medium.form;
+        }
+    }
+
+    void ReadLinks(ObjectHandle node, Sequence& sequence)
+    {
+        for (const ObjectHandle& link : LinksOf(node)) {
+            std::vector<ItemPlace> group;
+            for (const ObjectHandle& item : LinkedItemsOf(link))
+                if (const auto found = places_.find(item.UniqueId()); found != places_.end())
+                    group.push_back(found->second);
+            std::ranges::sort(group);
+            const auto [first, last] = std::ranges::unique(group);
+            group.erase(first, last);
+            if (group.size() < 2)
+                continue;
+            for (const ItemPlace& place : group)
+                sequence.tracks[place.track].items[place.item].link = sequence.links.size();
+            sequence.links.push_back(std::move(group));
+        }
+    }
+
+    Project project_;
+    NodeSet bins_;
+    std::vector<ObjectHandle> sequenceNodes_;
+    std::unordered_map<std::uint64_t, std::size_t> sequenceNumbers_; // by `uniqueId`
+    std::unordered_map<std::uint64_t, std::size_t> media_;           // by the Media's `uniqueId`
+    std::unordered_map<std::uint64_t, ItemPlace> places_;            // of the sequence at hand
+};
+
+} // namespace
+
+Project ReadProjectTimelines(ObjectHandle velaData)
+{
+    return ProjectTimelines().Read(velaData);
+}
+
+} // namespace XPJ::Inspection

@@ -1,0 +1,69 @@
+#include "inspect/read_timelines.h"
+
+#include "core/paths.h"
+#include "model/input.h"
+
+#include <sstream>
+
+namespace XPJ::Inspection {
+
+namespace {
+
+// The document elements, with the first character behind the name.
+bool Opens(std::string_view text, std::string_view element)
+{
+    for (std::size_t at = text.find(element); at != text.npos; at = text.find(element, at + 1))
+        if (at > 0 && text[at - 1] == '<')
+            return true;
+    return false;
+}
+
+// Prologue and comments in front of the document element are short.
+constexpr std::size_t kHead = 65536;
+
+bool IsProject(std::string_view text)
+{
+    const std::string_view head = text.substr(0, kHead);
+    return Opens(head, "VelaData") && !Opens(head, "xmeml");
+}
+
+int ReadTree(std::string_view text, Document& document, ObjectHandle& root, ReadStop& stop)
+{
+    if (!IsProject(text))
+        return ParseFCPXML(text, document, root, &stop);
+    std::istringstream stream{std::string(text)};
+    return ReadProjectDocument(stream, document, root, &stop);
+}
+
+} // namespace
+
+Project ReadTimelines(ObjectHandle root, std::string_view folder)
+{
+    return root.GetName() == "VelaData" ? ReadProjectTimelines(root)
+                                        : ReadXmemlTimelines(root, folder);
+}
+
+ReadOutcome ReadTimelines(std::string_view bytes, std::string_view folder)
+{
+    ReadOutcome outcome;
+    Document document;
+    ObjectHandle root;
+    outcome.result = ReadTree(bytes, document, root, outcome.stop);
+    if (outcome.result == kReadDone)
+        outcome.project = ReadTimelines(root, folder);
+    return outcome;
+}
+
+ReadOutcome ReadTimelinesOfFile(const std::string& path)
+{
+    Document document;
+    std::string_view text;
+    ReadOutcome outcome;
+    if (!ReadInput(path, document, text, outcome.stop.reason)) {
+        outcome.result = kReadNoInput;
+        return outcome;
+    }
+    return ReadTimelines(text, FolderOf(path));
+}
+
+} // namespace XPJ::Inspection

@@ -1,0 +1,262 @@
+#include "inspect/text_form.h"
+
+#include "effects/values.h"
+
+#include <array>
+
+#include <fmt/format.h>
+
+namespace XPJ::Inspection {
+
+namespace {
+
+std::string Quoted(const std::string& name)
+{
+    return '"' + name + '"';
+}
+
+// Names may hold line ends and other control characters.
+void AppendPrintable(std::string_view line, std::string& text)
+{
+    for (const char c : line)
+        text += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? ' ' : c;
+}
+
+// `text` behind a blank, nothing for none.
+std::string Behind(std::string_view mark, const std::string& text)
+{
+    return text.empty() ? std::string() : fmt::format("  {}{}", mark, text);
+}
+
+class TreeWriter {
+public:
+    TreeWriter(const Project& project, const IsOnline& isOnline)
+        : project_(project), isOnline_(isOnline)
+    {
+    }
+
+    std::string Write()
+    {
+        Line(0, "{} {}{}", project_.family == Family::Xmeml ? "xmeml" : "project", project_.version,
+             Behind("", project_.name.empty() ? "" : Quoted(project_.name)));
+        for (const Entry& entry : project_.entries)
+            WriteEntry(entry);
+        for (const Sequence& sequence : project_.sequences)
+            WriteSequence(sequence);
+        return std::move(text_);
+    }
+
+private:
+    template <class... Args>
+    void Line(int depth, fmt::format_string<Args...> form, Args&&... args)
+    {
+        text_.append(static_cast<std::size_t>(depth) * 2, ' ');
+        AppendPrintable(fmt::format(form, std::forward<Args>(args)...), text_);
+        text_ += '\n';
+    }
+
+    void WriteEntry(const Entry& entry)
+    {
+        constexpr std::string_view kKinds[] = {"bin", "clip", "sequence"};
+        Line(entry.depth + 1, "{} {}{}{}", kKinds[static_cast<std::size_t>(entry.kind)],
+             Quoted(entry.name), Behind("label ", entry.label), MediumText(entry.medium));
+        if (entry.medium != kNothing)
+            WriteMarkers(entry.depth + 2, entry.markers, project_.media[entry.medium].form, 0);
+    }
+
+    // "  /path/a.mov (offline)"
+    std::string MediumText(std::size_t number) const
+    {
+        if (number == kNothing || project_.media[number].path.empty())
+            return {};
+        const std::string& path = project_.media[number].path;
+        return Behind("", path) + (isOnline_ && !isOnline_(path) ? " (offline)" : "");
+    }
+
+    void WriteSequence(const Sequence& sequence)
+    {
+        text_ += '\n';
+        const std::string size = sequence.width > 0
+                                     ? fmt::format("{}x{}", sequence.width, sequence.height)
+                                     : std::string();
+        Line(0, "sequence {}{}  {} fps{}  starts {}  lasts {} ({} frames)", Quoted(sequence.name),
+             Behind("", size),
+             NumberText(static_cast<double>(kTicksPerSecond) /
+                        static_cast<double>(sequence.form.ticks)),
+             sequence.form.drop ? " drop" : "", sequence.form.Timecode(sequence.start),
+             sequence.form.Timecode(sequence.Length()), sequence.form.Frames(sequence.Length()));
+        WriteMarkers(1, sequence.markers, sequence.form, sequence.start);
+        for (const Track& track : sequence.tracks)
+            WriteTrack(sequence, track);
+    }
+
+    void WriteTrack(const Sequence& sequence, const Track& track)
+    {
+        Line(1, "{}{}{}{}", TrackText(track), track.name.empty() ? "" : " " + Quoted(track.name),
+             track.enabled ? "" : "  disabled", track.locked ? "  locked" : "");
+        auto transition = track.transitions.begin();
+        for (const Item& item : track.items) {
+            for (; transition != track.transitions.end() && transition->start < item.start;
+                 ++transition)
+                WriteTransition(sequence, *transition);
+            WriteItem(sequence, item);
+        }
+        for (; transition != track.transitions.end(); ++transition)
+            WriteTransition(sequence, *transition);
+    }
+
+    std::string RangeText(const Sequence& sequence, Ticks from, Ticks to) const
+    {
+        return fmt::format("{} - {}", sequence.form.Timecode(AddTicks(sequence.start, from)),
+                           sequence.form.Timecode(AddTicks(sequence.start, to)));
+    }
+
+    void WriteTransition(const Sequence& sequence, const Transition& transition)
+    {
+        Line(2, "{}  transition {}  {}{}", RangeText(sequence, transition.start, transition.end),
+             Quoted(transition.name), transition.alignment, ParametersText(transition.parameters));
+    }
+
+    void WriteItem(const Sequence& sequence, const Item& item)
+    {
+        const bool isPlaced = item.start >= 0 && item.end >= 0;
+        Line(2, "{}  {}{}{}", isPlaced ? RangeText(sequence, item.start, item.end) : "no place",
+             Quoted(item.name), item.enabled ? "" : "  disabled", Behind("label ", item.label));
+        Line(3, "source {}{}", SourceLine(item), MediumText(item.medium));
+        if (item.speed != 1.0 || item.reverse || item.frameBlending || !item.speedKeyframes.empty())
+            Line(3, "speed {}%{}{}{}", NumberText(item.speed * 100),
+                 item.reverse ? " reversed" : "", item.frameBlending ? " frame blending" : "",
+                 KeyframesText(item.speedKeyframes));
+        if (!item.compositeMode.empty() && item.compositeMode != "normal")
+            Line(3, "composite mode {}", item.compositeMode);
+        for (const Effect& effect : item.effects)
+            Line(3, "effect {}{}{}", Quoted(effect.name), effect.enabled ? "" : " off",
+                 ParametersText(effect.parameters));
+        WriteMarkers(3, item.markers, item.sourceForm, MediumStart(item));
+        if (item.link != kNothing)
+            Line(3, "linked with {}", LinkText(sequence, item));
+    }
+
+    Ticks MediumStart(const Item& item) const
+    {
+        return item.medium == kNothing ? 0 : project_.media[item.medium].start;
+    }
+
+    // "medium "a.mov" 01:00:00:00 - 01:00:04:00, channel 1"; in timecode of the medium.
+    std::string SourceLine(const Item& item) const
+    {
+        const Ticks start = MediumStart(item);
+        std::string text(SourceText(item.source));
+        if (!item.sourceName.empty())
+            text += ' ' + Quoted(item.sourceName);
+        text += fmt::format(" {} - {}", item.sourceForm.Timecode(AddTicks(start, item.in)),
+                            item.sourceForm.Timecode(AddTicks(start, item.out)));
+        return item.channel > 0 ? fmt::format("{}, channel {}", text, item.channel) : text;
+    }
+
+    static std::string KeyframesText(const std::vector<Keyframe>& keyframes)
+    {
+        return keyframes.empty() ? std::string() : fmt::format(" ({} keyframes)", keyframes.size());
+    }
+
+    // ": radius 10, angle 0 (2 keyframes)"
+    static std::string ParametersText(const std::vector<Parameter>& parameters)
+    {
+        std::string text;
+        for (const Parameter& parameter : parameters)
+            text += fmt::format("{}{} {}{}", text.empty() ? ": " : ", ", parameter.name,
+                                parameter.value, KeyframesText(parameter.keyframes));
+        return text;
+    }
+
+    void WriteMarkers(int depth, const std::vector<Marker>& markers, const FrameForm& form,
+                      Ticks start)
+    {
+        for (const Marker& marker : markers) {
+            const Ticks place = AddTicks(start, marker.start);
+            const std::string length =
+                marker.duration == 0 ? "" : " - " + form.Timecode(AddTicks(place, marker.duration));
+            Line(depth, "marker {}{} {}{}", form.Timecode(place), length, Quoted(marker.name),
+                 Behind("", marker.comment));
+        }
+    }
+
+    // The others of the group: "A1 at 01:00:00:00, A2 at 01:00:00:00".
+    static std::string LinkText(const Sequence& sequence, const Item& item)
+    {
+        constexpr std::size_t kMost = 8;
+        const std::vector<ItemPlace>& group = sequence.links[item.link];
+        std::string text;
+        std::size_t count = 0;
+        for (const ItemPlace& place : group) {
+            const Track& track = sequence.tracks[place.track];
+            const Item& other = track.items[place.item];
+            if (&other == &item)
+                continue;
+            if (++count > kMost)
+                return fmt::format("{} and {} more", text, group.size() - 1 - kMost);
+            text += fmt::format("{}{} at {}", text.empty() ? "" : ", ", TrackText(track),
+                                sequence.form.Timecode(AddTicks(sequence.start, other.start)));
+        }
+        return text;
+    }
+
+    const Project& project_;
+    const IsOnline& isOnline_;
+    std::string text_;
+};
+
+std::string DifferenceLine(const Difference& difference)
+{
+    std::string text = fmt::format("  {:<8}", ChangeText(difference.change));
+    if (!difference.track.empty())
+        text += difference.track + ' ';
+    text += fmt::format("{} {}", difference.timecode, SubjectText(difference.subject));
+    if (!difference.name.empty())
+        text += ' ' + Quoted(difference.name);
+    if (difference.property.empty())
+        return text;
+    text += ": " + difference.property;
+    if (difference.change == Change::Added)
+        return text + ' ' + Quoted(difference.after);
+    if (difference.change == Change::Lost)
+        return text + ' ' + Quoted(difference.before);
+    const auto word = [](const std::string& value) { return value.empty() ? "nothing" : value; };
+    return text + ' ' + word(difference.before) + " -> " + word(difference.after);
+}
+
+} // namespace
+
+std::string TreeText(const Project& project, const IsOnline& isOnline)
+{
+    return TreeWriter(project, isOnline).Write();
+}
+
+std::string DifferencesText(const std::vector<Difference>& differences)
+{
+    if (differences.empty())
+        return "No differences.\n";
+    std::string text;
+    std::array<std::size_t, 4> counts{}; // by Change
+    const std::string* sequence = nullptr;
+    for (const Difference& difference : differences) {
+        if (!sequence || *sequence != difference.sequence) {
+            AppendPrintable("sequence " + Quoted(difference.sequence), text);
+            text += '\n';
+        }
+        sequence = &difference.sequence;
+        AppendPrintable(DifferenceLine(difference), text);
+        text += '\n';
+        ++counts[static_cast<std::size_t>(difference.change)];
+    }
+    text += fmt::format("{} difference{}:", differences.size(), differences.size() == 1 ? "" : "s");
+    std::string_view separator = " ";
+    for (const Change change : {Change::Added, Change::Lost, Change::Moved, Change::Changed})
+        if (const std::size_t count = counts[static_cast<std::size_t>(change)]; count > 0) {
+            text += fmt::format("{}{} {}", separator, count, ChangeText(change));
+            separator = ", ";
+        }
+    return text + '\n';
+}
+
+} // namespace XPJ::Inspection

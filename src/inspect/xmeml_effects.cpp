@@ -1,0 +1,94 @@
+#include "inspect/xmeml_effects.h"
+
+#include "core/numbers.h"
+#include "core/text.h"
+#include "effects/keyframes.h"
+#include "effects/values.h"
+#include "inspect/effect_names.h"
+
+namespace XPJ::Inspection {
+
+namespace {
+
+constexpr std::string_view kSpeedEffect = "timeremap";
+
+// Points and colours stand in parts, a part each.
+std::string ValueText(ObjectHandle node)
+{
+    std::string parts;
+    for (const Name& key :
+         {Name("horiz"), Name("vert"), Name("red"), Name("green"), Name("blue"), Name("alpha")})
+        if (const std::string_view part = node.GetChild("value").GetProperty(key); !part.empty())
+            parts.append(parts.empty() ? "" : ":").append(part);
+    return PlainForm(parts.empty() ? PlainValue(node) : std::string_view(parts));
+}
+
+std::vector<Parameter> ReadParameters(ObjectHandle effect, Ticks frameTicks)
+{
+    std::vector<Parameter> parameters;
+    for (const ObjectHandle& node : effect.GetChildren("parameter")) {
+        const std::string_view id = node.GetProperty("parameterid");
+        Parameter parameter{PlainForm(id.empty() ? node.GetProperty("name") : id), ValueText(node)};
+        for (const ObjectHandle& keyframe : node.GetChildren("keyframe"))
+            parameter.keyframes.push_back(
+                {MultiplyTicks(Int64Property(keyframe, "when"), frameTicks), ValueText(keyframe)});
+        parameters.push_back(std::move(parameter));
+    }
+    return parameters;
+}
+
+Effect ReadEffect(ObjectHandle effect, Ticks frameTicks)
+{
+    return {.name = EffectNameOfId(effect.GetProperty("effectid"), effect.GetProperty("name")),
+            .enabled = !IsTrue(effect, "velaBypass"),
+            .parameters = ReadParameters(effect, frameTicks)};
+}
+
+} // namespace
+
+std::vector<Effect> ReadXmemlEffects(ObjectHandle item, Ticks frameTicks)
+{
+    std::vector<Effect> effects;
+    if (item.GetName() == "generatoritem" && item.HasChild("effect"))
+        effects.push_back(ReadEffect(item.GetChild("effect"), frameTicks));
+    for (const ObjectHandle& filter : item.GetChildren("filter")) {
+        const ObjectHandle effect = filter.GetChild("effect");
+        if (!effect || effect.GetProperty("effectid") == kSpeedEffect)
+            continue;
+        Effect read = ReadEffect(effect, frameTicks);
+        if (EqualsIgnoreCase(filter.GetProperty("enabled"), "FALSE"))
+            read.enabled = false;
+        if (!IsAtRest(read))
+            effects.push_back(std::move(read));
+    }
+    return effects;
+}
+
+std::vector<Keyframe> ReadXmemlSpeedKeyframes(ObjectHandle item, Ticks frameTicks)
+{
+    std::vector<Keyframe> keyframes;
+    for (const ObjectHandle& filter : item.GetChildren("filter")) {
+        const ObjectHandle effect = filter.GetChild("effect");
+        if (effect.GetProperty("effectid") != kSpeedEffect ||
+            ParseInt(PlainValue(FindParameter(effect, "variablespeed"))) <= 0)
+            continue;
+        const std::string text = SpeedKeyframes(FindParameter(effect, "graphdict"), frameTicks);
+        for (const SpeedPoint& point : ParseSpeedKeyframes(text))
+            keyframes.push_back({point.time, TickText(point.mediaTime)});
+        break;
+    }
+    return keyframes;
+}
+
+Transition ReadXmemlTransition(ObjectHandle transitionItem, Ticks frameTicks)
+{
+    const ObjectHandle effect = transitionItem.GetChild("effect");
+    const std::string_view alignment = transitionItem.GetProperty("alignment");
+    return {.name = TransitionNameOfId(effect.GetProperty("effectid"), effect.GetProperty("name")),
+            .start = MultiplyTicks(Int64Property(transitionItem, "start"), frameTicks),
+            .end = MultiplyTicks(Int64Property(transitionItem, "end"), frameTicks),
+            .alignment = alignment.empty() ? "center" : PlainForm(alignment),
+            .parameters = ReadParameters(effect, frameTicks)};
+}
+
+} // namespace XPJ::Inspection

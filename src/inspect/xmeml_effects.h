@@ -1,0 +1,18 @@
+// Filters and transitions of XML documents.
+#pragma once
+
+#include "inspect/timeline.h"
+#include "model/object.h"
+
+namespace XPJ::Inspection {
+
+// The filters of a `clipitem` or `generatoritem`, and a generator's own effect. What a clip's speed
+// is made of stands on the item itself.
+std::vector<Effect> ReadXmemlEffects(ObjectHandle item, Ticks frameTicks);
+
+// Those of a variable speed; empty for a constant one.
+std::vector<Keyframe> ReadXmemlSpeedKeyframes(ObjectHandle item, Ticks frameTicks);
+
+Transition ReadXmemlTransition(ObjectHandle transitionItem, Ticks frameTicks);
+
+} // namespace XPJ::Inspection

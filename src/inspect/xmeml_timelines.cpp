@@ -1,0 +1,397 @@
+// XML documents as the model: edges at transitions, references by id, frames of many rates.
+#include "core/frame_rate.h"
+#include "core/numbers.h"
+#include "core/text.h"
+#include "import/cut_points.h"
+#include "import/formats.h"
+#include "import/import_state.h"
+#include "import/item_times.h"
+#include "import/links.h"
+#include "import/media.h"
+#include "import/multiclips.h"
+#include "import/sequences.h"
+#include "import/speed.h"
+#include "import/tracks.h"
+#include "inspect/effect_names.h"
+#include "inspect/read_timelines.h"
+#include "inspect/xmeml_effects.h"
+
+#include <algorithm>
+#include <map>
+#include <numeric>
+#include <unordered_map>
+
+namespace XPJ::Inspection {
+
+namespace {
+
+std::string TextOf(ObjectHandle node, Name key)
+{
+    return UnescapeXML(node.GetProperty(key));
+}
+
+std::string LabelOf(ObjectHandle node)
+{
+    return TextOf(node.GetChild("labels"), "label2");
+}
+
+FrameForm FormOf(Ticks frameTicks, ObjectHandle timecode)
+{
+    if (frameTicks <= 0)
+        return {};
+    const int display = ParseInt(TimeDisplayOf(IsNonDrop(timecode), frameTicks));
+    return {frameTicks, TimecodeFormOf(frameTicks, display).drop};
+}
+
+// Of the first frame: a count in the timecode's own rate, else in that of what it belongs to.
+Ticks StartOf(ObjectHandle timecode, Ticks frameTicks)
+{
+    const Ticks own = TicksOfRate(timecode.GetChild("rate"));
+    return MultiplyTicks(Int64Property(timecode, "frame"), own > 0 ? own : frameTicks);
+}
+
+// A sequence keeps the number that its timecode starts with, whatever rate that was stated at. Only
+// where its frames are ticks does the timecode count in frames of its own.
+Ticks StartOfSequence(ObjectHandle timecode, Ticks frameTicks)
+{
+    return frameTicks == 1 ? StartOf(timecode, frameTicks)
+                           : MultiplyTicks(Int64Property(timecode, "frame"), frameTicks);
+}
+
+std::vector<Marker> ReadMarkers(ObjectHandle element, Ticks frameTicks)
+{
+    std::vector<Marker> markers;
+    for (const ObjectHandle& node : element.GetChildren("marker")) {
+        const Frames in = Int64Property(node, "in");
+        const Frames out = HasValue(node, "out") ? Int64Property(node, "out") : kNotStated;
+        markers.push_back(
+            {.start = MultiplyTicks(in, frameTicks),
+             .duration = out == kNotStated ? 0 : MultiplyTicks(Minus(out, in), frameTicks),
+             .name = TextOf(node, "name"),
+             .comment = TextOf(node, "comment")});
+    }
+    return markers;
+}
+
+// Groups that links between pairs make together.
+class LinkGroups {
+public:
+    void Join(ItemPlace a, ItemPlace b)
+    {
+        const std::size_t rootA = RootOf(NumberOf(a));
+        const std::size_t rootB = RootOf(NumberOf(b));
+        parents_[std::max(rootA, rootB)] = std::min(rootA, rootB);
+    }
+    // Those of more than one item, each in the order of the tracks.
+    std::vector<std::vector<ItemPlace>> Groups()
+    {
+        std::map<std::size_t, std::vector<ItemPlace>> byRoot;
+        for (const auto& [place, number] : numbers_)
+            byRoot[RootOf(number)].push_back(place);
+        std::vector<std::vector<ItemPlace>> groups;
+        for (auto& [root, places] : byRoot)
+            if (places.size() > 1)
+                groups.push_back(std::move(places));
+        std::sort(groups.begin(), groups.end());
+        return groups;
+    }
+
+private:
+    std::size_t NumberOf(ItemPlace place)
+    {
+        const auto [entry, isNew] = numbers_.emplace(place, parents_.size());
+        if (isNew)
+            parents_.push_back(parents_.size());
+        return entry->second;
+    }
+    std::size_t RootOf(std::size_t number)
+    {
+        while (parents_[number] != number)
+            number = parents_[number] = parents_[parents_[number]];
+        return number;
+    }
+
+    std::map<ItemPlace, std::size_t> numbers_;
+    std::vector<std::size_t> parents_;
+};
+
+// An item with what is needed to find its links.
+struct ReadItem {
+    Item item;
+    ObjectHandle node;
+    LinkKey key;
+};
+
+class XmemlTimelines {
+public:
+    explicit XmemlTimelines(std::string_view folder)
+    {
+        state_.documentDirectory = folder;
+        project_.family = Family::Xmeml;
+    }
+
+    Project Read(ObjectHandle xmeml)
+    {
+        project_.version = TextOf(xmeml, "version");
+        project_.name = TextOf(xmeml.GetChild("project"), "name");
+        FindFiles(xmeml);
+        for (const ObjectHandle& node : xmeml.GetChildren())
+            AddEntries(node.GetName() == "project" ? node.GetChild("children") : ObjectHandle(),
+                       node, 0);
+        // A sequence may show others, which then stand at the end.
+        for (std::size_t i = 0; i < sequenceNodes_.size(); ++i)
+            project_.sequences.push_back(ReadSequence(sequenceNodes_[i]));
+        return std::move(project_);
+    }
+
+private:
+    // Files are defined anywhere and named by id.
+    void FindFiles(ObjectHandle root)
+    {
+        NodeSet seen;
+        std::vector<ObjectHandle> waiting{root};
+        while (!waiting.empty()) {
+            const ObjectHandle node = waiting.back();
+            waiting.pop_back();
+            if (!seen.Insert(node))
+                continue;
+            if (node.GetName() == "file" && HasValue(node, "id") && node.HasChildren())
+                state_.files.emplace(node.GetProperty("id"), node);
+            for (const ObjectHandle& child : node.GetChildren())
+                waiting.push_back(child);
+        }
+    }
+
+    // The entries of a list, or a single one.
+    void AddEntries(ObjectHandle list, ObjectHandle single, int depth)
+    {
+        if (depth >= kMaxNesting)
+            return;
+        if (!list)
+            return AddEntry(single, depth);
+        for (const ObjectHandle& node : list.GetChildren())
+            AddEntry(node, depth);
+    }
+
+    void AddEntry(ObjectHandle node, int depth)
+    {
+        Entry entry{.depth = depth, .name = TextOf(node, "name"), .label = LabelOf(node)};
+        if (node.GetName() == "bin") {
+            project_.entries.push_back(std::move(entry));
+            if (const ObjectHandle children = node.GetChild("children"))
+                AddEntries(children, {}, depth + 1);
+        } else if (node.GetName() == "clip" && node.HasChildren()) {
+            entry.kind = EntryKind::Clip;
+            entry.medium = MediumOf(FirstFileOf(state_, node));
+            entry.markers = ReadMarkers(node, RatesOfItem(node, kNtscFrameTicks).item);
+            project_.entries.push_back(std::move(entry));
+        } else if (node.GetName() == "sequence" && node.HasChildren()) {
+            entry.kind = EntryKind::Sequence;
+            entry.sequence = NumberOf(node);
+            project_.entries.push_back(std::move(entry));
+        }
+    }
+
+    std::size_t NumberOf(ObjectHandle sequence)
+    {
+        const auto [entry, isNew] =
+            sequenceNumbers_.emplace(sequence.UniqueId(), sequenceNodes_.size());
+        if (isNew)
+            sequenceNodes_.push_back(sequence);
+        return entry->second;
+    }
+
+    std::size_t MediumOf(ObjectHandle file)
+    {
+        if (!file)
+            return kNothing;
+        const auto [entry, isNew] = media_.emplace(file.UniqueId(), project_.media.size());
+        if (isNew) {
+            const ObjectHandle timecode = file.GetChild("timecode");
+            const FrameForm form = FormOf(TicksOfRate(file.GetChild("rate")), timecode);
+            project_.media.push_back({.name = UnescapeXML(TitleOfFile(file)),
+                                      .path = UnescapeXML(PathOfFile(state_, file)),
+                                      .form = form,
+                                      .start = StartOf(timecode, form.ticks)});
+        }
+        return entry->second;
+    }
+
+    Sequence ReadSequence(ObjectHandle node)
+    {
+        const SequenceRates rates = RatesOfSequence(state_, node);
+        const Ticks unit = rates.edges > 0 ? rates.edges : kNtscFrameTicks;
+        NormaliseSequence(node, unit);
+        Sequence sequence{.name = TextOf(node, "name"),
+                          .form = FormOf(unit, node.GetChild("timecode")),
+                          .start = StartOfSequence(node.GetChild("timecode"), unit)};
+        const ObjectHandle characteristics = CharacteristicsOf(node);
+        sequence.width = IntProperty(characteristics, "width");
+        sequence.height = IntProperty(characteristics, "height");
+        const Ticks own = TicksOfRate(node.GetChild("rate"));
+        sequence.markers = ReadMarkers(node, own > 0 ? own : unit);
+        ReadTracks(node, unit, sequence);
+        return sequence;
+    }
+
+    void ReadTracks(ObjectHandle node, Ticks unit, Sequence& sequence)
+    {
+        std::map<LinkKey, ItemPlace> places;
+        std::vector<std::pair<ItemPlace, ObjectHandle>> linked;
+        const ObjectHandle media = node.GetChild("media");
+        for (const MediaType type : {MediaType::Video, MediaType::Audio}) {
+            int stated = 0; // as links count
+            int kept = 0;
+            for (const ObjectHandle& trackNode :
+                 media.GetChild(type == MediaType::Video ? "video" : "audio")
+                     .GetChildren("track")) {
+                ++stated;
+                // Further channels of the track before it.
+                if (type == MediaType::Audio && kept > 0 && IsContinuationTrack(trackNode))
+                    continue;
+                Track track{.kind = type == MediaType::Video ? TrackKind::Video : TrackKind::Audio,
+                            .number = ++kept};
+                std::vector<ReadItem> items = ReadTrack(trackNode, type, stated, unit, track);
+                for (ReadItem& read : items) {
+                    const ItemPlace place{sequence.tracks.size(), track.items.size()};
+                    places.emplace(read.key, place);
+                    if (read.node.HasChild("link"))
+                        linked.emplace_back(place, read.node);
+                    track.items.push_back(std::move(read.item));
+                }
+                sequence.tracks.push_back(std::move(track));
+            }
+        }
+        ReadLinks(LinkIndex(node, 0), places, linked, sequence);
+    }
+
+    static void ReadLinks(const LinkIndex& index, const std::map<LinkKey, ItemPlace>& places,
+                          const std::vector<std::pair<ItemPlace, ObjectHandle>>& linked,
+                          Sequence& sequence)
+    {
+        LinkGroups groups;
+        for (const auto& [place, node] : linked)
+            for (const ObjectHandle& link : node.GetChildren("link"))
+                if (const auto found = places.find(index.TargetOf(link)); found != places.end())
+                    groups.Join(place, found->second);
+        sequence.links = groups.Groups();
+        for (std::size_t i = 0; i < sequence.links.size(); ++i)
+            for (const ItemPlace& place : sequence.links[i])
+                sequence.tracks[place.track].items[place.item].link = i;
+    }
+
+    // Its items by start; the transitions go into `track`.
+    std::vector<ReadItem> ReadTrack(ObjectHandle node, MediaType type, int number, Ticks unit,
+                                    Track& track)
+    {
+        track.name =
+            TextOf(node, node.HasProperty("MZ.TrackName") ? Name("MZ.TrackName") : Name("name"));
+        track.enabled = !EqualsIgnoreCase(node.GetProperty("enabled"), "FALSE");
+        track.locked = IsTrue(node, "locked");
+        std::vector<ReadItem> items;
+        int position = 0;
+        for (const ObjectHandle& child : node.GetChildren()) {
+            if (!IsTrackItem(child))
+                continue;
+            ++position;
+            if (child.GetName() == "transitionitem")
+                track.transitions.push_back(ReadXmemlTransition(child, unit));
+            else
+                items.push_back({MakeItem(child, type, unit), child,
+                                 KeyOfItem(child, type, 0, number, position)});
+        }
+        std::ranges::stable_sort(items, {}, [](const ReadItem& read) { return read.item.start; });
+        std::ranges::stable_sort(track.transitions, {}, &Transition::start);
+        return items;
+    }
+
+    Item MakeItem(ObjectHandle node, MediaType type, Ticks unit)
+    {
+        const ItemRates rates = RatesOfItem(node, unit);
+        const ObjectHandle file = FileOfItem(state_, node);
+        const ItemTimes times = node.GetName() == "generatoritem"
+                                    ? TimesOfGenerator(node, rates, Int64Property(file, "duration"))
+                                    : TimesOfClip(node, rates);
+        const ItemSpeed speed = SpeedOfItem(node);
+        Item item{.name = TextOf(HasValue(node, "name") ? node : file, "name"),
+                  .start = MultiplyTicks(times.start, unit),
+                  .end = MultiplyTicks(times.end, unit),
+                  .speed = speed.speed,
+                  .reverse = speed.playBackwards,
+                  .frameBlending = speed.frameBlending,
+                  .speedKeyframes = ReadXmemlSpeedKeyframes(node, rates.item),
+                  .enabled = !EqualsIgnoreCase(node.GetProperty("enabled"), "FALSE"),
+                  .compositeMode = PlainForm(node.GetProperty("compositemode")),
+                  .label = LabelOf(node),
+                  .sourceForm = FormOf(rates.item, file.GetChild("timecode"))};
+        SetRange(node, type, times, rates, item);
+        if (type == MediaType::Audio)
+            item.channel = IntProperty(node.GetChild("sourcetrack"), "trackindex");
+        SetSource(node, file, item);
+        item.effects = ReadXmemlEffects(node, rates.item);
+        item.markers = ReadMarkers(node, rates.item);
+        return item;
+    }
+
+    // Points count in played frames; sound may state them exactly. A picture without an out point
+    // ends with its place in the sequence.
+    static void SetRange(ObjectHandle node, MediaType type, const ItemTimes& times,
+                         const ItemRates& rates, Item& item)
+    {
+        const bool isSound = type == MediaType::Audio;
+        const Frames delay = isSound ? Int64Property(node, "mediadelay") : 0;
+        const auto pointOf = [&](Name exactKey, Frames frames) {
+            const bool isExact =
+                isSound && HasValue(node, exactKey) && Int64Property(node, exactKey) != kNotStated;
+            return isExact ? Int64Property(node, exactKey)
+                           : ScaledTicks(AddTicks(frames, delay), rates.item, item.speed);
+        };
+        item.in = std::max<Ticks>(pointOf("velaTicksIn", times.in), 0);
+        const Frames length = rates.ToItem(Minus(times.end, times.start));
+        item.out = !isSound && times.out < 0
+                       ? AddTicks(item.in, ScaledTicks(length, rates.item, item.speed))
+                       : pointOf("velaTicksOut", times.out);
+    }
+
+    void SetSource(ObjectHandle node, ObjectHandle file, Item& item)
+    {
+        const ObjectHandle multiclip = node.GetChild("multiclip");
+        if (multiclip && !IsCollapsed(multiclip)) {
+            item.source = SourceKind::Multiclip;
+            item.sourceName = TextOf(multiclip, "name");
+            return;
+        }
+        if (multiclip)
+            file = FirstFileOf(state_, ActiveClip(state_, multiclip));
+        if (file) {
+            item.medium = MediumOf(file);
+            item.source = SourceKind::Medium;
+            item.sourceName = project_.media[item.medium].name;
+        } else if (const ObjectHandle nested = node.GetChild("sequence")) {
+            NumberOf(nested);
+            item.source = SourceKind::Sequence;
+            item.sourceName = TextOf(nested, "name");
+        } else if (node.GetName() == "generatoritem") {
+            item.source = SourceKind::Generator;
+            item.sourceName = TextOf(node.GetChild("effect"), "name");
+        }
+    }
+
+    Document scratch_;
+    SilentProgress progress_;
+    IssueSet issues_;
+    ImportState state_{scratch_, progress_, issues_}; // what the rules of the import ask
+    Project project_;
+    std::vector<ObjectHandle> sequenceNodes_;
+    std::unordered_map<std::uint64_t, std::size_t> sequenceNumbers_; // by `uniqueId`
+    std::unordered_map<std::uint64_t, std::size_t> media_;           // by the file's `uniqueId`
+};
+
+} // namespace
+
+Project ReadXmemlTimelines(ObjectHandle xmeml, std::string_view folder)
+{
+    return XmemlTimelines(folder).Read(xmeml);
+}
+
+} // namespace XPJ::Inspection

@@ -1,0 +1,38 @@
+// Two documents, one of each family, that tell of the same edit.
+#pragma once
+
+#include "inspect/read_timelines.h"
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace XPJ::Inspection {
+
+inline std::string DataText(const char* name)
+{
+    std::ifstream file(std::filesystem::path(VELA_TEST_DATA) / "inspect" / name);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+// The first `from` becomes `to`; it has to be there.
+inline std::string Replaced(std::string text, const std::string& from, const std::string& to)
+{
+    const std::size_t at = text.find(from);
+    EXPECT_NE(at, text.npos) << from;
+    return at == text.npos ? text : text.replace(at, from.size(), to);
+}
+
+inline Project Timelines(const std::string& text)
+{
+    ReadOutcome outcome = ReadTimelines(text);
+    EXPECT_EQ(outcome.result, kReadDone);
+    return std::move(outcome.project);
+}
+
+} // namespace XPJ::Inspection
