@@ -1,5 +1,7 @@
 #include "core/guid.h"
 
+#include "core/numbers.h"
+
 #include <boost/uuid/uuid_io.hpp>
 
 namespace XPJ {
@@ -11,17 +13,6 @@ constexpr std::size_t kTextSize = 36;
 bool IsDashPlace(std::size_t i)
 {
     return i == 8 || i == 13 || i == 18 || i == 23;
-}
-
-int HexDigit(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return -1;
 }
 
 } // namespace

@@ -43,6 +43,17 @@ std::int64_t ParseInt64(std::string_view text) noexcept
     return error == std::errc() ? value : 0;
 }
 
+int HexDigit(char c) noexcept
+{
+    if (c >= '0' && c <= '9')
+        return c - '0';
+    if (c >= 'a' && c <= 'f')
+        return c - 'a' + 10;
+    if (c >= 'A' && c <= 'F')
+        return c - 'A' + 10;
+    return -1;
+}
+
 int ParseInt(std::string_view text) noexcept
 {
     constexpr std::int64_t kMin = std::numeric_limits<int>::min();

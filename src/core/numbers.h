@@ -8,6 +8,9 @@
 
 namespace XPJ {
 
+// Value of a hexadecimal digit of either case, -1 for any other character.
+int HexDigit(char c) noexcept;
+
 // Leading blanks, a sign, digits; stops at the first other character. Out of range is clamped,
 // no digits is 0.   ParseInt(" -12x") == -12
 int ParseInt(std::string_view text) noexcept;

@@ -1,5 +1,7 @@
 #include "core/paths.h"
 
+#include "core/numbers.h"
+
 #include <algorithm>
 
 namespace XPJ {
@@ -22,17 +24,6 @@ bool IsLetter(char c)
 bool StartsWithDrive(std::string_view text)
 {
     return text.size() >= 2 && IsLetter(text[0]) && text[1] == ':';
-}
-
-int HexDigit(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return -1;
 }
 
 // The first escape that isn't one ends the decoding; what follows stays as it is.

@@ -196,6 +196,15 @@ std::string WellFormedText(std::string_view text)
     return result;
 }
 
+std::string_view Trimmed(std::string_view text) noexcept
+{
+    constexpr std::string_view kBlanks = " \t\n\v\f\r";
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == text.npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
 bool EqualsIgnoreCase(std::string_view a, std::string_view b) noexcept
 {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {

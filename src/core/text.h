@@ -27,6 +27,9 @@ std::string WellFormedText(std::string_view text);
 // True for text that `WellFormedText` leaves alone at a glance: ASCII without "&", "<" and ">".
 bool IsPlainText(std::string_view text) noexcept;
 
+// Without the blanks at both ends.
+std::string_view Trimmed(std::string_view text) noexcept;
+
 // ASCII letters compare without regard to case, all other bytes as they are.
 bool EqualsIgnoreCase(std::string_view a, std::string_view b) noexcept;
 

@@ -2,6 +2,7 @@
 
 #include "core/frame_rate.h"
 #include "core/numbers.h"
+#include "core/text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,15 +10,6 @@
 namespace XPJ {
 
 namespace {
-
-std::string_view Trimmed(std::string_view text)
-{
-    constexpr std::string_view kBlanks = " \t\n\v\f\r";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == text.npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 std::uint64_t PackedChannel(int channel)
 {

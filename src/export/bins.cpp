@@ -1,9 +1,10 @@
 #include "export/bins.h"
 
 #include "core/text.h"
+#include "export/clip_notes.h"
 #include "export/clips.h"
+#include "export/item_walk.h"
 #include "export/project_paths.h"
-#include "model/side_tables.h"
 
 #include <vector>
 
@@ -11,25 +12,12 @@ namespace XPJ::RVX {
 
 namespace {
 
-// A label that the table doesn't know leaves an empty `labels`.
-void CopyLabel(ExportContext& context, ObjectHandle binItem, ObjectHandle bin)
-{
-    const ObjectHandle properties = ItemProperties(binItem);
-    if (!properties.HasProperty("Column.PropertyText.Label"))
-        return;
-    const ObjectHandle labels = context.document.NewObject("labels");
-    bin.AddChild(labels);
-    const std::string_view name = LabelNameOf(properties.GetProperty("Column.PropertyText.Label"));
-    if (!name.empty())
-        labels.SetProperty("label2", name);
-}
-
 // Gives the new bin's `children`, empty for now.
 ObjectHandle TranslateBin(ExportContext& context, ObjectHandle binItem, ObjectHandle parentChildren)
 {
     const ObjectHandle bin = context.document.NewObject("bin");
     bin.SetProperty("name", EscapeXML(ItemName(binItem)));
-    CopyLabel(context, binItem, bin);
+    WriteItemLabel(context, ItemProperties(binItem), bin);
     const ObjectHandle children = context.document.NewObject("children");
     bin.AddChild(children);
     parentChildren.AddChild(bin);
@@ -38,47 +26,50 @@ ObjectHandle TranslateBin(ExportContext& context, ObjectHandle binItem, ObjectHa
 
 bool ShowsSequence(ObjectHandle clipItem, const Guid& guid)
 {
-    const ObjectHandle sequence = SequenceOfMaster(clipItem.GetChild("MasterClip"));
+    const ObjectHandle sequence = SequenceOfMaster(MasterOfItem(clipItem));
     return StringToGUID(ObjectGuid(sequence)) == guid;
+}
+
+bool TranslateChosenSequence(ExportContext& context, ObjectHandle rootItem, const Guid& guid,
+                             ObjectHandle children)
+{
+    ItemWalk walk(rootItem);
+    while (const auto step = walk.Next()) {
+        if (!IsClipItem(step->item) || !ShowsSequence(step->item, guid))
+            continue;
+        TranslateMasterClip(context, step->item, children);
+        return true;
+    }
+    return false;
 }
 
 } // namespace
 
-// Bins refer to each other by GUID, so a damaged project may nest them to any depth or in a circle:
-// the walk keeps its own stack and enters a bin once.
+void CollectProjectItems(ExportContext& context, ObjectHandle rootItem)
+{
+    ItemWalk walk(rootItem);
+    while (const auto step = walk.Next())
+        if (const ObjectHandle master = MasterOfItem(step->item))
+            context.projectItems.try_emplace(master.UniqueId(), step->item);
+}
+
 bool TranslateItems(ExportContext& context, ObjectHandle rootItem, const Guid& sequenceGuid,
                     ObjectHandle children)
 {
-    struct Level {
-        ChildRange::Iterator next;
-        ObjectHandle children; // where the level's items go
-    };
-    const bool wholeProject = sequenceGuid == kZeroGuid;
-    const ChildRange::Iterator end = ItemList(rootItem).GetChildren().end();
-    std::vector<Level> levels{{ItemList(rootItem).GetChildren().begin(), children}};
-    NodeSet visitedBins;
+    if (sequenceGuid != kZeroGuid)
+        return TranslateChosenSequence(context, rootItem, sequenceGuid, children);
     bool found = false;
-    while (!levels.empty()) {
-        Level& level = levels.back();
-        if (!(level.next != end)) {
-            levels.pop_back();
+    std::vector<ObjectHandle> childrenAt{children}; // where the items of each depth go
+    ItemWalk walk(rootItem);
+    while (const auto step = walk.Next()) {
+        childrenAt.resize(step->depth + 1);
+        if (IsBinItem(step->item))
+            childrenAt.push_back(TranslateBin(context, step->item, childrenAt.back()));
+        else if (IsClipItem(step->item))
+            TranslateMasterClip(context, step->item, childrenAt.back());
+        else
             continue;
-        }
-        const ObjectHandle item = *level.next;
-        ++level.next;
-        if (item.GetName() == "ClipProjectItem") {
-            if (!wholeProject && !ShowsSequence(item, sequenceGuid))
-                continue;
-            TranslateMasterClip(context, item, level.children);
-            found = true;
-            if (!wholeProject)
-                return true;
-        } else if (item.GetName() == "BinProjectItem" && visitedBins.Insert(item)) {
-            const ObjectHandle inner =
-                wholeProject ? TranslateBin(context, item, level.children) : level.children;
-            found = found || wholeProject;
-            levels.push_back({ItemList(item).GetChildren().begin(), inner});
-        }
+        found = true;
     }
     return found;
 }

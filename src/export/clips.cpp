@@ -1,8 +1,133 @@
 #include "export/clips.h"
 
+#include "core/text.h"
+#include "export/clip_media.h"
+#include "export/clip_notes.h"
+#include "export/logging.h"
+#include "export/markers.h"
+#include "export/master_media.h"
+#include "export/project_paths.h"
+#include "export/rates.h"
+#include "export/sequences.h"
+
+#include <algorithm>
+#include <string_view>
+
 namespace XPJ::RVX {
 
-// Clips and sequences are not translated yet (kTranslatesClips): nothing is added.
-void TranslateMasterClip(ExportContext&, ObjectHandle, ObjectHandle) {}
+namespace {
+
+constexpr int kVideoTrackKind = 1;
+
+void WriteRangePoint(const ExportContext& context, ObjectHandle core, Name key, Ticks frameTicks,
+                     ObjectHandle element, Name newKey)
+{
+    const Ticks point = Int64Property(core, key);
+    if (point >= 1)
+        element.SetProperty(newKey, TimeText(context, point, frameTicks));
+}
+
+void WriteClipRange(const ExportContext& context, ObjectHandle core, Ticks frameTicks,
+                    ObjectHandle element)
+{
+    WriteRangePoint(context, core, "InPoint", frameTicks, element, "in");
+    WriteRangePoint(context, core, "OutPoint", frameTicks, element, "out");
+}
+
+// The frames of the master's range: of its clip, else of the sequence that it shows.
+Ticks RangeRate(ObjectHandle masterClip, ObjectHandle sequence)
+{
+    const Ticks own = Int64Property(ClipCore(MainClip(masterClip)), "FrameRate");
+    return IsRate(own) ? own : FrameTicksOfSequence(sequence);
+}
+
+void TranslateSequenceItem(ExportContext& context, ObjectHandle clipItem, ObjectHandle sequence,
+                           ObjectHandle children)
+{
+    const std::string_view writtenId = FindNote(context.sequenceIds, sequence);
+    if (!writtenId.empty()) {
+        const ObjectHandle reference = context.document.NewObject("sequenceref");
+        reference.SetPropertyShared("id", writtenId);
+        children.AddChild(reference);
+        return;
+    }
+    const ObjectHandle masterClip = MasterOfItem(clipItem);
+    const ObjectHandle result = TranslateSequence(context, sequence, masterClip);
+    result.SetProperty("name", EscapeXML(ItemName(clipItem)));
+    WriteItemLabel(context, ItemProperties(clipItem), result);
+    WriteClipRange(context, ClipCore(MainClip(masterClip)), RangeRate(masterClip, sequence),
+                   result);
+    children.AddChild(result);
+    TranslatePostponedSequences(context, children);
+    if (IsMergedSequence(sequence))
+        AddIssue(context, ExportIssue::MergedClipExportedAsSequence,
+                 {.clip = sequence.GetProperty("Name"), .trackKind = kVideoTrackKind, .time = {}});
+}
+
+std::string_view ClipName(ObjectHandle masterClip, ObjectHandle clipItem)
+{
+    const std::string_view name = masterClip.GetProperty("Name");
+    return name.empty() ? ItemName(clipItem) : name;
+}
+
+// The import leaves the markers of a clip to its sound, where it has sound.
+ObjectHandle MarkedCore(ObjectHandle masterClip)
+{
+    const ObjectHandle main = ClipCore(MainClip(masterClip));
+    const ChildRange markers = MarkerEntriesOf(main);
+    return markers.begin() != markers.end() ? main : ClipCore(FirstAudioClip(masterClip));
+}
+
+// What the master's picture and its sound say of the clip.
+void TranslateClips(ExportContext& context, ObjectHandle masterClip, Ticks frameTicks,
+                    ObjectHandle result)
+{
+    const ObjectHandle main = MainClip(masterClip);
+    if (IsVideoClip(main)) {
+        result.SetProperty("scaleToFrameSize", IsTrue(main, "ScaleToFrameSize") ? "TRUE" : "FALSE");
+        WriteClipLabel(context, ClipProperties(main), result);
+    }
+    const ObjectHandle marked = MarkedCore(masterClip);
+    const Ticks in = std::max<Ticks>(Int64Property(marked, "InPoint"), 0);
+    TranslateMarkers(context, {.owner = marked, .frameTicks = frameTicks, .offset = in}, result);
+    WriteClipRange(context, ClipCore(main), frameTicks, result);
+}
+
+void TranslateMediaItem(ExportContext& context, ObjectHandle clipItem, MasterMedia media,
+                        ObjectHandle children)
+{
+    const ObjectHandle masterClip = MasterOfItem(clipItem);
+    const std::string_view id = MasterClipId(context, masterClip);
+    if (id.empty())
+        return;
+    const ObjectHandle clip = context.document.NewObject("clip");
+    clip.SetPropertyShared("id", id);
+    if (!context.vl2snMode)
+        clip.SetPropertyShared("explodedTracks", "true");
+    CopyProperty(masterClip, "UIDObject", clip, "uuid");
+    WriteComments(context, ItemProperties(clipItem), clip);
+    WriteItemLabel(context, ItemProperties(clipItem), clip);
+    if (const std::string_view name = ClipName(masterClip, clipItem); !name.empty())
+        clip.SetProperty("name", EscapeXML(name));
+
+    media.boundaries.ticksPerFrame = ClipRate(media.medium);
+    TranslateClips(context, masterClip, media.boundaries.ticksPerFrame, clip);
+    ObjectHandle file;
+    clip.AddChild(TranslateClipMedia(context, masterClip, media, file));
+    TranslateLoggingInfo(context, masterClip, file, clip);
+    children.AddChild(clip);
+}
+
+} // namespace
+
+void TranslateMasterClip(ExportContext& context, ObjectHandle clipItem, ObjectHandle children)
+{
+    const ObjectHandle masterClip = MasterOfItem(clipItem);
+    const MasterMedia media = FindMasterMedia(masterClip);
+    if (media.medium)
+        TranslateMediaItem(context, clipItem, media, children);
+    else if (const ObjectHandle sequence = SequenceOfMaster(masterClip))
+        TranslateSequenceItem(context, clipItem, sequence, children);
+}
 
 } // namespace XPJ::RVX

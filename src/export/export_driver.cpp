@@ -3,6 +3,7 @@
 #include "core/text.h"
 #include "export/bins.h"
 #include "export/export_context.h"
+#include "export/links.h"
 
 namespace XPJ::RVX {
 
@@ -27,6 +28,7 @@ void TranslateRootItem(ExportContext& context, ObjectHandle rootItem, const Guid
                        ObjectHandle project)
 {
     const ObjectHandle children = context.document.NewObject("children");
+    CollectProjectItems(context, rootItem);
     if (TranslateItems(context, rootItem, sequenceGuid, children))
         project.AddChild(children);
 }
@@ -42,7 +44,7 @@ int TranslateProject(ExportContext& context, ObjectHandle source, const ExportOp
     TranslateRootItem(context, source.GetChild("RootProjectItem"), options.sequenceGuid, project);
     if (!stage.Step())
         return kAborted;
-    // No item is written yet, so no link waits to be resolved.
+    ResolveLinks(context);
     return stage.Step() ? kSuccess : kAborted;
 }
 
@@ -56,7 +58,11 @@ int TranslateProjectDocument(ObjectHandle root, const ExportOptions& options, Pr
     if (!source)
         return kNoFCPDataFound;
 
-    ExportContext context{document, progress, issues, options.vl2snMode};
+    ExportContext context(document, progress, issues,
+                          options.ids ? *options.ids : ProcessIdCounters());
+    context.vl2snMode = options.vl2snMode;
+    context.inTicks = options.vl2snMode;
+    context.exportTransformEffect = options.exportTransformEffect;
     ObjectHandle project;
     const int result = TranslateProject(context, source, options, project);
     if (result != kSuccess)

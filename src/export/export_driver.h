@@ -5,6 +5,7 @@
 #include "core/guid.h"
 #include "core/progress.h"
 #include "core/translation_issue.h"
+#include "export/export_context.h"
 #include "model/object.h"
 
 #include <string>
@@ -13,13 +14,16 @@ namespace XPJ::RVX {
 
 // False while only the frame of a project is translated, its title and bins: a caller that writes
 // the result must tell the user so. The one place that says it.
-constexpr bool kTranslatesClips = false;
+constexpr bool kTranslatesClips = true;
 
 struct ExportOptions {
     std::string projectTitle;
     std::string outputPath;
     bool vl2snMode = false;        // the audio hand-off form
     Guid sequenceGuid = kZeroGuid; // zero: the whole project
+    IdCounters* ids = nullptr;     // null: those of the process
+    // Transform effects leave too; only a document of this system could bring them back.
+    bool exportTransformEffect = false;
 };
 
 // Translates `root`, a parsed `VelaData` element, into an `xmeml` node made in `document`.

@@ -9,11 +9,6 @@ namespace {
 
 // | previous |==|==| next |    == `transitionitem`, from..to
 //         from  ^  to          the cut, counted from `from`
-struct Cut {
-    Frames frames = 0;
-    Ticks ticks = 0;
-};
-
 struct Transition {
     ObjectHandle node;
     Frames from = 0;
@@ -58,13 +53,19 @@ public:
     void Set(Name key, Frames value) const { item_.SetProperty(key, IntToString(value)); }
     bool IsStated(Name key) const { return HasValue(item_, key) && Get(key) != kNotStated; }
 
-    // Moves a time in the source, and its exact form in ticks, by a length in the sequence.
-    void Shift(Name key, Name exactKey, Frames frames, Ticks ticks) const
+    // Moves a time in the source, and its exact form in ticks, as far as the edge moves: by whole
+    // frames of the sequence, or sound would slip against its place. Where the exact form is stated
+    // the other was cut down from it to a frame of the item.
+    void Shift(Name key, Name exactKey, Frames frames) const
     {
+        const bool wasCutDown = IsStated(exactKey) && rates_.item != rates_.sequence;
         if (Get(key) != kNotStated)
-            Set(key, AddTicks(Get(key), rates_.ToItem(frames)));
+            Set(key,
+                AddTicks(Get(key),
+                         wasCutDown ? DivideUp(MultiplyTicks(frames, rates_.sequence), rates_.item)
+                                    : rates_.ToItem(frames)));
         if (IsStated(exactKey))
-            Set(exactKey, AddTicks(Get(exactKey), ticks));
+            Set(exactKey, AddTicks(Get(exactKey), MultiplyTicks(frames, rates_.sequence)));
     }
     // Sets a time in the source by its distance from the other one.
     void Place(Name key, Name exactKey, Name fromKey, Name exactFromKey, Frames frames) const
@@ -81,14 +82,16 @@ public:
         if (!HasValue(item_, "velaTicksIn") || rates_.item == rates_.sequence)
             return;
         for (const Name key : {Name("start"), Name("end")})
-            if (IsStated(key)) {
-                const Ticks ticks = MultiplyTicks(Get(key), rates_.item);
-                const Ticks partOfFrame = ticks % rates_.sequence;
-                Set(key, ticks / rates_.sequence + (partOfFrame > 0 ? 1 : 0));
-            }
+            if (IsStated(key))
+                Set(key, DivideUp(MultiplyTicks(Get(key), rates_.item), rates_.sequence));
     }
 
 private:
+    static Frames DivideUp(Ticks ticks, Ticks frameTicks)
+    {
+        return ticks / frameTicks + (ticks % frameTicks > 0 ? 1 : 0);
+    }
+
     ObjectHandle item_;
     ItemRates rates_;
 };
@@ -114,38 +117,34 @@ public:
 
 private:
     // The cut that a transition states, if it is inside it.
-    bool StatedCut(const Transition& transition, Cut& cut) const
+    bool StatedCut(const Transition& transition, Frames& cut) const
     {
-        if (HasValue(transition.node, "cutPointTicks")) {
-            cut.ticks = Int64Property(transition.node, "cutPointTicks");
-            cut.frames = DivTicksOr0(cut.ticks, sequenceTicks_);
-        } else {
-            cut.frames = Int64Property(transition.node, "cutPoint");
-            cut.ticks = MultiplyTicks(cut.frames, sequenceTicks_);
-        }
-        return cut.frames > 0 && cut.frames < transition.Length();
-    }
-    Cut Middle(const Transition& transition) const
-    {
-        const Frames half = transition.Length() / 2;
-        return {half, MultiplyTicks(half, sequenceTicks_)};
+        cut = HasValue(transition.node, "cutPointTicks")
+                  ? DivTicksOr0(Int64Property(transition.node, "cutPointTicks"), sequenceTicks_)
+                  : Int64Property(transition.node, "cutPoint");
+        return cut > 0 && cut < transition.Length();
     }
 
-    void EndAt(const EdgeItem& item, const Transition& transition, const Cut& cut) const
+    // What reaches beyond the cut counts as long as the part before it; in documents of this system
+    // it is exactly the rest of the transition.
+    void EndAt(const EdgeItem& item, const Transition& transition, Frames cut) const
     {
-        item.Set("end", AddTicks(transition.from, cut.frames));
-        item.Shift("out", "velaTicksOut", Minus(0, cut.frames), Minus(0, cut.ticks));
+        const bool isExact =
+            item.IsStated("velaTicksOut") && HasValue(transition.node, "cutPointTicks");
+        const Frames handle = isExact ? Minus(transition.Length(), cut) : cut;
+        item.Set("end", AddTicks(transition.from, cut));
+        item.Shift("out", "velaTicksOut", Minus(0, handle));
     }
-    void StartAt(const EdgeItem& item, const Transition& transition, const Cut& cut) const
+    void StartAt(const EdgeItem& item, const Transition& transition, Frames cut) const
     {
-        item.Set("start", AddTicks(transition.from, cut.frames));
-        item.Shift("in", "velaTicksIn", cut.frames, cut.ticks);
+        item.Set("start", AddTicks(transition.from, cut));
+        item.Shift("in", "velaTicksIn", cut);
     }
 
     // The item before a transition.
     void EndItem(const EdgeItem& item, const Transition& transition) const
     {
-        Cut cut;
+        Frames cut = 0;
         if (StatedCut(transition, cut))
             return EndAt(item, transition, cut);
         const TransitionAlignment* const alignment = AlignmentOf(transition);
@@ -153,7 +152,7 @@ private:
             return;
         switch (alignment->cut) {
         case CutPlace::Middle:
-            return EndAt(item, transition, Middle(transition));
+            return EndAt(item, transition, transition.Length() / 2);
         case CutPlace::Start:
             item.Set("end", transition.from);
             return item.Place("out", "velaTicksOut", "in", "velaTicksIn",
@@ -166,7 +165,7 @@ private:
     // The item after it.
     void StartItem(const EdgeItem& item, const Transition& transition) const
     {
-        Cut cut;
+        Frames cut = 0;
         if (StatedCut(transition, cut))
             return StartAt(item, transition, cut);
         const TransitionAlignment* const alignment = AlignmentOf(transition);
@@ -174,7 +173,7 @@ private:
             return;
         switch (alignment->cut) {
         case CutPlace::Middle:
-            return StartAt(item, transition, Middle(transition));
+            return StartAt(item, transition, transition.Length() / 2);
         case CutPlace::Start:
             return item.Set("start", transition.from);
         case CutPlace::End:
@@ -188,7 +187,7 @@ private:
     {
         const Frames length = transition.Length();
         if (!item.IsStated("end"))
-            item.Shift("in", "velaTicksIn", length, MultiplyTicks(length, sequenceTicks_));
+            item.Shift("in", "velaTicksIn", length);
         else
             item.Place("in", "velaTicksIn", "out", "velaTicksOut",
                        Minus(transition.to, item.Get("end")));

@@ -110,8 +110,6 @@ ObjectHandle MakeSlugPicture(const ImportState& state, ObjectHandle black, const
     Document& document = state.document;
     const ObjectHandle source = VideoClipOf(black).GetChild("Source");
     const ObjectHandle clip = MakeVideoClip(document, source, {.inUse = true});
-    clip.SetPropertyShared("InPoint", "0");
-    clip.SetProperty("OutPoint", TickText(kSlugDuration));
     clip.AddChild("Markers", document.NewObject("Markers"));
     const ObjectHandle track = MakeVideoTrack(document, 0, 1);
     track.AddChild("TrackItem",

@@ -85,10 +85,8 @@ struct Angle {
     Ticks duration = 0;
 };
 
-void AddWholeRange(const MulticlipContext& context, const Angle& angle, ObjectHandle clip)
+void AddMarkers(const MulticlipContext& context, const Angle& angle, ObjectHandle clip)
 {
-    clip.SetPropertyShared("InPoint", "0");
-    clip.SetProperty("OutPoint", TickText(angle.duration));
     clip.AddChild("Markers",
                   TranslateMarkers(context.state.document, angle.item, context.rates.video));
 }
@@ -115,7 +113,7 @@ ObjectHandle MakeAnglePicture(const MulticlipContext& context, const Angle& angl
     const ObjectHandle source = SourceForItem(context.state, MediaType::Video,
                                               masterClip.GetChild("Source"), context.rates.video);
     const ObjectHandle clip = MakeVideoClip(document, source, {.inUse = true});
-    AddWholeRange(context, angle, clip);
+    AddMarkers(context, angle, clip);
     return MakeWholeVideoItem(document, ItemOf(angle, clip, master), context.frame.rect,
                               context.frame.par);
 }
@@ -153,7 +151,7 @@ ObjectHandle MakeAngleSound(const MulticlipContext& context, const Angle& angle)
     clip.SetProperty("ChannelType", IntToString(kAdaptiveType));
     clip.SetProperty("NumChannels", IntToString(kMaxAdaptiveChannels));
     clip.SetProperty("AudioChannelLayout", ChannelLayoutText(kAdaptive, kMaxAdaptiveChannels));
-    AddWholeRange(context, angle, clip);
+    AddMarkers(context, angle, clip);
     AddAdaptiveChannels(document, channels, clip);
     WholeItem item = ItemOf(angle, clip, master);
     item.channelType = kAdaptiveType;

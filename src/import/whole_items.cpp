@@ -1,6 +1,7 @@
 #include "import/whole_items.h"
 
 #include "core/numbers.h"
+#include "import/item_times.h"
 #include "import/panners.h"
 #include "platform/platform.h"
 
@@ -19,6 +20,8 @@ ObjectHandle MakeSubClip(Document& document, const WholeItem& item)
     subClip.AddChild("MasterClip", item.master);
     subClip.AddChild("ChildClipID", childId);
     item.master.AddChild("ChildClipID", childId);
+    item.clip.AddPropertyShared("InPoint", "0");
+    item.clip.AddProperty("OutPoint", TickText(Minus(item.end, item.start)));
     return subClip;
 }
 

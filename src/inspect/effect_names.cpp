@@ -111,15 +111,6 @@ std::string PlainPart(std::string_view part)
     return IsNumber(part) ? NumberText(ParseDouble(part)) : std::string(part);
 }
 
-std::string_view Trimmed(std::string_view text)
-{
-    constexpr std::string_view kBlanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == text.npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
 } // namespace
 
 std::string EffectNameOfId(std::string_view effectId, std::string_view name)

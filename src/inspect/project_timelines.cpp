@@ -4,6 +4,7 @@
 #include "core/text.h"
 #include "export/marker_record.h"
 #include "export/project_paths.h"
+#include "inspect/node_numbers.h"
 #include "inspect/project_effects.h"
 #include "inspect/read_timelines.h"
 #include "model/side_tables.h"
@@ -75,8 +76,8 @@ public:
         project_.version = TextOf(velaData, "Version");
         ReadEntries(FindPath(velaData, {"Project", "RootProjectItem"}));
         // A sequence may show others, which then stand at the end.
-        for (std::size_t i = 0; i < sequenceNodes_.size(); ++i)
-            project_.sequences.push_back(ReadSequence(sequenceNodes_[i]));
+        for (std::size_t i = 0; i < sequences_.Size(); ++i)
+            project_.sequences.push_back(ReadSequence(sequences_.At(i)));
         return std::move(project_);
     }
 
@@ -123,20 +124,11 @@ private:
             const ObjectHandle sequence = SequenceOfMaster(master);
             entry.kind = sequence ? EntryKind::Sequence : EntryKind::Clip;
             if (sequence && !IsMergedSequence(sequence))
-                entry.sequence = NumberOf(sequence);
+                entry.sequence = sequences_.NumberOf(sequence);
             entry.medium = MediumOf(MediaOfSource(SourceOfClip(clip)));
             entry.markers = ReadMarkers(ClipCore(clip));
         }
         project_.entries.push_back(std::move(entry));
-    }
-
-    std::size_t NumberOf(ObjectHandle sequence)
-    {
-        const auto [entry, isNew] =
-            sequenceNumbers_.emplace(sequence.UniqueId(), sequenceNodes_.size());
-        if (isNew)
-            sequenceNodes_.push_back(sequence);
-        return entry->second;
     }
 
     std::size_t MediumOf(ObjectHandle media)
@@ -240,7 +232,7 @@ private:
             item.source = isMulticam ? SourceKind::Multiclip : SourceKind::Sequence;
             item.sourceName = TextOf(sequence, "Name");
             if (!isMulticam && !IsMergedSequence(sequence))
-                NumberOf(sequence);
+                sequences_.NumberOf(sequence);
         } else if (const ObjectHandle media = MediaOfSource(source)) {
             item.medium = MediumOf(media);
             const Medium& medium = project_.media[item.medium];
@@ -272,10 +264,9 @@ private:
 
     Project project_;
     NodeSet bins_;
-    std::vector<ObjectHandle> sequenceNodes_;
-    std::unordered_map<std::uint64_t, std::size_t> sequenceNumbers_; // by `uniqueId`
-    std::unordered_map<std::uint64_t, std::size_t> media_;           // by the Media's `uniqueId`
-    std::unordered_map<std::uint64_t, ItemPlace> places_;            // of the sequence at hand
+    NodeNumbers sequences_;
+    std::unordered_map<std::uint64_t, std::size_t> media_; // by the Media's `uniqueId`
+    std::unordered_map<std::uint64_t, ItemPlace> places_;  // of the sequence at hand
 };
 
 } // namespace

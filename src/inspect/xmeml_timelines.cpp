@@ -13,6 +13,7 @@
 #include "import/speed.h"
 #include "import/tracks.h"
 #include "inspect/effect_names.h"
+#include "inspect/node_numbers.h"
 #include "inspect/read_timelines.h"
 #include "inspect/xmeml_effects.h"
 
@@ -139,8 +140,8 @@ public:
             AddEntries(node.GetName() == "project" ? node.GetChild("children") : ObjectHandle(),
                        node, 0);
         // A sequence may show others, which then stand at the end.
-        for (std::size_t i = 0; i < sequenceNodes_.size(); ++i)
-            project_.sequences.push_back(ReadSequence(sequenceNodes_[i]));
+        for (std::size_t i = 0; i < sequences_.Size(); ++i)
+            project_.sequences.push_back(ReadSequence(sequences_.At(i)));
         return std::move(project_);
     }
 
@@ -187,18 +188,9 @@ private:
             project_.entries.push_back(std::move(entry));
         } else if (node.GetName() == "sequence" && node.HasChildren()) {
             entry.kind = EntryKind::Sequence;
-            entry.sequence = NumberOf(node);
+            entry.sequence = sequences_.NumberOf(node);
             project_.entries.push_back(std::move(entry));
         }
-    }
-
-    std::size_t NumberOf(ObjectHandle sequence)
-    {
-        const auto [entry, isNew] =
-            sequenceNumbers_.emplace(sequence.UniqueId(), sequenceNodes_.size());
-        if (isNew)
-            sequenceNodes_.push_back(sequence);
-        return entry->second;
     }
 
     std::size_t MediumOf(ObjectHandle file)
@@ -368,7 +360,7 @@ private:
             item.source = SourceKind::Medium;
             item.sourceName = project_.media[item.medium].name;
         } else if (const ObjectHandle nested = node.GetChild("sequence")) {
-            NumberOf(nested);
+            sequences_.NumberOf(nested);
             item.source = SourceKind::Sequence;
             item.sourceName = TextOf(nested, "name");
         } else if (node.GetName() == "generatoritem") {
@@ -382,9 +374,8 @@ private:
     IssueSet issues_;
     ImportState state_{scratch_, progress_, issues_}; // what the rules of the import ask
     Project project_;
-    std::vector<ObjectHandle> sequenceNodes_;
-    std::unordered_map<std::uint64_t, std::size_t> sequenceNumbers_; // by `uniqueId`
-    std::unordered_map<std::uint64_t, std::size_t> media_;           // by the file's `uniqueId`
+    NodeNumbers sequences_;
+    std::unordered_map<std::uint64_t, std::size_t> media_; // by the file's `uniqueId`
 };
 
 } // namespace

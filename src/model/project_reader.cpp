@@ -5,6 +5,9 @@
 #include "model/tree_reader.h"
 
 #include <istream>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
 
 namespace XPJ {
 
@@ -18,6 +21,15 @@ public:
     ProjectReader(std::string_view input, Document& document)
         : TreeReader(ProjectGrammar(), input, document, nullptr)
     {
+    }
+
+    // Bytes that several objects share stand with one of them; the others name only their hash.
+    void ShareBlobs() const
+    {
+        for (const ObjectHandle node : blobsWithoutBytes_)
+            if (const auto found = blobs_.find(node.GetProperty("BinaryHash"));
+                found != blobs_.end())
+                node.SetPropertyShared("value", found->second);
     }
 
 private:
@@ -61,6 +73,18 @@ private:
             element.node.SetPropertyShared("UIDObject", id);
         }
         SetBinaryHash(element.node, element.attributes);
+        if (element.rule->name == "StartKeyframeValue")
+            NoteBlob(element.node);
+    }
+
+    void NoteBlob(ObjectHandle node)
+    {
+        if (!HasValue(node, "BinaryHash"))
+            return;
+        if (HasValue(node, "value"))
+            blobs_.try_emplace(node.GetProperty("BinaryHash"), node.GetProperty("value"));
+        else
+            blobsWithoutBytes_.push_back(node);
     }
 
     static void SetBinaryHash(ObjectHandle node, std::string_view attributes)
@@ -69,6 +93,9 @@ private:
         if (GetAttribute(attributes, "BinaryHash", hash))
             node.SetPropertyShared("BinaryHash", hash);
     }
+
+    std::unordered_map<std::string_view, std::string_view> blobs_; // by hash, the first of each
+    std::vector<ObjectHandle> blobsWithoutBytes_;
 };
 
 } // namespace
@@ -83,7 +110,10 @@ int ReadProjectDocument(std::istream& input, Document& document, ObjectHandle& r
         }
         return kReadNoInput;
     }
-    return ProjectReader(ReadInput(input, document), document).Read(root, stop);
+    ProjectReader reader(ReadInput(input, document), document);
+    const int result = reader.Read(root, stop);
+    reader.ShareBlobs();
+    return result;
 }
 
 } // namespace XPJ

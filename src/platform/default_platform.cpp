@@ -1,5 +1,7 @@
 #include "platform/default_platform.h"
 
+#include "core/text.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -39,15 +41,6 @@ bool IsFolder(const std::string& path)
 {
     std::error_code error;
     return !path.empty() && std::filesystem::is_directory(path, error);
-}
-
-std::string_view Trimmed(std::string_view text)
-{
-    constexpr std::string_view kBlanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == text.npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
 // Calls `take(key, value)` for each "key=value" line.

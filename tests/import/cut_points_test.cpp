@@ -88,15 +88,16 @@ TEST_F(CutPointsTest, StatedEdgesAndUnknownPointsStay)
     EXPECT_EQ(Times(after_), "120 -1 30 -1");
 }
 
-TEST_F(CutPointsTest, ExactPointsMoveByTheExactCut)
+TEST_F(CutPointsTest, ExactPointsMoveWithTheEdges)
 {
     const std::string exact =
         "<velaTicksIn>1000</velaTicksIn><velaTicksOut>900000000000</velaTicksOut>"
         "<in>0</in><out>80</out>";
     Normalise("<cutPointTicks>50803200007</cutPointTicks>",
               "<start>40</start><end>-1</end>" + exact, "<start>-1</start><end>200</end>" + exact);
-    EXPECT_EQ(before_.GetProperty("velaTicksOut"), "849196799993");
-    EXPECT_EQ(after_.GetProperty("velaTicksIn"), "50803201007");
+    EXPECT_EQ(Times(before_), "40 105 0 65"); // what is left of the transition is 15 frames
+    EXPECT_EQ(Int64Property(before_, "velaTicksOut"), 900000000000 - 15 * kFrame);
+    EXPECT_EQ(Int64Property(after_, "velaTicksIn"), 1000 + 5 * kFrame);
 
     Normalise("<alignment>start</alignment>", "<start>40</start><end>-1</end>" + exact);
     EXPECT_EQ(Int64Property(before_, "velaTicksOut"), 60 * kFrame + 1000);

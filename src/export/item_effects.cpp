@@ -1,0 +1,115 @@
+#include "export/item_effects.h"
+
+#include "export/aspect.h"
+#include "export/motion.h"
+#include "export/opacity.h"
+#include "export/picture_format.h"
+#include "export/time_remap.h"
+#include "export/video_effects.h"
+
+#include <optional>
+#include <string_view>
+
+namespace XPJ::RVX {
+
+namespace {
+
+FrameSize FrameOfSequence(ExportContext& context, ObjectHandle sequence)
+{
+    const auto [entry, isNew] = context.sequenceFrames.try_emplace(sequence.UniqueId());
+    if (isNew) {
+        const ObjectHandle group = GroupOfKind(sequence, MediaKind::Video);
+        entry->second =
+            ParseFrameSize(group.GetProperty("FrameRect"), group.GetProperty("PixelAspectRatio"));
+    }
+    return entry->second;
+}
+
+// The frame of what an item shows; nothing for an item without a picture.
+std::optional<FrameSize> FrameOfItem(ExportContext& context, const ItemRecord& record)
+{
+    if (const ObjectHandle stream = VideoStreamOf(record.medium))
+        return ParseFrameSize(stream.GetProperty("FrameRect"), PixelAspectOf(stream));
+    if (const ObjectHandle sequence = SequenceOfMaster(record.masterClip))
+        return FrameOfSequence(context, sequence);
+    return std::nullopt;
+}
+
+double Factor(int sequence, int clip)
+{
+    return sequence > 0 && clip > 0 ? static_cast<double>(sequence) / clip : 1.0;
+}
+
+FrameFactors FactorsOf(const FrameSize& sequence, const FrameSize& clip)
+{
+    return {Factor(sequence.width, clip.width), Factor(sequence.height, clip.height)};
+}
+
+// The first component of a match name.
+ObjectHandle FindComponent(ObjectHandle chain, std::string_view matchName)
+{
+    for (const ObjectHandle component : ComponentsOf(chain))
+        if (ComponentMatchName(component) == matchName)
+            return component;
+    return {};
+}
+
+EffectOwner OwnerOf(const TrackPlace& track, const ItemRecord& record)
+{
+    return {.track = &track,
+            .start = Int64Property(ItemEdges(record.item), "Start"),
+            .clipName = record.subClip.GetProperty("Name")};
+}
+
+void ExportCompositeMode(ExportContext& context, const EffectOwner& owner,
+                         const EffectSource& opacity, ObjectHandle element)
+{
+    const std::optional<std::string_view> mode = CompositeModeOf(opacity);
+    if (!mode)
+        return;
+    element.SetPropertyShared("compositemode", *mode);
+    if (mode->empty())
+        AddItemIssue(context, *owner.track, owner.start, ExportIssue::CompositeModeNotSupported,
+                     owner.clipName);
+}
+
+} // namespace
+
+void ExportVideoEffects(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
+                        ObjectHandle element)
+{
+    const ObjectHandle chain = ChainOfOwner(ItemCore(record.item));
+    const EffectOwner owner = OwnerOf(track, record);
+    const Ticks frameTicks = record.timing.rate;
+    if (const ObjectHandle motion = FindComponent(chain, kMotionMatch))
+        ExportMotion({context.document, motion, frameTicks},
+                     FactorsOf(FrameOfSequence(context, track.sequence.sequence),
+                               FrameOfItem(context, record).value_or(FrameSize())),
+                     element);
+    if (const ObjectHandle component = FindComponent(chain, kOpacityMatch)) {
+        const EffectSource opacity{context.document, component, frameTicks};
+        ExportOpacity(opacity, element);
+        ExportCompositeMode(context, owner, opacity, element);
+    }
+    TranslateVideoComponents(context, owner, chain, frameTicks, element);
+}
+
+void ExportSpeed(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
+                 ObjectHandle element)
+{
+    const bool isVideo = track.kind == MediaKind::Video;
+    ExportTimeRemap(context.document, record.timing,
+                    isVideo ? SpeedKeyframesOf(record.clip) : std::string_view(), track.kind,
+                    element);
+}
+
+void ExportAspectCompensation(ExportContext& context, const TrackPlace& track,
+                              const ItemRecord& record, ObjectHandle element)
+{
+    if (const std::optional<FrameSize> frame = FrameOfItem(context, record))
+        CompensatePixelAspect(context.document, frame->pixelAspect,
+                              FrameOfSequence(context, track.sequence.sequence).pixelAspect,
+                              element);
+}
+
+} // namespace XPJ::RVX

@@ -1,0 +1,27 @@
+#include "export/item_place.h"
+
+#include "core/frame_rate.h"
+
+namespace XPJ::RVX {
+
+std::string FormatItemTime(const SequencePlace& place, Ticks start)
+{
+    const ObjectHandle properties = SequenceProperties(place.sequence);
+    const TimecodeForm form = TimecodeFormOf(
+        place.frameTicks, IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat"));
+    const Ticks time = AddTicks(Int64Property(properties, "MZ.ZeroPoint"), start);
+    return FormatTimecode(DivTicks(time, place.frameTicks), form.base, form.drop);
+}
+
+void AddItemIssue(ExportContext& context, const TrackPlace& track, Ticks start, ExportIssue kind,
+                  std::string_view clipName, std::string_view subject)
+{
+    const ItemPlace place{.sequence = track.sequence.sequence.GetProperty("Name"),
+                          .clip = clipName,
+                          .trackKind = track.kind == MediaKind::Video ? 1 : 2,
+                          .trackIndex = track.index,
+                          .time = FormatItemTime(track.sequence, start)};
+    AddIssue(context, kind, place, subject);
+}
+
+} // namespace XPJ::RVX

@@ -1,0 +1,40 @@
+// The times of a track item, and what the speed of its clip makes of them.
+#pragma once
+
+#include "export/export_context.h"
+
+#include <cstdint>
+
+namespace XPJ::RVX {
+
+// Counts in the form at hand (`context.inTicks`), where it doesn't say ticks.
+struct ItemTiming {
+    Ticks rate = kNtscFrameTicks; // ticks a frame: of its medium, else of the sequence
+    Ticks startDelta = 0;         // ticks from an edge of the item to that of the transition there
+    Ticks endDelta = 0;
+    double speed = 1.0;
+    bool reverse = false;
+    bool frameBlend = false;
+    bool infinite = false;                 // the source has no end of its own, such as a still
+    std::int64_t originalDuration = 10000; // of the source
+    std::int64_t duration = 0;             // of the source as the clip plays it
+    double ratio = 1.0;                    // originalDuration / duration
+};
+
+// Writes `start` and `end`: -1 where a transition covers the edge, whose distance is kept.
+void WriteEdges(ExportContext& context, ObjectHandle trackItem, ItemTiming& timing,
+                ObjectHandle element);
+
+// Takes speed, direction, blending and the source's length from a VideoClip or AudioClip.
+void ReadSpeed(const ExportContext& context, ObjectHandle clip, ItemTiming& timing);
+
+// Writes `in`, `out` and their exact ticks. They reach as far as the transitions at the edges, and
+// count in what plays at `speed`; sound, which is not stretched, passes 1.
+void WriteRange(ExportContext& context, ObjectHandle clip, double speed, const ItemTiming& timing,
+                ObjectHandle element);
+
+// Writes `duration`, and keeps it with `ratio`.
+void WriteDuration(ExportContext& context, ObjectHandle clip, ItemTiming& timing,
+                   ObjectHandle element);
+
+} // namespace XPJ::RVX

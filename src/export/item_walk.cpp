@@ -1,0 +1,43 @@
+#include "export/item_walk.h"
+
+#include "export/project_paths.h"
+
+namespace XPJ::RVX {
+
+bool IsBinItem(ObjectHandle item)
+{
+    return item.GetName() == "BinProjectItem";
+}
+
+bool IsClipItem(ObjectHandle item)
+{
+    return item.GetName() == "ClipProjectItem";
+}
+
+void ItemWalk::Enter(ObjectHandle bin)
+{
+    levels_.push_back(ItemList(bin).GetChildren().begin());
+}
+
+std::optional<ItemWalk::Step> ItemWalk::Next()
+{
+    const ChildRange::Iterator end = ChildRange(nullptr).end();
+    while (!levels_.empty()) {
+        ChildRange::Iterator& next = levels_.back();
+        if (!(next != end)) {
+            levels_.pop_back();
+            continue;
+        }
+        const Step step{*next, levels_.size() - 1};
+        ++next;
+        if (!IsBinItem(step.item))
+            return step;
+        if (bins_.Insert(step.item)) {
+            Enter(step.item);
+            return step;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace XPJ::RVX

@@ -1,0 +1,37 @@
+// The items of the browser, one after the other.
+#pragma once
+
+#include "model/object.h"
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace XPJ::RVX {
+
+// Goes through a root item in document order, a bin before what it holds. Bins refer to each other
+// by GUID, so a damaged project may nest them to any depth or in a circle: the walk keeps its own
+// stack and takes a bin once.
+class ItemWalk {
+public:
+    struct Step {
+        ObjectHandle item;
+        std::size_t depth = 0; // 0 right under the root item
+    };
+
+    explicit ItemWalk(ObjectHandle rootItem) { Enter(rootItem); }
+
+    // Nothing at the end. After a bin come its items.
+    std::optional<Step> Next();
+
+private:
+    void Enter(ObjectHandle bin);
+
+    std::vector<ChildRange::Iterator> levels_; // the next item of each
+    NodeSet bins_;
+};
+
+bool IsBinItem(ObjectHandle item);
+bool IsClipItem(ObjectHandle item);
+
+} // namespace XPJ::RVX

@@ -1,0 +1,11 @@
+// Luma Key and Gaussian Blur.
+#pragma once
+
+#include "export/effect_parts.h"
+
+namespace XPJ::RVX {
+
+void ExportLumaKey(const EffectSource& source, ObjectHandle effect);
+void ExportGaussianBlur(const EffectSource& source, ObjectHandle effect);
+
+} // namespace XPJ::RVX

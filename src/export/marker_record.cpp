@@ -1,0 +1,104 @@
+#include "export/marker_record.h"
+
+#include "core/numbers.h"
+#include "core/text.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+#include <nlohmann/json.hpp>
+
+namespace XPJ::RVX {
+
+namespace {
+
+using Json = nlohmann::json;
+
+// Begins the key of the cue point that carries the colour; a GUID follows.
+constexpr std::string_view kKeywordMark = "keywordExtHULv1_";
+
+// Gives a discarded value for what is no JSON.
+Json Parse(std::string_view text)
+{
+    return Json::parse(text, nullptr, false);
+}
+
+// Documents escape the text for XML; most records parse as they stand, and keep their entities.
+Json ParseEscaped(std::string_view text)
+{
+    Json json = Parse(text);
+    return json.is_discarded() ? Parse(UnescapeXML(text)) : json;
+}
+
+// The member, null if there is none.
+const Json* Find(const Json& object, std::string_view key)
+{
+    if (!object.is_object())
+        return nullptr;
+    const auto found = object.find(key);
+    return found == object.end() ? nullptr : &*found;
+}
+
+std::string TextOf(const Json& object, std::string_view key)
+{
+    const Json* const value = Find(object, key);
+    return value && value->is_string() ? value->get<std::string>() : std::string();
+}
+
+// A number, or a text that holds one.
+Ticks NumberOf(const Json& value)
+{
+    if (value.is_number_unsigned()) {
+        constexpr auto kMax = static_cast<std::uint64_t>(std::numeric_limits<Ticks>::max());
+        return static_cast<Ticks>(std::min(value.get<std::uint64_t>(), kMax));
+    }
+    if (value.is_number_integer())
+        return value.get<Ticks>();
+    if (value.is_number_float())
+        return ToTicks(value.get<double>());
+    return value.is_string() ? ParseInt64(value.get_ref<const std::string&>()) : 0;
+}
+
+Ticks TimeOf(const Json& record, std::string_view key)
+{
+    const Json* const time = Find(record, key);
+    const Json* const ticks = time ? Find(*time, "ticks") : nullptr;
+    return ticks ? NumberOf(*ticks) : 0;
+}
+
+// The value of the cue point is a JSON text in its turn.
+std::string ColourOf(const Json& record)
+{
+    const Json* const cuePoints = Find(record, "mCuePointList");
+    if (!cuePoints || !cuePoints->is_array())
+        return {};
+    for (const Json& cuePoint : *cuePoints) {
+        if (!TextOf(cuePoint, "mKey").starts_with(kKeywordMark))
+            continue;
+        const Json keyword = ParseEscaped(TextOf(cuePoint, "mValue"));
+        const Json* const colour = Find(keyword, "color");
+        const Ticks number = colour ? NumberOf(*colour) : 0;
+        return number == 0 ? std::string() : IntToString(number);
+    }
+    return {};
+}
+
+} // namespace
+
+std::optional<MarkerRecord> ParseMarkerRecord(std::string_view text)
+{
+    const Json outer = ParseEscaped(text);
+    if (!outer.is_object())
+        return std::nullopt;
+    const Json* const inner = Find(outer, "HULMarker");
+    const Json& record = inner ? *inner : outer;
+    return MarkerRecord{.name = TextOf(record, "mName"),
+                        .comment = TextOf(record, "mComment"),
+                        .type = TextOf(record, "mType"),
+                        .start = TimeOf(record, "mStartTime"),
+                        .duration = TimeOf(record, "mDuration"),
+                        .colour = ColourOf(record)};
+}
+
+} // namespace XPJ::RVX

@@ -1,0 +1,51 @@
+// The medium behind a master clip, and the part of it that a subclip shows.
+#pragma once
+
+#include "export/export_context.h"
+
+namespace XPJ::RVX {
+
+// Ticks; -1 where the project states nothing.
+struct ClipBoundaries {
+    Ticks start = -1;
+    Ticks end = -1;
+    Ticks duration = -1; // of the whole medium
+    Ticks ticksPerFrame = -1;
+    bool hard = true;
+};
+
+struct MasterMedia {
+    ObjectHandle medium; // a Media; null for a master of a sequence
+    ClipBoundaries boundaries;
+};
+
+// The medium of the first clip that has one. `ticksPerFrame` is left to the caller, whose frames
+// they are.
+MasterMedia FindMasterMedia(ObjectHandle masterClip, bool audioOnly = false);
+
+// What stands behind a medium.
+enum class MediumKind {
+    File,
+    ColourMatte,
+    Graphic,
+    BarsAndTone,
+    Synthetic, // a generator without a counterpart
+};
+
+MediumKind MediumKindOf(ObjectHandle medium);
+// The path of a medium, a code in digits for one that is made by the host.
+std::string_view MediumPath(ObjectHandle medium);
+
+// The id under which `clip` and track items name the master, made on first demand. Empty for a
+// master that no `clip` is written for: one of a sequence, a colour matte or a graphic.
+std::string_view MasterClipId(ExportContext& context, ObjectHandle masterClip);
+
+// The rate in which ranges, markers and boundaries of a medium's `clip` count.
+Ticks ClipRate(ObjectHandle medium);
+
+// Tells of an item that it shows a part of its medium: `subclipinfo`, or the two attributes of
+// boundaries that the host doesn't hold hard.
+void ApplySubclipOffsets(ExportContext& context, const ClipBoundaries& boundaries,
+                         ObjectHandle element);
+
+} // namespace XPJ::RVX

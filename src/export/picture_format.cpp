@@ -1,0 +1,206 @@
+#include "export/picture_format.h"
+
+#include "core/numbers.h"
+#include "core/text.h"
+#include "export/rates.h"
+
+#include <charconv>
+#include <cstdint>
+#include <string>
+#include <system_error>
+
+namespace XPJ::RVX {
+
+namespace {
+
+struct PixelAspectRow {
+    std::int64_t width;
+    std::int64_t height;
+    int frameHeight; // 0: any
+    PixelAspect aspect;
+};
+
+constexpr PixelAspectRow kPixelAspects[] = {
+    // the first match counts
+    {3, 2, 0, {"HD-(1280x1080)", false}}, {10, 11, 0, {"NTSC-601", false}},
+    {40, 33, 0, {"NTSC-601", true}},      {768, 702, 0, {"PAL-601", false}},
+    {1024, 702, 0, {"PAL-601", true}},    {4, 3, 720, {"HD-(960x720)", false}},
+    {4, 3, 960, {"HD-(960x720)", false}}, {4, 3, 0, {"HD-(1440x1080)", false}},
+};
+
+constexpr PixelAspect kSquare = {"square", false};
+
+// What the codec block says, field by field; nothing of a project changes it.
+struct CodecField {
+    Name name;
+    std::string_view value;
+};
+
+constexpr CodecField kApplication[] = {
+    {"appname", "Final Cut Pro"},
+    {"appmanufacturer", "Apple Inc."},
+    {"appversion", "7.0"},
+};
+
+constexpr CodecField kCodec[] = {
+    {"codecname", "Apple ProRes 422"},
+    {"codectypename", "Apple ProRes 422"},
+    {"codectypecode", "apcn"},
+    {"codecvendorcode", "appl"},
+    {"spatialquality", "1024"},
+    {"temporalquality", "0"},
+    {"keyframerate", "0"},
+    {"datarate", "0"},
+};
+
+template <std::size_t N>
+void SetFields(ObjectHandle node, const CodecField (&fields)[N])
+{
+    for (const CodecField& field : fields)
+        node.SetPropertyShared(field.name, field.value);
+}
+
+// False unless the whole text is a number above 0.
+bool ReadPart(std::string_view text, std::int32_t& part)
+{
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, part);
+    return read.ec == std::errc() && read.ptr == end && part > 0;
+}
+
+std::string_view UpperTrue(bool value)
+{
+    return value ? "TRUE" : "FALSE";
+}
+
+std::string_view FieldDominance(std::string_view fieldType)
+{
+    if (fieldType == "0")
+        return "none";
+    return fieldType == "1" ? "upper" : "lower";
+}
+
+// The numbers of `AlphaType` that this system speaks of.
+constexpr int kNoAlpha = 0;
+constexpr int kStraightAlpha = 1;
+constexpr int kMattedAlpha = 2;
+constexpr int kIgnoredAlpha = 3;
+
+// An overridable setting: the user's where the flag says so, else the medium's own.
+std::string_view Setting(ObjectHandle stream, Name flag, Name overridden, Name own)
+{
+    return stream.GetProperty(IsTrue(stream, flag) ? overridden : own);
+}
+
+std::string_view MatteName(ObjectHandle stream)
+{
+    const std::string_view colour =
+        Setting(stream, "IsAlphaMatteColorOverridden", "OverriddenAlphaMatterColor",
+                "OriginalAlphaMatteColor");
+    if (colour == "0,0,0")
+        return "black";
+    return colour == "255,255,255" ? "white" : "none";
+}
+
+} // namespace
+
+FrameSize FrameSizeOf(std::string_view frameRect)
+{
+    std::string_view fields[4];
+    for (std::string_view& field : fields) {
+        const std::size_t comma = frameRect.find(',');
+        if (comma == frameRect.npos && &field != &fields[3])
+            return {};
+        field = frameRect.substr(0, comma);
+        frameRect.remove_prefix(comma == frameRect.npos ? frameRect.size() : comma + 1);
+    }
+    return {.width = ParseInt(fields[2]), .height = ParseInt(fields[3])};
+}
+
+std::string_view OriginalPixelAspectOf(ObjectHandle videoStream)
+{
+    return HasValue(videoStream, "OriginalPAR") ? videoStream.GetProperty("OriginalPAR") : "1,1";
+}
+
+std::string_view PixelAspectOf(ObjectHandle videoStream)
+{
+    return IsTrue(videoStream, "IsPAROverridden") && HasValue(videoStream, "OverriddenPAR")
+               ? videoStream.GetProperty("OverriddenPAR")
+               : OriginalPixelAspectOf(videoStream);
+}
+
+PixelAspect PixelAspectName(std::string_view ratio, int height)
+{
+    const std::size_t comma = ratio.find(',');
+    std::int32_t horizontal = 0;
+    std::int32_t vertical = 0;
+    if (comma == ratio.npos || !ReadPart(ratio.substr(0, comma), horizontal) ||
+        !ReadPart(ratio.substr(comma + 1), vertical))
+        return kSquare;
+    for (const PixelAspectRow& row : kPixelAspects)
+        if (horizontal * row.height == vertical * row.width &&
+            (row.frameHeight == 0 || row.frameHeight == height))
+            return row.aspect;
+    return kSquare;
+}
+
+ObjectHandle WriteSampleCharacteristics(ExportContext& context, const PictureFormat& format)
+{
+    const ObjectHandle result = context.document.NewObject("samplecharacteristics");
+    result.AddChild(WriteRate(context, format.frameTicks));
+    const FrameSize size = FrameSizeOf(format.frameRect);
+    result.SetProperty("width", IntToString(size.width));
+    result.SetProperty("height", IntToString(size.height));
+    const PixelAspect aspect = PixelAspectName(format.pixelAspect, size.height);
+    result.SetProperty("pixelaspectratio", aspect.name);
+    result.SetProperty("anamorphic", UpperTrue(aspect.anamorphic));
+    if (format.originalPixelAspect != format.pixelAspect) {
+        const PixelAspect original = PixelAspectName(format.originalPixelAspect, size.height);
+        result.SetProperty("velaOriginalPAR", original.name);
+        result.SetProperty("velaOriginalIsAnamorphic", UpperTrue(original.anamorphic));
+    }
+    result.SetProperty("fielddominance", FieldDominance(format.fieldType));
+    return result;
+}
+
+ObjectHandle WriteCodec(ExportContext& context)
+{
+    Document& document = context.document;
+    const ObjectHandle qtcodec = document.NewObject("qtcodec");
+    SetFields(qtcodec, kCodec);
+    const ObjectHandle data = document.NewObject("data");
+    data.AddChild(qtcodec);
+    const ObjectHandle application = document.NewObject("appspecificdata");
+    SetFields(application, kApplication);
+    application.AddChild(data);
+    const ObjectHandle codec = document.NewObject("codec");
+    codec.SetPropertyShared("name", "Apple ProRes 422");
+    codec.AddChild(application);
+    return codec;
+}
+
+void WriteAlpha(ObjectHandle videoStream, ObjectHandle clipItem)
+{
+    if (!videoStream || clipItem.HasProperty("alphatype"))
+        return;
+    std::string_view type = "none";
+    bool reverse = false;
+    const bool ignored = IsTrue(videoStream, "IsIgnoreAlphaOverridden") &&
+                         IsTrue(videoStream, "OverriddenIgnoreAlpha");
+    if (!ignored) {
+        const int alpha = ParseInt(
+            Setting(videoStream, "IsAlphaTypeOverridden", "OverriddenAlphaType", "AlphaType"));
+        reverse = alpha != kNoAlpha && alpha != kIgnoredAlpha &&
+                  IsTrue(videoStream, "IsInvertAlphaOverridden") &&
+                  IsTrue(videoStream, "OverriddenInvertAlpha");
+        if (alpha == kStraightAlpha)
+            type = "straight";
+        else if (alpha == kMattedAlpha)
+            type = MatteName(videoStream);
+    }
+    clipItem.SetProperty("alphatype", type);
+    if (reverse)
+        clipItem.SetProperty("alphareverse", "TRUE");
+}
+
+} // namespace XPJ::RVX

@@ -1,0 +1,43 @@
+// The format of pictures: size, pixel aspect, fields, codec, alpha channel.
+#pragma once
+
+#include "export/export_context.h"
+
+#include <string_view>
+
+namespace XPJ::RVX {
+
+// A format as a VideoStream or a VideoTrackGroup states it.
+struct PictureFormat {
+    Ticks frameTicks = kNtscFrameTicks;
+    std::string_view frameRect;                   // "0,0,1920,1080"
+    std::string_view pixelAspect = "1,1";         // width, height
+    std::string_view originalPixelAspect = "1,1"; // before the user overrode it
+    std::string_view fieldType = "0";             // 0 none, 1 upper field first, else lower
+};
+
+// Width and height from the four numbers of a rect; 0 where there are fewer.
+FrameSize FrameSizeOf(std::string_view frameRect);
+
+// The ratio "n,d" of a VideoStream before the user overrode it, and the one that holds.
+std::string_view OriginalPixelAspectOf(ObjectHandle videoStream);
+std::string_view PixelAspectOf(ObjectHandle videoStream);
+
+struct PixelAspect {
+    std::string_view name; // "NTSC-601"
+    bool anamorphic = false;
+};
+
+// The name of a ratio "n,d". The height tells two formats of the ratio 4:3 apart.
+PixelAspect PixelAspectName(std::string_view ratio, int height);
+
+// `samplecharacteristics` with `rate`.
+ObjectHandle WriteSampleCharacteristics(ExportContext& context, const PictureFormat& format);
+
+// The one codec of every exported sequence.
+ObjectHandle WriteCodec(ExportContext& context);
+
+// Puts `alphatype` of a VideoStream on a clip item that has none yet.
+void WriteAlpha(ObjectHandle videoStream, ObjectHandle clipItem);
+
+} // namespace XPJ::RVX

@@ -1,0 +1,151 @@
+#include "export/sequences.h"
+
+#include "core/numbers.h"
+#include "core/text.h"
+#include "export/audio_tracks.h"
+#include "export/links.h"
+#include "export/markers.h"
+#include "export/rates.h"
+#include "export/tracks.h"
+#include "model/side_tables.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace XPJ::RVX {
+
+namespace {
+
+// A sequence in a sequence is five levels of elements; readers of documents have their limits, and
+// so has the stack.
+constexpr int kMaxSequenceDepth = 32;
+
+class DepthScope {
+public:
+    explicit DepthScope(int& depth) : depth_(depth) { ++depth_; }
+    ~DepthScope() { --depth_; }
+    DepthScope(const DepthScope&) = delete;
+    DepthScope& operator=(const DepthScope&) = delete;
+
+private:
+    int& depth_;
+};
+
+std::string_view SequenceId(ExportContext& context, ObjectHandle sequence)
+{
+    std::string_view& id = context.sequenceIds[sequence.UniqueId()];
+    if (id.empty())
+        id = NewId(context, "sequence-", context.ids.sequence);
+    return id;
+}
+
+Ticks EndOfTrack(ObjectHandle track)
+{
+    ObjectHandle last;
+    for (const ObjectHandle item : TrackItemsOf(track))
+        last = item;
+    return Int64Property(ItemEdges(last), "End");
+}
+
+// Where the last item of any track ends.
+Ticks DurationOf(ObjectHandle sequence)
+{
+    Ticks end = 0;
+    for (const ObjectHandle entry : GroupEntriesOf(sequence))
+        for (const ObjectHandle track : TracksOf(GroupOfEntry(entry)))
+            end = std::max(end, EndOfTrack(track));
+    return end;
+}
+
+void CopyUIProperties(ObjectHandle properties, ObjectHandle result)
+{
+    for (const Name& key : SequenceUIPropertyList())
+        if (properties.HasProperty(key))
+            result.AddPropertyShared(key, properties.GetProperty(key));
+}
+
+// Picture before sound, whatever the order of the groups.
+ObjectHandle TranslateGroups(ExportContext& context, const SequencePlace& place)
+{
+    const ObjectHandle media = context.document.NewObject("media");
+    for (const ObjectHandle entry : GroupEntriesOf(place.sequence))
+        if (const ObjectHandle group = GroupOfEntry(entry);
+            group && IsGroupEntryOf(entry, MediaKind::Video))
+            media.AddChild(TranslateVideoGroup(context, place, group));
+    for (const ObjectHandle entry : GroupEntriesOf(place.sequence))
+        if (const ObjectHandle group = GroupOfEntry(entry);
+            group && IsGroupEntryOf(entry, MediaKind::Audio))
+            media.AddChild(TranslateAudioGroup(context, place, group));
+    return media;
+}
+
+void TranslateTimeline(ExportContext& context, const SequencePlace& place, ObjectHandle result)
+{
+    const Ticks rate = place.frameTicks;
+    const ObjectHandle properties = SequenceProperties(place.sequence);
+    result.AddChild(WriteRate(context, rate, context.inTicks));
+    result.SetProperty("duration", TimeText(context, DurationOf(place.sequence), rate));
+    result.AddChild(WriteTimecode(context, Int64Property(properties, "MZ.ZeroPoint"), rate,
+                                  IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat")));
+    result.AddChild(TranslateGroups(context, place));
+    TranslateMarkers(context, {.owner = place.sequence, .frameTicks = rate}, result);
+}
+
+} // namespace
+
+Ticks FrameTicksOfSequence(ObjectHandle sequence)
+{
+    const ObjectHandle group = GroupOfKind(sequence, MediaKind::Video);
+    const Ticks rate = group ? RateOfGroup(group) : kNtscFrameTicks;
+    return rate == std::numeric_limits<Ticks>::max() ? kNtscFrameTicks : rate;
+}
+
+ObjectHandle TranslateSequence(ExportContext& context, ObjectHandle sequence,
+                               ObjectHandle masterClip)
+{
+    const DepthScope depth(context.sequenceDepth);
+    const TimeFormScope form(context, context.vl2snMode);
+    const ObjectHandle result = context.document.NewObject("sequence");
+    result.SetPropertyShared("id", SequenceId(context, sequence));
+    result.SetProperty("name", EscapeXML(sequence.GetProperty("Name")));
+    if (!context.vl2snMode)
+        result.SetPropertyShared("explodedTracks", "true");
+    if (const std::string_view guid = ObjectGuid(masterClip); !guid.empty())
+        result.SetPropertyShared("uuid", guid);
+    CopyUIProperties(SequenceProperties(sequence), result);
+    OpenLinkGroups(context, sequence);
+    if (HasTrackGroups(sequence))
+        TranslateTimeline(context, {sequence, FrameTicksOfSequence(sequence)}, result);
+    else
+        result.AddChild(context.document.NewObject("media"));
+    return result;
+}
+
+bool TranslateNestedSequence(ExportContext& context, ObjectHandle subClip, ObjectHandle clipItem)
+{
+    const ObjectHandle masterClip = MasterOfSubClip(subClip);
+    const ObjectHandle sequence = SequenceOfMaster(masterClip);
+    if (!sequence || IsTrue(ClipCore(ClipOfSubClip(subClip)), "IsMulticam"))
+        return false;
+    const bool isKnown = context.sequenceIds.contains(sequence.UniqueId());
+    if (!isKnown && context.sequenceDepth < kMaxSequenceDepth) {
+        clipItem.AddChild(TranslateSequence(context, sequence, masterClip));
+        return true;
+    }
+    if (!isKnown)
+        context.postponedSequences.push_back({sequence, masterClip});
+    clipItem.SetPropertyShared("sequenceid", SequenceId(context, sequence));
+    return true;
+}
+
+// Each of them may postpone others.
+void TranslatePostponedSequences(ExportContext& context, ObjectHandle children)
+{
+    while (!context.postponedSequences.empty()) {
+        const auto [sequence, masterClip] = context.postponedSequences.back();
+        context.postponedSequences.pop_back();
+        children.AddChild(TranslateSequence(context, sequence, masterClip));
+    }
+}
+
+} // namespace XPJ::RVX

@@ -1,0 +1,212 @@
+#include "export/time_remap.h"
+
+#include "core/numbers.h"
+#include "effects/keyframes.h"
+#include "effects/parameters.h"
+#include "export/effect_parts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <optional>
+
+namespace XPJ::RVX {
+
+namespace {
+
+constexpr EffectHead kTimeRemap = {"Time Remap", "timeremap", "motion", "motion"};
+
+// A place on the graph: frames of the item across, frames of the source upwards.
+struct GraphPoint {
+    double x = 0;
+    double y = 0;
+};
+
+GraphPoint operator+(const GraphPoint& a, const GraphPoint& b)
+{
+    return {a.x + b.x, a.y + b.y};
+}
+
+GraphPoint operator*(const GraphPoint& a, double factor)
+{
+    return {a.x * factor, a.y * factor};
+}
+
+struct GraphNode {
+    std::int64_t when = 0;
+    double value = 0;
+    int kind = 0;
+    ObjectHandle keyframe; // what becomes of it
+
+    GraphPoint Point() const { return {static_cast<double>(when), value}; }
+};
+
+using Graph = std::vector<GraphNode>;
+
+GraphNode MakeNode(Document& document, std::int64_t when, double value, int kind = 0)
+{
+    return {when, value, kind, AddKeyframe(document, {}, when, NumberText(value))};
+}
+
+Graph ReadGraph(Document& document, std::string_view keyframes, const ItemTiming& timing)
+{
+    Graph graph;
+    for (const SpeedPoint& point : ParseSpeedKeyframes(keyframes)) {
+        const Ticks played = timing.speed == 1.0
+                                 ? point.time
+                                 : ToTicks(static_cast<double>(point.time) / timing.speed);
+        graph.push_back(MakeNode(
+            document, DivTicks(played, timing.rate),
+            static_cast<double>(point.mediaTime) / static_cast<double>(timing.rate), point.kind));
+    }
+    return graph;
+}
+
+double Slope(const GraphPoint& a, const GraphPoint& b)
+{
+    return a.x == b.x ? 0 : (b.y - a.y) / (b.x - a.x);
+}
+
+// Where the line through `b` with slope `before` meets that through `c` with slope `after`; half
+// way for lines that don't meet.
+GraphPoint MeetingPoint(const GraphPoint& b, double before, const GraphPoint& c, double after)
+{
+    constexpr double kParallel = 1e-9;
+    if (!(std::abs(before - after) < kParallel)) {
+        const double x = (before * b.x - after * c.x + c.y - b.y) / (before - after);
+        const double y = b.y + before * (x - b.x);
+        if (std::isfinite(x) && std::isfinite(y))
+            return {x, y};
+    }
+    return (b + c) * 0.5;
+}
+
+// The handle of a Bezier curve from a node to its control point.
+void AddHandle(Document& document, Name name, const GraphPoint& node, const GraphPoint& control,
+               double speed, ObjectHandle keyframe)
+{
+    const GraphPoint way = control + node * -1;
+    const ObjectHandle handle = document.NewObject(name);
+    handle.SetProperty("horiz", NumberText(std::hypot(way.x, way.y) * 0.5 / speed));
+    handle.SetProperty("vert", NumberText(std::atan2(way.y, way.x)));
+    keyframe.AddChild(handle);
+}
+
+bool IsRamp(const GraphNode& from, const GraphNode& to)
+{
+    const bool starts = from.kind == static_cast<int>(SpeedKind::Ordinary) ||
+                        from.kind == static_cast<int>(SpeedKind::RampStart);
+    return starts && to.kind == static_cast<int>(SpeedKind::RampEnd);
+}
+
+//        M           the segments around a ramp B C, drawn on to where they meet; the curve's
+//       / \          control points stand two thirds of the way there
+//   A--B   C--D
+void AddRamp(Document& document, const Graph& graph, std::size_t index, double speed)
+{
+    const GraphNode& start = graph[index];
+    const GraphNode& end = graph[index + 1];
+    const GraphPoint b = start.Point();
+    const GraphPoint c = end.Point();
+    const double own = Slope(b, c);
+    const double before = index > 0 ? Slope(graph[index - 1].Point(), b) : own;
+    const double after = index + 2 < graph.size() ? Slope(c, graph[index + 2].Point()) : own;
+    const GraphPoint meeting = MeetingPoint(b, before, c, after);
+    const auto control = [&meeting](const GraphPoint& node) {
+        return (node + meeting * 2) * (1.0 / 3);
+    };
+    AddHandle(document, "outbez", b, control(b), speed, start.keyframe);
+    start.keyframe.SetPropertyShared("velaRampStart", "TRUE");
+    AddHandle(document, "inbez", c, control(c), speed, end.keyframe);
+    end.keyframe.SetPropertyShared("velaRampEnd", "TRUE");
+}
+
+// Three points are the least that make a ramp.
+void AddRamps(Document& document, const Graph& graph, double speed)
+{
+    constexpr std::size_t kLeastPoints = 3;
+    if (graph.size() < kLeastPoints)
+        return;
+    for (std::size_t i = 0; i + 1 < graph.size(); ++i)
+        if (IsRamp(graph[i], graph[i + 1]))
+            AddRamp(document, graph, i, speed);
+}
+
+// The value at a frame between two nodes; nothing at a node itself, which a mark would make count
+// as none.
+std::optional<double> ValueBetween(const Graph& graph, std::int64_t when)
+{
+    for (std::size_t i = 0; i + 1 < graph.size(); ++i) {
+        if (graph[i].when >= when || when >= graph[i + 1].when)
+            continue;
+        const GraphPoint a = graph[i].Point();
+        return a.y + Slope(a, graph[i + 1].Point()) * (static_cast<double>(when) - a.x);
+    }
+    return std::nullopt;
+}
+
+// Marks where the item begins and ends on the graph.
+void AddEdges(Document& document, ObjectHandle item, Graph& graph)
+{
+    Graph edges;
+    const struct {
+        Name edge;
+        Name mark;
+    } rows[] = {{"in", "speedkfin"}, {"out", "speedkfout"}};
+    for (const auto& row : rows) {
+        const std::int64_t when = Int64Property(item, row.edge);
+        const std::optional<double> value = ValueBetween(graph, when);
+        if (!HasValue(item, row.edge) || !value)
+            continue;
+        edges.push_back(MakeNode(document, when, *value));
+        const ObjectHandle keyframe = edges.back().keyframe;
+        keyframe.SetPropertyShared("speedvirtualkf", "TRUE");
+        keyframe.SetPropertyShared(when == 0 ? Name("speedkfstart") : row.mark, "TRUE");
+    }
+    graph.insert(graph.end(), edges.begin(), edges.end());
+}
+
+// A source that plays evenly from its first frame to its last.
+Graph EvenGraph(Document& document, std::int64_t duration, std::int64_t sourceLength)
+{
+    return {MakeNode(document, 0, 0),
+            MakeNode(document, duration, static_cast<double>(sourceLength))};
+}
+
+std::string_view UpperTrue(bool value)
+{
+    return value ? "TRUE" : "FALSE";
+}
+
+} // namespace
+
+void ExportTimeRemap(Document& document, const ItemTiming& timing, std::string_view keyframes,
+                     MediaKind kind, ObjectHandle item)
+{
+    const std::int64_t length = ToTicks(timing.ratio * static_cast<double>(timing.duration));
+    Graph graph = ReadGraph(document, keyframes, timing);
+    const bool isVariable = !graph.empty();
+    if (isVariable) {
+        AddRamps(document, graph, timing.speed);
+        AddEdges(document, item, graph);
+    } else {
+        graph = EvenGraph(document, timing.duration, length);
+    }
+    std::stable_sort(graph.begin(), graph.end(),
+                     [](const GraphNode& a, const GraphNode& b) { return a.when < b.when; });
+
+    const ObjectHandle effect = AddFilter(document, kTimeRemap, item);
+    effect.SetPropertyShared("mediatype", kind == MediaKind::Video ? "video" : "audio");
+    const auto add = [&](const ParameterFields& fields) {
+        return AddParameter(document, effect, fields);
+    };
+    add({"variablespeed", "variablespeed", "0", "1", isVariable ? "1" : "0"});
+    add({"speed", "speed", "-100000", "100000", NumberText(timing.ratio * 100)});
+    add({.id = "reverse", .name = "reverse", .value = UpperTrue(timing.reverse)});
+    add({.id = "frameblending", .name = "frameblending", .value = UpperTrue(timing.frameBlend)});
+    const ObjectHandle graphdict = add({"graphdict", "graphdict", "0", IntToString(length)});
+    for (const GraphNode& node : graph)
+        graphdict.AddChild(node.keyframe);
+}
+
+} // namespace XPJ::RVX

@@ -1,0 +1,16 @@
+// The Time Remap of an item that doesn't play its source plainly.
+#pragma once
+
+#include "export/item_times.h"
+#include "export/project_paths.h"
+
+#include <string_view>
+
+namespace XPJ::RVX {
+
+// `item` has its `in` and `out` already. `keyframes` is the project's list of speed keyframes,
+// empty for a constant speed.
+void ExportTimeRemap(Document& document, const ItemTiming& timing, std::string_view keyframes,
+                     MediaKind kind, ObjectHandle item);
+
+} // namespace XPJ::RVX

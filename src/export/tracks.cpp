@@ -1,0 +1,65 @@
+#include "export/tracks.h"
+
+#include "export/items.h"
+#include "export/picture_format.h"
+
+namespace XPJ::RVX {
+
+namespace {
+
+ObjectHandle WriteFormat(ExportContext& context, Ticks frameTicks, ObjectHandle group)
+{
+    const std::string_view aspect = group.GetProperty("PixelAspectRatio");
+    const ObjectHandle characteristics =
+        WriteSampleCharacteristics(context, {.frameTicks = frameTicks,
+                                             .frameRect = group.GetProperty("FrameRect"),
+                                             .pixelAspect = aspect,
+                                             .originalPixelAspect = aspect,
+                                             .fieldType = group.GetProperty("FieldType")});
+    characteristics.SetPropertyShared("colordepth", "24");
+    characteristics.AddChild(WriteCodec(context));
+    const ObjectHandle format = context.document.NewObject("format");
+    format.AddChild(characteristics);
+    return format;
+}
+
+ObjectHandle TranslateVideoTrack(ExportContext& context, const SequencePlace& sequence,
+                                 ObjectHandle projectTrack, int index)
+{
+    TrackPlace track{.sequence = sequence,
+                     .kind = MediaKind::Video,
+                     .index = index,
+                     .number = index + 1,
+                     .track = context.document.NewObject("track")};
+    WriteTrackState(projectTrack, false, track.track);
+    for (const ObjectHandle item : TrackItemsOf(projectTrack))
+        TranslateVideoItem(context, track, item);
+    return track.track;
+}
+
+} // namespace
+
+void WriteTrackState(ObjectHandle projectTrack, bool isOff, ObjectHandle track)
+{
+    const ObjectHandle core = TrackCore(projectTrack);
+    track.SetPropertyShared("locked", IsTrue(core, "IsLocked") ? "TRUE" : "FALSE");
+    track.SetPropertyShared("enabled", isOff || IsTrue(core, "IsMuted") ? "FALSE" : "TRUE");
+    const ObjectHandle properties = TrackProperties(projectTrack);
+    if (properties.HasProperty("MZ.TrackTargeted"))
+        track.SetPropertyShared("MZ.TrackTargeted", HasValue(properties, "MZ.TrackTargeted")
+                                                        ? properties.GetProperty("MZ.TrackTargeted")
+                                                        : "0");
+}
+
+ObjectHandle TranslateVideoGroup(ExportContext& context, const SequencePlace& sequence,
+                                 ObjectHandle group)
+{
+    const ObjectHandle video = context.document.NewObject("video");
+    video.AddChild(WriteFormat(context, sequence.frameTicks, group));
+    int index = 0;
+    for (const ObjectHandle track : TracksOf(group))
+        video.AddChild(TranslateVideoTrack(context, sequence, track, index++));
+    return video;
+}
+
+} // namespace XPJ::RVX

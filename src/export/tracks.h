@@ -1,0 +1,15 @@
+// Groups and tracks of picture, and what all tracks have in common.
+#pragma once
+
+#include "export/item_place.h"
+
+namespace XPJ::RVX {
+
+// The `video` of a VideoTrackGroup, with its format and its tracks.
+ObjectHandle TranslateVideoGroup(ExportContext& context, const SequencePlace& sequence,
+                                 ObjectHandle group);
+
+// Writes `locked`, `enabled` and the user's targeting of a project track.
+void WriteTrackState(ObjectHandle projectTrack, bool isOff, ObjectHandle track);
+
+} // namespace XPJ::RVX

@@ -1,0 +1,31 @@
+// Nodes in the order in which they were met first, each once.
+#pragma once
+
+#include "model/object.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+namespace XPJ::Inspection {
+
+class NodeNumbers {
+public:
+    // Its number, from 0, also of a node that was not met before.
+    std::size_t NumberOf(ObjectHandle node)
+    {
+        const auto [entry, isNew] = numbers_.emplace(node.UniqueId(), nodes_.size());
+        if (isNew)
+            nodes_.push_back(node);
+        return entry->second;
+    }
+    std::size_t Size() const { return nodes_.size(); }
+    ObjectHandle At(std::size_t number) const { return nodes_[number]; }
+
+private:
+    std::vector<ObjectHandle> nodes_;
+    std::unordered_map<std::uint64_t, std::size_t> numbers_; // by `uniqueId`
+};
+
+} // namespace XPJ::Inspection

@@ -1,0 +1,187 @@
+#include "export/channel_layout.h"
+#include "export/export_driver.h"
+#include "export/marker_record.h"
+#include "export/picture_format.h"
+#include "export/project_paths.h"
+#include "model/reader.h"
+#include "support/tree.h"
+
+#include <limits>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace XPJ::RVX {
+namespace {
+
+TEST(PixelAspectName, KnowsTheRatiosOfTapes)
+{
+    struct Row {
+        const char* ratio;
+        int height;
+        const char* name;
+        bool anamorphic;
+    };
+    constexpr Row kRows[] = {
+        {"3,2", 1080, "HD-(1280x1080)", false}, {"10,11", 480, "NTSC-601", false},
+        {"80,66", 480, "NTSC-601", true}, // as an exact ratio
+        {"768,702", 576, "PAL-601", false},     {"1024,702", 576, "PAL-601", true},
+        {"4,3", 720, "HD-(960x720)", false},    {"4,3", 960, "HD-(960x720)", false},
+        {"4,3", 1080, "HD-(1440x1080)", false}, {"1,1", 1080, "square", false},
+        {"4", 1080, "square", false},           {"4,3x", 1080, "square", false},
+        {"0,0", 1080, "square", false},         {"99999999999,3", 1080, "square", false},
+    };
+    for (const Row& row : kRows) {
+        const PixelAspect aspect = PixelAspectName(row.ratio, row.height);
+        EXPECT_EQ(aspect.name, row.name) << row.ratio;
+        EXPECT_EQ(aspect.anamorphic, row.anamorphic) << row.ratio;
+    }
+}
+
+TEST(MarkerRecord, TakesWhatHostsWrite)
+{
+    struct Row {
+        const char* text;
+        const char* expected; // name|type|start|duration|colour; empty for no record
+    };
+    constexpr Row kRows[] = {
+        {R"({"HULMarker":{"mName":"A","mType":"Comment","mStartTime":{"ticks":9007199254740993}}})",
+         "A|Comment|9007199254740993|0|"},
+        {R"({"mName":"B","mStartTime":{"ticks":"254016000000"},"mDuration":{"ticks":-5}})",
+         "B||254016000000|-5|"},
+        {R"({"mCuePointList":[{"mKey":"x","mValue":"{\"color\":1}"},)"
+         R"({"mKey":"keywordExtHULv1_G","mValue":"{\"color\":4281740498}"}]})",
+         "||0|0|4281740498"},
+        {R"({"mCuePointList":[{"mKey":"keywordExtHULv1_G","mValue":"{\"color\":0}"}]})", "||0|0|"},
+        {"{&quot;mName&quot;:&quot;A &amp;lt; B&quot;}", "A &lt; B||0|0|"},
+        {R"({"mStartTime":{"ticks":1e300},"mDuration":7,"mName":3,"mCuePointList":{}})",
+         "||9223372036854775807|0|"},
+        {"{\"mName\":\"cut", ""},
+        {"[1]", ""},
+        {"", ""},
+    };
+    for (const Row& row : kRows) {
+        const auto record = ParseMarkerRecord(row.text);
+        EXPECT_EQ(record ? record->name + "|" + record->type + "|" + TickText(record->start) + "|" +
+                               TickText(record->duration) + "|" + record->colour
+                         : "",
+                  row.expected)
+            << row.text;
+    }
+}
+
+// A vector a row: its `ChannelType`, and the source clip of each channel.
+struct Vector {
+    const char* type;
+    std::vector<const char*> sourceClips;
+};
+
+ObjectHandle MasterOf(Document& document, const std::vector<Vector>& vectors)
+{
+    const ObjectHandle list = document.NewObject("ClipChannelVectors");
+    for (const Vector& vector : vectors) {
+        const ObjectHandle channels = document.NewObject("ClipChannels");
+        for (const char* const sourceClip : vector.sourceClips)
+            channels.AddChild("ClipChannelItem",
+                              Build(document, {"ClipChannelSerializer",
+                                               {{"SourceClipIndex", sourceClip},
+                                                {"mSourceChannelIndex", sourceClip}}}));
+        const ObjectHandle node =
+            Build(document, {"ClipChannelVectorSerializer", {{"ChannelType", vector.type}}});
+        node.AddChild(channels);
+        list.AddChild("ClipChannelVectorItem", node);
+    }
+    const ObjectHandle groups = document.NewObject("ClipChannelGroupVectorSerializer");
+    groups.AddChild(list);
+    const ObjectHandle master = document.NewObject("MasterClip");
+    master.AddChild("AudioClipChannelGroups", groups);
+    return master;
+}
+
+TEST(ChannelLayout, IsToldFromTheVectors)
+{
+    struct Row {
+        std::vector<Vector> vectors;
+        int count;
+        int type;
+    };
+    const Row rows[] = {
+        {{}, 0, 0},
+        {{{"0", {"0"}}}, 1, 0},
+        {{{"0", {"0"}}, {"0", {"0"}}}, 2, 6},                             // left and right
+        {{{"0", {"0"}}, {"0", {"0"}}, {"0", {"1"}}, {"0", {"1"}}}, 4, 6}, // of two clips
+        {{{"0", {"0"}}, {"0", {"0"}}, {"0", {"0"}}}, 3, 7},               // one whole
+        {{{"0", {"0"}}, {"0", {"1"}}}, 2, 0},                             // independent
+        {{{"1", {"0", "0"}}}, 2, 1},
+        {{{"2", {"0", "0", "0", "0", "0", "0"}}}, 6, 2},
+        {{{"3", {"0", "-1", "4294967295", "18446744073709551615"}}}, 1, 7}, // unused channels
+        {{{"0", {"-1"}}}, 0, 0},
+        {{{"3", std::vector<const char*>(5000, "0")}}, 64, 7},
+        {{{"3", std::vector<const char*>(5000, "-1")}}, 0, 7},
+    };
+    for (const Row& row : rows) {
+        Document document;
+        const ChannelLayout layout = ChannelLayoutOf(MasterOf(document, row.vectors));
+        EXPECT_EQ(layout.count, row.count) << &row - rows;
+        EXPECT_EQ(layout.type, row.type) << &row - rows;
+    }
+}
+
+// A project with one clip, whose picture and sound have the given rates.
+std::string ClipProject(const std::string& frameTicks, const std::string& sampleTicks)
+{
+    return R"(<VelaData Version="3">
+<Project ObjectID="1"><RootProjectItem ObjectURef="root"/></Project>
+<RootProjectItem ObjectUID="root"><ProjectItemContainer><Items><Item ObjectURef="item"/></Items>
+</ProjectItemContainer></RootProjectItem>
+<ClipProjectItem ObjectUID="item"><MasterClip ObjectURef="master"/></ClipProjectItem>
+<MasterClip ObjectUID="master"><Clips><Clip ObjectRef="2"/><Clip ObjectRef="3"/></Clips></MasterClip>
+<VideoClip ObjectID="2"><Clip><Source ObjectRef="4"/><InPoint>99999999999</InPoint></Clip></VideoClip>
+<AudioClip ObjectID="3"><Clip><Source ObjectRef="4"/></Clip></AudioClip>
+<VideoMediaSource ObjectID="4"><MediaSource><Media ObjectURef="medium"/></MediaSource></VideoMediaSource>
+<Media ObjectUID="medium"><VideoStream ObjectRef="5"/><AudioStream ObjectRef="6"/></Media>
+<VideoStream ObjectID="5"><Duration>-9223372036854775808</Duration><FrameRate>)" +
+           frameTicks + "</FrameRate></VideoStream>\n<AudioStream ObjectID=\"6\"><FrameRate>" +
+           sampleTicks + "</FrameRate></AudioStream>\n</VelaData>\n";
+}
+
+// The `clip`; null with an exception's loss.
+ObjectHandle ExportClip(const std::string& project, Document& document)
+{
+    std::istringstream text(project);
+    ObjectHandle root;
+    EXPECT_EQ(ReadProjectDocument(text, document, root), kReadDone);
+    SilentProgress progress;
+    IssueSet issues;
+    ObjectHandle xmeml;
+    EXPECT_EQ(TranslateProjectDocument(root, {}, progress, document, issues, xmeml), kSuccess);
+    return FindPath(xmeml, {"project", "children", "clip"});
+}
+
+TEST(ExportClips, RatesThatCannotBe)
+{
+    Document document;
+    EXPECT_THROW(ExportClip(ClipProject("0", "5292000"), document), std::runtime_error);
+    EXPECT_THROW(ExportClip(ClipProject("8475667200", "0"), document), std::runtime_error);
+    for (const char* const noRate : {"9223372036854775807", "-1"}) {
+        const ObjectHandle clip = ExportClip(ClipProject(noRate, "5292000"), document);
+        EXPECT_EQ(FindPath(clip, {"media", "rate"}).GetProperty("timebase"), "30") << noRate;
+        EXPECT_EQ(clip.GetProperty("in"), "11") << noRate;
+        EXPECT_FALSE(clip.GetChild("media").HasProperty("duration")) << noRate;
+    }
+}
+
+TEST(ExportClips, TwoExportsOfAProcessShareNoId)
+{
+    Document document;
+    const std::string project = ClipProject("8475667200", "5292000");
+    const std::string first(ExportClip(project, document).GetProperty("id"));
+    EXPECT_TRUE(first.starts_with("masterclip-"));
+    EXPECT_NE(ExportClip(project, document).GetProperty("id"), first);
+}
+
+} // namespace
+} // namespace XPJ::RVX

@@ -1,0 +1,191 @@
+#include "export/sequences.h"
+
+#include "core/numbers.h"
+#include "export/color_matte.h"
+#include "export/item_place.h"
+#include "export/output_channels.h"
+#include "export/transitions.h"
+
+#include <set>
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
+namespace XPJ::RVX {
+namespace {
+
+// A project sequence of one track, and the masters that show sequences.
+class Sequences : public testing::Test {
+protected:
+    ObjectHandle AddChild(ObjectHandle parent, Name key, Name className)
+    {
+        const ObjectHandle child = project_.NewObject(className);
+        parent.AddChild(key, child);
+        return child;
+    }
+    ObjectHandle AddChild(ObjectHandle parent, Name name) { return AddChild(parent, name, name); }
+
+    ObjectHandle MakeSequence(std::string_view frameRate)
+    {
+        const ObjectHandle sequence = project_.NewObject("Sequence");
+        const ObjectHandle entry = AddChild(AddChild(sequence, "TrackGroups"), "TrackGroup");
+        entry.SetProperty("First", "228cda18-3625-4d2d-951e-348879e4ed93");
+        const ObjectHandle group =
+            AddChild(AddChild(entry, "Second", "VideoTrackGroup"), "TrackGroup");
+        group.SetProperty("FrameRate", frameRate);
+        AddChild(AddChild(group, "Tracks"), "Track", "VideoClipTrack");
+        return sequence;
+    }
+
+    // Puts an item that shows `shown` on the track of `sequence`.
+    void Show(ObjectHandle sequence, ObjectHandle shown)
+    {
+        const ObjectHandle track = FindPath(
+            sequence, {"TrackGroups", "TrackGroup", "Second", "TrackGroup", "Tracks", "Track"});
+        const ObjectHandle items =
+            AddChild(AddChild(AddChild(track, "ClipTrack"), "ClipItems"), "TrackItems");
+        const ObjectHandle item = AddChild(items, "TrackItem", "VideoClipTrackItem");
+        const ObjectHandle subClip = AddChild(AddChild(item, "ClipTrackItem"), "SubClip");
+        const ObjectHandle masterClip = AddChild(subClip, "MasterClip");
+        const ObjectHandle clip = AddChild(AddChild(masterClip, "Clips"), "Clip", "VideoClip");
+        const ObjectHandle source = AddChild(AddChild(clip, "Clip"), "Source");
+        AddChild(source, "SequenceSource").AddChild(shown);
+    }
+
+    // Ids of the `sequence`s below a node, and how deep they stand in each other.
+    int CollectIds(ObjectHandle node, std::multiset<std::string_view>& ids)
+    {
+        int depth = 0;
+        for (const ObjectHandle child : node.GetChildren())
+            depth = std::max(depth, CollectIds(child, ids));
+        if (node.GetName() != "sequence")
+            return depth;
+        ids.insert(node.GetProperty("id"));
+        return depth + 1;
+    }
+
+    Document project_;
+    Document result_;
+    SilentProgress progress_;
+    IssueSet issues_;
+    IdCounters ids_;
+    ExportContext context_{result_, progress_, issues_, ids_};
+};
+
+TEST_F(Sequences, DeepNestingIsWrittenOnceEachAndSideBySide)
+{
+    constexpr int kCount = 500;
+    std::vector<ObjectHandle> sequences;
+    for (int i = 0; i < kCount; ++i)
+        sequences.push_back(MakeSequence("10160640000"));
+    for (std::size_t i = 0; i < kCount; ++i)
+        Show(sequences[i], sequences[(i + 1) % kCount]);
+
+    const ObjectHandle children = result_.NewObject("children");
+    children.AddChild(TranslateSequence(context_, sequences[0], {}));
+    TranslatePostponedSequences(context_, children);
+
+    std::multiset<std::string_view> ids;
+    EXPECT_LT(CollectIds(children, ids), 50);
+    EXPECT_EQ(ids.size(), kCount);
+    EXPECT_EQ(std::set(ids.begin(), ids.end()).size(), kCount);
+}
+
+TEST_F(Sequences, AFrameOfNoLengthIsAFaultOfTheDocument)
+{
+    EXPECT_NO_THROW(TranslateSequence(context_, MakeSequence("9223372036854775807"), {}));
+    EXPECT_THROW(TranslateSequence(context_, MakeSequence("0"), {}), std::runtime_error);
+    EXPECT_EQ(context_.sequenceDepth, 0);
+}
+
+TEST_F(Sequences, AlignmentFollowsTheCutByThirds)
+{
+    struct Case {
+        const char* outgoing;
+        const char* incoming;
+        int cut; // in a transition of 30
+        const char* alignment;
+    };
+    for (const Case& row : {Case{"true", "true", 0, "start"},
+                            {"true", "true", 9, "start"},
+                            {"true", "true", 10, "center"},
+                            {"true", "true", 20, "center"},
+                            {"true", "true", 21, "end"},
+                            {"TRUE", "", 15, "end-black"},
+                            {"false", "true", 15, "start-black"},
+                            {"", "", 15, "start-black"}}) {
+        const ObjectHandle transition = project_.NewObject("VideoTransitionTrackItem");
+        const ObjectHandle core = AddChild(transition, "TransitionTrackItem");
+        core.SetProperty("HasOutgoingClip", row.outgoing);
+        core.SetProperty("HasIncomingClip", row.incoming);
+        core.SetProperty("Alignment", IntToString(row.cut));
+        core.SetPropertyShared("MatchName", "ORRN Cross Dissolve");
+        const ObjectHandle edges = AddChild(core, "TrackItem");
+        edges.SetPropertyShared("Start", "100");
+        edges.SetPropertyShared("End", "130");
+
+        TrackPlace track{.sequence = {.sequence = {}, .frameTicks = 1},
+                         .track = result_.NewObject("track")};
+        TranslateTransition(context_, track, transition);
+        EXPECT_EQ(track.track.GetChild("transitionitem").GetProperty("alignment"), row.alignment)
+            << row.outgoing << " " << row.incoming << " " << row.cut;
+    }
+    EXPECT_TRUE(issues_.empty());
+}
+
+TEST(MatteColour, IsDigitsOrPackedBytes)
+{
+    struct Case {
+        const char* prefs;
+        Colour colour;
+    };
+    for (const Case& row : {Case{"/wAA/wEAAAA=", {255, 0, 0, 255}},
+                            {"4278190335", {255, 0, 0, 255}},
+                            {"2147549440", {0, 1, 1, 128}},
+                            {"/wA=", {0, 0, 0, 255}},
+                            {"", {0, 0, 0, 255}}}) {
+        const Colour colour = MatteColour(row.prefs);
+        EXPECT_EQ(colour.red, row.colour.red) << row.prefs;
+        EXPECT_EQ(colour.green, row.colour.green) << row.prefs;
+        EXPECT_EQ(colour.blue, row.colour.blue) << row.prefs;
+        EXPECT_EQ(colour.alpha, row.colour.alpha) << row.prefs;
+    }
+}
+
+TEST(OutputChannels, AssignmentsKeepClearOfAnEvenOneBefore)
+{
+    OutputChannels outputs(4);
+    for (const auto& [channel, expected] :
+         {std::pair{0, 1}, {1, 2}, {1, 3}, {2, 3}, {3, 4}, {3, 5}})
+        EXPECT_EQ(outputs.Assigned(channel, true), expected);
+    EXPECT_EQ(outputs.Unassigned(4, true), 1);
+    EXPECT_EQ(outputs.Unassigned(4, false), 1);
+    EXPECT_EQ(outputs.Unassigned(3, false), 2);
+}
+
+TEST(OutputChannels, ReadsMatrixThenAssignments)
+{
+    Document document;
+    const ObjectHandle panner = document.NewObject("DirectPanProcessor");
+    panner.SetPropertyShared("NumInputChannels", "999999999999");
+    panner.SetPropertyShared("AssignedChannel0", "5");
+    panner.SetPropertyShared("AssignedChannel1", "4294967295");
+    EXPECT_EQ(AssignedChannels(panner, 3), (std::vector{5, kUnassigned, kUnassigned}));
+
+    struct Case {
+        const char* matrix;
+        std::vector<int> channels;
+    };
+    for (const Case& row : {Case{"[[0,[2]],[1,[3,4]]]", {2, 3}},
+                            {R"({"SerializerWrappedObject":[[1,[7]]]})", {kUnassigned, 7}},
+                            {"{&quot;SerializerWrappedObject&quot;:[[0,[1]]]}", {1, kUnassigned}},
+                            {"[[0,[]],[-1,[2]],[9,[2]],[1],7]", {kUnassigned, kUnassigned}},
+                            {"[[0,[18446744073709551615]]", {kUnassigned, kUnassigned}}}) {
+        panner.SetProperty("Matrix", row.matrix);
+        EXPECT_EQ(AssignedChannels(panner, 2), row.channels) << row.matrix;
+    }
+    EXPECT_EQ(AssignedChannels({}, 1), std::vector{kUnassigned});
+}
+
+} // namespace
+} // namespace XPJ::RVX

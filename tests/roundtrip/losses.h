@@ -1,0 +1,26 @@
+// What does not survive the way through both forms, by design.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace XPJ {
+
+struct Loss {
+    std::string_view document;   // file name without extension; "*" for all
+    std::string_view difference; // as the comparison words it; "*" stands for any text
+    std::string_view why;
+};
+
+// Between a project and what comes back when its XML document is imported.
+std::span<const Loss> LossesOfProjects();
+
+// Between that XML document and the one that the returned project gives: what goes on changing.
+std::span<const Loss> LossesOfSecondPass();
+
+// Null for a difference that nobody lists.
+const Loss* FindLoss(std::span<const Loss> losses, std::string_view document,
+                     std::string_view difference);
+
+} // namespace XPJ
