@@ -1,5 +1,6 @@
 #include "bench/jobs.h"
 
+#include "export/export_driver.h"
 #include "import/import_driver.h"
 #include "model/reader.h"
 #include "model/writer.h"
@@ -130,6 +131,32 @@ std::size_t Import(const std::string& path)
     Document output;
     const ObjectHandle root = ReadXmemlFile(path, input);
     return WriteProject(Translate(root, path, output));
+}
+
+ObjectHandle ReadProjectFile(const std::string& path, Document& document)
+{
+    std::ifstream file(path, std::ios::binary);
+    ObjectHandle root;
+    Require(ReadProjectDocument(file, document, root) == kReadDone, "reading the project");
+    return root;
+}
+
+std::size_t Export(const std::string& path)
+{
+    Document input;
+    Document output;
+    SilentProgress progress;
+    IssueSet issues;
+    ObjectHandle xmeml;
+    RVX::ExportOptions options;
+    options.outputPath = path + ".xml";
+    Require(RVX::TranslateProjectDocument(ReadProjectFile(path, input), options, progress, output,
+                                          issues, xmeml) == 0,
+            "export");
+    CountingBuffer buffer;
+    std::ostream stream(&buffer);
+    Require(WriteFCPXML(xmeml, progress, false, stream) == kWriteDone, "writing");
+    return buffer.Count();
 }
 
 std::string LoadFile(const std::string& path)

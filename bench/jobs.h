@@ -53,6 +53,10 @@ std::string ProjectText(ObjectHandle project);
 // From the file to the project text; gives the bytes written.
 std::size_t Import(const std::string& path);
 
+ObjectHandle ReadProjectFile(const std::string& path, Document& document);
+// From the project file to the `xmeml` text; gives the bytes written.
+std::size_t Export(const std::string& path);
+
 std::string LoadFile(const std::string& path);
 void SaveFile(const std::string& path, std::string_view text);
 

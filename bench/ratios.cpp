@@ -30,7 +30,19 @@ struct Settings {
     std::string directory;
 };
 
-enum Job { kSax, kPugixmlLoad, kRead, kTranslate, kPugixmlSave, kWrite, kImport, kJobCount };
+enum Job {
+    kSax,
+    kPugixmlLoad,
+    kRead,
+    kTranslate,
+    kPugixmlSave,
+    kWrite,
+    kImport,
+    kSaxProject,
+    kReadProject,
+    kExport,
+    kJobCount,
+};
 
 struct JobRow {
     std::string_view name;
@@ -95,6 +107,30 @@ void RunImport(const std::string& path, Stopwatch& watch)
     watch.SetBytes(std::filesystem::file_size(path));
 }
 
+// The project that the import makes of a document stands beside it.
+std::string ProjectPath(const std::string& path)
+{
+    return path + ".vlproj";
+}
+
+void RunSaxProject(const std::string& path, Stopwatch& watch)
+{
+    RunSax(ProjectPath(path), watch);
+}
+
+void RunReadProject(const std::string& path, Stopwatch& watch)
+{
+    Document document;
+    watch.Time([&] { ReadProjectFile(ProjectPath(path), document); });
+    watch.SetBytes(std::filesystem::file_size(ProjectPath(path)));
+}
+
+void RunExport(const std::string& path, Stopwatch& watch)
+{
+    watch.Time([&] { Export(ProjectPath(path)); });
+    watch.SetBytes(std::filesystem::file_size(ProjectPath(path)));
+}
+
 constexpr std::array<JobRow, kJobCount> kJobs = {{
     {"expat SAX parse", kSax, true, RunSax},
     {"pugixml load", kSax, true, RunPugixmlLoad},
@@ -103,6 +139,9 @@ constexpr std::array<JobRow, kJobCount> kJobs = {{
     {"pugixml save project", kPugixmlSave, false, RunPugixmlSave},
     {"write project", kPugixmlSave, false, RunWrite},
     {"import, whole", kSax, true, RunImport},
+    {"expat SAX, project", kSaxProject, true, RunSaxProject},
+    {"read project", kSaxProject, true, RunReadProject},
+    {"export, whole", kSaxProject, true, RunExport},
 }};
 
 using Results = std::array<Measurement, kJobCount>;
@@ -126,27 +165,37 @@ Results MeasureAll(const std::string& path, int rounds)
     return best;
 }
 
-double BestImportSeconds(const std::string& path, int rounds)
+double BestSeconds(Job job, const std::string& path, int rounds)
 {
     double best = -1;
     for (int round = 0; round < rounds; ++round) {
-        const Measurement result = MeasureJob(kImport, path);
+        const Measurement result = MeasureJob(job, path);
         if (result.isDone && (best < 0 || result.seconds < best))
             best = result.seconds;
     }
     return best;
 }
 
-// A document on disk, made in a child so that this process stays small: a child's peak memory
-// begins with what its parent holds.
+// A document and its project on disk, made in a child so that this process stays small: a child's
+// peak memory begins with what its parent holds.
 class DocumentFile {
 public:
     DocumentFile(const Settings& settings, const DocumentOptions& options)
         : path_(fmt::format("{}/vela_bench_{}.xml", settings.directory, getpid()))
     {
         MeasureInChild([&](Stopwatch&) { SaveFile(path_, MakeDocument(options)); });
+        MeasureInChild([&](Stopwatch&) {
+            Document input;
+            Document output;
+            SaveFile(ProjectPath(path_),
+                     ProjectText(Translate(ReadXmemlFile(path_, input), path_, output)));
+        });
     }
-    ~DocumentFile() { std::filesystem::remove(path_); }
+    ~DocumentFile()
+    {
+        std::filesystem::remove(path_);
+        std::filesystem::remove(ProjectPath(path_));
+    }
     DocumentFile(const DocumentFile&) = delete;
     DocumentFile& operator=(const DocumentFile&) = delete;
     const std::string& Path() const { return path_; }
@@ -168,11 +217,12 @@ void PrintSize(int megabytes, const Results& results, double fileBytes)
             continue;
         }
         const double size = static_cast<double>(result.bytes) / kMegabyte;
+        const double input =
+            row.peer == kSaxProject ? static_cast<double>(result.bytes) : fileBytes;
         const double ratio = result.seconds / results[row.peer].seconds;
         const std::string memory =
-            row.showsMemory
-                ? fmt::format("{:.2f}", static_cast<double>(result.peakMemory) / fileBytes)
-                : "";
+            row.showsMemory ? fmt::format("{:.2f}", static_cast<double>(result.peakMemory) / input)
+                            : "";
         fmt::print("{:<22}{:>8.1f}{:>10.1f}{:>9.0f}   {:<26}{:>12}\n", row.name, size,
                    result.seconds * 1e3, size / result.seconds,
                    fmt::format("{:.2f} x {}", ratio, kJobs[row.peer].name), memory);
@@ -204,18 +254,19 @@ constexpr GrowthRow kGrowth[] = {
      {.shape = Shape::MergedClips, .bytes = 0, .count = 2000}},
 };
 
-void PrintGrowth(const Settings& settings)
+void PrintGrowth(const Settings& settings, Job job)
 {
-    fmt::print("\nGrowth of the import from n to 4n (1.00 is in proportion to the size)\n"
+    fmt::print("\nGrowth of the {} from n to 4n (1.00 is in proportion to the size)\n"
                "{:<34}{:>10}{:>10}{:>10}{:>10}{:>16}\n",
-               "document", "n, MB", "ms", "4n, MB", "ms", "time per byte");
+               job == kImport ? "import" : "export", "document", "n, MB", "ms", "4n, MB", "ms",
+               "time per byte");
     for (const GrowthRow& row : kGrowth) {
         double bytes[2];
         double seconds[2];
         for (int i = 0; i < 2; ++i) {
             const DocumentFile file(settings, i == 0 ? row.small : row.large);
             bytes[i] = file.Bytes();
-            seconds[i] = BestImportSeconds(file.Path(), std::min(settings.rounds, 3));
+            seconds[i] = BestSeconds(job, file.Path(), std::min(settings.rounds, 3));
         }
         if (seconds[0] < 0 || seconds[1] < 0) {
             fmt::print("{:<34}failed\n", row.name);
@@ -261,7 +312,8 @@ void PrintRatios(const Settings& settings)
                                 {.bytes = static_cast<std::size_t>(megabytes) * 1'000'000});
         PrintSize(megabytes, MeasureAll(file.Path(), settings.rounds), file.Bytes());
     }
-    PrintGrowth(settings);
+    PrintGrowth(settings, kImport);
+    PrintGrowth(settings, kExport);
     PrintStart(settings);
 }
 

@@ -24,10 +24,19 @@ Ticks Difference(Ticks a, Ticks b)
     return AddTicks(a, b == kLowest ? std::numeric_limits<Ticks>::max() : -b);
 }
 
+// True if an edge is lost in whole frames of the item: who reads them takes the sequence's first
+// frame from there on.
+bool IsLost(Ticks edge, const ItemTiming& timing)
+{
+    return timing.sequenceRate > 0 && timing.rate > timing.sequenceRate &&
+           edge % timing.rate >= timing.sequenceRate;
+}
+
 // Gives how far the transition at this edge reaches beyond it; 0 without one.
 //   |   item   |=====|      end -1, delta = end of the transition - End
 Ticks WriteEdge(ExportContext& context, ObjectHandle trackItem, ObjectHandle transition,
-                Name projectKey, Name key, Ticks rate, ObjectHandle element)
+                Name projectKey, Name key, Name exactKey, const ItemTiming& timing,
+                ObjectHandle element)
 {
     const Ticks edge = Int64Property(ItemEdges(trackItem), projectKey);
     const ObjectHandle transitionEdges = TransitionEdges(transition);
@@ -35,7 +44,9 @@ Ticks WriteEdge(ExportContext& context, ObjectHandle trackItem, ObjectHandle tra
         element.SetPropertyShared(key, "-1");
         return Difference(Int64Property(transitionEdges, projectKey), edge);
     }
-    element.SetProperty(key, TimeText(context, edge, rate));
+    element.SetProperty(key, TimeText(context, edge, timing.rate));
+    if (!context.inTicks && IsLost(edge, timing))
+        element.SetProperty(exactKey, TickText(edge));
     return 0;
 }
 
@@ -71,9 +82,9 @@ void WriteEdges(ExportContext& context, ObjectHandle trackItem, ItemTiming& timi
                 ObjectHandle element)
 {
     timing.startDelta = WriteEdge(context, trackItem, HeadTransitionOf(trackItem), "Start", "start",
-                                  timing.rate, element);
+                                  "velaTicksStart", timing, element);
     timing.endDelta = WriteEdge(context, trackItem, TailTransitionOf(trackItem), "End", "end",
-                                timing.rate, element);
+                                "velaTicksEnd", timing, element);
 }
 
 void ReadSpeed(const ExportContext& context, ObjectHandle clip, ItemTiming& timing)

@@ -10,7 +10,8 @@ namespace XPJ::RVX {
 // Counts in the form at hand (`context.inTicks`), where it doesn't say ticks.
 struct ItemTiming {
     Ticks rate = kNtscFrameTicks; // ticks a frame: of its medium, else of the sequence
-    Ticks startDelta = 0;         // ticks from an edge of the item to that of the transition there
+    Ticks sequenceRate = kNtscFrameTicks;
+    Ticks startDelta = 0; // ticks from an edge of the item to that of the transition there
     Ticks endDelta = 0;
     double speed = 1.0;
     bool reverse = false;
@@ -21,7 +22,8 @@ struct ItemTiming {
     double ratio = 1.0;                    // originalDuration / duration
 };
 
-// Writes `start` and `end`: -1 where a transition covers the edge, whose distance is kept.
+// Writes `start` and `end`: -1 where a transition covers the edge, whose distance is kept. They
+// count in the item's rate; an edge that is lost between its frames is stated exactly as well.
 void WriteEdges(ExportContext& context, ObjectHandle trackItem, ItemTiming& timing,
                 ObjectHandle element);
 

@@ -97,6 +97,7 @@ ItemRecord RecordOf(ObjectHandle item, const TrackPlace& track)
                       .boundaries = source.boundaries,
                       .timing = {}};
     record.timing.rate = RateOfItem(source.medium, track);
+    record.timing.sequenceRate = track.sequence.frameTicks;
     record.timing.infinite = IsTrue(source.medium, "Infinite");
     record.boundaries.ticksPerFrame = record.timing.rate;
     return record;

@@ -81,12 +81,18 @@ public:
     {
         if (!HasValue(item_, "velaTicksIn") || rates_.item == rates_.sequence)
             return;
-        for (const Name key : {Name("start"), Name("end")})
-            if (IsStated(key))
-                Set(key, DivideUp(MultiplyTicks(Get(key), rates_.item), rates_.sequence));
+        CountInSequence("start", "velaTicksStart");
+        CountInSequence("end", "velaTicksEnd");
     }
 
 private:
+    void CountInSequence(Name key, Name exactKey) const
+    {
+        if (IsStated(key))
+            Set(key,
+                DivideUp(IsStated(exactKey) ? Get(exactKey) : MultiplyTicks(Get(key), rates_.item),
+                         rates_.sequence));
+    }
     static Frames DivideUp(Ticks ticks, Ticks frameTicks)
     {
         return ticks / frameTicks + (ticks % frameTicks > 0 ? 1 : 0);
@@ -125,13 +131,17 @@ private:
         return cut > 0 && cut < transition.Length();
     }
 
-    // What reaches beyond the cut counts as long as the part before it; in documents of this system
-    // it is exactly the rest of the transition.
-    void EndAt(const EdgeItem& item, const Transition& transition, Frames cut) const
+    // How far the item before the cut reaches beyond it: to the end of the transition. A cut that
+    // is stated without an exact out point counts as far on both sides.
+    static Frames Handle(const EdgeItem& item, const Transition& transition, Frames cut)
     {
         const bool isExact =
             item.IsStated("velaTicksOut") && HasValue(transition.node, "cutPointTicks");
-        const Frames handle = isExact ? Minus(transition.Length(), cut) : cut;
+        return isExact ? Minus(transition.Length(), cut) : cut;
+    }
+
+    void EndAt(const EdgeItem& item, const Transition& transition, Frames cut, Frames handle) const
+    {
         item.Set("end", AddTicks(transition.from, cut));
         item.Shift("out", "velaTicksOut", Minus(0, handle));
     }
@@ -146,13 +156,14 @@ private:
     {
         Frames cut = 0;
         if (StatedCut(transition, cut))
-            return EndAt(item, transition, cut);
+            return EndAt(item, transition, cut, Handle(item, transition, cut));
         const TransitionAlignment* const alignment = AlignmentOf(transition);
         if (!alignment)
             return;
         switch (alignment->cut) {
         case CutPlace::Middle:
-            return EndAt(item, transition, transition.Length() / 2);
+            cut = transition.Length() / 2;
+            return EndAt(item, transition, cut, Minus(transition.Length(), cut));
         case CutPlace::Start:
             item.Set("end", transition.from);
             return item.Place("out", "velaTicksOut", "in", "velaTicksIn",

@@ -252,8 +252,7 @@ private:
                 if (const auto found = places_.find(item.UniqueId()); found != places_.end())
                     group.push_back(found->second);
             std::ranges::sort(group);
-            const auto [first, last] = std::ranges::unique(group);
-            group.erase(first, last);
+            group.erase(std::unique(group.begin(), group.end()), group.end());
             if (group.size() < 2)
                 continue;
             for (const ItemPlace& place : group)

@@ -150,7 +150,8 @@ constexpr XmemlField kTrack[] = {
 constexpr XmemlField kClipItem[] = {
     Required("masterclipid"), Optional("channelcount"), Optional("name"), Optional("enabled"),
     Optional("duration"), By(XmemlRule::RateOrDefault), Optional("start"), Optional("end"),
-    Optional("in"), Optional("out"), Optional("velaTicksIn"), Optional("velaTicksOut"),
+    Optional("in"), Optional("out"), Optional("velaTicksStart"), Optional("velaTicksEnd"),
+    Optional("velaTicksIn"), Optional("velaTicksOut"),
     Optional("velaSoftStartOffset"), Optional("velaSoftEndOffset"), Optional("compositemode"),
     Optional("alphatype"), Optional("alphareverse"), By(XmemlRule::PixelAspect),
     By(XmemlRule::Source), Child("sourcetrack"), Child("subclipinfo"), Child("multiclip"),

@@ -24,9 +24,9 @@ constexpr struct {
     {"children", "", "bin clip sequence"},
     {"clipitem",
      "name duration in out velaTicksIn velaTicksOut velaSoftStartOffset velaSoftEndOffset start "
-     "end pixelaspectratio anamorphic velaOriginalPAR velaOriginalIsAnamorphic enabled alphatype "
-     "ismasterclip masterclipid channelcount mediadelay fielddominance stillframe compositemode "
-     "scaleToFrameSize stillframeoffset",
+     "end velaTicksStart velaTicksEnd pixelaspectratio anamorphic velaOriginalPAR "
+     "velaOriginalIsAnamorphic enabled alphatype ismasterclip masterclipid channelcount mediadelay "
+     "fielddominance stillframe compositemode scaleToFrameSize stillframeoffset",
      "rate logginginfo filmdata keycode labels comments marker file sequence sourcetrack link "
      "filter multiclip subclipinfo"},
     {"clip",

@@ -40,8 +40,6 @@ constexpr Loss kProjectLosses[] = {
     // ---- Times
     {"frame_rates", "*clip \"ok\": in *", "points are cut down to frames of the medium"},
     {"frame_rates", "*clip \"ok\": out *", "points are cut down to frames of the medium"},
-    {"frame_rates", "*60\": changed * clip \"ok\": end 2 *",
-     "edges are cut down to frames of the medium; an end at frame 0 counts as not stated"},
     {"speed", "*clip \"ntsc\": in *", "points are cut down to frames of the medium"},
     {"speed", "*clip \"ntsc\": out *", "points are cut down to frames of the medium"},
     {"dissolves", "*clip \"point*", "a project takes a cut point in frames for ticks"},
