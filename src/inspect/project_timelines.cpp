@@ -4,6 +4,7 @@
 #include "core/text.h"
 #include "export/marker_record.h"
 #include "export/project_paths.h"
+#include "export/rates.h"
 #include "inspect/node_numbers.h"
 #include "inspect/project_effects.h"
 #include "inspect/read_timelines.h"
@@ -239,7 +240,7 @@ private:
             item.source = IsMadeByEditor(media.GetProperty("FilePath")) ? SourceKind::Generator
                                                                         : SourceKind::Medium;
             item.sourceName = medium.name;
-            if (Int64Property(VideoStreamOf(media), "FrameRate") > 0)
+            if (IsRate(Int64Property(VideoStreamOf(media), "FrameRate")))
                 item.sourceForm = medium.form;
         }
     }
