@@ -5,6 +5,7 @@
 #include "export/aspect.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 #include <vector>
 
@@ -54,6 +55,13 @@ void AddScale(const EffectSource& source, const Scale& scale, ObjectHandle effec
     WriteKeyframes(source.document, parameter, scale.keyframes, source.frameTicks);
 }
 
+// What is left of equal numbers is no position.
+double Difference(double a, double b)
+{
+    constexpr double kNoise = 1e-9; // of a frame's width
+    return std::abs(a - b) < kNoise ? 0 : a - b;
+}
+
 // A project states where the anchor point stands, a document where the picture's centre does.
 void AddCenter(const EffectSource& source, const FrameFactors& factors, ObjectHandle effect)
 {
@@ -62,8 +70,8 @@ void AddCenter(const EffectSource& source, const FrameFactors& factors, ObjectHa
     const Point offset = FromCentre(StartPoint(anchor, kFrameCentre));
     const auto center = [&factors](const Point& point, const Point& anchorOffset) {
         const Point moved = FromCentre(point);
-        return Point{moved.horiz * factors.horizontal - anchorOffset.horiz,
-                     moved.vert * factors.vertical - anchorOffset.vert};
+        return Point{Difference(moved.horiz * factors.horizontal, anchorOffset.horiz),
+                     Difference(moved.vert * factors.vertical, anchorOffset.vert)};
     };
     const ObjectHandle parameter =
         AddParameter(source.document, effect, {.id = "center", .name = "Center"});
