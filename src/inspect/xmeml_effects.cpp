@@ -44,6 +44,12 @@ Effect ReadEffect(ObjectHandle effect, Ticks frameTicks)
             .parameters = ReadParameters(effect, frameTicks)};
 }
 
+// A gain of 1 is written as an effect without a name.
+bool IsNothing(ObjectHandle effect)
+{
+    return !HasValue(effect, "effectid") && !HasValue(effect, "name");
+}
+
 } // namespace
 
 std::vector<Effect> ReadXmemlEffects(ObjectHandle item, Ticks frameTicks)
@@ -53,7 +59,7 @@ std::vector<Effect> ReadXmemlEffects(ObjectHandle item, Ticks frameTicks)
         effects.push_back(ReadEffect(item.GetChild("effect"), frameTicks));
     for (const ObjectHandle& filter : item.GetChildren("filter")) {
         const ObjectHandle effect = filter.GetChild("effect");
-        if (!effect || effect.GetProperty("effectid") == kSpeedEffect)
+        if (IsNothing(effect) || effect.GetProperty("effectid") == kSpeedEffect)
             continue;
         Effect read = ReadEffect(effect, frameTicks);
         if (EqualsIgnoreCase(filter.GetProperty("enabled"), "FALSE"))
