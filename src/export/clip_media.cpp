@@ -51,6 +51,7 @@ void AddClipItemLinks(ExportContext& context, ObjectHandle media)
     const std::vector<ObjectHandle> sounds = ItemsOf(audio);
     const bool grouped = AreGrouped(context, audio, sounds.size());
     std::vector<ObjectHandle> links;
+    links.reserve(pictures.size() + sounds.size());
     for (const ObjectHandle item : pictures)
         links.push_back(NewLink(context, item, MediaKind::Video, 1, 1, false));
     int track = 0;

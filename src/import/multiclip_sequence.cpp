@@ -46,7 +46,7 @@ ObjectHandle CharacteristicsOf(const ImportState& state, ObjectHandle clip)
 
 FrameFormat FrameOfMulticlip(const ImportState& state, ObjectHandle multiclip)
 {
-    const FrameFormat own = FrameOfCharacteristics(multiclip.GetChild("samplecharacteristics"));
+    FrameFormat own = FrameOfCharacteristics(multiclip.GetChild("samplecharacteristics"));
     if (!own.rect.empty())
         return own;
     const ObjectHandle clip = FirstAngleClip(multiclip);

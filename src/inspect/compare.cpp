@@ -229,6 +229,7 @@ private:
         const SlotNumbers slotsLeft(left_);
         for (const auto& group : left_.links) {
             std::vector<std::size_t> members;
+            members.reserve(group.size());
             for (const ItemPlace& place : group)
                 members.push_back(slotsLeft.Of(place));
             leftLinks_.push_back(numberOf(std::move(members)));
@@ -236,6 +237,7 @@ private:
         const SlotNumbers slotsRight(right_);
         for (const auto& group : right_.links) {
             std::vector<std::size_t> members;
+            members.reserve(group.size());
             for (const ItemPlace& place : group) {
                 const std::size_t slot = slotsRight.Of(place);
                 const std::size_t partner = matching.PartnerInA(slot);
