@@ -2,6 +2,7 @@
 #include "effects/audio_chain.h"
 #include "effects/audio_fader.h"
 #include "effects/audio_pan.h"
+#include "effects/effect_fixture.h"
 #include "effects/effect_text.h"
 #include "support/golden.h"
 
@@ -78,18 +79,11 @@ std::string ChainText(ObjectHandle chain)
     return text;
 }
 
-class AudioEffectsTest : public ::testing::Test {
+class AudioEffectsTest : public EffectTest {
 protected:
     ObjectHandle Chain(const std::string& filters, const ItemSound& sound = {})
     {
         return BuildAudioChain(context_, sound, ReadClipItem(document_, filters));
-    }
-    // The findings so far, which are dropped.
-    std::string TakeIssues()
-    {
-        const std::string text = IssueText(issues_, Direction::Import);
-        issues_.clear();
-        return text;
     }
     static std::string Issue(const std::string& kind, const std::string& subject)
     {
@@ -97,8 +91,6 @@ protected:
                "\" time=\"01:00:00:00\" track=A3\n";
     }
 
-    Document document_;
-    IssueSet issues_;
     // Frames of 10 ticks, sound of 48 kHz.
     EffectContext context_{.document = document_,
                            .issues = issues_,

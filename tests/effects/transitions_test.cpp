@@ -1,3 +1,4 @@
+#include "effects/effect_fixture.h"
 #include "effects/transitions.h"
 
 #include "effects/effect_text.h"
@@ -6,7 +7,7 @@
 namespace XPJ {
 namespace {
 
-class TransitionsTest : public ::testing::Test {
+class TransitionsTest : public EffectTest {
 protected:
     ObjectHandle Effect(const std::string& id, const std::string& more = {})
     {
@@ -19,16 +20,7 @@ protected:
                std::string(transition.GetProperty("MatchName")) + " / " +
                std::string(transition.GetProperty("DisplayName"));
     }
-    // The findings so far, which are dropped.
-    std::string TakeIssues()
-    {
-        const std::string text = IssueText(issues_, Direction::Import);
-        issues_.clear();
-        return text;
-    }
 
-    Document document_;
-    IssueSet issues_;
     EffectContext context_{.document = document_, .issues = issues_};
 };
 

@@ -1,6 +1,7 @@
 // Chains of picture effects, written as filters and shown as lines.
 #pragma once
 
+#include "effects/effect_fixture.h"
 #include "effects/effect_text.h"
 #include "effects/video_chain.h"
 #include "support/golden.h"
@@ -11,7 +12,7 @@
 
 namespace XPJ {
 
-class VideoEffectsTest : public ::testing::Test {
+class VideoEffectsTest : public EffectTest {
 protected:
     ObjectHandle Chain(const std::string& itemChildren)
     {
@@ -70,16 +71,7 @@ protected:
                     Value(param);
         return text;
     }
-    // The findings so far, which are dropped.
-    std::string TakeIssues()
-    {
-        const std::string text = IssueText(issues_, Direction::Import);
-        issues_.clear();
-        return text;
-    }
 
-    Document document_;
-    IssueSet issues_;
     // Frames of 10 ticks.
     EffectContext context_{.document = document_,
                            .issues = issues_,

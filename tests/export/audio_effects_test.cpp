@@ -1,4 +1,5 @@
 #include "export/audio_effects.h"
+#include "export/export_fixture.h"
 
 #include <string>
 #include <vector>
@@ -55,7 +56,7 @@ struct ParamText {
 };
 
 // A sound item at 25 frames a second, and what becomes of it.
-class AudioEffects : public testing::Test {
+class AudioEffects : public ExportTest {
 protected:
     AudioEffects()
     {
@@ -66,8 +67,8 @@ protected:
         record_.medium = project_.NewObject("Media");
         record_.medium.SetProperty("FilePath", "/m/boom.wav");
         record_.timing.rate = kPalFrameTicks;
-        const ObjectHandle core = AddChild(record_.item, "ClipTrackItem");
-        const ObjectHandle edges = AddChild(core, "TrackItem");
+        const ObjectHandle core = Add(record_.item, "ClipTrackItem");
+        const ObjectHandle edges = Add(core, "TrackItem");
         edges.SetProperty("Start", "254016000000");
         chain_ = MakeChain(core);
         sequence_ = project_.NewObject("Sequence");
@@ -78,26 +79,17 @@ protected:
                   .track = {}};
     }
 
-    ObjectHandle AddChild(ObjectHandle parent, Name key, Name className)
-    {
-        const ObjectHandle child = project_.NewObject(className);
-        parent.AddChild(key, child);
-        return child;
-    }
-    ObjectHandle AddChild(ObjectHandle parent, Name name) { return AddChild(parent, name, name); }
-
     ObjectHandle MakeChain(ObjectHandle owner)
     {
-        return AddChild(AddChild(owner, "ComponentOwner"), "Components", "AudioComponentChain");
+        return Add(Add(owner, "ComponentOwner"), "Components", "AudioComponentChain");
     }
 
     void AddParams(ObjectHandle audioComponentOwner, const std::vector<ParamText>& params)
     {
-        const ObjectHandle component =
-            AddChild(AddChild(audioComponentOwner, "AudioComponent"), "Component");
-        const ObjectHandle list = AddChild(component, "Params");
+        const ObjectHandle component = Add(Add(audioComponentOwner, "AudioComponent"), "Component");
+        const ObjectHandle list = Add(component, "Params");
         for (const ParamText& text : params) {
-            const ObjectHandle param = AddChild(list, "Param", "AudioComponentParam");
+            const ObjectHandle param = Add(list, "Param", "AudioComponentParam");
             const struct {
                 Name key;
                 const std::string& value;
@@ -114,9 +106,8 @@ protected:
                       const std::vector<ParamText>& params)
     {
         const ObjectHandle found = FindPath(chain, {"ComponentChain", "Components"});
-        const ObjectHandle list =
-            found ? found : AddChild(AddChild(chain, "ComponentChain"), "Components");
-        component_ = AddChild(list, "Component", className);
+        const ObjectHandle list = found ? found : Add(Add(chain, "ComponentChain"), "Components");
+        component_ = Add(list, "Component", className);
         component_.SetProperty("FilterMatchName", matchName);
         AddParams(component_, params);
     }
@@ -137,12 +128,6 @@ protected:
         return EffectsText(element);
     }
 
-    Document project_;
-    Document result_;
-    SilentProgress progress_;
-    IssueSet issues_;
-    IdCounters ids_;
-    ExportContext context_{result_, progress_, issues_, ids_};
     ObjectHandle sequence_;
     ObjectHandle chain_;
     ObjectHandle component_;
@@ -198,7 +183,7 @@ TEST_F(AudioEffects, ComponentsBecomeFilters)
     };
     for (const auto& c : cases) {
         record_.item = project_.NewObject("AudioClipTrackItem");
-        chain_ = MakeChain(AddChild(record_.item, "ClipTrackItem"));
+        chain_ = MakeChain(Add(record_.item, "ClipTrackItem"));
         AddComponent(chain_, "AudioFilterComponent", c.matchName, c.params);
         context_.vl2snMode = context_.inTicks = false;
         EXPECT_EQ(ExportItem(), c.plain) << c.matchName;
@@ -240,7 +225,7 @@ TEST_F(AudioEffects, EffectsOfAMasterAreReportedWithoutASequence)
 {
     const ObjectHandle master = project_.NewObject("MasterClip");
     master.SetProperty("Name", "Mix");
-    const ObjectHandle chain = AddChild(master, "AudioComponentChain");
+    const ObjectHandle chain = Add(master, "AudioComponentChain");
     AddComponent(chain, "AudioFilterComponent", "Internal Volume Mono", {{"false"}});
     AddComponent(chain, "AudioFilterComponent", "Internal Reverb Mono", {{"false"}});
     ReportMasterAudioEffects(context_, master);
@@ -303,9 +288,8 @@ TEST_F(AudioEffects, PanOfAnItem)
     for (const bool isDirect : {false, true})
         for (const auto& c : cases) {
             record_.item = project_.NewObject("AudioClipTrackItem");
-            const ObjectHandle panner = AddChild(record_.item, "Panner");
-            AddParams(AddChild(isDirect ? AddChild(panner, "DirectPanProcessor") : panner,
-                               "PanProcessor"),
+            const ObjectHandle panner = Add(record_.item, "Panner");
+            AddParams(Add(isDirect ? Add(panner, "DirectPanProcessor") : panner, "PanProcessor"),
                       {c.param});
             EXPECT_EQ(ExportItem(), c.expected) << c.param.current;
         }

@@ -1,3 +1,4 @@
+#include "export/export_fixture.h"
 #include "export/sequences.h"
 
 #include "core/numbers.h"
@@ -15,25 +16,16 @@ namespace XPJ::RVX {
 namespace {
 
 // A project sequence of one track, and the masters that show sequences.
-class Sequences : public testing::Test {
+class Sequences : public ExportTest {
 protected:
-    ObjectHandle AddChild(ObjectHandle parent, Name key, Name className)
-    {
-        const ObjectHandle child = project_.NewObject(className);
-        parent.AddChild(key, child);
-        return child;
-    }
-    ObjectHandle AddChild(ObjectHandle parent, Name name) { return AddChild(parent, name, name); }
-
     ObjectHandle MakeSequence(std::string_view frameRate)
     {
         const ObjectHandle sequence = project_.NewObject("Sequence");
-        const ObjectHandle entry = AddChild(AddChild(sequence, "TrackGroups"), "TrackGroup");
+        const ObjectHandle entry = Add(Add(sequence, "TrackGroups"), "TrackGroup");
         entry.SetProperty("First", "228cda18-3625-4d2d-951e-348879e4ed93");
-        const ObjectHandle group =
-            AddChild(AddChild(entry, "Second", "VideoTrackGroup"), "TrackGroup");
+        const ObjectHandle group = Add(Add(entry, "Second", "VideoTrackGroup"), "TrackGroup");
         group.SetProperty("FrameRate", frameRate);
-        AddChild(AddChild(group, "Tracks"), "Track", "VideoClipTrack");
+        Add(Add(group, "Tracks"), "Track", "VideoClipTrack");
         return sequence;
     }
 
@@ -42,14 +34,13 @@ protected:
     {
         const ObjectHandle track = FindPath(
             sequence, {"TrackGroups", "TrackGroup", "Second", "TrackGroup", "Tracks", "Track"});
-        const ObjectHandle items =
-            AddChild(AddChild(AddChild(track, "ClipTrack"), "ClipItems"), "TrackItems");
-        const ObjectHandle item = AddChild(items, "TrackItem", "VideoClipTrackItem");
-        const ObjectHandle subClip = AddChild(AddChild(item, "ClipTrackItem"), "SubClip");
-        const ObjectHandle masterClip = AddChild(subClip, "MasterClip");
-        const ObjectHandle clip = AddChild(AddChild(masterClip, "Clips"), "Clip", "VideoClip");
-        const ObjectHandle source = AddChild(AddChild(clip, "Clip"), "Source");
-        AddChild(source, "SequenceSource").AddChild(shown);
+        const ObjectHandle items = Add(Add(Add(track, "ClipTrack"), "ClipItems"), "TrackItems");
+        const ObjectHandle item = Add(items, "TrackItem", "VideoClipTrackItem");
+        const ObjectHandle subClip = Add(Add(item, "ClipTrackItem"), "SubClip");
+        const ObjectHandle masterClip = Add(subClip, "MasterClip");
+        const ObjectHandle clip = Add(Add(masterClip, "Clips"), "Clip", "VideoClip");
+        const ObjectHandle source = Add(Add(clip, "Clip"), "Source");
+        Add(source, "SequenceSource").AddChild(shown);
     }
 
     // Ids of the `sequence`s below a node, and how deep they stand in each other.
@@ -63,13 +54,6 @@ protected:
         ids.insert(node.GetProperty("id"));
         return depth + 1;
     }
-
-    Document project_;
-    Document result_;
-    SilentProgress progress_;
-    IssueSet issues_;
-    IdCounters ids_;
-    ExportContext context_{result_, progress_, issues_, ids_};
 };
 
 TEST_F(Sequences, DeepNestingIsWrittenOnceEachAndSideBySide)
@@ -115,12 +99,12 @@ TEST_F(Sequences, AlignmentFollowsTheCutByThirds)
                             {"false", "true", 15, "start-black"},
                             {"", "", 15, "start-black"}}) {
         const ObjectHandle transition = project_.NewObject("VideoTransitionTrackItem");
-        const ObjectHandle core = AddChild(transition, "TransitionTrackItem");
+        const ObjectHandle core = Add(transition, "TransitionTrackItem");
         core.SetProperty("HasOutgoingClip", row.outgoing);
         core.SetProperty("HasIncomingClip", row.incoming);
         core.SetProperty("Alignment", IntToString(row.cut));
         core.SetPropertyShared("MatchName", "ORRN Cross Dissolve");
-        const ObjectHandle edges = AddChild(core, "TrackItem");
+        const ObjectHandle edges = Add(core, "TrackItem");
         edges.SetPropertyShared("Start", "100");
         edges.SetPropertyShared("End", "130");
 

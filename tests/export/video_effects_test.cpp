@@ -1,5 +1,6 @@
 #include "core/numbers.h"
 #include "export/aspect.h"
+#include "export/export_fixture.h"
 #include "export/item_effects.h"
 #include "export/video_effects.h"
 #include "support/golden.h"
@@ -15,16 +16,8 @@ namespace {
 constexpr Ticks kFrame = kPalFrameTicks;
 
 // A picture item of 25 frames a second, 640 by 480 in 1280 by 720, and its component chain.
-class VideoEffects : public testing::Test {
+class VideoEffects : public ExportTest {
 protected:
-    ObjectHandle Add(ObjectHandle parent, Name name, Name className)
-    {
-        const ObjectHandle child = project_.NewObject(className);
-        parent.AddChild(name, child);
-        return child;
-    }
-    ObjectHandle Add(ObjectHandle parent, Name name) { return Add(parent, name, name); }
-
     VideoEffects()
     {
         const ObjectHandle entry = Add(Add(sequence_, "TrackGroups"), "TrackGroup");
@@ -118,12 +111,6 @@ protected:
         return text;
     }
 
-    Document project_;
-    Document result_;
-    SilentProgress progress_;
-    IssueSet issues_;
-    IdCounters ids_;
-    ExportContext context_{result_, progress_, issues_, ids_};
     ObjectHandle sequence_ = project_.NewObject("Sequence");
     ObjectHandle group_;
     ObjectHandle stream_;
