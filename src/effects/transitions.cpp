@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "effects/effect_list.h"
+#include "effects/parameters.h"
 #include "effects/values.h"
 
 #include <iterator>
@@ -156,7 +157,7 @@ TransitionForm VideoFormOf(const EffectContext& context, const TransitionRow* ro
                            ObjectHandle effect)
 {
     if (!row) {
-        context.AddIssue(ImportIssue::CrossDissolveTransitionNotTranslated, TransitionName(effect));
+        context.AddIssue(ImportIssue::CrossDissolveTransitionNotTranslated, EffectName(effect));
         return kOtherVideo;
     }
     return row->id == kDipId ? DipOf(context, effect) : row->form;
@@ -177,11 +178,6 @@ void SetPercent(ObjectHandle effect, Name ratio, double whole, ObjectHandle tran
 }
 
 } // namespace
-
-std::string_view TransitionName(ObjectHandle effect)
-{
-    return HasValue(effect, "name") ? effect.GetProperty("name") : effect.GetProperty("effectid");
-}
 
 ObjectHandle MakeVideoTransition(const EffectContext& context, ObjectHandle effect)
 {
@@ -206,7 +202,7 @@ ObjectHandle MakeAudioTransition(const EffectContext& context, ObjectHandle effe
         return {};
     const TransitionRow* const row = FindRow(kAudioTransitions, IdOf(effect));
     if (!row)
-        context.AddIssue(ImportIssue::ConstantPowerTransitionNotTranslated, TransitionName(effect));
+        context.AddIssue(ImportIssue::ConstantPowerTransitionNotTranslated, EffectName(effect));
     return MakeTransition(context.document, "AudioTransitionTrackItem",
                           row ? row->form : kOtherAudio);
 }

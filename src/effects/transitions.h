@@ -12,7 +12,4 @@ namespace XPJ {
 ObjectHandle MakeVideoTransition(const EffectContext& context, ObjectHandle effect);
 ObjectHandle MakeAudioTransition(const EffectContext& context, ObjectHandle effect);
 
-// The name under which findings tell of an effect: its `name`, else its id.
-std::string_view TransitionName(ObjectHandle effect);
-
 } // namespace XPJ

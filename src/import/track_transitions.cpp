@@ -1,6 +1,7 @@
 #include "import/track_transitions.h"
 
 #include "core/numbers.h"
+#include "effects/parameters.h"
 #include "effects/transitions.h"
 #include "import/cut_points.h"
 #include "import/item_place.h"
@@ -87,7 +88,7 @@ void Attach(const TrackContext& context, ObjectHandle item, ObjectHandle transit
     SetFlag(transition, "HasIncomingClip", static_cast<bool>(found.incoming));
     transition.SetProperty("Alignment", CutText(item, found, alignment.cut, Minus(end, start)));
 
-    const std::string_view name = TransitionName(item.GetChild("effect"));
+    const std::string_view name = EffectName(item.GetChild("effect"));
     ExtendNeighbour(context, items, found.outgoing, found.outgoingDelta, name);
     ExtendNeighbour(context, items, found.incoming, found.incomingDelta, name);
 }
