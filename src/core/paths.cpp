@@ -62,7 +62,7 @@ std::string WindowsPath(std::string text, std::string_view basePath)
         text.erase(0, kLocalhost.size());
     else if (text.find(kFile) != text.npos)
         text.erase(0, kFile.size());
-    if (IsRelative(text))
+    else if (IsRelative(text))
         text.insert(0, FolderOf(basePath, PathStyle::Windows));
     if (text.find("eamedia:") == text.npos)
         std::replace(text.begin(), text.end(), '/', '\\');

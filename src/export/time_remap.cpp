@@ -183,13 +183,15 @@ Graph EvenGraph(Document& document, std::int64_t duration, std::int64_t sourceLe
             {duration, value, 0, AddKeyframe(document, {}, duration, IntToString(sourceLength))}};
 }
 
-// How much of the source plays. The ratio is that of two lengths, where both are known, and would
-// give the first of them but for its rounding.
+// How much of the source plays. A ratio that is that of the two lengths would give the first of
+// them back but for its rounding.
 std::int64_t SourceLength(const ItemTiming& timing)
 {
-    if (timing.originalDuration != 0 && timing.duration != 0)
+    const auto duration = static_cast<double>(timing.duration);
+    if (timing.duration != 0 &&
+        timing.ratio == static_cast<double>(timing.originalDuration) / duration)
         return timing.originalDuration;
-    return ToTicks(timing.ratio * static_cast<double>(timing.duration));
+    return ToTicks(timing.ratio * duration);
 }
 
 std::string_view UpperTrue(bool value)
