@@ -20,7 +20,7 @@ struct DocumentRate {
     friend bool operator==(const DocumentRate&, const DocumentRate&) = default;
 };
 
-// The rate that a document states for a frame length; std::runtime_error for a length of 0.
+// The rate that a document states for a frame length; DocumentFault for a length of 0.
 DocumentRate RateOfFrame(Ticks frameTicks);
 
 // How frames are counted: numbers per second, and whether numbers are dropped to keep pace.
@@ -32,7 +32,7 @@ struct TimecodeForm {
 };
 
 // Drop frame at 29.97 and 59.94 unless the project's display format is one of the two non-drop
-// ones; std::runtime_error for a length of 0.
+// ones; DocumentFault for a length of 0.
 TimecodeForm TimecodeFormOf(Ticks frameTicks, int displayFormat);
 
 // "hh:mm:ss:ff", with drop frame "hh;mm;ss;ff". Hours do not wrap at 24, a negative count has a

@@ -3,6 +3,8 @@
 #include "core/numbers.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace XPJ {
 
@@ -85,9 +87,9 @@ std::string PosixPath(std::string text, std::string_view basePath)
         if (slashes >= 3)
             text.erase(0, slashes - 1);
         DropSlashBeforeDrive(text);
-    } else if (IsRelative(text)) {
-        text.insert(0, FolderOf(basePath, PathStyle::Posix));
     }
+    if (IsRelative(text))
+        text.insert(0, FolderOf(basePath, PathStyle::Posix));
     return text;
 }
 
@@ -124,6 +126,13 @@ std::string PathFromUrl(std::string_view url, std::string_view basePath, PathSty
     std::string text = DecodeEscapes(url);
     return style == PathStyle::Windows ? WindowsPath(std::move(text), basePath)
                                        : PosixPath(std::move(text), basePath);
+}
+
+std::string AbsolutePath(std::string_view path)
+{
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? std::string(path) : absolute.string();
 }
 
 std::string_view DirectoryOf(std::string_view path, PathStyle style)

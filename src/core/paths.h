@@ -23,6 +23,9 @@ std::string MakePathUrl(std::string_view path);
 std::string PathFromUrl(std::string_view url, std::string_view basePath,
                         PathStyle style = kNativePathStyle);
 
+// A path of this system from the current folder on; as it stands where that can't be told.
+std::string AbsolutePath(std::string_view path);
+
 // Text before the last separator; the whole path if there is none.
 std::string_view DirectoryOf(std::string_view path, PathStyle style = kNativePathStyle);
 // Text up to and including the last separator; empty if there is none.

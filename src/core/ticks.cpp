@@ -1,10 +1,12 @@
 #include "core/ticks.h"
 
 #include "core/numbers.h"
+#include "core/text.h"
+
+#include <fmt/format.h>
 
 #include <cmath>
 #include <limits>
-#include <stdexcept>
 
 namespace XPJ {
 
@@ -14,6 +16,11 @@ constexpr Ticks kMaxTicks = std::numeric_limits<Ticks>::max();
 constexpr Ticks kMinTicks = std::numeric_limits<Ticks>::min();
 
 } // namespace
+
+DocumentFault NoFrameLength(std::string_view kind, std::string_view name)
+{
+    return DocumentFault(fmt::format("{} <{}> has a frame length of 0", kind, UnescapeXML(name)));
+}
 
 Ticks MultiplyTicks(Ticks a, Ticks b) noexcept
 {
@@ -44,7 +51,7 @@ Ticks DivTicksOr0(Ticks value, Ticks divisor) noexcept
 Ticks DivTicks(Ticks value, Ticks divisor)
 {
     if (divisor == 0)
-        throw std::runtime_error("division of a time by a frame length of zero");
+        throw DocumentFault("a frame length is 0");
     return DivTicksOr0(value, divisor);
 }
 

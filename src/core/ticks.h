@@ -5,12 +5,22 @@
 #pragma once
 
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
 namespace XPJ {
 
 using Ticks = std::int64_t;
+
+// What a document states can't be meant, and nothing can be made of the document with it; `what()`
+// tells people.
+class DocumentFault : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+// "sequence <Cut 1> has a frame length of 0"; `name` as in the tree, with entities.
+DocumentFault NoFrameLength(std::string_view kind, std::string_view name);
 
 constexpr Ticks kTicksPerSecond = 254016000000;
 constexpr Ticks kNtscFrameTicks = 8475667200; // 30000/1001 frames a second
@@ -29,7 +39,8 @@ Ticks AddTicks(Ticks a, Ticks b) noexcept;
 
 // Quotient truncated towards zero; 0 for a divisor of 0. For the import.
 Ticks DivTicksOr0(Ticks value, Ticks divisor) noexcept;
-// The same, but throws std::runtime_error for a divisor of 0. For the export.
+// The same, but throws DocumentFault for a divisor of 0. For the export, which looks at the lengths
+// of media and sequences first, so that the fault has a name.
 Ticks DivTicks(Ticks value, Ticks divisor);
 
 // The nearest lower whole number towards zero, clamped; 0 for not-a-number.

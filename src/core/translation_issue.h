@@ -51,6 +51,10 @@ struct IssueName {
     std::string text;
 };
 
+// `trackKind` of what stands on no track: within a sequence that is its sound as a whole, without
+// one an effect of a medium or what concerns the document.
+constexpr int kNoTrack = 3;
+
 struct TranslationIssue {
     int kind = 0;
     int unused = 0;
@@ -70,9 +74,10 @@ struct IssueOrder {
 
 using IssueSet = std::set<TranslationIssue, IssueOrder>;
 
-// Clips and sequences that an import passes over because nothing says what media they show. No
-// finding stands for them; their places are kept so that a front end can tell. A record without
-// `clip` is a sequence, one without `sequence` a clip of a bin.
+// Clips and sequences of which nothing says what media they show: an import passes over them, an
+// export writes them without media. No finding stands for them; their places are kept so that a
+// front end can tell. A record without `clip` is a sequence, one without `sequence` a clip of a
+// bin.
 using LeftOutList = std::vector<TranslationIssue>;
 
 enum class Direction { Import, Export };

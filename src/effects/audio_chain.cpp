@@ -19,7 +19,7 @@ std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemS
         const ObjectHandle component = TranslateAudioFilter(context, sound, effect);
         if (!component)
             return;
-        if (!volume && effect.GetProperty("effectid") == kAudioLevels)
+        if (!volume && AudioEffectId(effect) == kAudioLevels)
             volume = component;
         else
             components.push_back(component);

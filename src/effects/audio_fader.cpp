@@ -69,7 +69,7 @@ ObjectHandle MakeFaderChain(Document& document, const FaderForm& form)
 
 void ApplyFaderLevel(const EffectContext& context, ObjectHandle owner, ObjectHandle chain)
 {
-    const ObjectHandle effect = FindEffect(owner, kAudioLevels);
+    const ObjectHandle effect = FindAudioEffect(owner, kAudioLevels);
     const ObjectHandle level = FindParameter(effect, "level");
     if (!level || IsAtRest(level))
         return;

@@ -84,6 +84,8 @@ constexpr AudioFilterRow kAudioFilters[] = {
      ImportIssue::InvalidBandPassFilterParameters},
 };
 
+constexpr std::string_view kAudioPanName = "Audio Pan";
+
 // Told by filters, but not held in the chain.
 constexpr std::string_view kElsewhere[] = {
     kAudioPan,   // becomes the panner of the item
@@ -199,6 +201,27 @@ double QOfScale(double scaled)
     return scaled * scaled * (kHighestQ - kLowestQ) + kLowestQ;
 }
 
+std::string_view AudioEffectId(ObjectHandle effect)
+{
+    if (HasValue(effect, "effectid"))
+        return effect.GetProperty("effectid");
+    const std::string_view name = effect.GetProperty("name");
+    if (name == kAudioPanName)
+        return kAudioPan;
+    const auto* const row = std::ranges::find(kAudioFilters, name, &AudioFilterRow::name);
+    return row != std::end(kAudioFilters) ? row->effectId : std::string_view();
+}
+
+ObjectHandle FindAudioEffect(ObjectHandle owner, std::string_view effectId)
+{
+    ObjectHandle found;
+    ForEachEffect(owner, [&](ObjectHandle effect) {
+        if (!found && AudioEffectId(effect) == effectId)
+            found = effect;
+    });
+    return found;
+}
+
 ObjectHandle MakeNeutralVolume(const EffectContext& context, const ItemSound& sound)
 {
     const ObjectHandle component = MakeComponent(context, sound.channelType, kVolumeNames, {});
@@ -209,7 +232,7 @@ ObjectHandle MakeNeutralVolume(const EffectContext& context, const ItemSound& so
 ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemSound& sound,
                                   ObjectHandle effect)
 {
-    const std::string_view effectId = effect.GetProperty("effectid");
+    const std::string_view effectId = AudioEffectId(effect);
     const AudioFilterRow* const row = FindRow(effectId);
     if (!row) {
         if (std::ranges::find(kElsewhere, effectId) == std::end(kElsewhere))
@@ -221,10 +244,12 @@ ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemSound&
     bool clamped = false;
     for (const AudioParamRow& param : row->params) {
         const ObjectHandle source = FindSource(effect, param);
+        // A name alone is not enough for a level that is not there.
+        const bool isLevel =
+            param.scale == AudioScale::Level && (source || HasValue(effect, "effectid"));
         const ObjectHandle result =
-            param.scale == AudioScale::Level
-                ? MakeLevelParam(context, param, source, sound.delayFrames, &clamped)
-                : MakeScaledParam(context, param, source);
+            isLevel ? MakeLevelParam(context, param, source, sound.delayFrames, &clamped)
+                    : MakeScaledParam(context, param, source);
         if (!result) {
             context.AddIssue(row->refusal, EffectName(effect));
             return {};
@@ -249,7 +274,7 @@ void AppendAudioEffects(std::vector<EffectListing>& list)
             listing.parameters.push_back({param.name, true});
     }
     list.push_back({.family = kFamily,
-                    .name = "Audio Pan",
+                    .name = kAudioPanName,
                     .effectId = kAudioPan,
                     .parameters = {{"Pan", true}},
                     .note = "of mono clips on stereo tracks; other clips are not panned"});

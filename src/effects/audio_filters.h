@@ -13,6 +13,12 @@ namespace XPJ {
 inline constexpr std::string_view kAudioLevels = "audiolevels";
 inline constexpr std::string_view kAudioPan = "audiopan";
 
+// The `effectid` of a sound effect; of one that states none that which goes with its name, if that
+// is known.
+std::string_view AudioEffectId(ObjectHandle effect);
+// The first active effect of an owner that has the id; null without one.
+ObjectHandle FindAudioEffect(ObjectHandle owner, std::string_view effectId);
+
 // What an item's sound is, beside what the context tells of the item.
 struct ItemSound {
     int channelType = 0;          // 0 mono, 1 stereo, 2 5.1, 3 adaptive

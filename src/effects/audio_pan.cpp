@@ -80,7 +80,7 @@ std::string StillPan(ObjectHandle source, const ItemSound& sound, Clamp clamp)
 
 ObjectHandle TranslatePan(const EffectContext& context, const ItemSound& sound, ObjectHandle item)
 {
-    const ObjectHandle effect = FindEffect(item, kAudioPan);
+    const ObjectHandle effect = FindAudioEffect(item, kAudioPan);
     if (!effect)
         return {};
     if (const ObjectHandle carried = CarriedPan(context.document, item))

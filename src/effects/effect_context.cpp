@@ -19,18 +19,24 @@ double Ratio(int clip, int sequence)
 
 void Enter(IssueSet& issues, const ItemPlace& place, int kind, std::string_view subject)
 {
-    TranslationIssue issue;
+    TranslationIssue issue = IssueAt(place);
     issue.kind = kind;
-    issue.sequence.text = place.sequence;
-    issue.clip.text = place.clip;
     issue.subject.text = subject;
-    issue.trackKind = place.trackKind;
-    issue.trackIndex = place.trackIndex;
-    issue.time = place.time;
     issues.insert(std::move(issue));
 }
 
 } // namespace
+
+TranslationIssue IssueAt(const ItemPlace& place)
+{
+    TranslationIssue issue;
+    issue.sequence.text = place.sequence;
+    issue.clip.text = place.clip;
+    issue.trackKind = place.trackKind;
+    issue.trackIndex = place.trackIndex;
+    issue.time = place.time;
+    return issue;
+}
 
 FrameSize ParseFrameSize(std::string_view rect, std::string_view aspect)
 {

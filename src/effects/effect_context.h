@@ -14,10 +14,13 @@ namespace XPJ {
 struct ItemPlace {
     std::string_view sequence = {};
     std::string_view clip = {};
-    int trackKind = 3; // 1 video, 2 audio, 3 none
+    int trackKind = kNoTrack; // 1 video, 2 audio
     int trackIndex = 0;
     std::string time = "00:00"; // timecode of the item's start; "00:00" for a master clip
 };
+
+// A finding at a place, of no kind yet.
+TranslationIssue IssueAt(const ItemPlace& place);
 
 // Width and height in pixels, width of a pixel over its height.
 struct FrameSize {

@@ -12,13 +12,4 @@ ObjectHandle ActiveEffect(ObjectHandle filter)
     return isOff || EffectName(effect).empty() ? ObjectHandle() : effect;
 }
 
-ObjectHandle FindEffect(ObjectHandle owner, std::string_view effectId)
-{
-    for (const ObjectHandle& filter : owner.GetChildren("filter"))
-        if (const ObjectHandle effect = ActiveEffect(filter);
-            effect && effect.GetProperty("effectid") == effectId)
-            return effect;
-    return {};
-}
-
 } // namespace XPJ

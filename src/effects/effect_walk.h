@@ -3,8 +3,6 @@
 
 #include "model/object.h"
 
-#include <string_view>
-
 namespace XPJ {
 
 // The `effect` of a `filter`; null if the filter is off, or if its effect says neither its name nor
@@ -19,8 +17,5 @@ void ForEachEffect(ObjectHandle owner, const Use& use)
         if (const ObjectHandle effect = ActiveEffect(filter))
             use(effect);
 }
-
-// The first active effect of that `effectid`; null without one.
-ObjectHandle FindEffect(ObjectHandle owner, std::string_view effectId);
 
 } // namespace XPJ

@@ -20,13 +20,6 @@ constexpr std::string_view kOrdinaryReals = "0,0.166667,0,0.166667;";
 constexpr std::string_view kAudioReals =
     "0.0,0.166666666666666657414808,0.0,0.166666666666666657414808;";
 
-// Text that would break its record up is reduced to the number that it starts with.
-std::string FieldText(std::string_view text)
-{
-    return text.find_first_of(",; \t\r\n") == text.npos ? std::string(text)
-                                                        : NumberText(ParseDouble(text));
-}
-
 // "1" is written "1."; an exponent, "true" and "false" all hold an "e".
 std::string RecordValue(std::string_view text)
 {
@@ -103,6 +96,12 @@ void ForEachRecord(std::string_view text, const Use& use)
 }
 
 } // namespace
+
+std::string FieldText(std::string_view text)
+{
+    return text.find_first_of(",; \t\r\n") == text.npos ? std::string(text)
+                                                        : NumberText(ParseDouble(text));
+}
 
 std::string StartKeyframeText(std::string_view value)
 {

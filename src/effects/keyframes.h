@@ -22,6 +22,11 @@
 
 namespace XPJ {
 
+// Text of a value as a field of a record may hold it: what would break the record up is reduced to
+// the number that it starts with.
+//   FieldText("62,5") == "62"
+std::string FieldText(std::string_view text);
+
 // ---- The keyframe that holds the value from before the first one
 
 inline constexpr std::string_view kSpeedStartKeyframe =
@@ -120,7 +125,7 @@ struct SpeedPoint {
 std::vector<SpeedPoint> ParseSpeedKeyframes(std::string_view text);
 
 // Attach `keyframe`s to a `parameter`, one for each record of `keyframes`, its value passed through
-// `map`. A frame length of 1 keeps ticks; one of 0 throws std::runtime_error.
+// `map`. A frame length of 1 keeps ticks; one of 0 throws DocumentFault.
 void WriteKeyframes(Document& document, ObjectHandle parameter, std::string_view keyframes,
                     Ticks frameTicks, const std::function<double(double)>& map = {});
 void WritePointKeyframes(Document& document, ObjectHandle parameter, std::string_view keyframes,

@@ -102,7 +102,8 @@ void SetBound(ObjectHandle param, Name key, std::string_view fixed, std::string_
 
 void SetValue(ObjectHandle param, const ParamBuilder& row, std::string_view callersValue)
 {
-    const std::string_view value = Given(row.rule == Fixed ? "" : callersValue, row.value);
+    // Both fields are to say the same.
+    const std::string value = FieldText(Given(row.rule == Fixed ? "" : callersValue, row.value));
     switch (row.rule) {
     case Scalar:
     case Fixed:
@@ -235,7 +236,7 @@ std::string_view EffectName(ObjectHandle effect)
 
 void CopyBypass(ObjectHandle effect, ObjectHandle component)
 {
-    component.SetProperty("Bypass", Given(effect.GetProperty("velaBypass"), "false"));
+    component.SetPropertyShared("Bypass", IsTrue(effect, "velaBypass") ? "true" : "false");
 }
 
 void CopyExpanded(ObjectHandle effect, ObjectHandle component)

@@ -69,24 +69,26 @@ constexpr TransitionForm kExponentialFade = {"Exponential Fade", "Exponential Fa
 
 struct TransitionRow {
     std::string_view id;
+    std::string_view name; // as documents have it
     TransitionForm form;
     std::string_view note = {};
     std::span<const ParameterRow> parameters = {};
 };
 
-constexpr std::string_view kDipId = "Dip to Color Dissolve";
+constexpr std::string_view kDip = "Dip to Color Dissolve";
 
 constexpr TransitionRow kVideoTransitions[] = {
-    {"Cross Dissolve", kCrossDissolve},
-    {"Edge Wipe", kWipe, "in eight directions, with a border of whole width", kWipeParameters},
-    {kDipId, kDipToBlack, "Dip to White from white; any other color becomes black"},
+    {"Cross Dissolve", "Cross Dissolve", kCrossDissolve},
+    {"Edge Wipe", "Edge Wipe", kWipe, "in eight directions, with a border of whole width",
+     kWipeParameters},
+    {kDip, kDip, kDipToBlack, "Dip to White from white; any other color becomes black"},
 };
 constexpr TransitionForm kOtherVideo = kCrossDissolve;
 
 constexpr TransitionRow kAudioTransitions[] = {
-    {"KGAudioTransCrossFade3dB", kConstantPower},
-    {"KGAudioTransCrossFade0dB", kConstantGain},
-    {"KGAudioTransCrossFadeExponential", kExponentialFade},
+    {"KGAudioTransCrossFade3dB", "Cross Fade (+3dB)", kConstantPower},
+    {"KGAudioTransCrossFade0dB", "Cross Fade ( 0dB)", kConstantGain},
+    {"KGAudioTransCrossFadeExponential", "Cross Fade (Exponential)", kExponentialFade},
 };
 constexpr TransitionForm kOtherAudio = kConstantPower;
 
@@ -119,19 +121,18 @@ constexpr struct {
     // clang-format on
 };
 
-const TransitionRow* FindRow(std::span<const TransitionRow> rows, std::string_view id)
+// Effects are told by their id; by their name, which may be that of the id, where it is not known.
+const TransitionRow* FindRow(std::span<const TransitionRow> rows, ObjectHandle effect)
 {
+    const std::string_view id = effect.GetProperty("effectid");
+    const std::string_view name = effect.GetProperty("name");
     for (const TransitionRow& row : rows)
         if (row.id == id)
             return &row;
+    for (const TransitionRow& row : rows)
+        if (row.name == name || row.id == name)
+            return &row;
     return nullptr;
-}
-
-// Effects are told by their id; by their name where they state none.
-std::string_view IdOf(ObjectHandle effect)
-{
-    return HasValue(effect, "effectid") ? effect.GetProperty("effectid")
-                                        : effect.GetProperty("name");
 }
 
 ObjectHandle MakeTransition(Document& document, Name className, const TransitionForm& form)
@@ -160,7 +161,7 @@ TransitionForm VideoFormOf(const EffectContext& context, const TransitionRow* ro
         context.AddIssue(ImportIssue::CrossDissolveTransitionNotTranslated, EffectName(effect));
         return kOtherVideo;
     }
-    return row->id == kDipId ? DipOf(context, effect) : row->form;
+    return row->id == kDip ? DipOf(context, effect) : row->form;
 }
 
 void SetParameters(const TransitionRow& row, ObjectHandle effect, ObjectHandle transition)
@@ -181,9 +182,9 @@ void SetPercent(ObjectHandle effect, Name ratio, double whole, ObjectHandle tran
 
 ObjectHandle MakeVideoTransition(const EffectContext& context, ObjectHandle effect)
 {
-    if (IdOf(effect).empty())
+    if (EffectName(effect).empty())
         return {};
-    const TransitionRow* const row = FindRow(kVideoTransitions, IdOf(effect));
+    const TransitionRow* const row = FindRow(kVideoTransitions, effect);
     const ObjectHandle transition = MakeTransition(context.document, "VideoTransitionTrackItem",
                                                    VideoFormOf(context, row, effect));
     for (const auto& [key, value] : kVideoFields)
@@ -198,9 +199,9 @@ ObjectHandle MakeVideoTransition(const EffectContext& context, ObjectHandle effe
 
 ObjectHandle MakeAudioTransition(const EffectContext& context, ObjectHandle effect)
 {
-    if (IdOf(effect).empty())
+    if (EffectName(effect).empty())
         return {};
-    const TransitionRow* const row = FindRow(kAudioTransitions, IdOf(effect));
+    const TransitionRow* const row = FindRow(kAudioTransitions, effect);
     if (!row)
         context.AddIssue(ImportIssue::ConstantPowerTransitionNotTranslated, EffectName(effect));
     return MakeTransition(context.document, "AudioTransitionTrackItem",

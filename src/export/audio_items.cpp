@@ -149,7 +149,7 @@ std::uint32_t UsedChannels(ObjectHandle item)
 void TranslateAudioItem(ExportContext& context, TrackPlace& track, ObjectHandle item,
                         const ItemChannel& channel)
 {
-    ItemRecord record = RecordOf(item, track);
+    ItemRecord record = RecordOf(context, item, track);
     if (!record.subClip)
         return;
     TranslateHeadTransition(context, track, item);

@@ -191,12 +191,14 @@ void TranslateAudioTrack(ExportContext& context, AudioGroup& group, ObjectHandle
         TranslateExploded(context, group, track, assigned, channel);
 }
 
-ObjectHandle WriteFormat(ExportContext& context, ObjectHandle group)
+ObjectHandle WriteFormat(ExportContext& context, const SequencePlace& sequence, ObjectHandle group)
 {
+    const Ticks sampleTicks = RateOfGroup(group);
+    if (sampleTicks == 0)
+        throw NoFrameLength("the sound of sequence", sequence.sequence.GetProperty("Name"));
     const ObjectHandle characteristics = context.document.NewObject("samplecharacteristics");
     characteristics.SetPropertyShared("depth", context.vl2snMode ? "32" : "16");
-    characteristics.SetProperty("samplerate",
-                                IntToString(DivTicks(kTicksPerSecond, RateOfGroup(group))));
+    characteristics.SetProperty("samplerate", IntToString(DivTicks(kTicksPerSecond, sampleTicks)));
     const ObjectHandle format = context.document.NewObject("format");
     format.AddChild(characteristics);
     return format;
@@ -251,7 +253,7 @@ ObjectHandle TranslateAudioGroup(ExportContext& context, const SequencePlace& se
 
     TranslateTrackVolume(context, masterTrack, place.audio);
     place.audio.SetProperty("numOutputChannels", IntToString(channels));
-    place.audio.AddChild(WriteFormat(context, group));
+    place.audio.AddChild(WriteFormat(context, sequence, group));
     place.audio.AddChild(WriteOutputs(context, outputs));
     int index = 0;
     for (const ObjectHandle track : TracksOf(group))

@@ -6,11 +6,17 @@
 #include "export/item_walk.h"
 #include "export/project_paths.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace XPJ::RVX {
 
 namespace {
+
+// Documents are read to a nesting of kMaxNesting elements. A bin takes two, `bin` and `children`;
+// this many leave room for what may stand in the innermost: a clip, or sequences in sequences.
+// Bins that are deeper stand beside each other in the last one, with all that they hold.
+constexpr std::size_t kMaxBinDepth = 400;
 
 // Gives the new bin's `children`, empty for now.
 ObjectHandle TranslateBin(ExportContext& context, ObjectHandle binItem, ObjectHandle parentChildren)
@@ -64,7 +70,8 @@ bool TranslateItems(ExportContext& context, ObjectHandle rootItem, const Guid& s
     while (const auto step = walk.Next()) {
         childrenAt.resize(step->depth + 1);
         if (IsBinItem(step->item))
-            childrenAt.push_back(TranslateBin(context, step->item, childrenAt.back()));
+            childrenAt.push_back(
+                TranslateBin(context, step->item, childrenAt[std::min(step->depth, kMaxBinDepth)]));
         else if (IsClipItem(step->item))
             TranslateMasterClip(context, step->item, childrenAt.back());
         else

@@ -123,11 +123,11 @@ void TranslateMediaItem(ExportContext& context, ObjectHandle clipItem, MasterMed
 void TranslateMasterClip(ExportContext& context, ObjectHandle clipItem, ObjectHandle children)
 {
     const ObjectHandle masterClip = MasterOfItem(clipItem);
-    const MasterMedia media = FindMasterMedia(masterClip);
+    const MasterMedia media = MediaOfMaster(context, masterClip);
     if (media.medium)
         TranslateMediaItem(context, clipItem, media, children);
-    else if (const ObjectHandle sequence = SequenceOfMaster(masterClip))
-        TranslateSequenceItem(context, clipItem, sequence, children);
+    else if (media.sequence)
+        TranslateSequenceItem(context, clipItem, media.sequence, children);
 }
 
 } // namespace XPJ::RVX

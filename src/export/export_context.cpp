@@ -17,6 +17,11 @@ std::string_view NewId(ExportContext& context, std::string_view prefix, std::int
     return context.document.Store(std::string(prefix) + IntToString(counter++));
 }
 
+void AddLeftOut(ExportContext& context, const ItemPlace& place)
+{
+    context.leftOut.push_back(IssueAt(place));
+}
+
 void AddIssue(ExportContext& context, ExportIssue kind, const ItemPlace& place,
               std::string_view subject)
 {

@@ -40,6 +40,23 @@ struct PostponedSequence {
     ObjectHandle masterClip;
 };
 
+// Ticks; -1 where the project states nothing.
+struct ClipBoundaries {
+    Ticks start = -1;
+    Ticks end = -1;
+    Ticks duration = -1; // of the whole medium
+    Ticks ticksPerFrame = -1;
+    bool hard = true;
+};
+
+// What the clips of a master show: of each the first that there is. `ticksPerFrame` is left to
+// those whose frames they are.
+struct MasterMedia {
+    ObjectHandle medium; // a Media
+    ClipBoundaries boundaries;
+    ObjectHandle sequence;
+};
+
 // How items name the channels of a master.
 struct MasterSound {
     int clips = 0;           // AudioClips
@@ -56,6 +73,8 @@ struct ExportContext {
     Document& document; // owns the nodes that the export makes
     Progress& progress;
     IssueSet& issues;
+    LeftOutList leftOut;
+    NodeSet itemsLeftOut; // track items in it: one may be written on several tracks
     IdCounters& ids;
 
     bool vl2snMode = false; // audio hand-off: the form of the whole document
@@ -70,6 +89,7 @@ struct ExportContext {
     ByNode<ObjectHandle> files;             // Media: its `file`
     ByNode<std::string_view> masterClipIds; // MasterClip; by MasterClipId
     ByNode<ObjectHandle> projectItems;      // MasterClip: the first item of the browser showing it
+    ByNode<MasterMedia> masterMedia;        // MasterClip; by MediaOfMaster
     ByNode<MasterSound> masterSounds;       // MasterClip; read on first demand
     ByNode<FrameSize> sequenceFrames;       // Sequence; by FrameOfSequence
     int sequenceDepth = 0;                  // how many sequences are being translated, one in
@@ -95,6 +115,9 @@ Value FindNote(const std::unordered_map<std::uint64_t, Value>& notes, ObjectHand
 // Enters a finding at a place.
 void AddIssue(ExportContext& context, ExportIssue kind, const ItemPlace& place,
               std::string_view subject = {});
+
+// Notes an item that shows nothing which the project still has.
+void AddLeftOut(ExportContext& context, const ItemPlace& place);
 
 // Picture items count in frames even in the hand-off form; sequences and their sound in that of the
 // document. Puts the old form back on every way out of its block.

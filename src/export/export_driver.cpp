@@ -5,12 +5,13 @@
 #include "export/export_context.h"
 #include "export/links.h"
 
+#include <utility>
+
 namespace XPJ::RVX {
 
 namespace {
 
 constexpr int kExpectedVersion = 3;
-constexpr int kNoTrack = 3;
 
 void CheckVersion(ObjectHandle root, IssueSet& issues)
 {
@@ -51,7 +52,8 @@ int TranslateProject(ExportContext& context, ObjectHandle source, const ExportOp
 } // namespace
 
 int TranslateProjectDocument(ObjectHandle root, const ExportOptions& options, Progress& progress,
-                             Document& document, IssueSet& issues, ObjectHandle& xmeml)
+                             Document& document, IssueSet& issues, ObjectHandle& xmeml,
+                             LeftOutList* leftOut)
 {
     CheckVersion(root, issues);
     const ObjectHandle source = root.GetChild("Project");
@@ -65,6 +67,8 @@ int TranslateProjectDocument(ObjectHandle root, const ExportOptions& options, Pr
     context.exportTransformEffect = options.exportTransformEffect;
     ObjectHandle project;
     const int result = TranslateProject(context, source, options, project);
+    if (leftOut != nullptr)
+        *leftOut = std::move(context.leftOut);
     if (result != kSuccess)
         return result;
     xmeml = document.NewObject("xmeml");

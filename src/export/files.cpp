@@ -30,7 +30,7 @@ FileSource MakeFileSource(ObjectHandle medium, ObjectHandle masterClip)
     FileSource source{medium, masterClip, VideoStreamOf(medium), AudioStreamOf(medium)};
     // Where every channel is a stream of its own, the sound hangs on other media than the picture.
     if (!source.sound)
-        source.sound = AudioStreamOf(FindMasterMedia(masterClip, true).medium);
+        source.sound = AudioStreamOf(AudioMediumOfMaster(masterClip));
     return source;
 }
 
@@ -39,13 +39,24 @@ bool IsStill(const FileSource& source)
     return IsTrue(source.picture, "IsStill");
 }
 
+// For people: the title of the medium, else the name of the clip, else the path.
+std::string_view NameOf(const FileSource& source)
+{
+    if (HasValue(source.medium, "Title"))
+        return source.medium.GetProperty("Title");
+    return HasValue(source.masterClip, "Name") ? source.masterClip.GetProperty("Name")
+                                               : MediumPath(source.medium);
+}
+
 // Stills and sound alone count in 29.97.
 Ticks FileRate(const FileSource& source)
 {
     if (!source.picture || IsStill(source))
         return kNtscFrameTicks;
     const Ticks rate = Int64Property(source.picture, "FrameRate");
-    return rate == 0 || IsRate(rate) ? rate : kNtscFrameTicks; // a length of 0 is a fault
+    if (rate == 0)
+        throw NoFrameLength("media", NameOf(source));
+    return IsRate(rate) ? rate : kNtscFrameTicks;
 }
 
 // In frames; in the hand-off form sound alone counts in ticks. A still has no length.
@@ -104,6 +115,8 @@ ObjectHandle TranslateSound(ExportContext& context, const FileSource& source)
     const ObjectHandle format = context.document.NewObject("samplecharacteristics");
     format.SetProperty("depth", context.vl2snMode ? "32" : "16");
     const Ticks sampleTicks = Int64Property(source.sound, "FrameRate");
+    if (sampleTicks == 0)
+        throw NoFrameLength("the sound of media", NameOf(source));
     format.SetProperty("samplerate", IntToString(DivTicks(kTicksPerSecond, sampleTicks)));
 
     const ObjectHandle audio = context.document.NewObject("audio");

@@ -30,8 +30,8 @@ std::optional<FrameSize> FrameOfItem(ExportContext& context, const ItemRecord& r
 {
     if (const ObjectHandle stream = VideoStreamOf(record.medium))
         return ParseFrameSize(stream.GetProperty("FrameRect"), PixelAspectOf(stream));
-    if (const ObjectHandle sequence = SequenceOfMaster(record.masterClip))
-        return FrameOfSequence(context, sequence);
+    if (record.sequence)
+        return FrameOfSequence(context, record.sequence);
     return std::nullopt;
 }
 

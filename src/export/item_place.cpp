@@ -13,15 +13,19 @@ std::string FormatItemTime(const SequencePlace& place, Ticks start)
     return FormatTimecode(DivTicks(time, place.frameTicks), form.base, form.drop);
 }
 
+ItemPlace PlaceOfItem(const TrackPlace& track, Ticks start, std::string_view clipName)
+{
+    return {.sequence = track.sequence.sequence.GetProperty("Name"),
+            .clip = clipName,
+            .trackKind = track.kind == MediaKind::Video ? 1 : 2,
+            .trackIndex = track.index,
+            .time = FormatItemTime(track.sequence, start)};
+}
+
 void AddItemIssue(ExportContext& context, const TrackPlace& track, Ticks start, ExportIssue kind,
                   std::string_view clipName, std::string_view subject)
 {
-    const ItemPlace place{.sequence = track.sequence.sequence.GetProperty("Name"),
-                          .clip = clipName,
-                          .trackKind = track.kind == MediaKind::Video ? 1 : 2,
-                          .trackIndex = track.index,
-                          .time = FormatItemTime(track.sequence, start)};
-    AddIssue(context, kind, place, subject);
+    AddIssue(context, kind, PlaceOfItem(track, start, clipName), subject);
 }
 
 } // namespace XPJ::RVX

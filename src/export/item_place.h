@@ -37,6 +37,9 @@ struct TrackPlace {
 // The sequence's timecode at a time in it.
 std::string FormatItemTime(const SequencePlace& place, Ticks start);
 
+// The place of what starts at `start` on the track.
+ItemPlace PlaceOfItem(const TrackPlace& track, Ticks start, std::string_view clipName);
+
 // Enters a finding about what starts at `start` on the track.
 void AddItemIssue(ExportContext& context, const TrackPlace& track, Ticks start, ExportIssue kind,
                   std::string_view clipName, std::string_view subject = {});

@@ -39,10 +39,9 @@ Ticks WriteEdge(ExportContext& context, ObjectHandle trackItem, ObjectHandle tra
                 ObjectHandle element)
 {
     const Ticks edge = Int64Property(ItemEdges(trackItem), projectKey);
-    const ObjectHandle transitionEdges = TransitionEdges(transition);
-    if (transitionEdges.HasProperty(projectKey)) {
+    if (TransitionCore(transition)) { // is written; a time that it doesn't state is 0
         element.SetPropertyShared(key, "-1");
-        return Difference(Int64Property(transitionEdges, projectKey), edge);
+        return Difference(Int64Property(TransitionEdges(transition), projectKey), edge);
     }
     element.SetProperty(key, TimeText(context, edge, timing.rate));
     if (!context.inTicks && IsLost(edge, timing))

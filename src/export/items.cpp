@@ -84,16 +84,17 @@ void TranslateMatte(ExportContext& context, TrackPlace& track, ItemRecord& recor
 
 } // namespace
 
-ItemRecord RecordOf(ObjectHandle item, const TrackPlace& track)
+ItemRecord RecordOf(ExportContext& context, ObjectHandle item, const TrackPlace& track)
 {
     const ObjectHandle subClip = SubClipOf(item);
     const ObjectHandle masterClip = MasterOfSubClip(subClip);
-    const MasterMedia source = FindMasterMedia(masterClip);
+    const MasterMedia& source = MediaOfMaster(context, masterClip);
     ItemRecord record{.item = item,
                       .subClip = subClip,
                       .clip = ClipOfSubClip(subClip),
                       .masterClip = masterClip,
                       .medium = source.medium,
+                      .sequence = source.sequence,
                       .boundaries = source.boundaries,
                       .timing = {}};
     record.timing.rate = RateOfItem(source.medium, track);
@@ -119,11 +120,16 @@ void WriteItemHead(ExportContext& context, ItemRecord& record, ObjectHandle elem
 void WriteItemSource(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
                      ObjectHandle element)
 {
+    const Ticks start = Int64Property(ItemEdges(record.item), "Start");
+    const std::string_view name = element.GetProperty("name");
     if (record.medium)
-        return WriteFile(context, record, element);
-    if (!TranslateNestedSequence(context, record.subClip, element))
-        AddItemIssue(context, track, Int64Property(ItemEdges(record.item), "Start"),
-                     ExportIssue::MulticamExportNotSupported, element.GetProperty("name"));
+        WriteFile(context, record, element);
+    else if (IsTrue(ClipCore(record.clip), "IsMulticam"))
+        AddItemIssue(context, track, start, ExportIssue::MulticamExportNotSupported, name);
+    else if (record.sequence)
+        TranslateNestedSequence(context, record.sequence, record.masterClip, element);
+    else if (context.itemsLeftOut.Insert(record.item))
+        AddLeftOut(context, PlaceOfItem(track, start, name));
 }
 
 void ReadClipOptions(ExportContext& context, ItemRecord& record, ObjectHandle element)
@@ -151,7 +157,7 @@ void TranslateTailTransition(ExportContext& context, TrackPlace& track, ObjectHa
 
 void TranslateVideoItem(ExportContext& context, TrackPlace& track, ObjectHandle item)
 {
-    ItemRecord record = RecordOf(item, track);
+    ItemRecord record = RecordOf(context, item, track);
     if (!record.subClip || ShowsCaptions(record))
         return;
     // Times of picture items are frames, also in the hand-off form.

@@ -7,14 +7,15 @@
 
 namespace XPJ::RVX {
 
-// A track item and what it leads to. A null medium means that it shows a sequence, or nothing that
-// the project still has.
+// A track item and what it leads to. With neither a medium nor a sequence it shows nothing that the
+// project still has.
 struct ItemRecord {
     ObjectHandle item; // a VideoClipTrackItem or an AudioClipTrackItem
     ObjectHandle subClip;
     ObjectHandle clip; // a VideoClip or an AudioClip
     ObjectHandle masterClip;
     ObjectHandle medium;
+    ObjectHandle sequence;
     ClipBoundaries boundaries;
     ItemTiming timing;
 };
@@ -25,11 +26,11 @@ void TranslateVideoItem(ExportContext& context, TrackPlace& track, ObjectHandle 
 
 // ---- Steps of items of both kinds, in their order
 
-ItemRecord RecordOf(ObjectHandle item, const TrackPlace& track);
+ItemRecord RecordOf(ExportContext& context, ObjectHandle item, const TrackPlace& track);
 // `id`, `enabled`, `start`, `end`, `masterclipid`, `name` and `rate`.
 void WriteItemHead(ExportContext& context, ItemRecord& record, ObjectHandle element);
 // `file` and the browser's notes on the master; for an item that shows a sequence, the sequence. A
-// source that can't be carried is reported.
+// source that can't be carried, or isn't there, is reported.
 void WriteItemSource(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
                      ObjectHandle element);
 // Scale, label and markers of the clip; its speed goes into the record.

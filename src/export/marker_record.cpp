@@ -24,11 +24,54 @@ Json Parse(std::string_view text)
     return Json::parse(text, nullptr, false);
 }
 
+// The UTF-16 unit of the escape at `place`, "\u00e9"; 0 where there is none.
+unsigned EscapedUnit(std::string_view json, std::size_t place)
+{
+    constexpr std::size_t kLength = 6;
+    if (json.substr(std::min(place, json.size()), 2) != "\\u" || place + kLength > json.size())
+        return 0;
+    unsigned unit = 0;
+    for (const char c : json.substr(place + 2, kLength - 2)) {
+        const int digit = HexDigit(c);
+        if (digit < 0)
+            return 0;
+        unit = unit * 16 + static_cast<unsigned>(digit);
+    }
+    return unit;
+}
+
+bool IsBetween(unsigned unit, unsigned first, unsigned last)
+{
+    return unit >= first && unit <= last;
+}
+
+// A name that was cut within a character ends in half of it, which no reader of JSON takes; U+FFFD
+// stands for that half.
+std::string WithWholeCharacters(std::string_view json)
+{
+    std::string text = ToUTF8(ToUTF16(json));
+    for (std::size_t i = text.find('\\'); i != text.npos; i = text.find('\\', i)) {
+        const unsigned unit = EscapedUnit(text, i);
+        const bool isPair =
+            IsBetween(unit, 0xD800, 0xDBFF) && IsBetween(EscapedUnit(text, i + 6), 0xDC00, 0xDFFF);
+        if (IsBetween(unit, 0xD800, 0xDFFF) && !isPair)
+            text.replace(i, 6, "\\ufffd");
+        i += isPair ? 12 : 2;
+    }
+    return text;
+}
+
 // Documents escape the text for XML; most records parse as they stand, and keep their entities.
 Json ParseEscaped(std::string_view text)
 {
-    Json json = Parse(text);
-    return json.is_discarded() ? Parse(UnescapeXML(text)) : json;
+    const std::string unescaped = UnescapeXML(text);
+    for (const std::string_view form : {text, std::string_view(unescaped)}) {
+        if (Json json = Parse(form); !json.is_discarded())
+            return json;
+        if (Json json = Parse(WithWholeCharacters(form)); !json.is_discarded())
+            return json;
+    }
+    return Json(Json::value_t::discarded);
 }
 
 // The member, null if there is none.

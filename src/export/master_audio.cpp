@@ -35,7 +35,7 @@ void WriteSourceTrack(ExportContext& context, std::int64_t number, ObjectHandle 
 ObjectHandle TranslateMasterAudio(ExportContext& context, ObjectHandle masterClip,
                                   ObjectHandle medium)
 {
-    if (!AudioStreamOf(FindMasterMedia(masterClip, true).medium))
+    if (!AudioStreamOf(AudioMediumOfMaster(masterClip)))
         return {};
     const ObjectHandle audio = context.document.NewObject("audio");
     const ChannelLayout layout = ChannelLayoutOf(masterClip);

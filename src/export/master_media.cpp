@@ -39,6 +39,21 @@ ClipBoundaries ReadBoundaries(ObjectHandle source)
     return boundaries;
 }
 
+MasterMedia ReadMedia(ObjectHandle masterClip)
+{
+    MasterMedia media;
+    for (const ObjectHandle clip : ClipsOfMaster(masterClip)) {
+        const ObjectHandle source = SourceOfClip(clip);
+        if (const ObjectHandle medium = MediaOfSource(source); medium && !media.medium) {
+            media.medium = medium;
+            media.boundaries = ReadBoundaries(source);
+        }
+        if (!media.sequence)
+            media.sequence = SequenceOfSource(source);
+    }
+    return media;
+}
+
 bool IsWrittenAsClip(ObjectHandle medium)
 {
     const MediumKind kind = MediumKindOf(medium);
@@ -47,15 +62,20 @@ bool IsWrittenAsClip(ObjectHandle medium)
 
 } // namespace
 
-MasterMedia FindMasterMedia(ObjectHandle masterClip, bool audioOnly)
+const MasterMedia& MediaOfMaster(ExportContext& context, ObjectHandle masterClip)
 {
-    for (const ObjectHandle clip : ClipsOfMaster(masterClip)) {
-        if (audioOnly && !IsAudioClip(clip))
-            continue;
-        const ObjectHandle source = SourceOfClip(clip);
-        if (const ObjectHandle medium = MediaOfSource(source))
-            return {medium, ReadBoundaries(source)};
-    }
+    const auto [entry, isNew] = context.masterMedia.try_emplace(masterClip.UniqueId());
+    if (isNew)
+        entry->second = ReadMedia(masterClip);
+    return entry->second;
+}
+
+ObjectHandle AudioMediumOfMaster(ObjectHandle masterClip)
+{
+    for (const ObjectHandle clip : ClipsOfMaster(masterClip))
+        if (IsAudioClip(clip))
+            if (const ObjectHandle medium = MediaOfSource(SourceOfClip(clip)))
+                return medium;
     return {};
 }
 
@@ -78,7 +98,7 @@ MediumKind MediumKindOf(ObjectHandle medium)
 std::string_view MasterClipId(ExportContext& context, ObjectHandle masterClip)
 {
     const std::string_view noted = FindNote(context.masterClipIds, masterClip);
-    if (!noted.empty() || !IsWrittenAsClip(FindMasterMedia(masterClip).medium))
+    if (!noted.empty() || !IsWrittenAsClip(MediaOfMaster(context, masterClip).medium))
         return noted;
     const std::string_view id = NewId(context, "masterclip-", context.ids.masterClip);
     context.masterClipIds.emplace(masterClip.UniqueId(), id);

@@ -5,23 +5,10 @@
 
 namespace XPJ::RVX {
 
-// Ticks; -1 where the project states nothing.
-struct ClipBoundaries {
-    Ticks start = -1;
-    Ticks end = -1;
-    Ticks duration = -1; // of the whole medium
-    Ticks ticksPerFrame = -1;
-    bool hard = true;
-};
-
-struct MasterMedia {
-    ObjectHandle medium; // a Media; null for a master of a sequence
-    ClipBoundaries boundaries;
-};
-
-// The medium of the first clip that has one. `ticksPerFrame` is left to the caller, whose frames
-// they are.
-MasterMedia FindMasterMedia(ObjectHandle masterClip, bool audioOnly = false);
+// What a master shows, read once: a master may have many clips, and many items show it.
+const MasterMedia& MediaOfMaster(ExportContext& context, ObjectHandle masterClip);
+// The medium of the first AudioClip that has one.
+ObjectHandle AudioMediumOfMaster(ObjectHandle masterClip);
 
 // What stands behind a medium.
 enum class MediumKind {

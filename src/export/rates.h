@@ -7,7 +7,7 @@
 
 namespace XPJ::RVX {
 
-// A time in the form at hand: ticks, or frames of `frameTicks`, truncated. std::runtime_error for
+// A time in the form at hand: ticks, or frames of `frameTicks`, truncated. DocumentFault for
 // frames of no length.
 std::int64_t TimeOf(const ExportContext& context, Ticks ticks, Ticks frameTicks);
 std::string TimeText(const ExportContext& context, Ticks ticks, Ticks frameTicks);

@@ -82,6 +82,8 @@ ObjectHandle TranslateGroups(ExportContext& context, const SequencePlace& place)
 void TranslateTimeline(ExportContext& context, const SequencePlace& place, ObjectHandle result)
 {
     const Ticks rate = place.frameTicks;
+    if (rate == 0)
+        throw NoFrameLength("sequence", place.sequence.GetProperty("Name"));
     const ObjectHandle properties = SequenceProperties(place.sequence);
     result.AddChild(WriteRate(context, rate, context.inTicks));
     result.SetProperty("duration", TimeText(context, DurationOf(place.sequence), rate));
@@ -121,21 +123,17 @@ ObjectHandle TranslateSequence(ExportContext& context, ObjectHandle sequence,
     return result;
 }
 
-bool TranslateNestedSequence(ExportContext& context, ObjectHandle subClip, ObjectHandle clipItem)
+void TranslateNestedSequence(ExportContext& context, ObjectHandle sequence, ObjectHandle masterClip,
+                             ObjectHandle clipItem)
 {
-    const ObjectHandle masterClip = MasterOfSubClip(subClip);
-    const ObjectHandle sequence = SequenceOfMaster(masterClip);
-    if (!sequence || IsTrue(ClipCore(ClipOfSubClip(subClip)), "IsMulticam"))
-        return false;
     const bool isKnown = context.sequenceIds.contains(sequence.UniqueId());
     if (!isKnown && context.sequenceDepth < kMaxSequenceDepth) {
         clipItem.AddChild(TranslateSequence(context, sequence, masterClip));
-        return true;
+        return;
     }
     if (!isKnown)
         context.postponedSequences.push_back({sequence, masterClip});
     clipItem.SetPropertyShared("sequenceid", SequenceId(context, sequence));
-    return true;
 }
 
 // Each of them may postpone others.

@@ -7,13 +7,13 @@ namespace XPJ::RVX {
 
 // The `sequence` of a project Sequence, in the document's form of times and not attached yet. Its
 // id is in `context.sequenceIds` from the start, so that what it holds may refer back to it.
-// `masterClip` is the master that leads to it here. std::runtime_error for frames of no length.
+// `masterClip` is the master that leads to it here. DocumentFault for frames of no length.
 ObjectHandle TranslateSequence(ExportContext& context, ObjectHandle sequence,
                                ObjectHandle masterClip);
 
-// Gives a clip item the sequence that it shows, as a child or as the reference `sequenceid`. False,
-// and nothing done, for a subclip that shows none or a multicam source.
-bool TranslateNestedSequence(ExportContext& context, ObjectHandle subClip, ObjectHandle clipItem);
+// Gives a clip item the sequence that it shows, as a child or as the reference `sequenceid`.
+void TranslateNestedSequence(ExportContext& context, ObjectHandle sequence, ObjectHandle masterClip,
+                             ObjectHandle clipItem);
 
 // Sequences nested too deep to stand where they are shown follow the browser's own: adds them to a
 // `children`. To be called after each sequence that the browser translates.

@@ -43,9 +43,18 @@ struct GraphNode {
 
 using Graph = std::vector<GraphNode>;
 
+// Whole numbers keep all their digits: lengths in ticks have more than other values.
+std::string ValueText(double value)
+{
+    constexpr double kMostExact = 9007199254740992.0; // 2^53
+    if (std::abs(value) <= kMostExact && value == std::trunc(value))
+        return IntToString(ToTicks(value));
+    return NumberText(value);
+}
+
 GraphNode MakeNode(Document& document, std::int64_t when, double value, int kind = 0)
 {
-    return {when, value, kind, AddKeyframe(document, {}, when, NumberText(value))};
+    return {when, value, kind, AddKeyframe(document, {}, when, ValueText(value))};
 }
 
 Graph ReadGraph(Document& document, std::string_view keyframes, const ItemTiming& timing)
@@ -169,8 +178,20 @@ void AddEdges(Document& document, ObjectHandle item, Graph& graph)
 // A source that plays evenly from its first frame to its last.
 Graph EvenGraph(Document& document, std::int64_t duration, std::int64_t sourceLength)
 {
+    const auto value = static_cast<double>(sourceLength);
     return {MakeNode(document, 0, 0),
-            MakeNode(document, duration, static_cast<double>(sourceLength))};
+            {duration, value, 0, AddKeyframe(document, {}, duration, IntToString(sourceLength))}};
+}
+
+// How much of the source plays. A ratio that is that of the two lengths would give the first of
+// them back but for its rounding.
+std::int64_t SourceLength(const ItemTiming& timing)
+{
+    const auto duration = static_cast<double>(timing.duration);
+    if (timing.duration != 0 &&
+        timing.ratio == static_cast<double>(timing.originalDuration) / duration)
+        return timing.originalDuration;
+    return ToTicks(timing.ratio * duration);
 }
 
 std::string_view UpperTrue(bool value)
@@ -183,7 +204,7 @@ std::string_view UpperTrue(bool value)
 void ExportTimeRemap(Document& document, const ItemTiming& timing, std::string_view keyframes,
                      MediaKind kind, ObjectHandle item)
 {
-    const std::int64_t length = ToTicks(timing.ratio * static_cast<double>(timing.duration));
+    const std::int64_t length = SourceLength(timing);
     Graph graph = ReadGraph(document, keyframes, timing);
     const bool isVariable = !graph.empty();
     if (isVariable) {

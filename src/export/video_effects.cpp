@@ -55,7 +55,7 @@ std::string_view DisplayName(ObjectHandle component)
                                            : ComponentMatchName(component);
 }
 
-// An effect of a file stands in no sequence; where the report asks for one, the clip stands in.
+// An effect of a file stands in no sequence.
 void Report(ExportContext& context, const EffectOwner& owner, ExportIssue kind,
             std::string_view subject)
 {
@@ -63,10 +63,8 @@ void Report(ExportContext& context, const EffectOwner& owner, ExportIssue kind,
         AddItemIssue(context, *owner.track, owner.start, kind, owner.clipName, subject);
     else
         AddIssue(context, kind,
-                 {.sequence = kind == ExportIssue::EffectNotTranslatedHeadless ? std::string_view()
-                                                                               : owner.clipName,
-                  .clip = owner.clipName,
-                  .trackKind = 1},
+                 {.clip = owner.clipName,
+                  .trackKind = kind == ExportIssue::EffectNotTranslatedHeadless ? 1 : kNoTrack},
                  subject);
 }
 

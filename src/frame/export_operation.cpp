@@ -37,7 +37,7 @@ int VelaToFCPXOperation::Convert(Findings& findings)
     if (result == kSuccess)
         result = RunStep(road, 2, [&] {
             return RVX::TranslateProjectDocument(velaData, options, *this, translation,
-                                                 findings.issues, xmeml);
+                                                 findings.issues, xmeml, &findings.leftOut);
         });
     if (result == kSuccess)
         result = RunStep(road, 2, [&] {

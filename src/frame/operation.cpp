@@ -1,4 +1,5 @@
 #include "frame/operation.h"
+#include "core/ticks.h"
 #include "model/writer.h"
 
 #include <csignal>
@@ -52,6 +53,9 @@ void Operation::Work()
         result = Convert(findings);
     } catch (const std::bad_alloc&) {
         result = kOutOfMemory;
+    } catch (const DocumentFault& fault) {
+        findings.stop = {};
+        findings.stop.reason = fault.what();
     } catch (...) {
         result = kUnexpectedError;
     }

@@ -23,8 +23,8 @@ namespace XPJ {
 // What a conversion has to tell besides its result.
 struct Findings {
     IssueSet issues;
-    LeftOutList leftOut;    // an import's
-    ReadStop stop;          // where reading the input stopped early
+    LeftOutList leftOut;
+    ReadStop stop;          // where reading the input stopped early, or what of it can't be used
     std::string reportPath; // empty: no report was written
 };
 

@@ -106,14 +106,26 @@ std::string MessageText(const TranslationIssue& issue, const IssueRow& row)
                       {ArgumentText(issue, row.first), ArgumentText(issue, row.second)});
 }
 
+// "video track 1"; what concerns a sequence but no track of it is its sound.
+std::string TrackText(const TranslationIssue& issue)
+{
+    constexpr int kVideo = 1;
+    if (issue.trackKind == kNoTrack)
+        return GetMessage(Message::kAudio);
+    const Message track = issue.trackKind == kVideo ? Message::kVideoTrack : Message::kAudioTrack;
+    return GetMessage(track, {IntToString(std::int64_t{issue.trackIndex} + 1)});
+}
+
+// An effect of a medium stands in no sequence, whatever the form of its kind.
+bool HasPlace(const TranslationIssue& issue)
+{
+    return issue.trackKind != kNoTrack || !issue.sequence.text.empty();
+}
+
 // Sequence <Cut 1> at 01:00:00:00, video track 1:
 std::string PlaceText(const TranslationIssue& issue)
 {
-    constexpr int kVideo = 1;
-    const Message track = issue.trackKind == kVideo ? Message::kVideoTrack : Message::kAudioTrack;
-    const std::string number = IntToString(std::int64_t{issue.trackIndex} + 1);
-    return GetMessage(Message::kSequence,
-                      {issue.sequence.text, issue.time, GetMessage(track, {number})});
+    return GetMessage(Message::kSequence, {issue.sequence.text, issue.time, TrackText(issue)});
 }
 
 std::string LocalTimeText()
@@ -158,7 +170,7 @@ std::string IssueReportText(const IssueSet& issues, Direction direction)
         text.append(heading).append(kLineEnd);
         if (row.line != Line::Plain)
             text += '\t';
-        if (row.line == Line::Headed)
+        if (row.line == Line::Headed && HasPlace(issue))
             text.append(PlaceText(issue)) += ' ';
         text.append(MessageText(issue, row)).append(kLineEnd);
     }

@@ -25,10 +25,19 @@ Size SizeOf(ObjectHandle node)
     return {IntProperty(node, "width"), IntProperty(node, "height")};
 }
 
+// The first `clipitem` that there is: lower tracks may be empty or hold other things.
+ObjectHandle FirstPictureItem(ObjectHandle sequence)
+{
+    for (const ObjectHandle& track : FindPath(sequence, {"media", "video"}).GetChildren("track"))
+        if (const ObjectHandle item = track.GetChild("clipitem"))
+            return item;
+    return {};
+}
+
 // For sequences that state no size: that of the first file, else of DV.
 Size FallbackSize(ObjectHandle sequence)
 {
-    const Size file = SizeOf(FindPath(sequence, {"media", "video", "track", "clipitem", "file"}));
+    const Size file = SizeOf(FirstPictureItem(sequence).GetChild("file"));
     Size size = file.IsKnown() ? file : kDefaultSize;
     const Size stated = SizeOf(FindPath(sequence, {"media", "video", "samplecharacteristics"}));
     if (stated.width > 0)

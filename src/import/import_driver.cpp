@@ -18,7 +18,6 @@ namespace {
 
 constexpr int kFirstVersion = 1;
 constexpr int kLastVersion = 5;
-constexpr int kNoTrack = 3;
 
 void CheckVersion(ObjectHandle root, IssueSet& issues)
 {
@@ -114,7 +113,8 @@ int ImportDocument(ObjectHandle root, const ImportOptions& options, Progress& pr
     state.version = IntProperty(root, "version");
     state.sn2vlMode = options.sn2vlMode;
     state.aafSupport = options.aafSupport;
-    state.documentDirectory = FolderOf(options.inputPath);
+    const std::string inputPath = AbsolutePath(options.inputPath);
+    state.documentDirectory = FolderOf(inputPath);
     state.project = ProjectOf(document, root);
     if (!state.project)
         return kNoFCPDataFound;

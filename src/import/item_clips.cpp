@@ -12,6 +12,7 @@
 #include "import/track_items.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace XPJ {
 
@@ -47,12 +48,18 @@ void AddFrameHold(ObjectHandle item, Ticks sequenceTicks, ObjectHandle clip)
     clip.SetProperty("FrameHoldStart", TickText(MultiplyTicks(position, unit)));
 }
 
-void AddPoints(const TrackContext& context, ObjectHandle item, Frames start, Ticks in, Ticks out,
-               ObjectHandle clip)
+// A source starts at 0. An item that begins before it, begins with it; one that also ends before
+// it keeps its length.
+void AddPoints(const TrackContext& context, ObjectHandle item, const ItemTimes& times,
+               const ItemRates& rates, Ticks in, Ticks out, ObjectHandle clip)
 {
     if (in < 0) {
-        AddItemIssue(context, item, start, ImportIssue::InvalidInPoint);
+        AddItemIssue(context, item, times.start, ImportIssue::InvalidInPoint);
         in = 0;
+    }
+    if (out < 0) {
+        const Frames length = rates.ToItem(Minus(times.end, times.start));
+        out = AddTicks(in, ScaledTicks(length, rates.item, SpeedOfItem(item).speed));
     }
     clip.SetProperty("InPoint", TickText(in));
     clip.SetProperty("OutPoint", TickText(out));
@@ -154,11 +161,17 @@ void AddItemChannels(const TrackContext& context, ObjectHandle item, int channel
 }
 
 // A point that an item of this system's own documents states exactly.
-Ticks PointOf(ObjectHandle item, Name exactKey, Frames frames, Ticks frameTicks, double speed)
+std::optional<Ticks> ExactPoint(ObjectHandle item, Name key)
 {
-    if (HasValue(item, exactKey) && Int64Property(item, exactKey) != kNotStated)
-        return Int64Property(item, exactKey);
-    return ScaledTicks(frames, frameTicks, speed);
+    if (HasValue(item, key) && Int64Property(item, key) != kNotStated)
+        return Int64Property(item, key);
+    return std::nullopt;
+}
+
+// Below 0 for every point before the source, also for one that scaling would round up to its start.
+Ticks OutTicks(Frames out, Ticks frameTicks, double speed)
+{
+    return out < 0 ? kNotStated : ScaledTicks(out, frameTicks, speed);
 }
 
 } // namespace
@@ -177,12 +190,8 @@ ObjectHandle MakeVideoSubClip(const TrackContext& context, ObjectHandle item,
     const ObjectHandle clip = MakeVideoClip(state.document, source, FormOf(item, speed));
     CopyLabel(item, clip, "hfl.clip.label.name");
 
-    const Ticks in = ScaledTicks(times.in, rates.item, speed.speed);
-    const Frames length = rates.ToItem(Minus(times.end, times.start));
-    const Ticks out = times.out >= 0 ? ScaledTicks(times.out, rates.item, speed.speed)
-                                     : AddTicks(std::max<Ticks>(in, 0),
-                                                ScaledTicks(length, rates.item, speed.speed));
-    AddPoints(context, item, times.start, in, out, clip);
+    AddPoints(context, item, times, rates, ScaledTicks(times.in, rates.item, speed.speed),
+              OutTicks(times.out, rates.item, speed.speed), clip);
     AddFrameHold(item, context.sequence.rates.edges, clip);
     clip.AddChild("Markers", TranslateMarkers(state.document, item, rates.item));
     AddMulticam(state, item, clip);
@@ -206,11 +215,12 @@ ObjectHandle MakeAudioSubClip(const TrackContext& context, ObjectHandle item, in
     CopyLabel(item, clip, "hfl.clip.label.name");
 
     const Frames delay = Int64Property(item, "mediadelay");
-    const auto pointOf = [&](Name exactKey, Frames frames) {
-        return PointOf(item, exactKey, AddTicks(frames, delay), rates.item, speed.speed);
-    };
-    AddPoints(context, item, times.start, pointOf("velaTicksIn", times.in),
-              pointOf("velaTicksOut", times.out), clip);
+    const Frames in = AddTicks(times.in, delay);
+    const Frames out = AddTicks(times.out, delay);
+    AddPoints(context, item, times, rates,
+              ExactPoint(item, "velaTicksIn").value_or(ScaledTicks(in, rates.item, speed.speed)),
+              ExactPoint(item, "velaTicksOut").value_or(OutTicks(out, rates.item, speed.speed)),
+              clip);
     clip.SetProperty("SecondaryIndex", IntToString(sourceTrack));
     clip.SetPropertyShared("Gain", "1.0");
     clip.AddChild("Markers", TranslateMarkers(state.document, item, rates.item));

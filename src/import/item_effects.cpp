@@ -145,8 +145,7 @@ void AddMasterEffects(const ImportState& state, ObjectHandle element, ObjectHand
         return;
     // The filters of a track item are its own, whichever master it brings.
     const ObjectHandle clip = element.GetName() == "clip" ? element : ObjectHandle();
-    const std::string_view name = element.GetProperty("name");
-    const ItemPlace place{.sequence = name, .clip = name, .trackKind = 1};
+    const ItemPlace place{.clip = element.GetProperty("name")};
     for (const ObjectHandle& owner : {clip, file}) {
         const Ticks frameTicks = FilterTicks(owner, master, kNtscFrameTicks);
         const EffectContext context{.document = state.document,

@@ -45,13 +45,7 @@ void AddItemIssue(ImportState& state, const ItemPlace& place, ImportIssue kind,
 
 void AddLeftOut(ImportState& state, const ItemPlace& place)
 {
-    TranslationIssue record;
-    record.sequence.text = place.sequence;
-    record.clip.text = place.clip;
-    record.trackKind = place.trackKind;
-    record.trackIndex = place.trackIndex;
-    record.time = place.time;
-    state.leftOut.push_back(std::move(record));
+    state.leftOut.push_back(IssueAt(place));
 }
 
 } // namespace XPJ

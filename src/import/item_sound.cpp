@@ -1,5 +1,6 @@
 #include "import/item_sound.h"
 
+#include "core/numbers.h"
 #include "effects/audio_chain.h"
 #include "effects/audio_fader.h"
 #include "effects/audio_pan.h"
@@ -8,6 +9,9 @@
 #include "import/media.h"
 #include "import/panners.h"
 #include "import/streams.h"
+#include "platform/platform.h"
+
+#include <string>
 
 namespace XPJ {
 
@@ -58,13 +62,20 @@ void AddItemSound(const TrackContext& context, ObjectHandle item, Frames start, 
 void ApplyTrackLevel(const TrackContext& context, ObjectHandle track, ObjectHandle result)
 {
     const SequenceContext& sequence = context.sequence;
-    const ItemPlace place = PlaceOfItem(sequence.clock, track, context.type, context.index, 0);
+    ItemPlace place = PlaceOfItem(sequence.clock, track, context.type, context.index, 0);
+    // Few tracks have a name; all have a number.
+    const std::string number =
+        GetMessage(Message::kAudioTrack, {IntToString(std::int64_t{context.index} + 1)});
+    if (place.clip.empty())
+        place.clip = number;
     ApplyFaderLevel(ContextOfLevel(sequence, place), track, result.GetChild("Components"));
 }
 
 void ApplyMasterLevel(const SequenceContext& context, ObjectHandle audio, ObjectHandle masterTrack)
 {
-    const ItemPlace place = {.sequence = context.clock.name, .time = context.clock.TimecodeOf(0)};
+    const ItemPlace place = {.sequence = context.clock.name,
+                             .clip = context.clock.name, // the whole of it
+                             .time = context.clock.TimecodeOf(0)};
     ApplyFaderLevel(ContextOfLevel(context, place), audio, masterTrack.GetChild("Components"));
 }
 

@@ -182,6 +182,7 @@ void AddAngle(const MulticlipContext& context, const Angle& angle, ObjectHandle 
     const ObjectHandle audioTrack = MakeAudioTrack(document, angle.index, angle.index + 2,
                                                    {.trackType = kAdaptiveType,
                                                     .groupType = kAdaptiveType,
+                                                    .groupChannels = audioGroup.channels,
                                                     .sampleTicks = context.rates.audio});
     const ObjectHandle picture = MakeAnglePicture(context, angle);
     const ObjectHandle sound = MakeAngleSound(context, angle);
@@ -192,6 +193,15 @@ void AddAngle(const MulticlipContext& context, const Angle& angle, ObjectHandle 
     AddAudioTrack(audioGroup, audioTrack);
 }
 
+// The most that any angle has.
+int ChannelsOfMulticlip(ObjectHandle multiclip)
+{
+    int channels = 0;
+    for (const ObjectHandle& angle : multiclip.GetChildren("angle"))
+        channels = std::max(channels, AudioTracksOfAngle(angle.GetChild("clip")));
+    return channels;
+}
+
 void AddAngles(const MulticlipContext& context, ObjectHandle sequence)
 {
     Document& document = context.state.document;
@@ -199,9 +209,9 @@ void AddAngles(const MulticlipContext& context, ObjectHandle sequence)
         MakeVideoGroup(document, context.rates.video, context.frame.rect, context.frame.par);
     videoGroup.SetPropertyShared("FieldType",
                                  FieldTypeOfMulticlip(context.state, context.multiclip));
-    const AudioGroup audioGroup = MakeAudioGroup(document, context.rates.audio, 0, kAdaptiveType);
+    const AudioGroup audioGroup = MakeAudioGroup(
+        document, context.rates.audio, ChannelsOfMulticlip(context.multiclip), kAdaptiveType);
     int index = 0;
-    int channels = 0;
     for (const ObjectHandle& node : context.multiclip.GetChildren("angle")) {
         const ObjectHandle clip = node.GetChild("clip");
         if (!clip.HasChild("media"))
@@ -209,10 +219,8 @@ void AddAngles(const MulticlipContext& context, ObjectHandle sequence)
         const Angle angle{clip, FirstClipItem(clip.GetChild("media")), index,
                           MultiplyTicks(Int64Property(clip, "duration"), context.rates.video)};
         AddAngle(context, angle, videoGroup, audioGroup);
-        channels = std::max(channels, AudioTracksOfAngle(clip));
         ++index;
     }
-    audioGroup.group.SetProperty("NumAdaptiveChannels", IntToString(channels));
     AddMasterTrack(document, audioGroup, index, kAdaptiveType, context.rates.audio);
     videoGroup.SetProperty("NextTrackID", IntToString(index + 1));
     audioGroup.group.SetProperty("NextTrackID", IntToString(index + 2));

@@ -121,6 +121,14 @@ Ticks Move(ObjectHandle node, Name key, Ticks delta)
     return moved;
 }
 
+// How far a clip could begin earlier, in whole frames of its sequence.
+Ticks MediaBefore(ObjectHandle clip, Ticks unit, double speed)
+{
+    const auto in = static_cast<double>(std::max<Ticks>(Int64Property(clip, "InPoint"), 0));
+    const double frames = in / (static_cast<double>(unit) * speed);
+    return MultiplyTicks(ToTicks(frames), unit);
+}
+
 } // namespace
 
 ItemsByStart ItemsOfTrack(ObjectHandle projectTrack)
@@ -148,6 +156,7 @@ void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, ObjectHan
     const ObjectHandle clip = subClip.GetChild("Clip");
     const double speed =
         HasValue(clip, "PlaybackSpeed") ? DoubleProperty(clip, "PlaybackSpeed") : 1.0;
+    delta = std::max(delta, -MediaBefore(clip, unit, speed));
     const Ticks shift = ScaledTicks(delta / unit, unit, speed);
 
     Ticks edge = 0;
@@ -155,8 +164,7 @@ void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, ObjectHan
         items.erase(KeyOf(trackItem));
         edge = Move(trackItem, "Start", delta);
         items.emplace(KeyOf(trackItem), trackItem);
-        if (Move(clip, "InPoint", shift) < 0)
-            clip.SetPropertyShared("InPoint", "0");
+        Move(clip, "InPoint", shift);
     } else {
         edge = Move(trackItem, "End", delta);
         Move(clip, "OutPoint", shift);

@@ -30,7 +30,8 @@ Neighbours FindNeighbours(const ItemsByStart& items, Ticks start, Ticks end,
                           const TransitionAlignment& alignment);
 
 // Lengthens an item to where a transition ends, with a finding: by a negative `delta` (ticks) at
-// its start, by a positive one at its end.
+// its start, by a positive one at its end. A start goes no further than there are media before it,
+// so that what is seen stays in step with what is heard.
 void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, ObjectHandle trackItem,
                      Ticks delta, std::string_view transitionName);
 

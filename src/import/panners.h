@@ -14,6 +14,7 @@ enum ChannelType : int { kMonoType = 0, kStereoType = 1, kSurroundType = 2, kAda
 // The most channels that an adaptive type may have.
 constexpr int kMaxAdaptiveChannels = 32;
 
+// The most channels that a track or an item of a type may have.
 int ChannelCountOf(int channelType);
 
 // `NextPannerID` of whatever has one panner.
@@ -22,6 +23,7 @@ constexpr std::string_view kNextPannerId = "4294967279";
 struct PannerForm {
     int trackType = kStereoType;
     int groupType = kStereoType;
+    int groupChannels = 2; // `NumAdaptiveChannels` of the group
     Ticks sampleTicks = kSampleTicks48k;
     int outputChannel = -1; // `outputchannelindex` of the track, from 1; -1: not stated
     bool handoff = false;   // the document is an audio hand-off

@@ -10,14 +10,6 @@ namespace XPJ {
 
 namespace {
 
-// Where a subclip states its part: itself, or the first item of its media.
-ObjectHandle SubclipInfoOf(ObjectHandle element)
-{
-    if (const ObjectHandle own = element.GetChild("subclipinfo"))
-        return own;
-    return FirstClipItem(element.GetChild("media")).GetChild("subclipinfo");
-}
-
 // Frame length in which a subclip counts; 0 for pictures that have none.
 Ticks SubclipTicksOf(ObjectHandle element, ObjectHandle master)
 {
@@ -36,14 +28,13 @@ void SetTicks(ObjectHandle source, Name key, Ticks ticks)
 // A master that was built for another part of its medium takes the limits of this one.
 void LimitToSubclip(const ImportState& state, ObjectHandle element, ObjectHandle master)
 {
-    const ObjectHandle info = SubclipInfoOf(element);
     const Ticks unit = SubclipTicksOf(element, master);
     const SubclipRange part = ReadSubclipInfo(state, element);
-    if (!info || unit == 0 || !part.IsKnown() || !part.hard)
+    if (unit == 0 || !part.IsKnown() || !part.hard)
         return;
     const Ticks start = MultiplyTicks(part.start, unit);
     const Ticks end = MultiplyTicks(part.end, unit);
-    const Ticks total = AddTicks(end, MultiplyTicks(Int64Property(info, "endoffset"), unit));
+    const Ticks total = AddTicks(end, MultiplyTicks(part.tail, unit));
     for (const ObjectHandle& clip : master.GetChildren("Clip")) {
         const ObjectHandle source = clip.GetChild("Source");
         SetTicks(source, "StartBoundary", start);

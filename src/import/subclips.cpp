@@ -7,9 +7,11 @@ namespace XPJ {
 
 namespace {
 
-std::int64_t DurationOf(const ImportState& state, ObjectHandle item)
+// The length of a clip's first item; where it states none that of the clip, of the medium last.
+std::int64_t DurationOf(const ImportState& state, ObjectHandle clip, ObjectHandle item)
 {
-    for (const ObjectHandle& node : {item, FileOfItem(state, item), item.GetChild("sequence")})
+    for (const ObjectHandle& node :
+         {item, clip, FileOfItem(state, item), item.GetChild("sequence")})
         if (HasValue(node, "duration"))
             return Int64Property(node, "duration");
     return 0;
@@ -19,6 +21,8 @@ std::int64_t DurationOf(const ImportState& state, ObjectHandle item)
 
 SubclipRange ReadSubclipInfo(const ImportState& state, ObjectHandle element)
 {
+    if (element.GetName() == "sequence")
+        return {};
     const ObjectHandle inner = FirstClipItem(element.GetChild("media"));
     const ObjectHandle soft = HasValue(element, "velaSoftStartOffset") ? element : inner;
     const ObjectHandle info = element.HasChild("subclipinfo") ? element.GetChild("subclipinfo")
@@ -29,10 +33,11 @@ SubclipRange ReadSubclipInfo(const ImportState& state, ObjectHandle element)
         range.hard = false;
     } else if (info) {
         range.start = Int64Property(info, "startoffset");
+        range.tail = Int64Property(info, "endoffset");
     } else {
         return range;
     }
-    range.end = AddTicks(range.start, DurationOf(state, inner ? inner : element));
+    range.end = AddTicks(range.start, DurationOf(state, element, inner ? inner : element));
     return range;
 }
 

@@ -137,6 +137,7 @@ ObjectHandle TranslateAudioTrack(const TrackContext& context, ObjectHandle track
         MakeAudioTrack(state.document, context.index, context.id,
                        {.trackType = type,
                         .groupType = context.sequence.groupType,
+                        .groupChannels = context.sequence.groupChannels,
                         .sampleTicks = context.sequence.rates.audio,
                         .outputChannel = IntProperty(track, "outputchannelindex", -1),
                         .handoff = state.sn2vlMode});
@@ -148,11 +149,11 @@ ObjectHandle TranslateAudioTrack(const TrackContext& context, ObjectHandle track
     return result;
 }
 
-ObjectHandle MakeFader(Document& document, int channelType, Ticks sampleTicks)
+ObjectHandle MakeFader(Document& document, int channelType, int groupChannels, Ticks sampleTicks)
 {
-    return MakeFaderChain(document, {.channelType = channelType,
-                                     .channels = ChannelCountOf(channelType),
-                                     .sampleTicks = sampleTicks});
+    const int channels = channelType == kAdaptiveType ? groupChannels : ChannelCountOf(channelType);
+    return MakeFaderChain(
+        document, {.channelType = channelType, .channels = channels, .sampleTicks = sampleTicks});
 }
 
 // An audio track with the numbers of the continuations that follow it.
@@ -217,14 +218,16 @@ ObjectHandle MakeAudioTrack(Document& document, int index, int id, const PannerF
     track.SetProperty("AudioTrackID", NewGuidText());
     track.SetPropertyShared("Assign", "1");
     track.SetPropertyShared("NextPannerID", kNextPannerId);
-    track.AddChild("Components", MakeFader(document, panner.trackType, panner.sampleTicks));
+    track.AddChild("Components",
+                   MakeFader(document, panner.trackType, panner.groupChannels, panner.sampleTicks));
     track.AddChild("Panner", MakeTrackPanner(document, panner));
     return track;
 }
 
 AudioGroup MakeAudioGroup(Document& document, Ticks sampleTicks, int channels, int inletType)
 {
-    AudioGroup result{document.NewObject("AudioTrackGroup"), document.NewObject("AudioTrackInlet")};
+    AudioGroup result{document.NewObject("AudioTrackGroup"), document.NewObject("AudioTrackInlet"),
+                      channels};
     result.group.SetProperty("ID", NewGuidText());
     result.group.SetPropertyShared("mediatype", MediaTypeText(MediaType::Audio));
     result.group.SetProperty("FrameRate", TickText(sampleTicks));
@@ -250,7 +253,7 @@ void AddMasterTrack(Document& document, const AudioGroup& group, int trackCount,
     master.SetProperty("ChannelType", IntToString(groupType));
     master.SetProperty("FrameRate", TickText(sampleTicks));
     master.SetPropertyShared("NextPannerID", kNextPannerId);
-    master.AddChild("Components", MakeFader(document, groupType, sampleTicks));
+    master.AddChild("Components", MakeFader(document, groupType, group.channels, sampleTicks));
     master.AddChild("Panner", MakeDefaultPanner(document, groupType, groupType, sampleTicks));
     master.AddChild("Inlet", group.inlet);
     group.group.AddChild("MasterTrack", master);
@@ -281,10 +284,10 @@ ObjectHandle TranslateAudioTracks(SequenceContext& context, ObjectHandle audio, 
 {
     Document& document = context.state.document;
     const Ticks sampleTicks = context.rates.audio;
-    const int channels = context.groupType == kAdaptiveType
-                             ? std::min(outputs, kMaxAdaptiveChannels)
-                             : ChannelCountOf(context.groupType);
-    const AudioGroup group = MakeAudioGroup(document, sampleTicks, channels);
+    context.groupChannels = context.groupType == kAdaptiveType
+                                ? std::min(outputs, kMaxAdaptiveChannels)
+                                : ChannelCountOf(context.groupType);
+    const AudioGroup group = MakeAudioGroup(document, sampleTicks, context.groupChannels);
     TrackNames names;
     TrackContext track{.sequence = context, .type = MediaType::Audio, .id = kFirstAudioId};
     for (const AudioTrackRange& range : AudioTracksOf(audio)) {

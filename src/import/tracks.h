@@ -25,6 +25,7 @@ struct SequenceContext {
     std::string frameRect = {};
     std::string_view aspect = {}; // of pixels
     int groupType = kStereoType;  // ChannelType of the audio track group
+    int groupChannels = 2;        // its `NumAdaptiveChannels`
     bool exploded = false;        // multichannel sound lies on several mono tracks
     LinkIndex links = {};
     Ticks end = 0; // of the last item so far
@@ -59,6 +60,7 @@ ObjectHandle MakeAudioTrack(Document& document, int index, int id, const PannerF
 struct AudioGroup {
     ObjectHandle group;
     ObjectHandle inlet;
+    int channels = 0; // `NumAdaptiveChannels`: how many adaptive tracks and masters have
 };
 AudioGroup MakeAudioGroup(Document& document, Ticks sampleTicks, int channels,
                           int inletType = kMonoType);

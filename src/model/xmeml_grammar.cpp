@@ -34,7 +34,8 @@ constexpr struct {
      "rate logginginfo filmdata labels comments marker media subclipinfo file"},
     {"codec", "name", "appspecificdata"},
     {"comments",
-     "mastercomment1 mastercomment2 mastercomment3 mastercomment4 clipcommenta clipcommentb",
+     "mastercomment1 mastercomment2 mastercomment3 mastercomment4 clipcommenta clipcommentb "
+     "comment",
      ""},
     {"data", "", "qtcodec"},
     {"dependency", "tag path", ""},

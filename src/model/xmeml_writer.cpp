@@ -5,8 +5,11 @@
 #include "model/writer.h"
 #include "model/xmeml_elements.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace XPJ {
 
@@ -38,7 +41,19 @@ public:
     int WriteDocument(ObjectHandle root, bool vl2snMode);
 
 private:
-    void WriteElement(ObjectHandle node, const XmemlElement& element, int level);
+    // An element on the way. Elements nest deeper than a thread's stack may reach, so those that
+    // are open, and those that are still to be written, stand on a stack of these.
+    struct Work {
+        ObjectHandle node;
+        const XmemlElement* element = nullptr;
+        int level = 0;
+        std::size_t nextField = 0;
+        bool isOpen = false;
+    };
+
+    void WriteWhole(ObjectHandle node, std::string_view element, int level);
+    void WriteNext();
+    void OpenElement(Work& work);
     void WriteNamed(ObjectHandle node, std::string_view element, int level);
     void WriteAttributes(ObjectHandle node, const XmemlElement& element);
     void WriteAttribute(std::string_view name, std::string_view value);
@@ -58,6 +73,7 @@ private:
 
     Progress& progress_;
     TextOut out_;
+    std::vector<Work> work_;
     unsigned elements_ = 0;
     bool cancelled_ = false;
 };
@@ -135,28 +151,55 @@ bool XmemlWriter::IsCancelled()
     return cancelled_;
 }
 
-// What no reader would take, because it is nested too deep, is not written.
-void XmemlWriter::WriteElement(ObjectHandle node, const XmemlElement& element, int level)
+void XmemlWriter::OpenElement(Work& work)
 {
-    if (level > kMaxNesting || IsCancelled())
-        return;
-    out_.WriteTabs(level);
-    out_.Write("<", element.tag.View());
-    WriteAttributes(node, element);
-    if (element.selfClosed)
-        return out_.Write("/>\n");
-    out_.Write(">\n");
-    for (const XmemlField& field : element.fields)
-        WriteField(node, field, level + 1);
-    WriteEnd(element.tag.View(), level);
+    work.isOpen = true;
+    out_.WriteTabs(work.level);
+    out_.Write("<", work.element->tag.View());
+    WriteAttributes(work.node, *work.element);
+    out_.Write(work.element->selfClosed ? "/>\n" : ">\n");
 }
 
+// The next step of the innermost element: its start, a field, or its end.
+void XmemlWriter::WriteNext()
+{
+    Work& work = work_.back();
+    if (!work.isOpen) {
+        if (!IsCancelled())
+            OpenElement(work);
+        if (cancelled_ || work.element->selfClosed)
+            work_.pop_back();
+        return;
+    }
+    if (work.nextField == work.element->fields.size()) {
+        WriteEnd(work.element->tag.View(), work.level);
+        work_.pop_back();
+        return;
+    }
+    const XmemlField& field = work.element->fields[work.nextField++];
+    const std::size_t open = work_.size();
+    WriteField(work.node, field, work.level + 1);
+    // The elements of the field, of which the first is to be the next.
+    std::reverse(work_.begin() + static_cast<std::ptrdiff_t>(open), work_.end());
+}
+
+// Writes an element with all that it holds at once, where text of its parent follows.
+void XmemlWriter::WriteWhole(ObjectHandle node, std::string_view element, int level)
+{
+    const std::size_t open = work_.size();
+    WriteNamed(node, element, level);
+    while (work_.size() > open && !cancelled_)
+        WriteNext();
+}
+
+// Puts an element on the stack. What no reader would take, because it is nested too deep, is not
+// written: `level` is the number of elements around it.
 void XmemlWriter::WriteNamed(ObjectHandle node, std::string_view element, int level)
 {
-    if (!node)
+    if (!node || level >= kMaxNesting)
         return;
     if (const XmemlElement* const row = FindXmemlElement(element))
-        WriteElement(node, *row, level);
+        work_.push_back({node, row, level});
 }
 
 void XmemlWriter::WriteField(ObjectHandle node, const XmemlField& field, int level)
@@ -228,6 +271,8 @@ void XmemlWriter::WriteRate(ObjectHandle rate, int level)
 {
     if (rate)
         return WriteNamed(rate, "rate", level);
+    if (level >= kMaxNesting)
+        return;
     WriteStart("rate", level);
     WriteLine("ntsc", "TRUE", level + 1);
     WriteLine("timebase", "30", level + 1);
@@ -249,16 +294,18 @@ bool XmemlWriter::WriteReferenceOrChild(ObjectHandle node, Name id, Name child, 
         WriteNamed(whole, child.View(), level);
         return static_cast<bool>(whole);
     }
-    out_.WriteTabs(level);
-    out_.Write("<", child.View());
-    WriteAttribute("id", node.GetProperty(id));
-    out_.Write("/>\n");
+    if (level < kMaxNesting) {
+        out_.WriteTabs(level);
+        out_.Write("<", child.View());
+        WriteAttribute("id", node.GetProperty(id));
+        out_.Write("/>\n");
+    }
     return true;
 }
 
 void XmemlWriter::WriteAudioOfFile(ObjectHandle audio, int level)
 {
-    if (!audio)
+    if (!audio || level >= kMaxNesting)
         return;
     const FileAudioForm* form = nullptr;
     for (const FileAudioForm& candidate : kFileAudioForms)
@@ -274,7 +321,7 @@ void XmemlWriter::WriteAudioOfFile(ObjectHandle audio, int level)
 
     for (std::int64_t i = 0; i < count && !IsCancelled(); ++i) {
         WriteStart("audio", level);
-        WriteNamed(audio.GetChild(Name("samplecharacteristics")), "samplecharacteristics",
+        WriteWhole(audio.GetChild(Name("samplecharacteristics")), "samplecharacteristics",
                    level + 1);
         if (form)
             WriteChannel(audio, *form, i, level + 1);
@@ -290,7 +337,7 @@ void XmemlWriter::WriteChannel(ObjectHandle audio, const FileAudioForm& form, st
     WriteLine("channelcount", IntToString(channels), level);
     if (form.pairLayout)
         WriteLine("layout", "stereo", level);
-    if (!form.sourceChannel)
+    if (!form.sourceChannel || level >= kMaxNesting)
         return;
     WriteStart("audiochannel", level);
     WriteLine("sourcechannel", IntToString(index + 1), level + 1);
@@ -311,7 +358,7 @@ int XmemlWriter::WriteDocument(ObjectHandle root, bool vl2snMode)
         WriteLine("vl2sn", "TRUE", 2);
         WriteEnd("importoptions", 1);
     }
-    WriteNamed(root.GetChild(Name("project")), "project", 1);
+    WriteWhole(root.GetChild(Name("project")), "project", 1);
     if (cancelled_ || !stage.Step())
         return kWriteCancelled;
     out_.Write("</xmeml>\n");

@@ -40,6 +40,7 @@ TEST(Paths, PathOfAUrl)
         {PathStyle::Posix, "file:///C:/a.mov", "", "C:/a.mov"},
         {PathStyle::Posix, "file://srv/share/a.mov", "", "//srv/share/a.mov"},
         {PathStyle::Posix, "a.mov", "/proj/", "/proj/a.mov"},
+        {PathStyle::Posix, "file:a.mov", "/proj/", "/proj/a.mov"},
         {PathStyle::Posix, "a.mov", "", "a.mov"},
         {PathStyle::Posix, "/a.mov", "/proj/", "/a.mov"},
         {PathStyle::Posix, "http://host/a.mov", "/proj/", "http://host/a.mov"},

@@ -79,6 +79,11 @@ std::string ChainText(ObjectHandle chain)
     return text;
 }
 
+std::string Named(const std::string& name, const std::string& parameters = {})
+{
+    return "<filter><effect><name>" + name + "</name>" + parameters + "</effect></filter>";
+}
+
 class AudioEffectsTest : public EffectTest {
 protected:
     ObjectHandle Chain(const std::string& filters, const ItemSound& sound = {})
@@ -128,6 +133,14 @@ TEST_F(AudioEffectsTest, EveryFilterHasItsComponent)
          "1 Internal Volume Mono*: Level=0.25dB {0,0.25...;100,0.75...;}\n"},
         {Filter("audiolevels"), volume},
         {Filter("audiolevels", Parameter("level", "")), volume},
+        // By name, where there is no id; then it takes the parameter, too.
+        {Named("Audio Levels", Parameter("level", "0.75")),
+         "1 Internal Volume Mono*: Level=0.375dB\n"},
+        {Named("Gain", Parameter("Gain(dB)", "0.5")),
+         volume + "2 Internal Volume Mono: Level=0.25dB\n"},
+        {Named("Audio Pan"), volume},
+        {Named("Gain"), volume, Issue("EffectNotTranslated", "Gain")},
+        {Named("Reverb"), volume, Issue("EffectNotTranslated", "Reverb")},
         {Filter("audiolevels", Parameter("level", "2")), "1 Internal Volume Mono*: Level=1dB\n"},
         {Filter("audiolevels",
                 Parameter("level", "3", Keyframe(0, "3.5") + Keyframe(1, "1") + Keyframe(2, "4"))),

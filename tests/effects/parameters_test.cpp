@@ -112,6 +112,21 @@ TEST(Parameters, EveryBuilder)
     }
 }
 
+TEST(Parameters, OneReadingForAllFieldsAndAnyCaseForSwitches)
+{
+    Document document;
+    const ObjectHandle param = MakeParam(document, K::Scalar, {.name = "O", .value = "62,5"});
+    EXPECT_EQ(param.GetProperty("CurrentValue"), "62");
+    EXPECT_EQ(param.GetProperty("StartKeyframe"), Start("62"));
+    for (const auto& [stated, bypass] :
+         {std::pair{"TRUE", "true"}, {"True", "true"}, {"FALSE", "false"}, {"1", "false"}}) {
+        const ObjectHandle effect = document.NewObject("effect");
+        effect.SetProperty("velaBypass", stated);
+        CopyBypass(effect, param);
+        EXPECT_EQ(param.GetProperty("Bypass"), bypass) << stated;
+    }
+}
+
 TEST(Parameters, KeyframesMakeEveryKindTimeVarying)
 {
     Document document;

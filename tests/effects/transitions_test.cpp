@@ -79,12 +79,23 @@ TEST_F(TransitionsTest, EveryEffectHasItsTransition)
     }
 }
 
-TEST_F(TransitionsTest, AnEffectIsToldByItsNameWhereItHasNoId)
+TEST_F(TransitionsTest, AnEffectIsToldByItsNameWhereItsIdIsNotKnown)
 {
     const auto make = [&](const char* children) {
         return MakeVideoTransition(context_, ReadEffect(document_, children));
     };
+    const auto makeAudio = [&](const char* children) {
+        return MakeAudioTransition(context_, ReadEffect(document_, children));
+    };
     EXPECT_EQ(make("<name>Edge Wipe</name>").GetProperty("MatchName"), "ORRN Wipe");
+    EXPECT_EQ(make("<name>Edge Wipe</name><effectid>Wipe 7</effectid>").GetProperty("MatchName"),
+              "ORRN Wipe");
+    EXPECT_EQ(make("<name>Edge Wipe</name><effectid>Cross Dissolve</effectid>")
+                  .GetProperty("DisplayName"),
+              "Cross Dissolve");
+    EXPECT_EQ(makeAudio("<name>Cross Fade ( 0dB)</name><effectid>fade</effectid>")
+                  .GetProperty("MatchName"),
+              "Constant Gain");
     EXPECT_FALSE(make("<effecttype>transition</effecttype>"));
     EXPECT_FALSE(MakeAudioTransition(context_, {}));
     EXPECT_EQ(TakeIssues(), "");

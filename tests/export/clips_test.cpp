@@ -59,6 +59,9 @@ TEST(MarkerRecord, TakesWhatHostsWrite)
         {"{&quot;mName&quot;:&quot;A &amp;lt; B&quot;}", "A &lt; B||0|0|"},
         {R"({"mStartTime":{"ticks":1e300},"mDuration":7,"mName":3,"mCuePointList":{}})",
          "||9223372036854775807|0|"},
+        {R"({"mName":"half \ud83d","mStartTime":{"ticks":5}})", "half \uFFFD||5|0|"},
+        {R"({"mName":"\ude00 \ud83d\ude00 \\ud83d"})", "\uFFFD \U0001F600 \\ud83d||0|0|"},
+        {"{\"mName\":\"bytes \xED\xA0\xBD\"}", "bytes \uFFFD||0|0|"},
         {"{\"mName\":\"cut", ""},
         {"[1]", ""},
         {"", ""},
@@ -142,7 +145,7 @@ std::string ClipProject(const std::string& frameTicks, const std::string& sample
 <VideoClip ObjectID="2"><Clip><Source ObjectRef="4"/><InPoint>99999999999</InPoint></Clip></VideoClip>
 <AudioClip ObjectID="3"><Clip><Source ObjectRef="4"/></Clip></AudioClip>
 <VideoMediaSource ObjectID="4"><MediaSource><Media ObjectURef="medium"/></MediaSource></VideoMediaSource>
-<Media ObjectUID="medium"><VideoStream ObjectRef="5"/><AudioStream ObjectRef="6"/></Media>
+<Media ObjectUID="medium"><Title>A &amp; B.mov</Title><VideoStream ObjectRef="5"/><AudioStream ObjectRef="6"/></Media>
 <VideoStream ObjectID="5"><Duration>-9223372036854775808</Duration><FrameRate>)" +
            frameTicks + "</FrameRate></VideoStream>\n<AudioStream ObjectID=\"6\"><FrameRate>" +
            sampleTicks + "</FrameRate></AudioStream>\n</VelaData>\n";
@@ -164,8 +167,16 @@ ObjectHandle ExportClip(const std::string& project, Document& document)
 TEST(ExportClips, RatesThatCannotBe)
 {
     Document document;
-    EXPECT_THROW(ExportClip(ClipProject("0", "5292000"), document), std::runtime_error);
-    EXPECT_THROW(ExportClip(ClipProject("8475667200", "0"), document), std::runtime_error);
+    const auto faultOf = [&](const char* frameTicks, const char* sampleTicks) -> std::string {
+        try {
+            ExportClip(ClipProject(frameTicks, sampleTicks), document);
+        } catch (const DocumentFault& fault) {
+            return fault.what();
+        }
+        return "none";
+    };
+    EXPECT_EQ(faultOf("0", "5292000"), "media <A & B.mov> has a frame length of 0");
+    EXPECT_EQ(faultOf("8475667200", "0"), "the sound of media <A & B.mov> has a frame length of 0");
     for (const char* const noRate : {"9223372036854775807", "-1"}) {
         const ObjectHandle clip = ExportClip(ClipProject(noRate, "5292000"), document);
         EXPECT_EQ(FindPath(clip, {"media", "rate"}).GetProperty("timebase"), "30") << noRate;

@@ -1,9 +1,13 @@
 #include "export/export_driver.h"
+#include "model/reader.h"
+#include "model/writer.h"
 #include "support/golden.h"
 #include "support/test_progress.h"
 #include "support/tree.h"
 
+#include <sstream>
 #include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -142,6 +146,20 @@ TEST_F(ExportDriverTest, BinsMayNestDeepAndInACircle)
     FindPath(bin, {"ProjectItemContainer", "Items"}).AddChild("Item", first);
     ASSERT_EQ(Export(root), kSuccess);
     EXPECT_TRUE(FindPath(Project(), {"children", "bin", "children", "bin"}));
+
+    // All of them come back, as deep as documents are read.
+    SilentProgress progress;
+    std::ostringstream output;
+    ASSERT_EQ(WriteFCPXML(xmeml_, progress, false, output), kWriteDone);
+    const std::string text = output.str();
+    Document back;
+    ObjectHandle read;
+    ASSERT_EQ(ParseFCPXML(text, back, read), kReadDone);
+    std::vector<ObjectHandle> lists{FindPath(read, {"project", "children"})};
+    for (std::size_t i = 0; i < lists.size(); ++i)
+        for (const ObjectHandle& inner : lists[i].GetChildren("bin"))
+            lists.push_back(inner.GetChild("children"));
+    EXPECT_EQ(lists.size(), 20002U);
 }
 
 TEST_F(ExportDriverTest, AChosenSequenceStandsWithoutBins)

@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "export/color_matte.h"
 #include "export/item_place.h"
+#include "export/item_times.h"
 #include "export/output_channels.h"
 #include "export/transitions.h"
 
@@ -78,8 +79,47 @@ TEST_F(Sequences, DeepNestingIsWrittenOnceEachAndSideBySide)
 TEST_F(Sequences, AFrameOfNoLengthIsAFaultOfTheDocument)
 {
     EXPECT_NO_THROW(TranslateSequence(context_, MakeSequence("9223372036854775807"), {}));
-    EXPECT_THROW(TranslateSequence(context_, MakeSequence("0"), {}), std::runtime_error);
+    const ObjectHandle sequence = MakeSequence("0");
+    sequence.SetPropertyShared("Name", "Cut");
+    try {
+        TranslateSequence(context_, sequence, {});
+        FAIL();
+    } catch (const DocumentFault& fault) {
+        EXPECT_STREQ(fault.what(), "sequence <Cut> has a frame length of 0");
+    }
     EXPECT_EQ(context_.sequenceDepth, 0);
+}
+
+TEST_F(Sequences, WhatShowsNothingIsNoMulticam)
+{
+    const ObjectHandle sequence = MakeSequence("10160640000");
+    sequence.SetPropertyShared("Name", "Cut");
+    Show(sequence, {});
+    const ObjectHandle written = TranslateSequence(context_, sequence, {});
+    EXPECT_TRUE(FindPath(written, {"media", "video", "track", "clipitem"}));
+    EXPECT_TRUE(issues_.empty());
+    ASSERT_EQ(context_.leftOut.size(), 1U);
+    EXPECT_EQ(context_.leftOut.front().sequence.text, "Cut");
+}
+
+// A transition stands at an edge whether or not it states where; a time that is not stated is 0.
+TEST_F(Sequences, AnEdgeInATransitionIsOpen)
+{
+    const ObjectHandle item = project_.NewObject("VideoClipTrackItem");
+    const ObjectHandle core = Add(item, "ClipTrackItem");
+    const ObjectHandle edges = Add(core, "TrackItem");
+    edges.SetPropertyShared("Start", "100");
+    edges.SetPropertyShared("End", "900");
+    const ObjectHandle head = Add(core, "HeadTransition", "VideoTransitionTrackItem");
+    Add(Add(head, "TransitionTrackItem"), "TrackItem").SetPropertyShared("End", "200");
+    Add(core, "TailTransition", "VideoTransitionTrackItem"); // damaged: it is not written
+    const ObjectHandle element = result_.NewObject("clipitem");
+    ItemTiming timing{.rate = 10, .sequenceRate = 10};
+    WriteEdges(context_, item, timing, element);
+    EXPECT_EQ(element.GetProperty("start"), "-1");
+    EXPECT_EQ(timing.startDelta, -100);
+    EXPECT_EQ(element.GetProperty("end"), "90");
+    EXPECT_EQ(timing.endDelta, 0);
 }
 
 TEST_F(Sequences, AlignmentFollowsTheCutByThirds)

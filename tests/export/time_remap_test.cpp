@@ -115,6 +115,35 @@ TEST(TimeRemap, Switches)
     EXPECT_EQ(FindParameter(effect, "graphdict").GetProperty("valuemax"), "100");
 }
 
+// Lengths in ticks have more digits than other numbers.
+TEST(TimeRemap, WholeNumbersKeepTheirDigits)
+{
+    struct Case {
+        std::int64_t original;
+        std::int64_t duration;
+        const char* graph;
+    };
+    for (const Case& row : {Case{2540160000000, 5080320000000, "0=0 5080320000000=2540160000000"},
+                            {7, 49 * 3, "0=0 147=7"},
+                            {9223372036854775807, 3, "0=0 3=9223372036854775807"}}) {
+        Document document;
+        const ObjectHandle item = document.NewObject("clipitem");
+        ItemTiming timing = Timing(0.5, row.duration, 0);
+        timing.originalDuration = row.original;
+        timing.ratio = static_cast<double>(row.original) / static_cast<double>(row.duration);
+        ExportTimeRemap(document, timing, "", MediaKind::Audio, item);
+        const ObjectHandle graph = FindParameter(FindPath(item, {"filter", "effect"}), "graphdict");
+        EXPECT_EQ(Told(graph), row.graph);
+        EXPECT_EQ(graph.GetProperty("valuemax"), IntToString(row.original));
+    }
+    Document document;
+    const ObjectHandle item = document.NewObject("clipitem");
+    ExportTimeRemap(document, Timing(1, 100, 1), Record(0, 0) + "10160640000,80000,6,0,0,0,0,0;",
+                    MediaKind::Video, item);
+    EXPECT_EQ(Told(FindParameter(FindPath(item, {"filter", "effect"}), "graphdict")),
+              "0=0 1=2000000");
+}
+
 TEST(TimeRemap, DamagedTimesStayNumbers)
 {
     constexpr std::string_view kTimes[] = {"9223372036854775807,1e308,7;", "0,nan,6;",

@@ -122,6 +122,7 @@ protected:
                        .clip = {},
                        .masterClip = {},
                        .medium = project_.NewObject("Media"),
+                       .sequence = {},
                        .boundaries = {},
                        .timing = {}};
 };
@@ -365,6 +366,16 @@ EffectNotTranslatedHeadless clip="Master" subject="KX.ORRN Geometry" time="00:00
 EffectNotTranslated sequence="Cut" clip="Shot" subject="Display" time="00:00:01:00" track=V1
 EffectNotTranslated sequence="Cut" clip="Shot" subject="KX.ORRN Geometry" time="00:00:01:00" track=V1
 )");
+}
+
+TEST_F(VideoEffects, ACorrectorOfAFileStandsInNoSequence)
+{
+    AddComponent("KX.ORRN Three-Way Color Corrector", "");
+    const ObjectHandle chain =
+        FindPath(record_.item, {"ClipTrackItem", "ComponentOwner", "Components"});
+    TranslateVideoComponents(context_, {.clipName = "Master"}, chain, kFrame, element_);
+    EXPECT_EQ(IssueText(issues_, Direction::Export),
+              "ThreeWayApproximation clip=\"Master\" subject=\"Display\" time=\"00:00\"\n");
 }
 
 // Numbers that no host writes, in every place that is read as one.

@@ -22,6 +22,22 @@ TranslationIssue Issue(int kind)
 
 constexpr char kHead[] = "\tSequence <Cut &amp; 1> at 01:00:00:00, video track 2: ";
 
+// What stands on no track: an effect of a medium is in no sequence, a fader may be that of all
+// sound.
+TEST(IssueReportText, WithoutATrack)
+{
+    TranslationIssue issue = Issue(static_cast<int>(ExportIssue::ThreeWayApproximation));
+    issue.sequence.text.clear();
+    issue.trackKind = kNoTrack;
+    EXPECT_EQ(IssueReportText({issue}, Direction::Export),
+              "Translation issue:\r\n\t3-Way Color Corrector on Clip <A>: translation is "
+              "approximate and should be reviewed.\r\n");
+    issue = Issue(static_cast<int>(ImportIssue::AudioLevelClamped));
+    issue.trackKind = kNoTrack;
+    EXPECT_NE(IssueReportText({issue}, Direction::Import).find("at 01:00:00:00, Audio: Effect"),
+              std::string::npos);
+}
+
 TEST(IssueReportText, EveryKind)
 {
     const std::string head = kHead;

@@ -115,6 +115,18 @@ TEST_F(FormatsTest, MissingCharacteristicsCountAsDV)
 }
 
 // Names, timebases and prefixes where a slip of the table would show.
+TEST_F(FormatsTest, TheFirstItemOnAnyTrackGivesTheSize)
+{
+    const auto item = [](const char* width, const char* height) {
+        return std::string("<clipitem><file><width>") + width + "</width><height>" + height +
+               "</height></file></clipitem>";
+    };
+    const ObjectHandle sequence = ParseSequence(
+        Rate(25, false) + "<media><video><track/><track><generatoritem/>" + item("1280", "720") +
+        item("640", "360") + "</track><track>" + item("1920", "1080") + "</track></video></media>");
+    EXPECT_EQ(FrameOfSequence(sequence).rect, "0,0,1280,720");
+}
+
 TEST_F(FormatsTest, PresetByCodec)
 {
     struct Case {

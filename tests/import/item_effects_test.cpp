@@ -147,8 +147,7 @@ TEST_F(ItemEffectsTest, FiltersOfAFileStandOnItsMasterOnce)
         FindPath(FirstItem(), {"SubClip", "MasterClip", "VideoComponentChain"});
     EXPECT_EQ(ChildCount(chain, "Component"), 1);
     EXPECT_EQ(chain.GetProperty("NextComponentID"), "2");
-    EXPECT_EQ(Issues(), "EffectNotTranslated sequence=\"A\" clip=\"A\" subject=\"My Sepia\" "
-                        "time=\"00:00\" track=V1\n"
+    EXPECT_EQ(Issues(), "EffectNotTranslated clip=\"A\" subject=\"My Sepia\" time=\"00:00\"\n"
                         "EffectNotTranslated sequence=\"Cut\" clip=\"A\" subject=\"My Flop\" "
                         "time=\"00:00:00:00\" track=V1\n");
 }

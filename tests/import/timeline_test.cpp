@@ -1,11 +1,15 @@
 #include "import/timeline.h"
 
 #include "core/numbers.h"
+#include "core/paths.h"
 #include "import/neighbours.h"
 #include "import/panners.h"
 #include "import/sequences.h"
 #include "import/xmeml_fixture.h"
 #include "support/tree.h"
+
+#include <filesystem>
+#include <vector>
 
 namespace XPJ {
 namespace {
@@ -210,6 +214,76 @@ TEST_F(TimelineTest, SpeedScalesThePointsButNotExactOnes)
     EXPECT_EQ(clip.GetProperty("PlaybackSpeed"), "0.5");
 }
 
+// Before its source nothing plays: the item begins with it and keeps its length, as a picture does.
+TEST_F(TimelineTest, AnItemBeforeItsSourcePlaysFromItsStart)
+{
+    const std::string sound = "<sourcetrack><mediatype>audio</mediatype><trackindex>1</trackindex>"
+                              "</sourcetrack>" +
+                              FileElement();
+    const std::string exact = "<velaTicksIn>-203212800000</velaTicksIn>"
+                              "<velaTicksOut>-101606400000</velaTicksOut>";
+    ImportSequence("<track>" + ClipItem("A", {0, 10, -20, -10}, FileElement()) + "</track>",
+                   "<track>" + ClipItem("B", {0, 10, -20, -10}, sound) +
+                       ClipItem("C", {20, 30, -20, -10}, exact + sound) +
+                       ClipItem("D", {40, 50, 5, 15}, "<mediadelay>-20</mediadelay>" + sound) +
+                       "</track>");
+    EXPECT_EQ(Timeline(), "V0: A 0-10 [0-10]\n"
+                          "A0: B 0-10 [0-10] ch 0, C 20-30 [0-10] ch 0, D 40-50 [0-10] ch 0\n");
+}
+
+// Meters and faders have as many channels as the group says.
+TEST_F(TimelineTest, AdaptiveTracksHaveTheChannelsOfTheirGroup)
+{
+    ImportSequence("", "<numOutputChannels>8</numOutputChannels>"
+                       "<track velaTrackType=\"SixteenChannel\" currentExplodedTrackIndex=\"0\"/>"
+                       "<track/>");
+    ObjectHandle group;
+    for (const ObjectHandle& entry : SequenceNamed("Cut").GetChildren("TrackGroup"))
+        group = entry;
+    EXPECT_EQ(group.GetProperty("NumAdaptiveChannels"), "8");
+    std::vector<ObjectHandle> tracks{group.GetChild("MasterTrack")};
+    for (const ObjectHandle& track : group.GetChildren("Track"))
+        tracks.push_back(track);
+    ASSERT_EQ(tracks.size(), 3U);
+    const char* const expected[] = {"8", "8", "2"};
+    for (std::size_t i = 0; i < tracks.size(); ++i) {
+        const ObjectHandle chain = tracks[i].GetChild("Components");
+        EXPECT_EQ(chain.GetProperty("NumChannels"), expected[i]) << i;
+        for (const ObjectHandle& component : chain.GetChildren("Component"))
+            EXPECT_EQ(component.GetProperty("NumChannels"), expected[i]) << i;
+    }
+}
+
+// A media path in a document that was named without its folder is absolute all the same.
+TEST_F(TimelineTest, MediaPathsAreAbsolute)
+{
+    const std::string current = std::filesystem::current_path().string();
+    const std::string item = ClipItem("A", {0, 10, 0, 10},
+                                      "<file id=\"f\"><name>a.mov</name><pathurl>a.mov</pathurl>" +
+                                          std::string(kRate25) + "<media><video/></media></file>");
+    for (const char* const input : {"cut.xml", "sub/cut.xml"}) {
+        ImportSequence("<track>" + item + "</track>", "", {}, {.inputPath = input});
+        const ObjectHandle source =
+            FindPath(rootItem_, {"ProjectItem", "MasterClip", "Clip", "Source", "Media"});
+        const std::string folder(FolderOf(input));
+        EXPECT_EQ(source.GetProperty("FilePath"), current + "/" + folder + "a.mov");
+    }
+}
+
+// Tracks have a number, where they have no name; the master is the sequence's.
+TEST_F(TimelineTest, AClampedFaderIsToldByItsTrack)
+{
+    const std::string loud = "<filter><effect><name>Audio Levels</name><effectid>audiolevels"
+                             "</effectid><parameter><parameterid>level</parameterid><valuemin>0"
+                             "</valuemin><valuemax>3.98109</valuemax><value>9</value></parameter>"
+                             "</effect></filter>";
+    ImportSequence("", loud + "<track/><track>" + loud + "</track>");
+    EXPECT_EQ(Issues(), "AudioLevelClamped sequence=\"Cut\" clip=\"audio track 2\" "
+                        "subject=\"Audio Levels\" time=\"00:00:00:00\" track=A2\n"
+                        "AudioLevelClamped sequence=\"Cut\" clip=\"Cut\" "
+                        "subject=\"Audio Levels\" time=\"00:00:00:00\"\n");
+}
+
 using NeighboursTest = XmemlTest;
 
 TEST_F(NeighboursTest, AreExtendedToTheEndsOfTheTransition)
@@ -241,11 +315,12 @@ TEST_F(NeighboursTest, AreExtendedToTheEndsOfTheTransition)
     ExtendNeighbour(context, items, after, -10 * kPalFrameTicks, "Wipe");
     ExtendNeighbour(context, items, after, 0, "Wipe");
     EXPECT_EQ(ItemText(before), "A 0-100 [5-105]");
-    EXPECT_EQ(ItemText(after), "A 90-200 [0-107]"); // the source starts at 0
-    EXPECT_EQ(items.rbegin()->first.first, 90 * kPalFrameTicks);
+    // There are seven frames before it: no more are shown, so that each stays where it was.
+    EXPECT_EQ(ItemText(after), "A 93-200 [0-107]");
+    EXPECT_EQ(items.rbegin()->first.first, 93 * kPalFrameTicks);
     EXPECT_EQ(IssueText(issues_, Direction::Import),
               "StartOfClipExtended sequence=\"Cut\" clip=\"A\" subject=\"Wipe\" "
-              "time=\"00:00:03:15\" track=V1\n"
+              "time=\"00:00:03:18\" track=V1\n"
               "EndOfClipExtended sequence=\"Cut\" clip=\"A\" subject=\"Wipe\" "
               "time=\"00:00:04:00\" track=V1\n");
 }

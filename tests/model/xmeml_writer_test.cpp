@@ -432,6 +432,9 @@ TEST(XmemlWriter, NestingEndsWhereReadersStop)
     for (std::size_t i = text.find("<bin>"); i != text.npos; i = text.find("<bin>", i + 1))
         ++bins;
     EXPECT_EQ(bins, (kMaxNesting - 1) / 2u);
+    Document back;
+    ObjectHandle root;
+    EXPECT_EQ(ParseFCPXML(text, back, root), kReadDone);
     EXPECT_EQ(text.substr(text.size() - 9), "</xmeml>\n");
 }
 
