@@ -1,24 +1,11 @@
 #include "frame/operation.h"
 #include "model/writer.h"
+#include "platform/write_signals.h"
 
-#include <csignal>
 #include <new>
 #include <system_error>
 
 namespace XPJ {
-
-namespace {
-
-// A worker that writes to a closed pipe shall see a failed write, not end the host's process.
-void BlockPipeSignal()
-{
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGPIPE);
-    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-}
-
-} // namespace
 
 bool Operation::Start()
 {
@@ -42,7 +29,7 @@ void Operation::Join()
 
 void Operation::Work()
 {
-    BlockPipeSignal();
+    BlockWriteSignals(); // also for the host's stream functions
     stages_.Clear();
     Publish();
 
@@ -120,6 +107,12 @@ std::string Operation::GetReportPath()
 {
     const std::lock_guard guard(lock_);
     return findings_.reportPath;
+}
+
+bool Operation::LacksSequence()
+{
+    const std::lock_guard guard(lock_);
+    return findings_.lacksSequence;
 }
 
 unsigned Operation::BeginStage(unsigned steps, unsigned total)

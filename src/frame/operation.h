@@ -23,9 +23,10 @@ namespace XPJ {
 // What a conversion has to tell besides its result.
 struct Findings {
     IssueSet issues;
-    LeftOutList leftOut;    // an import's
-    ReadStop stop;          // where reading the input stopped early
-    std::string reportPath; // empty: no report was written
+    LeftOutList leftOut;        // an import's
+    ReadStop stop;              // where reading the input stopped early
+    std::string reportPath;     // empty: no report was written
+    bool lacksSequence = false; // an export's: the project doesn't hold the sequence asked for
 };
 
 // Created, started once, polled, destroyed by its caller. The Progress slots are the worker's; all
@@ -49,6 +50,7 @@ public:
     LeftOutList GetLeftOut();
     ReadStop GetReadStop();
     std::string GetReportPath();
+    bool LacksSequence();
 
     bool IsCancelled() override { return cancelRequested_; }
     unsigned BeginStage(unsigned steps, unsigned total) override;
