@@ -13,7 +13,7 @@ namespace XPJ {
 // What an import run is told.
 struct ImportJob {
     std::string inputPath;
-    // The document holds the import option of the audio hand-off; nothing: its head says so or not.
+    // A hand-off of the audio editor; nothing: if the document's head says so.
     std::optional<bool> sn2vlMode = false;
     bool aafSupport = false;
     bool listsReport = true; // the project's main bin shows the report

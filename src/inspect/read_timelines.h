@@ -12,8 +12,8 @@ namespace XPJ::Inspection {
 
 // The model of a tree that was read, or that a translation made in the reader's form: `root` is an
 // `xmeml` or a `VelaData` node. Relative paths of media count from `folder`, which has its last
-// separator. `isHandOff`: the document holds the import option of the audio hand-off. Takes any
-// tree: what leads nowhere, or back to itself, is left out.
+// separator. `isHandOff`: the audio editor wrote it, as its head says. Takes any tree: what leads
+// nowhere, or back to itself, is left out.
 //
 // Edges that an XML document leaves to its transitions are written into its tree: to be called once
 // for a tree, and not before an import of it.

@@ -8,7 +8,7 @@ namespace XPJ {
 
 struct FileKind {
     bool isFCPXML = false;
-    bool sn2vlMode = false; // holds the import option of the audio hand-off
+    bool sn2vlMode = false; // states the option with which the audio editor hands off
 };
 
 // Looks at no more than the first 1000 bytes, without regard to case: a long comment in front of

@@ -176,13 +176,13 @@ TEST_F(Console, ASequenceThatIsNotThereIsAnError)
 TEST_F(Console, BadBytesAreFindingsInBothDirections)
 {
     std::string xml = kSmallXML;
-    xml.replace(xml.find("Pilot"), 5, "Pil\xF4t");
+    xml.replace(xml.find("Rushes"), 6, "R\xF4shes");
     const FileConversion import = ImportFile({folder_.Write("a.xml", xml), folder_ / "a"});
     EXPECT_EQ(
         IssueReportText(import.issues, Direction::Import),
         "Translation issue:\r\n\tBytes that mean nothing in the encoding UTF-8 were replaced, "
-        "at line 3, column 38.\r\n");
-    EXPECT_NE(TempFolder::Read(folder_ / "a").find("Pil\xEF\xBF\xBDt"), std::string::npos);
+        "at line 3, column 69.\r\n");
+    EXPECT_NE(TempFolder::Read(folder_ / "a").find("R\xEF\xBF\xBDshes"), std::string::npos);
 
     std::string project = "<?xml version=\"1.0\" encoding=\"Enigma\"?>";
     project.append(kSmallProject).append("\n\xF4 \xF4 \xF4");
