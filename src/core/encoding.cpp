@@ -65,7 +65,10 @@ public:
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
 
-    bool IsOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+    bool IsOpen() const
+    {
+        return handle_ != reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr): POSIX
+    }
 
     enum class Stop { End, Full, Bad };
     // Converts from the start of `in`, and takes away what it has used.
