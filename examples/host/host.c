@@ -95,7 +95,7 @@ static const BasicSuiteSource suiteSource = {GetBasicSuite};
 /* ---- Text ------------------------------------------------------------------------------------ */
 
 /* UTF-8 to zero-terminated UTF-16, in any locale; false if it doesn't fit or isn't well-formed. */
-static bool ToUTF16(const char* text, char16_t* units, size_t capacity)
+static bool ToUTF16(const char* text, VelaChar16* units, size_t capacity)
 {
     const unsigned char* byte = (const unsigned char*)text;
     size_t count = 0;
@@ -111,17 +111,17 @@ static bool ToUTF16(const char* text, char16_t* units, size_t capacity)
         if (count + 3 > capacity)
             return false;
         if (point >= 0x10000) {
-            units[count++] = (char16_t)(0xD7C0 + (point >> 10));
-            units[count++] = (char16_t)(0xDC00 + (point & 0x3FF));
+            units[count++] = (VelaChar16)(0xD7C0 + (point >> 10));
+            units[count++] = (VelaChar16)(0xDC00 + (point & 0x3FF));
         } else {
-            units[count++] = (char16_t)point;
+            units[count++] = (VelaChar16)point;
         }
     }
     units[count] = 0;
     return true;
 }
 
-static void PrintField(const char* label, const char16_t* units)
+static void PrintField(const char* label, const VelaChar16* units)
 {
     printf("  %s: ", label);
     for (; *units; ++units)
@@ -175,7 +175,7 @@ static void PrintTypes(const VelaFileTypeTable* table)
 static int32_t Convert(const Converter* converter, const Options* options, int32_t selector,
                        const char* xmlPath, FILE* project, const char* sequenceGuid)
 {
-    char16_t path[kMaxPathUnits];
+    VelaChar16 path[kMaxPathUnits];
     if (!ToUTF16(xmlPath, path, kMaxPathUnits))
         return kVelaConversionFailed;
 

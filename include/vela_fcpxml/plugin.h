@@ -1,23 +1,26 @@
 /* What a host calls, and what it hands over, to convert between Final Cut Pro XML documents
  * (`xmeml`, versions 1 to 5) and Vela project documents.
  *
- * Plain C11 and C++11; records have the natural alignment of 64-bit platforms. The library exports
- * the three functions at the end of this file and nothing else. All calls come on one thread, one
- * at a time; the two stream functions of the host's suite are called on a worker thread while the
- * calling thread waits. docs/hosting.md tells the whole story.
+ * Plain C99 and C++11, and all later ones; records have the natural alignment of 64-bit platforms.
+ * The library exports the three functions at the end of this file and nothing else. All calls come
+ * on one thread, one at a time; the two stream functions of the host's suite are called on a worker
+ * thread while the calling thread waits. docs/hosting.md tells the whole story.
  */
 #ifndef VELA_FCPXML_PLUGIN_H
 #define VELA_FCPXML_PLUGIN_H
 
-#include <assert.h>
 #include <stddef.h>
 #include <stdint.h>
-#ifndef __cplusplus
-#include <uchar.h>
-#endif
 
 #ifdef __cplusplus
 extern "C" {
+#endif
+
+/* A unit of UTF-16. In C it is the type that <uchar.h>, where there is one, calls char16_t. */
+#ifdef __cplusplus
+typedef char16_t VelaChar16;
+#else
+typedef uint_least16_t VelaChar16;
 #endif
 
 /* Selectors of the entry functions. Any other selector gives kVelaUnknownSelector. */
@@ -49,9 +52,9 @@ enum {
 typedef struct FileTypeRecord {
     uint8_t canImport; /* 1: can be read by kVelaSelectorImport */
     uint8_t canExport; /* 1: can be written by kVelaSelectorExport */
-    char16_t filterName[30];
-    char16_t extension[30]; /* wildcard, "*.xml" */
-    char16_t description[30];
+    VelaChar16 filterName[30];
+    VelaChar16 extension[30]; /* wildcard, "*.xml" */
+    VelaChar16 description[30];
 } FileTypeRecord;
 
 /* Record of kVelaSelectorStartUp; the host clears it first. Two records are filled; of the third,
@@ -86,10 +89,10 @@ typedef struct VelaProjectConverterSuite {
 
 /* Record of kVelaSelectorImport and kVelaSelectorExport. The host owns it and all it points to. */
 typedef struct ConverterContext {
-    void* streamHandle;   /* handed back to the stream functions, else never looked at */
-    const char16_t* path; /* zero-terminated: the XML file to read, or to create */
-    void* buffer;         /* transfer buffer of the stream functions */
-    uint32_t bufferSize;  /* in bytes, at least 1 */
+    void* streamHandle;     /* handed back to the stream functions, else never looked at */
+    const VelaChar16* path; /* zero-terminated: the XML file to read, or to create */
+    void* buffer;           /* transfer buffer of the stream functions */
+    uint32_t bufferSize;    /* in bytes, at least 1 */
     uint32_t reserved0;
     const BasicSuiteSource* basicSuiteSource;
     uint8_t reserved1[14];
@@ -99,33 +102,42 @@ typedef struct ConverterContext {
     uint8_t reserved2[5];
 } ConverterContext;
 
-static_assert(sizeof(FileTypeRecord) == 182, "FileTypeRecord");
-static_assert(offsetof(FileTypeRecord, canImport) == 0, "FileTypeRecord");
-static_assert(offsetof(FileTypeRecord, canExport) == 1, "FileTypeRecord");
-static_assert(offsetof(FileTypeRecord, filterName) == 2, "FileTypeRecord");
-static_assert(offsetof(FileTypeRecord, extension) == 62, "FileTypeRecord");
-static_assert(offsetof(FileTypeRecord, description) == 122, "FileTypeRecord");
-static_assert(sizeof(VelaFileTypeTable) == 546, "VelaFileTypeTable");
-static_assert(sizeof(HSBasicSuite) == 16, "HSBasicSuite");
-static_assert(offsetof(HSBasicSuite, AcquireSuite) == 0, "HSBasicSuite");
-static_assert(offsetof(HSBasicSuite, ReleaseSuite) == 8, "HSBasicSuite");
-static_assert(sizeof(BasicSuiteSource) == 8, "BasicSuiteSource");
-static_assert(sizeof(VelaProjectConverterSuite) == 16, "VelaProjectConverterSuite");
-static_assert(offsetof(VelaProjectConverterSuite, WriteProjectData) == 0,
-              "VelaProjectConverterSuite");
-static_assert(offsetof(VelaProjectConverterSuite, ReadProjectData) == 8,
-              "VelaProjectConverterSuite");
-static_assert(sizeof(ConverterContext) == 96, "ConverterContext");
-static_assert(offsetof(ConverterContext, streamHandle) == 0, "ConverterContext");
-static_assert(offsetof(ConverterContext, path) == 8, "ConverterContext");
-static_assert(offsetof(ConverterContext, buffer) == 16, "ConverterContext");
-static_assert(offsetof(ConverterContext, bufferSize) == 24, "ConverterContext");
-static_assert(offsetof(ConverterContext, reserved0) == 28, "ConverterContext");
-static_assert(offsetof(ConverterContext, basicSuiteSource) == 32, "ConverterContext");
-static_assert(offsetof(ConverterContext, reserved1) == 40, "ConverterContext");
-static_assert(offsetof(ConverterContext, showUI) == 54, "ConverterContext");
-static_assert(offsetof(ConverterContext, sequenceGuid) == 55, "ConverterContext");
-static_assert(offsetof(ConverterContext, reserved2) == 91, "ConverterContext");
+/* The layout, checked when this is compiled. */
+#if defined(__cplusplus)
+#define VELA_FCPXML_CHECK(condition) static_assert(condition, #condition)
+#elif defined(__STDC_VERSION__) && __STDC_VERSION__ >= 201112L
+#define VELA_FCPXML_CHECK(condition) _Static_assert(condition, #condition)
+#else /* a parameter's array of negative size is an error */
+#define VELA_FCPXML_CHECK(condition) extern void VelaLayoutCheck(char check[(condition) ? 1 : -1])
+#endif
+
+VELA_FCPXML_CHECK(sizeof(FileTypeRecord) == 182);
+VELA_FCPXML_CHECK(offsetof(FileTypeRecord, canImport) == 0);
+VELA_FCPXML_CHECK(offsetof(FileTypeRecord, canExport) == 1);
+VELA_FCPXML_CHECK(offsetof(FileTypeRecord, filterName) == 2);
+VELA_FCPXML_CHECK(offsetof(FileTypeRecord, extension) == 62);
+VELA_FCPXML_CHECK(offsetof(FileTypeRecord, description) == 122);
+VELA_FCPXML_CHECK(sizeof(VelaFileTypeTable) == 546);
+VELA_FCPXML_CHECK(sizeof(HSBasicSuite) == 16);
+VELA_FCPXML_CHECK(offsetof(HSBasicSuite, AcquireSuite) == 0);
+VELA_FCPXML_CHECK(offsetof(HSBasicSuite, ReleaseSuite) == 8);
+VELA_FCPXML_CHECK(sizeof(BasicSuiteSource) == 8);
+VELA_FCPXML_CHECK(sizeof(VelaProjectConverterSuite) == 16);
+VELA_FCPXML_CHECK(offsetof(VelaProjectConverterSuite, WriteProjectData) == 0);
+VELA_FCPXML_CHECK(offsetof(VelaProjectConverterSuite, ReadProjectData) == 8);
+VELA_FCPXML_CHECK(sizeof(ConverterContext) == 96);
+VELA_FCPXML_CHECK(offsetof(ConverterContext, streamHandle) == 0);
+VELA_FCPXML_CHECK(offsetof(ConverterContext, path) == 8);
+VELA_FCPXML_CHECK(offsetof(ConverterContext, buffer) == 16);
+VELA_FCPXML_CHECK(offsetof(ConverterContext, bufferSize) == 24);
+VELA_FCPXML_CHECK(offsetof(ConverterContext, reserved0) == 28);
+VELA_FCPXML_CHECK(offsetof(ConverterContext, basicSuiteSource) == 32);
+VELA_FCPXML_CHECK(offsetof(ConverterContext, reserved1) == 40);
+VELA_FCPXML_CHECK(offsetof(ConverterContext, showUI) == 54);
+VELA_FCPXML_CHECK(offsetof(ConverterContext, sequenceGuid) == 55);
+VELA_FCPXML_CHECK(offsetof(ConverterContext, reserved2) == 91);
+
+#undef VELA_FCPXML_CHECK
 
 #if defined(__GNUC__)
 #define VELA_FCPXML_EXPORT __attribute__((visibility("default")))

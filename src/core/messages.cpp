@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <iterator>
+#include <span>
 
 namespace XPJ {
 
@@ -72,12 +73,29 @@ constexpr std::string_view kMessages[] = {
 
 static_assert(std::size(kMessages) == kMessageCount);
 
+constexpr int kFirstOwnMessage = static_cast<int>(Message::kInvalidBytes);
+
+constexpr std::string_view kOwnMessages[] = {
+    // clang-format off
+    "$$$/Vela/FCP/InvalidBytes=Bytes that mean nothing in the encoding $1 were replaced, at $2.",
+    "$$$/Vela/FCP/UnknownEncoding=Encoding ($1) is not one we recognize, the document was read as UTF-8.",
+    // clang-format on
+};
+
+std::string_view At(std::span<const std::string_view> table, int number)
+{
+    return number >= 0 && static_cast<std::size_t>(number) < table.size()
+               ? table[static_cast<std::size_t>(number)]
+               : std::string_view();
+}
+
 } // namespace
 
 std::string_view MessageKey(Message message) noexcept
 {
     const int number = static_cast<int>(message);
-    return number >= 0 && number < kMessageCount ? kMessages[number] : std::string_view();
+    return number < kFirstOwnMessage ? At(kMessages, number)
+                                     : At(kOwnMessages, number - kFirstOwnMessage);
 }
 
 std::string_view DefaultText(std::string_view key) noexcept

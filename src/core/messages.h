@@ -67,9 +67,13 @@ enum class Message : int {
     kCannotCreateFile,
     kCannotCreateFileTitle,
     kInvalidStartEnd,
+
+    // Words that the host's table doesn't have.
+    kInvalidBytes = 1000,
+    kUnknownEncoding,
 };
 
-constexpr int kMessageCount = 56;
+constexpr int kMessageCount = 56; // of the host's table
 
 // The whole key string of a message, the empty string for a number out of range.
 std::string_view MessageKey(Message message) noexcept;

@@ -29,6 +29,8 @@ enum class ImportIssue : int {
     InvalidInPoint = 18,
     MissingLookLUT = 19,
     InvalidStartEnd = 20,
+    InvalidBytes = 21,
+    UnknownEncoding = 22,
 };
 
 // Kinds of the export.
@@ -43,6 +45,8 @@ enum class ExportIssue : int {
     MergedClipExportedAsSequence = 8,
     MulticamExportNotSupported = 9,
     EffectNotTranslatedHeadless = 10,
+    InvalidBytes = 11,
+    UnknownEncoding = 12,
 };
 
 // A name with the word that the host's record carries before it.
@@ -63,7 +67,9 @@ struct TranslationIssue {
     IssueName subject; // effect, transition or generator
     int trackKind = 0; // 1 video, anything else audio; 3 where there is no track
     int trackIndex = 0;
-    std::string time; // timecode of the place; the version's text for version findings
+    // Timecode of the place; for findings about the document the version's text, or line and
+    // column.
+    std::string time;
 };
 
 // The report's order. `kind` is no part of it: two findings that differ in kind alone are one, and

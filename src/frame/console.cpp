@@ -5,10 +5,14 @@
 #include "frame/export_operation.h"
 #include "frame/report.h"
 #include "frame/stream_buffers.h"
+#include "platform/atomic_file.h"
 
-#include <fstream>
+#include <atomic>
+#include <cerrno>
+#include <istream>
 #include <iterator>
 #include <ostream>
+#include <thread>
 
 namespace XPJ {
 
@@ -34,9 +38,14 @@ static_assert(std::size(kResultLines) == kUnexpectedError + 1);
 // An output file and the stream on it.
 class OutputFile {
 public:
-    explicit OutputFile(const std::string& path) : file_(path), buffer_(file_.File()) {}
+    OutputFile(const std::string& path, StopCheck wantsStop)
+        : file_(path, std::move(wantsStop)), buffer_(file_.File())
+    {
+    }
     std::ostream& Stream() { return stream_; }
     bool Commit() { return file_.Commit(); }
+    bool WasStopped() { return file_.File().Error() == ECANCELED; }
+    std::string Reason() const { return file_.Reason(); }
 
 private:
     AtomicFile file_;
@@ -44,13 +53,36 @@ private:
     std::ostream stream_{&buffer_};
 };
 
+// The watcher's wish to stop. He is asked on his own thread alone; a worker sees what he said last.
+class StopWish {
+public:
+    explicit StopWish(const ProgressWatch& watch) : watch_(watch) {}
+    bool Ask()
+    {
+        if (!isWished_ && watch_.wantsStop && watch_.wantsStop())
+            isWished_ = true;
+        return isWished_;
+    }
+    // For files, whichever thread uses them.
+    StopCheck Check()
+    {
+        return [this, watcher = std::this_thread::get_id()] {
+            return std::this_thread::get_id() == watcher ? Ask() : isWished_.load();
+        };
+    }
+
+private:
+    const ProgressWatch& watch_;
+    std::atomic<bool> isWished_ = false;
+};
+
 // False when the operation could not be started.
-bool RunToEnd(Operation& operation, const ProgressWatch& watch)
+bool RunToEnd(Operation& operation, const ProgressWatch& watch, StopWish& stop)
 {
     if (!operation.Start())
         return false;
     for (int look = 1; !operation.WaitFor(kLookInterval); ++look) {
-        if (watch.wantsStop && watch.wantsStop())
+        if (stop.Ask())
             operation.Cancel();
         if (watch.show && look % kLooksPerShow == 0)
             watch.show(operation.GetProgress());
@@ -66,10 +98,21 @@ FileConversion Outcome(Operation& operation, OutputFile& output)
     outcome.leftOut = operation.GetLeftOut();
     outcome.stop = operation.GetReadStop();
     outcome.reportPath = operation.GetReportPath();
-    if (outcome.result == kSuccess && !output.Commit()) {
+    outcome.lacksSequence = operation.LacksSequence();
+    if (output.WasStopped()) {
+        outcome.result = kAborted;
+    } else if (outcome.result == kSuccess && !output.Commit()) {
         outcome.outputLost = true;
+        outcome.lossReason = output.Reason();
         outcome.result = kUnexpectedError;
     }
+    return outcome;
+}
+
+FileConversion EndedWith(int result)
+{
+    FileConversion outcome;
+    outcome.result = result;
     return outcome;
 }
 
@@ -106,27 +149,46 @@ int ConvertProjectFile(const ConsoleArguments& arguments, std::ostream& out)
 
 FileConversion ImportFile(const ImportFileJob& job, const ProgressWatch& watch)
 {
-    OutputFile output(job.outputPath);
-    ConversionOperation operation(job.inputPath, output.Stream(), job.sn2vlMode, job.aafSupport);
-    if (!RunToEnd(operation, watch))
-        return {};
+    StopWish stop(watch);
+    OutputFile output(job.outputPath, stop.Check());
+    if (output.WasStopped())
+        return EndedWith(kAborted);
+    ConversionOperation operation(
+        {job.inputPath, job.sn2vlMode, job.aafSupport, job.listsReport, job.reportNames},
+        output.Stream());
+    if (!RunToEnd(operation, watch, stop))
+        return EndedWith(kUnexpectedError);
     return Outcome(operation, output);
 }
 
 FileConversion ExportFile(const ExportFileJob& job, const ProgressWatch& watch)
 {
-    std::ifstream input(job.inputPath, std::ios::binary);
-    OutputFile output(job.outputPath);
-    VelaToFCPXOperation operation(
-        input,
-        {job.projectTitle, job.outputPath, job.vl2snMode, job.sequenceGuid, job.reportFolder},
-        output.Stream());
-    if (!RunToEnd(operation, watch))
-        return {};
-    if (input.bad()) {
+    StopWish stop(watch);
+    OutputFile output(job.outputPath, stop.Check());
+    if (output.WasStopped())
+        return EndedWith(kAborted);
+    CoreFile file;
+    file.StopWhen(stop.Check());
+    FileReaderBuf buffer(file);
+    std::istream input(&buffer);
+    if (!file.Open(job.inputPath, false))
+        input.setstate(std::ios::failbit);
+    VelaToFCPXOperation operation(input,
+                                  {.projectTitle = job.projectTitle,
+                                   .outputPath = job.outputPath,
+                                   .vl2snMode = job.vl2snMode,
+                                   .sequenceGuid = job.sequenceGuid,
+                                   .reportFolder = job.reportFolder,
+                                   .needsSequence = job.sequenceGuid != kZeroGuid,
+                                   .reportNames = job.reportNames},
+                                  output.Stream());
+    if (!RunToEnd(operation, watch, stop))
+        return EndedWith(kUnexpectedError);
+    if (file.Error() != 0) {
         // What could be read may look whole, but isn't.
-        FileConversion outcome;
-        outcome.result = kInputCouldNotBeOpened;
+        FileConversion outcome =
+            EndedWith(file.Error() == ECANCELED ? kAborted : kInputCouldNotBeOpened);
+        outcome.stop.reason = ErrorText(file.Error());
         return outcome;
     }
     return Outcome(operation, output);

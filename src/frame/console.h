@@ -4,10 +4,12 @@
 #include "core/conversion_result.h"
 #include "core/guid.h"
 #include "core/translation_issue.h"
+#include "frame/report.h"
 #include "model/reader.h"
 
 #include <functional>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,9 +21,11 @@ struct FileConversion {
     int result = kUnexpectedError;
     IssueSet issues;
     LeftOutList leftOut;
-    ReadStop stop;           // where reading the input stopped early
-    std::string reportPath;  // empty: no report was written
-    bool outputLost = false; // the output could not be created, or not all of it be kept
+    ReadStop stop;              // where reading the input stopped early
+    std::string reportPath;     // empty: no report was written
+    bool lacksSequence = false; // the project doesn't hold the sequence asked for
+    bool outputLost = false;    // the output could not be created, or not all of it be kept
+    std::string lossReason;     // of that, in the system's words
 };
 
 // Who watches a conversion; either may be empty.
@@ -33,8 +37,11 @@ struct ProgressWatch {
 struct ImportFileJob {
     std::string inputPath;
     std::string outputPath;
-    bool sn2vlMode = false;
+    // The audio hand-off; nothing: where the document's head says so.
+    std::optional<bool> sn2vlMode = false;
     bool aafSupport = false;
+    bool listsReport = true; // the project's main bin shows the report
+    NameForm reportNames = NameForm::AsInDocument;
 };
 
 // An output that can't be created doesn't stop the conversion: its findings are of use all the
@@ -48,7 +55,10 @@ struct ExportFileJob {
     bool vl2snMode = false;
     Guid sequenceGuid = kZeroGuid;
     std::string reportFolder{}; // with its last separator; empty: beside the output
+    NameForm reportNames = NameForm::AsInDocument;
 };
+
+// A sequence asked for that the project doesn't hold is kNoFCPDataFound.
 
 FileConversion ExportFile(const ExportFileJob& job, const ProgressWatch& watch = {});
 

@@ -1,16 +1,14 @@
 #include "frame/conversion_operation.h"
+#include "frame/encoding_issues.h"
 #include "frame/release.h"
-#include "frame/report.h"
 #include "import/import_driver.h"
 #include "model/reader.h"
 #include "model/writer.h"
 
 namespace XPJ {
 
-ConversionOperation::ConversionOperation(std::string inputPath, std::ostream& output,
-                                         bool sn2vlMode, bool aafSupport)
-    : inputPath_(std::move(inputPath)), output_(output), sn2vlMode_(sn2vlMode),
-      aafSupport_(aafSupport)
+ConversionOperation::ConversionOperation(ImportJob job, std::ostream& output)
+    : job_(std::move(job)), output_(output)
 {
 }
 
@@ -26,11 +24,16 @@ int ConversionOperation::Convert(Findings& findings)
     Document translation;
     ObjectHandle xmeml;
     ObjectHandle project;
-    const ImportOptions options{inputPath_, sn2vlMode_, aafSupport_};
+    ImportOptions options{job_.inputPath, job_.sn2vlMode.value_or(false), job_.aafSupport};
 
     StageScope road(*this, 1, 8);
     int result = RunStep(road, 2, [&] {
-        return ResultOfRead(ReadFCPXML(inputPath_, *this, source, xmeml, &findings.stop));
+        ReadNotes notes;
+        const int read = ReadFCPXML(job_.inputPath, *this, source, xmeml, &notes);
+        options.sn2vlMode = job_.sn2vlMode.value_or(notes.kind.sn2vlMode);
+        AddEncodingIssues(notes.encoding, Direction::Import, findings.issues);
+        findings.stop = std::move(notes.stop);
+        return ResultOfRead(read);
     });
     if (result == kSuccess)
         result = RunStep(road, 2, [&] {
@@ -39,8 +42,9 @@ int ConversionOperation::Convert(Findings& findings)
         });
     if (result == kSuccess)
         result = RunStep(road, 2, [&] {
-            findings.reportPath = Report(findings.issues, project);
-            return ResultOfWrite(WriteProjectDocument(project, *this, output_, sn2vlMode_));
+            if (!options.sn2vlMode)
+                findings.reportPath = Report(findings.issues, project);
+            return ResultOfWrite(WriteProjectDocument(project, *this, output_, options.sn2vlMode));
         });
     if (result == kSuccess)
         result = RunStep(road, 1, [&] { return ReleaseTree(project, *this); });
@@ -51,13 +55,13 @@ int ConversionOperation::Convert(Findings& findings)
 
 std::string ConversionOperation::Report(const IssueSet& issues, ObjectHandle project) const
 {
-    if (issues.empty() || sn2vlMode_)
+    if (issues.empty())
         return {};
     const std::string folder = GetPlatform().DocumentsFolder();
     if (folder.empty())
         return {};
-    std::string path = WriteReport(folder, issues, Direction::Import);
-    if (!path.empty())
+    std::string path = WriteReport(folder, issues, Direction::Import, job_.reportNames);
+    if (!path.empty() && job_.listsReport)
         AddReportItem(project, path);
     return path;
 }

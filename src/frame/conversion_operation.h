@@ -2,29 +2,36 @@
 #pragma once
 
 #include "frame/operation.h"
+#include "frame/report.h"
 
 #include <iosfwd>
+#include <optional>
 #include <string>
 
 namespace XPJ {
 
+// What an import run is told.
+struct ImportJob {
+    std::string inputPath;
+    // A hand-off of the audio editor; nothing: if the document's head says so.
+    std::optional<bool> sn2vlMode = false;
+    bool aafSupport = false;
+    bool listsReport = true; // the project's main bin shows the report
+    NameForm reportNames = NameForm::AsInDocument;
+};
+
 class ConversionOperation final : public Operation {
 public:
     // `output` must outlive the operation.
-    ConversionOperation(std::string inputPath, std::ostream& output, bool sn2vlMode,
-                        bool aafSupport);
+    ConversionOperation(ImportJob job, std::ostream& output);
     ~ConversionOperation() override;
-
-    const std::string& InputPath() const { return inputPath_; }
 
 private:
     int Convert(Findings& findings) override;
     std::string Report(const IssueSet& issues, ObjectHandle project) const;
 
-    std::string inputPath_;
+    ImportJob job_;
     std::ostream& output_;
-    bool sn2vlMode_; // the document holds the import option of the audio hand-off
-    bool aafSupport_;
 };
 
 using FCPXReadOperation = OwnedOperation<ConversionOperation>;

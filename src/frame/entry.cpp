@@ -2,9 +2,11 @@
 #include "core/text.h"
 #include "frame/conversion_operation.h"
 #include "frame/export_operation.h"
-#include "frame/sniff.h"
+#include "frame/export_target.h"
 #include "frame/stream_buffers.h"
 #include "frame/user_messages.h"
+#include "model/sniff.h"
+#include "platform/atomic_file.h"
 
 #include <istream>
 #include <memory>
@@ -146,8 +148,8 @@ std::int32_t Import(ConverterContext& context, bool supportsAAF)
 
     SuiteWriterBuf buffer(context, suite.Functions());
     std::ostream output(&buffer);
-    FCPXReadOperation operation(
-        std::make_unique<ConversionOperation>(path, output, kind.sn2vlMode, supportsAAF));
+    FCPXReadOperation operation(std::make_unique<ConversionOperation>(
+        ImportJob{path, kind.sn2vlMode, supportsAAF}, output));
     RunToEnd(operation, kImportInterval);
 
     const std::int32_t result = HostResult(buffer.Status(), operation.Get().GetResult());

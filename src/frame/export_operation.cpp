@@ -1,8 +1,8 @@
 #include "frame/export_operation.h"
 #include "core/paths.h"
 #include "export/export_driver.h"
+#include "frame/encoding_issues.h"
 #include "frame/release.h"
-#include "frame/report.h"
 #include "model/reader.h"
 #include "model/writer.h"
 #include "platform/platform.h"
@@ -32,12 +32,20 @@ int VelaToFCPXOperation::Convert(Findings& findings)
 
     StageScope road(*this, 1, 8);
     int result = RunStep(road, 2, [&] {
-        return ResultOfRead(ReadProjectDocument(input_, source, velaData, &findings.stop));
+        ReadNotes notes;
+        const int read = ReadProjectDocument(input_, source, velaData, &notes);
+        AddEncodingIssues(notes.encoding, Direction::Export, findings.issues);
+        findings.stop = std::move(notes.stop);
+        return ResultOfRead(read);
     });
     if (result == kSuccess)
         result = RunStep(road, 2, [&] {
-            return RVX::TranslateProjectDocument(velaData, options, *this, translation,
-                                                 findings.issues, xmeml, &findings.leftOut);
+            const int translated = RVX::TranslateProjectDocument(
+                velaData, options, *this, translation, findings.issues, xmeml, &findings.leftOut);
+            // The one chosen sequence is all that a project then holds.
+            findings.lacksSequence = translated == kSuccess && job_.needsSequence &&
+                                     !xmeml.GetChild("project").HasChild("children");
+            return findings.lacksSequence ? kNoFCPDataFound : translated;
         });
     if (result == kSuccess)
         result = RunStep(road, 2, [&] {
@@ -57,7 +65,7 @@ std::string VelaToFCPXOperation::Report(const IssueSet& issues) const
         return {};
     const std::string folder =
         job_.reportFolder.empty() ? std::string(FolderOf(job_.outputPath)) : job_.reportFolder;
-    return WriteReport(folder, issues, Direction::Export);
+    return WriteReport(folder, issues, Direction::Export, job_.reportNames);
 }
 
 } // namespace XPJ

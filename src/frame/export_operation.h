@@ -3,6 +3,7 @@
 
 #include "core/guid.h"
 #include "frame/operation.h"
+#include "frame/report.h"
 
 #include <iosfwd>
 #include <string>
@@ -16,6 +17,8 @@ struct ExportJob {
     bool vl2snMode = false;        // the audio hand-off form
     Guid sequenceGuid = kZeroGuid; // zero: the whole project
     std::string reportFolder{};    // with its last separator; empty: beside the output
+    bool needsSequence = false;    // a sequence that isn't there ends the run
+    NameForm reportNames = NameForm::AsInDocument;
 };
 
 class VelaToFCPXOperation final : public Operation {

@@ -1,25 +1,12 @@
 #include "frame/operation.h"
 #include "core/ticks.h"
 #include "model/writer.h"
+#include "platform/write_signals.h"
 
-#include <csignal>
 #include <new>
 #include <system_error>
 
 namespace XPJ {
-
-namespace {
-
-// A worker that writes to a closed pipe shall see a failed write, not end the host's process.
-void BlockPipeSignal()
-{
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGPIPE);
-    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-}
-
-} // namespace
 
 bool Operation::Start()
 {
@@ -43,7 +30,7 @@ void Operation::Join()
 
 void Operation::Work()
 {
-    BlockPipeSignal();
+    BlockWriteSignals(); // also for the host's stream functions
     stages_.Clear();
     Publish();
 
@@ -124,6 +111,12 @@ std::string Operation::GetReportPath()
 {
     const std::lock_guard guard(lock_);
     return findings_.reportPath;
+}
+
+bool Operation::LacksSequence()
+{
+    const std::lock_guard guard(lock_);
+    return findings_.lacksSequence;
 }
 
 unsigned Operation::BeginStage(unsigned steps, unsigned total)

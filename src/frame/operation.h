@@ -26,6 +26,7 @@ struct Findings {
     LeftOutList leftOut;
     ReadStop stop;          // where reading the input stopped early, or what of it can't be used
     std::string reportPath; // empty: no report was written
+    bool lacksSequence = false; // an export's: the project doesn't hold the sequence asked for
 };
 
 // Created, started once, polled, destroyed by its caller. The Progress slots are the worker's; all
@@ -49,6 +50,7 @@ public:
     LeftOutList GetLeftOut();
     ReadStop GetReadStop();
     std::string GetReportPath();
+    bool LacksSequence();
 
     bool IsCancelled() override { return cancelRequested_; }
     unsigned BeginStage(unsigned steps, unsigned total) override;

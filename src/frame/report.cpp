@@ -3,11 +3,12 @@
 #include "core/numbers.h"
 #include "core/paths.h"
 #include "core/text.h"
-#include "platform/files.h"
 #include "platform/platform.h"
 
 #include <array>
+#include <cerrno>
 #include <chrono>
+#include <cstdio>
 #include <ctime>
 #include <span>
 
@@ -18,7 +19,6 @@ namespace XPJ {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
-constexpr int kMaxNumberedNames = 99;
 
 enum class Argument { None, Sequence, Clip, Subject, Time };
 
@@ -58,9 +58,11 @@ constexpr IssueRow kImportIssues[] = {
     {Message::kInvalidInPoint, Argument::None, Argument::None, Line::Indented},
     {Message::kMissingLookLUT, Argument::Clip, Argument::None, Line::Indented},
     {Message::kInvalidStartEnd, Argument::Clip, Argument::None, Line::Plain},
+    {Message::kInvalidBytes, Argument::Subject, Argument::Time, Line::Indented},
+    {Message::kUnknownEncoding, Argument::Subject, Argument::None, Line::Indented},
     // clang-format on
 };
-static_assert(std::size(kImportIssues) == static_cast<int>(ImportIssue::InvalidStartEnd));
+static_assert(std::size(kImportIssues) == static_cast<int>(ImportIssue::UnknownEncoding));
 
 constexpr IssueRow kExportIssues[] = {
     // clang-format off
@@ -74,10 +76,11 @@ constexpr IssueRow kExportIssues[] = {
     {Message::kMergedClipExportedAsSequence, Argument::Clip, Argument::None, Line::Indented},
     {Message::kMulticamExportNotSupported, Argument::Clip},
     {Message::kEffectNotTranslated, Argument::Subject, Argument::Clip, Line::Indented},
+    {Message::kInvalidBytes, Argument::Subject, Argument::Time, Line::Indented},
+    {Message::kUnknownEncoding, Argument::Subject, Argument::None, Line::Indented},
     // clang-format on
 };
-static_assert(std::size(kExportIssues) ==
-              static_cast<int>(ExportIssue::EffectNotTranslatedHeadless));
+static_assert(std::size(kExportIssues) == static_cast<int>(ExportIssue::UnknownEncoding));
 
 std::string_view ArgumentText(const TranslationIssue& issue, Argument argument)
 {
@@ -128,6 +131,14 @@ std::string PlaceText(const TranslationIssue& issue)
     return GetMessage(Message::kSequence, {issue.sequence.text, issue.time, TrackText(issue)});
 }
 
+TranslationIssue WithPlainNames(TranslationIssue issue)
+{
+    for (std::string* text :
+         {&issue.sequence.text, &issue.clip.text, &issue.subject.text, &issue.time})
+        *text = UnescapeXML(*text);
+    return issue;
+}
+
 std::string LocalTimeText()
 {
     const std::time_t now = std::chrono::system_clock::to_time_t(GetPlatform().Now());
@@ -143,7 +154,8 @@ std::string LocalTimeText()
 std::string LeftOutText(const LeftOutList& leftOut)
 {
     std::string text;
-    for (const TranslationIssue& record : leftOut) {
+    for (const TranslationIssue& leftOutItem : leftOut) {
+        const TranslationIssue record = WithPlainNames(leftOutItem);
         if (record.clip.text.empty())
             text += fmt::format("Sequence <{}> has no frame rate or format, left out.\n",
                                 record.sequence.text);
@@ -156,16 +168,17 @@ std::string LeftOutText(const LeftOutList& leftOut)
     return text;
 }
 
-std::string IssueReportText(const IssueSet& issues, Direction direction)
+std::string IssueReportText(const IssueSet& issues, Direction direction, NameForm names)
 {
     const std::span<const IssueRow> rows = direction == Direction::Import
                                                ? std::span<const IssueRow>(kImportIssues)
                                                : std::span<const IssueRow>(kExportIssues);
     const std::string heading = GetMessage(Message::kTranslationIssue);
     std::string text;
-    for (const TranslationIssue& issue : issues) {
-        if (issue.kind < 1 || static_cast<std::size_t>(issue.kind) > rows.size())
+    for (const TranslationIssue& found : issues) {
+        if (found.kind < 1 || static_cast<std::size_t>(found.kind) > rows.size())
             continue;
+        const TranslationIssue issue = names == NameForm::Plain ? WithPlainNames(found) : found;
         const IssueRow& row = rows[static_cast<std::size_t>(issue.kind) - 1];
         text.append(heading).append(kLineEnd);
         if (row.line != Line::Plain)
@@ -177,32 +190,34 @@ std::string IssueReportText(const IssueSet& issues, Direction direction)
     return text;
 }
 
-std::string MakeUniqueFileName(const std::string& base, std::string_view extension)
+std::string MakeUniqueFileName(const std::string& base, std::string_view extension, CoreFile& file)
 {
-    const std::string ending = std::string(".").append(extension);
-    std::string name = base + ending;
-    for (int i = 1; FileExists(name); ++i) {
-        if (i > kMaxNumberedNames)
+    for (std::size_t i = 0;; ++i) {
+        std::string name = i == 0 ? fmt::format("{}.{}", base, extension)
+                                  : fmt::format("{} ({}).{}", base, i, extension);
+        if (file.CreateNew(name))
+            return name;
+        if (file.Error() != EEXIST)
             return {};
-        name = fmt::format("{} ({}){}", base, i, ending);
     }
-    return name;
 }
 
-std::string WriteReport(std::string_view folder, const IssueSet& issues, Direction direction)
+std::string WriteReport(std::string_view folder, const IssueSet& issues, Direction direction,
+                        NameForm names)
 {
     std::string base(folder);
     base.append(GetMessage(Message::kTranslationResults)).append(" ").append(LocalTimeText());
-    std::string path = MakeUniqueFileName(base, "txt");
+    CoreFile file;
+    const std::string path = MakeUniqueFileName(base, "txt", file);
     if (path.empty())
         return {};
 
-    const std::string text = IssueReportText(issues, direction);
-    AtomicFile file(path);
+    const std::string text = IssueReportText(issues, direction, names);
     std::size_t written = 0;
-    if (!file.File().Write(text.data(), text.size(), written) || !file.Commit())
-        return {};
-    return path;
+    if (file.Write(text.data(), text.size(), written) && file.Close())
+        return path;
+    std::remove(path.c_str());
+    return {};
 }
 
 void AddReportItem(ObjectHandle projectDocument, std::string_view reportPath)

@@ -3,28 +3,36 @@
 
 #include "core/translation_issue.h"
 #include "model/object.h"
+#include "platform/files.h"
 
 #include <string>
 #include <string_view>
 
 namespace XPJ {
 
-// Two lines for each finding, in set order, ending in CR LF. Names stand as in the tree, with their
-// entities.
+// How names stand in a report: as in the documents, with their entities ("A &amp; B"), as hosts
+// expect it, or as people read them.
+enum class NameForm { AsInDocument, Plain };
+
+// Two lines for each finding, in set order, ending in CR LF.
 //   Translation issue:
 //   <tab>Sequence <Cut 1> at 01:00:00:00, video track 1: Effect <Sepia> on Clip <A> not translated.
-std::string IssueReportText(const IssueSet& issues, Direction direction);
+std::string IssueReportText(const IssueSet& issues, Direction direction,
+                            NameForm names = NameForm::AsInDocument);
 
-// A line for each, in words.
+// A line for each, in words for people.
 //   Sequence <Cut 1> at 01:00:00:00, video track 1: Clip <A> has no media, left out.
 std::string LeftOutText(const LeftOutList& leftOut);
 
-// The first of "base.txt", "base (1).txt" to "base (99).txt" that is free; empty if none is.
-std::string MakeUniqueFileName(const std::string& base, std::string_view extension);
+// Creates the first of "base.txt", "base (1).txt", "base (2).txt" and so on that nobody has, and
+// leaves it open in `file`: no two runs get the same one. Gives its path; empty when none could be
+// created.
+std::string MakeUniqueFileName(const std::string& base, std::string_view extension, CoreFile& file);
 
 // Writes the report into `folder` (with its last separator; empty for the current one) under a name
-// with the local time. Gives its path; empty when it could not be written.
-std::string WriteReport(std::string_view folder, const IssueSet& issues, Direction direction);
+// of its own with the local time. Gives its path; empty when it could not be written.
+std::string WriteReport(std::string_view folder, const IssueSet& issues, Direction direction,
+                        NameForm names = NameForm::AsInDocument);
 
 // Adds the report to the main bin of the project, if the project has one.
 void AddReportItem(ObjectHandle projectDocument, std::string_view reportPath);

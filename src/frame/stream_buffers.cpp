@@ -71,6 +71,14 @@ int FileWriterBuf::sync()
     return file_.IsOpen() ? 0 : -1;
 }
 
+FileReaderBuf::int_type FileReaderBuf::underflow()
+{
+    std::size_t count = 0;
+    if (gptr() == egptr() && file_.Read(buffer_.data(), buffer_.size(), count))
+        setg(buffer_.data(), buffer_.data(), buffer_.data() + count);
+    return gptr() == egptr() ? traits_type::eof() : traits_type::to_int_type(*gptr());
+}
+
 SuiteWriterBuf::SuiteWriterBuf(ConverterContext& context, const VelaProjectConverterSuite& suite)
     : context_(context), suite_(suite)
 {

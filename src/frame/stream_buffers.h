@@ -10,6 +10,7 @@
 #include <array>
 #include <cstdint>
 #include <streambuf>
+#include <vector>
 
 namespace XPJ {
 
@@ -32,6 +33,21 @@ private:
 
     CoreFile& file_;
     std::array<char, kBlockSize> buffer_;
+};
+
+// Reads a file in blocks. The file outlives the buffer.
+class FileReaderBuf final : public std::streambuf {
+public:
+    explicit FileReaderBuf(CoreFile& file) : file_(file) {}
+
+protected:
+    int_type underflow() override;
+
+private:
+    static constexpr std::size_t kBlockSize = std::size_t{64} * 1024;
+
+    CoreFile& file_;
+    std::vector<char> buffer_ = std::vector<char>(kBlockSize);
 };
 
 // Fills the host's transfer buffer and hands it over when it is full. After a failure bytes are

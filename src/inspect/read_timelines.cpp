@@ -2,8 +2,7 @@
 
 #include "core/paths.h"
 #include "model/input.h"
-
-#include <sstream>
+#include "model/sniff.h"
 
 namespace XPJ::Inspection {
 
@@ -29,18 +28,16 @@ bool IsProject(std::string_view text)
 
 int ReadTree(std::string_view text, Document& document, ObjectHandle& root, ReadStop& stop)
 {
-    if (!IsProject(text))
-        return ParseFCPXML(text, document, root, &stop);
-    std::istringstream stream{std::string(text)};
-    return ReadProjectDocument(stream, document, root, &stop);
+    return IsProject(text) ? ParseProjectDocument(text, document, root, &stop)
+                           : ParseFCPXML(text, document, root, &stop);
 }
 
 } // namespace
 
-Project ReadTimelines(ObjectHandle root, std::string_view folder)
+Project ReadTimelines(ObjectHandle root, std::string_view folder, bool isHandOff)
 {
     return root.GetName() == "VelaData" ? ReadProjectTimelines(root)
-                                        : ReadXmemlTimelines(root, folder);
+                                        : ReadXmemlTimelines(root, folder, isHandOff);
 }
 
 ReadOutcome ReadTimelines(std::string_view bytes, std::string_view folder)
@@ -48,22 +45,24 @@ ReadOutcome ReadTimelines(std::string_view bytes, std::string_view folder)
     ReadOutcome outcome;
     Document document;
     ObjectHandle root;
-    outcome.result = ReadTree(bytes, document, root, outcome.stop);
+    const std::string_view text = DecodeInput(bytes, document, outcome.encoding);
+    outcome.result = ReadTree(text, document, root, outcome.stop);
     if (outcome.result == kReadDone)
-        outcome.project = ReadTimelines(root, folder);
+        outcome.project = ReadTimelines(root, folder, SniffText(text).sn2vlMode);
     return outcome;
 }
 
 ReadOutcome ReadTimelinesOfFile(const std::string& path)
 {
     Document document;
-    std::string_view text;
+    std::string_view bytes;
+    CoreFile file;
+    if (file.Open(path, false) && ReadInput(file, document, bytes))
+        return ReadTimelines(bytes, FolderOf(path));
     ReadOutcome outcome;
-    if (!ReadInput(path, document, text, outcome.stop.reason)) {
-        outcome.result = kReadNoInput;
-        return outcome;
-    }
-    return ReadTimelines(text, FolderOf(path));
+    outcome.result = kReadNoInput;
+    outcome.stop.reason = ErrorText(file.Error());
+    return outcome;
 }
 
 } // namespace XPJ::Inspection

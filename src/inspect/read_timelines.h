@@ -12,19 +12,21 @@ namespace XPJ::Inspection {
 
 // The model of a tree that was read, or that a translation made in the reader's form: `root` is an
 // `xmeml` or a `VelaData` node. Relative paths of media count from `folder`, which has its last
-// separator. Takes any tree: what leads nowhere, or back to itself, is left out.
+// separator. `isHandOff`: the audio editor wrote it, as its head says. Takes any tree: what leads
+// nowhere, or back to itself, is left out.
 //
 // Edges that an XML document leaves to its transitions are written into its tree: to be called once
 // for a tree, and not before an import of it.
-Project ReadTimelines(ObjectHandle root, std::string_view folder = {});
+Project ReadTimelines(ObjectHandle root, std::string_view folder = {}, bool isHandOff = false);
 
 struct ReadOutcome {
     int result = kReadDone; // a ReadResult
     ReadStop stop;          // where reading stopped early
+    EncodingFaults encoding;
     Project project;
 };
 
-// The same for a whole document; the family is that of its document element.
+// The same for a whole document of any encoding; the family is that of its document element.
 ReadOutcome ReadTimelines(std::string_view bytes, std::string_view folder = {});
 
 // The same for a file.
@@ -32,7 +34,7 @@ ReadOutcome ReadTimelinesOfFile(const std::string& path);
 
 // ---- The two families
 
-Project ReadXmemlTimelines(ObjectHandle xmeml, std::string_view folder);
+Project ReadXmemlTimelines(ObjectHandle xmeml, std::string_view folder, bool isHandOff);
 Project ReadProjectTimelines(ObjectHandle velaData);
 
 } // namespace XPJ::Inspection

@@ -36,8 +36,18 @@ std::string LabelOf(ObjectHandle node)
     return TextOf(node.GetChild("labels"), "label2");
 }
 
-FrameForm FormOf(Ticks frameTicks, ObjectHandle timecode)
+// Documents of the audio hand-off count in ticks, and show the frames of the timecode.
+Ticks ShownFrame(Ticks frameTicks, ObjectHandle timecode)
 {
+    if (frameTicks != 1)
+        return frameTicks;
+    const Ticks shown = TicksOfRate(timecode.GetChild("rate"));
+    return shown < 2 ? kNtscFrameTicks : shown;
+}
+
+FrameForm FormOf(Ticks unit, ObjectHandle timecode)
+{
+    const Ticks frameTicks = ShownFrame(unit, timecode);
     if (frameTicks <= 0)
         return {};
     const int display = ParseInt(TimeDisplayOf(IsNonDrop(timecode), frameTicks));
@@ -125,8 +135,9 @@ struct ReadItem {
 
 class XmemlTimelines {
 public:
-    explicit XmemlTimelines(std::string_view folder)
+    XmemlTimelines(std::string_view folder, bool isHandOff)
     {
+        state_.sn2vlMode = isHandOff;
         state_.documentDirectory = folder;
         project_.family = Family::Xmeml;
     }
@@ -380,9 +391,9 @@ private:
 
 } // namespace
 
-Project ReadXmemlTimelines(ObjectHandle xmeml, std::string_view folder)
+Project ReadXmemlTimelines(ObjectHandle xmeml, std::string_view folder, bool isHandOff)
 {
-    return XmemlTimelines(folder).Read(xmeml);
+    return XmemlTimelines(folder, isHandOff).Read(xmeml);
 }
 
 } // namespace XPJ::Inspection

@@ -1,106 +1,61 @@
 #include "model/input.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
+#include <algorithm>
 #include <istream>
-#include <system_error>
 
 namespace XPJ {
 
 namespace {
 
-constexpr std::size_t kBlockSize = std::size_t{64} * 1024;
+constexpr std::size_t kFileBlock = std::size_t{1024} * 1024;
+constexpr std::size_t kStreamBlock = std::size_t{64} * 1024;
 
-class File {
-public:
-    explicit File(const std::string& path) : descriptor_(open(path.c_str(), O_RDONLY | O_CLOEXEC))
-    {
-    }
-    ~File()
-    {
-        if (IsOpen())
-            close(descriptor_);
-    }
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-
-    bool IsOpen() const { return descriptor_ >= 0; }
-
-    // 0 for what is no regular file.
-    std::size_t Size() const
-    {
-        struct stat status;
-        if (fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode))
-            return 0;
-        return static_cast<std::size_t>(status.st_size);
-    }
-
-    // Fills the buffer as far as the file goes; -1 for a failure.
-    ssize_t Read(char* buffer, std::size_t size) const
-    {
-        std::size_t count = 0;
-        while (count < size) {
-            const ssize_t part = read(descriptor_, buffer + count, size - count);
-            if (part == 0)
-                break;
-            if (part > 0)
-                count += static_cast<std::size_t>(part);
-            else if (errno != EINTR)
-                return -1;
-        }
-        return static_cast<ssize_t>(count);
-    }
-
-private:
-    int descriptor_;
-};
-
-// Pipes and devices don't tell their size.
-bool ReadBlocks(const File& file, Document& document, std::string_view& text)
+// A file of known size goes to its place at once.
+bool ReadSized(CoreFile& file, char* buffer, std::size_t& size, const BlockStep& step)
 {
-    std::string bytes;
-    for (;;) {
-        const std::size_t start = bytes.size();
-        bytes.resize(start + kBlockSize);
-        const ssize_t count = file.Read(bytes.data() + start, kBlockSize);
-        if (count < 0)
+    std::size_t place = 0;
+    while (place < size) {
+        const std::size_t wanted = std::min(kFileBlock, size - place);
+        std::size_t count = 0;
+        if (!file.Read(buffer + place, wanted, count) || (step && !step(count)))
             return false;
-        bytes.resize(start + static_cast<std::size_t>(count));
-        if (count == 0)
-            break;
+        place += count;
+        if (count < wanted) // it has become shorter
+            size = place;
     }
-    text = document.Adopt(std::move(bytes));
     return true;
 }
 
-bool ReadFile(const File& file, Document& document, std::string_view& text)
+// Pipes and devices don't tell their size.
+bool ReadBlocks(CoreFile& file, std::string& bytes, const BlockStep& step)
 {
-    if (!file.IsOpen())
-        return false;
-    const std::size_t size = file.Size();
-    if (size == 0)
-        return ReadBlocks(file, document, text);
-    char* const buffer = static_cast<char*>(document.Allocate(size, 1));
-    const ssize_t count = file.Read(buffer, size);
-    if (count < 0)
-        return false;
-    text = {buffer, static_cast<std::size_t>(count)};
+    for (std::size_t count = kStreamBlock; count == kStreamBlock;) {
+        const std::size_t start = bytes.size();
+        bytes.resize(start + kStreamBlock);
+        if (!file.Read(bytes.data() + start, kStreamBlock, count) || (step && !step(count)))
+            return false;
+        bytes.resize(start + count);
+    }
     return true;
 }
 
 } // namespace
 
-bool ReadInput(const std::string& path, Document& document, std::string_view& text,
-               std::string& reason)
+bool ReadInput(CoreFile& file, Document& document, std::string_view& bytes, const BlockStep& step)
 {
-    const File file(path);
-    if (ReadFile(file, document, text))
+    std::size_t size = file.Size();
+    if (size == 0) {
+        std::string all;
+        if (!ReadBlocks(file, all, step))
+            return false;
+        bytes = document.Adopt(std::move(all));
         return true;
-    reason = std::generic_category().message(errno);
-    return false;
+    }
+    char* const buffer = static_cast<char*>(document.Allocate(size, 1));
+    if (!ReadSized(file, buffer, size, step))
+        return false;
+    bytes = {buffer, size};
+    return true;
 }
 
 std::string_view ReadInput(std::istream& input, Document& document)
@@ -108,11 +63,18 @@ std::string_view ReadInput(std::istream& input, Document& document)
     std::string bytes;
     while (input) {
         const std::size_t start = bytes.size();
-        bytes.resize(start + kBlockSize);
-        input.read(bytes.data() + start, static_cast<std::streamsize>(kBlockSize));
+        bytes.resize(start + kStreamBlock);
+        input.read(bytes.data() + start, static_cast<std::streamsize>(kStreamBlock));
         bytes.resize(start + static_cast<std::size_t>(input.gcount()));
     }
     return document.Adopt(std::move(bytes));
+}
+
+std::string_view DecodeInput(std::string_view bytes, Document& document, EncodingFaults& faults)
+{
+    std::string decoded;
+    const std::string_view text = DecodeDocument(bytes, decoded, faults);
+    return text.data() == bytes.data() ? text : document.Adopt(std::move(decoded));
 }
 
 } // namespace XPJ

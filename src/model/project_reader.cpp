@@ -100,20 +100,28 @@ private:
 
 } // namespace
 
-int ReadProjectDocument(std::istream& input, Document& document, ObjectHandle& root, ReadStop* stop)
+int ParseProjectDocument(std::string_view text, Document& document, ObjectHandle& root,
+                         ReadStop* stop)
 {
-    root = {};
-    if (!input.good()) {
-        if (stop) {
-            *stop = {};
-            stop->reason = "the stream can't be read";
-        }
-        return kReadNoInput;
-    }
-    ProjectReader reader(ReadInput(input, document), document);
+    ProjectReader reader(text, document);
     const int result = reader.Read(root, stop);
     reader.ShareBlobs();
     return result;
+}
+
+int ReadProjectDocument(std::istream& input, Document& document, ObjectHandle& root,
+                        ReadNotes* notes)
+{
+    ReadNotes unwanted;
+    ReadNotes& told = notes ? *notes : unwanted;
+    told = {};
+    root = {};
+    if (!input.good()) {
+        told.stop.reason = "the stream can't be read";
+        return kReadNoInput;
+    }
+    const std::string_view text = DecodeInput(ReadInput(input, document), document, told.encoding);
+    return ParseProjectDocument(text, document, root, &told.stop);
 }
 
 } // namespace XPJ

@@ -1,5 +1,6 @@
 #include "model/tree_reader.h"
 
+#include "core/encoding.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -228,18 +229,9 @@ void TreeReader::FillStop(ReadStop& stop) const
 {
     stop.reason = reason_;
     stop.offset = tokens_.Offset();
-    const std::string_view before = input_.substr(0, stop.offset);
-    // CR LF is one line end, and so is a CR alone.
-    std::size_t lineStart = 0;
-    stop.line = 1;
-    for (std::size_t i = 0; i < before.size(); ++i) {
-        const bool isPair = before[i] == '\r' && i + 1 < before.size() && before[i + 1] == '\n';
-        if (before[i] == '\n' || (before[i] == '\r' && !isPair)) {
-            ++stop.line;
-            lineStart = i + 1;
-        }
-    }
-    stop.column = stop.offset - lineStart + 1;
+    const TextPlace place = PlaceOf(input_, stop.offset);
+    stop.line = place.line;
+    stop.column = place.column;
     stop.path.clear();
     for (std::size_t i = 1; i < open_.size(); ++i) {
         // Of a deep path both ends tell enough.

@@ -151,22 +151,36 @@ private:
 } // namespace
 
 int ReadFCPXML(const std::string& path, Progress& progress, Document& document, ObjectHandle& root,
-               ReadStop* stop)
+               ReadNotes* notes)
 {
+    ReadNotes unwanted;
+    ReadNotes& told = notes ? *notes : unwanted;
+    told = {};
     root = {};
-    std::string_view text;
-    std::string reason;
-    if (!ReadInput(path, document, text, reason)) {
-        if (stop) {
-            *stop = {};
-            stop->reason = reason;
-        }
+    CoreFile file;
+    file.StopWhen([&progress] { return progress.IsCancelled(); });
+    file.Open(path, false);
+    const auto stepsOf = [](std::size_t bytes) { return bytes / kProgressBlock + 1; };
+    std::optional<StageScope> stage;
+    if (const std::size_t size = file.Size(); size > 0)
+        stage.emplace(progress, 1, 2 * stepsOf(size));
+    const auto step = [&stage, &progress](std::size_t bytes) {
+        constexpr std::size_t kRest = kProgressBlock - 1;
+        return stage ? stage->Step(static_cast<unsigned>((bytes + kRest) / kProgressBlock))
+                     : !progress.IsCancelled();
+    };
+    std::string_view bytes;
+    if (!file.IsOpen() || !ReadInput(file, document, bytes, step)) {
+        if (progress.IsCancelled())
+            return kReadCancelled;
+        told.stop.reason = ErrorText(file.Error());
         return kReadNoInput;
     }
-    std::optional<StageScope> stage;
-    if (!text.empty())
-        stage.emplace(progress, 1, text.size() / kProgressBlock + 1);
-    return FCPXMLReader(text, document, stage ? &*stage : nullptr).Read(root, stop);
+    const std::string_view text = DecodeInput(bytes, document, told.encoding);
+    told.kind = SniffText(text);
+    if (!stage && !text.empty())
+        stage.emplace(progress, 1, stepsOf(text.size()));
+    return FCPXMLReader(text, document, stage ? &*stage : nullptr).Read(root, &told.stop);
 }
 
 int ParseFCPXML(std::string_view text, Document& document, ObjectHandle& root, ReadStop* stop)

@@ -43,6 +43,14 @@ bool IsFolder(const std::string& path)
     return !path.empty() && std::filesystem::is_directory(path, error);
 }
 
+// A path that goes into documents must hold wherever they are read.
+std::string Absolute(const std::string& folder)
+{
+    std::error_code error;
+    const std::filesystem::path path = std::filesystem::absolute(folder, error);
+    return folder.empty() || error ? folder : path.string();
+}
+
 // Calls `take(key, value)` for each "key=value" line.
 void ReadKeyValueFile(const std::string& path,
                       const std::function<void(std::string_view, std::string_view)>& take)
@@ -93,7 +101,7 @@ std::string UserDocumentsFolder()
     };
     for (const std::string& candidate : candidates)
         if (IsFolder(candidate))
-            return WithSeparator(candidate);
+            return WithSeparator(Absolute(candidate));
     return {};
 }
 
@@ -114,7 +122,7 @@ void DefaultPlatform::SetDebugEntry(std::string_view key, std::string_view value
 void DefaultPlatform::SetReportFolder(std::string_view folder)
 {
     const std::lock_guard guard(lock_);
-    reportFolder_ = WithSeparator(std::string(folder));
+    reportFolder_ = WithSeparator(Absolute(std::string(folder)));
 }
 
 int DefaultPlatform::RunningServices()

@@ -20,8 +20,8 @@ public:
     void SeedGuids(std::uint64_t seed);
     // Sets a flag of the debug database; it wins over the database's file.
     void SetDebugEntry(std::string_view key, std::string_view value);
-    // Replaces the documents folder, into which reports go. A missing last separator is added; the
-    // empty text brings the user's folder back.
+    // Replaces the documents folder, into which reports go. It is made absolute, with
+    // a last separator; the empty text brings the user's folder back.
     void SetReportFolder(std::string_view folder);
     // Starts of the services without their stops.
     int RunningServices();

@@ -1,10 +1,12 @@
 #include "platform/files.h"
 
+#include "platform/write_signals.h"
+
 #include <cerrno>
-#include <cstdio>
-#include <filesystem>
+#include <system_error>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,83 +14,143 @@ namespace XPJ {
 
 namespace {
 
-constexpr int kMaxTemporaryNames = 100;
+constexpr int kStopCheckInterval = 50; // ms
 
-int OpenDescriptor(const std::string& path, int flags)
+// Pipes, terminals and devices: what may let a caller wait for its other end.
+bool MayWait(const std::string& path)
 {
-    constexpr mode_t kNewFile = 0666; // less the process's mask
-    int descriptor = -1;
-    do
-        descriptor = ::open(path.c_str(), flags | O_CLOEXEC, kNewFile);
-    while (descriptor < 0 && errno == EINTR);
-    return descriptor;
-}
-
-// The file behind a chain of links, the path itself if there is none.
-std::string ResolveLinks(const std::string& path)
-{
-    std::error_code error;
-    const std::filesystem::path resolved = std::filesystem::canonical(path, error);
-    return error ? path : resolved.string();
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
 }
 
 } // namespace
 
 bool CoreFile::Open(const std::string& path, bool forWriting)
 {
-    Close();
-    descriptor_ = OpenDescriptor(path, forWriting ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY);
-    return IsOpen();
+    return OpenDescriptor(path, forWriting ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY);
 }
 
 bool CoreFile::CreateNew(const std::string& path)
 {
+    return OpenDescriptor(path, O_WRONLY | O_CREAT | O_EXCL);
+}
+
+bool CoreFile::OpenForUpdate(const std::string& path)
+{
+    return OpenDescriptor(path, O_RDWR);
+}
+
+// A pipe's open, too, waits for the other end: where there is a stop check it is asked instead.
+bool CoreFile::OpenDescriptor(const std::string& path, int flags)
+{
+    constexpr mode_t kNewFile = 0666; // less the process's mask
     Close();
-    descriptor_ = OpenDescriptor(path, O_WRONLY | O_CREAT | O_EXCL);
-    return IsOpen();
+    error_ = 0;
+    mayWait_ = MayWait(path);
+    flags |= O_CLOEXEC | (mayWait_ && wantsStop_ ? O_NONBLOCK : 0);
+    for (;;) {
+        descriptor_ = ::open(path.c_str(), flags, kNewFile);
+        if (IsOpen())
+            return true;
+        const bool hasNoReader = errno == ENXIO && (flags & O_NONBLOCK) != 0;
+        if (errno != EINTR && !hasNoReader)
+            return Fail(errno);
+        if (wantsStop_ && wantsStop_())
+            return Fail(ECANCELED);
+        if (hasNoReader)
+            ::poll(nullptr, 0, kStopCheckInterval);
+    }
+}
+
+std::size_t CoreFile::Size() const
+{
+    struct stat status {};
+    if (!IsOpen() || ::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode))
+        return 0;
+    return static_cast<std::size_t>(status.st_size);
 }
 
 bool CoreFile::Read(void* buffer, std::size_t size, std::size_t& bytesRead)
 {
     bytesRead = 0;
-    if (!IsOpen())
-        return false;
     std::size_t count = 0;
     while (count < size) {
-        const ssize_t step = ::read(descriptor_, static_cast<char*>(buffer) + count, size - count);
-        if (step < 0 && errno == EINTR)
-            continue;
-        if (step < 0) {
-            Close();
+        if (!Await(POLLIN))
             return false;
-        }
+        const ssize_t step = ::read(descriptor_, static_cast<char*>(buffer) + count, size - count);
+        if (step < 0 && (errno == EINTR || errno == EAGAIN))
+            continue;
+        if (step < 0)
+            return Fail(errno);
         if (step == 0)
             break;
         count += static_cast<std::size_t>(step);
     }
     bytesRead = count;
-    return true;
+    return IsOpen();
 }
 
 bool CoreFile::Write(const void* buffer, std::size_t size, std::size_t& bytesWritten)
 {
     bytesWritten = 0;
-    if (!IsOpen())
-        return false;
     std::size_t count = 0;
+    const WriteSignalScope signals;
     while (count < size) {
+        if (!Await(POLLOUT))
+            return false;
         const ssize_t step =
             ::write(descriptor_, static_cast<const char*>(buffer) + count, size - count);
-        if (step < 0 && errno == EINTR)
+        if (step < 0 && (errno == EINTR || errno == EAGAIN))
             continue;
-        if (step <= 0) {
-            Close();
-            return false;
-        }
+        if (step <= 0)
+            return Fail(step < 0 ? errno : EIO);
         count += static_cast<std::size_t>(step);
     }
     bytesWritten = count;
-    return true;
+    return IsOpen();
+}
+
+// Returns when the descriptor can be read or written; false when it is not to be.
+bool CoreFile::Await(short event)
+{
+    pollfd poll{descriptor_, event, 0};
+    while (IsOpen()) {
+        if (wantsStop_ && wantsStop_())
+            return Fail(ECANCELED);
+        if (!mayWait_ || !wantsStop_)
+            return true;
+        const int ready = ::poll(&poll, 1, kStopCheckInterval);
+        if (ready > 0)
+            return true; // also for a closed other end: the call tells
+        if (ready < 0 && errno != EINTR)
+            return Fail(errno);
+    }
+    return false;
+}
+
+bool CoreFile::Rewind()
+{
+    return IsOpen() && (::lseek(descriptor_, 0, SEEK_SET) == 0 || Fail(errno));
+}
+
+bool CoreFile::CutHere()
+{
+    if (!IsOpen())
+        return false;
+    const off_t place = ::lseek(descriptor_, 0, SEEK_CUR);
+    return (place >= 0 && ::ftruncate(descriptor_, place) == 0) || Fail(errno);
+}
+
+bool CoreFile::SetPermissions(unsigned permissions)
+{
+    return IsOpen() && ::fchmod(descriptor_, permissions) == 0;
+}
+
+bool CoreFile::Fail(int error)
+{
+    Close();
+    error_ = error;
+    return false;
 }
 
 bool CoreFile::Close()
@@ -97,61 +159,20 @@ bool CoreFile::Close()
         return false;
     const bool kept = ::close(descriptor_) == 0;
     descriptor_ = -1;
+    if (!kept)
+        error_ = errno;
     return kept;
+}
+
+std::string ErrorText(int error)
+{
+    return std::generic_category().message(error);
 }
 
 bool FileExists(const std::string& path)
 {
     struct stat status {};
     return ::lstat(path.c_str(), &status) == 0;
-}
-
-AtomicFile::AtomicFile(const std::string& path) : path_(ResolveLinks(path))
-{
-    if (path_.empty())
-        return;
-    struct stat status {};
-    if (::stat(path_.c_str(), &status) != 0) {
-        OpenBeside(0);
-        return;
-    }
-    if (!S_ISREG(status.st_mode))
-        file_.Open(path_, true);
-    else if (::access(path_.c_str(), W_OK) == 0)
-        OpenBeside(status.st_mode & 07777);
-}
-
-void AtomicFile::OpenBeside(unsigned permissions)
-{
-    for (int i = 0; i < kMaxTemporaryNames && !file_.IsOpen(); ++i) {
-        temporaryPath_ = path_ + ".part" + (i == 0 ? std::string() : std::to_string(i));
-        if (!file_.CreateNew(temporaryPath_) && errno != EEXIST)
-            break;
-    }
-    if (!file_.IsOpen())
-        temporaryPath_.clear();
-    else if (permissions != 0)
-        // A file that can't take the old one's permissions is still the better file.
-        static_cast<void>(::fchmod(file_.descriptor_, permissions));
-}
-
-AtomicFile::~AtomicFile()
-{
-    file_.Close();
-    if (!temporaryPath_.empty())
-        ::unlink(temporaryPath_.c_str());
-}
-
-bool AtomicFile::Commit()
-{
-    if (!file_.Close())
-        return false;
-    if (temporaryPath_.empty())
-        return true;
-    if (std::rename(temporaryPath_.c_str(), path_.c_str()) != 0)
-        return false;
-    temporaryPath_.clear();
-    return true;
 }
 
 } // namespace XPJ

@@ -1,13 +1,18 @@
-// Plain files by UTF-8 path, and files that appear under their name only when they are whole.
+// Plain files by UTF-8 path.
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 
 namespace XPJ {
 
+// Asked before a block is read or written, and now and then while the other end of a pipe lets a
+// call wait; true makes the call fail.
+using StopCheck = std::function<bool()>;
+
 // A thin class on a file descriptor. A failed read or write closes the file and counts 0 bytes, so
-// that all later calls do nothing.
+// that all later calls do nothing. No write raises a signal.
 class CoreFile {
 public:
     CoreFile() = default;
@@ -15,54 +20,49 @@ public:
     CoreFile(const CoreFile&) = delete;
     CoreFile& operator=(const CoreFile&) = delete;
 
+    // To be set before the file is opened. Without it calls wait as long as it takes.
+    void StopWhen(StopCheck wantsStop) { wantsStop_ = std::move(wantsStop); }
+
     // Creates or truncates for writing, opens what exists for reading.
     bool Open(const std::string& path, bool forWriting);
     // Creates for writing; false if the path is taken.
     bool CreateNew(const std::string& path);
+    // Opens what exists for both, as it is.
+    bool OpenForUpdate(const std::string& path);
     bool IsOpen() const { return descriptor_ >= 0; }
+    // In bytes; 0 for what is no regular file, or not open.
+    std::size_t Size() const;
+
     // `bytesRead` is less than `size` at the file's end only.
     bool Read(void* buffer, std::size_t size, std::size_t& bytesRead);
     // All of it or nothing that counts.
     bool Write(const void* buffer, std::size_t size, std::size_t& bytesWritten);
+    // Back to the first byte.
+    bool Rewind();
+    // Drops what lies behind the place reached.
+    bool CutHere();
+    bool SetPermissions(unsigned permissions);
     // False when the system could not keep what was written; also for a file that isn't open.
     bool Close();
 
+    // What failed first since the file was last opened: a value of errno, 0 for nothing.
+    int Error() const { return error_; }
+
 private:
-    friend class AtomicFile;
+    bool OpenDescriptor(const std::string& path, int flags);
+    bool Await(short event);
+    bool Fail(int error);
+
+    StopCheck wantsStop_;
     int descriptor_ = -1;
+    bool mayWait_ = false; // no regular file
+    int error_ = 0;
 };
+
+// The system's words for a value of errno.
+std::string ErrorText(int error);
 
 // True for anything under that path, also a folder or a dangling link.
 bool FileExists(const std::string& path);
-
-// Writes beside the final name ("clip.xml.part") and renames at the end, so that a run that fails
-// leaves nothing half-written, and an older file as it was.
-//
-//   AtomicFile output("/p/clip.xml");
-//   ... output.File().Write(...) ...
-//   if (!output.Commit()) ...   // nothing new under the name
-//
-// A link is followed; what is no regular file (a pipe, a device) is written to directly.
-class AtomicFile {
-public:
-    explicit AtomicFile(const std::string& path);
-    // Without a `Commit` what was written goes away.
-    ~AtomicFile();
-    AtomicFile(const AtomicFile&) = delete;
-    AtomicFile& operator=(const AtomicFile&) = delete;
-
-    // False when the file could not be created or a write has failed.
-    bool IsOpen() const { return file_.IsOpen(); }
-    CoreFile& File() { return file_; }
-    // Puts the file under its name; false when any byte of it was lost.
-    bool Commit();
-
-private:
-    void OpenBeside(unsigned permissions);
-
-    CoreFile file_;
-    std::string path_;
-    std::string temporaryPath_; // empty: written directly, or done
-};
 
 } // namespace XPJ

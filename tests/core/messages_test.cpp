@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <vector>
 
 namespace XPJ {
 namespace {
@@ -17,13 +18,19 @@ TEST(Messages, NumbersMeetTheirKeys)
               "cut.\"");
     EXPECT_EQ(MessageKey(static_cast<Message>(kMessageCount)), "");
     EXPECT_EQ(MessageKey(static_cast<Message>(-1)), "");
+    EXPECT_EQ(MessageKey(static_cast<Message>(static_cast<int>(Message::kUnknownEncoding) + 1)),
+              "");
 }
 
 TEST(Messages, KeysAreWellFormedAndDistinct)
 {
     std::set<std::string_view> keys;
-    for (int number = 0; number < kMessageCount; ++number) {
-        const std::string_view key = MessageKey(static_cast<Message>(number));
+    std::vector<Message> messages{Message::kInvalidBytes, Message::kUnknownEncoding};
+    for (int number = 0; number < kMessageCount; ++number)
+        messages.push_back(static_cast<Message>(number));
+    for (const Message message : messages) {
+        const int number = static_cast<int>(message);
+        const std::string_view key = MessageKey(message);
         EXPECT_EQ(key.substr(0, 13), "$$$/Vela/FCP/") << number;
         EXPECT_TRUE(keys.insert(key.substr(0, key.find('='))).second) << key;
         EXPECT_FALSE(DefaultText(key).empty()) << key;

@@ -6,6 +6,8 @@
 
 #include <sstream>
 
+#include <sys/stat.h>
+
 namespace XPJ {
 namespace {
 
@@ -117,6 +119,100 @@ TEST_F(Console, ALostOutputIsAFailure)
     EXPECT_TRUE(ExportFile({project, folder_ / "none/a.xml"}).outputLost);
     EXPECT_EQ(ExportFile({folder_.Path(), folder_ / "b.xml"}).result, kInputCouldNotBeOpened);
     EXPECT_EQ(folder_.FileCount(), 2u);
+}
+
+TEST_F(Console, ALossHasAReason)
+{
+    const std::string xml = folder_.Write("a.xml", kSmallXML);
+    EXPECT_EQ(ImportFile({xml, "/dev/full"}).lossReason, "No space left on device");
+    EXPECT_EQ(ImportFile({xml, folder_ / "none/a"}).lossReason, "No such file or directory");
+    EXPECT_EQ(ExportFile({folder_ / "none", folder_ / "b"}).stop.reason,
+              "No such file or directory");
+}
+
+// The audio hand-off is what the caller says, or the document where he says nothing.
+TEST_F(Console, NoticesTheHandOff)
+{
+    const std::string xml = folder_.Write("a.xml", kHandOffFutureXML);
+    const std::string project = folder_ / "a.vlproj";
+    const struct {
+        std::optional<bool> mode;
+        bool isHandOff;
+    } rows[] = {{std::nullopt, true}, {false, false}, {true, true}};
+    for (const auto& [mode, isHandOff] : rows) {
+        const FileConversion outcome =
+            ImportFile({.inputPath = xml, .outputPath = project, .sn2vlMode = mode});
+        EXPECT_EQ(TempFolder::Read(project).starts_with("__Sn2Vl__\n"), isHandOff);
+        EXPECT_EQ(outcome.reportPath.empty(), isHandOff);
+    }
+}
+
+TEST_F(Console, AnUnlistedReportIsWrittenAllTheSame)
+{
+    const std::string xml = folder_.Write("a.xml", kFutureXML);
+    const std::string project = folder_ / "a.vlproj";
+    for (const bool listsReport : {true, false}) {
+        const FileConversion outcome =
+            ImportFile({.inputPath = xml, .outputPath = project, .listsReport = listsReport});
+        EXPECT_TRUE(FileExists(outcome.reportPath));
+        EXPECT_EQ(TempFolder::Read(project).find("FileProjectItem") != std::string::npos,
+                  listsReport);
+    }
+}
+
+TEST_F(Console, ASequenceThatIsNotThereIsAnError)
+{
+    const std::string project = folder_.Write("a.vlproj", kFutureProject);
+    ExportFileJob job;
+    job.inputPath = project;
+    job.outputPath = folder_ / "a.xml";
+    job.sequenceGuid = StringToGUID("12345678-1234-1234-1234-123456789abc");
+    const FileConversion outcome = ExportFile(job);
+    EXPECT_EQ(outcome.result, kNoFCPDataFound);
+    EXPECT_TRUE(outcome.lacksSequence);
+    EXPECT_EQ(folder_.FileCount(), 1u); // no output, no report
+}
+
+TEST_F(Console, BadBytesAreFindingsInBothDirections)
+{
+    std::string xml = kSmallXML;
+    xml.replace(xml.find("Rushes"), 6, "R\xF4shes");
+    const FileConversion import = ImportFile({folder_.Write("a.xml", xml), folder_ / "a"});
+    EXPECT_EQ(
+        IssueReportText(import.issues, Direction::Import),
+        "Translation issue:\r\n\tBytes that mean nothing in the encoding UTF-8 were replaced, "
+        "at line 3, column 69.\r\n");
+    EXPECT_NE(TempFolder::Read(folder_ / "a").find("R\xEF\xBF\xBDshes"), std::string::npos);
+
+    std::string project = "<?xml version=\"1.0\" encoding=\"Enigma\"?>";
+    project.append(kSmallProject).append("\n\xF4 \xF4 \xF4");
+    const FileConversion back = ExportFile({folder_.Write("b", project), folder_ / "b.xml"});
+    EXPECT_EQ(
+        IssueReportText(back.issues, Direction::Export),
+        "Translation issue:\r\n\tEncoding (Enigma) is not one we recognize, the document was "
+        "read as UTF-8.\r\n"
+        "Translation issue:\r\n\tBytes that mean nothing in the encoding UTF-8 were replaced, "
+        "at line 2, column 1 and 2 more places.\r\n");
+}
+
+TEST_F(Console, AWaitForAPipeCanBeStopped)
+{
+    const std::string pipe = folder_ / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    const std::string xml = folder_.Write("a.xml", kSmallXML);
+    const std::string project = folder_.Write("a.vlproj", kSmallProject);
+    const auto watch = [](int& looks) {
+        return ProgressWatch{.wantsStop = [&looks] { return ++looks > 2; }};
+    };
+    int looks = 0;
+    EXPECT_EQ(ImportFile({pipe, folder_ / "new"}, watch(looks)).result, kAborted);
+    looks = 0;
+    EXPECT_EQ(ExportFile({pipe, folder_ / "new"}, watch(looks)).result, kAborted);
+    looks = 0;
+    EXPECT_EQ(ImportFile({xml, pipe}, watch(looks)).result, kAborted);
+    looks = 0;
+    EXPECT_EQ(ExportFile({project, pipe}, watch(looks)).result, kAborted);
+    EXPECT_EQ(folder_.FileCount(), 3u);
 }
 
 TEST_F(Console, TheHandOffIsAnnounced)

@@ -100,7 +100,7 @@ TEST(ConversionOperation, ConvertsAndStandsAtTheEnd)
 {
     const TempFolder folder;
     std::ostringstream output;
-    ConversionOperation operation(folder.Write("a.xml", kSmallXML), output, false, false);
+    ConversionOperation operation({folder.Write("a.xml", kSmallXML)}, output);
     ASSERT_TRUE(operation.Start());
     ASSERT_TRUE(operation.WaitFor(60s));
     EXPECT_EQ(operation.GetResult(), kSuccess);
@@ -123,14 +123,14 @@ TEST(ConversionOperation, NamesTheFailure)
     };
     for (const auto& [text, result] : rows) {
         std::ostringstream output;
-        ConversionOperation operation(folder.Write("a.xml", text), output, false, false);
+        ConversionOperation operation({folder.Write("a.xml", text)}, output);
         operation.Start();
         ASSERT_TRUE(operation.WaitFor(60s));
         EXPECT_EQ(operation.GetResult(), result) << text;
         EXPECT_EQ(output.str(), "") << text;
     }
     std::ostringstream output;
-    ConversionOperation missing(folder / "none.xml", output, false, false);
+    ConversionOperation missing({folder / "none.xml"}, output);
     missing.Start();
     ASSERT_TRUE(missing.WaitFor(60s));
     EXPECT_EQ(missing.GetResult(), kInputCouldNotBeOpened);
@@ -142,7 +142,7 @@ TEST(ConversionOperation, ASyntaxErrorHasAPlace)
     std::ostringstream output;
     const std::string path =
         folder.Write("a.xml", "<xmeml version=\"4\">\n<project>\n  <name><<\n");
-    ConversionOperation operation(path, output, false, false);
+    ConversionOperation operation({path}, output);
     operation.Start();
     ASSERT_TRUE(operation.WaitFor(60s));
     const ReadStop stop = operation.GetReadStop();
@@ -158,7 +158,7 @@ TEST(ConversionOperation, CancelStopsARunningConversion)
         text += "<bin><name>B</name><children></children></bin>";
     text += "</children></project></xmeml>";
     std::ostringstream output;
-    ConversionOperation operation(folder.Write("a.xml", text), output, false, false);
+    ConversionOperation operation({folder.Write("a.xml", text)}, output);
     ASSERT_TRUE(operation.Start());
     EXPECT_FALSE(operation.WaitFor(1ms));
     operation.Cancel();

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <thread>
+
 namespace XPJ {
 namespace {
 
@@ -88,6 +91,10 @@ TEST(IssueReportText, EveryKind)
         {Direction::Import, 19,
          "\tCould not open referenced Gradiva file <A>. Effect will be omitted."},
         {Direction::Import, 20, "Track item <A> has invalid start/end and will be skipped."},
+        {Direction::Import, 21,
+         "\tBytes that mean nothing in the encoding Sepia were replaced, at 01:00:00:00."},
+        {Direction::Import, 22,
+         "\tEncoding (Sepia) is not one we recognize, the document was read as UTF-8."},
         {Direction::Export, 1,
          "\tVela Pro xml version (01:00:00:00) is not the version we were expecting (3), results "
          "may not be predictable."},
@@ -106,14 +113,18 @@ TEST(IssueReportText, EveryKind)
          head + "Track item <A> was skipped because multicam sequences are not supported in FCP "
                 "XML export."},
         {Direction::Export, 10, "\tEffect <Sepia> on Clip <A> not translated."},
+        {Direction::Export, 11,
+         "\tBytes that mean nothing in the encoding Sepia were replaced, at 01:00:00:00."},
+        {Direction::Export, 12,
+         "\tEncoding (Sepia) is not one we recognize, the document was read as UTF-8."},
     };
     for (const auto& [direction, kind, line] : rows)
         EXPECT_EQ(IssueReportText({Issue(kind)}, direction),
                   "Translation issue:\r\n" + line + "\r\n")
             << kind;
-    for (const int kind : {0, -1, 21, 1 << 30})
+    for (const int kind : {0, -1, 23, 1 << 30})
         EXPECT_EQ(IssueReportText({Issue(kind)}, Direction::Import), "") << kind;
-    EXPECT_EQ(IssueReportText({Issue(11)}, Direction::Export), "");
+    EXPECT_EQ(IssueReportText({Issue(13)}, Direction::Export), "");
 }
 
 TEST(IssueReportText, SortsAndJoinsFindings)
@@ -143,24 +154,58 @@ TEST(LeftOutText, TellsItemsClipsAndSequencesApart)
     TranslationIssue sequence;
     sequence.sequence.text = "Cut 2";
     EXPECT_EQ(LeftOutText({item, clip, sequence}),
-              "Sequence <Cut &amp; 1> at 01:00:00:00, video track 2: Clip <A> has no media, left "
+              "Sequence <Cut & 1> at 01:00:00:00, video track 2: Clip <A> has no media, left "
               "out.\n"
               "Clip <B> has no media, left out.\n"
               "Sequence <Cut 2> has no frame rate or format, left out.\n");
 }
 
-TEST(MakeUniqueFileName, CountsToNinetyNine)
+TEST(IssueReportText, NamesAsPeopleReadThem)
+{
+    TranslationIssue issue = Issue(3);
+    issue.clip.text = "Q&amp;A &lt;1&gt; &#233;";
+    issue.subject.text = "Sepia &amp;amp; co";
+    EXPECT_EQ(IssueReportText({issue}, Direction::Import, NameForm::Plain),
+              "Translation issue:\r\n\tSequence <Cut & 1> at 01:00:00:00, video track 2: Effect "
+              "<Sepia &amp; co> on Clip <Q&A <1> \xC3\xA9> not translated.\r\n");
+}
+
+TEST(MakeUniqueFileName, TakesTheFirstFreeOne)
 {
     const TempFolder folder;
     const std::string base = folder / "Results";
-    EXPECT_EQ(MakeUniqueFileName(base, "txt"), base + ".txt");
-    folder.Write("Results.txt", "");
-    for (int i = 1; i <= 99; ++i) {
-        const std::string name = "Results (" + std::to_string(i) + ").txt";
-        ASSERT_EQ(MakeUniqueFileName(base, "txt"), folder / name);
-        folder.Write(name, "");
+    constexpr int kFiles = 120;
+    for (int i = 0; i < kFiles; ++i) {
+        CoreFile file;
+        const std::string name = i == 0 ? "Results.txt" : "Results (" + std::to_string(i) + ").txt";
+        ASSERT_EQ(MakeUniqueFileName(base, "txt", file), folder / name);
+        EXPECT_TRUE(file.IsOpen());
     }
-    EXPECT_EQ(MakeUniqueFileName(base, "txt"), "");
+    CoreFile file;
+    EXPECT_EQ(MakeUniqueFileName(folder / "none/Results", "txt", file), "");
+}
+
+TEST(MakeUniqueFileName, NoTwoThreadsGetTheSame)
+{
+    constexpr int kThreads = 8;
+    constexpr int kEach = 25;
+    const TempFolder folder;
+    std::vector<std::set<std::string>> names(kThreads);
+    std::vector<std::thread> threads;
+    for (std::set<std::string>& own : names)
+        threads.emplace_back([&own, &folder] {
+            for (int i = 0; i < kEach; ++i) {
+                CoreFile file;
+                own.insert(MakeUniqueFileName(folder / "Results", "txt", file));
+            }
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    std::set<std::string> all;
+    for (const std::set<std::string>& own : names)
+        all.insert(own.begin(), own.end());
+    EXPECT_EQ(all.size(), std::size_t{kThreads} * kEach);
+    EXPECT_EQ(folder.FileCount(), all.size());
 }
 
 TEST(WriteReport, GoesIntoTheFolderUnderTheLocalTime)

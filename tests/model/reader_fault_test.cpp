@@ -137,9 +137,9 @@ TEST(ReaderFaults, InputsThatCannotBeRead)
         Document document;
         ObjectHandle root;
         NotingProgress progress;
-        ReadStop stop;
-        EXPECT_EQ(ReadFCPXML(row.path, progress, document, root, &stop), kReadNoInput);
-        EXPECT_EQ(stop.reason, row.reason);
+        ReadNotes notes;
+        EXPECT_EQ(ReadFCPXML(row.path, progress, document, root, &notes), kReadNoInput);
+        EXPECT_EQ(notes.stop.reason, row.reason);
         EXPECT_TRUE(progress.totals.empty());
     }
     Document document;
@@ -159,11 +159,13 @@ TEST(ReaderFaults, DocumentsWithoutTheirElement)
         EXPECT_EQ(stop.reason, "no element \"xmeml\"");
     }
     std::istringstream stream("<xmeml/>");
-    EXPECT_EQ(ReadProjectDocument(stream, document, root, &stop), kReadNoElement);
-    EXPECT_EQ(stop.reason, "no element \"VelaData\"");
+    ReadNotes notes;
+    EXPECT_EQ(ReadProjectDocument(stream, document, root, &notes), kReadNoElement);
+    EXPECT_EQ(notes.stop.reason, "no element \"VelaData\"");
 }
 
-TEST(ReaderFaults, ProgressIsOneStepAKilobyte)
+// Each comes in, and is parsed.
+TEST(ReaderFaults, ProgressIsTwoStepsAKilobyte)
 {
     const std::string text =
         "<xmeml><bin><name>" + std::string(5000, 'x') + "</name></bin></xmeml>";
@@ -173,10 +175,10 @@ TEST(ReaderFaults, ProgressIsOneStepAKilobyte)
     NotingProgress whole;
     ASSERT_EQ(ReadFCPXML(file.Path(), whole, document, root), kReadDone);
     EXPECT_EQ(root.GetChild("bin").GetProperty("name").size(), 5000u);
-    EXPECT_EQ(whole.totals, std::vector<unsigned>{5});
-    EXPECT_EQ(whole.steps, 5u);
+    EXPECT_EQ(whole.totals, std::vector<unsigned>{10});
+    EXPECT_EQ(whole.steps, 10u);
     EXPECT_EQ(whole.open, 0u);
-    for (const unsigned step : {1u, 3u, 5u}) {
+    for (const unsigned step : {5u, 6u, 8u, 10u}) {
         NotingProgress cancelled(step);
         EXPECT_EQ(ReadFCPXML(file.Path(), cancelled, document, root), kReadCancelled);
         EXPECT_EQ(cancelled.steps, step);

@@ -3,8 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+
+#include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace XPJ {
 namespace {
@@ -55,78 +59,97 @@ TEST(CoreFile, ClosesItselfAfterAFailure)
     EXPECT_EQ(count, 0u);
 }
 
-void WriteText(AtomicFile& file, std::string_view text)
+TEST(CoreFile, KeepsWhatFailed)
 {
+    const TempFolder folder;
+    CoreFile file;
+    EXPECT_FALSE(file.Open(folder / "none", false));
+    EXPECT_EQ(file.Error(), ENOENT);
+    EXPECT_EQ(ErrorText(file.Error()), "No such file or directory");
+    char byte = 0;
     std::size_t count = 0;
-    file.File().Write(text.data(), text.size(), count);
+    ASSERT_TRUE(file.Open("/dev/full", true));
+    EXPECT_EQ(file.Error(), 0);
+    EXPECT_FALSE(file.Write(&byte, 1, count));
+    EXPECT_FALSE(file.Close());
+    EXPECT_EQ(file.Error(), ENOSPC);
 }
 
-TEST(AtomicFile, AppearsWholeOrNotAtAll)
+// A pipe that nobody writes to, reads from, or reads on.
+TEST(CoreFile, AWaitCanBeStopped)
 {
     const TempFolder folder;
-    const std::string path = folder / "clip.xml";
-    {
-        AtomicFile file(path);
-        ASSERT_TRUE(file.IsOpen());
-        WriteText(file, "half");
-        EXPECT_FALSE(FileExists(path));
-    }
-    EXPECT_EQ(folder.FileCount(), 0u);
-    {
-        AtomicFile file(path);
-        WriteText(file, "whole");
-        EXPECT_TRUE(file.Commit());
-    }
-    EXPECT_EQ(TempFolder::Read(path), "whole");
-    EXPECT_EQ(folder.FileCount(), 1u);
-    {
-        AtomicFile file(path);
-        WriteText(file, "half");
-    }
-    EXPECT_EQ(TempFolder::Read(path), "whole");
-    EXPECT_EQ(folder.FileCount(), 1u);
+    const std::string pipe = folder / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    int looks = 0;
+    const auto stop = [&looks] { return ++looks > 2; };
+    std::size_t count = 0;
+    char byte = 0;
+
+    CoreFile reader;
+    reader.StopWhen(stop);
+    ASSERT_TRUE(reader.Open(pipe, false));
+    EXPECT_FALSE(reader.Read(&byte, 1, count));
+    EXPECT_EQ(reader.Error(), ECANCELED);
+
+    looks = 0;
+    CoreFile writer;
+    writer.StopWhen(stop);
+    EXPECT_FALSE(writer.Open(pipe, true));
+    EXPECT_EQ(writer.Error(), ECANCELED);
+
+    looks = 0;
+    reader.StopWhen([] { return false; });
+    ASSERT_TRUE(reader.Open(pipe, false));
+    ASSERT_TRUE(writer.Open(pipe, true));
+    const std::string more(std::size_t{1024} * 1024, 'x'); // than a pipe holds
+    EXPECT_FALSE(writer.Write(more.data(), more.size(), count));
+    EXPECT_EQ(writer.Error(), ECANCELED);
+    EXPECT_TRUE(reader.Read(&byte, 1, count));
+    EXPECT_EQ(byte, 'x');
 }
 
-TEST(AtomicFile, KeepsOthersFilesPermissionsAndLinks)
+// Neither a closed pipe nor the limit of a file's size ends the process, whose own handling of
+// both signals is as before.
+TEST(CoreFile, NoWriteRaisesASignal)
 {
     const TempFolder folder;
-    const std::string path = folder.Write("clip.xml", "old");
-    const std::string foreign = folder.Write("clip.xml.part", "foreign");
-    ASSERT_EQ(::chmod(path.c_str(), 0640), 0);
-    const std::string link = folder / "link.xml";
-    ASSERT_EQ(::symlink("clip.xml", link.c_str()), 0);
-    {
-        AtomicFile file(link);
-        WriteText(file, "new");
-        EXPECT_TRUE(file.Commit());
-    }
-    EXPECT_EQ(TempFolder::Read(path), "new");
-    EXPECT_EQ(TempFolder::Read(foreign), "foreign");
-    EXPECT_TRUE(std::filesystem::is_symlink(link));
-    struct stat status {};
-    ASSERT_EQ(::stat(path.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777, 0640u);
-}
+    const auto writeBeyondLimits = [&folder] {
+        const rlimit limit{1000, 1000};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        const std::string text(2000, 'x');
+        std::size_t count = 0;
+        CoreFile file;
+        const bool isWritten =
+            file.Open(folder / "large", true) && file.Write(text.data(), text.size(), count);
+        const int fileError = file.Error();
 
-TEST(AtomicFile, RefusesWhatCannotBeWritten)
-{
-    const TempFolder folder;
-    for (const std::string& path : {std::string(), folder.Path(), folder / "none/clip.xml"}) {
-        AtomicFile file(path);
-        EXPECT_FALSE(file.IsOpen()) << path;
-        EXPECT_FALSE(file.Commit()) << path;
-    }
-    EXPECT_EQ(folder.FileCount(), 0u);
+        const std::string pipe = folder / "pipe";
+        CoreFile reader;
+        CoreFile writer;
+        reader.StopWhen([] { return false; }); // so that it opens without a writer
+        if (::mkfifo(pipe.c_str(), 0600) != 0 || !reader.Open(pipe, false) ||
+            !writer.Open(pipe, true))
+            std::_Exit(1);
+        reader.Close();
+        const bool isPiped = writer.Write("x", 1, count);
 
-    // A device is written to as it is; its failure counts.
-    AtomicFile full("/dev/full");
-    ASSERT_TRUE(full.IsOpen());
-    WriteText(full, "x");
-    EXPECT_FALSE(full.Commit());
-    AtomicFile null("/dev/null");
-    WriteText(null, "x");
-    EXPECT_TRUE(null.Commit());
-    EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+        struct sigaction action {};
+        bool isDefault = true;
+        for (const int signal : {SIGPIPE, SIGXFSZ}) {
+            ::sigaction(signal, nullptr, &action);
+            isDefault = isDefault && action.sa_handler == SIG_DFL;
+        }
+        sigset_t blocked;
+        ::pthread_sigmask(SIG_BLOCK, nullptr, &blocked);
+        const bool isOpenToBoth =
+            ::sigismember(&blocked, SIGPIPE) == 0 && ::sigismember(&blocked, SIGXFSZ) == 0;
+        std::_Exit(!isWritten && fileError == EFBIG && !isPiped && writer.Error() == EPIPE &&
+                           isDefault && isOpenToBoth
+                       ? 0
+                       : 2);
+    };
+    EXPECT_EXIT(writeBeyondLimits(), testing::ExitedWithCode(0), "");
 }
 
 } // namespace

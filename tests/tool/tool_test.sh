@@ -82,9 +82,12 @@ seed() {
     expect_status 0 --quiet --seed 7 "$samples/film.xml" one.vlproj
     expect_status 0 --quiet --seed 7 "$samples/film.xml" two.vlproj
     expect_status 0 --quiet --seed 8 "$samples/film.xml" other.vlproj
-    # The reports that the projects refer to have names of their own.
-    sed -i '/FCP Translation Results/d' one.vlproj two.vlproj
     expect_same one.vlproj two.vlproj
+    # Wherever the report goes, and how many there are.
+    expect_status 0 --quiet --seed 7 --report-dir elsewhere "$samples/film.xml" two.vlproj
+    expect_same one.vlproj two.vlproj
+    ls elsewhere/*.txt >reports
+    expect_lines reports 1
     expect_different one.vlproj other.vlproj
     expect_status 0 --quiet "$samples/film.xml" random1.vlproj
     expect_status 0 --quiet "$samples/film.xml" random2.vlproj
@@ -97,7 +100,6 @@ golden() {
     expect_status 0 --seed 1 "$samples/effects.xml" effects.vlproj
     grep -v -e 'Progress: ' -e '^Wrote ' out >effects.findings
     expect_status 0 --quiet --seed 1 effects.vlproj back.xml
-    sed -i '/FCP Translation Results/d' effects.vlproj
     for file in effects.vlproj effects.findings back.xml; do
         [ -z "${VELA_ACCEPT:-}" ] || cp "$file" "$kept/$file"
         diff -u "$kept/$file" "$file" | head -40
@@ -154,9 +156,32 @@ unwritable() {
     minimal >small.xml
     expect_status 6 small.xml absent/folder/small.vlproj
     expect_text err absent/folder/small.vlproj
+    expect_text err 'No such file or directory'
     expect_status 6 small.xml /dev/full
-    expect_text err /dev/full
+    expect_text err '/dev/full: the output could not be written: No space left on device.'
     expect_status 0 small.xml /dev/null
+    (ulimit -f 1 && expect_status 6 "$samples/film.xml" large.vlproj && [ "$failures" -eq 0 ]) ||
+        failures=$((failures + 1))
+    expect_text err 'File too large'
+    expect_no_file large.vlproj
+    expect_no_file large.vlproj.part
+}
+
+# A standard output that takes nothing: the conversion stands, and somebody is told.
+lost_output() {
+    minimal >small.xml
+    "$tool" small.xml >/dev/full 2>err || fail "status $?"
+    expect_text err 'standard output could not be written: No space left on device'
+    expect_file small.vlproj
+    rm small.vlproj
+    "$tool" small.xml >&- 2>err || fail "status $?"
+    expect_text err 'standard output could not be written'
+    expect_file small.vlproj
+    xmllint --noout small.vlproj 2>/dev/null || ! command -v xmllint >/dev/null ||
+        fail 'what was said went into the project'
+    rm small.vlproj
+    "$tool" small.xml >&- 2>&- </dev/null || fail "status $?"
+    expect_file small.vlproj
 }
 
 # An unrecognised version is a finding of every build.
@@ -182,6 +207,8 @@ report() {
     expect_status 0 four.vlproj beside/four.xml
     ls beside/*.txt >reports 2>/dev/null
     expect_lines reports 1
+    expect_status 0 --report-dir relative/folder nine.xml
+    expect_text nine.vlproj "<FullPath>$work/relative/folder/FCP Translation Results"
 
     # A folder that can't be used costs only the report.
     : >file
@@ -196,6 +223,102 @@ report() {
     tail -1 out >closing
     grep -q -e 'nothing was lost' -e 'not carried over yet; no findings' closing ||
         fail 'losses are not told'
+}
+
+# Runs at once, within a minute: each has a report of its own, and names it in its project.
+parallel_reports() {
+    local i version named
+    for i in {1..64}; do
+        version=$((i + 100))
+        minimal | sed "s/version=\"5\"/version=\"$version\"/" >"$i.xml"
+    done
+    for i in {1..64}; do
+        "$tool" --quiet "$i.xml" >/dev/null 2>&1 &
+    done
+    wait
+    ls documents/*.txt >reports
+    expect_lines reports 64
+    for i in {1..64}; do
+        named=$(sed -n 's|.*<FullPath>\(.*\)</FullPath>.*|\1|p' "$i.vlproj")
+        grep -qF "version ($((i + 100)))" "$named" || fail "$i.vlproj names '$named'"
+    done
+    # Beyond a hundred in a minute: all names of this one and the next are taken.
+    local minute
+    for minute in now '1 minute'; do
+        minute=$(date -d "$minute" '+%Y-%m-%d %H-%M')
+        : >>"documents/FCP Translation Results $minute.txt"
+        for i in {1..150}; do
+            : >>"documents/FCP Translation Results $minute ($i).txt"
+        done
+    done
+    expect_status 0 1.xml
+    expect_text out '(151).txt'
+}
+
+# Names in the tool's words and in its report are as people write them.
+plain_names() {
+    one_clip 0 | sed -e 's/version="5"/version="4"/' -e 's|<name>Cut</name>|<name>Q\&amp;A</name>|' \
+        -e 's|</clipitem>|<filter><effect><name>Tom \&amp; Co</name><effectid>Tom</effectid><effecttype>filter</effecttype><mediatype>video</mediatype></effect></filter>&|' >names.xml
+    expect_status 0 names.xml
+    expect_text out 'Q&A'
+    expect_no_text out '&amp;'
+    cat documents/*.txt >report 2>/dev/null
+    expect_no_text report '&amp;'
+}
+
+# Names in any encoding arrive; bytes that are none are told, with their place.
+encodings() {
+    local text='<?xml version="1.0" encoding="ENC"?><xmeml version="5"><project><name>Caf\303\251 \342\202\254</name><children/></project></xmeml>'
+    local encoding
+    for encoding in UTF-8 windows-1252 ISO-8859-15 UTF-16 UTF-16LE UTF-16BE UTF-32; do
+        # shellcheck disable=SC2059
+        printf "${text/ENC/$encoding}" | iconv -f UTF-8 -t "$encoding" >enc.xml
+        expect_status 0 --quiet enc.xml
+        expect_text out 'nothing was lost'
+        expect_status 0 --inspect enc.xml
+        expect_text out 'Café €'
+        expect_status 0 --compare enc.xml enc.xml
+    done
+    # Errors have their places in the text.
+    printf '<?xml version="1.0" encoding="UTF-16"?>\n<xmeml>\n<bin>< <' |
+        iconv -f UTF-8 -t UTF-16LE >broken.xml
+    expect_status 6 broken.xml
+    expect_text err 'broken.xml:3:8:'
+    # shellcheck disable=SC2059
+    printf "${text/ENC/UTF-8}" | iconv -f UTF-8 -t windows-1252 >undeclared.xml
+    expect_status 0 undeclared.xml
+    expect_text out 'Bytes that mean nothing in the encoding UTF-8 were replaced, at line 1, column 76'
+    expect_status 0 --inspect undeclared.xml
+    expect_text err 'undeclared.xml:1:76:'
+    # shellcheck disable=SC2059
+    printf "${text/ENC/Klingon}" >klingon.xml
+    expect_status 0 klingon.xml
+    expect_text out 'Encoding (Klingon)'
+    expect_text out '1 finding,'
+    # A project, too.
+    printf '<?xml version="1.0" encoding="windows-1252"?><VelaData Version="4\351"><Project ObjectID="1"></Project></VelaData>' >four.vlproj
+    expect_status 0 four.vlproj
+    expect_text out 'version (4é)'
+}
+
+# Documents of the audio editor count in ticks.
+handoff_documents() {
+    one_clip 100 | sed -e 's/<xmeml version="5">/&<importoptions><sn2vl>TRUE<\/sn2vl><\/importoptions>/' \
+        -e 's/<timebase>25/<timebase>254016000000/' \
+        -e 's|<media>|<timecode><rate><timebase>25</timebase><ntsc>FALSE</ntsc></rate><frame>0</frame></timecode>&|' \
+        -e 's/<start>100/<start>1016064000000/; s/<end>150/<end>1524096000000/; s/<out>50/<out>508032000000/' >ticks.xml
+    one_clip 100 >frames.xml
+    expect_status 0 --quiet ticks.xml
+    head -1 ticks.vlproj >first
+    expect_text first __Sn2Vl__
+    expect_status 0 --inspect ticks.xml
+    expect_text out '25 fps'
+    expect_text out '00:00:04:00 - 00:00:06:00  "A"'
+    expect_status 0 --compare ticks.xml frames.xml
+    # The form that the tool itself writes for the audio editor.
+    sed 's/sn2vl/vl2sn/g' ticks.xml >back.xml
+    expect_status 0 --inspect back.xml
+    expect_text out '25 fps'
 }
 
 # Sequence "Cut" with one clip "A" from the frame given.
@@ -255,6 +378,69 @@ compare() {
     expect_text err absent.xml
 }
 
+# One sequence of a project; one that isn't there is an error.
+sequence() {
+    one_clip 100 >one.xml
+    expect_status 0 --quiet --seed 1 one.xml
+    local guid
+    guid=$(sed -n 's/.*<Sequence ObjectUID="\([^"]*\)".*/\1/p' one.vlproj | head -1)
+    expect_status 0 --quiet --sequence "$guid" one.vlproj chosen.xml
+    expect_text chosen.xml '<sequence'
+    expect_status 2 --sequence 12345678-1234-1234-1234-123456789abc one.vlproj none.xml
+    expect_text err 'holds no sequence 12345678-1234-1234-1234-123456789abc'
+    expect_no_file none.xml
+    expect_no_file none.xml.part
+}
+
+# What waits for the other end of a pipe dies of the first signal, and a loop around it with it.
+waiting() {
+    minimal >small.xml
+    "$tool" --quiet small.xml >/dev/null
+    mkfifo pipe.xml pipe.vlproj
+    local arguments signal pid status
+    for arguments in 'pipe.xml new.vlproj' 'pipe.vlproj new.xml' 'small.xml pipe.vlproj' \
+        'small.vlproj pipe.xml'; do
+        for signal in INT TERM; do
+            # shellcheck disable=SC2086
+            "$tool" $arguments >out 2>err </dev/null &
+            pid=$!
+            sleep 0.4
+            kill "-$signal" "$pid"
+            wait "$pid"
+            status=$?
+            [ "$status" -eq $((128 + $(kill -l "$signal"))) ] ||
+                fail "$arguments: status $status after SIG$signal"
+            expect_text err 'The operation was aborted.'
+            [ -z "$(ls new.* ./*.part 2>/dev/null)" ] || fail "$arguments leaves $(ls new.* ./*.part)"
+        done
+    done
+    # With both ends there, pipes are as good as files.
+    cat small.xml >pipe.xml &
+    expect_status 0 pipe.xml new.vlproj
+    expect_file new.vlproj
+    (cat pipe.vlproj >copy.vlproj) &
+    expect_status 0 small.xml pipe.vlproj
+    wait
+    expect_text copy.vlproj '</VelaData>'
+
+    # bash ends a script whose command died of SIGINT; job control lets the signal through.
+    cat >loop.sh <<'SCRIPT'
+trap - INT
+for i in 1 2 3; do
+    echo "round $i" >>rounds
+    "$1" pipe.xml looped.vlproj
+done
+SCRIPT
+    set -m
+    bash loop.sh "$tool" >/dev/null 2>&1 </dev/null &
+    pid=$!
+    sleep 0.6
+    kill -INT -- "-$pid"
+    wait "$pid"
+    set +m
+    expect_lines rounds 1
+}
+
 interrupt() {
     { # long enough to be met at work
         printf '<xmeml version="5"><project><name>Long</name><children>'
@@ -273,7 +459,7 @@ interrupt() {
     kill -INT "$pid"
     wait "$pid"
     status=$?
-    [ "$status" -eq 1 ] || fail "status $status instead of 1"
+    [ "$status" -eq 130 ] || fail "status $status instead of 130"
     cat out err >both
     expect_text both 'The operation was aborted.'
     expect_same long.vlproj earlier

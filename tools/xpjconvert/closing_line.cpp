@@ -56,6 +56,19 @@ std::string StopText(const std::string& input, const ReadStop& stop)
                        stop.path);
 }
 
+std::string EncodingLines(const std::string& input, const EncodingFaults& faults)
+{
+    std::string lines;
+    if (!faults.unknown.empty())
+        lines += fmt::format("XPJConvert: {}: encoding \"{}\" is unknown, read as UTF-8.\n", input,
+                             faults.unknown);
+    if (faults.badPlaces > 0)
+        lines += fmt::format("XPJConvert: {}:{}:{}: bytes that mean nothing in {}, in {}.\n", input,
+                             faults.firstLine, faults.firstColumn, faults.encoding,
+                             Counted(faults.badPlaces, "place"));
+    return lines;
+}
+
 std::string SuccessLine(const std::string& output, const FileConversion& outcome)
 {
     return fmt::format("Wrote {}: {}\n", output, FindingsText(outcome));
@@ -72,7 +85,11 @@ std::string CutOffLine(const ToolOptions& options, const FileConversion& outcome
 std::string FailureLine(const ToolOptions& options, const FileConversion& outcome)
 {
     if (outcome.outputLost)
-        return fmt::format("XPJConvert: {}: the output could not be written.\n", options.output);
+        return fmt::format("XPJConvert: {}: the output could not be written: {}.\n", options.output,
+                           outcome.lossReason);
+    if (outcome.lacksSequence)
+        return fmt::format("XPJConvert: {}: it holds no sequence {}.\n", options.input,
+                           AsString(options.sequenceGuid));
     if (!outcome.stop.reason.empty() && outcome.result != kAborted)
         return fmt::format("XPJConvert: {}: {}\n", StopText(options.input, outcome.stop),
                            GetMessage(MessageOf(outcome.result)));

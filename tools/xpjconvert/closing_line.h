@@ -1,6 +1,7 @@
 // What the tool says at a conversion's end.
 #pragma once
 
+#include "core/encoding.h"
 #include "xpjconvert/conversion.h"
 
 #include <string>
@@ -9,6 +10,9 @@ namespace XPJ {
 
 // "FILE:LINE:COLUMN: reason, in open/elements", without the place where there is none.
 std::string StopText(const std::string& input, const ReadStop& stop);
+
+// Warns of bytes that are no text, a line each; empty where all of them are.
+std::string EncodingLines(const std::string& input, const EncodingFaults& faults);
 
 // What was written, how many findings there are, and where the report is.
 //   "Wrote cut.vlproj: 3 findings, listed in /home/a/Documents/FCP Translation Results ....txt"

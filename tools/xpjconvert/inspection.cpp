@@ -8,8 +8,8 @@
 #include "inspect/text_form.h"
 #include "platform/files.h"
 #include "xpjconvert/closing_line.h"
+#include "xpjconvert/print.h"
 
-#include <cstdio>
 #include <iostream>
 
 #include <fmt/format.h>
@@ -20,12 +20,13 @@ namespace {
 using namespace Inspection;
 
 // Gives the exit status: output that got lost is no success.
-int Print(const std::string& text, int status)
+int PrintAll(const std::string& text, int status)
 {
-    const bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
-    if (std::fflush(stdout) == 0 && isWritten)
+    Print(text);
+    const std::string loss = FlushPrinted();
+    if (loss.empty())
         return status;
-    fmt::print(stderr, "XPJConvert: the output could not be written.\n");
+    PrintError(fmt::format("XPJConvert: the output could not be written: {}.\n", loss));
     return kUnexpectedError;
 }
 
@@ -42,11 +43,12 @@ bool Read(const std::string& path, Project& project, int& status)
         failure.stop = outcome.stop;
         ToolOptions options;
         options.input = path;
-        fmt::print(stderr, "{}", FailureLine(options, failure));
+        PrintError(FailureLine(options, failure));
     } else if (!outcome.stop.reason.empty()) {
-        fmt::print(stderr, "XPJConvert: {}; only what came before was read.\n",
-                   StopText(path, outcome.stop));
+        PrintError(fmt::format("XPJConvert: {}; only what came before was read.\n",
+                               StopText(path, outcome.stop)));
     }
+    PrintError(EncodingLines(path, outcome.encoding));
     return status == kSuccess;
 }
 
@@ -56,8 +58,8 @@ int Inspect(const ToolOptions& options)
     int status = kSuccess;
     if (!Read(options.input, project, status))
         return status;
-    return Print(options.json ? TreeJson(project, FileExists) : TreeText(project, FileExists),
-                 kSuccess);
+    return PrintAll(options.json ? TreeJson(project, FileExists) : TreeText(project, FileExists),
+                    kSuccess);
 }
 
 int CompareFiles(const ToolOptions& options)
@@ -68,8 +70,8 @@ int CompareFiles(const ToolOptions& options)
     if (!Read(options.input, a, status) || !Read(options.output, b, status))
         return status;
     const std::vector<Difference> differences = Compare(a, b);
-    return Print(options.json ? DifferencesJson(differences) : DifferencesText(differences),
-                 differences.empty() ? kSuccess : kDifferent);
+    return PrintAll(options.json ? DifferencesJson(differences) : DifferencesText(differences),
+                    differences.empty() ? kSuccess : kDifferent);
 }
 
 } // namespace
@@ -77,7 +79,7 @@ int CompareFiles(const ToolOptions& options)
 std::optional<int> RunInspection(const ToolOptions& options)
 {
     if (options.listEffects)
-        return Print(EffectTableText(), kSuccess);
+        return PrintAll(EffectTableText(), kSuccess);
     if (!options.inspect && !options.compare)
         return std::nullopt;
     std::cout.setstate(std::ios::failbit); // the readers' diagnostics for developers

@@ -1,33 +1,74 @@
 #include "xpjconvert/interrupt.h"
 
+#include <atomic>
 #include <csignal>
 
 namespace XPJ {
 namespace {
 
-volatile std::sig_atomic_t gInterrupted = 0;
+constexpr int kInterrupts[] = {SIGINT, SIGTERM, SIGHUP};
 
-extern "C" void RememberInterrupt(int)
+std::atomic<int> gSignal = 0;
+static_assert(std::atomic<int>::is_always_lock_free); // a signal handler sets it
+
+void SetHandler(int number, void (*handler)(int))
 {
-    gInterrupted = 1;
+    struct sigaction action {};
+    action.sa_handler = handler;
+    // Without SA_RESTART: what the waiting thread waits for is given up.
+    sigaction(number, &action, nullptr);
+}
+
+extern "C" void RememberInterrupt(int number)
+{
+    if (gSignal.exchange(number) == 0)
+        return;
+    SetHandler(number, SIG_DFL);
+    raise(number); // comes once this handler has returned
+}
+
+// As under nohup.
+bool IsHangUpIgnored()
+{
+    struct sigaction action {};
+    sigaction(SIGHUP, nullptr, &action);
+    return action.sa_handler == SIG_IGN;
 }
 
 } // namespace
 
 void CatchInterrupts()
 {
-    struct sigaction action {};
-    action.sa_handler = RememberInterrupt;
-    action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
-    action.sa_handler = SIG_IGN;
-    sigaction(SIGPIPE, &action, nullptr);
+    for (const int number : kInterrupts)
+        if (number != SIGHUP || !IsHangUpIgnored())
+            SetHandler(number, RememberInterrupt);
+    SetHandler(SIGPIPE, SIG_IGN);
+    SetHandler(SIGXFSZ, SIG_IGN);
+}
+
+void ReleaseInterrupts()
+{
+    for (const int number : kInterrupts)
+        if (number != SIGHUP || !IsHangUpIgnored())
+            SetHandler(number, SIG_DFL);
 }
 
 bool IsInterrupted()
 {
-    return gInterrupted != 0;
+    return gSignal != 0;
+}
+
+void EndByInterrupt()
+{
+    const int number = gSignal;
+    if (number == 0)
+        return;
+    SetHandler(number, SIG_DFL);
+    sigset_t one;
+    sigemptyset(&one);
+    sigaddset(&one, number);
+    pthread_sigmask(SIG_UNBLOCK, &one, nullptr);
+    raise(number);
 }
 
 } // namespace XPJ

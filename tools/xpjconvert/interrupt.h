@@ -3,10 +3,16 @@
 
 namespace XPJ {
 
-// From here on the first SIGINT or SIGTERM is only remembered; a second one ends the process. A
-// closed pipe becomes a failed write.
+// From here on the first SIGINT, SIGTERM or SIGHUP is only remembered; a second one ends the
+// process. A closed pipe and a file beyond the limit of its size become failed writes.
 void CatchInterrupts();
+// From here on the first one ends the process as well.
+void ReleaseInterrupts();
 
 bool IsInterrupted();
+
+// Ends the process by the signal that was remembered, so that its caller (a loop in a shell) learns
+// of it; does nothing if there was none.
+void EndByInterrupt();
 
 } // namespace XPJ

@@ -9,6 +9,7 @@
 #include "xpjconvert/inspection.h"
 #include "xpjconvert/interrupt.h"
 #include "xpjconvert/options.h"
+#include "xpjconvert/print.h"
 
 #include <filesystem>
 #include <iostream>
@@ -36,9 +37,10 @@ void PreparePlatform(const ToolOptions& options, DefaultPlatform& platform)
 // The report's text, with this system's line ends, and what no finding stands for.
 void PrintLosses(const FileConversion& outcome, Direction direction)
 {
-    std::string text = IssueReportText(outcome.issues, direction);
+    std::string text = IssueReportText(outcome.issues, direction, NameForm::Plain);
     std::erase(text, '\r');
-    fmt::print("{}{}", text, LeftOutText(outcome.leftOut));
+    Print(text);
+    Print(LeftOutText(outcome.leftOut));
 }
 
 int Convert(Direction direction, ToolOptions& options)
@@ -49,21 +51,28 @@ int Convert(Direction direction, ToolOptions& options)
                              : OutputNameOf(options.input, ".vlproj", ".xml");
     std::error_code error;
     if (std::filesystem::equivalent(options.input, options.output, error)) {
-        fmt::print(stderr, "XPJConvert: {}: input and output are the same file.\n", options.input);
+        PrintError(
+            fmt::format("XPJConvert: {}: input and output are the same file.\n", options.input));
         return kWrongUsage;
     }
     if (options.handoff)
-        fmt::print("Processing for Sonara consumption...\n");
+        Print("Processing for Sonara consumption...\n");
 
+    CatchInterrupts();
     const FileConversion outcome = RunConversion(direction, options);
+    ReleaseInterrupts();
     if (!options.quiet)
         PrintLosses(outcome, direction);
     if (outcome.result == kSuccess) {
-        fmt::print(stderr, "{}", CutOffLine(options, outcome));
-        fmt::print("{}", SuccessLine(options.output, outcome));
+        PrintError(CutOffLine(options, outcome));
+        Print(SuccessLine(options.output, outcome));
     } else {
-        fmt::print(stderr, "{}", FailureLine(options, outcome));
+        PrintError(FailureLine(options, outcome));
     }
+    // The conversion stands, whoever hears of it.
+    if (const std::string loss = FlushPrinted(); !loss.empty())
+        PrintError(
+            fmt::format("XPJConvert: the standard output could not be written: {}.\n", loss));
     return outcome.result;
 }
 
@@ -83,7 +92,7 @@ int Run(int argc, char** argv)
     }
     const Direction direction = extension == "xml" ? Direction::Import : Direction::Export;
     if (direction == Direction::Import && (options.handoff || options.sequenceGuid != kZeroGuid)) {
-        fmt::print(stderr, "XPJConvert: --sequence and --handoff are for .vlproj input.\n");
+        PrintError("XPJConvert: --sequence and --handoff are for .vlproj input.\n");
         return kWrongUsage;
     }
 
@@ -92,7 +101,6 @@ int Run(int argc, char** argv)
     DefaultPlatform platform;
     PreparePlatform(options, platform);
     const PlatformScope scope(platform);
-    CatchInterrupts();
     return Convert(direction, options);
 }
 
@@ -100,13 +108,18 @@ int Run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    HoldStandardStreams();
+    int status = kUnexpectedError;
     try {
-        return Run(argc, argv);
+        status = Run(argc, argv);
     } catch (const std::bad_alloc&) {
-        std::cerr << "XPJConvert: The converter ran out of memory.\n";
-        return kOutOfMemory;
+        PrintError("XPJConvert: The converter ran out of memory.\n");
+        status = kOutOfMemory;
     } catch (const std::exception& error) {
-        std::cerr << "XPJConvert: An unexpected error occurred. (" << error.what() << ")\n";
-        return kUnexpectedError;
+        PrintError("XPJConvert: An unexpected error occurred. (");
+        PrintError(error.what());
+        PrintError(")\n");
     }
+    EndByInterrupt();
+    return status;
 }

@@ -10,9 +10,11 @@ constexpr const char* kDescription =
 
 constexpr const char* kFooter = R"(
 Exit status:
-  0  converted          3  out of memory                        6   unexpected error
-  1  cancelled          4  no xmeml data in the input           10  --compare: they differ
-  2  no FCP data        5  the input could not be opened        64  wrong usage
+  0  converted                      5   the input could not be opened
+  2  no FCP data, no such sequence  6   unexpected error, output not written
+  3  out of memory                  10  --compare: they differ
+  4  no xmeml data in the input     64  wrong usage
+  A run that a signal stops ends by that signal.
 
 Environment:
   VELA_DEBUG_DATABASE  a file of Key=Value lines, as with --set, which wins over it)";
@@ -59,7 +61,7 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
     app.add_option("OUTPUT", options.output,
                    "What to write; without it a file in the current folder named after INPUT");
     app.add_flag("-q,--quiet", options.quiet, "Only the closing line, and errors");
-    app.add_option("--seed", options.seed, "Makes GUIDs reproducible: same input, same bytes")
+    app.add_option("--seed", options.seed, "Same input, same bytes; the project lists no report")
         ->option_text("N");
     app.add_option("--set", entries, "Sets an entry of the debug database; may be repeated")
         ->option_text("KEY=VALUE")

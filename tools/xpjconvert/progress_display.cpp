@@ -1,8 +1,8 @@
 #include "xpjconvert/progress_display.h"
 #include "core/numbers.h"
+#include "xpjconvert/print.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include <fmt/format.h>
 #include <unistd.h>
@@ -24,20 +24,18 @@ ProgressDisplay::ProgressDisplay(bool quiet)
 ProgressDisplay::~ProgressDisplay()
 {
     if (barShown_)
-        fmt::print(stderr, "\r\x1b[K"); // to the line's start, clear it
-    std::fflush(stderr);
+        PrintError("\r\x1b[K"); // to the line's start, clear it
 }
 
 void ProgressDisplay::Show(double progress)
 {
     if (form_ == Form::Lines) {
-        fmt::print("Progress: {}%\n", DoubleToString(progress * 100));
-        std::fflush(stdout);
+        Print(fmt::format("Progress: {}%\n", DoubleToString(progress * 100)));
+        FlushPrinted();
     } else if (form_ == Form::Bar) {
         const int filled = static_cast<int>(std::clamp(progress, 0.0, 1.0) * kBarWidth);
-        fmt::print(stderr, "\r[{:#<{}}{:.<{}}] {:3.0f}%", "", filled, "", kBarWidth - filled,
-                   progress * 100);
-        std::fflush(stderr);
+        PrintError(fmt::format("\r[{:#<{}}{:.<{}}] {:3.0f}%", "", filled, "", kBarWidth - filled,
+                               progress * 100));
         barShown_ = true;
     }
 }

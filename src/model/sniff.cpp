@@ -1,7 +1,6 @@
-#include "frame/sniff.h"
-#include "core/paths.h"
+#include "model/sniff.h"
+
 #include "platform/files.h"
-#include "platform/platform.h"
 
 #include <algorithm>
 #include <array>
@@ -11,7 +10,6 @@ namespace XPJ {
 namespace {
 
 constexpr std::size_t kSniffedBytes = 1000;
-constexpr std::string_view kHandOffMark = "__Vl2Sn__";
 
 constexpr std::string_view kDocumentMark = "<xmeml version=";
 // Any of these has to stand beside it.
@@ -49,21 +47,6 @@ FileKind SniffFile(const std::string& path)
     if (!file.Open(path, false) || !file.Read(head.data(), head.size(), size))
         return {};
     return SniffText({head.data(), size});
-}
-
-ExportTarget ExportTargetOf(std::string_view path)
-{
-    ExportTarget target;
-    std::string_view name = FileNameOf(path);
-    const std::size_t mark = name.find(kHandOffMark);
-    target.vl2snMode = mark != name.npos;
-    if (target.vl2snMode)
-        name.remove_prefix(mark + kHandOffMark.size());
-    target.path = std::string(FolderOf(path)).append(name);
-    target.title = name.substr(0, name.rfind('.'));
-    if (target.title.empty())
-        target.title = GetMessage(Message::kOrrinVelaProProject);
-    return target;
 }
 
 } // namespace XPJ

@@ -1,5 +1,5 @@
-#include "frame/sniff.h"
-#include "frame_test_support.h"
+#include "model/sniff.h"
+#include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -41,35 +41,16 @@ TEST(SniffText, WantsTheVersionAndOneMoreMark)
 TEST(SniffFile, AFileThatCannotBeReadIsNoDocument)
 {
     const TempFolder folder;
-    EXPECT_TRUE(SniffFile(folder.Write("a.xml", kSmallXML)).isFCPXML);
+    const std::string document = "<xmeml version=\"4\"><bin>";
+    EXPECT_TRUE(SniffFile(folder.Write("a.xml", document)).isFCPXML);
+    // Nor is one of wide characters, which only the reader decodes.
+    std::string wide = "\xFF\xFE";
+    for (const char c : document)
+        (wide += c) += '\0';
+    EXPECT_FALSE(SniffFile(folder.Write("wide.xml", wide)).isFCPXML);
     EXPECT_FALSE(SniffFile(folder.Write("empty.xml", "")).isFCPXML);
     EXPECT_FALSE(SniffFile(folder / "none.xml").isFCPXML);
     EXPECT_FALSE(SniffFile(folder.Path()).isFCPXML);
-}
-
-TEST(ExportTargetOf, TakesTheMarkOutOfTheName)
-{
-    const struct {
-        const char* path;
-        const char* target;
-        const char* title;
-        bool vl2snMode;
-    } rows[] = {
-        {"/p/clip.xml", "/p/clip.xml", "clip", false},
-        {"/p/clip__Vl2Sn__final.xml", "/p/final.xml", "final", true},
-        {"a__Vl2Sn__b__Vl2Sn__c.xml", "b__Vl2Sn__c.xml", "b__Vl2Sn__c", true},
-        {"/p__Vl2Sn__q/clip.v2.xml", "/p__Vl2Sn__q/clip.v2.xml", "clip.v2", false},
-        {"/p/clip", "/p/clip", "clip", false},
-        {"/p/.xml", "/p/.xml", "Orrin Vela Pro Project", false},
-        {"/p/clip__Vl2Sn__", "/p/", "Orrin Vela Pro Project", true},
-        {"", "", "Orrin Vela Pro Project", false},
-    };
-    for (const auto& [path, targetPath, title, vl2snMode] : rows) {
-        const ExportTarget target = ExportTargetOf(path);
-        EXPECT_EQ(target.path, targetPath) << path;
-        EXPECT_EQ(target.title, title) << path;
-        EXPECT_EQ(target.vl2snMode, vl2snMode) << path;
-    }
 }
 
 } // namespace
