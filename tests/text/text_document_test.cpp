@@ -47,8 +47,7 @@ TEST(TextDocument, EveryKeyIsReadAndWritten)
         R"("mAlignment":6)",
         R"("mLeading":1.25)",
         R"("mTabWidth":1e+16)",
-        R"("mStyleSheet":[{"mParamValues":["A",1.5,0.25,0.5,0.75,false,1.0,0.5,0.125,true,)"
-        R"(2.0,3.0,4.0,5.0,6.0,[1,{"a":null}]]}])",
+        R"("mStyleSheet":[{"mParamValues":["A",1.5,0.25,0.5,0.75,false,1.0,0.5,0.125,true,2.0,3.0,4.0,5.0,6.0,[1,{"a":null}]]}])",
         R"("mIsVerticalText":true)",
         R"("mShadowColor":16711680)",
         R"("mShadowVisible":true)",
