@@ -4,6 +4,7 @@
 #include "import/import_driver.h"
 #include "model/reader.h"
 #include "model/writer.h"
+#include "platform/settings.h"
 
 namespace XPJ {
 
@@ -26,7 +27,7 @@ int ConversionOperation::Convert(Findings& findings)
     Document translation;
     ObjectHandle xmeml;
     ObjectHandle project;
-    const ImportOptions options{inputPath_, sn2vlMode_, aafSupport_};
+    const ImportOptions options{inputPath_, sn2vlMode_, aafSupport_, ReadSettings()};
 
     StageScope road(*this, 1, 8);
     int result = RunStep(road, 2, [&] {

@@ -1,11 +1,13 @@
 #include "import/generators.h"
 
 #include "core/numbers.h"
+#include "effects/title_reader.h"
 #include "import/master_builder.h"
 #include "import/master_clips.h"
 #include "import/media.h"
 #include "import/project_items.h"
 #include "import/synthetic_media.h"
+#include "import/title_media.h"
 #include "import/tracks.h"
 #include "import/whole_items.h"
 
@@ -93,6 +95,45 @@ ObjectHandle RegisterGenerator(ImportState& state, ObjectHandle item, const File
     return master;
 }
 
+// What a generator becomes. Shapes have no legacy form.
+enum class GeneratorRoute { ColorMatte, LegacyTitle, Graphic, Unknown };
+
+GeneratorRoute RouteOf(const Settings& settings, ObjectHandle item)
+{
+    if (IsColorGenerator(item))
+        return GeneratorRoute::ColorMatte;
+    if (IsTextTitle(item))
+        return settings.convertTitles ? GeneratorRoute::Graphic : GeneratorRoute::LegacyTitle;
+    return IsShape(item) ? GeneratorRoute::Graphic : GeneratorRoute::Unknown;
+}
+
+GeneratorResult TranslateColorMatte(ImportState& state, ObjectHandle item, ObjectHandle owner)
+{
+    const std::optional<MatteColor> color = ReadMatteColor(item, *ColorEffectOf(item));
+    if (!color)
+        return {};
+    const FileSources sources = MakeSyntheticSources(state, SyntheticKind::ColorMatte,
+                                                     FrameTicksOf(item), FrameOfOwner(owner));
+    SetMatteColor(*color, sources.VideoMedia());
+    return {RegisterGenerator(state, item, sources), true};
+}
+
+GeneratorResult TranslateLegacyTitle(ImportState& state, ObjectHandle item, ObjectHandle owner)
+{
+    const FrameFormat frame = FrameOfOwner(owner);
+    const Title title = ReadTitle(item, ParseFrameSize(frame.rect, frame.par));
+    return {
+        RegisterGenerator(state, item, MakeTitleSources(state, title, FrameTicksOf(item), frame)),
+        true};
+}
+
+// Transparent video takes the place of what nothing is known of.
+GeneratorResult TranslateUnknown(ImportState& state, ObjectHandle item)
+{
+    const FileSources sources = MakeSyntheticSources(state, SyntheticKind::TransparentVideo, 0, {});
+    return {RegisterGenerator(state, item, sources), false};
+}
+
 // The black clip and its item, which all slugs of a project share.
 ObjectHandle BlackClipFor(ImportState& state, ObjectHandle parentItem)
 {
@@ -163,22 +204,20 @@ bool IsColorGenerator(ObjectHandle item)
 
 GeneratorResult TranslateGenerator(ImportState& state, ObjectHandle item, ObjectHandle owner)
 {
-    const ColorEffect* const colorEffect = ColorEffectOf(item);
+    const GeneratorRoute route = RouteOf(state.settings, item);
     const auto known = state.translatedGenerators.find(item.UniqueId());
     if (known != state.translatedGenerators.end())
-        return {known->second, colorEffect != nullptr};
-    if (!colorEffect) {
-        const FileSources sources =
-            MakeSyntheticSources(state, SyntheticKind::TransparentVideo, 0, {});
-        return {RegisterGenerator(state, item, sources), false};
+        return {known->second, route != GeneratorRoute::Unknown};
+    switch (route) {
+    case GeneratorRoute::ColorMatte:
+        return TranslateColorMatte(state, item, owner);
+    case GeneratorRoute::LegacyTitle:
+        return TranslateLegacyTitle(state, item, owner);
+    case GeneratorRoute::Graphic: // TODO: the graphic road
+    case GeneratorRoute::Unknown:
+        break;
     }
-    const std::optional<MatteColor> color = ReadMatteColor(item, *colorEffect);
-    if (!color)
-        return {};
-    const FileSources sources = MakeSyntheticSources(state, SyntheticKind::ColorMatte,
-                                                     FrameTicksOf(item), FrameOfOwner(owner));
-    SetMatteColor(*color, sources.VideoMedia());
-    return {RegisterGenerator(state, item, sources), true};
+    return TranslateUnknown(state, item);
 }
 
 void TranslateSlugItem(ImportState& state, ObjectHandle item, ObjectHandle file,

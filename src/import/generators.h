@@ -13,8 +13,9 @@ bool IsSlug(ObjectHandle file);
 bool IsColorGenerator(ObjectHandle item);
 
 struct GeneratorResult {
-    ObjectHandle master;     // null: nothing stands in for the item
-    bool translated = false; // false asks the caller for a finding
+    ObjectHandle master;          // null: nothing replaces the item
+    bool translated = false;      // false: the caller enters an issue
+    bool needsProjectItem = true; // false: the master is not listed in a bin
 };
 
 // Master of a `generatoritem`, registered under the item's `id`. `owner` is the `sequence` or

@@ -114,6 +114,7 @@ int ImportDocument(ObjectHandle root, const ImportOptions& options, Progress& pr
     state.version = IntProperty(root, "version");
     state.sn2vlMode = options.sn2vlMode;
     state.aafSupport = options.aafSupport;
+    state.settings = options.settings;
     state.documentDirectory = FolderOf(options.inputPath);
     state.project = ProjectOf(document, root);
     if (!state.project)

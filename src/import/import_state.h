@@ -8,6 +8,7 @@
 #include "import/master_registry.h"
 #include "import/media_type.h"
 #include "model/object.h"
+#include "platform/settings.h"
 
 #include <compare>
 #include <cstdint>
@@ -95,6 +96,7 @@ struct ImportState {
     int version = 0;               // of the `xmeml` element, 0 if it states none
     bool sn2vlMode = false;        // audio hand-off
     bool aafSupport = false;       // the host came in through the AAF-aware entry
+    Settings settings;
     std::string documentDirectory; // with its last separator; base of relative `pathurl`s
 
     // By `id`. A `file` is here when it has an id and a content.
