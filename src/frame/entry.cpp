@@ -5,6 +5,7 @@
 #include "frame/sniff.h"
 #include "frame/stream_buffers.h"
 #include "frame/user_messages.h"
+#include "text/text_services.h"
 
 #include <istream>
 #include <memory>
@@ -94,6 +95,7 @@ std::int32_t StartUp(VelaFileTypeTable* table)
     FillTable(*table);
     try {
         GetPlatform().StartServices();
+        GVE::StartTextServices();
     } catch (...) { // NOLINT(bugprone-empty-catch): most conversions need none of the services
     }
     return kVelaDone;
@@ -207,6 +209,7 @@ std::int32_t RunSelector(std::int32_t selector, void* record, bool supportsAAF)
     case kVelaSelectorExport:
         return context ? Export(*context) : std::int32_t{kVelaNoContext};
     case kVelaSelectorShutDown:
+        GVE::StopTextServices();
         GetPlatform().StopServices();
         return kVelaDone;
     default:
