@@ -29,6 +29,7 @@ enum class MediumKind {
     ColourMatte,
     Graphic,
     BarsAndTone,
+    Title,     // a legacy title document
     Synthetic, // a generator without a counterpart
 };
 
