@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "effects/title_reader.h"
+#include "import/graphic_titles.h"
 #include "import/master_builder.h"
 #include "import/master_clips.h"
 #include "import/media.h"
@@ -85,9 +86,9 @@ GeneratorRoute RouteOf(const Settings& settings, ObjectHandle item)
 {
     if (IsColorGenerator(item))
         return GeneratorRoute::ColorMatte;
-    if (IsTextTitle(item))
-        return settings.convertTitles ? GeneratorRoute::Graphic : GeneratorRoute::LegacyTitle;
-    return IsShape(item) ? GeneratorRoute::Graphic : GeneratorRoute::Unknown;
+    if (IsGraphicTitle(settings, item))
+        return GeneratorRoute::Graphic;
+    return IsTextTitle(item) ? GeneratorRoute::LegacyTitle : GeneratorRoute::Unknown;
 }
 
 GeneratorResult TranslateColorMatte(ImportState& state, ObjectHandle item, ObjectHandle owner)
@@ -108,6 +109,21 @@ GeneratorResult TranslateLegacyTitle(ImportState& state, ObjectHandle item, Obje
     return {
         RegisterGenerator(state, item, MakeTitleSources(state, title, FrameTicksOf(item), frame)),
         true};
+}
+
+// In a bin the master carries the effect, on a track by the setting; only such a master is listed.
+GeneratorResult TranslateGraphic(ImportState& state, ObjectHandle item, ObjectHandle owner)
+{
+    const FrameFormat frame = FrameOfOwner(owner);
+    RegisterTitle(state, item);
+    const ObjectHandle master = RegisterGenerator(
+        state, item,
+        MakeSyntheticSources(state, SyntheticKind::Graphic, FrameTicksOf(item), frame));
+    const bool isMasterEffect =
+        state.settings.titlesAsMasterEffects || owner.GetName() != "sequence";
+    if (master && isMasterEffect)
+        AddTitleToMaster(state, item, ParseFrameSize(frame.rect, frame.par), master);
+    return {master, true, isMasterEffect};
 }
 
 // Transparent video takes the place of what nothing is known of.
@@ -206,13 +222,15 @@ GeneratorResult TranslateGenerator(ImportState& state, ObjectHandle item, Object
     const GeneratorRoute route = RouteOf(state.settings, item);
     const auto known = state.translatedGenerators.find(item.UniqueId());
     if (known != state.translatedGenerators.end())
-        return {known->second, route != GeneratorRoute::Unknown};
+        return {known->second, route != GeneratorRoute::Unknown,
+                route != GeneratorRoute::Graphic || HasTitle(state, known->second)};
     switch (route) {
     case GeneratorRoute::ColorMatte:
         return TranslateColorMatte(state, item, owner);
     case GeneratorRoute::LegacyTitle:
         return TranslateLegacyTitle(state, item, owner);
-    case GeneratorRoute::Graphic: // TODO: the graphic road
+    case GeneratorRoute::Graphic:
+        return TranslateGraphic(state, item, owner);
     case GeneratorRoute::Unknown:
         break;
     }

@@ -143,6 +143,8 @@ struct ImportState {
 
     std::unordered_set<std::uint64_t> reportedGenerators; // `uniqueId` of `generatoritem`s
     std::unordered_map<std::uint64_t, ObjectHandle> translatedGenerators; // to the MasterClip
+    ById titles; // first generator that states the words of a clip, by `masterclipid`, else `id`
+    NodeSet titledMasters; // MasterClips that have the effect of a title themselves
     ObjectHandle blackVideo; // MasterClip of the black clip behind slugs, once made
 };
 

@@ -4,6 +4,7 @@
 #include "effects/values.h"
 #include "effects/video_chain.h"
 #include "import/formats.h"
+#include "import/graphic_titles.h"
 #include "import/item_place.h"
 #include "import/master_builder.h"
 #include "import/media.h"
@@ -135,8 +136,11 @@ EffectContext ContextOfItem(const TrackContext& track, ObjectHandle item, Object
 ObjectHandle MakeItemVideoChain(const TrackContext& track, ObjectHandle item, Frames start,
                                 ObjectHandle subClip)
 {
-    const EffectContext context = ContextOfItem(track, item, subClip.GetChild("MasterClip"), start);
-    return BuildSequenceChain(context, item, subClip, IntToString(track.sequence.number));
+    const ObjectHandle master = subClip.GetChild("MasterClip");
+    const EffectContext context = ContextOfItem(track, item, master, start);
+    const ObjectHandle title =
+        TitleOfItem(track.sequence.state, item, context.sequenceFrame, master);
+    return BuildSequenceChain(context, item, subClip, IntToString(track.sequence.number), title);
 }
 
 void AddMasterEffects(const ImportState& state, ObjectHandle element, ObjectHandle file,
