@@ -66,7 +66,7 @@ TEST_F(TitlesTest, AreMediaOfTheTitleImporter)
         {media.GetChild("VideoStream"), "Duration", "10973491200000000"},
         {media.GetChild("VideoStream"), "FrameRate", "10160640000"},
         {media.GetChild("VideoStream"), "FrameRect", "0,0,1440,1080"},
-        {media.GetChild("VideoStream"), "OriginalPAR", "4,3"},
+        {media.GetChild("VideoStream"), "OriginalPAR", "1920,1440"},
         {media.GetChild("VideoStream"), "IsStill", "true"},
     };
     for (const auto& row : rows)
