@@ -205,6 +205,15 @@ std::string_view Trimmed(std::string_view text) noexcept
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
+std::string_view TruncatedText(std::string_view text, std::size_t bytes) noexcept
+{
+    if (text.size() <= bytes)
+        return text;
+    while (bytes > 0 && (static_cast<unsigned char>(text[bytes]) & 0xC0) == 0x80)
+        --bytes;
+    return text.substr(0, bytes);
+}
+
 bool EqualsIgnoreCase(std::string_view a, std::string_view b) noexcept
 {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {

@@ -30,6 +30,9 @@ bool IsPlainText(std::string_view text) noexcept;
 // Without the blanks at both ends.
 std::string_view Trimmed(std::string_view text) noexcept;
 
+// At most that many bytes of the start, without half a character.
+std::string_view TruncatedText(std::string_view text, std::size_t bytes) noexcept;
+
 // ASCII letters compare without regard to case, all other bytes as they are.
 bool EqualsIgnoreCase(std::string_view a, std::string_view b) noexcept;
 

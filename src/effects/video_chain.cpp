@@ -113,14 +113,19 @@ bool TakeMasterEffect(const EffectContext& context, ObjectHandle effect, Compone
 
 // ---- The walk
 
-// Calls `take(effect)` for each effect; one that gives false is entered as not translated.
+// Calls `take(effect)`; one that gives false is entered as not translated.
+template <typename Take>
+void TakeOne(const EffectContext& context, ObjectHandle effect, const Take& take)
+{
+    if (!take(effect))
+        context.AddIssue(ImportIssue::EffectNotTranslated, EffectName(effect));
+}
+
+// The same for each effect of a walk.
 template <typename Take>
 void TakeEffects(const EffectContext& context, ObjectHandle owner, const Take& take)
 {
-    ForEachEffect(owner, [&](ObjectHandle effect) {
-        if (!take(effect))
-            context.AddIssue(ImportIssue::EffectNotTranslated, EffectName(effect));
-    });
+    ForEachEffect(owner, [&](ObjectHandle effect) { TakeOne(context, effect, take); });
 }
 
 // An item may have a composite mode without an opacity filter.
@@ -163,7 +168,8 @@ void AttachItemEffects(ObjectHandle chain, const ItemEffects& effects, ObjectHan
 } // namespace
 
 ObjectHandle BuildSequenceChain(const EffectContext& context, ObjectHandle item,
-                                ObjectHandle subClip, std::string_view sequenceId)
+                                ObjectHandle subClip, std::string_view sequenceId,
+                                ObjectHandle title)
 {
     const ObjectHandle chain = context.document.NewObject("VideoComponentChain");
     chain.SetProperty("SeqID", sequenceId);
@@ -172,7 +178,10 @@ ObjectHandle BuildSequenceChain(const EffectContext& context, ObjectHandle item,
     if (context.frameTicks == 0)
         return chain;
     ItemEffects effects{.context = context, .item = item, .subClip = subClip};
-    TakeEffects(context, item, [&](ObjectHandle effect) { return TakeEffect(effects, effect); });
+    const auto take = [&](ObjectHandle effect) { return TakeEffect(effects, effect); };
+    if (title)
+        TakeOne(context, title, take);
+    TakeEffects(context, item, take);
     AddOpacityOfMode(effects);
     AttachItemEffects(chain, effects,
                       TranslateMotion(context, effects.motionSource, effects.distortSource));
@@ -184,6 +193,14 @@ void AddMasterChainEffects(const EffectContext& context, ObjectHandle owner, Obj
     Components components;
     TakeEffects(context, owner,
                 [&](ObjectHandle effect) { return TakeMasterEffect(context, effect, components); });
+    AttachAll(chain, components, IntProperty(chain, "NextComponentID", 1));
+}
+
+void AddMasterChainEffect(const EffectContext& context, ObjectHandle effect, ObjectHandle chain)
+{
+    Components components;
+    TakeOne(context, effect,
+            [&](ObjectHandle taken) { return TakeMasterEffect(context, taken, components); });
     AttachAll(chain, components, IntProperty(chain, "NextComponentID", 1));
 }
 

@@ -1,6 +1,7 @@
 #include "effects/video_filters.h"
 
 #include "core/numbers.h"
+#include "effects/graphic_effects.h"
 #include "effects/no_op_tests.h"
 #include "effects/values.h"
 #include "effects/video_component.h"
@@ -150,6 +151,13 @@ bool TranslateFlop(const EffectContext& context, ObjectHandle effect, Components
     return flop == kVertical || flop == kHorizontal || flop == kBoth;
 }
 
+template <ObjectHandle (*makeComponent)(Document&, ObjectHandle)>
+bool TranslateGraphic(const EffectContext& context, ObjectHandle effect, Components& components)
+{
+    components.push_back(makeComponent(context.document, effect));
+    return true;
+}
+
 template <const std::string_view& id>
 bool DropAtRest(const EffectContext&, ObjectHandle effect, Components&)
 {
@@ -164,7 +172,7 @@ std::vector<ListedParameter> ListFlop()
     return {{"Flop", false}};
 }
 
-std::vector<ListedParameter> ListTransform()
+std::vector<ListedParameter> ListAll()
 {
     return {{"all", true}};
 }
@@ -190,9 +198,9 @@ constexpr VideoFilter kVideoFilters[] = {
     {"Luma Key", TranslateByRows<kLumaKey, kLumaKeyParams>, Approximated, List<kLumaKeyParams>,
      "key mode and softness are lost"},
     {"Gradiva", nullptr, Dropped, nullptr, ""},
-    {"GraphicAndType", nullptr, Dropped, nullptr, ""},
-    {"GraphicAndShape", nullptr, Dropped, nullptr, ""},
-    {"Transform", TranslateTransform, CarriedOver, ListTransform, ""},
+    {"GraphicAndType", TranslateGraphic<MakeTextComponent>, CarriedOver, ListAll, ""},
+    {"GraphicAndShape", TranslateGraphic<MakeShapeComponent>, CarriedOver, ListAll, ""},
+    {"Transform", TranslateTransform, CarriedOver, ListAll, ""},
     {"crop", TranslateCrop, Approximated, List<kCropParams>, "edge feather is lost"},
     {"Four-Point Garbage Matte", TranslateByRows<kFourPointMatte, kFourPointMatteParams>,
      CarriedOver, List<kFourPointMatteParams>, "smoothing, choking and feather are lost"},

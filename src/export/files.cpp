@@ -1,8 +1,10 @@
 #include "export/files.h"
 
+#include "core/base64.h"
 #include "core/numbers.h"
 #include "core/paths.h"
 #include "core/text.h"
+#include "effects/legacy_title_reader.h"
 #include "export/audio_effects.h"
 #include "export/channel_layout.h"
 #include "export/master_media.h"
@@ -68,14 +70,35 @@ std::int64_t FileDuration(const ExportContext& context, const FileSource& source
     return context.vl2snMode ? duration : DivTicks(duration, rate);
 }
 
+// A title's words tell it from others, which mostly have the name of their generator.
+//   "Lower 3rd: Anna Lee / Editor"
+std::string NameOfTitle(ObjectHandle medium)
+{
+    constexpr std::size_t kLongest = 120; // bytes of words
+    const std::string document = DecodeBase64(medium.GetProperty("ImporterPrefs"));
+    std::string words;
+    for (const LegacyTitleText& text : ReadLegacyTitle(document))
+        for (const std::string& line : text.lines)
+            if (!Trimmed(line).empty() && words.size() <= kLongest)
+                words.append(words.empty() ? "" : " / ").append(Trimmed(line));
+    std::string name = UnescapeXML(medium.GetProperty("Title"));
+    if (words.empty())
+        return name;
+    if (words.size() > kLongest)
+        words = std::string(TruncatedText(words, kLongest)) + "...";
+    return name.append(name.empty() ? "" : ": ").append(words);
+}
+
 std::string_view SyntheticSource(ExportContext& context, ObjectHandle medium, MediumKind kind)
 {
     if (kind == MediumKind::BarsAndTone)
         return "BarsAndTone";
     if (kind == MediumKind::Graphic)
         return "GraphicAndType";
+    const std::string name =
+        kind == MediumKind::Title ? NameOfTitle(medium) : std::string(medium.GetProperty("Title"));
     AddIssue(context, ExportIssue::SyntheticNotTranslated,
-             {.clip = medium.GetProperty("Title"), .trackKind = 2, .time = {}});
+             {.clip = name, .trackKind = 2, .time = {}});
     return "Slug";
 }
 

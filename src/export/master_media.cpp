@@ -21,6 +21,7 @@ constexpr SyntheticCode kSyntheticCodes[] = {
     {1129270354, MediumKind::ColourMatte}, // "COLR"
     {1196574294, MediumKind::Graphic},     // "GRFV"
     {1111577171, MediumKind::BarsAndTone}, // "BARS"
+    {1414091852, MediumKind::Title},       // "TITL"
 };
 
 Ticks TicksOr(ObjectHandle node, Name key, Ticks missing)

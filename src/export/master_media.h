@@ -16,6 +16,7 @@ enum class MediumKind {
     ColourMatte,
     Graphic,
     BarsAndTone,
+    Title,     // a legacy title document
     Synthetic, // a generator without a counterpart
 };
 

@@ -4,6 +4,7 @@
 #include "import/import_driver.h"
 #include "model/reader.h"
 #include "model/writer.h"
+#include "platform/settings.h"
 
 namespace XPJ {
 
@@ -24,7 +25,8 @@ int ConversionOperation::Convert(Findings& findings)
     Document translation;
     ObjectHandle xmeml;
     ObjectHandle project;
-    ImportOptions options{job_.inputPath, job_.sn2vlMode.value_or(false), job_.aafSupport};
+    ImportOptions options{job_.inputPath, job_.sn2vlMode.value_or(false), job_.aafSupport,
+                          ReadSettings()};
 
     StageScope road(*this, 1, 8);
     int result = RunStep(road, 2, [&] {

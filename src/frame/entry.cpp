@@ -7,6 +7,7 @@
 #include "frame/user_messages.h"
 #include "model/sniff.h"
 #include "platform/atomic_file.h"
+#include "text/text_services.h"
 
 #include <istream>
 #include <memory>
@@ -96,6 +97,7 @@ std::int32_t StartUp(VelaFileTypeTable* table)
     FillTable(*table);
     try {
         GetPlatform().StartServices();
+        GVE::StartTextServices();
     } catch (...) { // NOLINT(bugprone-empty-catch): most conversions need none of the services
     }
     return kVelaDone;
@@ -209,6 +211,7 @@ std::int32_t RunSelector(std::int32_t selector, void* record, bool supportsAAF)
     case kVelaSelectorExport:
         return context ? Export(*context) : std::int32_t{kVelaNoContext};
     case kVelaSelectorShutDown:
+        GVE::StopTextServices();
         GetPlatform().StopServices();
         return kVelaDone;
     default:

@@ -5,7 +5,7 @@
 #include "frame/release.h"
 #include "model/reader.h"
 #include "model/writer.h"
-#include "platform/platform.h"
+#include "platform/settings.h"
 
 namespace XPJ {
 
@@ -28,7 +28,7 @@ int VelaToFCPXOperation::Convert(Findings& findings)
     ObjectHandle xmeml;
     RVX::ExportOptions options{job_.projectTitle, job_.outputPath, job_.vl2snMode,
                                job_.sequenceGuid};
-    options.exportTransformEffect = DebugFlag("FCPXML.ExportTransformEffect");
+    options.exportTransformEffect = ReadSettings().exportTransform;
 
     StageScope road(*this, 1, 8);
     int result = RunStep(road, 2, [&] {

@@ -1,11 +1,14 @@
 #include "import/generators.h"
 
 #include "core/numbers.h"
+#include "effects/title_reader.h"
+#include "import/graphic_titles.h"
 #include "import/master_builder.h"
 #include "import/master_clips.h"
 #include "import/media.h"
 #include "import/project_items.h"
 #include "import/synthetic_media.h"
+#include "import/title_media.h"
 #include "import/tracks.h"
 #include "import/whole_items.h"
 
@@ -64,23 +67,6 @@ Ticks FrameTicksOf(ObjectHandle item)
     return ticks != 0 ? ticks : kNtscFrameTicks;
 }
 
-// Frame of the sequence, or of the browser clip that holds the generator.
-FrameFormat FrameOfOwner(ObjectHandle owner)
-{
-    FrameFormat frame;
-    if (owner.GetName() == "sequence")
-        frame = FrameOfSequence(owner);
-    for (const ObjectHandle& node :
-         {FindPath(owner, {"media", "video", "format"}), FindPath(owner, {"media", "video"})})
-        if (frame.rect.empty())
-            frame = FrameOfCharacteristics(node.GetChild("samplecharacteristics"));
-    if (frame.rect.empty()) {
-        frame.rect = kDefaultRect;
-        frame.par = kDefaultAspect;
-    }
-    return frame;
-}
-
 ObjectHandle RegisterGenerator(ImportState& state, ObjectHandle item, const FileSources& sources)
 {
     const std::string_view masterClipId = item.GetProperty("masterclipid");
@@ -91,6 +77,68 @@ ObjectHandle RegisterGenerator(ImportState& state, ObjectHandle item, const File
     if (master)
         state.translatedGenerators.emplace(item.UniqueId(), master);
     return master;
+}
+
+const FrameFormat& FrameOfGenerators(ImportState& state, ObjectHandle owner)
+{
+    const auto [entry, isNew] = state.generatorFrames.try_emplace(owner.UniqueId());
+    if (isNew)
+        entry->second = FrameOfOwner(owner);
+    return entry->second;
+}
+
+// What a generator becomes. Shapes have no legacy form.
+enum class GeneratorRoute { ColorMatte, LegacyTitle, Graphic, Unknown };
+
+GeneratorRoute RouteOf(const Settings& settings, ObjectHandle item)
+{
+    if (IsColorGenerator(item))
+        return GeneratorRoute::ColorMatte;
+    if (IsGraphicTitle(settings, item))
+        return GeneratorRoute::Graphic;
+    return IsTextTitle(item) ? GeneratorRoute::LegacyTitle : GeneratorRoute::Unknown;
+}
+
+GeneratorResult TranslateColorMatte(ImportState& state, ObjectHandle item, ObjectHandle owner)
+{
+    const std::optional<MatteColor> color = ReadMatteColor(item, *ColorEffectOf(item));
+    if (!color)
+        return {};
+    const FileSources sources = MakeSyntheticSources(
+        state, SyntheticKind::ColorMatte, FrameTicksOf(item), FrameOfGenerators(state, owner));
+    SetMatteColor(*color, sources.VideoMedia());
+    return {RegisterGenerator(state, item, sources), true};
+}
+
+GeneratorResult TranslateLegacyTitle(ImportState& state, ObjectHandle item, ObjectHandle owner)
+{
+    const FrameFormat& frame = FrameOfGenerators(state, owner);
+    const Title title = ReadTitle(item, ParseFrameSize(frame.rect, frame.par));
+    return {
+        RegisterGenerator(state, item, MakeTitleSources(state, title, FrameTicksOf(item), frame)),
+        true};
+}
+
+// In a bin the master carries the effect, on a track by the setting; only such a master is listed.
+GeneratorResult TranslateGraphic(ImportState& state, ObjectHandle item, ObjectHandle owner)
+{
+    const FrameFormat& frame = FrameOfGenerators(state, owner);
+    RegisterTitle(state, item);
+    const ObjectHandle master = RegisterGenerator(
+        state, item,
+        MakeSyntheticSources(state, SyntheticKind::Graphic, FrameTicksOf(item), frame));
+    const bool isMasterEffect =
+        state.settings.titlesAsMasterEffects || owner.GetName() != "sequence";
+    if (master && isMasterEffect)
+        AddTitleToMaster(state, item, ParseFrameSize(frame.rect, frame.par), master);
+    return {master, true, isMasterEffect};
+}
+
+// Transparent video takes the place of what nothing is known of.
+GeneratorResult TranslateUnknown(ImportState& state, ObjectHandle item)
+{
+    const FileSources sources = MakeSyntheticSources(state, SyntheticKind::TransparentVideo, 0, {});
+    return {RegisterGenerator(state, item, sources), false};
 }
 
 // The black clip and its item, which all slugs of a project share.
@@ -161,24 +209,40 @@ bool IsColorGenerator(ObjectHandle item)
     return ColorEffectOf(item) != nullptr;
 }
 
+FrameFormat FrameOfOwner(ObjectHandle owner)
+{
+    FrameFormat frame;
+    if (owner.GetName() == "sequence")
+        frame = FrameOfSequence(owner);
+    for (const ObjectHandle& node :
+         {FindPath(owner, {"media", "video", "format"}), FindPath(owner, {"media", "video"})})
+        if (frame.rect.empty())
+            frame = FrameOfCharacteristics(node.GetChild("samplecharacteristics"));
+    if (frame.rect.empty()) {
+        frame.rect = kDefaultRect;
+        frame.par = kDefaultAspect;
+    }
+    return frame;
+}
+
 GeneratorResult TranslateGenerator(ImportState& state, ObjectHandle item, ObjectHandle owner)
 {
-    const ColorEffect* const colorEffect = ColorEffectOf(item);
+    const GeneratorRoute route = RouteOf(state.settings, item);
     const auto known = state.translatedGenerators.find(item.UniqueId());
     if (known != state.translatedGenerators.end())
-        return {known->second, colorEffect != nullptr};
-    if (!colorEffect) {
-        const FileSources sources =
-            MakeSyntheticSources(state, SyntheticKind::TransparentVideo, 0, {});
-        return {RegisterGenerator(state, item, sources), false};
+        return {known->second, route != GeneratorRoute::Unknown,
+                route != GeneratorRoute::Graphic || HasTitle(state, known->second)};
+    switch (route) {
+    case GeneratorRoute::ColorMatte:
+        return TranslateColorMatte(state, item, owner);
+    case GeneratorRoute::LegacyTitle:
+        return TranslateLegacyTitle(state, item, owner);
+    case GeneratorRoute::Graphic:
+        return TranslateGraphic(state, item, owner);
+    case GeneratorRoute::Unknown:
+        break;
     }
-    const std::optional<MatteColor> color = ReadMatteColor(item, *colorEffect);
-    if (!color)
-        return {};
-    const FileSources sources = MakeSyntheticSources(state, SyntheticKind::ColorMatte,
-                                                     FrameTicksOf(item), FrameOfOwner(owner));
-    SetMatteColor(*color, sources.VideoMedia());
-    return {RegisterGenerator(state, item, sources), true};
+    return TranslateUnknown(state, item);
 }
 
 void TranslateSlugItem(ImportState& state, ObjectHandle item, ObjectHandle file,

@@ -1,6 +1,7 @@
 // Items without recorded media: generators and slugs.
 #pragma once
 
+#include "import/formats.h"
 #include "import/import_state.h"
 #include "model/object.h"
 
@@ -12,9 +13,13 @@ bool IsSlug(ObjectHandle file);
 // The colour matte.
 bool IsColorGenerator(ObjectHandle item);
 
+// Frame that generators are drawn in: that of the `sequence`, or browser `clip`, which holds them.
+FrameFormat FrameOfOwner(ObjectHandle owner);
+
 struct GeneratorResult {
-    ObjectHandle master;     // null: nothing stands in for the item
-    bool translated = false; // false asks the caller for a finding
+    ObjectHandle master;          // null: nothing replaces the item
+    bool translated = false;      // false: the caller enters an issue
+    bool needsProjectItem = true; // false: the master is not listed in a bin
 };
 
 // Master of a `generatoritem`, registered under the item's `id`. `owner` is the `sequence` or

@@ -113,6 +113,7 @@ int ImportDocument(ObjectHandle root, const ImportOptions& options, Progress& pr
     state.version = IntProperty(root, "version");
     state.sn2vlMode = options.sn2vlMode;
     state.aafSupport = options.aafSupport;
+    state.settings = options.settings;
     const std::string inputPath = AbsolutePath(options.inputPath);
     state.documentDirectory = FolderOf(inputPath);
     state.project = ProjectOf(document, root);

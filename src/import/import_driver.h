@@ -5,6 +5,7 @@
 #include "core/progress.h"
 #include "core/translation_issue.h"
 #include "model/object.h"
+#include "platform/settings.h"
 
 #include <string>
 
@@ -14,6 +15,7 @@ struct ImportOptions {
     std::string inputPath;   // relative `pathurl`s resolve against its folder
     bool sn2vlMode = false;  // the document carries the audio hand-off import option
     bool aafSupport = false; // the host came in through the AAF-aware entry
+    Settings settings{};
 };
 
 // Translates `root`, a parsed `xmeml` element, into a `Document` node with one child `Project`,

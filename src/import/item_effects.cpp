@@ -4,6 +4,7 @@
 #include "effects/values.h"
 #include "effects/video_chain.h"
 #include "import/formats.h"
+#include "import/graphic_titles.h"
 #include "import/item_place.h"
 #include "import/master_builder.h"
 #include "import/media.h"
@@ -80,7 +81,9 @@ FrameSize FrameOfMaster(ObjectHandle master, const FrameSize& unknown)
     if (Int64Property(clip, "FrameRate") == kAnyFrameTicks)
         return unknown;
     const ObjectHandle stream = FindPath(clip, {"Source", "Media", "VideoStream"});
-    return ParseFrameSize(stream.GetProperty("FrameRect"), stream.GetProperty("PixelAspectRatio"));
+    const Name aspect =
+        IsTrue(stream, "IsPAROverridden") ? Name("OverriddenPAR") : Name("OriginalPAR");
+    return ParseFrameSize(stream.GetProperty("FrameRect"), stream.GetProperty(aspect));
 }
 
 void SetFrames(const TrackContext& track, ObjectHandle item, ObjectHandle master,
@@ -133,8 +136,11 @@ EffectContext ContextOfItem(const TrackContext& track, ObjectHandle item, Object
 ObjectHandle MakeItemVideoChain(const TrackContext& track, ObjectHandle item, Frames start,
                                 ObjectHandle subClip)
 {
-    const EffectContext context = ContextOfItem(track, item, subClip.GetChild("MasterClip"), start);
-    return BuildSequenceChain(context, item, subClip, IntToString(track.sequence.number));
+    const ObjectHandle master = subClip.GetChild("MasterClip");
+    const EffectContext context = ContextOfItem(track, item, master, start);
+    const ObjectHandle title =
+        TitleOfItem(track.sequence.state, item, context.sequenceFrame, master);
+    return BuildSequenceChain(context, item, subClip, IntToString(track.sequence.number), title);
 }
 
 void AddMasterEffects(const ImportState& state, ObjectHandle element, ObjectHandle file,

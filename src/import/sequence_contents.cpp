@@ -143,7 +143,7 @@ void TranslateGeneratorReference(ImportState& state, const SequenceWalk& walk,
                                  Int64Property(item, "start")),
                      ImportIssue::GeneratorNotTranslated2,
                      item.GetChild("effect").GetProperty("name"));
-    if (!result.master)
+    if (!result.master || !result.needsProjectItem)
         return;
     const ObjectHandle projectItem = MakeClipProjectItem(state, item, result.master, parentItem);
     projectItem.SetPropertyShared("id", id);

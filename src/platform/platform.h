@@ -55,7 +55,7 @@ public:
     virtual void RunProgressDialog(ProgressOperation& operation, const std::string& label,
                                    const std::string& cancelButton);
 
-    // Start and stop of the host's graphics services and of the text services, counted.
+    // Start and stop of the host's graphics services, counted.
     virtual void StartServices() {}
     virtual void StopServices() {}
 };

@@ -8,7 +8,11 @@ constexpr Loss kProjectLosses[] = {
     // clang-format off
     // ---- Synthetic pictures: a document knows a slug, which comes back within a sequence
     {"*", "*clip *: source generator Transparent Video -> sequence Black Video",
-     "a title or generator that isn't translated leaves as a slug"},
+     "a generator that isn't translated leaves as a slug"},
+    {"*", "*clip *: source generator Text -> sequence Black Video",
+     "a title document leaves as a slug, with an issue that has its words"},
+    {"titles", "*clip *: source generator * -> sequence Black Video", "the same"},
+    {"*", "*lost * clip *: title *", "the words of that title"},
     {"cuts", "*clip \"nowhere\": source medium lost.mov -> sequence Black Video",
      "a medium without a path counts as made by its editor, and leaves as a slug"},
     {"*", "*\"Black Video\": added * sequence \"Black Video\"", "the sequence of such a slug"},
@@ -63,6 +67,9 @@ constexpr Loss kSecondPassLosses[] = {
     // ---- Synthetic pictures: each pass wraps a slug in one more sequence
     {"*", "*clip *: source medium Transparent Video -> sequence *", "a slug in its sequence"},
     {"*", "*clip *: source medium Black Video -> sequence *", "a slug in its sequence"},
+    {"*", "*clip *: source medium Text -> sequence Text", "a title's slug in its sequence"},
+    {"titles", "*clip *: source medium * -> sequence *", "the same"},
+    {"titles", "sequence *: added * sequence *", "that sequence"},
     {"cuts", "*clip \"nowhere\": source medium lost.mov -> sequence nowhere",
      "a slug in its sequence"},
     {"*", "sequence \"Text\": added * sequence \"Text\"", "that sequence"},

@@ -1,0 +1,164 @@
+// A line names a description and a style by number; the style names a shader for its face, and the
+// shader holds the color. All three lists may stand anywhere in the document.
+#include "effects/legacy_title_reader.h"
+
+#include "core/numbers.h"
+#include "core/text.h"
+#include "model/tokeniser.h"
+
+#include <unordered_map>
+
+namespace XPJ {
+
+namespace {
+
+constexpr int kFacePainter = 15;
+
+int NumberOf(std::string_view attributes, std::string_view name)
+{
+    std::string_view value;
+    return GetAttribute(attributes, name, value) ? ParseInt(value) : -1;
+}
+
+struct Description {
+    std::string family;
+    std::string style;
+    int height = 0;
+};
+
+struct Line {
+    std::string text;
+    int description = 0;
+    int style = 0;
+};
+
+// Takes a document's tags and texts in turn. Nothing is nested in itself, so that the tag last
+// opened tells what a text means.
+class Reader {
+public:
+    void Open(std::string_view name, std::string_view attributes)
+    {
+        tag_ = name;
+        if (name == "TextDescription") {
+            description_ = NumberOf(attributes, "Reference");
+        } else if (name == "Style") {
+            style_ = NumberOf(attributes, "ID");
+        } else if (name == "ShaderRef") {
+            painter_ = NumberOf(attributes, "PainterNumber");
+        } else if (name == "ColorSpec") {
+            color_ = NumberOf(attributes, "index");
+        } else if (name == "TextLine") {
+            lines_.emplace_back();
+        } else if (name == "CharacterAttributes" && !lines_.empty()) {
+            lines_.back().style = NumberOf(attributes, "StyleRef");
+            lines_.back().description = NumberOf(attributes, "TextRef");
+        }
+    }
+
+    void Close() { tag_ = {}; }
+
+    void Take(std::string_view text)
+    {
+        if (tag_ == "TRString" && !lines_.empty())
+            lines_.back().text += UnescapeXML(text);
+        else if (tag_ == "txHeight")
+            descriptions_[description_].height = ParseInt(text);
+        else if (tag_ == "fifontFamilyName")
+            descriptions_[description_].family = UnescapeXML(text);
+        else if (tag_ == "fifontStyle")
+            descriptions_[description_].style = UnescapeXML(text);
+        else if (tag_ == "shaderRef" && painter_ == kFacePainter)
+            shaderOfStyle_[style_] = ParseInt(text);
+        else if (tag_ == "cReference")
+            shader_ = ParseInt(text);
+        else if (color_ == 0)
+            TakeChannel(ParseInt(text));
+    }
+
+    std::vector<LegacyTitleText> Texts() const
+    {
+        std::vector<LegacyTitleText> texts;
+        const Line* last = nullptr;
+        for (const Line& line : lines_) {
+            if (!last || last->description != line.description || last->style != line.style)
+                texts.push_back(LookOf(line));
+            texts.back().lines.push_back(line.text);
+            last = &line;
+        }
+        return texts;
+    }
+
+private:
+    void TakeChannel(int value)
+    {
+        Colour& color = colors_[shader_];
+        color.alpha = 255;
+        if (tag_ == "red")
+            color.red = value;
+        else if (tag_ == "green")
+            color.green = value;
+        else if (tag_ == "blue")
+            color.blue = value;
+    }
+
+    template <class Value>
+    static Value Find(const std::unordered_map<int, Value>& values, int number)
+    {
+        const auto found = values.find(number);
+        return found == values.end() ? Value() : found->second;
+    }
+
+    LegacyTitleText LookOf(const Line& line) const
+    {
+        const Description description = Find(descriptions_, line.description);
+        return {.lines = {},
+                .family = description.family,
+                .style = description.style,
+                .height = description.height,
+                .color = Find(colors_, Find(shaderOfStyle_, line.style))};
+    }
+
+    std::string_view tag_;
+    int description_ = 0; // the numbers at hand
+    int style_ = 0;
+    int painter_ = 0;
+    int shader_ = 0;
+    int color_ = -1; // of the shader
+    std::vector<Line> lines_;
+    std::unordered_map<int, Description> descriptions_;
+    std::unordered_map<int, int> shaderOfStyle_;
+    std::unordered_map<int, Colour> colors_;
+};
+
+} // namespace
+
+std::vector<LegacyTitleText> ReadLegacyTitle(std::string_view document)
+{
+    Document scratch;
+    Tokeniser tokens(document, scratch);
+    Reader reader;
+    while (true) {
+        switch (tokens.Next(Content::All)) {
+        case Token::Start:
+            reader.Open(tokens.Name(), tokens.Attributes());
+            if (tokens.IsSelfClosed())
+                reader.Close();
+            break;
+        case Token::End:
+            reader.Close();
+            break;
+        case Token::Text:
+            reader.Take(tokens.Text());
+            break;
+        case Token::CData:
+            reader.Take(EscapeXML(tokens.Text()));
+            break;
+        case Token::EndOfInput:
+        case Token::SyntaxError:
+        case Token::Cancelled:
+            return reader.Texts();
+        }
+    }
+}
+
+} // namespace XPJ

@@ -1,0 +1,378 @@
+// The generators that are titles or shapes, and what their parameters mean.
+#include "effects/title_reader.h"
+
+#include "core/numbers.h"
+#include "effects/effect_list.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace XPJ {
+
+namespace {
+
+enum class TextKind { Plain, Outlined, LowerThird };
+
+struct TitleEffect {
+    std::string_view id;
+    TextKind kind;
+    TitleMotion motion;
+    std::string_view note; // of the list of effects
+};
+
+constexpr TitleEffect kTitleEffects[] = {
+    {"Text", TextKind::Plain, TitleMotion::Still, "tracking, leading and aspect are lost"},
+    {"Outline Text", TextKind::Outlined, TitleMotion::Still,
+     "its outline comes along in a graphic only, its background is lost"},
+    {"Scrolling Text", TextKind::Plain, TitleMotion::Scroll, "stands still as a graphic"},
+    {"Crawl", TextKind::Plain, TitleMotion::Crawl, "stands still as a graphic"},
+    {"Lower 3rd", TextKind::LowerThird, TitleMotion::Still,
+     "both texts share style and alignment; its background is lost"},
+};
+
+struct ShapeEffect {
+    std::string_view id;
+    ShapeKind kind;
+    bool hasAspect;
+};
+
+constexpr ShapeEffect kShapeEffects[] = {
+    {"Rectangle", ShapeKind::Rectangle, true},
+    {"Square", ShapeKind::Square, false},
+    {"Circle", ShapeKind::Circle, false},
+    {"Oval", ShapeKind::Oval, true},
+};
+
+enum class Field {
+    Family,
+    Size,
+    Style,
+    Alignment,
+    Color,
+    Text,
+    Origin,
+    Center,
+    LineColor,
+    LineWidth,
+};
+
+// Which title has a parameter.
+enum class Of { Every, Outlined, LowerThird };
+
+struct TitleParameter {
+    std::string_view id;
+    Field field;
+    Of of = Of::Every;
+    std::size_t text = 0; // the second of a lower third is 1
+};
+
+constexpr TitleParameter kTitleParameters[] = {
+    {"fontname", Field::Family},
+    {"font", Field::Family},
+    {"fontsize", Field::Size},
+    {"size", Field::Size},
+    {"fontstyle", Field::Style},
+    {"style", Field::Style},
+    {"fontalign", Field::Alignment},
+    {"align", Field::Alignment},
+    {"fontcolor", Field::Color},
+    {"textcolor", Field::Color},
+    {"str", Field::Text},
+    {"origin", Field::Origin},
+    {"center", Field::Center},
+    {"linecolor", Field::LineColor, Of::Outlined},
+    {"linewidth", Field::LineWidth, Of::Outlined},
+    {"str1", Field::Text, Of::LowerThird, 0},
+    {"str2", Field::Text, Of::LowerThird, 1},
+    {"font1", Field::Family, Of::LowerThird, 0},
+    {"font2", Field::Family, Of::LowerThird, 1},
+    {"size1", Field::Size, Of::LowerThird, 0},
+    {"size2", Field::Size, Of::LowerThird, 1},
+    {"color1", Field::Color, Of::LowerThird, 0},
+    {"color2", Field::Color, Of::LowerThird, 1},
+};
+
+// What no title reaches; sums and products of such numbers stay numbers.
+constexpr double kLargest = 1e6;
+
+// `Row` has an `id`.
+template <typename Row, std::size_t count>
+const Row* FindRow(const Row (&rows)[count], std::string_view id)
+{
+    const Row* const found = std::ranges::find(rows, id, &Row::id);
+    return found == std::end(rows) ? nullptr : found;
+}
+
+ObjectHandle EffectOf(ObjectHandle generator)
+{
+    return generator.GetChild("effect");
+}
+
+const TitleEffect* TitleEffectOf(ObjectHandle generator)
+{
+    return FindRow(kTitleEffects, EffectOf(generator).GetProperty("effectid"));
+}
+
+const ShapeEffect* ShapeEffectOf(ObjectHandle generator)
+{
+    return FindRow(kShapeEffects, EffectOf(generator).GetProperty("effectid"));
+}
+
+std::vector<std::string_view> SplitLines(std::string_view text)
+{
+    constexpr std::string_view kLineEnd = "&#13;";
+    std::vector<std::string_view> lines;
+    std::size_t end = text.find(kLineEnd);
+    while (end != text.npos) {
+        lines.push_back(text.substr(0, end));
+        text.remove_prefix(end + kLineEnd.size());
+        end = text.find(kLineEnd);
+    }
+    lines.push_back(text);
+    return lines;
+}
+
+// A title holds blanks for a reason, so that a text keeps those at its ends.
+std::string_view TextOf(ObjectHandle parameter)
+{
+    if (const std::string_view text = RawValue(parameter); !text.empty())
+        return text;
+    return RawValue(parameter.GetChild("keyframe"));
+}
+
+// A size of 0 or less shows nothing and is none.
+int ReadSize(ObjectHandle parameter, int missing)
+{
+    const int size = ParseInt(StaticValue(parameter, ""));
+    return size > 0 ? size : missing;
+}
+
+double ReadPositive(ObjectHandle parameter, double missing)
+{
+    const double value = ParseDouble(StaticValue(parameter, ""));
+    return value > 0 ? std::min(value, kLargest) : missing;
+}
+
+double ReadLineWidth(ObjectHandle parameter, double missing)
+{
+    const std::string_view text = StaticValue(parameter, "");
+    return text.empty() ? missing : std::clamp(ParseDouble(text), 0.0, kLargest);
+}
+
+// 1 is italic, 2 bold, 3 both.
+FontStyle TitleStyle(int number, FontStyle missing)
+{
+    return number >= 0 && number < 4 ? static_cast<FontStyle>(number) : missing;
+}
+
+FontStyle ReadStyle(ObjectHandle parameter, FontStyle missing)
+{
+    const std::string_view text = StaticValue(parameter, "");
+    return text.empty() ? missing : TitleStyle(ParseInt(text), missing);
+}
+
+// 1 is left, 2 centered, 3 right.
+Alignment ReadAlignment(ObjectHandle parameter, Alignment missing)
+{
+    const int number = ParseInt(StaticValue(parameter, ""));
+    return number >= 1 && number <= 3 ? static_cast<Alignment>(number - 1) : missing;
+}
+
+// The parameter itself, or the keyframe that stands in for it, which has the child `value`.
+ObjectHandle ValueHolder(ObjectHandle parameter)
+{
+    return parameter.HasChild("value") ? parameter : parameter.GetChild("keyframe");
+}
+
+Colour ReadColor(ObjectHandle parameter, const Colour& missing)
+{
+    const ObjectHandle holder = ValueHolder(parameter);
+    const ObjectHandle value = holder.GetChild("value");
+    if (!HasValue(value, "red") && !HasValue(value, "green") && !HasValue(value, "blue"))
+        return missing;
+    Colour color = ColourValue(holder);
+    if (!HasValue(value, "alpha"))
+        color.alpha = missing.alpha;
+    for (int* const channel : {&color.red, &color.green, &color.blue, &color.alpha})
+        *channel = std::clamp(*channel, 0, 255);
+    return color;
+}
+
+bool ReadPoint(ObjectHandle parameter, Point& point)
+{
+    const ObjectHandle holder = ValueHolder(parameter);
+    const ObjectHandle value = holder.GetChild("value");
+    if (!HasValue(value, "horiz") && !HasValue(value, "vert"))
+        return false;
+    point = PointValue(holder);
+    for (double* const coordinate : {&point.horiz, &point.vert})
+        *coordinate = std::clamp(*coordinate, -kLargest, kLargest);
+    return true;
+}
+
+bool Applies(const TitleParameter& row, TextKind kind)
+{
+    switch (row.of) {
+    case Of::Every:
+        return true;
+    case Of::Outlined:
+        return kind == TextKind::Outlined;
+    case Of::LowerThird:
+        return kind == TextKind::LowerThird;
+    }
+    return false;
+}
+
+// Takes a title's parameters in turn; of a doubled one the last that has a value counts.
+class TitleReader {
+public:
+    TitleReader(Title& title, TextKind kind) : title_(title), kind_(kind)
+    {
+        title_.texts.resize(2);
+        for (TitleText& text : title_.texts)
+            text.lines = {{}};
+    }
+
+    void Take(ObjectHandle parameter)
+    {
+        const TitleParameter* const row =
+            FindRow(kTitleParameters, parameter.GetProperty("parameterid"));
+        if (row && Applies(*row, kind_))
+            Take(row->field, parameter, title_.texts[row->text]);
+    }
+
+    void Finish()
+    {
+        TitleText& second = title_.texts.back();
+        second.font.style = title_.texts.front().font.style;
+        second.font.alignment = title_.texts.front().font.alignment;
+        if (second.lines.size() == 1 && second.lines.front().empty())
+            title_.texts.pop_back();
+    }
+
+private:
+    void Take(Field field, ObjectHandle parameter, TitleText& text)
+    {
+        TitleFont& font = text.font;
+        switch (field) {
+        case Field::Family:
+            font.family = StaticValue(parameter, font.family);
+            break;
+        case Field::Size:
+            font.size = ReadSize(parameter, font.size);
+            break;
+        case Field::Style:
+            font.style = ReadStyle(parameter, font.style);
+            break;
+        case Field::Alignment:
+            font.alignment = ReadAlignment(parameter, font.alignment);
+            break;
+        case Field::Color:
+            font.color = ReadColor(parameter, font.color);
+            break;
+        case Field::Text:
+            if (const std::string_view value = TextOf(parameter); !value.empty())
+                text.lines = SplitLines(value);
+            break;
+        case Field::Origin:
+            hasOrigin_ |= ReadPoint(parameter, title_.position);
+            break;
+        case Field::Center:
+            if (!hasOrigin_)
+                ReadPoint(parameter, title_.position);
+            break;
+        case Field::LineColor:
+            title_.lineColor = ReadColor(parameter, title_.lineColor);
+            break;
+        case Field::LineWidth:
+            title_.lineWidth = ReadLineWidth(parameter, title_.lineWidth);
+            break;
+        }
+    }
+
+    Title& title_;
+    TextKind kind_;
+    bool hasOrigin_ = false;
+};
+
+} // namespace
+
+void AppendTitles(std::vector<EffectListing>& list)
+{
+    constexpr std::string_view kFamily = "Generator";
+    for (const TitleEffect& row : kTitleEffects)
+        list.push_back(
+            {.family = kFamily,
+             .name = row.id,
+             .effectId = row.id,
+             .outcome = Outcome::Approximated,
+             .parameters =
+                 {{"Text"}, {"Font"}, {"Size"}, {"Style"}, {"Alignment"}, {"Color"}, {"Position"}},
+             .note = row.note});
+    for (const ShapeEffect& row : kShapeEffects)
+        list.push_back({.family = kFamily,
+                        .name = row.id,
+                        .effectId = row.id,
+                        .outcome = Outcome::Approximated,
+                        .parameters = {{"Size"}, {"Position"}, {"Color"}, {"Line"}},
+                        .note = "becomes a graphic; soft edges are lost"});
+}
+
+bool IsTextTitle(ObjectHandle generator)
+{
+    return TitleEffectOf(generator) != nullptr;
+}
+
+bool IsShape(ObjectHandle generator)
+{
+    return ShapeEffectOf(generator) != nullptr;
+}
+
+std::int64_t Title::TextHeight(const TitleFont& font) const
+{
+    return static_cast<std::int64_t>(font.size * Scale());
+}
+
+Title ReadTitle(ObjectHandle generator, const FrameSize& frame)
+{
+    Title title;
+    title.name = generator.GetProperty("name");
+    title.frame = frame;
+    const TitleEffect* const effect = TitleEffectOf(generator);
+    const TextKind kind = effect ? effect->kind : TextKind::Plain;
+    title.motion = effect ? effect->motion : TitleMotion::Still;
+    title.isOutlined = kind == TextKind::Outlined;
+    TitleReader reader(title, kind);
+    for (const ObjectHandle& parameter : EffectOf(generator).GetChildren("parameter"))
+        reader.Take(parameter);
+    reader.Finish();
+    return title;
+}
+
+Shape ReadShape(ObjectHandle generator, const FrameSize& frame)
+{
+    Shape shape;
+    shape.name = generator.GetProperty("name");
+    shape.frame = frame;
+    const ShapeEffect* const effect = ShapeEffectOf(generator);
+    if (effect)
+        shape.kind = effect->kind;
+    for (const ObjectHandle& parameter : EffectOf(generator).GetChildren("parameter")) {
+        const std::string_view id = parameter.GetProperty("parameterid");
+        if (id == "center")
+            ReadPoint(parameter, shape.center);
+        else if (id == "size")
+            shape.size = ReadPositive(parameter, shape.size);
+        else if (id == "a" && effect && effect->hasAspect)
+            shape.aspect = ReadPositive(parameter, shape.aspect);
+        else if (id == "col" || id == "fontcolor" || id == "textcolor")
+            shape.color = ReadColor(parameter, shape.color);
+        else if (id == "linecolor")
+            shape.lineColor = ReadColor(parameter, shape.lineColor);
+        else if (id == "linewidth")
+            shape.lineWidth = ReadLineWidth(parameter, shape.lineWidth);
+    }
+    return shape;
+}
+
+} // namespace XPJ

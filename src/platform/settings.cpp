@@ -1,0 +1,14 @@
+#include "platform/settings.h"
+
+#include "platform/platform.h"
+
+namespace XPJ {
+
+Settings ReadSettings()
+{
+    return {.convertTitles = DebugFlag("FCP.ConvertTitleToGraphicAndType"),
+            .titlesAsMasterEffects = DebugFlag("FCP.ConvertTitleToGraphicAndTypeAsMasterEffects"),
+            .exportTransform = DebugFlag("FCPXML.ExportTransformEffect")};
+}
+
+} // namespace XPJ
