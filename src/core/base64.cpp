@@ -38,20 +38,21 @@ constexpr std::array<std::uint8_t, 256> kChecksumTable = MakeChecksumTable();
 
 void AppendBase64(std::string_view bytes, std::string& text)
 {
-    for (std::size_t i = 0; i < bytes.size(); i += 3) {
+    std::size_t at = text.size();
+    text.resize(at + (bytes.size() + 2) / 3 * 4, '=');
+    for (std::size_t i = 0; i < bytes.size(); i += 3, at += 4) {
         const std::size_t count = std::min<std::size_t>(3, bytes.size() - i);
         std::uint32_t group = 0;
         for (std::size_t k = 0; k < 3; ++k)
             group = group << 8 | (k < count ? static_cast<unsigned char>(bytes[i + k]) : 0u);
-        for (std::size_t k = 0; k < 4; ++k)
-            text += k <= count ? kAlphabet[group >> (18 - 6 * k) & 63] : '=';
+        for (std::size_t k = 0; k <= count; ++k)
+            text[at + k] = kAlphabet[group >> (18 - 6 * k) & 63];
     }
 }
 
 std::string EncodeBase64(std::string_view bytes)
 {
     std::string text;
-    text.reserve((bytes.size() + 2) / 3 * 4);
     AppendBase64(bytes, text);
     return text;
 }
@@ -78,12 +79,27 @@ std::string DecodeBase64(std::string_view text)
     return bytes;
 }
 
+// A byte of the register comes to its top once in eight steps and is exchanged there for a new one,
+// so that the register is eight bytes that don't meet.
 std::uint32_t BlobChecksum(std::string_view bytes) noexcept
 {
-    std::uint64_t state = ~std::uint64_t{0};
-    for (const char c : bytes)
-        state = kChecksumTable[(state >> 56 ^ static_cast<unsigned char>(c)) & 0xFF] ^ state << 8;
-    return static_cast<std::uint32_t>(state);
+    constexpr std::size_t kLanes = 8;
+    std::array<std::uint8_t, kLanes> lanes{};
+    lanes.fill(0xFF);
+    const auto step = [&](std::size_t i, std::size_t lane) {
+        lanes[lane] = kChecksumTable[lanes[lane] ^ static_cast<unsigned char>(bytes[i])];
+    };
+    std::size_t i = 0;
+    for (; i + kLanes <= bytes.size(); i += kLanes)
+        for (std::size_t lane = 0; lane < kLanes; ++lane)
+            step(i + lane, lane);
+    for (std::size_t lane = 0; i < bytes.size(); ++i, ++lane)
+        step(i, lane);
+    // The four last ones, the newest lowest.
+    std::uint32_t checksum = 0;
+    for (std::size_t last = kLanes - 4; last < kLanes; ++last)
+        checksum = checksum << 8 | lanes[(bytes.size() + last) % kLanes];
+    return checksum;
 }
 
 } // namespace XPJ

@@ -38,6 +38,7 @@ std::vector<EffectListing> ListEffects()
     AppendIntrinsicEffects(list);
     AppendVideoFilters(list);
     AppendTransitions(list);
+    AppendTitles(list);
     AppendAudioEffects(list);
     return list;
 }

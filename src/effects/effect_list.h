@@ -33,6 +33,7 @@ std::vector<EffectListing> ListEffects();
 
 void AppendIntrinsicEffects(std::vector<EffectListing>& list);
 void AppendVideoFilters(std::vector<EffectListing>& list);
+void AppendTitles(std::vector<EffectListing>& list);
 void AppendAudioEffects(std::vector<EffectListing>& list);
 void AppendTransitions(std::vector<EffectListing>& list);
 

@@ -2,6 +2,7 @@
 #include "effects/title_reader.h"
 
 #include "core/numbers.h"
+#include "effects/effect_list.h"
 
 #include <algorithm>
 #include <iterator>
@@ -16,14 +17,17 @@ struct TitleEffect {
     std::string_view id;
     TextKind kind;
     TitleMotion motion;
+    std::string_view note; // of the list of effects
 };
 
 constexpr TitleEffect kTitleEffects[] = {
-    {"Text", TextKind::Plain, TitleMotion::Still},
-    {"Outline Text", TextKind::Outlined, TitleMotion::Still},
-    {"Scrolling Text", TextKind::Plain, TitleMotion::Scroll},
-    {"Crawl", TextKind::Plain, TitleMotion::Crawl},
-    {"Lower 3rd", TextKind::LowerThird, TitleMotion::Still},
+    {"Text", TextKind::Plain, TitleMotion::Still, "tracking, leading and aspect are lost"},
+    {"Outline Text", TextKind::Outlined, TitleMotion::Still,
+     "its outline comes along in a graphic only, its background is lost"},
+    {"Scrolling Text", TextKind::Plain, TitleMotion::Scroll, "stands still as a graphic"},
+    {"Crawl", TextKind::Plain, TitleMotion::Crawl, "stands still as a graphic"},
+    {"Lower 3rd", TextKind::LowerThird, TitleMotion::Still,
+     "both texts share style and alignment; its background is lost"},
 };
 
 struct ShapeEffect {
@@ -292,6 +296,27 @@ private:
 };
 
 } // namespace
+
+void AppendTitles(std::vector<EffectListing>& list)
+{
+    constexpr std::string_view kFamily = "Generator";
+    for (const TitleEffect& row : kTitleEffects)
+        list.push_back(
+            {.family = kFamily,
+             .name = row.id,
+             .effectId = row.id,
+             .outcome = Outcome::Approximated,
+             .parameters =
+                 {{"Text"}, {"Font"}, {"Size"}, {"Style"}, {"Alignment"}, {"Color"}, {"Position"}},
+             .note = row.note});
+    for (const ShapeEffect& row : kShapeEffects)
+        list.push_back({.family = kFamily,
+                        .name = row.id,
+                        .effectId = row.id,
+                        .outcome = Outcome::Approximated,
+                        .parameters = {{"Size"}, {"Position"}, {"Color"}, {"Line"}},
+                        .note = "becomes a graphic; soft edges are lost"});
+}
 
 bool IsTextTitle(ObjectHandle generator)
 {

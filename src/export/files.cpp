@@ -70,7 +70,7 @@ std::string NameOfTitle(ObjectHandle medium)
         for (const std::string& line : text.lines)
             if (!Trimmed(line).empty() && words.size() <= kLongest)
                 words.append(words.empty() ? "" : " / ").append(Trimmed(line));
-    std::string name(medium.GetProperty("Title"));
+    std::string name = UnescapeXML(medium.GetProperty("Title"));
     if (words.empty())
         return name;
     if (words.size() > kLongest)

@@ -67,23 +67,6 @@ Ticks FrameTicksOf(ObjectHandle item)
     return ticks != 0 ? ticks : kNtscFrameTicks;
 }
 
-// Frame of the sequence, or of the browser clip that holds the generator.
-FrameFormat FrameOfOwner(ObjectHandle owner)
-{
-    FrameFormat frame;
-    if (owner.GetName() == "sequence")
-        frame = FrameOfSequence(owner);
-    for (const ObjectHandle& node :
-         {FindPath(owner, {"media", "video", "format"}), FindPath(owner, {"media", "video"})})
-        if (frame.rect.empty())
-            frame = FrameOfCharacteristics(node.GetChild("samplecharacteristics"));
-    if (frame.rect.empty()) {
-        frame.rect = kDefaultRect;
-        frame.par = kDefaultAspect;
-    }
-    return frame;
-}
-
 ObjectHandle RegisterGenerator(ImportState& state, ObjectHandle item, const FileSources& sources)
 {
     const std::string_view masterClipId = item.GetProperty("masterclipid");
@@ -216,6 +199,22 @@ bool IsSlug(ObjectHandle file)
 bool IsColorGenerator(ObjectHandle item)
 {
     return ColorEffectOf(item) != nullptr;
+}
+
+FrameFormat FrameOfOwner(ObjectHandle owner)
+{
+    FrameFormat frame;
+    if (owner.GetName() == "sequence")
+        frame = FrameOfSequence(owner);
+    for (const ObjectHandle& node :
+         {FindPath(owner, {"media", "video", "format"}), FindPath(owner, {"media", "video"})})
+        if (frame.rect.empty())
+            frame = FrameOfCharacteristics(node.GetChild("samplecharacteristics"));
+    if (frame.rect.empty()) {
+        frame.rect = kDefaultRect;
+        frame.par = kDefaultAspect;
+    }
+    return frame;
 }
 
 GeneratorResult TranslateGenerator(ImportState& state, ObjectHandle item, ObjectHandle owner)

@@ -1,6 +1,7 @@
 // Items without recorded media: generators and slugs.
 #pragma once
 
+#include "import/formats.h"
 #include "import/import_state.h"
 #include "model/object.h"
 
@@ -11,6 +12,9 @@ bool IsSlug(ObjectHandle file);
 
 // The colour matte.
 bool IsColorGenerator(ObjectHandle item);
+
+// Frame that generators are drawn in: that of the `sequence`, or browser `clip`, which holds them.
+FrameFormat FrameOfOwner(ObjectHandle owner);
 
 struct GeneratorResult {
     ObjectHandle master;          // null: nothing replaces the item

@@ -81,7 +81,9 @@ FrameSize FrameOfMaster(ObjectHandle master, const FrameSize& unknown)
     if (Int64Property(clip, "FrameRate") == kAnyFrameTicks)
         return unknown;
     const ObjectHandle stream = FindPath(clip, {"Source", "Media", "VideoStream"});
-    return ParseFrameSize(stream.GetProperty("FrameRect"), stream.GetProperty("PixelAspectRatio"));
+    const Name aspect =
+        IsTrue(stream, "IsPAROverridden") ? Name("OverriddenPAR") : Name("OriginalPAR");
+    return ParseFrameSize(stream.GetProperty("FrameRect"), stream.GetProperty(aspect));
 }
 
 void SetFrames(const TrackContext& track, ObjectHandle item, ObjectHandle master,

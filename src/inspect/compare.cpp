@@ -4,6 +4,7 @@
 #include "effects/values.h"
 #include "import/item_times.h"
 #include "inspect/matching.h"
+#include "inspect/title_differences.h"
 
 #include <iterator>
 #include <map>
@@ -271,6 +272,7 @@ private:
         if (sameFamily_)
             CompareTexts(place, "composite mode", a.compositeMode, b.compositeMode);
         CompareSources(place, a, b);
+        CompareTitles(place, a.title, b.title);
         CompareEffects(place, a, b);
         CompareMarkers(TrackText(*left.track) + " " + a.name, a.markers, b.markers, a.sourceForm);
         CompareLinks(place, a, b);
@@ -289,12 +291,43 @@ private:
     void CompareSources(const Place& place, const Item& a, const Item& b)
     {
         const auto kindText = [](const Item& item) { return std::string(SourceText(item.source)); };
-        CompareTexts(place, "source", kindText(a) + " " + a.sourceName,
-                     kindText(b) + " " + b.sourceName);
+        if (AreTitlesInTwoForms(a, b))
+            CompareTexts(place, "source", kindText(a), kindText(b));
+        else
+            CompareTexts(place, "source", kindText(a) + " " + a.sourceName,
+                         kindText(b) + " " + b.sourceName);
         const auto pathOf = [](const Project& project, const Item& item) {
             return item.medium == kNothing ? std::string() : project.media[item.medium].path;
         };
         CompareTexts(place, "path", pathOf(a_, a), pathOf(b_, b));
+    }
+
+    // Each family has a name and an effect of its own for the carrier of a title's words, which are
+    // compared themselves.
+    bool AreTitlesInTwoForms(const Item& a, const Item& b) const
+    {
+        return !sameFamily_ && a.title != kNothing && b.title != kNothing;
+    }
+
+    // A title may be that of many items.
+    void CompareTitles(const Place& place, std::size_t a, std::size_t b)
+    {
+        if (a == kNothing && b == kNothing)
+            return;
+        const auto [entry, isNew] = titleDifferences_.try_emplace({a, b});
+        if (isNew)
+            entry->second = TitleDifferences(TextsOf(a_, a), TextsOf(b_, b));
+        for (const TitleDifference& difference : entry->second)
+            Add(place,
+                !difference.before  ? Change::Added
+                : !difference.after ? Change::Lost
+                                    : Change::Changed,
+                difference.property, difference.before.value_or(""), difference.after.value_or(""));
+    }
+
+    static std::vector<TitleText> TextsOf(const Project& project, std::size_t title)
+    {
+        return title == kNothing ? std::vector<TitleText>() : project.titles[title];
     }
 
     void CompareLinks(const Place& place, const Item& a, const Item& b)
@@ -327,10 +360,14 @@ private:
         Matching matching(a.effects.size(), b.effects.size());
         MatchBy(matching, a.effects, b.effects,
                 [](const Effect& effect) { return std::string_view(effect.name); });
+        const auto counts = [isTitle = AreTitlesInTwoForms(a, b)](const Effect& effect) {
+            return !(isTitle && effect.isTitle);
+        };
         for (std::size_t i = 0; i < a.effects.size(); ++i) {
             const Effect& effect = a.effects[i];
             if (matching.PartnerInB(i) == kNothing) {
-                Add(place, Change::Lost, "effect", effect.name);
+                if (counts(effect))
+                    Add(place, Change::Lost, "effect", effect.name);
                 continue;
             }
             const Effect& other = b.effects[matching.PartnerInB(i)];
@@ -339,7 +376,7 @@ private:
                               other.parameters);
         }
         for (std::size_t i = 0; i < b.effects.size(); ++i)
-            if (matching.PartnerInA(i) == kNothing)
+            if (matching.PartnerInA(i) == kNothing && counts(b.effects[i]))
                 Add(place, Change::Added, "effect", {}, b.effects[i].name);
     }
 
@@ -471,6 +508,7 @@ private:
     bool sameFamily_;
     std::vector<std::size_t> leftLinks_; // numbers of the groups of links
     std::vector<std::size_t> rightLinks_;
+    std::map<std::pair<std::size_t, std::size_t>, std::vector<TitleDifference>> titleDifferences_;
 };
 
 } // namespace

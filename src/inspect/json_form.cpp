@@ -72,6 +72,9 @@ public:
         Json media = Json::array();
         for (const Medium& medium : project_.media)
             media.push_back(MediumJson(medium));
+        Json titles = Json::array();
+        for (const std::vector<TitleText>& texts : project_.titles)
+            titles.push_back(TitleJson(texts));
         Json sequences = Json::array();
         for (const Sequence& sequence : project_.sequences)
             sequences.push_back(SequenceJson(sequence));
@@ -80,6 +83,7 @@ public:
                 {"name", project_.name},
                 {"bins", EntriesJson()},
                 {"media", std::move(media)},
+                {"titles", std::move(titles)},
                 {"sequences", std::move(sequences)}};
     }
 
@@ -124,6 +128,17 @@ private:
         if (isOnline_ && !medium.path.empty())
             json["offline"] = !isOnline_(medium.path);
         return json;
+    }
+
+    static Json TitleJson(const std::vector<TitleText>& texts)
+    {
+        Json list = Json::array();
+        for (const TitleText& text : texts)
+            list.push_back({{"text", text.text},
+                            {"font", text.font},
+                            {"size", text.size},
+                            {"color", text.color}});
+        return list;
     }
 
     Json SequenceJson(const Sequence& sequence) const
@@ -194,6 +209,7 @@ private:
                   {"name", item.sourceName},
                   {"medium", IndexJson(item.medium)},
                   {"channel", item.channel > 0 ? Json(item.channel) : Json()}}},
+                {"title", IndexJson(item.title)},
                 {"effects", std::move(effects)},
                 {"markers", MarkersJson(item.markers, item.sourceForm, first)},
                 {"link", IndexJson(item.link)}};

@@ -6,6 +6,7 @@
 #include "effects/parameters.h"
 #include "export/project_paths.h"
 #include "inspect/effect_names.h"
+#include "inspect/titles.h"
 
 namespace XPJ::Inspection {
 
@@ -29,7 +30,8 @@ Effect ReadComponent(ObjectHandle component)
     const ObjectHandle core = ComponentCore(component);
     Effect effect{
         .name = EffectNameOfMatch(ComponentMatchName(component), core.GetProperty("DisplayName")),
-        .enabled = !IsTrue(core, "Bypass")};
+        .enabled = !IsTrue(core, "Bypass"),
+        .isTitle = ComponentMatchName(component) == kTextComponent};
     for (const ObjectHandle& param : ParamsOf(component))
         effect.parameters.push_back(ReadParameter(param));
     return effect;

@@ -8,6 +8,7 @@
 #include "inspect/node_numbers.h"
 #include "inspect/project_effects.h"
 #include "inspect/read_timelines.h"
+#include "inspect/titles.h"
 #include "model/side_tables.h"
 
 #include <algorithm>
@@ -220,6 +221,8 @@ private:
             item.channel = static_cast<int>(
                 std::clamp<std::int64_t>(Int64Property(clip, "SecondaryIndex"), 0, 65535) + 1);
         SetSource(clip, item);
+        if (kind == MediaKind::Video)
+            item.title = TitleOf(node, clip);
         item.effects = ReadProjectEffects(node);
         item.markers = ReadMarkers(core);
         return item;
@@ -245,6 +248,30 @@ private:
         }
     }
 
+    std::size_t AddTitle(std::vector<TitleText> texts)
+    {
+        if (texts.empty())
+            return kNothing;
+        project_.titles.push_back(std::move(texts));
+        return project_.titles.size() - 1;
+    }
+
+    // A graphic's text stands on the item or on its master, a title document in the Media.
+    std::size_t TitleOf(ObjectHandle node, ObjectHandle clip)
+    {
+        const std::size_t own = AddTitle(TextsOfChain(ChainOfOwner(ItemCore(node))));
+        const ObjectHandle master = MasterOfSubClip(SubClipOf(node));
+        if (own != kNothing || !master)
+            return own;
+        const auto [entry, isNew] = titles_.emplace(master.UniqueId(), kNothing);
+        if (isNew) {
+            entry->second = AddTitle(TextsOfChain(VideoChainOfMaster(master)));
+            if (entry->second == kNothing)
+                entry->second = AddTitle(TextsOfMedia(MediaOfSource(SourceOfClip(clip))));
+        }
+        return entry->second;
+    }
+
     void ReadLinks(ObjectHandle node, Sequence& sequence)
     {
         for (const ObjectHandle& link : LinksOf(node)) {
@@ -265,8 +292,9 @@ private:
     Project project_;
     NodeSet bins_;
     NodeNumbers sequences_;
-    std::unordered_map<std::uint64_t, std::size_t> media_; // by the Media's `uniqueId`
-    std::unordered_map<std::uint64_t, ItemPlace> places_;  // of the sequence at hand
+    std::unordered_map<std::uint64_t, std::size_t> media_;  // by the Media's `uniqueId`
+    std::unordered_map<std::uint64_t, std::size_t> titles_; // by the MasterClip's `uniqueId`
+    std::unordered_map<std::uint64_t, ItemPlace> places_;   // of the sequence at hand
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "inspect/text_form.h"
 
 #include "effects/values.h"
+#include "inspect/titles.h"
 
 #include <array>
 
@@ -123,6 +124,10 @@ private:
         Line(2, "{}  {}{}{}", isPlaced ? RangeText(sequence, item.start, item.end) : "no place",
              Quoted(item.name), item.enabled ? "" : "  disabled", Behind("label ", item.label));
         Line(3, "source {}{}", SourceLine(item), MediumText(item.medium));
+        if (item.title != kNothing)
+            for (const TitleText& text : project_.titles[item.title])
+                Line(3, "title {}  {} {}  {}", Quoted(PreviewOf(text)), text.font,
+                     NumberText(text.size), text.color);
         if (item.speed != 1.0 || item.reverse || item.frameBlending || !item.speedKeyframes.empty())
             Line(3, "speed {}%{}{}{}", NumberText(item.speed * 100),
                  item.reverse ? " reversed" : "", item.frameBlending ? " frame blending" : "",

@@ -49,6 +49,7 @@ struct Parameter {
 struct Effect {
     std::string name = {}; // the same word in both families, as far as it is known
     bool enabled = true;
+    bool isTitle = false; // what it shows is listed as the item's title
     std::vector<Parameter> parameters = {};
 
     friend bool operator==(const Effect&, const Effect&) = default;
@@ -68,6 +69,16 @@ struct Medium {
     std::string path = {}; // empty: made by the editor, or not told
     FrameForm form = {};
     Ticks start = 0; // timecode of its first frame
+};
+
+// Words on screen, in one look.
+struct TitleText {
+    std::string text = {};  // lines end with a line feed, but for the last
+    std::string font = {};  // as its document names it: "Arial Bold", "Arial-BoldMT"
+    double size = 0;        // of the letters, in lines of the frame
+    std::string color = {}; // "#ffcc00"
+
+    friend bool operator==(const TitleText&, const TitleText&) = default;
 };
 
 enum class SourceKind { None, Medium, Sequence, Multiclip, Generator };
@@ -93,6 +104,7 @@ struct Item {
     std::string sourceName = {};
     std::size_t medium = kNothing; // in Project::media
     FrameForm sourceForm = {};
+    std::size_t title = kNothing; // in Project::titles
 
     std::vector<Effect> effects = {};
     std::vector<Marker> markers = {}; // times in the source
@@ -159,6 +171,7 @@ struct Project {
     std::vector<Entry> entries = {};
     std::vector<Sequence> sequences = {}; // those of the browser, then those that only items show
     std::vector<Medium> media = {};
+    std::vector<std::vector<TitleText>> titles = {}; // what the items of titles say
 };
 
 // "none", "medium", "sequence", "multiclip", "generator"

@@ -3,8 +3,10 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "effects/keyframes.h"
+#include "effects/title_reader.h"
 #include "effects/values.h"
 #include "inspect/effect_names.h"
+#include "inspect/titles.h"
 
 namespace XPJ::Inspection {
 
@@ -41,6 +43,7 @@ Effect ReadEffect(ObjectHandle effect, Ticks frameTicks)
 {
     return {.name = EffectNameOfId(effect.GetProperty("effectid"), effect.GetProperty("name")),
             .enabled = !IsTrue(effect, "velaBypass"),
+            .isTitle = effect.GetProperty("effectid") == kTextEffect,
             .parameters = ReadParameters(effect, frameTicks)};
 }
 
@@ -55,8 +58,10 @@ bool IsNothing(ObjectHandle effect)
 std::vector<Effect> ReadXmemlEffects(ObjectHandle item, Ticks frameTicks)
 {
     std::vector<Effect> effects;
-    if (item.GetName() == "generatoritem" && item.HasChild("effect"))
+    if (item.GetName() == "generatoritem" && item.HasChild("effect")) {
         effects.push_back(ReadEffect(item.GetChild("effect"), frameTicks));
+        effects.back().isTitle = IsTextTitle(item);
+    }
     for (const ObjectHandle& filter : item.GetChildren("filter")) {
         const ObjectHandle effect = filter.GetChild("effect");
         if (IsNothing(effect) || effect.GetProperty("effectid") == kSpeedEffect)

@@ -4,6 +4,7 @@
 #include "core/text.h"
 #include "import/cut_points.h"
 #include "import/formats.h"
+#include "import/generators.h"
 #include "import/import_state.h"
 #include "import/item_times.h"
 #include "import/links.h"
@@ -15,6 +16,7 @@
 #include "inspect/effect_names.h"
 #include "inspect/node_numbers.h"
 #include "inspect/read_timelines.h"
+#include "inspect/titles.h"
 #include "inspect/xmeml_effects.h"
 
 #include <algorithm>
@@ -214,6 +216,8 @@ private:
         const SequenceRates rates = RatesOfSequence(state_, node);
         const Ticks unit = rates.edges > 0 ? rates.edges : kNtscFrameTicks;
         NormaliseSequence(node, unit);
+        const FrameFormat frame = FrameOfOwner(node);
+        titleFrame_ = ParseFrameSize(frame.rect, frame.par);
         Sequence sequence{.name = TextOf(node, "name"),
                           .form = FormOf(unit, node.GetChild("timecode")),
                           .start = StartOfSequence(node.GetChild("timecode"), unit)};
@@ -320,6 +324,8 @@ private:
         if (type == MediaType::Audio)
             item.channel = IntProperty(node.GetChild("sourcetrack"), "trackindex");
         SetSource(node, file, item);
+        if (type == MediaType::Video)
+            item.title = TitleOf(node, file);
         item.effects = ReadXmemlEffects(node, rates.item);
         item.markers = ReadMarkers(node, rates.item);
         return item;
@@ -369,13 +375,37 @@ private:
         }
     }
 
+    std::size_t AddTitle(std::vector<TitleText> texts)
+    {
+        if (texts.empty())
+            return kNothing;
+        project_.titles.push_back(std::move(texts));
+        return project_.titles.size() - 1;
+    }
+
+    // A graphic's text is a filter of the item or of its file.
+    std::size_t TitleOf(ObjectHandle node, ObjectHandle file)
+    {
+        if (node.GetName() == "generatoritem")
+            return AddTitle(TextsOfGenerator(node, titleFrame_));
+        const std::size_t own = AddTitle(TextsOfFilters(node));
+        if (own != kNothing || !file)
+            return own;
+        const auto [entry, isNew] = titles_.emplace(file.UniqueId(), kNothing);
+        if (isNew)
+            entry->second = AddTitle(TextsOfFilters(file));
+        return entry->second;
+    }
+
     Document scratch_;
     SilentProgress progress_;
     IssueSet issues_;
     ImportState state_{scratch_, progress_, issues_}; // what the rules of the import ask
     Project project_;
     NodeNumbers sequences_;
-    std::unordered_map<std::uint64_t, std::size_t> media_; // by the file's `uniqueId`
+    FrameSize titleFrame_;                                  // of the sequence at hand
+    std::unordered_map<std::uint64_t, std::size_t> media_;  // by the file's `uniqueId`
+    std::unordered_map<std::uint64_t, std::size_t> titles_; // likewise
 };
 
 } // namespace

@@ -1,3 +1,5 @@
+#include "core/base64.h"
+#include "effects/legacy_title.h"
 #include "export/channel_layout.h"
 #include "export/export_driver.h"
 #include "export/marker_record.h"
@@ -172,6 +174,49 @@ TEST(ExportClips, RatesThatCannotBe)
         EXPECT_EQ(clip.GetProperty("in"), "11") << noRate;
         EXPECT_FALSE(clip.GetChild("media").HasProperty("duration")) << noRate;
     }
+}
+
+// The names of the synthetic items that an export of the media's content reports.
+std::string LostItem(const std::string& media)
+{
+    std::string project = ClipProject("8475667200", "5292000");
+    const std::string start = "<Media ObjectUID=\"medium\">";
+    project.insert(project.find(start) + start.size(), media);
+    std::istringstream text(project);
+    Document document;
+    ObjectHandle root;
+    EXPECT_EQ(ReadProjectDocument(text, document, root), kReadDone);
+    SilentProgress progress;
+    IssueSet issues;
+    ObjectHandle xmeml;
+    EXPECT_EQ(TranslateProjectDocument(root, {}, progress, document, issues, xmeml), kSuccess);
+    const ObjectHandle clip = FindPath(xmeml, {"project", "children", "clip"});
+    EXPECT_EQ(FindPath(clip, {"media", "video", "track", "clipitem", "file"})
+                  .GetProperty("mediaSource"),
+              "Slug");
+    EXPECT_EQ(issues.size(), 1u);
+    return issues.empty() ? std::string() : issues.begin()->clip.text;
+}
+
+TEST(ExportClips, ALostTitleIsNamedByItsWords)
+{
+    const auto title = [](const char* path, const std::vector<std::string_view>& lines) {
+        XPJ::Title title;
+        title.frame = {720, 480, 1.0};
+        title.texts.push_back({.font = {}, .lines = lines});
+        return std::string("<FilePath>") + path + "</FilePath><Title>Text</Title>" +
+               "<ImporterPrefs Encoding=\"base64\">" + EncodeBase64(LegacyTitleDocument(title)) +
+               "</ImporterPrefs>";
+    };
+    const char* const kTitle = "1414091852";
+    EXPECT_EQ(LostItem(title(kTitle, {"Tom &amp; Co", " ", "live"})), "Text: Tom & Co / live");
+    EXPECT_EQ(LostItem(title(kTitle, {""})), "Text");
+    const std::string words = LostItem(title(kTitle, std::vector<std::string_view>(100000, "é")));
+    EXPECT_LT(words.size(), 140u);
+    EXPECT_TRUE(words.starts_with("Text: é / é") && words.ends_with("..."));
+    // Other media may hold anything in their preferences.
+    EXPECT_EQ(LostItem(title("1129270320", {"words"})), "Text");
+    EXPECT_EQ(LostItem("<FilePath>1414091852</FilePath><Title>Text</Title>"), "Text");
 }
 
 TEST(ExportClips, TwoExportsOfAProcessShareNoId)

@@ -92,17 +92,29 @@ seed() {
 }
 
 # A whole sample there and back, against what was reviewed; VELA_ACCEPT=1 accepts what came out.
-golden() {
-    local kept=$samples/../tests/data/samples file
-    expect_status 0 --seed 1 "$samples/effects.xml" effects.vlproj
-    grep -v -e 'Progress: ' -e '^Wrote ' out >effects.findings
-    expect_status 0 --quiet --seed 1 effects.vlproj back.xml
-    sed -i '/FCP Translation Results/d' effects.vlproj
-    for file in effects.vlproj effects.findings back.xml; do
+#   golden_sample SAMPLE NAME [OPTIONS]
+golden_sample() {
+    local kept=$samples/../tests/data/samples sample=$1 name=$2 file
+    shift 2
+    expect_status 0 --seed 1 "$@" "$samples/$sample.xml" "$name.vlproj"
+    grep -v -e 'Progress: ' -e '^Wrote ' out >"$name.findings"
+    expect_status 0 --seed 1 "$name.vlproj" "$name.back.xml"
+    grep -v -e 'Progress: ' -e '^Wrote ' out >"$name.back.findings"
+    sed -i '/FCP Translation Results/d' "$name.vlproj"
+    for file in "$name".vlproj "$name".findings "$name".back.xml "$name".back.findings; do
         [ -z "${VELA_ACCEPT:-}" ] || cp "$file" "$kept/$file"
         diff -u "$kept/$file" "$file" | head -40
         expect_same "$kept/$file" "$file"
     done
+}
+
+golden() {
+    local graphics=FCP.ConvertTitleToGraphicAndType=true
+    golden_sample effects effects
+    golden_sample titles titles
+    golden_sample titles titles_as_graphics --set $graphics
+    golden_sample titles titles_on_masters --set $graphics \
+        --set FCP.ConvertTitleToGraphicAndTypeAsMasterEffects=true
 }
 
 output() {

@@ -1,0 +1,22 @@
+// What differs between the words of two titles.
+#pragma once
+
+#include "inspect/timeline.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace XPJ::Inspection {
+
+// A text that only one of the two has is nothing on the other side.
+struct TitleDifference {
+    std::string property; // "title", "title font", "title size", "title color"
+    std::optional<std::string> before;
+    std::optional<std::string> after;
+};
+
+std::vector<TitleDifference> TitleDifferences(const std::vector<TitleText>& a,
+                                              const std::vector<TitleText>& b);
+
+} // namespace XPJ::Inspection
