@@ -18,6 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
 
     ImportOptions options;
     options.inputPath = "/documents/input.xml";
+    options.settings.convertTitles = size % 2 != 0;
+    options.settings.titlesAsMasterEffects = size % 4 >= 2;
     SilentProgress progress;
     Document document;
     IssueSet issues;
