@@ -1,11 +1,32 @@
 // Any bytes that read as an `xmeml` document become a whole project document, or a result code.
 #include "document_check.h"
+
+#include "core/base64.h"
 #include "import/import_driver.h"
 #include "model/reader.h"
 #include "model/writer.h"
 
 #include <cstdlib>
 #include <sstream>
+
+namespace {
+
+// Title documents are XML of their own, whatever words they hold.
+void CheckTitles(std::string_view project)
+{
+    using namespace XPJ;
+    constexpr std::string_view kPrefs = "<ImporterPrefs Encoding=\"base64\"";
+    for (std::size_t at = project.find(kPrefs); at != project.npos;
+         at = project.find(kPrefs, at + 1)) {
+        const std::size_t begin = project.find('>', at) + 1;
+        const std::string prefs =
+            DecodeBase64(project.substr(begin, project.find('<', begin) - begin));
+        if (prefs.starts_with("<?xml"))
+            CheckWellFormed(prefs);
+    }
+}
+
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
@@ -18,8 +39,9 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
 
     ImportOptions options;
     options.inputPath = "/documents/input.xml";
+    // The routes of titles in turn.
     options.settings.convertTitles = size % 2 != 0;
-    options.settings.titlesAsMasterEffects = size % 4 >= 2;
+    options.settings.titlesAsMasterEffects = size % 4 == 3;
     SilentProgress progress;
     Document document;
     IssueSet issues;
@@ -34,5 +56,6 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     if (WriteProjectDocument(project, progress, text, options.sn2vlMode) != kWriteDone)
         std::abort();
     CheckProjectText(text.str());
+    CheckTitles(text.str());
     return 0;
 }

@@ -191,9 +191,9 @@ std::string LostItem(const std::string& media)
     ObjectHandle xmeml;
     EXPECT_EQ(TranslateProjectDocument(root, {}, progress, document, issues, xmeml), kSuccess);
     const ObjectHandle clip = FindPath(xmeml, {"project", "children", "clip"});
-    EXPECT_EQ(FindPath(clip, {"media", "video", "track", "clipitem", "file"})
-                  .GetProperty("mediaSource"),
-              "Slug");
+    EXPECT_EQ(
+        FindPath(clip, {"media", "video", "track", "clipitem", "file"}).GetProperty("mediaSource"),
+        "Slug");
     EXPECT_EQ(issues.size(), 1u);
     return issues.empty() ? std::string() : issues.begin()->clip.text;
 }

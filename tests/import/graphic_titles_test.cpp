@@ -150,9 +150,9 @@ TEST_F(GraphicTitlesImportTest, GeneratorsInBins)
                              std::string(kRate25) + "<media><video><track>" +
                              Generator("g", "m", 0, Words("Card")) +
                              "</track></video></media></clip>";
-    ImportItems(Generator("g", "m", 0, Words("Card")), kOnItems, clip);
+    ImportItems("<generatoritem id=\"g\"/>", kOnItems, clip);
     EXPECT_EQ(Items(), "1196574294 item() master(Text 36 'Card') listed\n");
-    ImportItems(Generator("g", "m", 0, Words("Card")), kOff, clip);
+    ImportItems("<generatoritem id=\"g\"/>", kOff, clip);
     EXPECT_EQ(Items(), "1414091852 item() master() listed\n");
 }
 
