@@ -91,20 +91,20 @@ GeneratorRoute RouteOf(const Settings& settings, ObjectHandle item)
     return IsTextTitle(item) ? GeneratorRoute::LegacyTitle : GeneratorRoute::Unknown;
 }
 
-GeneratorResult TranslateColorMatte(ImportState& state, ObjectHandle item, const FrameFormat& frame)
+GeneratorResult TranslateColorMatte(ImportState& state, ObjectHandle item, ObjectHandle owner)
 {
     const std::optional<MatteColor> color = ReadMatteColor(item, *ColorEffectOf(item));
     if (!color)
         return {};
-    const FileSources sources =
-        MakeSyntheticSources(state, SyntheticKind::ColorMatte, FrameTicksOf(item), frame);
+    const FileSources sources = MakeSyntheticSources(state, SyntheticKind::ColorMatte,
+                                                     FrameTicksOf(item), FrameOfOwner(owner));
     SetMatteColor(*color, sources.VideoMedia());
     return {RegisterGenerator(state, item, sources), true};
 }
 
-GeneratorResult TranslateLegacyTitle(ImportState& state, ObjectHandle item,
-                                     const FrameFormat& frame)
+GeneratorResult TranslateLegacyTitle(ImportState& state, ObjectHandle item, ObjectHandle owner)
 {
+    const FrameFormat frame = FrameOfOwner(owner);
     const Title title = ReadTitle(item, ParseFrameSize(frame.rect, frame.par));
     return {
         RegisterGenerator(state, item, MakeTitleSources(state, title, FrameTicksOf(item), frame)),
@@ -112,9 +112,9 @@ GeneratorResult TranslateLegacyTitle(ImportState& state, ObjectHandle item,
 }
 
 // In a bin the master carries the effect, on a track by the setting; only such a master is listed.
-GeneratorResult TranslateGraphic(ImportState& state, ObjectHandle item, ObjectHandle owner,
-                                 const FrameFormat& frame)
+GeneratorResult TranslateGraphic(ImportState& state, ObjectHandle item, ObjectHandle owner)
 {
+    const FrameFormat frame = FrameOfOwner(owner);
     RegisterTitle(state, item);
     const ObjectHandle master = RegisterGenerator(
         state, item,
@@ -217,8 +217,7 @@ FrameFormat FrameOfOwner(ObjectHandle owner)
     return frame;
 }
 
-GeneratorResult TranslateGenerator(ImportState& state, ObjectHandle item, ObjectHandle owner,
-                                   const FrameFormat& frame)
+GeneratorResult TranslateGenerator(ImportState& state, ObjectHandle item, ObjectHandle owner)
 {
     const GeneratorRoute route = RouteOf(state.settings, item);
     const auto known = state.translatedGenerators.find(item.UniqueId());
@@ -227,11 +226,11 @@ GeneratorResult TranslateGenerator(ImportState& state, ObjectHandle item, Object
                 route != GeneratorRoute::Graphic || HasTitle(state, known->second)};
     switch (route) {
     case GeneratorRoute::ColorMatte:
-        return TranslateColorMatte(state, item, frame);
+        return TranslateColorMatte(state, item, owner);
     case GeneratorRoute::LegacyTitle:
-        return TranslateLegacyTitle(state, item, frame);
+        return TranslateLegacyTitle(state, item, owner);
     case GeneratorRoute::Graphic:
-        return TranslateGraphic(state, item, owner, frame);
+        return TranslateGraphic(state, item, owner);
     case GeneratorRoute::Unknown:
         break;
     }

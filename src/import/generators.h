@@ -24,8 +24,7 @@ struct GeneratorResult {
 
 // Master of a `generatoritem`, registered under the item's `id`. `owner` is the `sequence` or
 // browser `clip` it stands in, which gives the frame. The project item is the caller's.
-GeneratorResult TranslateGenerator(ImportState& state, ObjectHandle item, ObjectHandle owner,
-                                   const FrameFormat& frame);
+GeneratorResult TranslateGenerator(ImportState& state, ObjectHandle item, ObjectHandle owner);
 
 // Master and project item for a `clipitem` whose file is a slug; also the item of the black clip,
 // beside the first slug. `fallback` is a `samplecharacteristics` for the frame size; may be null.

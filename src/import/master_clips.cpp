@@ -162,7 +162,7 @@ void AddGeneratorIssue(ImportState& state, ObjectHandle clip, ObjectHandle gener
 
 void CollectGenerator(ImportState& state, ObjectHandle clip, ObjectHandle generator)
 {
-    const GeneratorResult result = TranslateGenerator(state, generator, clip, FrameOfOwner(clip));
+    const GeneratorResult result = TranslateGenerator(state, generator, clip);
     if (!result.translated)
         AddGeneratorIssue(state, clip, generator);
     const std::string_view id = generator.GetProperty("id");

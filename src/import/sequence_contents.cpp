@@ -30,7 +30,6 @@ struct TrackReference {
 struct SequenceWalk {
     ObjectHandle sequence;
     ObjectHandle characteristics; // of its picture
-    FrameFormat frame;            // looked up once: it may take a walk through a track
     SequenceClock clock;
     std::vector<TrackReference> references;
     std::size_t next = 0;
@@ -65,7 +64,6 @@ SequenceWalk BeginWalk(const ImportState& state, ObjectHandle sequence)
     SequenceWalk walk;
     walk.sequence = sequence;
     walk.characteristics = CharacteristicsOf(sequence);
-    walk.frame = FrameOfOwner(sequence);
     walk.clock = ClockOf(state, sequence);
     NormaliseSequence(sequence, walk.clock.edges);
     AddReferences(media.GetChild("video"), MediaType::Video, walk);
@@ -138,7 +136,7 @@ void TranslateGeneratorReference(ImportState& state, const SequenceWalk& walk,
     if (id.empty() ||
         state.masterClips.Find(item.GetProperty("masterclipid"), id, 0, MediaType::Video))
         return;
-    const GeneratorResult result = TranslateGenerator(state, item, walk.sequence, walk.frame);
+    const GeneratorResult result = TranslateGenerator(state, item, walk.sequence);
     if (!result.translated && state.reportedGenerators.insert(item.UniqueId()).second)
         AddItemIssue(state,
                      PlaceOfItem(walk.clock, item, reference.type, reference.trackIndex,
