@@ -6,6 +6,7 @@
 #pragma once
 
 #include "core/ticks.h"
+#include "import/frame_format.h"
 #include "import/import_state.h"
 #include "model/object.h"
 
@@ -27,14 +28,6 @@ struct SequenceFormat {
     bool nonDrop = false;
     std::string_view codecName;
     std::string_view codecTypeName;
-};
-
-// Frame of a project object. All empty where none could be told.
-struct FrameFormat {
-    std::string rect;             // "0,0,1920,1080"
-    std::string_view par;         // "10,11"
-    std::string_view originalPar; // the ratio before a user changed it, mostly empty
-    std::string_view formatName;  // the document's name of `par`
 };
 
 // Nothing without `media`, or where no `rate` is stated anywhere.

@@ -79,6 +79,14 @@ ObjectHandle RegisterGenerator(ImportState& state, ObjectHandle item, const File
     return master;
 }
 
+const FrameFormat& FrameOfGenerators(ImportState& state, ObjectHandle owner)
+{
+    const auto [entry, isNew] = state.generatorFrames.try_emplace(owner.UniqueId());
+    if (isNew)
+        entry->second = FrameOfOwner(owner);
+    return entry->second;
+}
+
 // What a generator becomes. Shapes have no legacy form.
 enum class GeneratorRoute { ColorMatte, LegacyTitle, Graphic, Unknown };
 
@@ -96,15 +104,15 @@ GeneratorResult TranslateColorMatte(ImportState& state, ObjectHandle item, Objec
     const std::optional<MatteColor> color = ReadMatteColor(item, *ColorEffectOf(item));
     if (!color)
         return {};
-    const FileSources sources = MakeSyntheticSources(state, SyntheticKind::ColorMatte,
-                                                     FrameTicksOf(item), FrameOfOwner(owner));
+    const FileSources sources = MakeSyntheticSources(
+        state, SyntheticKind::ColorMatte, FrameTicksOf(item), FrameOfGenerators(state, owner));
     SetMatteColor(*color, sources.VideoMedia());
     return {RegisterGenerator(state, item, sources), true};
 }
 
 GeneratorResult TranslateLegacyTitle(ImportState& state, ObjectHandle item, ObjectHandle owner)
 {
-    const FrameFormat frame = FrameOfOwner(owner);
+    const FrameFormat& frame = FrameOfGenerators(state, owner);
     const Title title = ReadTitle(item, ParseFrameSize(frame.rect, frame.par));
     return {
         RegisterGenerator(state, item, MakeTitleSources(state, title, FrameTicksOf(item), frame)),
@@ -114,7 +122,7 @@ GeneratorResult TranslateLegacyTitle(ImportState& state, ObjectHandle item, Obje
 // In a bin the master carries the effect, on a track by the setting; only such a master is listed.
 GeneratorResult TranslateGraphic(ImportState& state, ObjectHandle item, ObjectHandle owner)
 {
-    const FrameFormat frame = FrameOfOwner(owner);
+    const FrameFormat& frame = FrameOfGenerators(state, owner);
     RegisterTitle(state, item);
     const ObjectHandle master = RegisterGenerator(
         state, item,

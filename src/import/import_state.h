@@ -5,6 +5,7 @@
 
 #include "core/progress.h"
 #include "core/translation_issue.h"
+#include "import/frame_format.h"
 #include "import/master_registry.h"
 #include "import/media_type.h"
 #include "model/object.h"
@@ -93,9 +94,9 @@ struct ImportState {
     IssueSet& issues;
     LeftOutList leftOut;
 
-    int version = 0;               // of the `xmeml` element, 0 if it states none
-    bool sn2vlMode = false;        // audio hand-off
-    bool aafSupport = false;       // the host came in through the AAF-aware entry
+    int version = 0;         // of the `xmeml` element, 0 if it states none
+    bool sn2vlMode = false;  // audio hand-off
+    bool aafSupport = false; // the host came in through the AAF-aware entry
     Settings settings;
     std::string documentDirectory; // with its last separator; base of relative `pathurl`s
 
@@ -141,10 +142,13 @@ struct ImportState {
     std::vector<std::vector<LinkKey>> linkGroups;
     std::set<LinkKey> linkKeysSeen;
 
+    // What generators are drawn in, by `uniqueId` of the `sequence` or `clip` around them: finding
+    // it passes over all items of a track.
+    std::unordered_map<std::uint64_t, FrameFormat> generatorFrames;
     std::unordered_set<std::uint64_t> reportedGenerators; // `uniqueId` of `generatoritem`s
     std::unordered_map<std::uint64_t, ObjectHandle> translatedGenerators; // to the MasterClip
     ById titles; // first generator that states the words of a clip, by `masterclipid`, else `id`
-    NodeSet titledMasters; // MasterClips that have the effect of a title themselves
+    NodeSet titledMasters;   // MasterClips that have the effect of a title themselves
     ObjectHandle blackVideo; // MasterClip of the black clip behind slugs, once made
 };
 

@@ -200,7 +200,7 @@ std::string LostItem(const std::string& media)
 
 TEST(ExportClips, ALostTitleIsNamedByItsWords)
 {
-    const auto title = [](const char* path, const std::vector<std::string_view>& lines) {
+    const auto mediaOf = [](const char* path, const std::vector<std::string_view>& lines) {
         XPJ::Title title;
         title.frame = {720, 480, 1.0};
         title.texts.push_back({.font = {}, .lines = lines});
@@ -209,13 +209,13 @@ TEST(ExportClips, ALostTitleIsNamedByItsWords)
                "</ImporterPrefs>";
     };
     const char* const kTitle = "1414091852";
-    EXPECT_EQ(LostItem(title(kTitle, {"Tom &amp; Co", " ", "live"})), "Text: Tom & Co / live");
-    EXPECT_EQ(LostItem(title(kTitle, {""})), "Text");
-    const std::string words = LostItem(title(kTitle, std::vector<std::string_view>(100000, "é")));
+    EXPECT_EQ(LostItem(mediaOf(kTitle, {"Tom &amp; Co", " ", "live"})), "Text: Tom & Co / live");
+    EXPECT_EQ(LostItem(mediaOf(kTitle, {""})), "Text");
+    const std::string words = LostItem(mediaOf(kTitle, std::vector<std::string_view>(100000, "é")));
     EXPECT_LT(words.size(), 140u);
     EXPECT_TRUE(words.starts_with("Text: é / é") && words.ends_with("..."));
     // Other media may hold anything in their preferences.
-    EXPECT_EQ(LostItem(title("1129270320", {"words"})), "Text");
+    EXPECT_EQ(LostItem(mediaOf("1129270320", {"words"})), "Text");
     EXPECT_EQ(LostItem("<FilePath>1414091852</FilePath><Title>Text</Title>"), "Text");
 }
 

@@ -40,12 +40,13 @@ std::string Imported(const std::string& xmeml, const Settings& settings)
     Document source;
     ObjectHandle root;
     EXPECT_EQ(ParseFCPXML(xmeml, source, root), kReadDone);
+    ImportOptions options;
+    options.settings = settings;
     SilentProgress progress;
     IssueSet issues;
     Document document;
     ObjectHandle project;
-    EXPECT_EQ(ImportDocument(root, {.settings = settings}, progress, document, issues, project),
-              kSuccess);
+    EXPECT_EQ(ImportDocument(root, options, progress, document, issues, project), kSuccess);
     std::ostringstream text;
     WriteProjectDocument(project, progress, text, false);
     return text.str();
