@@ -8,6 +8,9 @@ namespace {
 constexpr const char* kHdFormat =
     "<format><samplecharacteristics><width>1920</width><height>1080</height>"
     "<pixelaspectratio>square</pixelaspectratio></samplecharacteristics></format>";
+constexpr const char* kSmallFormat =
+    "<format><samplecharacteristics><width>1280</width><height>720</height>"
+    "<pixelaspectratio>square</pixelaspectratio></samplecharacteristics></format>";
 constexpr const char* kCrop =
     "<filter><effect><name>Crop</name><effectid>crop</effectid><parameter>"
     "<parameterid>left</parameterid><value>10</value></parameter></effect></filter>";
@@ -147,11 +150,11 @@ TEST_F(GraphicTitlesImportTest, ItemsOfOneGeneratorShareItsText)
 TEST_F(GraphicTitlesImportTest, GeneratorsInBins)
 {
     const std::string clip = "<clip id=\"c\"><name>Card</name><masterclipid>m</masterclipid>" +
-                             std::string(kRate25) + "<media><video><track>" +
+                             std::string(kRate25) + "<media><video>" + kSmallFormat + "<track>" +
                              Generator("g", "m", 0, Words("Card")) +
                              "</track></video></media></clip>";
     ImportItems("<generatoritem id=\"g\"/>", kOnItems, clip);
-    EXPECT_EQ(Items(), "1196574294 item() master(Text 36 'Card') listed\n");
+    EXPECT_EQ(Items(), "1196574294 item() master(Text 54 'Card') listed\n");
     ImportItems("<generatoritem id=\"g\"/>", kOff, clip);
     EXPECT_EQ(Items(), "1414091852 item() master() listed\n");
 }
