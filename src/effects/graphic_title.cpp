@@ -163,7 +163,10 @@ ObjectHandle MakeGraphicEffect(Document& document, ObjectHandle generator, const
         return effect;
     }
     const Title title = ReadTitle(generator, frame);
-    const ObjectHandle effect = MakeEffect(document, title.name, "GraphicAndType");
+    // A generator without a name goes by that of its effect.
+    const std::string_view name =
+        title.name.empty() ? EffectName(generator.GetChild("effect")) : title.name;
+    const ObjectHandle effect = MakeEffect(document, name, "GraphicAndType");
     AddBlob(document, effect, "1", "SourceText", TextBlob(title));
     AddTransform(document, effect, 2, title.position);
     return effect;
