@@ -7,8 +7,8 @@
 #include "core/text.h"
 #include "grading/element_reader.h"
 #include "grading/element_writer.h"
+#include "grading/look_tables.h"
 #include "grading/mask_text.h"
-#include "grading/table_text.h"
 
 #include <algorithm>
 #include <optional>

@@ -4,8 +4,8 @@
 #include "core/text.h"
 #include "grading/element_writer.h"
 #include "grading/look.h"
+#include "grading/look_tables.h"
 #include "grading/mask_text.h"
-#include "grading/table_text.h"
 
 namespace XPJ {
 

@@ -97,7 +97,7 @@ void CZvXMLFile::Fail(LookMessage message, std::string_view argument) const
 
 void CZvXMLFile::FailAt(std::size_t position, LookMessage message, std::string_view argument) const
 {
-    CZvError error{.message = GetMessage(message, argument), .line = 1, .column = 1};
+    CZvError error{.message = GetMessage(message, argument), .file = {}, .line = 1, .column = 1};
     CountLines(text_.substr(0, position), error.line, error.column);
     throw error;
 }

@@ -1,4 +1,4 @@
-#include "grading/table_text.h"
+#include "grading/look_tables.h"
 
 #include "core/numbers.h"
 #include "core/text.h"
