@@ -1,6 +1,7 @@
 #include "effects/video_filters.h"
 
 #include "core/numbers.h"
+#include "effects/look_effect.h"
 #include "effects/no_op_tests.h"
 #include "effects/values.h"
 #include "effects/video_component.h"
@@ -128,6 +129,14 @@ bool TranslateTransform(const EffectContext& context, ObjectHandle effect, Compo
     return true;
 }
 
+bool TranslateLook(const EffectContext& context, ObjectHandle effect, Components& components)
+{
+    const ObjectHandle component = MakeLookComponent(context, effect);
+    if (component)
+        components.push_back(component);
+    return static_cast<bool>(component);
+}
+
 ObjectHandle MakeFlip(Document& document, const ComponentNames& names, ObjectHandle effect)
 {
     const ObjectHandle component = MakeFilterComponent(document, names, effect);
@@ -164,6 +173,11 @@ std::vector<ListedParameter> ListFlop()
     return {{"Flop", false}};
 }
 
+std::vector<ListedParameter> ListLook()
+{
+    return {{"File Path", false}};
+}
+
 std::vector<ListedParameter> ListTransform()
 {
     return {{"all", true}};
@@ -189,7 +203,8 @@ constexpr VideoFilter kVideoFilters[] = {
     {"Color Corrector 3-way", nullptr, Dropped, nullptr, ""},
     {"Luma Key", TranslateByRows<kLumaKey, kLumaKeyParams>, Approximated, List<kLumaKeyParams>,
      "key mode and softness are lost"},
-    {"Gradiva", nullptr, Dropped, nullptr, ""},
+    {"Gradiva", TranslateLook, CarriedOver, ListLook,
+     "the look file or lookup table goes into the project; dropped when it can't be opened"},
     {"GraphicAndType", nullptr, Dropped, nullptr, ""},
     {"GraphicAndShape", nullptr, Dropped, nullptr, ""},
     {"Transform", TranslateTransform, CarriedOver, ListTransform, ""},

@@ -115,6 +115,7 @@ int ImportDocument(ObjectHandle root, const ImportOptions& options, Progress& pr
     state.sn2vlMode = options.sn2vlMode;
     state.aafSupport = options.aafSupport;
     state.documentDirectory = FolderOf(options.inputPath);
+    state.lookFiles.emplace(document, state.documentDirectory);
     state.project = ProjectOf(document, root);
     if (!state.project)
         return kNoFCPDataFound;

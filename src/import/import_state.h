@@ -5,6 +5,7 @@
 
 #include "core/progress.h"
 #include "core/translation_issue.h"
+#include "effects/look_files.h"
 #include "import/master_registry.h"
 #include "import/media_type.h"
 #include "model/object.h"
@@ -12,6 +13,7 @@
 #include <compare>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -92,10 +94,11 @@ struct ImportState {
     IssueSet& issues;
     LeftOutList leftOut;
 
-    int version = 0;               // of the `xmeml` element, 0 if it states none
-    bool sn2vlMode = false;        // audio hand-off
-    bool aafSupport = false;       // the host came in through the AAF-aware entry
-    std::string documentDirectory; // with its last separator; base of relative `pathurl`s
+    int version = 0;                    // of the `xmeml` element, 0 if it states none
+    bool sn2vlMode = false;             // audio hand-off
+    bool aafSupport = false;            // the host came in through the AAF-aware entry
+    std::string documentDirectory;      // with its last separator; base of relative `pathurl`s
+    std::optional<LookFiles> lookFiles; // of the look effects; none outside an import
 
     // By `id`. A `file` is here when it has an id and a content.
     using ById = std::unordered_map<std::string_view, ObjectHandle>;

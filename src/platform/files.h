@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 namespace XPJ {
@@ -34,6 +35,10 @@ private:
 
 // True for anything under that path, also a folder or a dangling link.
 bool FileExists(const std::string& path);
+
+// The bytes of a regular file, also behind a link; nothing when there is none or it can't be read.
+// A file longer than `limit` gives no bytes.
+std::optional<std::string> ReadRegularFile(const std::string& path, std::size_t limit);
 
 // Writes beside the final name ("clip.xml.part") and renames at the end, so that a run that fails
 // leaves nothing half-written, and an older file as it was.
