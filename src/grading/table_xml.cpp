@@ -113,7 +113,7 @@ void ReadLut(CZvXMLFile& file, CZv3DLUT& table)
             return false;
         return true;
     });
-    if (!SetEntries(bytes, table))
+    if (!SetEntries(bytes, table) || !IsSound(table))
         Fail(file);
 }
 
