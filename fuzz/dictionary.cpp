@@ -1,4 +1,5 @@
-// Prints a libFuzzer dictionary: the words of both grammars, and what the tokeniser looks at.
+// Prints a libFuzzer dictionary: the words of both grammars, what the tokeniser looks at, and
+// some of the script and of timecodes.
 #include "model/grammar.h"
 
 #include <iostream>
@@ -26,6 +27,12 @@ int main()
                              " ObjectURef=\\\"g\\\"",
                              " BinaryHash=\\\"",
                              "file://localhost/",
+                             "while (",
+                             "else ",
+                             "break;",
+                             "smoothstep(",
+                             "fps, DropFrame",
+                             "{Src.FrameNumberPadded.",
                              "\\x00",
                              "\\x0d\\x0a"})
         std::cout << '"' << word << "\"\n";

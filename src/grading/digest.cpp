@@ -12,18 +12,18 @@ public:
     boost::uuids::detail::md5 md5;
 };
 
-DigestStream::DigestStream() : m_state(std::make_unique<State>()) {}
+DigestStream::DigestStream() : state_(std::make_unique<State>()) {}
 DigestStream::~DigestStream() = default;
 
 void DigestStream::Add(std::string_view bytes)
 {
-    m_state->md5.process_bytes(bytes.data(), bytes.size());
+    state_->md5.process_bytes(bytes.data(), bytes.size());
 }
 
 Digest DigestStream::Finish()
 {
     boost::uuids::detail::md5::digest_type words;
-    m_state->md5.get_digest(words);
+    state_->md5.get_digest(words);
     // Older releases of the library give four integers, the first byte highest; newer ones bytes.
     constexpr std::size_t kWordSize = sizeof(words[0]);
     Digest digest{};

@@ -25,7 +25,7 @@ public:
 
 private:
     class State;
-    std::unique_ptr<State> m_state;
+    std::unique_ptr<State> state_;
 };
 
 // The digest of `bytes`.   DigestText(DigestOf("abc")) == "900150983cd24fb0d6963f7d28e17f72"

@@ -13,4 +13,4 @@ struct CZvError {
     int column = 0;
 };
 
-}  // namespace XPJ
+} // namespace XPJ

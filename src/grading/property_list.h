@@ -5,7 +5,7 @@
 
 namespace XPJ {
 
-// A named text of a grading. A weak one gives way to a property of the same name elsewhere.
+// A named text of a grading; `weak` is a mark that is only carried.
 struct CZvProperty {
     std::string name;
     std::string value;
@@ -17,4 +17,4 @@ struct CZvPropertyList {
     std::vector<CZvProperty> properties;
 };
 
-}  // namespace XPJ
+} // namespace XPJ
