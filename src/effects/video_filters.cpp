@@ -194,7 +194,7 @@ constexpr VideoFilter kVideoFilters[] = {
     {"Gaussian Blur", TranslateGaussianBlur, CarriedOver, List<kGaussianBlurParams>,
      "when it blurs all channels, else dropped"},
     {"Color Corrector 3-way", AddColorCorrector, Approximated, ListColorCorrector,
-     "the report names each; limits and all keyframes are lost"},
+     "listed in the report; limits, edges and keyframes are lost"},
     {"Luma Key", TranslateByRows<kLumaKey, kLumaKeyParams>, Approximated, List<kLumaKeyParams>,
      "key mode and softness are lost"},
     {"Gradiva", nullptr, Dropped, nullptr, ""},
