@@ -1,5 +1,5 @@
 // A color lookup table and its files. Eight file formats are told apart by their bytes; one unit
-// each (table_*.cpp) reads them, and table_readers.h lists them in the order they are tried.
+// each (table_*.cpp) reads them, and read_table.cpp lists them in the order they are tried.
 #pragma once
 
 #include "grading/digest.h"

@@ -1,6 +1,7 @@
 // Between ReadTable and the readers of the table formats; nobody else includes it.
 //
-// A new format is a unit table_FORMAT.cpp, two functions here, one row in `kTableReaders`.
+// A new format is a unit table_FORMAT.cpp, two functions here, one row in the table of
+// read_table.cpp.
 #pragma once
 
 #include "grading/lookup_table.h"
@@ -39,24 +40,5 @@ bool MatchesIndexed(std::string_view bytes);
 bool ReadIndexed(TableSource& source, CZv3DLUT& table);
 bool MatchesSized(std::string_view bytes);
 bool ReadSized(TableSource& source, CZv3DLUT& table);
-
-struct TableReader {
-    std::string_view name;
-    bool isText;
-    bool (*matches)(std::string_view bytes);
-    bool (*read)(TableSource& source, CZv3DLUT& table);
-};
-
-// In the order they are tried; a format that fails passes on to the next.
-inline constexpr TableReader kTableReaders[] = {
-    {"native binary", false, MatchesNative, ReadNative},
-    {"3LUT", false, Matches3LUT, Read3LUT},
-    {"XML look table", true, MatchesXml, ReadXml},
-    {".cube", true, MatchesCube, ReadCube},
-    {"Truelight cube", true, MatchesTruelight, ReadTruelight},
-    {"mesh", true, MatchesMesh, ReadMesh},
-    {"indexed lines", true, MatchesIndexed, ReadIndexed},
-    {"LUT_SIZE text", true, MatchesSized, ReadSized},
-};
 
 } // namespace XPJ
