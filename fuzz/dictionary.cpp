@@ -1,5 +1,5 @@
 // Prints a libFuzzer dictionary: the words of both grammars, what the tokeniser looks at, and
-// some of the script and of timecodes.
+// some of looks, of the script and of timecodes.
 #include "model/grammar.h"
 
 #include <iostream>
@@ -27,6 +27,22 @@ int main()
                              " ObjectURef=\\\"g\\\"",
                              " BinaryHash=\\\"",
                              "file://localhost/",
+                             "<Gradiva>",
+                             "</Gradiva>",
+                             "<keyframe>",
+                             "</keyframe>",
+                             "<shader><name>",
+                             "</name></shader>",
+                             "__GroupBegin",
+                             "__VlColorPlaceholder",
+                             "<parameters>",
+                             "</parameters>",
+                             "<mask><data><contour><point><inner>1,2</inner>",
+                             "catmull-rom,value:1,2@0",
+                             "linear,value:1@0",
+                             "<embeddedlut><hash>",
+                             "<lut><size>2</size><data>",
+                             "<properties><property>",
                              "while (",
                              "else ",
                              "break;",

@@ -1,6 +1,7 @@
 #include "effects/video_filters.h"
 
 #include "core/numbers.h"
+#include "effects/color_corrector.h"
 #include "effects/look_effect.h"
 #include "effects/no_op_tests.h"
 #include "effects/values.h"
@@ -159,6 +160,12 @@ bool TranslateFlop(const EffectContext& context, ObjectHandle effect, Components
     return flop == kVertical || flop == kHorizontal || flop == kBoth;
 }
 
+bool AddColorCorrector(const EffectContext& context, ObjectHandle effect, Components& components)
+{
+    components.push_back(TranslateColorCorrector(context, effect));
+    return true;
+}
+
 template <const std::string_view& id>
 bool DropAtRest(const EffectContext&, ObjectHandle effect, Components&)
 {
@@ -200,7 +207,8 @@ using enum Outcome;
 constexpr VideoFilter kVideoFilters[] = {
     {"Gaussian Blur", TranslateGaussianBlur, CarriedOver, List<kGaussianBlurParams>,
      "when it blurs all channels, else dropped"},
-    {"Color Corrector 3-way", nullptr, Dropped, nullptr, ""},
+    {"Color Corrector 3-way", AddColorCorrector, Approximated, ListColorCorrector,
+     "listed in the report; limits, edges and keyframes are lost"},
     {"Luma Key", TranslateByRows<kLumaKey, kLumaKeyParams>, Approximated, List<kLumaKeyParams>,
      "key mode and softness are lost"},
     {"Gradiva", TranslateLook, CarriedOver, ListLook,

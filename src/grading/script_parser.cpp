@@ -38,6 +38,7 @@ ScriptError CompileInMemory(std::string_view script, ScriptVariables& variables,
     if (script.size() > kLongestScript)
         return ScriptError::OutOfMemory;
     try {
+        variables.KeepHostVariables();
         return CompileScript(script, variables, program);
     } catch (const std::bad_alloc&) {
         return ScriptError::OutOfMemory;
@@ -49,13 +50,10 @@ ScriptError CompileInMemory(std::string_view script, ScriptVariables& variables,
 bool CZvScriptParser::Compile(std::string_view script, char* error)
 {
     program = {};
-    variables.KeepHostVariables();
     const ScriptError fault = CompileInMemory(script, variables, program);
     loaded = fault == ScriptError::None;
-    if (!loaded) {
+    if (!loaded)
         program = {};
-        variables.KeepHostVariables();
-    }
     WriteError({fault}, error);
     return loaded;
 }

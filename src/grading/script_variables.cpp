@@ -100,6 +100,7 @@ std::uint32_t ScriptVariables::Declare(std::string_view name)
 void ScriptVariables::KeepHostVariables()
 {
     std::vector<Slot> kept;
+    kept.reserve(names.size());
     for (auto variable = names.begin(); variable != names.end();) {
         const Slot slot = slots[variable->second];
         if (!slot.fromHost) {
