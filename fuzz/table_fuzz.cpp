@@ -1,0 +1,28 @@
+// A table that reads is sound, and the grading around it is written as a text that reads and is
+// written again as the same bytes.
+#include "grading/look.h"
+
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
+{
+    using namespace XPJ;
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    CZvError error;
+    const std::optional<CZv3DLUT> table = ReadTable(bytes, "", &error);
+    if (!table) {
+        if (error.message.empty() || (error.line < 1) != (error.column < 1))
+            std::abort();
+        return 0;
+    }
+    if (!IsSound(*table) || table->entries.size() > size || TableFormat(bytes).empty())
+        std::abort();
+    const std::optional<CGrading> grading = ReadLookupTable(bytes, "table");
+    if (!grading)
+        std::abort();
+    const std::string written = Serialize(*grading);
+    const std::optional<CGrading> again = ReadLookDocument(written, "");
+    if (!again || Serialize(*again) != written)
+        std::abort();
+    return 0;
+}
