@@ -80,25 +80,26 @@ bool ReadEntries(std::string_view digits, CZv3DLUT& table)
     return true;
 }
 
-void AppendFloat(std::string& digits, float value)
+// The eight digits of a float, to `place`; gives the place behind them.
+char* PutFloat(float value, char* place)
 {
     constexpr char kHex[] = "0123456789abcdef";
     std::uint32_t bits = std::bit_cast<std::uint32_t>(value);
     for (std::size_t i = 0; i < kBytesPerWord; ++i, bits >>= 8) {
-        digits += kHex[bits >> 4 & 15];
-        digits += kHex[bits & 15];
+        *place++ = kHex[bits >> 4 & 15];
+        *place++ = kHex[bits & 15];
     }
+    return place;
 }
 
 void AppendEntries(std::string& text, const std::vector<LUTEntry>& entries)
 {
-    text.reserve(text.size() + entries.size() * kDigitsPerEntry);
-    for (const LUTEntry& entry : entries) {
-        AppendFloat(text, entry.red);
-        AppendFloat(text, entry.green);
-        AppendFloat(text, entry.blue);
-        AppendFloat(text, 0);
-    }
+    const std::size_t start = text.size();
+    text.resize(start + entries.size() * kDigitsPerEntry);
+    char* place = text.data() + start;
+    for (const LUTEntry& entry : entries)
+        for (const float value : {entry.red, entry.green, entry.blue, 0.0F})
+            place = PutFloat(value, place);
 }
 
 // ---- The domain: three numbers
