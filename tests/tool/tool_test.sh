@@ -222,6 +222,23 @@ inspect() {
     printf '{' >brace
     expect_same first brace
 
+    # Looks and tables too, whatever their names.
+    cp "$samples/dusk.look" look.xml
+    expect_status 0 --inspect look.xml
+    expect_text out 'look "Dusk on the quay"'
+    expect_text out 'layer BasicCorrection  "Balance"'
+    cp "$samples/lamps.cube" table.look
+    expect_status 0 --inspect --json table.look
+    expect_text out '"format": ".cube"'
+    cat "$samples/lamps.cube" | "$tool" --inspect /dev/stdin >out 2>err || fail 'a table in a pipe'
+    expect_text out '  .cube  3D  size '
+    printf 'LUT_1D_SIZE 2\n0 0 0\n1 x 1\n' >short.cube
+    expect_status 2 --inspect short.cube
+    expect_text err 'short.cube:3:3: Lookup table "short.cube" could not be loaded: unknown format.'
+    printf '<Gradiva>\n<na me>' >short.look
+    expect_status 2 --inspect short.look
+    expect_text err 'short.look:2:4: Whitespace unexpected in < > brackets.'
+
     expect_status 5 --inspect absent.xml
     expect_text err absent.xml
     printf '<xmeml version="5"><sequence><name>Cut</name>' >cut.xml
