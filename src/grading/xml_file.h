@@ -8,7 +8,7 @@
 //   bare      = bytes other than "<" and '"' up to the end of the line, trailing blanks cut
 //
 // Bytes are not decoded and entities stay as they are; a UTF-8 byte-order mark at the start is
-// passed over. At most 64 elements are open at once.
+// passed over. At most `kMaxDepth` elements are open at once.
 #pragma once
 
 #include "grading/error.h"
@@ -26,6 +26,8 @@ class CZvXMLFile {
 public:
     enum class Status { StartTag, EndTag, Value, End };
 
+    static constexpr std::size_t kMaxDepth = 64;
+
     // Begins anew with a text that must outlive the reading.
     void Open(std::string_view text);
 
@@ -41,6 +43,8 @@ public:
     // Of the last Value, without quotes. An element may hold several.
     const std::string& Value() const { return value_; }
 
+    // Leaves room for elements that will be written around those of this text.
+    void LimitDepth(std::size_t depth) { maxDepth_ = depth; }
     // What is left of the text behind the last token.
     std::string_view Rest() const { return text_.substr(position_); }
     // Throws the error at the last token, for faults in what the tokens say.
@@ -68,6 +72,7 @@ private:
     std::size_t position_ = 0;
     std::size_t tokenStart_ = 0;
     std::vector<std::string> openElements_;
+    std::size_t maxDepth_ = kMaxDepth;
     bool isOpen_ = false;
     bool isEmptyElement_ = false;  // "<a/>" has given its StartTag only
     bool bareValueBefore_ = false; // only a newline can part it from another bare one
