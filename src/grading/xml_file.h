@@ -1,14 +1,14 @@
-// Pull reader of the dialect in which looks are stored: tags without attributes, and values.
+// Pull reader of the dialect in which looks are stored. It is simpler than XML:
 //
-//   document  = { misc } { element { misc } }    misc = blank | <? ... ?> | <!-- ... --> | <! ... >
-//   element   = "<" name ">" { blank | element | value } "</" name ">"  |  "<" name "/>"
-//   name      = bytes other than blanks, "<", ">" and "/"; compared without case
-//   value     = quoted | bare
-//   quoted    = '"' { byte except '"' } '"'
-//   bare      = bytes other than "<" and '"' up to the end of the line, trailing blanks cut
+//   <keyframe>                    tags have no attributes and no blanks; case doesn't matter
+//     <time>0.5</time>            a bare value ends with its line, or at a "<" or a quote
+//     <name>"two
+//     lines"</name>               a quoted one at the next quote, whatever comes before
+//     <mask/>
+//   </keyframe>
 //
-// Bytes are not decoded and entities stay as they are; a UTF-8 byte-order mark at the start is
-// passed over. At most `kMaxDepth` elements are open at once.
+// Nothing is decoded: entities are plain text. Comments, declarations and a byte-order mark may come
+// before and behind elements, never inside. At most `kMaxDepth` elements are open at once.
 #pragma once
 
 #include "grading/error.h"
