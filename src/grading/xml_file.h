@@ -7,8 +7,8 @@
 //     <mask/>
 //   </keyframe>
 //
-// Nothing is decoded: entities are plain text. Comments, declarations and a byte-order mark may come
-// before and behind elements, never inside. At most `kMaxDepth` elements are open at once.
+// Nothing is decoded: entities are plain text. Comments, declarations and a byte-order mark may
+// come before and behind elements, never inside. At most `kMaxDepth` elements are open at once.
 #pragma once
 
 #include "grading/error.h"
