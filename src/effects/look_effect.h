@@ -8,7 +8,7 @@
 
 namespace XPJ {
 
-// The component of a look effect; null, with a finding, when its file can't be opened. A file that
+// The component of a look effect; null, with an issue, when its file can't be opened. A file that
 // is no look leaves its parameter without a value.
 ObjectHandle MakeLookComponent(const EffectContext& context, ObjectHandle effect);
 

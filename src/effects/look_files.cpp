@@ -13,8 +13,8 @@ namespace XPJ {
 
 namespace {
 
-// The largest text of a table of 256 entries an axis has about half of that.
-constexpr std::size_t kMaxFileSize = std::size_t{1} << 30;
+// Enough for the text of a table with 256 entries an axis.
+constexpr std::size_t kMaxFileSize = std::size_t{512} << 20;
 // Nothing as short as that is a look.
 constexpr std::size_t kMaxEmptySize = 10;
 

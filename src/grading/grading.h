@@ -59,7 +59,7 @@ struct CZvGradingAnimation {
     std::vector<GradingKeyframe> keyframes;
 };
 
-// A table that lies beside the document, for want of which its reference is kept.
+// A reference to a table beside the document that was not found there.
 struct ExternalTable {
     std::string hash; // 32 hexadecimal digits
     std::string fileName;

@@ -231,6 +231,8 @@ CGrading ReadRootElement(CZvXMLFile& file, const Guid& guid)
 // Behind the first StartTag.
 CGrading ReadBodyWithoutRoot(CZvXMLFile& file, const Guid& guid)
 {
+    // A root and a keyframe come around its elements when it is written.
+    file.LimitDepth(CZvXMLFile::kMaxDepth - 2);
     BodyReader body(file, guid);
     const auto take = [&](std::string_view tag) {
         if (!EqualsIgnoreCase(tag, "shader"))

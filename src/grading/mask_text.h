@@ -9,8 +9,8 @@
 
 namespace XPJ {
 
-// Behind the StartTag of a `mask`, `shadermask`, `data` or `Mask`, which may stand in each other:
-// the name that stands outermost is the mask's. Fails at a point without its coordinates.
+// Behind the StartTag of a `mask`, `shadermask`, `data` or `Mask`, which may be nested: the mask
+// has the outermost name. Fails at a point without its coordinates.
 CZvShadingMask ReadMask(CZvXMLFile& file);
 
 void WriteMask(ElementWriter& writer, std::size_t indent, const CZvShadingMask& mask);

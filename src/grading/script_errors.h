@@ -1,4 +1,5 @@
-// The messages of the expression script, compiling and running.
+// The messages of the expression script, compiling and running. Four belong to the language but
+// have no cause here: MissingParenthesis, FunctionWithoutValue, ParserFault, WhileInitialising.
 #pragma once
 
 #include <cstdint>

@@ -35,10 +35,10 @@ private:
     struct Waiting {
         enum class Kind : std::uint8_t {
             Parenthesis,
-            Call,   // operand: row of the function; count: complete arguments
-            Unary,  // operand: an UnaryOperator
-            Binary, // operand: row of the operator
-            And,
+            Call,     // operand: row of the function; count: complete arguments
+            Unary,    // operand: an UnaryOperator
+            Binary,   // operand: row of the operator
+            And,      // operand: jump to the 0 that a 0 on the left gives
             Or,       // operand: jump over the right side
             Question, // operand: jump to the second value
             Colon,    // operand: jump over the second value

@@ -20,7 +20,8 @@ namespace {
 // Drop frame leaves out frames 0 and 1 of each minute that is no multiple of ten.
 constexpr int kDropFrameRate = 30;
 constexpr int kDroppedEachMinute = 2;
-constexpr std::int64_t kFramesOfDropMinute = 60 * kDropFrameRate - kDroppedEachMinute;
+constexpr std::int64_t kFramesOfMinute = std::int64_t{60} * kDropFrameRate;
+constexpr std::int64_t kFramesOfDropMinute = kFramesOfMinute - kDroppedEachMinute;
 constexpr std::int64_t kFramesOfTenMinutes = 10 * kFramesOfDropMinute + kDroppedEachMinute;
 
 constexpr std::string_view kBlanks = "\n\t \r";
@@ -193,8 +194,8 @@ TimeCode TimeCode::FromFrames(std::int64_t frames, double fps, bool dropFrame)
         const std::uint64_t tens = count / kFramesOfTenMinutes;
         const std::uint64_t rest = count % kFramesOfTenMinutes;
         count += tens * 9 * kDroppedEachMinute;
-        if (rest >= 60 * kDropFrameRate)
-            count += kDroppedEachMinute * (1 + (rest - 60 * kDropFrameRate) / kFramesOfDropMinute);
+        if (rest >= kFramesOfMinute)
+            count += kDroppedEachMinute * (1 + (rest - kFramesOfMinute) / kFramesOfDropMinute);
     }
     const std::uint64_t wholeRate = static_cast<std::uint64_t>(rate);
     const std::uint64_t seconds = count / wholeRate;

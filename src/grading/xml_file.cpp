@@ -12,7 +12,6 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kLineEnds = "\r\n";
 constexpr std::string_view kNameEnds = " \t\r\n<>/";
-constexpr std::size_t kMaxDepth = 64;
 
 bool IsBlank(char c)
 {
@@ -181,7 +180,7 @@ void CZvXMLFile::CheckInsideBrackets() const
 
 CZvXMLFile::Status CZvXMLFile::OpenElement()
 {
-    if (openElements_.size() == kMaxDepth)
+    if (openElements_.size() >= maxDepth_)
         Fail(LookMessage::Expected, EndTagOfInnermost());
     openElements_.push_back(tagName_);
     return Status::StartTag;

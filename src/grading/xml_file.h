@@ -1,14 +1,14 @@
-// Pull reader of the dialect in which looks are stored: tags without attributes, and values.
+// Pull reader of the dialect in which looks are stored. It is simpler than XML:
 //
-//   document  = { misc } { element { misc } }    misc = blank | <? ... ?> | <!-- ... --> | <! ... >
-//   element   = "<" name ">" { blank | element | value } "</" name ">"  |  "<" name "/>"
-//   name      = bytes other than blanks, "<", ">" and "/"; compared without case
-//   value     = quoted | bare
-//   quoted    = '"' { byte except '"' } '"'
-//   bare      = bytes other than "<" and '"' up to the end of the line, trailing blanks cut
+//   <keyframe>                    tags have no attributes and no blanks; case doesn't matter
+//     <time>0.5</time>            a bare value ends with its line, or at a "<" or a quote
+//     <name>"two
+//     lines"</name>               a quoted one at the next quote, whatever comes before
+//     <mask/>
+//   </keyframe>
 //
-// Bytes are not decoded and entities stay as they are; a UTF-8 byte-order mark at the start is
-// passed over. At most 64 elements are open at once.
+// Nothing is decoded: entities are plain text. Comments, declarations and a byte-order mark may
+// come before and behind elements, never inside. At most `kMaxDepth` elements are open at once.
 #pragma once
 
 #include "grading/error.h"
@@ -26,6 +26,8 @@ class CZvXMLFile {
 public:
     enum class Status { StartTag, EndTag, Value, End };
 
+    static constexpr std::size_t kMaxDepth = 64;
+
     // Begins anew with a text that must outlive the reading.
     void Open(std::string_view text);
 
@@ -41,6 +43,8 @@ public:
     // Of the last Value, without quotes. An element may hold several.
     const std::string& Value() const { return value_; }
 
+    // Leaves room for elements that will be written around those of this text.
+    void LimitDepth(std::size_t depth) { maxDepth_ = depth; }
     // What is left of the text behind the last token.
     std::string_view Rest() const { return text_.substr(position_); }
     // Throws the error at the last token, for faults in what the tokens say.
@@ -68,6 +72,7 @@ private:
     std::size_t position_ = 0;
     std::size_t tokenStart_ = 0;
     std::vector<std::string> openElements_;
+    std::size_t maxDepth_ = kMaxDepth;
     bool isOpen_ = false;
     bool isEmptyElement_ = false;  // "<a/>" has given its StartTag only
     bool bareValueBefore_ = false; // only a newline can part it from another bare one

@@ -276,6 +276,21 @@ TEST(Look, MayEndAnywhere)
     }
 }
 
+// What is written has a root and a keyframe around it, and must be as deep as a look may be.
+TEST(Look, DeepParametersOfALooseLayerComeBack)
+{
+    const auto shader = [](int levels) {
+        std::string text = "<shader><name>__GroupBegin</name><parameters>";
+        for (int i = 0; i < levels; ++i)
+            text += "<a>";
+        for (int i = 0; i < levels; ++i)
+            text += "</a>";
+        return text + "</parameters></shader>";
+    };
+    EXPECT_EQ(Rewritten(shader(60)).substr(0, 9), "<Gradiva>");
+    EXPECT_EQ(Rewritten(shader(61)).substr(0, 13), "Expected </a>");
+}
+
 TEST(Look, LongValuesComeBackWhole)
 {
     const std::string value(10'000'000, 'x');

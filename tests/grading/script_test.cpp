@@ -457,7 +457,7 @@ void* RunHugeScripts(void*)
         {Repeated("if (1) ; else ", kDeep) + ";", ""},
         {Repeated("while (1) { ", kDeep) + Repeated("break; } ", kDeep), ""},
         {Repeated("x = 1; ", 100 * kDeep), ""},
-        {std::string(1000 * kDeep, 'x'), "Assignment or semicolon expected."},
+        {Repeated("x", 1000 * kDeep), "Assignment or semicolon expected."},
         {"a" + Repeated(".a", 100 * kDeep), "Too many dots in variable name."},
     };
     for (const auto& row : kCases)
@@ -467,9 +467,10 @@ void* RunHugeScripts(void*)
 
 TEST(Script, SizeNeverCostsTheThreadsStack)
 {
+    constexpr std::size_t kSmallStack = 0x40000;
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
-    ASSERT_EQ(pthread_attr_setstacksize(&attributes, 256 * 1024), 0);
+    ASSERT_EQ(pthread_attr_setstacksize(&attributes, kSmallStack), 0);
     pthread_t thread{};
     ASSERT_EQ(pthread_create(&thread, &attributes, RunHugeScripts, nullptr), 0);
     pthread_join(thread, nullptr);

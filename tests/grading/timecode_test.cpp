@@ -99,7 +99,7 @@ TEST(TimeCode, Frames)
 
 TEST(TimeCode, FramesBeyondADay)
 {
-    const TimeCode day = TimeCode::FromFrames(24 * 90000, 25);
+    const TimeCode day = TimeCode::FromFrames(2160000, 25);
     EXPECT_EQ(day.Text(), "24:00:00:00");
     EXPECT_EQ(day.errorText, "TimeCode's Hour value exceeds 23 (24)\n");
     for (const std::int64_t frames :

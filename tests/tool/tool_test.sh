@@ -91,17 +91,19 @@ seed() {
     expect_different random1.vlproj random2.vlproj
 }
 
-# A whole sample there and back, against what was reviewed; VELA_ACCEPT=1 accepts what came out.
+# Whole samples there and back, against what was reviewed; VELA_ACCEPT=1 accepts what came out.
 golden() {
-    local kept=$samples/../tests/data/samples file
-    expect_status 0 --seed 1 "$samples/effects.xml" effects.vlproj
-    grep -v -e 'Progress: ' -e '^Wrote ' out >effects.findings
-    expect_status 0 --quiet --seed 1 effects.vlproj back.xml
-    sed -i '/FCP Translation Results/d' effects.vlproj
-    for file in effects.vlproj effects.findings back.xml; do
-        [ -z "${VELA_ACCEPT:-}" ] || cp "$file" "$kept/$file"
-        diff -u "$kept/$file" "$file" | head -40
-        expect_same "$kept/$file" "$file"
+    local kept=$samples/../tests/data/samples sample file
+    for sample in effects grade; do
+        expect_status 0 --seed 1 "$samples/$sample.xml" "$sample.vlproj"
+        grep -v -e 'Progress: ' -e '^Wrote ' out >"$sample.findings"
+        expect_status 0 --quiet --seed 1 "$sample.vlproj" "$sample.back.xml"
+        sed -i '/FCP Translation Results/d' "$sample.vlproj"
+        for file in "$sample.vlproj" "$sample.findings" "$sample.back.xml"; do
+            [ -z "${VELA_ACCEPT:-}" ] || cp "$file" "$kept/$file"
+            diff -u "$kept/$file" "$file" | head -40
+            expect_same "$kept/$file" "$file"
+        done
     done
 }
 
