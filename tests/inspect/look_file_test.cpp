@@ -106,10 +106,10 @@ TEST(LookFile, FaultsHaveTheirPlace)
     EXPECT_FALSE(ReadLookFile("<Gradiva>\n<keyframe>\n</keyframe>\n</Gradiva>", "x", error));
     EXPECT_EQ(error.message, "Empty <keyframe> tag in grading definition");
     EXPECT_EQ(error.line, 3);
-    EXPECT_FALSE(ReadLookFile("LUT_1D_SIZE 2\n0 0 0\n1 1\n", "x", error));
+    EXPECT_FALSE(ReadLookFile("LUT_1D_SIZE 2\n0 0 0\n1 1 x\n", "x", error));
     EXPECT_EQ(error.message, "Lookup table \"x\" could not be loaded: unknown format.");
     EXPECT_EQ(error.line, 3);
-    EXPECT_EQ(error.column, 4);
+    EXPECT_EQ(error.column, 5);
 }
 
 } // namespace
