@@ -1,5 +1,5 @@
-// A table that reads is sound, and the grading around it is written as a text that reads and is
-// written again as the same bytes.
+// A table that reads is sound, and the grading around it is written as a text that reads; from then
+// on it is written as the same bytes.
 #include "grading/look.h"
 
 #include <cstdlib>
@@ -20,7 +20,11 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const std::optional<CGrading> grading = ReadLookupTable(bytes, "table");
     if (!grading)
         std::abort();
-    const std::string written = Serialize(*grading);
+    // The first reading adds the host's color layer, as to any look of the old style.
+    const std::optional<CGrading> once = ReadLookDocument(Serialize(*grading), "");
+    if (!once)
+        std::abort();
+    const std::string written = Serialize(*once);
     const std::optional<CGrading> again = ReadLookDocument(written, "");
     if (!again || Serialize(*again) != written)
         std::abort();
