@@ -3,13 +3,24 @@
 #include <boost/uuid/detail/md5.hpp>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <climits>
 
 namespace XPJ {
 
+// The library reads whole words where they lie, so it gets aligned blocks and nothing else until
+// the end.
 class DigestStream::State {
 public:
     boost::uuids::detail::md5 md5;
+    alignas(std::uint64_t) std::array<char, 64 * 64> block{};
+    std::size_t used = 0;
+
+    void Flush()
+    {
+        md5.process_bytes(block.data(), used);
+        used = 0;
+    }
 };
 
 DigestStream::DigestStream() : state_(std::make_unique<State>()) {}
@@ -17,11 +28,19 @@ DigestStream::~DigestStream() = default;
 
 void DigestStream::Add(std::string_view bytes)
 {
-    state_->md5.process_bytes(bytes.data(), bytes.size());
+    while (!bytes.empty()) {
+        const std::size_t size = std::min(bytes.size(), state_->block.size() - state_->used);
+        bytes.copy(state_->block.data() + state_->used, size);
+        bytes.remove_prefix(size);
+        state_->used += size;
+        if (state_->used == state_->block.size())
+            state_->Flush();
+    }
 }
 
 Digest DigestStream::Finish()
 {
+    state_->Flush();
     boost::uuids::detail::md5::digest_type words;
     state_->md5.get_digest(words);
     // Older releases of the library give four integers, the first byte highest; newer ones bytes.

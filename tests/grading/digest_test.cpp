@@ -30,5 +30,16 @@ TEST(Digest, PublishedVectors)
     }
 }
 
+// A million times the letter a, in pieces that lie at any address.
+TEST(Digest, LongText)
+{
+    const std::string bytes(1'000'000, 'a');
+    DigestStream pieces;
+    for (std::size_t at = 0; at < bytes.size(); at += 777)
+        pieces.Add(std::string_view(bytes).substr(at, 777));
+    EXPECT_EQ(DigestText(pieces.Finish()), "7707d6ae4e027c70eea2a935c2296f21");
+    EXPECT_EQ(DigestText(DigestOf(bytes)), "7707d6ae4e027c70eea2a935c2296f21");
+}
+
 } // namespace
 } // namespace XPJ
