@@ -4,6 +4,7 @@
 //   bench_ratios [--sizes 6,60,180] [--rounds 5] [--tool path/to/xpjconvert]
 #include "bench/generator.h"
 #include "bench/jobs.h"
+#include "bench/looks.h"
 #include "bench/measure.h"
 #include "bench/project_tree.h"
 
@@ -314,6 +315,7 @@ void PrintRatios(const Settings& settings)
     }
     PrintGrowth(settings, kImport);
     PrintGrowth(settings, kExport);
+    PrintLooks(settings.rounds);
     PrintStart(settings);
 }
 

@@ -1,4 +1,5 @@
-// Prints a libFuzzer dictionary: the words of both grammars, and what the tokeniser looks at.
+// Prints a libFuzzer dictionary: the words of both grammars, what the tokeniser looks at, and
+// some of looks, of the script and of timecodes.
 #include "model/grammar.h"
 
 #include <iostream>
@@ -26,6 +27,38 @@ int main()
                              " ObjectURef=\\\"g\\\"",
                              " BinaryHash=\\\"",
                              "file://localhost/",
+                             "<Gradiva>",
+                             "</Gradiva>",
+                             "<keyframe>",
+                             "</keyframe>",
+                             "<shader><name>",
+                             "</name></shader>",
+                             "__GroupBegin",
+                             "__VlColorPlaceholder",
+                             "<parameters>",
+                             "</parameters>",
+                             "<mask><data><contour><point><inner>1,2</inner>",
+                             "catmull-rom,value:1,2@0",
+                             "linear,value:1@0",
+                             "<embeddedlut><hash>",
+                             "<lut><size>2</size><data>",
+                             "<properties><property>",
+                             "LUT_1D_SIZE 2\\x0a",
+                             "LUT_3D_SIZE 2\\x0a",
+                             "DOMAIN_MAX 2 2 2\\x0a",
+                             "0 0 0\\x0a",
+                             "0 0 0 0\\x0a",
+                             "Truelight Cube v2.0\\x0awidth 2 2 2\\x0aCube\\x0a",
+                             "3DMESH\\x0aMesh 1 10\\x0a",
+                             "LUT_SIZE : 2 2 2\\x0aentries = 8\\x0a",
+                             "<?xml?><look><LUT><size>2</size><data>",
+                             "ZTX3\\x02\\x00\\x00\\x00\\x01\\x00\\x00\\x00",
+                             "while (",
+                             "else ",
+                             "break;",
+                             "smoothstep(",
+                             "fps, DropFrame",
+                             "{Src.FrameNumberPadded.",
                              "\\x00",
                              "\\x0d\\x0a"})
         std::cout << '"' << word << "\"\n";

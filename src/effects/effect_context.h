@@ -33,6 +33,8 @@ struct FrameSize {
 //   ParseFrameSize("0,0,720,480", "10,11")
 FrameSize ParseFrameSize(std::string_view rect, std::string_view aspect);
 
+class LookFiles;
+
 struct EffectContext {
     Document& document; // the result's; new nodes are made in it
     IssueSet& issues;
@@ -45,6 +47,7 @@ struct EffectContext {
     // decoded to another one.
     double decodedWidthRatio = 1.0;
     double decodedHeightRatio = 1.0;
+    LookFiles* lookFiles = nullptr; // null: looks that name a file count as missing
 
     // The factors between coordinates of the clip and of the sequence; 1 for an unknown size.
     double HorizontalRatio() const;

@@ -1,7 +1,9 @@
 #include "effects/video_filters.h"
 
 #include "core/numbers.h"
+#include "effects/color_corrector.h"
 #include "effects/graphic_effects.h"
+#include "effects/look_effect.h"
 #include "effects/no_op_tests.h"
 #include "effects/values.h"
 #include "effects/video_component.h"
@@ -129,6 +131,14 @@ bool TranslateTransform(const EffectContext& context, ObjectHandle effect, Compo
     return true;
 }
 
+bool TranslateLook(const EffectContext& context, ObjectHandle effect, Components& components)
+{
+    const ObjectHandle component = MakeLookComponent(context, effect);
+    if (component)
+        components.push_back(component);
+    return static_cast<bool>(component);
+}
+
 ObjectHandle MakeFlip(Document& document, const ComponentNames& names, ObjectHandle effect)
 {
     const ObjectHandle component = MakeFilterComponent(document, names, effect);
@@ -151,6 +161,12 @@ bool TranslateFlop(const EffectContext& context, ObjectHandle effect, Components
     return flop == kVertical || flop == kHorizontal || flop == kBoth;
 }
 
+bool AddColorCorrector(const EffectContext& context, ObjectHandle effect, Components& components)
+{
+    components.push_back(TranslateColorCorrector(context, effect));
+    return true;
+}
+
 template <ObjectHandle (*makeComponent)(Document&, ObjectHandle)>
 bool TranslateGraphic(const EffectContext& context, ObjectHandle effect, Components& components)
 {
@@ -170,6 +186,11 @@ constexpr std::string_view kDropShadow = "dropshadow";
 std::vector<ListedParameter> ListFlop()
 {
     return {{"Flop", false}};
+}
+
+std::vector<ListedParameter> ListLook()
+{
+    return {{"File Path", false}};
 }
 
 std::vector<ListedParameter> ListAll()
@@ -194,10 +215,12 @@ using enum Outcome;
 constexpr VideoFilter kVideoFilters[] = {
     {"Gaussian Blur", TranslateGaussianBlur, CarriedOver, List<kGaussianBlurParams>,
      "when it blurs all channels, else dropped"},
-    {"Color Corrector 3-way", nullptr, Dropped, nullptr, ""},
+    {"Color Corrector 3-way", AddColorCorrector, Approximated, ListColorCorrector,
+     "listed in the report; limits, edges and keyframes are lost"},
     {"Luma Key", TranslateByRows<kLumaKey, kLumaKeyParams>, Approximated, List<kLumaKeyParams>,
      "key mode and softness are lost"},
-    {"Gradiva", nullptr, Dropped, nullptr, ""},
+    {"Gradiva", TranslateLook, CarriedOver, ListLook,
+     "the look file or lookup table goes into the project; dropped when it can't be opened"},
     {"GraphicAndType", TranslateGraphic<MakeTextComponent>, CarriedOver, ListAll, ""},
     {"GraphicAndShape", TranslateGraphic<MakeShapeComponent>, CarriedOver, ListAll, ""},
     {"Transform", TranslateTransform, CarriedOver, ListAll, ""},

@@ -116,6 +116,7 @@ int ImportDocument(ObjectHandle root, const ImportOptions& options, Progress& pr
     state.settings = options.settings;
     const std::string inputPath = AbsolutePath(options.inputPath);
     state.documentDirectory = FolderOf(inputPath);
+    state.lookFiles.emplace(document, state.documentDirectory);
     state.project = ProjectOf(document, root);
     if (!state.project)
         return kNoFCPDataFound;

@@ -5,6 +5,7 @@
 
 #include "core/progress.h"
 #include "core/translation_issue.h"
+#include "effects/look_files.h"
 #include "import/frame_format.h"
 #include "import/master_registry.h"
 #include "import/media_type.h"
@@ -14,6 +15,7 @@
 #include <compare>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -98,7 +100,8 @@ struct ImportState {
     bool sn2vlMode = false;  // audio hand-off
     bool aafSupport = false; // the host came in through the AAF-aware entry
     Settings settings;
-    std::string documentDirectory; // with its last separator; base of relative `pathurl`s
+    std::string documentDirectory;      // with its last separator; base of relative `pathurl`s
+    std::optional<LookFiles> lookFiles; // of the look effects; none outside an import
 
     // By `id`. A `file` is here when it has an id and a content.
     using ById = std::unordered_map<std::string_view, ObjectHandle>;

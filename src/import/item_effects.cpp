@@ -112,6 +112,11 @@ Ticks SampleTicksOf(ImportState& state, ObjectHandle item)
     return samples > 0 ? std::max<Ticks>(kTicksPerSecond / samples, 1) : kSampleTicks48k;
 }
 
+LookFiles* LookFilesOf(ImportState& state)
+{
+    return state.lookFiles ? &*state.lookFiles : nullptr;
+}
+
 } // namespace
 
 EffectContext ContextOfItem(const TrackContext& track, ObjectHandle item, ObjectHandle master,
@@ -123,6 +128,7 @@ EffectContext ContextOfItem(const TrackContext& track, ObjectHandle item, Object
                           .place =
                               PlaceOfItem(sequence.clock, item, track.type, track.index, start)};
     context.frameTicks = FilterTicks(item, master, sequence.rates.video);
+    context.lookFiles = LookFilesOf(sequence.state);
     if (track.type == MediaType::Video) {
         SetFrames(track, item, master, context);
     } else {
@@ -143,7 +149,7 @@ ObjectHandle MakeItemVideoChain(const TrackContext& track, ObjectHandle item, Fr
     return BuildSequenceChain(context, item, subClip, IntToString(track.sequence.number), title);
 }
 
-void AddMasterEffects(const ImportState& state, ObjectHandle element, ObjectHandle file,
+void AddMasterEffects(ImportState& state, ObjectHandle element, ObjectHandle file,
                       ObjectHandle master)
 {
     const ObjectHandle chain = master.GetChild("VideoComponentChain");
@@ -157,7 +163,8 @@ void AddMasterEffects(const ImportState& state, ObjectHandle element, ObjectHand
         const EffectContext context{.document = state.document,
                                     .issues = state.issues,
                                     .place = place,
-                                    .frameTicks = frameTicks};
+                                    .frameTicks = frameTicks,
+                                    .lookFiles = LookFilesOf(state)};
         AddMasterChainEffects(context, owner, chain);
     }
 }

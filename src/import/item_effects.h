@@ -20,7 +20,7 @@ ObjectHandle MakeItemVideoChain(const TrackContext& track, ObjectHandle item, Fr
                                 ObjectHandle subClip);
 
 // Hangs the filters of a browser `clip` and of its `file` on a new master.
-void AddMasterEffects(const ImportState& state, ObjectHandle element, ObjectHandle file,
+void AddMasterEffects(ImportState& state, ObjectHandle element, ObjectHandle file,
                       ObjectHandle master);
 
 } // namespace XPJ

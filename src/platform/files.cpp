@@ -175,4 +175,22 @@ bool FileExists(const std::string& path)
     return ::lstat(path.c_str(), &status) == 0;
 }
 
+std::optional<std::string> ReadRegularFile(const std::string& path, std::size_t limit)
+{
+    // Before it is opened: a pipe would wait for its writer.
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
+        return {};
+    CoreFile file;
+    if (!file.Open(path, false))
+        return {};
+    const std::size_t size = static_cast<std::size_t>(status.st_size);
+    std::string bytes(size > limit ? 0 : size, '\0');
+    std::size_t bytesRead = 0;
+    if (!file.Read(bytes.data(), bytes.size(), bytesRead))
+        return {};
+    bytes.resize(bytesRead);
+    return bytes;
+}
+
 } // namespace XPJ

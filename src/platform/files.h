@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace XPJ {
@@ -64,5 +65,9 @@ std::string ErrorText(int error);
 
 // True for anything under that path, also a folder or a dangling link.
 bool FileExists(const std::string& path);
+
+// The bytes of a regular file, also behind a link; nothing when there is none or it can't be read.
+// A file longer than `limit` gives no bytes.
+std::optional<std::string> ReadRegularFile(const std::string& path, std::size_t limit);
 
 } // namespace XPJ

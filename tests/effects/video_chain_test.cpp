@@ -69,8 +69,9 @@ TEST_F(VideoChainTest, IdsDecideBeforeNames)
         {"Crop", "", "", "Crop"}, // names are exact
         {"opacity", "unheard of", "", "opacity"},
         {"", "Sepia", "", "Sepia"},
-        {"Warm", "Gradiva", "", "Warm"}, // known, not translated
-        {"", "", "", nullptr},           // no effect at all
+        {"Warm", "Gradiva", "3 Gradiva", nullptr},
+        {"Soft", "Gaussian Blur", "", "Soft"}, // refused
+        {"", "", "", nullptr},                 // no effect at all
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(std::string(row.name) + "/" + row.id);

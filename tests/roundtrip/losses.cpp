@@ -34,6 +34,9 @@ constexpr Loss kProjectLosses[] = {
     {"effects", "*Luma Key: Threshold 40 -> 0.594674",
      "the two directions have curves of their own, which meet at 100"},
     {"effects", "*Luma Key: Threshold keyframes *", "the same"},
+    {"*", "*Three-Way Color Corrector: * Balance Gain *",
+     "approximate both ways, with curves that don't undo each other"},
+    {"*", "*Three-Way Color Corrector: * Balance Angle *", "the same, a third of a turn each time"},
     {"effects", "*transition \"Exponential Fade\": name Exponential Fade -> Cross Fade (0dB)",
      "only the audio editor's form has exponential fades"},
     {"cuts", "*Scale Width keyframes *80 at * -> *79.9999 at *", "numbers have six digits"},
@@ -80,6 +83,10 @@ constexpr Loss kSecondPassLosses[] = {
 
     // ---- Effects
     {"effects", "*Luma Key: threshold *", "its two curves are applied on each pass"},
+    {"*", "*Color Corrector 3-way: blacklevel *", "the same, up to the highest level"},
+    {"*", "*Color Corrector 3-way: mids *", "the same"},
+    {"*", "*Color Corrector 3-way: highlights *", "the same"},
+    {"*", "*Color Corrector 3-way: *_hue *", "turned on each pass"},
     {"angles_of_any_kind", "*: added * clip \"sequence\": Motion: *",
      "written in full once the project has it"},
     {"nested_sequences", "*: added * clip \"deep\": Motion: *", "the same"},

@@ -113,6 +113,7 @@ golden_sample() {
 golden() {
     local graphics=FCP.ConvertTitleToGraphicAndType=true
     golden_sample effects effects
+    golden_sample grade grade
     golden_sample titles titles
     golden_sample titles titles_as_graphics --set $graphics
     golden_sample titles titles_on_masters --set $graphics \
@@ -356,6 +357,23 @@ inspect() {
     head -c 1 out >first
     printf '{' >brace
     expect_same first brace
+
+    # Looks and tables too, whatever their names.
+    cp "$samples/dusk.look" look.xml
+    expect_status 0 --inspect look.xml
+    expect_text out 'look "Dusk on the quay"'
+    expect_text out 'layer BasicCorrection  "Balance"'
+    cp "$samples/lamps.cube" table.look
+    expect_status 0 --inspect --json table.look
+    expect_text out '"format": ".cube"'
+    cat "$samples/lamps.cube" | "$tool" --inspect /dev/stdin >out 2>err || fail 'a table in a pipe'
+    expect_text out '  .cube  3D  size '
+    printf 'LUT_1D_SIZE 2\n0 0 0\n1 x 1\n' >short.cube
+    expect_status 2 --inspect short.cube
+    expect_text err 'short.cube:3:3: Lookup table "short.cube" could not be loaded: unknown format.'
+    printf '<Gradiva>\n<na me>' >short.look
+    expect_status 2 --inspect short.look
+    expect_text err 'short.look:2:4: Whitespace unexpected in < > brackets.'
 
     expect_status 5 --inspect absent.xml
     expect_text err absent.xml
