@@ -144,9 +144,9 @@ ObjectHandle MakeLookComponent(const EffectContext& context, ObjectHandle effect
     component.SetProperty("InstanceName", name);
     CopyDependencies(document, effect, component);
     for (const ObjectHandle& parameter : effect.GetChildren("parameter")) {
-        if (parameter == pathParameter)
+        if (look && parameter == pathParameter)
             component.AddChild("Param", MakeGradingParam(document, *look));
-        else if (!pathParameter || !IsGrading(parameter))
+        else if (!look || !IsGrading(parameter))
             component.AddChild("Param", MakeOtherParam(document, parameter));
     }
     return component;

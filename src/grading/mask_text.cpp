@@ -28,24 +28,24 @@ constexpr std::string_view kWrapperTags[] = {"mask", "shadermask", "data"};
 enum class PointValue { Pair, Number, Switch };
 
 struct PointRow {
-    PointValue kind;
     std::string_view missing; // empty: the point is incomplete without it
+    PointValue kind;
     bool isQuoted = true;
 };
 
 // In the order of `kMaskPointTags`.
 constexpr PointRow kPointRows[] = {
-    {PointValue::Pair, ""},                          // inner
-    {PointValue::Pair, ""},                          // innerprevtangent
-    {PointValue::Pair, ""},                          // innernexttangent
-    {PointValue::Number, "catmull-rom,value:1@0"},   // falloffexponent
-    {PointValue::Number, "catmull-rom,value:1@0"},   // falloffweight
-    {PointValue::Switch, "linear,value:0@0", false}, // detached
-    {PointValue::Pair, ""},                          // outer
-    {PointValue::Pair, ""},                          // outerprevtangent
-    {PointValue::Pair, ""},                          // outernexttangent
-    {PointValue::Switch, "linear,value:1@0"},        // spline
-    {PointValue::Switch, "linear,value:1@0"},        // smooth
+    {"", PointValue::Pair},                          // inner
+    {"", PointValue::Pair},                          // innerprevtangent
+    {"", PointValue::Pair},                          // innernexttangent
+    {"catmull-rom,value:1@0", PointValue::Number},   // falloffexponent
+    {"catmull-rom,value:1@0", PointValue::Number},   // falloffweight
+    {"linear,value:0@0", PointValue::Switch, false}, // detached
+    {"", PointValue::Pair},                          // outer
+    {"", PointValue::Pair},                          // outerprevtangent
+    {"", PointValue::Pair},                          // outernexttangent
+    {"linear,value:1@0", PointValue::Switch},        // spline
+    {"linear,value:1@0", PointValue::Switch},        // smooth
 };
 static_assert(std::size(kPointRows) == kMaskPointTags.size());
 
