@@ -25,7 +25,7 @@ std::string WriteBlob(std::string_view object);
 
 // As JSON: quoted and escaped; ill-formed UTF-8 becomes U+FFFD.
 void AppendString(std::string_view text, std::string& json);
-// The shortest text that reads back the same double, with ".0" if it would look like an integer;
+// In as few digits as tell the number from its neighbours, and never in the form of an integer;
 // a number that JSON has no text for is 0.0.
 void AppendReal(double value, std::string& json);
 
