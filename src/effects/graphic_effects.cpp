@@ -77,7 +77,8 @@ ObjectHandle MakeGraphic(Document& document, const ComponentNames& names,
         if (id < 1 || id >= static_cast<int>(count))
             continue;
         const auto index = static_cast<std::size_t>(id);
-        params[index] = MakeParam(document, parameter, classes[index]);
+        if (const ObjectHandle param = MakeParam(document, parameter, classes[index]))
+            params[index] = param;
     }
     const ObjectHandle component = MakeFilterComponent(document, names, effect);
     component.SetProperty("InstanceName", effect.GetProperty("name"));

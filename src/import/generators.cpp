@@ -90,11 +90,11 @@ const FrameFormat& FrameOfGenerators(ImportState& state, ObjectHandle owner)
 // What a generator becomes. Shapes have no legacy form.
 enum class GeneratorRoute { ColorMatte, LegacyTitle, Graphic, Unknown };
 
-GeneratorRoute RouteOf(const Settings& settings, ObjectHandle item)
+GeneratorRoute RouteOf(const ImportState& state, ObjectHandle item)
 {
     if (IsColorGenerator(item))
         return GeneratorRoute::ColorMatte;
-    if (IsGraphicTitle(settings, item))
+    if (IsGraphicTitle(state, item))
         return GeneratorRoute::Graphic;
     return IsTextTitle(item) ? GeneratorRoute::LegacyTitle : GeneratorRoute::Unknown;
 }
@@ -227,7 +227,7 @@ FrameFormat FrameOfOwner(ObjectHandle owner)
 
 GeneratorResult TranslateGenerator(ImportState& state, ObjectHandle item, ObjectHandle owner)
 {
-    const GeneratorRoute route = RouteOf(state.settings, item);
+    const GeneratorRoute route = RouteOf(state, item);
     const auto known = state.translatedGenerators.find(item.UniqueId());
     if (known != state.translatedGenerators.end())
         return {known->second, route != GeneratorRoute::Unknown,

@@ -17,36 +17,44 @@ std::string_view KeyOf(ObjectHandle generator)
     return masterClipId.empty() ? generator.GetProperty("id") : masterClipId;
 }
 
-bool HasContent(ObjectHandle generator)
+bool IsTitle(ObjectHandle generator)
 {
-    if (IsShape(generator))
-        return generator.GetChild("effect").HasChild("parameter");
+    return IsShape(generator) || IsTextTitle(generator);
+}
+
+// Whether it leaves open what it shows: without an effect, or with that of a title without words.
+bool IsBare(ObjectHandle generator)
+{
+    const ObjectHandle effect = generator.GetChild("effect");
+    if (!effect)
+        return true;
+    if (!IsTextTitle(generator))
+        return IsShape(generator) && !effect.HasChild("parameter");
     const auto isStated = [](const TitleText& text) {
         return std::ranges::any_of(text.lines, [](std::string_view line) { return !line.empty(); });
     };
-    return IsTextTitle(generator) && std::ranges::any_of(ReadTitle(generator, {}).texts, isStated);
+    return std::ranges::none_of(ReadTitle(generator, {}).texts, isStated);
 }
 
 // The generator that states what an item shows: another one of its clip if it is bare itself.
 ObjectHandle SourceOfTitle(const ImportState& state, ObjectHandle item)
 {
     const auto known = state.titles.find(KeyOf(item));
-    if (known == state.titles.end() || known->second == item || HasContent(item))
-        return item;
-    return known->second;
+    return known != state.titles.end() && IsBare(item) ? known->second : item;
 }
 
 } // namespace
 
-bool IsGraphicTitle(const Settings& settings, ObjectHandle generator)
+bool IsGraphicTitle(const ImportState& state, ObjectHandle generator)
 {
-    return IsShape(generator) || (settings.convertTitles && IsTextTitle(generator));
+    const ObjectHandle source = SourceOfTitle(state, generator);
+    return IsShape(source) || (state.settings.convertTitles && IsTextTitle(source));
 }
 
 void RegisterTitle(ImportState& state, ObjectHandle generator)
 {
     const std::string_view key = KeyOf(generator);
-    if (!key.empty() && !state.titles.contains(key) && HasContent(generator))
+    if (!key.empty() && !state.titles.contains(key) && IsTitle(generator) && !IsBare(generator))
         state.titles.emplace(key, generator);
 }
 
@@ -69,12 +77,10 @@ bool HasTitle(const ImportState& state, ObjectHandle master)
 ObjectHandle TitleOfItem(const ImportState& state, ObjectHandle item, const FrameSize& frame,
                          ObjectHandle master)
 {
-    if (item.GetName() != "generatoritem" || HasTitle(state, master))
+    if (item.GetName() != "generatoritem" || HasTitle(state, master) ||
+        !IsGraphicTitle(state, item))
         return {};
-    const ObjectHandle source = SourceOfTitle(state, item);
-    if (!IsGraphicTitle(state.settings, source))
-        return {};
-    return MakeGraphicEffect(state.document, source, frame);
+    return MakeGraphicEffect(state.document, SourceOfTitle(state, item), frame);
 }
 
 } // namespace XPJ

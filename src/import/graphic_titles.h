@@ -8,8 +8,9 @@
 
 namespace XPJ {
 
-// Shapes always become graphics, text generators by the setting.
-bool IsGraphicTitle(const Settings& settings, ObjectHandle generator);
+// Shapes always become graphics, text generators by the setting. A generator without an effect is
+// what another one of its clip was registered as.
+bool IsGraphicTitle(const ImportState& state, ObjectHandle generator);
 
 // Keeps a generator for other items of its clip that state no words of their own.
 void RegisterTitle(ImportState& state, ObjectHandle generator);

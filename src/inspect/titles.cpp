@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -37,13 +38,20 @@ std::string Joined(const Lines& lines)
     return text;
 }
 
+// A carriage return that a document held as a reference ends a line like any other.
+std::string WithLineFeeds(std::string text)
+{
+    std::ranges::replace(text, '\r', '\n');
+    return text;
+}
+
 // Lines of a text document end with a carriage return, also the last one of a run before others.
 TitleText TextOfRun(const GVE::TextRun& run, bool isLast)
 {
     TitleText text{.text = run.text, .font = run.style.fontName, .size = run.style.fontSize};
     if (!isLast && text.text.ends_with('\r'))
         text.text.pop_back();
-    std::ranges::replace(text.text, '\r', '\n');
+    text.text = WithLineFeeds(std::move(text.text));
     const std::uint32_t color = GVE::FillColor(run.style).value;
     const auto channel = [color](unsigned shift) { return static_cast<int>(color >> shift & 255); };
     text.color = ColorText({channel(0), channel(8), channel(16), 255});
@@ -72,7 +80,7 @@ std::vector<TitleText> TextsOfGenerator(ObjectHandle generator, const FrameSize&
     const Title title = ReadTitle(generator, frame);
     std::vector<TitleText> texts;
     for (const XPJ::TitleText& part : title.texts)
-        texts.push_back({.text = UnescapeXML(Joined(part.lines)),
+        texts.push_back({.text = WithLineFeeds(UnescapeXML(Joined(part.lines))),
                          .font = UnescapeXML(GeneratorFont(part.font.family, part.font.style)),
                          .size = static_cast<double>(title.TextHeight(part.font)),
                          .color = ColorText(part.font.color)});
@@ -110,7 +118,7 @@ std::vector<TitleText> TextsOfMedia(ObjectHandle media)
         return texts;
     for (const LegacyTitleText& part :
          ReadLegacyTitle(DecodeBase64(media.GetProperty("ImporterPrefs"))))
-        texts.push_back({.text = Joined(part.lines),
+        texts.push_back({.text = WithLineFeeds(Joined(part.lines)),
                          .font = TitleDocumentFont(part.family, part.style),
                          .size = static_cast<double>(part.height),
                          .color = ColorText(part.color)});

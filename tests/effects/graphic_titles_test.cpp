@@ -280,6 +280,14 @@ TEST_F(GraphicTitlesTest, ReturningEffects)
                       Filter("GraphicAndShape", Parameter("1", empty) + Parameter("2", "QQ==")))),
                   "ArbVideoComponentParam|2|||9|false||||-91445760000000000|\n")
             << empty;
+
+    // Of a doubled blob the last that has a value counts.
+    EXPECT_EQ(
+        BlobOf(FilterOf(Filter("GraphicAndType", Parameter("1", "QQ==", "<name>Words</name>") +
+                                                     Parameter("1", "Qg==", "<name>Words</name>") +
+                                                     Parameter("1", "/v4=", "<name>Words</name>"))),
+               "Words"),
+        "B");
 }
 
 } // namespace

@@ -144,6 +144,25 @@ TEST_F(GraphicTitlesImportTest, ItemsOfOneGeneratorShareItsText)
                        "1196574294 item(Text 81 'Own') master()\n"
                        "1196574294 item(Text 81 'Own') master()\n"
                        "1196574294 item(Text 81 '') master()\n");
+    EXPECT_EQ(Issues(), "");
+}
+
+// Also of a clip of titles: an item without an effect shows the words of its clip, one with an
+// effect of another kind does not.
+TEST_F(GraphicTitlesImportTest, OtherItemsOfATitlesClip)
+{
+    const std::string title = Generator("a", "m", 0, Words("One"));
+    ImportItems(title + "<generatoritem id=\"b\">" + kRate25 +
+                    "<masterclipid>m</masterclipid><start>50</start><end>100</end><in>0</in>"
+                    "<out>50</out></generatoritem>",
+                kOnItems);
+    EXPECT_EQ(Items(), "1196574294 item(Text 81 'One') master()\n"
+                       "1196574294 item(Text 81 'One') master()\n");
+    EXPECT_EQ(Issues(), "");
+    ImportItems(title + Generator("b", "m", 50, "", "Clouds"), kOnItems);
+    EXPECT_EQ(Items(), "1196574294 item(Text 81 'One') master()\n"
+                       "1414680150 item() master() listed\n");
+    EXPECT_NE(Issues(), "");
 }
 
 // Its frame is that of the clip's own format, and no track item draws the words once more.

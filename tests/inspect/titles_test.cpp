@@ -83,6 +83,15 @@ TEST(Titles, SayTheSameInEveryForm)
     }
 }
 
+TEST(Titles, EveryCarriageReturnEndsALine)
+{
+    const std::string document = Replaced(kDocument, "live", "live&#xD;here");
+    EXPECT_EQ(Timelines(document).titles.at(0).at(0).text, "Tom & Co\nlive\nhere");
+    for (const Settings& settings : kSettings)
+        EXPECT_EQ(Timelines(Imported(document, settings)).titles.at(0).at(0).text,
+                  "Tom & Co\nlive\nhere");
+}
+
 TEST(Titles, DifferencesBetweenThem)
 {
     std::string changed = Replaced(kDocument, "live", "now");
