@@ -12,8 +12,8 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <map>
 #include <optional>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -156,23 +156,29 @@ void ReadTableTail(std::string_view tail, CGrading& grading)
     constexpr std::size_t kHashSize = Digest().size();
     constexpr std::size_t kHeadSize = kHashSize + kWordSize;
     std::vector<ExternalTable>& references = grading.externalLUTs;
-    std::unordered_multimap<std::string, std::size_t> wanted; // bytes of a hash, place of reference
-    for (std::size_t i = 0; i < references.size(); ++i)
-        if (IsDigest(references[i].hash))
-            wanted.emplace(BytesOfDigits(references[i].hash).value_or(""), i);
+    // Places of references, by the bytes of their hash and their file name.
+    std::map<std::pair<std::string, std::string>, std::vector<std::size_t>> wanted;
+    for (std::size_t i = 0; i < references.size(); ++i) {
+        const auto& [hash, fileName] = references[i];
+        if (IsDigest(hash))
+            wanted[{BytesOfDigits(hash).value_or(""), fileName}].push_back(i);
+    }
     std::vector<bool> isFound(references.size());
     while (tail.size() >= kHeadSize) {
         const std::uint32_t size = LittleEndian<std::uint32_t>(tail.substr(kHashSize));
         if (size > tail.size() - kHeadSize)
             break;
-        const auto entry = wanted.find(std::string(tail.substr(0, kHashSize)));
+        const std::string hash(tail.substr(0, kHashSize));
+        const auto entry = wanted.lower_bound({hash, ""});
         const std::string_view bytes = tail.substr(kHeadSize, size);
         tail.remove_prefix(kHeadSize + size);
-        if (entry == wanted.end())
+        if (entry == wanted.end() || entry->first.first != hash)
             continue;
-        if (auto table = ReadTable(bytes, references[entry->second].fileName)) {
+        const auto& [key, places] = *entry;
+        if (auto table = ReadTable(bytes, key.second)) {
             grading.embeddedLUTs.push_back(std::move(*table));
-            isFound[entry->second] = true;
+            for (const std::size_t place : places)
+                isFound[place] = true;
             wanted.erase(entry);
         }
     }
