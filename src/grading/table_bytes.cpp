@@ -2,6 +2,8 @@
 
 #include "core/numbers.h"
 
+#include <utility>
+
 namespace XPJ {
 
 std::optional<std::string> BytesOfDigits(std::string_view text)
@@ -11,11 +13,12 @@ std::optional<std::string> BytesOfDigits(std::string_view text)
     bytes.reserve(text.size() / 2);
     int high = -1;
     for (const char c : text) {
-        if (kBlanks.find(c) != kBlanks.npos)
-            continue;
         const int digit = HexDigit(c);
-        if (digit < 0)
-            return {};
+        if (digit < 0) {
+            if (kBlanks.find(c) == kBlanks.npos)
+                return {};
+            continue;
+        }
         if (high >= 0)
             bytes += static_cast<char>(high << 4 | digit);
         high = high < 0 ? digit : -1;

@@ -18,6 +18,7 @@
 #include "grading/table_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace XPJ {
 
