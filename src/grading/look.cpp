@@ -96,8 +96,11 @@ std::optional<CGrading> ReadLookupTable(std::string_view bytes, std::string_view
                                         CZvError* error)
 {
     std::optional<CZv3DLUT> table = ReadTable(bytes, StorableName(name), error);
-    if (!table)
+    if (!table) {
+        if (error)
+            error->file = name;
         return {};
+    }
     CGrading grading;
     grading.name = table->name;
     grading.guid = GuidOfBytes(bytes);

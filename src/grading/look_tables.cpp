@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "grading/element_reader.h"
+#include "grading/table_bytes.h"
 
 #include <fmt/format.h>
 
@@ -11,8 +12,8 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <map>
 #include <optional>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -22,42 +23,9 @@ namespace {
 
 constexpr std::size_t kSubTableIndent = 4;
 constexpr std::size_t kDigitsPerEntry = 32;
-constexpr std::size_t kBytesPerWord = 4;
+constexpr std::size_t kWordSize = sizeof(std::uint32_t);
 
 // ---- Entries as digits: four little-endian floats, the last one always 0
-
-// Without the blanks between values; nothing if anything else is no digit, or half a byte is left.
-std::optional<std::string> BytesOfDigits(std::string_view text)
-{
-    std::string bytes;
-    bytes.reserve(text.size() / 2);
-    int high = -1;
-    for (const char c : text) {
-        if (c == ' ' || c == '\t' || c == '\r' || c == '\n')
-            continue;
-        const int digit = HexDigit(c);
-        if (digit < 0)
-            return {};
-        if (high >= 0)
-            bytes += static_cast<char>(high * 16 + digit);
-        high = high < 0 ? digit : -1;
-    }
-    return high < 0 ? std::optional(std::move(bytes)) : std::nullopt;
-}
-
-// Little-endian.
-std::uint32_t WordAt(std::string_view bytes, std::size_t place)
-{
-    std::uint32_t word = 0;
-    for (std::size_t i = kBytesPerWord; i-- > 0;)
-        word = word << 8 | static_cast<unsigned char>(bytes[place + i]);
-    return word;
-}
-
-float FloatAt(std::string_view bytes, std::size_t place)
-{
-    return std::bit_cast<float>(WordAt(bytes, place));
-}
 
 bool ReadEntries(std::string_view digits, CZv3DLUT& table)
 {
@@ -71,8 +39,8 @@ bool ReadEntries(std::string_view digits, CZv3DLUT& table)
     std::size_t place = 0;
     for (LUTEntry& entry : table.entries) {
         entry.red = FloatAt(*bytes, place);
-        entry.green = FloatAt(*bytes, place + kBytesPerWord);
-        entry.blue = FloatAt(*bytes, place + 2 * kBytesPerWord);
+        entry.green = FloatAt(*bytes, place + kWordSize);
+        entry.blue = FloatAt(*bytes, place + 2 * kWordSize);
         place += kDigitsPerEntry / 2;
         if (!std::isfinite(entry.red) || !std::isfinite(entry.green) || !std::isfinite(entry.blue))
             return false;
@@ -85,7 +53,7 @@ char* PutFloat(float value, char* place)
 {
     constexpr char kHex[] = "0123456789abcdef";
     std::uint32_t bits = std::bit_cast<std::uint32_t>(value);
-    for (std::size_t i = 0; i < kBytesPerWord; ++i, bits >>= 8) {
+    for (std::size_t i = 0; i < kWordSize; ++i, bits >>= 8) {
         *place++ = kHex[bits >> 4 & 15];
         *place++ = kHex[bits & 15];
     }
@@ -186,25 +154,31 @@ ExternalTable ReadExternalTable(CZvXMLFile& file)
 void ReadTableTail(std::string_view tail, CGrading& grading)
 {
     constexpr std::size_t kHashSize = Digest().size();
-    constexpr std::size_t kHeadSize = kHashSize + kBytesPerWord;
+    constexpr std::size_t kHeadSize = kHashSize + kWordSize;
     std::vector<ExternalTable>& references = grading.externalLUTs;
-    std::unordered_multimap<std::string, std::size_t> wanted; // bytes of a hash, place of reference
-    for (std::size_t i = 0; i < references.size(); ++i)
-        if (IsDigest(references[i].hash))
-            wanted.emplace(BytesOfDigits(references[i].hash).value_or(""), i);
+    // Places of references, by the bytes of their hash and their file name.
+    std::map<std::pair<std::string, std::string>, std::vector<std::size_t>> wanted;
+    for (std::size_t i = 0; i < references.size(); ++i) {
+        const auto& [hash, fileName] = references[i];
+        if (IsDigest(hash))
+            wanted[{BytesOfDigits(hash).value_or(""), fileName}].push_back(i);
+    }
     std::vector<bool> isFound(references.size());
     while (tail.size() >= kHeadSize) {
-        const std::uint32_t size = WordAt(tail, kHashSize);
+        const std::uint32_t size = LittleEndian<std::uint32_t>(tail.substr(kHashSize));
         if (size > tail.size() - kHeadSize)
             break;
-        const auto entry = wanted.find(std::string(tail.substr(0, kHashSize)));
+        const std::string hash(tail.substr(0, kHashSize));
+        const auto entry = wanted.lower_bound({hash, ""});
         const std::string_view bytes = tail.substr(kHeadSize, size);
         tail.remove_prefix(kHeadSize + size);
-        if (entry == wanted.end())
+        if (entry == wanted.end() || entry->first.first != hash)
             continue;
-        if (auto table = ReadTable(bytes, references[entry->second].fileName)) {
+        const auto& [key, places] = *entry;
+        if (auto table = ReadTable(bytes, key.second)) {
             grading.embeddedLUTs.push_back(std::move(*table));
-            isFound[entry->second] = true;
+            for (const std::size_t place : places)
+                isFound[place] = true;
             wanted.erase(entry);
         }
     }

@@ -17,8 +17,8 @@ CZv3DLUT ReadInlineTable(CZvXMLFile& file);
 ExternalTable ReadExternalTable(CZvXMLFile& file);
 
 // Reads the tables behind the document (16 bytes of hash, a 32-bit little-endian length, the
-// table's bytes) and moves each that is referred to from `externalLUTs` to `embeddedLUTs`. The
-// first record that overruns the tail ends it.
+// table's bytes) and moves each that is referred to from `externalLUTs` to `embeddedLUTs`; equal
+// references share it. The first record that overruns the tail ends it.
 void ReadTableTail(std::string_view tail, CGrading& grading);
 
 // The fields of a table, without the `lut` around them.

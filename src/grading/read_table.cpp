@@ -1,5 +1,6 @@
 #include "grading/look_messages.h"
 #include "grading/table_readers.h"
+#include "grading/text_place.h"
 
 #include <algorithm>
 #include <iterator>
@@ -8,6 +9,8 @@
 namespace XPJ {
 
 namespace {
+
+constexpr TextPlace kNoPlace = {0, 0};
 
 struct TableReader {
     std::string_view name;
@@ -28,54 +31,36 @@ constexpr TableReader kTableReaders[] = {
     {"LUT_SIZE text", true, MatchesSized, ReadSized},
 };
 
-// Line and column of an offset; CR LF, LF and CR end lines.
-CZvError PlaceOf(const TableSource& source)
-{
-    const std::string_view text = source.bytes.substr(0, source.at);
-    CZvError place;
-    place.line = 1;
-    std::size_t lineStart = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isFirstOfTwo = text[i] == '\r' && source.bytes.substr(i + 1).starts_with('\n');
-        if (isFirstOfTwo || (text[i] != '\n' && text[i] != '\r'))
-            continue;
-        ++place.line;
-        lineStart = i + 1;
-    }
-    place.column = static_cast<int>(text.size() - lineStart) + 1;
-    return place;
-}
-
-// False with line and column in `place`, which stay 0 in binary formats.
-bool ReadAs(const TableReader& reader, std::string_view bytes, CZv3DLUT& table, CZvError& place)
+// False with the fault's place, which stays 0:0 in binary formats.
+bool ReadAs(const TableReader& reader, std::string_view bytes, CZv3DLUT& table, TextPlace& place)
 {
     TableSource source{bytes};
     try {
         if (reader.read(source, table) && IsSound(table))
             return true;
     } catch (const CZvError& fault) {
-        place = fault;
+        place = {fault.line, fault.column};
         return false;
     }
     if (reader.isText)
-        place = PlaceOf(source);
+        place = PlaceAt(source.bytes, source.at);
     return false;
 }
 
-void SetError(LookMessage message, std::string_view name, const CZvError& place, CZvError* error)
+void SetError(LookMessage message, std::string_view name, TextPlace place, CZvError* error)
 {
     if (error)
         *error = {GetMessage(message, name), std::string(name), place.line, place.column};
 }
 
-std::optional<CZv3DLUT> ReadAny(std::string_view bytes, CZvError& place)
+std::optional<CZv3DLUT> ReadAny(std::string_view bytes, TextPlace& place)
 {
     bool isMarked = false;
     for (const TableReader& reader : kTableReaders) {
         if (!reader.matches(bytes))
             continue;
         CZv3DLUT table;
-        CZvError fault;
+        TextPlace fault = kNoPlace;
         if (ReadAs(reader, bytes, table, fault))
             return table;
         if (!isMarked)
@@ -96,7 +81,7 @@ std::string_view TableFormat(std::string_view bytes)
 
 std::optional<CZv3DLUT> ReadTable(std::string_view bytes, std::string_view name, CZvError* error)
 {
-    CZvError place;
+    TextPlace place = kNoPlace;
     try {
         if (std::optional<CZv3DLUT> table = ReadAny(bytes, place)) {
             table->hash = TableHash(*table);

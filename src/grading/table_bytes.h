@@ -1,10 +1,11 @@
-// Numbers in the bytes of binary tables, whatever the order of this machine.
+// Numbers in the bytes of tables, whatever the order of this machine, and bytes as digits.
 #pragma once
 
 #include <bit>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -49,5 +50,9 @@ void AppendLittleEndian(std::string& bytes, T value)
     for (std::size_t i = 0; i < sizeof(T); ++i)
         bytes += static_cast<char>(value >> (8 * i) & 0xFF);
 }
+
+// The bytes of hexadecimal digits with blanks anywhere among them; nothing if another character is
+// there or half a byte is left.
+std::optional<std::string> BytesOfDigits(std::string_view text);
 
 } // namespace XPJ

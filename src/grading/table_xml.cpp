@@ -12,13 +12,13 @@
 //
 // Eight digits are one 32-bit float, lowest byte first; an entry has three or four. Whether the
 // table is 1D or 3D is not stated: the number of digits tells.
-#include "core/numbers.h"
 #include "core/text.h"
 #include "grading/element_reader.h"
 #include "grading/table_bytes.h"
 #include "grading/table_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace XPJ {
 
@@ -55,26 +55,12 @@ void ReadCorner(CZvXMLFile& file, std::array<double, 3>& corner)
         Fail(file);
 }
 
-// The bytes of hexadecimal digits with blanks among them.
 std::string ReadBytes(CZvXMLFile& file)
 {
-    const std::string text = ReadText(file);
-    std::string bytes;
-    bytes.reserve(text.size() / 2);
-    int high = -1;
-    for (const char c : text) {
-        if (kBlanks.find(c) != kBlanks.npos)
-            continue;
-        const int digit = HexDigit(c);
-        if (digit < 0)
-            Fail(file);
-        if (high >= 0)
-            bytes += static_cast<char>(high << 4 | digit);
-        high = high < 0 ? digit : -1;
-    }
-    if (high >= 0)
+    std::optional<std::string> bytes = BytesOfDigits(ReadText(file));
+    if (!bytes)
         Fail(file);
-    return bytes;
+    return std::move(*bytes);
 }
 
 bool SetEntries(std::string_view bytes, CZv3DLUT& table)

@@ -50,7 +50,7 @@ int LimitedInt(std::int64_t value)
 
 int RoundedRate(double fps)
 {
-    return LimitedInt(std::max<std::int64_t>(1, ToTicks(std::floor(std::fabs(fps) + 0.5))));
+    return LimitedInt(std::max<std::int64_t>(1, ToTicks(std::floor(fps + 0.5))));
 }
 
 // From `text` the piece before the next of `separators`, which are passed, too.
@@ -75,7 +75,7 @@ bool ReadRate(std::string_view text, double* rate)
 {
     double value = 0;
     const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value, std::chars_format::fixed);
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
     if (error != std::errc() || stop != end || !std::isfinite(value))
         return false;
     *rate = value;

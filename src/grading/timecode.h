@@ -14,7 +14,7 @@ struct TimeCode {
     int second = 0;
     int frame = 0;
     double fps = 30;
-    int intFps = 30; // the nearest whole number of the rate without its sign, at least 1
+    int intFps = 30; // the nearest whole number of the rate, at least 1
     bool dropFrame = false;
     bool negative = false;
     std::string errorText; // each line ends in LF

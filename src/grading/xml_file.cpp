@@ -1,6 +1,7 @@
 #include "grading/xml_file.h"
 
 #include "core/text.h"
+#include "grading/text_place.h"
 
 #include <algorithm>
 
@@ -32,20 +33,6 @@ std::uint32_t HashOf(std::string_view name)
         hash *= 16777619U;
     }
     return hash;
-}
-
-// CR LF is one line end.
-void CountLines(std::string_view text, int& line, int& column)
-{
-    std::size_t lineStart = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isFirstOfTwo = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
-        if (!IsLineEnd(text[i]) || isFirstOfTwo)
-            continue;
-        ++line;
-        lineStart = i + 1;
-    }
-    column += static_cast<int>(text.size() - lineStart);
 }
 
 } // namespace
@@ -96,9 +83,9 @@ void CZvXMLFile::Fail(LookMessage message, std::string_view argument) const
 
 void CZvXMLFile::FailAt(std::size_t position, LookMessage message, std::string_view argument) const
 {
-    CZvError error{.message = GetMessage(message, argument), .file = {}, .line = 1, .column = 1};
-    CountLines(text_.substr(0, position), error.line, error.column);
-    throw error;
+    const auto [line, column] = PlaceAt(text_, position);
+    throw CZvError{
+        .message = GetMessage(message, argument), .file = {}, .line = line, .column = column};
 }
 
 bool CZvXMLFile::StartsWith(std::string_view prefix) const

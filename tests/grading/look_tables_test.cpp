@@ -178,12 +178,16 @@ TEST(LookTables, BehindTheDocument)
         ASSERT_TRUE(again);
         EXPECT_EQ(Serialize(*again), written);
     }
-    // One record for two references serves one of them.
-    const std::optional<CGrading> twice =
-        ReadLookDocument(Look(reference + reference) + record, "n");
-    ASSERT_TRUE(twice);
-    EXPECT_EQ(twice->embeddedLUTs.size(), 1U);
-    EXPECT_EQ(twice->externalLUTs.size(), 1U);
+    // One record serves one reference and its repetitions, not another name for the same table.
+    std::string otherName = reference;
+    otherName.replace(otherName.find("a/b"), 3, "d");
+    const std::optional<CGrading> shared =
+        ReadLookDocument(Look(reference + otherName + reference) + record, "n");
+    ASSERT_TRUE(shared);
+    ASSERT_EQ(shared->embeddedLUTs.size(), 1U);
+    EXPECT_EQ(shared->embeddedLUTs[0].name, "a/b c.cube");
+    ASSERT_EQ(shared->externalLUTs.size(), 1U);
+    EXPECT_EQ(shared->externalLUTs[0].fileName, "d c.cube");
 }
 
 TEST(LookTables, NamesThatCannotStandBareAreQuoted)
@@ -227,8 +231,9 @@ TEST(LookTables, MakeAGradingOfOneLayer)
     EXPECT_EQ(unnamed->guid, named->guid);
 
     CZvError error;
-    EXPECT_FALSE(ReadLookupTable("neither a table nor a look", "n", &error));
+    EXPECT_FALSE(ReadLookupTable("neither a table nor a look", "dusk \"1\".cube", &error));
     EXPECT_NE(error.message, "");
+    EXPECT_EQ(error.file, "dusk \"1\".cube");
 }
 
 } // namespace

@@ -74,6 +74,7 @@ TEST(TableFaults, Cube)
                                      {"-1 2.5", "-1", 2, 22},
                                      {"LUT_1D_SIZE 3", "LUT_1D_SIZE 4", 6, 1},
                                  });
+    ExpectFault("\xEF\xBB\xBFLUT_3D_SIZE 1\n", 1, 14, "behind a byte-order mark");
     // The second table's range counts, too.
     ExpectFault("LUT_1D_SIZE 2\r\nLUT_3D_SIZE 2\r\n LUT_3D_INPUT_RANGE 1 0\r\n0 0 0\r\n1 1 1\r\n" +
                     FloatLines(SampleCube()),

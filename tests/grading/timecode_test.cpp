@@ -21,7 +21,9 @@ TEST(TimeCode, RangesAreChecked)
         {TimeCode(0, 0, 99, 0, 30), "TimeCode's Second value exceeds 59 (99)\n"},
         {TimeCode(0, 0, 0, 24, 23.976), "TimeCode's Frame value outside range 0..23 (24)\n"},
         {TimeCode(0, 0, 0, -1, 25), "TimeCode's Frame value outside range 0..24 (-1)\n"},
-        {TimeCode(0, 0, 0, 24, -25), "TimeCode's fps value is < 0 - invalid\n"},
+        {TimeCode(0, 0, 0, 0, -25), "TimeCode's fps value is < 0 - invalid\n"},
+        {TimeCode(0, 0, 0, 24, -25), "TimeCode's Frame value outside range 0..0 (24)\n"
+                                     "TimeCode's fps value is < 0 - invalid\n"},
         {TimeCode(0, 0, 0, 1, 0), "TimeCode's Frame value outside range 0..0 (1)\n"},
         {TimeCode(0, 0, 0, 0, 25, true), "Drop frame unspecified for FPS values other than 30\n"},
         {TimeCode(0, 1, 0, 0, 59.94, true),
@@ -54,10 +56,10 @@ TEST(TimeCode, RateMayChange)
     EXPECT_EQ(timeCode.errorText, "");
     EXPECT_FALSE(timeCode.hasError);
     EXPECT_EQ(timeCode.intFps, 30);
+    timeCode = TimeCode(0, 0, 1, 0, 25);
     timeCode.SetFps(-30);
     EXPECT_EQ(timeCode.errorText, "TimeCode's FPS value is < 0 - invalid\n");
-    EXPECT_EQ(timeCode.intFps, 30);
-    for (const double fps : {0.0, 0.4, std::numeric_limits<double>::quiet_NaN()}) {
+    for (const double fps : {-30.0, 0.0, 0.4, std::numeric_limits<double>::quiet_NaN()}) {
         timeCode.SetFps(fps);
         EXPECT_EQ(timeCode.intFps, 1) << fps;
     }
@@ -135,6 +137,7 @@ TEST(TimeCode, Parsing)
         {"01:02:03:04(29.97fps,dropframe)", "01:02:03:04 (29.97 fps, DropFrame)", ""},
         {"01:02:03:04\n24\tFPS\r", "01:02:03:04 (24 fps)", ""},
         {"01:02:03:04 dropFRAME", "01:02:03:04 (30 fps, DropFrame)", ""},
+        {"01:02:03:04 (1e+06 fps)", "01:02:03:04 (1e+06 fps)", ""}, // as a long text has it
         {"25:00:00:00", "25:00:00:00 (30 fps)", "TimeCode's Hour value exceeds 23 (25)\n"},
         {"00:00:00:00 -5 fps", "00:00:00:00 (-5 fps)", "TimeCode's fps value is < 0 - invalid\n"},
         {"", "00:00:00:00 (30 fps)", "Invalid timecode format string: ''\n"},

@@ -82,6 +82,7 @@ TEST(XMLFile, SaysWhatIsWrongAndWhere)
         {"<a>one\ntwo</a>",
          "Unexpected newline in value. Use \" \" to enclose values with newlines. @2:1"},
         {"\xEF\xBB\xBF<a>\n</b>", "Expected </a> @2:1"},
+        {"\xEF\xBB\xBF<a></b>", "Expected </a> @1:4"},
         {"<a><b></a>", "Expected </b> @1:7"},
         {"<>", "Expected name @1:2"},
         {"<a><//a>", "Expected name @1:6"},
