@@ -23,7 +23,7 @@ enum class Rule {
     Angle,  // its degrees, a quarter turn back
 };
 
-struct CorrectorRow {
+struct CorrectorRow { // NOLINT(clang-analyzer-optin.performance.Padding): in the order of reading
     int id;
     ParamKind kind;
     std::string_view name;

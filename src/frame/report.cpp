@@ -208,7 +208,7 @@ std::string WriteReport(std::string_view folder, const IssueSet& issues, Directi
     std::string base(folder);
     base.append(GetMessage(Message::kTranslationResults)).append(" ").append(LocalTimeText());
     CoreFile file;
-    const std::string path = MakeUniqueFileName(base, "txt", file);
+    std::string path = MakeUniqueFileName(base, "txt", file);
     if (path.empty())
         return {};
 

@@ -13,7 +13,7 @@ namespace XPJ {
 class DigestStream::State {
 public:
     boost::uuids::detail::md5 md5;
-    alignas(std::uint64_t) std::array<char, 64 * 64> block{};
+    alignas(std::uint64_t) std::array<char, 4096> block{};
     std::size_t used = 0;
 
     void Flush()
