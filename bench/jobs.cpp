@@ -2,8 +2,11 @@
 
 #include "export/export_driver.h"
 #include "import/import_driver.h"
-#include "model/reader.h"
-#include "model/writer.h"
+#include "project/reader.h"
+#include "project/writer.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
+#include "xmeml/writer.h"
 
 #include <expat.h>
 

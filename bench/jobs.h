@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/translation_issue.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <pugixml.hpp>
 

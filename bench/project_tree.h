@@ -1,7 +1,7 @@
 // Makes project trees of the kind that the import gives, so that the writer is measured by itself.
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <cstddef>
 

@@ -1,6 +1,8 @@
 // Prints a libFuzzer dictionary: the words of both grammars, what the tokeniser looks at, and
 // some of looks, of the script and of timecodes.
-#include "model/grammar.h"
+#include "project/grammar.h"
+#include "tree/grammar.h"
+#include "xmeml/grammar.h"
 
 #include <iostream>
 #include <set>

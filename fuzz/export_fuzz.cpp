@@ -1,8 +1,9 @@
 // Any bytes that read as a project document become a whole `xmeml` document, or a result code.
 #include "document_check.h"
 #include "export/export_driver.h"
-#include "model/reader.h"
-#include "model/writer.h"
+#include "project/reader.h"
+#include "tree/reading.h"
+#include "xmeml/writer.h"
 
 #include <cstdlib>
 #include <sstream>

@@ -3,8 +3,9 @@
 
 #include "core/base64.h"
 #include "import/import_driver.h"
-#include "model/reader.h"
-#include "model/writer.h"
+#include "project/writer.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
 
 #include <cstdlib>
 #include <sstream>

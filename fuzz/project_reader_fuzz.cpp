@@ -1,5 +1,6 @@
 // Any bytes of a stream give a tree or a result code.
-#include "model/reader.h"
+#include "project/reader.h"
+#include "tree/reading.h"
 
 #include <cstdlib>
 #include <sstream>

@@ -1,6 +1,7 @@
 // Any bytes give a tree or a result code, and the tokeniser follows its state table.
 #include "model/literal_tokeniser.h"
-#include "model/reader.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
 
 #include <cstdlib>
 

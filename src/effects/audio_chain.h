@@ -3,7 +3,7 @@
 
 #include "effects/audio_filters.h"
 #include "effects/effect_context.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ {
 

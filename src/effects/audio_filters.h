@@ -2,7 +2,7 @@
 #pragma once
 
 #include "effects/effect_context.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <cstdint>
 #include <string_view>

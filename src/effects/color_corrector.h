@@ -4,7 +4,7 @@
 
 #include "effects/effect_context.h"
 #include "effects/effect_list.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <vector>
 

@@ -3,7 +3,7 @@
 
 #include "core/ticks.h"
 #include "core/translation_issue.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string>
 #include <string_view>

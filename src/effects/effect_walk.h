@@ -1,7 +1,7 @@
 // The effects that act on an item, a track or a medium, by their `filter`s.
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ {
 

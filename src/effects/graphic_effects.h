@@ -2,7 +2,7 @@
 // written by an export or rewritten from a title.
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ {
 

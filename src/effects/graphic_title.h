@@ -7,7 +7,7 @@
 
 #include "effects/effect_context.h"
 #include "effects/title_reader.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string>
 

@@ -11,7 +11,7 @@
 
 #include "core/ticks.h"
 #include "effects/values.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <cstdint>
 #include <functional>

@@ -4,7 +4,7 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
-#include "model/tokeniser.h"
+#include "tree/tokeniser.h"
 
 #include <unordered_map>
 

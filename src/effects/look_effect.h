@@ -4,7 +4,7 @@
 #pragma once
 
 #include "effects/effect_context.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ {
 

@@ -2,7 +2,7 @@
 // many clips it grades.
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <map>
 #include <string>

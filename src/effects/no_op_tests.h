@@ -1,7 +1,7 @@
 // Effects that stand in documents at their rest position and do nothing.
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string_view>
 

@@ -3,7 +3,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "effects/keyframes.h"
-#include "model/writer.h"
+#include "tree/blob.h"
 
 #include <iterator>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "effects/values.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string>
 #include <string_view>

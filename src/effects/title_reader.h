@@ -7,7 +7,7 @@
 #include "effects/effect_context.h"
 #include "effects/title_fonts.h"
 #include "effects/values.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <cstdint>
 #include <string_view>

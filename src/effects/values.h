@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/ticks.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <cstdint>
 #include <string>

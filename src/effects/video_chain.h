@@ -3,7 +3,7 @@
 #pragma once
 
 #include "effects/effect_context.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string_view>
 

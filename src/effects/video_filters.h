@@ -3,7 +3,7 @@
 
 #include "effects/effect_context.h"
 #include "effects/effect_list.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string_view>
 #include <vector>

@@ -1,7 +1,7 @@
 // How the channels of a medium lie together.
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string_view>
 

@@ -1,6 +1,6 @@
 #include "export/clip_notes.h"
 
-#include "model/side_tables.h"
+#include "project/side_tables.h"
 
 namespace XPJ::RVX {
 

@@ -4,7 +4,7 @@
 
 #include "core/ticks.h"
 #include "effects/values.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string_view>
 

@@ -7,7 +7,7 @@
 #include "core/progress.h"
 #include "core/translation_issue.h"
 #include "effects/effect_context.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <cstddef>
 #include <cstdint>

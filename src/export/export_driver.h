@@ -6,7 +6,7 @@
 #include "core/progress.h"
 #include "core/translation_issue.h"
 #include "export/export_context.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // The items of the browser, one after the other.
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <cstddef>
 #include <optional>

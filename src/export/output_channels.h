@@ -1,7 +1,7 @@
 // Which output each written track of sound is sent to.
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <vector>
 

@@ -7,7 +7,7 @@
 #pragma once
 
 #include "core/ticks.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string_view>
 

@@ -7,7 +7,7 @@
 #include "export/markers.h"
 #include "export/rates.h"
 #include "export/tracks.h"
-#include "model/side_tables.h"
+#include "project/side_tables.h"
 
 #include <algorithm>
 #include <limits>

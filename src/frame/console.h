@@ -5,7 +5,7 @@
 #include "core/guid.h"
 #include "core/translation_issue.h"
 #include "frame/report.h"
-#include "model/reader.h"
+#include "tree/reading.h"
 
 #include <functional>
 #include <iosfwd>

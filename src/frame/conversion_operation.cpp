@@ -2,9 +2,9 @@
 #include "frame/encoding_issues.h"
 #include "frame/release.h"
 #include "import/import_driver.h"
-#include "model/reader.h"
-#include "model/writer.h"
 #include "platform/settings.h"
+#include "project/writer.h"
+#include "xmeml/reader.h"
 
 namespace XPJ {
 
@@ -30,7 +30,7 @@ int ConversionOperation::Convert(Findings& findings)
 
     StageScope road(*this, 1, 8);
     int result = RunStep(road, 2, [&] {
-        ReadNotes notes;
+        XmemlReadNotes notes;
         const int read = ReadFCPXML(job_.inputPath, *this, source, xmeml, &notes);
         options.sn2vlMode = job_.sn2vlMode.value_or(notes.kind.sn2vlMode);
         AddEncodingIssues(notes.encoding, Direction::Import, findings.issues);

@@ -5,9 +5,9 @@
 #include "frame/export_target.h"
 #include "frame/stream_buffers.h"
 #include "frame/user_messages.h"
-#include "model/sniff.h"
 #include "platform/atomic_file.h"
 #include "text/text_services.h"
+#include "xmeml/sniff.h"
 
 #include <istream>
 #include <memory>

@@ -3,9 +3,9 @@
 #include "export/export_driver.h"
 #include "frame/encoding_issues.h"
 #include "frame/release.h"
-#include "model/reader.h"
-#include "model/writer.h"
 #include "platform/settings.h"
+#include "project/reader.h"
+#include "xmeml/writer.h"
 
 namespace XPJ {
 

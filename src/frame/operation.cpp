@@ -1,7 +1,7 @@
 #include "frame/operation.h"
 #include "core/ticks.h"
-#include "model/writer.h"
 #include "platform/write_signals.h"
+#include "tree/writing.h"
 
 #include <new>
 #include <system_error>

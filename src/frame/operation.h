@@ -6,8 +6,8 @@
 #include "core/progress.h"
 #include "core/translation_issue.h"
 #include "frame/progress_stack.h"
-#include "model/reader.h"
 #include "platform/platform.h"
+#include "tree/reading.h"
 
 #include <atomic>
 #include <chrono>

@@ -3,7 +3,7 @@
 
 #include "core/conversion_result.h"
 #include "core/progress.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ {
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "core/translation_issue.h"
-#include "model/object.h"
 #include "platform/files.h"
+#include "tree/object.h"
 
 #include <string>
 #include <string_view>

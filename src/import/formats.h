@@ -8,7 +8,7 @@
 #include "core/ticks.h"
 #include "import/frame_format.h"
 #include "import/import_state.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <cstdint>
 #include <optional>

@@ -3,7 +3,7 @@
 
 #include "import/formats.h"
 #include "import/import_state.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ {
 

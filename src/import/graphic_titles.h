@@ -4,7 +4,7 @@
 
 #include "effects/effect_context.h"
 #include "import/import_state.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ {
 

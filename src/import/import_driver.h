@@ -4,8 +4,8 @@
 #include "core/conversion_result.h"
 #include "core/progress.h"
 #include "core/translation_issue.h"
-#include "model/object.h"
 #include "platform/settings.h"
+#include "tree/object.h"
 
 #include <string>
 

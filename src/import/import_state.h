@@ -9,8 +9,8 @@
 #include "import/frame_format.h"
 #include "import/master_registry.h"
 #include "import/media_type.h"
-#include "model/object.h"
 #include "platform/settings.h"
+#include "tree/object.h"
 
 #include <compare>
 #include <cstdint>

@@ -5,7 +5,7 @@
 #include "effects/effect_context.h"
 #include "import/item_times.h"
 #include "import/tracks.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ {
 

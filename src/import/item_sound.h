@@ -3,7 +3,7 @@
 
 #include "import/item_times.h"
 #include "import/tracks.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ {
 

@@ -6,8 +6,8 @@
 #include "import/formats.h"
 #include "import/media.h"
 #include "import/stream_objects.h"
-#include "model/writer.h"
 #include "platform/platform.h"
+#include "tree/blob.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -4,7 +4,7 @@
 #include "core/ticks.h"
 #include "import/formats.h"
 #include "import/media.h"
-#include "model/side_tables.h"
+#include "project/side_tables.h"
 
 #include <algorithm>
 #include <string>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "import/import_state.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ {
 

@@ -4,7 +4,7 @@
 
 #include "import/import_state.h"
 #include "import/streams.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <cstdint>
 #include <string_view>

@@ -11,7 +11,7 @@
 #pragma once
 
 #include "import/media_type.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <map>
 #include <string>

@@ -3,7 +3,7 @@
 #include "core/paths.h"
 #include "core/text.h"
 #include "core/ticks.h"
-#include "model/writer.h"
+#include "tree/blob.h"
 
 #include <algorithm>
 #include <unordered_set>

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "import/import_state.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <optional>
 #include <string>

@@ -10,7 +10,7 @@
 #include "import/media.h"
 #include "import/tracks.h"
 #include "import/whole_items.h"
-#include "model/side_tables.h"
+#include "project/side_tables.h"
 
 #include <algorithm>
 #include <string>

@@ -3,7 +3,7 @@
 
 #include "import/cut_points.h"
 #include "import/tracks.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <cstdint>
 #include <map>

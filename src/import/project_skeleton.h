@@ -2,7 +2,7 @@
 // follows from the input.
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ {
 

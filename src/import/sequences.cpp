@@ -6,7 +6,7 @@
 #include "import/markers.h"
 #include "import/master_builder.h"
 #include "import/tracks.h"
-#include "model/side_tables.h"
+#include "project/side_tables.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,7 +1,7 @@
 // Constant speed of a track item, as its `timeremap` filter states it.
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ {
 

@@ -4,7 +4,7 @@
 #include "core/ticks.h"
 #include "import/formats.h"
 #include "import/media_type.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <limits>
 #include <string>

@@ -3,7 +3,7 @@
 
 #include "import/import_state.h"
 #include "import/stream_objects.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #include "import/synthetic_media.h"
 
 #include "import/media.h"
-#include "model/writer.h"
+#include "tree/blob.h"
 
 #include <string>
 

@@ -2,7 +2,7 @@
 
 #include "effects/legacy_title.h"
 #include "import/media.h"
-#include "model/writer.h"
+#include "tree/blob.h"
 
 namespace XPJ {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "import/tracks.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ {
 

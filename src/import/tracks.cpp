@@ -10,8 +10,8 @@
 #include "import/track_items.h"
 #include "import/track_transitions.h"
 #include "import/whole_items.h"
-#include "model/side_tables.h"
 #include "platform/platform.h"
+#include "project/side_tables.h"
 
 #include <algorithm>
 #include <unordered_map>

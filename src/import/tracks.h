@@ -7,7 +7,7 @@
 #include "import/links.h"
 #include "import/panners.h"
 #include "import/sequences.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string>
 #include <string_view>

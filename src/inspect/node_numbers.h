@@ -1,7 +1,7 @@
 // Nodes in the order in which they were met first, each once.
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <cstddef>
 #include <cstdint>

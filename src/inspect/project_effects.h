@@ -2,7 +2,7 @@
 #pragma once
 
 #include "inspect/timeline.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 namespace XPJ::Inspection {
 

@@ -9,7 +9,7 @@
 #include "inspect/project_effects.h"
 #include "inspect/read_timelines.h"
 #include "inspect/titles.h"
-#include "model/side_tables.h"
+#include "project/side_tables.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,10 @@
 #include "inspect/read_timelines.h"
 
 #include "core/paths.h"
-#include "model/input.h"
-#include "model/sniff.h"
+#include "project/reader.h"
+#include "tree/input.h"
+#include "xmeml/reader.h"
+#include "xmeml/sniff.h"
 
 namespace XPJ::Inspection {
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "inspect/timeline.h"
-#include "model/object.h"
-#include "model/reader.h"
+#include "tree/object.h"
+#include "tree/reading.h"
 
 #include <string>
 #include <string_view>

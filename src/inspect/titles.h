@@ -4,7 +4,7 @@
 
 #include "effects/effect_context.h"
 #include "inspect/timeline.h"
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string>
 #include <string_view>

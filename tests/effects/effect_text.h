@@ -1,8 +1,9 @@
 // Effects written as document text, read by the reader that imports use.
 #pragma once
 
-#include "model/object.h"
-#include "model/reader.h"
+#include "tree/object.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
 
 #include <gtest/gtest.h>
 

@@ -5,8 +5,9 @@
 #include "export/marker_record.h"
 #include "export/picture_format.h"
 #include "export/project_paths.h"
-#include "model/reader.h"
+#include "project/reader.h"
 #include "support/tree.h"
+#include "tree/reading.h"
 
 #include <limits>
 #include <sstream>

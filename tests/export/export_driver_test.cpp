@@ -1,9 +1,10 @@
 #include "export/export_driver.h"
-#include "model/reader.h"
-#include "model/writer.h"
 #include "support/golden.h"
 #include "support/test_progress.h"
 #include "support/tree.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
+#include "xmeml/writer.h"
 
 #include <sstream>
 #include <utility>

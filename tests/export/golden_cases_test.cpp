@@ -1,7 +1,8 @@
 #include "export/export_driver.h"
-#include "model/reader.h"
-#include "model/writer.h"
+#include "project/reader.h"
 #include "support/golden.h"
+#include "tree/reading.h"
+#include "xmeml/writer.h"
 
 #include <algorithm>
 #include <sstream>

@@ -1,9 +1,10 @@
 #include "import/import_driver.h"
 #include "import/media_outline.h"
 #include "import/outline.h"
-#include "model/reader.h"
-#include "model/writer.h"
+#include "project/writer.h"
 #include "support/golden.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
 
 #include <sstream>
 

@@ -9,7 +9,7 @@
 // the clip shows, braces the part that the source is limited to. A master is shown once.
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string>
 

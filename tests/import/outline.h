@@ -13,7 +13,7 @@
 // item of another one.
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string>
 

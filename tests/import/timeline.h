@@ -9,8 +9,9 @@
 
 #include "core/ticks.h"
 #include "import/import_driver.h"
-#include "model/reader.h"
 #include "support/golden.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,8 @@
 
 #include "core/progress.h"
 #include "import/import_state.h"
-#include "model/reader.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
 
 #include <gtest/gtest.h>
 

@@ -6,8 +6,9 @@
 #include "inspect/text_form.h"
 #include "inspect/title_font_names.h"
 #include "inspect_fixture.h"
-#include "model/reader.h"
-#include "model/writer.h"
+#include "project/writer.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
 
 #include <nlohmann/json.hpp>
 

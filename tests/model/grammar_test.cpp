@@ -1,4 +1,6 @@
-#include "model/grammar.h"
+#include "project/grammar.h"
+#include "tree/grammar.h"
+#include "xmeml/grammar.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "model/literal_tokeniser.h"
 
-#include "model/tokeniser.h"
+#include "tree/tokeniser.h"
 
 namespace XPJ {
 

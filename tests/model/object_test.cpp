@@ -1,4 +1,4 @@
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include "writer_test_support.h"
 
 #include "core/base64.h"
-#include "model/project_classes.h"
+#include "project/classes.h"
 
 #include <map>
 #include <set>

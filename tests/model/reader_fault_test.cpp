@@ -137,7 +137,7 @@ TEST(ReaderFaults, InputsThatCannotBeRead)
         Document document;
         ObjectHandle root;
         NotingProgress progress;
-        ReadNotes notes;
+        XmemlReadNotes notes;
         EXPECT_EQ(ReadFCPXML(row.path, progress, document, root, &notes), kReadNoInput);
         EXPECT_EQ(notes.stop.reason, row.reason);
         EXPECT_TRUE(progress.totals.empty());
@@ -159,7 +159,7 @@ TEST(ReaderFaults, DocumentsWithoutTheirElement)
         EXPECT_EQ(stop.reason, "no element \"xmeml\"");
     }
     std::istringstream stream("<xmeml/>");
-    ReadNotes notes;
+    XmemlReadNotes notes;
     EXPECT_EQ(ReadProjectDocument(stream, document, root, &notes), kReadNoElement);
     EXPECT_EQ(notes.stop.reason, "no element \"VelaData\"");
 }

@@ -1,7 +1,9 @@
 // A tree as text, so that a test says what it reads and what comes out.
 #pragma once
 
-#include "model/reader.h"
+#include "project/reader.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
 
 #include <gtest/gtest.h>
 

@@ -4,9 +4,11 @@
 
 #include "writer_test_support.h"
 
-#include "model/project_classes.h"
-#include "model/reader.h"
-#include "model/xmeml_elements.h"
+#include "project/classes.h"
+#include "project/reader.h"
+#include "tree/reading.h"
+#include "xmeml/elements.h"
+#include "xmeml/reader.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,4 +1,4 @@
-#include "model/side_tables.h"
+#include "project/side_tables.h"
 
 #include <gtest/gtest.h>
 

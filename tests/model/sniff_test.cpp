@@ -1,5 +1,5 @@
-#include "model/sniff.h"
 #include "support/temp_folder.h"
+#include "xmeml/sniff.h"
 
 #include <gtest/gtest.h>
 

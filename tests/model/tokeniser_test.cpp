@@ -1,4 +1,4 @@
-#include "model/tokeniser.h"
+#include "tree/tokeniser.h"
 
 #include "model/literal_tokeniser.h"
 

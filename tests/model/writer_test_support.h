@@ -2,9 +2,9 @@
 #pragma once
 
 #include "core/progress.h"
-#include "model/object.h"
-#include "model/writer.h"
 #include "platform/platform.h"
+#include "project/writer.h"
+#include "tree/object.h"
 
 #include <initializer_list>
 #include <optional>

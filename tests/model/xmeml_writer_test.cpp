@@ -2,8 +2,9 @@
 
 #include "writer_test_support.h"
 
-#include "model/reader.h"
-#include "model/xmeml_elements.h"
+#include "tree/reading.h"
+#include "xmeml/elements.h"
+#include "xmeml/reader.h"
 
 namespace XPJ {
 namespace {

@@ -4,9 +4,12 @@
 #include "export/export_driver.h"
 #include "import/import_driver.h"
 #include "inspect/read_timelines.h"
-#include "model/reader.h"
-#include "model/writer.h"
+#include "project/reader.h"
+#include "project/writer.h"
 #include "support/golden.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
+#include "xmeml/writer.h"
 
 #include <algorithm>
 #include <fstream>

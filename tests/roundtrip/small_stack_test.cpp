@@ -2,9 +2,12 @@
 #include "core/progress.h"
 #include "export/export_driver.h"
 #include "import/import_driver.h"
-#include "model/reader.h"
-#include "model/writer.h"
 #include "platform/default_platform.h"
+#include "project/reader.h"
+#include "project/writer.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
+#include "xmeml/writer.h"
 
 #include <functional>
 #include <sstream>

@@ -4,7 +4,7 @@
 //   ObjectHandle bin = Build(document, {"bin", {{"name", "Rushes"}}, {{"children"}}});
 #pragma once
 
-#include "model/object.h"
+#include "tree/object.h"
 
 #include <string>
 #include <vector>

@@ -4,8 +4,8 @@ set -uo pipefail
 lint=$1
 tree=$(mktemp -d)
 trap 'rm -rf "$tree"' EXIT
-mkdir -p "$tree"/src/{core,model,import,export}
-echo '#include "core/text.h"' >"$tree/src/model/a.cpp"
+mkdir -p "$tree"/src/{core,tree,import,export}
+echo '#include "core/text.h"' >"$tree/src/tree/a.cpp"
 
 expect() {
     local wanted=$1 status
@@ -25,10 +25,10 @@ expect_fault() {
 }
 
 expect 0
-expect_fault src/core/up.h '#include "model/object.h"'
-expect_fault src/core/up.h '  #  include <model/object.h> // so'
+expect_fault src/core/up.h '#include "tree/object.h"'
+expect_fault src/core/up.h '  #  include <tree/object.h> // so'
 expect_fault src/import/side.cpp '#include "export/export_driver.h"'
-expect_fault src/model/near.cpp '#include "object.h"'
-expect_fault src/model/far.cpp '#include "../core/text.h"'
+expect_fault src/tree/near.cpp '#include "object.h"'
+expect_fault src/tree/far.cpp '#include "../core/text.h"'
 expect_fault src/novel/room.cpp ''
 expect 0

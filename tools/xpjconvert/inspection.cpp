@@ -8,8 +8,8 @@
 #include "inspect/look_form.h"
 #include "inspect/read_timelines.h"
 #include "inspect/text_form.h"
-#include "model/input.h"
 #include "platform/files.h"
+#include "tree/input.h"
 #include "xpjconvert/closing_line.h"
 #include "xpjconvert/print.h"
 

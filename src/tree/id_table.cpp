@@ -1,0 +1,74 @@
+#include "tree/id_table.h"
+
+#include "core/numbers.h"
+#include "tree/node_dump.h"
+
+#include <boost/regex.hpp>
+
+#include <iostream>
+
+namespace XPJ {
+
+namespace {
+
+// For the developers of the programs that write such documents. The dumps list the first entries
+// of large nodes only.
+void ReportDuplicate(std::string_view type, std::string_view id, ObjectHandle before,
+                     ObjectHandle added)
+{
+    std::cout << "Found an unexpected existing child. Was the child defined as an object but was "
+                 "actually an item?\n"
+              << " ChildID: " << id << " Child type: " << type << "\n"
+              << "Previous child class: " << before.GetName().View() << " ID: " << before.UniqueId()
+              << "\n"
+              << "     New Child class: " << added.GetName().View() << " ID: " << added.UniqueId()
+              << "\n"
+              << "Prev child names and attributes:\n";
+    DumpNode(std::cout, before);
+    std::cout << "New child names and attributes:\n";
+    DumpNode(std::cout, added);
+}
+
+} // namespace
+
+void IdTable::Add(std::string_view type, std::string_view id, ObjectHandle node)
+{
+    const auto [entry, isNew] = nodes_.try_emplace({type, id}, node);
+    if (isNew || entry->second == node)
+        return;
+    ReportDuplicate(type, id, entry->second, node);
+    const std::string_view newId = document_.Store(FreeId({type, id}));
+    node.SetPropertyShared("id", newId);
+    nodes_.emplace(Key{type, newId}, node);
+}
+
+// Names stay taken, so a search that goes on from the last number finds what one from 1 would.
+std::string IdTable::FreeId(const Key& taken)
+{
+    static const boost::regex kTrailingNumber("[0-9]+$");
+    int& number = lastNumbers_[taken];
+    std::string id = std::string(taken.id) + "_0";
+    do {
+        ++number;
+        id = boost::regex_replace(id, kTrailingNumber, IntToString(number));
+    } while (nodes_.contains({taken.type, id}));
+    return id;
+}
+
+void IdTable::AddReference(std::string_view type, std::string_view id, ObjectHandle referrer,
+                           Name childName)
+{
+    references_.push_back({{type, id}, referrer, childName});
+}
+
+void IdTable::BindReferences()
+{
+    for (const Reference& reference : references_) {
+        const auto target = nodes_.find(reference.target);
+        if (target != nodes_.end())
+            reference.referrer.AddChild(reference.childName, target->second);
+    }
+    references_.clear();
+}
+
+} // namespace XPJ

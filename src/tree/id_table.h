@@ -1,0 +1,62 @@
+// Nodes of a document by type and id, and the references to them that wait for the document's end.
+#pragma once
+
+#include "tree/object.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace XPJ {
+
+// Types and ids must live as long as the document.
+class IdTable {
+public:
+    explicit IdTable(Document& document) : document_(document) {}
+
+    bool Contains(std::string_view type, std::string_view id) const
+    {
+        return nodes_.contains({type, id});
+    }
+
+    // A node whose key is taken by another one is given a new id, "x_1" for a second "x", also as
+    // its property "id", and both nodes are described on the standard output.
+    void Add(std::string_view type, std::string_view id, ObjectHandle node);
+
+    void AddReference(std::string_view type, std::string_view id, ObjectHandle referrer,
+                      Name childName);
+
+    // Adds each reference's target to its referrer, in the order in which they were recorded; a
+    // reference without target leaves nothing.
+    void BindReferences();
+
+private:
+    struct Key {
+        std::string_view type;
+        std::string_view id;
+        bool operator==(const Key&) const = default;
+    };
+    struct KeyHash {
+        std::size_t operator()(const Key& key) const
+        {
+            const std::hash<std::string_view> hash;
+            return hash(key.id) * 31 + hash(key.type);
+        }
+    };
+    struct Reference {
+        Key target;
+        ObjectHandle referrer;
+        Name childName;
+    };
+
+    std::string FreeId(const Key& taken);
+
+    Document& document_;
+    std::unordered_map<Key, ObjectHandle, KeyHash> nodes_;
+    // The number that the last duplicate of an id was given.
+    std::unordered_map<Key, int, KeyHash> lastNumbers_;
+    std::vector<Reference> references_;
+};
+
+} // namespace XPJ

@@ -1,0 +1,247 @@
+#include "tree/object.h"
+
+#include "core/numbers.h"
+#include "core/text.h"
+
+#include <algorithm>
+#include <atomic>
+#include <limits>
+#include <new>
+#include <stdexcept>
+
+namespace XPJ {
+
+namespace {
+
+// Identities rise over the process's life; 0 is no node.
+std::atomic<std::uint64_t> nextUniqueId{1};
+
+std::uint32_t Size32(std::string_view text)
+{
+    if (text.size() > std::numeric_limits<std::uint32_t>::max())
+        throw std::length_error("a value of more than 4 GiB");
+    return static_cast<std::uint32_t>(text.size());
+}
+
+} // namespace
+
+void ObjectHandle::InsertProperty(Name key, std::string_view value) const
+{
+    Property* const property =
+        new (object_->document->Allocate(sizeof(Property), alignof(Property)))
+            Property{nullptr, key.Text(), value.data(), key.Size(), Size32(value)};
+    if (object_->lastProperty)
+        object_->lastProperty->next = property;
+    else
+        object_->firstProperty = property;
+    object_->lastProperty = property;
+}
+
+void ObjectHandle::SetPropertyShared(Name key, std::string_view value) const
+{
+    if (!object_)
+        return;
+    Property* const property = FindProperty(key.View());
+    if (!property)
+        return InsertProperty(key, value);
+    property->value = value.data();
+    property->valueSize = Size32(value);
+}
+
+void ObjectHandle::AddPropertyShared(Name key, std::string_view value) const
+{
+    if (object_ && !FindProperty(key.View()))
+        InsertProperty(key, value);
+}
+
+void ObjectHandle::SetProperty(Name key, std::string_view value) const
+{
+    if (object_)
+        SetPropertyShared(key, object_->document->Store(value));
+}
+
+void ObjectHandle::AddProperty(Name key, std::string_view value) const
+{
+    if (object_ && !FindProperty(key.View()))
+        InsertProperty(key, object_->document->Store(value));
+}
+
+void ObjectHandle::RemoveProperty(Name key) const
+{
+    if (!object_)
+        return;
+    Property* previous = nullptr;
+    for (Property* property = object_->firstProperty; property; property = property->next) {
+        if (property->NameView() == key.View()) {
+            (previous ? previous->next : object_->firstProperty) = property->next;
+            if (object_->lastProperty == property)
+                object_->lastProperty = previous;
+            return;
+        }
+        previous = property;
+    }
+}
+
+Object* ConstHandle::FindChild(std::string_view name) const
+{
+    for (const ChildEntry* entry = FirstEntry(); entry; entry = entry->next)
+        if (entry->NameView() == name)
+            return entry->object;
+    return nullptr;
+}
+
+void ObjectHandle::AddChild(Name name, ObjectHandle child) const
+{
+    if (!object_ || !child)
+        return;
+    const Name entryName = name.IsEmpty() ? child.object_->name : name;
+    ChildEntry* const entry =
+        new (object_->document->Allocate(sizeof(ChildEntry), alignof(ChildEntry)))
+            ChildEntry{nullptr, child.object_, entryName.Text(), entryName.Size()};
+    if (object_->lastChild)
+        object_->lastChild->next = entry;
+    else
+        object_->firstChild = entry;
+    object_->lastChild = entry;
+}
+
+bool ObjectHandle::RemoveChild(ConstHandle child) const
+{
+    if (!object_)
+        return false;
+    ChildEntry* previous = nullptr;
+    for (ChildEntry* entry = object_->firstChild; entry; entry = entry->next) {
+        if (ConstHandle(entry->object) == child) {
+            (previous ? previous->next : object_->firstChild) = entry->next;
+            if (object_->lastChild == entry)
+                object_->lastChild = previous;
+            return true;
+        }
+        previous = entry;
+    }
+    return false;
+}
+
+void ObjectHandle::ClearChildren() const
+{
+    if (object_)
+        object_->firstChild = object_->lastChild = nullptr;
+}
+
+ObjectHandle Document::NewObject(Name name)
+{
+    const std::uint64_t id = nextUniqueId.fetch_add(1, std::memory_order_relaxed);
+    return ObjectHandle(new (Allocate(sizeof(Object), alignof(Object)))
+                            Object{this, id, name, nullptr, nullptr, nullptr, nullptr});
+}
+
+std::string_view Document::Store(std::string_view text)
+{
+    if (text.empty())
+        return std::string_view("");
+    char* const copy = static_cast<char*>(Allocate(text.size(), 1));
+    std::memcpy(copy, text.data(), text.size());
+    return {copy, text.size()};
+}
+
+Name Document::Intern(std::string_view text)
+{
+    const std::string_view stored = Store(text);
+    return Name(stored.data(), Size32(stored));
+}
+
+std::string_view Document::Adopt(std::string&& bytes)
+{
+    adopted_.push_front(std::move(bytes));
+    return adopted_.front();
+}
+
+bool NodeSet::Insert(ConstHandle node)
+{
+    const std::uint64_t id = node.UniqueId();
+    const std::uint64_t word = id / 64;
+    if (words_.empty())
+        firstWord_ = word;
+    // Grows by half on either side, so that falling identities cost no more than rising ones.
+    if (word < firstWord_) {
+        const std::uint64_t first =
+            firstWord_ - std::min(firstWord_, firstWord_ - word + words_.size() / 2);
+        words_.insert(words_.begin(), firstWord_ - first, 0);
+        firstWord_ = first;
+    }
+    if (word - firstWord_ >= words_.size())
+        words_.resize((word - firstWord_) + (word - firstWord_) / 2 + 1);
+    std::uint64_t& bits = words_[word - firstWord_];
+    const std::uint64_t bit = std::uint64_t{1} << id % 64;
+    const bool isNew = (bits & bit) == 0;
+    bits |= bit;
+    return isNew;
+}
+
+bool NodeSet::Contains(ConstHandle node) const
+{
+    const std::uint64_t word = node.UniqueId() / 64;
+    if (word < firstWord_ || word - firstWord_ >= words_.size())
+        return false;
+    return (words_[word - firstWord_] >> node.UniqueId() % 64 & 1) != 0;
+}
+
+namespace {
+
+template <class Handle>
+Handle Follow(Handle node, std::initializer_list<Name> path)
+{
+    for (const Name& name : path)
+        node = node.GetChild(name);
+    return node;
+}
+
+} // namespace
+
+ConstHandle FindPath(ConstHandle node, std::initializer_list<Name> path)
+{
+    return Follow(node, path);
+}
+
+ObjectHandle FindPath(ObjectHandle node, std::initializer_list<Name> path)
+{
+    return Follow(node, path);
+}
+
+void CopyProperty(ConstHandle from, Name key, ObjectHandle to, Name newKey)
+{
+    if (from.HasProperty(key))
+        to.SetPropertyShared(newKey, from.GetProperty(key));
+}
+
+int IntProperty(ConstHandle node, Name key)
+{
+    return ParseInt(node.GetProperty(key));
+}
+
+int IntProperty(ConstHandle node, Name key, int missing)
+{
+    return HasValue(node, key) ? IntProperty(node, key) : missing;
+}
+
+std::int64_t Int64Property(ConstHandle node, Name key)
+{
+    return ParseInt64(node.GetProperty(key));
+}
+
+double DoubleProperty(ConstHandle node, Name key)
+{
+    return ParseDouble(node.GetProperty(key));
+}
+
+bool IsTrue(ConstHandle node, Name key)
+{
+    return EqualsIgnoreCase(node.GetProperty(key), "true");
+}
+
+bool HasValue(ConstHandle node, Name key)
+{
+    return !node.GetProperty(key).empty();
+}
+
+} // namespace XPJ

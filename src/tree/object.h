@@ -1,0 +1,295 @@
+// The tree that every reader, translator and writer works on.
+//
+// A node has a name, properties (text to text) and ordered named children. One `Document` owns the
+// arena in which its nodes and values live; an `ObjectHandle` is a plain pointer into it, a
+// `ConstHandle` one that only reads. Trees may
+// share nodes, also between documents, and may hold cycles: every document of a conversion lives to
+// the conversion's end.
+//
+//   Document document;
+//   ObjectHandle marker = document.NewObject("Marker");
+//   marker.SetProperty("Name", "Slate");
+//   sequence.AddChild("Marker", marker);
+//   for (const ObjectHandle& track : sequence.GetChildren("track")) ...
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <forward_list>
+#include <initializer_list>
+#include <memory_resource>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace XPJ {
+
+// An element or property name: a string literal, or text that a document has interned.
+class Name {
+public:
+    constexpr Name() = default;
+    template <std::size_t N>
+    consteval Name(const char (&literal)[N]) // NOLINT(google-explicit-constructor)
+        : text_(literal), size_(N - 1)
+    {
+    }
+
+    // A name of a table that lives to the process's end.
+    static constexpr Name OfStatic(std::string_view text)
+    {
+        return {text.data(), static_cast<std::uint32_t>(text.size())};
+    }
+
+    constexpr std::string_view View() const { return {text_, size_}; }
+    constexpr const char* Text() const { return text_; }
+    constexpr std::uint32_t Size() const { return size_; }
+    constexpr bool IsEmpty() const { return size_ == 0; }
+
+    friend constexpr bool operator==(const Name& a, const Name& b) { return a.View() == b.View(); }
+    friend constexpr bool operator==(const Name& a, std::string_view b) { return a.View() == b; }
+    // Literals are names and views alike; this one and its like below decide for them.
+    template <std::size_t N>
+    friend constexpr bool operator==(const Name& a, const char (&literal)[N])
+    {
+        return a.View() == std::string_view(literal, N - 1);
+    }
+
+private:
+    friend class Document;
+    constexpr Name(const char* text, std::uint32_t size) : text_(text), size_(size) {}
+
+    const char* text_ = "";
+    std::uint32_t size_ = 0;
+};
+
+class Document;
+class ConstHandle;
+class ObjectHandle;
+
+struct Property {
+    Property* next;
+    const char* name;
+    const char* value;
+    std::uint32_t nameSize;
+    std::uint32_t valueSize;
+
+    std::string_view NameView() const { return {name, nameSize}; }
+    std::string_view Value() const { return {value, valueSize}; }
+};
+
+struct Object;
+
+struct ChildEntry {
+    ChildEntry* next;
+    Object* object;
+    const char* name;
+    std::uint32_t nameSize;
+
+    std::string_view NameView() const { return {name, nameSize}; }
+};
+
+struct Object {
+    Document* document;
+    std::uint64_t uniqueId;
+    Name name;
+    Property* firstProperty;
+    Property* lastProperty;
+    ChildEntry* firstChild;
+    ChildEntry* lastChild;
+};
+
+// The children of a node, all or those of one name. Appending while walking is allowed: the walk
+// then reaches what was appended.
+template <class Handle>
+class BasicChildRange {
+public:
+    class Iterator {
+    public:
+        Iterator(ChildEntry* entry, const Name* filter) : entry_(entry), filter_(filter) { Skip(); }
+        Handle operator*() const { return Handle(entry_->object); }
+        // The name under which the child is entered.
+        std::string_view EntryName() const { return entry_->NameView(); }
+        Iterator& operator++()
+        {
+            entry_ = entry_->next;
+            Skip();
+            return *this;
+        }
+        bool operator!=(const Iterator& other) const { return entry_ != other.entry_; }
+
+    private:
+        void Skip()
+        {
+            while (filter_ && entry_ && entry_->NameView() != filter_->View())
+                entry_ = entry_->next;
+        }
+        ChildEntry* entry_;
+        const Name* filter_;
+    };
+
+    explicit BasicChildRange(ChildEntry* first) : first_(first) {}
+    BasicChildRange(ChildEntry* first, Name name) : first_(first), name_(name), filtered_(true) {}
+    Iterator begin() const { return {first_, filtered_ ? &name_ : nullptr}; }
+    Iterator end() const { return {nullptr, nullptr}; }
+
+private:
+    ChildEntry* first_;
+    Name name_;
+    bool filtered_ = false;
+};
+
+using ChildRange = BasicChildRange<ObjectHandle>;
+using ConstChildRange = BasicChildRange<ConstHandle>;
+
+// A non-owning handle that only reads, as those of documents being translated are. Through a null
+// handle everything is empty.
+class ConstHandle {
+public:
+    ConstHandle() = default;
+    explicit ConstHandle(Object* object) : object_(object) {}
+
+    explicit operator bool() const { return object_ != nullptr; }
+    friend bool operator==(const ConstHandle& a, const ConstHandle& b) = default;
+
+    // The element's name, or the class name of a node that a translator made.
+    Name GetName() const { return object_ ? object_->name : Name(); }
+    // Identity over the process's life; 0 for a null handle.
+    std::uint64_t UniqueId() const { return object_ ? object_->uniqueId : 0; }
+
+    // The value, the empty text if the key is absent. The text lives as long as the document.
+    std::string_view GetProperty(Name key) const { return GetProperty(key.View()); }
+    std::string_view GetProperty(std::string_view key) const
+    {
+        const Property* const property = FindProperty(key);
+        return property ? property->Value() : std::string_view();
+    }
+    template <std::size_t N>
+    std::string_view GetProperty(const char (&literal)[N]) const
+    {
+        return GetProperty(std::string_view(literal, N - 1));
+    }
+    bool HasProperty(Name key) const { return FindProperty(key.View()) != nullptr; }
+    // For walks over all properties, in order of insertion.
+    const Property* FirstProperty() const { return object_ ? object_->firstProperty : nullptr; }
+
+    // The first child of that name, null if there is none.
+    ConstHandle GetChild(Name name) const { return GetChild(name.View()); }
+    ConstHandle GetChild(std::string_view name) const { return ConstHandle(FindChild(name)); }
+    template <std::size_t N>
+    ConstHandle GetChild(const char (&literal)[N]) const
+    {
+        return GetChild(std::string_view(literal, N - 1));
+    }
+    bool HasChild(Name name) const { return FindChild(name.View()) != nullptr; }
+    bool HasChildren() const { return object_ && object_->firstChild; }
+    ConstChildRange GetChildren() const { return ConstChildRange(FirstEntry()); }
+    ConstChildRange GetChildren(Name name) const { return {FirstEntry(), name}; }
+
+protected:
+    Property* FindProperty(std::string_view key) const
+    {
+        if (!object_)
+            return nullptr;
+        for (Property* property = object_->firstProperty; property; property = property->next)
+            if (property->NameView() == key)
+                return property;
+        return nullptr;
+    }
+    Object* FindChild(std::string_view name) const;
+    ChildEntry* FirstEntry() const { return object_ ? object_->firstChild : nullptr; }
+
+    Object* object_ = nullptr;
+};
+
+// A non-owning handle that reads and writes. Writes through a null handle do nothing.
+class ObjectHandle : public ConstHandle {
+public:
+    using ConstHandle::ConstHandle;
+    Object* Get() const { return object_; }
+
+    // Inserts or replaces; the value is copied into the document.
+    void SetProperty(Name key, std::string_view value) const;
+    // Inserts; a present value stays.
+    void AddProperty(Name key, std::string_view value) const;
+    // Like the two above for a value that lives as long as the document: nothing is copied.
+    void SetPropertyShared(Name key, std::string_view value) const;
+    void AddPropertyShared(Name key, std::string_view value) const;
+    void RemoveProperty(Name key) const;
+
+    ObjectHandle GetChild(Name name) const { return GetChild(name.View()); }
+    ObjectHandle GetChild(std::string_view name) const { return ObjectHandle(FindChild(name)); }
+    template <std::size_t N>
+    ObjectHandle GetChild(const char (&literal)[N]) const
+    {
+        return GetChild(std::string_view(literal, N - 1));
+    }
+    // Appends. An empty name means the child's own; a null child is not added.
+    void AddChild(Name name, ObjectHandle child) const;
+    void AddChild(ObjectHandle child) const { AddChild(Name(), child); }
+    ChildRange GetChildren() const { return ChildRange(FirstEntry()); }
+    ChildRange GetChildren(Name name) const { return {FirstEntry(), name}; }
+    // Removes the first entry that leads to `child`; false if there is none.
+    bool RemoveChild(ConstHandle child) const;
+    void ClearChildren() const;
+
+private:
+    void InsertProperty(Name key, std::string_view value) const;
+};
+
+// Owns nodes, names and values. Not for use by two threads at once.
+class Document {
+public:
+    Document() = default;
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+
+    ObjectHandle NewObject(Name name);
+    // A copy of `text` that lives as long as the document.
+    std::string_view Store(std::string_view text);
+    // A name for text that is no literal.
+    Name Intern(std::string_view text);
+    // Raw memory of the document's arena.
+    void* Allocate(std::size_t size, std::size_t alignment)
+    {
+        return arena_.allocate(size, alignment);
+    }
+    // The document keeps `bytes` (a file's text, into which values point) to its end.
+    std::string_view Adopt(std::string&& bytes);
+
+private:
+    std::pmr::monotonic_buffer_resource arena_{65536};
+    std::forward_list<std::string> adopted_; // a node each: short texts stay in place
+};
+
+// A set of nodes by identity, one bit a node: for walks that take each node once.
+class NodeSet {
+public:
+    // True when the node was not in the set yet.
+    bool Insert(ConstHandle node);
+    bool Contains(ConstHandle node) const;
+    void Clear() { words_.clear(); }
+
+private:
+    std::uint64_t firstWord_ = 0;
+    std::vector<std::uint64_t> words_;
+};
+
+// The node at the end of a path of first children, null at the first miss.
+//   FindPath(clip, {"media", "video", "track"})
+ConstHandle FindPath(ConstHandle node, std::initializer_list<Name> path);
+ObjectHandle FindPath(ObjectHandle node, std::initializer_list<Name> path);
+
+// Copies a property under a new name, if it is there.
+void CopyProperty(ConstHandle from, Name key, ObjectHandle to, Name newKey);
+
+int IntProperty(ConstHandle node, Name key);
+// `missing` if the property is absent or empty.
+int IntProperty(ConstHandle node, Name key, int missing);
+std::int64_t Int64Property(ConstHandle node, Name key);
+double DoubleProperty(ConstHandle node, Name key);
+// True when the value is "true" in any case.
+bool IsTrue(ConstHandle node, Name key);
+// True when the property is there and not empty.
+bool HasValue(ConstHandle node, Name key);
+
+} // namespace XPJ

@@ -1,0 +1,42 @@
+// What all readers say of how reading went. Readers are lenient by design: they stop only at what
+// the tokeniser calls a syntax error, at a cancellation, or at the input's end, where the tree
+// holds what was complete.
+#pragma once
+
+#include "core/encoding.h"
+
+#include <cstddef>
+#include <string>
+
+namespace XPJ {
+
+// Results of the readers.
+enum ReadResult : int {
+    kReadDone = 0,
+    kReadNoInput = -1,   // the file can't be opened, the stream isn't good
+    kReadNoElement = -2, // no document element
+    kReadSyntax = -3,    // syntax error, nesting beyond the limit, or no root
+    kReadCancelled = -4,
+};
+
+// Nesting of more levels is a syntax error.
+constexpr int kMaxNesting = 1000;
+
+// Where and why reading stopped early; `reason` is empty when it did not. Beside kReadDone it tells
+// that the input ends inside an element: the tree then holds what came before. `line` is 0 where
+// the reason has no place, as for a missing file or element.
+struct ReadStop {
+    std::string reason;
+    std::size_t offset = 0; // bytes from the start of the text, in UTF-8
+    std::size_t line = 0;   // from 1
+    std::size_t column = 0; // bytes, from 1
+    std::string path;       // open elements, "xmeml/project/children"; a deep one has "..." inside
+};
+
+// What reading found beside the tree.
+struct ReadNotes {
+    ReadStop stop;
+    EncodingFaults encoding;
+};
+
+} // namespace XPJ

@@ -1,0 +1,248 @@
+#include "tree/tree_reader.h"
+
+#include "core/encoding.h"
+#include "core/text.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace XPJ {
+
+namespace {
+
+constexpr const char* kSecondBracket = "a second \"<\" where an element name should start";
+constexpr std::size_t kPathEnds = 8;
+constexpr const char* kCutOff = "the document ends inside an element";
+constexpr const char* kTooDeep = "elements nested more than 1000 levels deep";
+static_assert(kMaxNesting == 1000);
+
+bool IsBlank(std::string_view text)
+{
+    return text.find_first_not_of(' ') == text.npos;
+}
+
+} // namespace
+
+void TextRuns::Append(std::string_view run, Document& document)
+{
+    if (text_.empty()) {
+        text_ = run;
+        return;
+    }
+    const std::size_t size = text_.size() + run.size();
+    if (!copy_ || size > capacity_) {
+        capacity_ = 2 * size;
+        char* const larger = static_cast<char*>(document.Allocate(capacity_, 1));
+        std::memcpy(larger, text_.data(), text_.size());
+        copy_ = larger;
+    }
+    std::memcpy(copy_ + text_.size(), run.data(), run.size());
+    text_ = {copy_, size};
+}
+
+TreeReader::TreeReader(const Grammar& grammar, std::string_view input, Document& document,
+                       StageScope* stage)
+    : grammar_(grammar), input_(input), document_(document), tokens_(input, document, stage),
+      ids_(document)
+{
+    open_.reserve(64);
+    const Rule& root = grammar.Root();
+    open_.push_back({&root, document.NewObject(root.tag), {}, {}});
+}
+
+int TreeReader::Read(ObjectHandle& documentElement, ReadStop* stop)
+{
+    documentElement = {};
+    if (stop)
+        *stop = {};
+    const int result = ReadTokens(stop);
+    if (result != kReadDone)
+        return result;
+    ids_.BindReferences();
+    const Name tag = grammar_.DocumentElement().tag;
+    documentElement = open_.front().node.GetChild(tag);
+    if (documentElement)
+        return kReadDone;
+    if (stop)
+        stop->reason = "no element \"" + std::string(tag.View()) + "\"";
+    return kReadNoElement;
+}
+
+int TreeReader::ReadTokens(ReadStop* stop)
+{
+    bool goesOn = true;
+    while (goesOn) {
+        const bool keepsText = !open_.back().rule->textProperty.IsEmpty();
+        const Token token = tokens_.Next(keepsText ? Content::All : Content::Tags);
+        switch (token) {
+        case Token::Start:
+            goesOn = StartElement();
+            break;
+        case Token::End:
+            goesOn = EndElement();
+            break;
+        case Token::Text:
+            if (!IsBlank(tokens_.Text()))
+                KeepText(tokens_.Text());
+            break;
+        case Token::CData:
+            KeepText(EscapedCData());
+            break;
+        case Token::SyntaxError:
+            reason_ = kSecondBracket;
+            [[fallthrough]];
+        case Token::EndOfInput:
+        case Token::Cancelled:
+            fault_ = token;
+            goesOn = false;
+            break;
+        }
+    }
+    if (fault_ == Token::Cancelled)
+        return kReadCancelled;
+    if (fault_ == Token::SyntaxError) {
+        if (stop)
+            FillStop(*stop);
+        return kReadSyntax;
+    }
+    if (open_.size() > 1 && stop) {
+        reason_ = kCutOff;
+        FillStop(*stop);
+    }
+    // What the input's end left open is kept as far as it came.
+    while (open_.size() > 1)
+        Close();
+    return kReadDone;
+}
+
+bool TreeReader::StartElement()
+{
+    const Element& current = open_.back();
+    const TagNumber number = grammar_.FindTag(tokens_.Name());
+    const Action action = current.rule->actions[number];
+    if (action.kind == Action::Item)
+        return ReadItem(number);
+    const StartTag tag{tokens_.Name(), tokens_.Attributes(), tokens_.IsSelfClosed(), action};
+    if (TakeStart(current, tag) || action.kind != Action::Child)
+        return true;
+    if (open_.size() > kMaxNesting) {
+        reason_ = kTooDeep;
+        fault_ = Token::SyntaxError;
+        return false;
+    }
+    Open(grammar_.RuleAt(action.rule), tag.attributes);
+    if (tag.selfClosed)
+        Close();
+    return true;
+}
+
+// The first end tag of any name ends an item; start tags inside do nothing.
+bool TreeReader::ReadItem(TagNumber tag)
+{
+    openItem_ = grammar_.TagName(tag);
+    TextRuns text;
+    bool isOpen = !tokens_.IsSelfClosed();
+    while (isOpen) {
+        const Token token = tokens_.Next(Content::Item);
+        switch (token) {
+        case Token::Text:
+            text.Append(tokens_.Text(), document_);
+            break;
+        case Token::CData:
+            text.Append(EscapedCData(), document_);
+            break;
+        case Token::Start:
+            break;
+        case Token::End:
+        case Token::EndOfInput:
+            isOpen = false;
+            break;
+        case Token::SyntaxError:
+            reason_ = kSecondBracket;
+            [[fallthrough]];
+        case Token::Cancelled:
+            fault_ = token;
+            return false;
+        }
+    }
+    open_.back().node.AddPropertyShared(openItem_, text.View());
+    openItem_ = {};
+    return true;
+}
+
+bool TreeReader::EndElement()
+{
+    TakeEnd(open_.back(), tokens_.Name());
+    if (open_.back().rule->tag != tokens_.Name())
+        return true;
+    if (open_.size() == 1)
+        return false;
+    Close();
+    return true;
+}
+
+void TreeReader::KeepText(std::string_view text)
+{
+    Element& current = open_.back();
+    current.text.Append(text, document_);
+    current.node.SetPropertyShared(current.rule->textProperty, current.text.View());
+}
+
+void TreeReader::Open(const Rule& rule, std::string_view attributes)
+{
+    const ObjectHandle node = document_.NewObject(rule.tag);
+    SetAttributes(rule, attributes, node);
+    open_.push_back({&rule, node, attributes, {}});
+}
+
+void TreeReader::Close()
+{
+    const Element element = open_.back();
+    open_.pop_back();
+    open_.back().node.AddChild(element.rule->tag, element.node);
+    TakeComplete(element);
+}
+
+void TreeReader::TakeEnd(const Element&, std::string_view) {}
+
+void TreeReader::TakeComplete(const Element&) {}
+
+void TreeReader::SetAttributes(const Rule& rule, std::string_view attributes, ObjectHandle node)
+{
+    if (attributes.empty())
+        return;
+    std::string_view value;
+    for (const Name& name : rule.attributes)
+        if (GetAttribute(attributes, name.View(), value))
+            node.SetPropertyShared(name, value);
+}
+
+// All text in the tree is escaped text.
+std::string_view TreeReader::EscapedCData()
+{
+    const std::string_view text = tokens_.Text();
+    const std::string escaped = EscapeXML(text);
+    return escaped == text ? text : document_.Store(escaped);
+}
+
+void TreeReader::FillStop(ReadStop& stop) const
+{
+    stop.reason = reason_;
+    stop.offset = tokens_.Offset();
+    const TextPlace place = PlaceOf(input_, stop.offset);
+    stop.line = place.line;
+    stop.column = place.column;
+    stop.path.clear();
+    for (std::size_t i = 1; i < open_.size(); ++i) {
+        // Of a deep path both ends tell enough.
+        if (i == kPathEnds + 1 && open_.size() > 2 * kPathEnds + 2) {
+            stop.path += "/...";
+            i = open_.size() - kPathEnds;
+        }
+        stop.path.append(i > 1 ? "/" : "").append(open_[i].rule->tag.View());
+    }
+    if (!openItem_.IsEmpty())
+        stop.path.append(stop.path.empty() ? "" : "/").append(openItem_.View());
+}
+
+} // namespace XPJ

@@ -1,0 +1,91 @@
+// Bytes to tree by a grammar. What the two document families do beyond the grammar are the hooks.
+#pragma once
+
+#include "tree/grammar.h"
+#include "tree/id_table.h"
+#include "tree/reading.h"
+#include "tree/tokeniser.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace XPJ {
+
+// Text of one element out of several runs, appended in time linear in its length.
+class TextRuns {
+public:
+    // `run` must live as long as the document.
+    void Append(std::string_view run, Document& document);
+    std::string_view View() const { return text_; }
+
+private:
+    std::string_view text_;
+    char* copy_ = nullptr; // where text_ lies once it is more than one run
+    std::size_t capacity_ = 0;
+};
+
+class TreeReader {
+public:
+    TreeReader(const Grammar& grammar, std::string_view input, Document& document,
+               StageScope* stage);
+    TreeReader(const TreeReader&) = delete;
+    TreeReader& operator=(const TreeReader&) = delete;
+
+    // Reads to the input's end and binds the references.
+    int Read(ObjectHandle& documentElement, ReadStop* stop);
+
+protected:
+    ~TreeReader() = default;
+
+    // An open element; its attribute text stays readable to its end.
+    struct Element {
+        const Rule* rule;
+        ObjectHandle node;
+        std::string_view attributes;
+        TextRuns text;
+    };
+
+    struct StartTag {
+        std::string_view name;
+        std::string_view attributes;
+        bool selfClosed;
+        Action action; // of the current rule
+    };
+
+    // Sees each start tag that is no item first; true when nothing is left to do.
+    virtual bool TakeStart(const Element& current, const StartTag& tag) = 0;
+    // Sees each end tag before it closes the current element, or doesn't.
+    virtual void TakeEnd(const Element& current, std::string_view tag);
+    // The element has just become a child of its parent.
+    virtual void TakeComplete(const Element& element);
+
+    // Attributes of the rule's list that the text has become properties of the node.
+    static void SetAttributes(const Rule& rule, std::string_view attributes, ObjectHandle node);
+
+    const Grammar& GrammarInUse() const { return grammar_; }
+    IdTable& Ids() { return ids_; }
+
+private:
+    int ReadTokens(ReadStop* stop);
+    bool StartElement();
+    bool ReadItem(TagNumber tag);
+    bool EndElement();
+    void KeepText(std::string_view text);
+    void Open(const Rule& rule, std::string_view attributes);
+    void Close();
+    std::string_view EscapedCData();
+    void FillStop(ReadStop& stop) const;
+
+    const Grammar& grammar_;
+    std::string_view input_;
+    Document& document_;
+    Tokeniser tokens_;
+    IdTable ids_;
+    std::vector<Element> open_;
+    Name openItem_;
+    Token fault_ = Token::EndOfInput; // what else ended the reading
+    const char* reason_ = "";
+};
+
+} // namespace XPJ

@@ -1,0 +1,377 @@
+#include "xmeml/writer.h"
+
+#include "core/numbers.h"
+#include "tree/reading.h"
+#include "tree/text_out.h"
+#include "tree/value_of.h"
+#include "xmeml/elements.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace XPJ {
+
+namespace {
+
+constexpr unsigned kElementsPerCheck = 1024;
+
+// How the sound of a file is told, by its channel type: how many channels an `audio` element
+// carries, and what stands in it.
+struct FileAudioForm {
+    int channelType;
+    int channelsPerElement; // 0: one element with all of them
+    bool pairLayout;        // two mono elements make a stereo pair
+    bool sourceChannel;
+};
+
+constexpr FileAudioForm kFileAudioForms[] = {
+    {0, 1, false, true},  // mono
+    {1, 2, false, false}, // stereo
+    {2, 6, false, false}, // 5.1
+    {6, 1, true, true},   // stereo as two mono elements
+    {7, 0, false, false}, // adaptive
+};
+
+class XmemlWriter {
+public:
+    XmemlWriter(Progress& progress, std::ostream& output) : progress_(progress), out_(output) {}
+
+    int WriteDocument(ObjectHandle root, bool vl2snMode);
+
+private:
+    // An element on the way. Elements nest deeper than a thread's stack may reach, so those that
+    // are open, and those that are still to be written, stand on a stack of these.
+    struct Work {
+        ObjectHandle node;
+        const XmemlElement* element = nullptr;
+        int level = 0;
+        std::size_t nextField = 0;
+        bool isOpen = false;
+    };
+
+    void WriteWhole(ObjectHandle node, std::string_view element, int level);
+    void WriteNext();
+    void OpenElement(Work& work);
+    void WriteNamed(ObjectHandle node, std::string_view element, int level);
+    void WriteAttributes(ObjectHandle node, const XmemlElement& element);
+    void WriteAttribute(std::string_view name, std::string_view value);
+    void WriteField(ObjectHandle node, const XmemlField& field, int level);
+    void WriteInOrder(ObjectHandle node, std::span<const Name> names, int level);
+    void WriteRule(ObjectHandle node, XmemlRule rule, int level);
+    void WriteRate(ObjectHandle rate, int level);
+    void WriteSource(ObjectHandle node, int level);
+    bool WriteReferenceOrChild(ObjectHandle node, Name id, Name child, int level);
+    void WriteAudioOfFile(ObjectHandle audio, int level);
+    void WriteChannel(ObjectHandle audio, const FileAudioForm& form, std::int64_t index, int level);
+    void WriteLine(Name name, std::string_view value, int level);
+    void WriteOptional(ObjectHandle node, Name name, int level);
+    void WriteStart(std::string_view tag, int level);
+    void WriteEnd(std::string_view tag, int level);
+    bool IsCancelled();
+
+    Progress& progress_;
+    TextOut out_;
+    std::vector<Work> work_;
+    unsigned elements_ = 0;
+    bool cancelled_ = false;
+};
+
+void XmemlWriter::WriteStart(std::string_view tag, int level)
+{
+    out_.WriteTabs(level);
+    out_.Write("<", tag, ">\n");
+}
+
+void XmemlWriter::WriteEnd(std::string_view tag, int level)
+{
+    out_.WriteTabs(level);
+    out_.Write("</", tag, ">\n");
+}
+
+void XmemlWriter::WriteLine(Name name, std::string_view value, int level)
+{
+    out_.WriteTabs(level);
+    out_.Write("<", name.View(), ">");
+    out_.WriteValue(value);
+    out_.Write("</", name.View(), ">\n");
+}
+
+void XmemlWriter::WriteOptional(ObjectHandle node, Name name, int level)
+{
+    if (const auto value = ValueOf(node, name))
+        WriteLine(name, *value, level);
+}
+
+// Values are text of elements; the quote that would end an attribute is escaped here.
+void XmemlWriter::WriteAttribute(std::string_view name, std::string_view value)
+{
+    out_.Write(" ", name, "=\"");
+    for (std::size_t quote = value.find('"'); quote != value.npos; quote = value.find('"')) {
+        out_.WriteValue(value.substr(0, quote));
+        out_.Write("&quot;");
+        value.remove_prefix(quote + 1);
+    }
+    out_.WriteValue(value);
+    out_.Write("\"");
+}
+
+void XmemlWriter::WriteAttributes(ObjectHandle node, const XmemlElement& element)
+{
+    for (const XmemlAttribute& attribute : element.attributes) {
+        switch (attribute.kind) {
+        case AttributeKind::Always:
+            WriteAttribute(attribute.name.View(), node.GetProperty(attribute.name));
+            break;
+        case AttributeKind::Present:
+            if (const auto value = ValueOf(node, attribute.name))
+                WriteAttribute(attribute.name.View(), *value);
+            break;
+        case AttributeKind::Equal:
+            if (node.GetProperty(attribute.name) == attribute.text)
+                WriteAttribute(attribute.name.View(), attribute.text);
+            break;
+        case AttributeKind::Fixed:
+            WriteAttribute(attribute.name.View(), attribute.text);
+            break;
+        case AttributeKind::List:
+            for (const Name& name : attribute.list())
+                if (const auto value = ValueOf(node, name))
+                    WriteAttribute(name.View(), *value);
+            break;
+        }
+    }
+}
+
+bool XmemlWriter::IsCancelled()
+{
+    if (!cancelled_ && ++elements_ % kElementsPerCheck == 0)
+        cancelled_ = progress_.IsCancelled();
+    return cancelled_;
+}
+
+void XmemlWriter::OpenElement(Work& work)
+{
+    work.isOpen = true;
+    out_.WriteTabs(work.level);
+    out_.Write("<", work.element->tag.View());
+    WriteAttributes(work.node, *work.element);
+    out_.Write(work.element->selfClosed ? "/>\n" : ">\n");
+}
+
+// The next step of the innermost element: its start, a field, or its end.
+void XmemlWriter::WriteNext()
+{
+    Work& work = work_.back();
+    if (!work.isOpen) {
+        if (!IsCancelled())
+            OpenElement(work);
+        if (cancelled_ || work.element->selfClosed)
+            work_.pop_back();
+        return;
+    }
+    if (work.nextField == work.element->fields.size()) {
+        WriteEnd(work.element->tag.View(), work.level);
+        work_.pop_back();
+        return;
+    }
+    const XmemlField& field = work.element->fields[work.nextField++];
+    const std::size_t open = work_.size();
+    WriteField(work.node, field, work.level + 1);
+    // The elements of the field, of which the first is to be the next.
+    std::reverse(work_.begin() + static_cast<std::ptrdiff_t>(open), work_.end());
+}
+
+// Writes an element with all that it holds at once, where text of its parent follows.
+void XmemlWriter::WriteWhole(ObjectHandle node, std::string_view element, int level)
+{
+    const std::size_t open = work_.size();
+    WriteNamed(node, element, level);
+    while (work_.size() > open && !cancelled_)
+        WriteNext();
+}
+
+// Puts an element on the stack. What no reader would take, because it is nested too deep, is not
+// written: `level` is the number of elements around it.
+void XmemlWriter::WriteNamed(ObjectHandle node, std::string_view element, int level)
+{
+    if (!node || level >= kMaxNesting)
+        return;
+    if (const XmemlElement* const row = FindXmemlElement(element))
+        work_.push_back({node, row, level});
+}
+
+void XmemlWriter::WriteField(ObjectHandle node, const XmemlField& field, int level)
+{
+    switch (field.kind) {
+    case FieldKind::Required:
+        return WriteLine(field.name, ValueOf(node, field.property).value_or(field.text), level);
+    case FieldKind::Optional:
+        return WriteOptional(node, field.name, level);
+    case FieldKind::Fixed:
+        return WriteLine(field.name, field.text, level);
+    case FieldKind::Child:
+        return WriteNamed(node.GetChild(field.name), field.element, level);
+    case FieldKind::Each:
+        for (const ObjectHandle child : node.GetChildren(field.name))
+            WriteNamed(child, field.element, level);
+        return;
+    case FieldKind::InOrder:
+        return WriteInOrder(node, field.names, level);
+    case FieldKind::Rule:
+        return WriteRule(node, field.rule, level);
+    }
+}
+
+void XmemlWriter::WriteInOrder(ObjectHandle node, std::span<const Name> names, int level)
+{
+    const ChildRange children = node.GetChildren();
+    for (auto child = children.begin(); child != children.end(); ++child)
+        for (const Name& name : names)
+            if (name == child.EntryName())
+                WriteNamed(*child, name.View(), level);
+}
+
+void XmemlWriter::WriteRule(ObjectHandle node, XmemlRule rule, int level)
+{
+    switch (rule) {
+    case XmemlRule::ClipDuration: {
+        const auto ofMedia = ValueOf(node.GetChild(Name("media")), "duration");
+        const auto own = ValueOf(node, "duration");
+        return WriteLine("duration", ofMedia ? *ofMedia : own.value_or("0"), level);
+    }
+    case XmemlRule::ClipRate: {
+        const ObjectHandle own = node.GetChild(Name("rate"));
+        return WriteRate(own ? own : FindPath(node, {"media", "rate"}), level);
+    }
+    case XmemlRule::RateOrDefault:
+        return WriteRate(node.GetChild(Name("rate")), level);
+    case XmemlRule::PixelAspect: {
+        if (HasValue(node, "fileid"))
+            return;
+        const ObjectHandle picture =
+            FindPath(node, {"file", "media", "video", "samplecharacteristics"});
+        for (const Name name : {Name("pixelaspectratio"), Name("anamorphic"),
+                                Name("velaOriginalPAR"), Name("velaOriginalIsAnamorphic")})
+            WriteOptional(picture, name, level);
+        return;
+    }
+    case XmemlRule::Source:
+        return WriteSource(node, level);
+    case XmemlRule::SequenceOrReference:
+        WriteReferenceOrChild(node, "sequenceid", "sequence", level);
+        return;
+    case XmemlRule::AudioOfFile:
+        return WriteAudioOfFile(node.GetChild(Name("audio")), level);
+    }
+}
+
+void XmemlWriter::WriteRate(ObjectHandle rate, int level)
+{
+    if (rate)
+        return WriteNamed(rate, "rate", level);
+    if (level >= kMaxNesting)
+        return;
+    WriteStart("rate", level);
+    WriteLine("ntsc", "TRUE", level + 1);
+    WriteLine("timebase", "30", level + 1);
+    WriteEnd("rate", level);
+}
+
+// An item shows either a file or a sequence.
+void XmemlWriter::WriteSource(ObjectHandle node, int level)
+{
+    if (!WriteReferenceOrChild(node, "fileid", "file", level))
+        WriteReferenceOrChild(node, "sequenceid", "sequence", level);
+}
+
+// False if the node has neither.
+bool XmemlWriter::WriteReferenceOrChild(ObjectHandle node, Name id, Name child, int level)
+{
+    if (!HasValue(node, id)) {
+        const ObjectHandle whole = node.GetChild(child);
+        WriteNamed(whole, child.View(), level);
+        return static_cast<bool>(whole);
+    }
+    if (level < kMaxNesting) {
+        out_.WriteTabs(level);
+        out_.Write("<", child.View());
+        WriteAttribute("id", node.GetProperty(id));
+        out_.Write("/>\n");
+    }
+    return true;
+}
+
+void XmemlWriter::WriteAudioOfFile(ObjectHandle audio, int level)
+{
+    if (!audio || level >= kMaxNesting)
+        return;
+    const FileAudioForm* form = nullptr;
+    for (const FileAudioForm& candidate : kFileAudioForms)
+        if (HasValue(audio, "channeltype") &&
+            candidate.channelType == IntProperty(audio, "channeltype"))
+            form = &candidate;
+    const std::int64_t channels = IntProperty(audio, "channelcount");
+    std::int64_t count = 1;
+    if (form && form->channelsPerElement == 1)
+        count = channels;
+    else if (form && form->channelsPerElement > 1)
+        count = (channels - 1) / form->channelsPerElement + 1;
+
+    for (std::int64_t i = 0; i < count && !IsCancelled(); ++i) {
+        WriteStart("audio", level);
+        WriteWhole(audio.GetChild(Name("samplecharacteristics")), "samplecharacteristics",
+                   level + 1);
+        if (form)
+            WriteChannel(audio, *form, i, level + 1);
+        WriteEnd("audio", level);
+    }
+}
+
+void XmemlWriter::WriteChannel(ObjectHandle audio, const FileAudioForm& form, std::int64_t index,
+                               int level)
+{
+    const std::int64_t channels =
+        form.channelsPerElement != 0 ? form.channelsPerElement : IntProperty(audio, "channelcount");
+    WriteLine("channelcount", IntToString(channels), level);
+    if (form.pairLayout)
+        WriteLine("layout", "stereo", level);
+    if (!form.sourceChannel || level >= kMaxNesting)
+        return;
+    WriteStart("audiochannel", level);
+    WriteLine("sourcechannel", IntToString(index + 1), level + 1);
+    if (form.pairLayout)
+        WriteLine("channellabel", index % 2 == 0 ? "left" : "right", level + 1);
+    WriteEnd("audiochannel", level);
+}
+
+int XmemlWriter::WriteDocument(ObjectHandle root, bool vl2snMode)
+{
+    StageScope stage(progress_, 1, 3);
+    if (!stage.Step())
+        return kWriteCancelled;
+    out_.Write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE xmeml>\n"
+               "<xmeml version=\"4\">\n");
+    if (vl2snMode) {
+        WriteStart("importoptions", 1);
+        WriteLine("vl2sn", "TRUE", 2);
+        WriteEnd("importoptions", 1);
+    }
+    WriteWhole(root.GetChild(Name("project")), "project", 1);
+    if (cancelled_ || !stage.Step())
+        return kWriteCancelled;
+    out_.Write("</xmeml>\n");
+    out_.Flush();
+    return stage.Step() ? kWriteDone : kWriteCancelled;
+}
+
+} // namespace
+
+int WriteFCPXML(ObjectHandle root, Progress& progress, bool vl2snMode, std::ostream& output)
+{
+    return XmemlWriter(progress, output).WriteDocument(root, vl2snMode);
+}
+
+} // namespace XPJ

@@ -1,0 +1,19 @@
+// Tree to text of an `xmeml` document.
+//
+// Values are written as they are in the tree, which holds entity-escaped text. The stream is
+// flushed at the end; its errors are the caller's to look at.
+#pragma once
+
+#include "core/progress.h"
+#include "tree/object.h"
+#include "tree/writing.h"
+
+#include <iosfwd>
+
+namespace XPJ {
+
+// Writes the `project` child of `root` as an `xmeml` document of version 4.
+// `vl2snMode` adds the import options of the audio hand-off.
+int WriteFCPXML(ObjectHandle root, Progress& progress, bool vl2snMode, std::ostream& output);
+
+} // namespace XPJ
