@@ -61,7 +61,6 @@ constexpr int kNoTrack = 3;
 
 struct TranslationIssue {
     int kind = 0;
-    int unused = 0;
     IssueName sequence;
     IssueName clip;
     IssueName subject; // effect, transition or generator
@@ -84,7 +83,7 @@ using IssueSet = std::set<TranslationIssue, IssueOrder>;
 // export writes them without media. No finding stands for them; their places are kept so that a
 // front end can tell. A record without `clip` is a sequence, one without `sequence` a clip of a
 // bin.
-using LeftOutList = std::vector<TranslationIssue>;
+using SkippedList = std::vector<TranslationIssue>;
 
 enum class Direction { Import, Export };
 

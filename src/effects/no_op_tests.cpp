@@ -77,15 +77,15 @@ bool IsAtRest(const RestValue& rest, ObjectHandle parameter)
     return value == rest.value || value == rest.otherwise;
 }
 
-// `leftOut` is a parameter that is not judged.
-bool RestsBut(std::string_view leftOut, std::string_view effectId, ObjectHandle effect)
+// `skipped` is a parameter that is not judged.
+bool RestsBut(std::string_view skipped, std::string_view effectId, ObjectHandle effect)
 {
     for (const ObjectHandle& parameter : effect.GetChildren("parameter")) {
         if (HasKeyframes(parameter))
             return false;
         const std::string_view id = parameter.GetProperty("parameterid");
         for (const RestValue& rest : kRestValues)
-            if (rest.effectId == effectId && rest.parameterId == id && id != leftOut &&
+            if (rest.effectId == effectId && rest.parameterId == id && id != skipped &&
                 !IsAtRest(rest, parameter))
                 return false;
     }

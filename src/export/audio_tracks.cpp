@@ -163,7 +163,7 @@ void TranslateExploded(ExportContext& context, AudioGroup& group, const AudioTra
                        const std::vector<int>& assigned, int channel)
 {
     TrackPlace track{.sequence = group.sequence,
-                     .kind = MediaKind::Audio,
+                     .kind = MediaType::Audio,
                      .index = source.index,
                      .number = group.nextNumber++,
                      .track = context.document.NewObject("track")};

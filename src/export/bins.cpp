@@ -4,7 +4,7 @@
 #include "export/clip_notes.h"
 #include "export/clips.h"
 #include "export/item_walk.h"
-#include "export/project_paths.h"
+#include "project/accessors.h"
 
 #include <algorithm>
 #include <vector>

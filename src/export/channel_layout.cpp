@@ -1,7 +1,7 @@
 #include "export/channel_layout.h"
 
 #include "core/numbers.h"
-#include "export/project_paths.h"
+#include "project/accessors.h"
 
 #include <cstddef>
 #include <set>

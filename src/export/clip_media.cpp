@@ -5,7 +5,7 @@
 #include "export/links.h"
 #include "export/master_audio.h"
 #include "export/picture_format.h"
-#include "export/project_paths.h"
+#include "project/accessors.h"
 
 #include <vector>
 
@@ -53,10 +53,10 @@ void AddClipItemLinks(ExportContext& context, ObjectHandle media)
     std::vector<ObjectHandle> links;
     links.reserve(pictures.size() + sounds.size());
     for (const ObjectHandle item : pictures)
-        links.push_back(NewLink(context, item, MediaKind::Video, 1, 1, false));
+        links.push_back(NewLink(context, item, MediaType::Video, 1, 1, false));
     int track = 0;
     for (const ObjectHandle item : sounds)
-        links.push_back(NewLink(context, item, MediaKind::Audio, ++track, 1, grouped));
+        links.push_back(NewLink(context, item, MediaType::Audio, ++track, 1, grouped));
     for (const std::vector<ObjectHandle>* items : {&pictures, &sounds})
         for (const ObjectHandle item : *items)
             for (const ObjectHandle link : links)

@@ -6,9 +6,9 @@
 #include "export/logging.h"
 #include "export/markers.h"
 #include "export/master_media.h"
-#include "export/project_paths.h"
 #include "export/rates.h"
 #include "export/sequences.h"
+#include "project/accessors.h"
 
 #include <algorithm>
 #include <string_view>

@@ -2,7 +2,7 @@
 
 #include "effects/keyframes.h"
 #include "effects/parameters.h"
-#include "export/project_paths.h"
+#include "project/accessors.h"
 
 namespace XPJ::RVX {
 

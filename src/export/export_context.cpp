@@ -17,9 +17,9 @@ std::string_view NewId(ExportContext& context, std::string_view prefix, std::int
     return context.document.Store(std::string(prefix) + IntToString(counter++));
 }
 
-void AddLeftOut(ExportContext& context, const ItemPlace& place)
+void AddSkipped(ExportContext& context, const ItemPlace& place)
 {
-    context.leftOut.push_back(IssueAt(place));
+    context.skipped.push_back(IssueAt(place));
 }
 
 void AddIssue(ExportContext& context, ExportIssue kind, const ItemPlace& place,

@@ -73,8 +73,8 @@ struct ExportContext {
     Document& document; // owns the nodes that the export makes
     Progress& progress;
     IssueSet& issues;
-    LeftOutList leftOut;
-    NodeSet itemsLeftOut; // track items in it: one may be written on several tracks
+    SkippedList skipped;
+    NodeSet skippedItems; // track items in it: one may be written on several tracks
     IdCounters& ids;
 
     bool vl2snMode = false; // audio hand-off: the form of the whole document
@@ -117,7 +117,7 @@ void AddIssue(ExportContext& context, ExportIssue kind, const ItemPlace& place,
               std::string_view subject = {});
 
 // Notes an item that shows nothing which the project still has.
-void AddLeftOut(ExportContext& context, const ItemPlace& place);
+void AddSkipped(ExportContext& context, const ItemPlace& place);
 
 // Picture items count in frames even in the hand-off form; sequences and their sound in that of the
 // document. Puts the old form back on every way out of its block.

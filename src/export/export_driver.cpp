@@ -53,7 +53,7 @@ int TranslateProject(ExportContext& context, ObjectHandle source, const ExportOp
 
 int TranslateProjectDocument(ObjectHandle root, const ExportOptions& options, Progress& progress,
                              Document& document, IssueSet& issues, ObjectHandle& xmeml,
-                             LeftOutList* leftOut)
+                             SkippedList* skipped)
 {
     CheckVersion(root, issues);
     const ObjectHandle source = root.GetChild("Project");
@@ -67,8 +67,8 @@ int TranslateProjectDocument(ObjectHandle root, const ExportOptions& options, Pr
     context.exportTransformEffect = options.exportTransformEffect;
     ObjectHandle project;
     const int result = TranslateProject(context, source, options, project);
-    if (leftOut != nullptr)
-        *leftOut = std::move(context.leftOut);
+    if (skipped != nullptr)
+        *skipped = std::move(context.skipped);
     if (result != kSuccess)
         return result;
     xmeml = document.NewObject("xmeml");

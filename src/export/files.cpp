@@ -9,9 +9,9 @@
 #include "export/channel_layout.h"
 #include "export/master_media.h"
 #include "export/picture_format.h"
-#include "export/project_paths.h"
 #include "export/rates.h"
 #include "export/video_effects.h"
+#include "project/accessors.h"
 
 #include <string_view>
 

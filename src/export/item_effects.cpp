@@ -18,7 +18,7 @@ FrameSize FrameOfSequence(ExportContext& context, ObjectHandle sequence)
 {
     const auto [entry, isNew] = context.sequenceFrames.try_emplace(sequence.UniqueId());
     if (isNew) {
-        const ObjectHandle group = GroupOfKind(sequence, MediaKind::Video);
+        const ObjectHandle group = GroupOfKind(sequence, MediaType::Video);
         entry->second =
             ParseFrameSize(group.GetProperty("FrameRect"), group.GetProperty("PixelAspectRatio"));
     }
@@ -97,7 +97,7 @@ void ExportVideoEffects(ExportContext& context, const TrackPlace& track, const I
 void ExportSpeed(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
                  ObjectHandle element)
 {
-    const bool isVideo = track.kind == MediaKind::Video;
+    const bool isVideo = track.kind == MediaType::Video;
     ExportTimeRemap(context.document, record.timing,
                     isVideo ? SpeedKeyframesOf(record.clip) : std::string_view(), track.kind,
                     element);

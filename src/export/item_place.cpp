@@ -17,7 +17,7 @@ ItemPlace PlaceOfItem(const TrackPlace& track, Ticks start, std::string_view cli
 {
     return {.sequence = track.sequence.sequence.GetProperty("Name"),
             .clip = clipName,
-            .trackKind = track.kind == MediaKind::Video ? 1 : 2,
+            .trackKind = track.kind == MediaType::Video ? 1 : 2,
             .trackIndex = track.index,
             .time = FormatItemTime(track.sequence, start)};
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "export/export_context.h"
-#include "export/project_paths.h"
+#include "project/accessors.h"
 
 #include <string>
 #include <string_view>
@@ -18,7 +18,7 @@ struct SequencePlace {
 // A written track that is being filled.
 struct TrackPlace {
     SequencePlace sequence;
-    MediaKind kind = MediaKind::Video;
+    MediaType kind = MediaType::Video;
     int index = 0;                    // from 0, among the project's tracks of its kind
     int number = 1;                   // from 1, among the written ones: `trackindex` of a link
     ObjectHandle track;               // the written one

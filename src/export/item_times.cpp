@@ -2,8 +2,8 @@
 
 #include "core/numbers.h"
 #include "effects/keyframes.h"
-#include "export/project_paths.h"
 #include "export/rates.h"
+#include "project/accessors.h"
 
 #include <cmath>
 #include <limits>

@@ -1,6 +1,6 @@
 #include "export/item_walk.h"
 
-#include "export/project_paths.h"
+#include "project/accessors.h"
 
 namespace XPJ::RVX {
 

@@ -128,8 +128,8 @@ void WriteItemSource(ExportContext& context, const TrackPlace& track, const Item
         AddItemIssue(context, track, start, ExportIssue::MulticamExportNotSupported, name);
     else if (record.sequence)
         TranslateNestedSequence(context, record.sequence, record.masterClip, element);
-    else if (context.itemsLeftOut.Insert(record.item))
-        AddLeftOut(context, PlaceOfItem(track, start, name));
+    else if (context.skippedItems.Insert(record.item))
+        AddSkipped(context, PlaceOfItem(track, start, name));
 }
 
 void ReadClipOptions(ExportContext& context, ItemRecord& record, ObjectHandle element)

@@ -1,7 +1,7 @@
 #include "export/kept_effects.h"
 
 #include "effects/parameters.h"
-#include "export/project_paths.h"
+#include "project/accessors.h"
 
 #include <string_view>
 

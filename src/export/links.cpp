@@ -69,12 +69,12 @@ bool HasLinkGroup(const ExportContext& context, ObjectHandle itemCore)
     return context.linkGroupOfItem.contains(itemCore.UniqueId());
 }
 
-ObjectHandle NewLink(ExportContext& context, ObjectHandle element, MediaKind kind, int track,
+ObjectHandle NewLink(ExportContext& context, ObjectHandle element, MediaType kind, int track,
                      int position, bool grouped)
 {
     const ObjectHandle link = context.document.NewObject("link");
     link.SetPropertyShared("linkclipref", element.GetProperty("id"));
-    link.SetPropertyShared("mediatype", kind == MediaKind::Video ? "video" : "audio");
+    link.SetPropertyShared("mediatype", kind == MediaType::Video ? "video" : "audio");
     link.SetProperty("trackindex", IntToString(track));
     link.SetProperty("clipindex", IntToString(position));
     if (grouped)

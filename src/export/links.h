@@ -15,7 +15,7 @@ bool HasLinkGroup(const ExportContext& context, ObjectHandle itemCore);
 void OpenLinkGroup(ExportContext& context, ObjectHandle itemCore);
 
 // The `link` that names an element, the `position`th on the `track`th written track of its kind.
-ObjectHandle NewLink(ExportContext& context, ObjectHandle element, MediaKind kind, int track,
+ObjectHandle NewLink(ExportContext& context, ObjectHandle element, MediaType kind, int track,
                      int position, bool grouped);
 
 // Enters an element, the next on its track, in the group of the project item that it is made from.

@@ -1,7 +1,7 @@
 #include "export/logging.h"
 
 #include "core/text.h"
-#include "export/project_paths.h"
+#include "project/accessors.h"
 
 #include <string>
 

@@ -2,8 +2,8 @@
 
 #include "core/text.h"
 #include "export/marker_record.h"
-#include "export/project_paths.h"
 #include "export/rates.h"
+#include "project/accessors.h"
 
 #include <algorithm>
 #include <optional>

@@ -4,7 +4,7 @@
 #include "export/channel_layout.h"
 #include "export/clip_media.h"
 #include "export/master_media.h"
-#include "export/project_paths.h"
+#include "project/accessors.h"
 
 #include <algorithm>
 

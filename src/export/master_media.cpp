@@ -1,8 +1,8 @@
 #include "export/master_media.h"
 
 #include "core/numbers.h"
-#include "export/project_paths.h"
 #include "export/rates.h"
+#include "project/accessors.h"
 
 #include <algorithm>
 #include <string_view>

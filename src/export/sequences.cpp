@@ -70,11 +70,11 @@ ObjectHandle TranslateGroups(ExportContext& context, const SequencePlace& place)
     const ObjectHandle media = context.document.NewObject("media");
     for (const ObjectHandle entry : GroupEntriesOf(place.sequence))
         if (const ObjectHandle group = GroupOfEntry(entry);
-            group && IsGroupEntryOf(entry, MediaKind::Video))
+            group && IsGroupEntryOf(entry, MediaType::Video))
             media.AddChild(TranslateVideoGroup(context, place, group));
     for (const ObjectHandle entry : GroupEntriesOf(place.sequence))
         if (const ObjectHandle group = GroupOfEntry(entry);
-            group && IsGroupEntryOf(entry, MediaKind::Audio))
+            group && IsGroupEntryOf(entry, MediaType::Audio))
             media.AddChild(TranslateAudioGroup(context, place, group));
     return media;
 }
@@ -97,7 +97,7 @@ void TranslateTimeline(ExportContext& context, const SequencePlace& place, Objec
 
 Ticks FrameTicksOfSequence(ObjectHandle sequence)
 {
-    const ObjectHandle group = GroupOfKind(sequence, MediaKind::Video);
+    const ObjectHandle group = GroupOfKind(sequence, MediaType::Video);
     const Ticks rate = group ? RateOfGroup(group) : kNtscFrameTicks;
     return rate == std::numeric_limits<Ticks>::max() ? kNtscFrameTicks : rate;
 }

@@ -202,7 +202,7 @@ std::string_view UpperTrue(bool value)
 } // namespace
 
 void ExportTimeRemap(Document& document, const ItemTiming& timing, std::string_view keyframes,
-                     MediaKind kind, ObjectHandle item)
+                     MediaType kind, ObjectHandle item)
 {
     const std::int64_t length = SourceLength(timing);
     Graph graph = ReadGraph(document, keyframes, timing);
@@ -217,7 +217,7 @@ void ExportTimeRemap(Document& document, const ItemTiming& timing, std::string_v
                      [](const GraphNode& a, const GraphNode& b) { return a.when < b.when; });
 
     const ObjectHandle effect = AddFilter(document, kTimeRemap, item);
-    effect.SetPropertyShared("mediatype", kind == MediaKind::Video ? "video" : "audio");
+    effect.SetPropertyShared("mediatype", kind == MediaType::Video ? "video" : "audio");
     const auto add = [&](const ParameterFields& fields) {
         return AddParameter(document, effect, fields);
     };

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "export/item_times.h"
-#include "export/project_paths.h"
+#include "project/accessors.h"
 
 #include <string_view>
 
@@ -11,6 +11,6 @@ namespace XPJ::RVX {
 // `item` has its `in` and `out` already. `keyframes` is the project's list of speed keyframes,
 // empty for a constant speed.
 void ExportTimeRemap(Document& document, const ItemTiming& timing, std::string_view keyframes,
-                     MediaKind kind, ObjectHandle item);
+                     MediaType kind, ObjectHandle item);
 
 } // namespace XPJ::RVX

@@ -27,7 +27,7 @@ ObjectHandle TranslateVideoTrack(ExportContext& context, const SequencePlace& se
                                  ObjectHandle projectTrack, int index)
 {
     TrackPlace track{.sequence = sequence,
-                     .kind = MediaKind::Video,
+                     .kind = MediaType::Video,
                      .index = index,
                      .number = index + 1,
                      .track = context.document.NewObject("track")};

@@ -159,7 +159,7 @@ void WriteAudioRun(ObjectHandle effect)
     effect.SetPropertyShared("endratio", "1");
 }
 
-ObjectHandle TranslateEffect(ExportContext& context, const TransitionRow& row, MediaKind kind,
+ObjectHandle TranslateEffect(ExportContext& context, const TransitionRow& row, MediaType kind,
                              ObjectHandle transition)
 {
     const ObjectHandle effect = context.document.NewObject("effect");
@@ -168,10 +168,10 @@ ObjectHandle TranslateEffect(ExportContext& context, const TransitionRow& row, M
     if (!row.category.empty())
         effect.SetPropertyShared("effectcategory", row.category);
     effect.SetPropertyShared("effecttype", "transition");
-    effect.SetPropertyShared("mediatype", kind == MediaKind::Video ? "video" : "audio");
+    effect.SetPropertyShared("mediatype", kind == MediaType::Video ? "video" : "audio");
     effect.SetPropertyShared("wipecode", row.wipeCode);
     effect.SetPropertyShared("wipeaccuracy", "100");
-    if (kind == MediaKind::Video)
+    if (kind == MediaType::Video)
         WriteVideoRun(transition, effect);
     else
         WriteAudioRun(effect);
@@ -190,7 +190,7 @@ void TranslateTransition(ExportContext& context, TrackPlace& track, ObjectHandle
     const ObjectHandle edges = TransitionEdges(transition);
     const Ticks start = Int64Property(edges, "Start");
     const Ticks rate = track.sequence.frameTicks;
-    const bool isVideo = track.kind == MediaKind::Video;
+    const bool isVideo = track.kind == MediaType::Video;
 
     const ObjectHandle result = context.document.NewObject("transitionitem");
     result.AddChild(WriteRate(context, rate, context.inTicks));

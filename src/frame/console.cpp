@@ -95,7 +95,7 @@ FileConversion Outcome(Operation& operation, OutputFile& output)
     FileConversion outcome;
     outcome.result = operation.GetResult();
     outcome.issues = operation.GetIssues();
-    outcome.leftOut = operation.GetLeftOut();
+    outcome.skipped = operation.GetSkipped();
     outcome.stop = operation.GetReadStop();
     outcome.reportPath = operation.GetReportPath();
     outcome.lacksSequence = operation.LacksSequence();

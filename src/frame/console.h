@@ -20,7 +20,7 @@ namespace XPJ {
 struct FileConversion {
     int result = kUnexpectedError;
     IssueSet issues;
-    LeftOutList leftOut;
+    SkippedList skipped;
     ReadStop stop;              // where reading the input stopped early
     std::string reportPath;     // empty: no report was written
     bool lacksSequence = false; // the project doesn't hold the sequence asked for

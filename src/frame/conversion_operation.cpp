@@ -40,7 +40,7 @@ int ConversionOperation::Convert(Findings& findings)
     if (result == kSuccess)
         result = RunStep(road, 2, [&] {
             return ImportDocument(xmeml, options, *this, translation, findings.issues, project,
-                                  &findings.leftOut);
+                                  &findings.skipped);
         });
     if (result == kSuccess)
         result = RunStep(road, 2, [&] {

@@ -41,7 +41,7 @@ int VelaToFCPXOperation::Convert(Findings& findings)
     if (result == kSuccess)
         result = RunStep(road, 2, [&] {
             const int translated = RVX::TranslateProjectDocument(
-                velaData, options, *this, translation, findings.issues, xmeml, &findings.leftOut);
+                velaData, options, *this, translation, findings.issues, xmeml, &findings.skipped);
             // The one chosen sequence is all that a project then holds.
             findings.lacksSequence = translated == kSuccess && job_.needsSequence &&
                                      !xmeml.GetChild("project").HasChild("children");

@@ -95,10 +95,10 @@ IssueSet Operation::GetIssues()
     return findings_.issues;
 }
 
-LeftOutList Operation::GetLeftOut()
+SkippedList Operation::GetSkipped()
 {
     const std::lock_guard guard(lock_);
-    return findings_.leftOut;
+    return findings_.skipped;
 }
 
 ReadStop Operation::GetReadStop()

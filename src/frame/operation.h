@@ -23,7 +23,7 @@ namespace XPJ {
 // What a conversion has to tell besides its result.
 struct Findings {
     IssueSet issues;
-    LeftOutList leftOut;
+    SkippedList skipped;
     ReadStop stop;          // where reading the input stopped early, or what of it can't be used
     std::string reportPath; // empty: no report was written
     bool lacksSequence = false; // an export's: the project doesn't hold the sequence asked for
@@ -47,7 +47,7 @@ public:
     int GetResult();
     bool HasIssues();
     IssueSet GetIssues();
-    LeftOutList GetLeftOut();
+    SkippedList GetSkipped();
     ReadStop GetReadStop();
     std::string GetReportPath();
     bool LacksSequence();

@@ -151,11 +151,11 @@ std::string LocalTimeText()
 
 } // namespace
 
-std::string LeftOutText(const LeftOutList& leftOut)
+std::string SkippedText(const SkippedList& skipped)
 {
     std::string text;
-    for (const TranslationIssue& leftOutItem : leftOut) {
-        const TranslationIssue record = WithPlainNames(leftOutItem);
+    for (const TranslationIssue& skippedItem : skipped) {
+        const TranslationIssue record = WithPlainNames(skippedItem);
         if (record.clip.text.empty())
             text += fmt::format("Sequence <{}> has no frame rate or format, left out.\n",
                                 record.sequence.text);

@@ -22,7 +22,7 @@ std::string IssueReportText(const IssueSet& issues, Direction direction,
 
 // A line for each, in words for people.
 //   Sequence <Cut 1> at 01:00:00:00, video track 1: Clip <A> has no media, left out.
-std::string LeftOutText(const LeftOutList& leftOut);
+std::string SkippedText(const SkippedList& skipped);
 
 // Creates the first of "base.txt", "base (1).txt", "base (2).txt" and so on that nobody has, and
 // leaves it open in `file`: no two runs get the same one. Gives its path; empty when none could be

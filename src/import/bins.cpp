@@ -29,7 +29,7 @@ void TranslateClip(ImportState& state, ObjectHandle clip, ObjectHandle parentIte
     if (multiclip && !IsCollapsed(multiclip))
         TranslateMulticlipItem(state, clip, parentItem);
     else if (TranslateMasterClipItems(state, clip, parentItem) == 0)
-        AddLeftOut(state, {.clip = clip.GetProperty("name")});
+        AddSkipped(state, {.clip = clip.GetProperty("name")});
 }
 
 void TranslateChild(ImportState& state, ObjectHandle child, ObjectHandle parentItem)

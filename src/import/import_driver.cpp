@@ -105,12 +105,11 @@ int TranslateProject(ImportState& state, ObjectHandle project)
 
 int ImportDocument(ObjectHandle root, const ImportOptions& options, Progress& progress,
                    Document& document, IssueSet& issues, ObjectHandle& projectDocument,
-                   LeftOutList* leftOut)
+                   SkippedList* skipped)
 {
     CheckVersion(root, issues);
 
     ImportState state(document, progress, issues);
-    state.version = IntProperty(root, "version");
     state.sn2vlMode = options.sn2vlMode;
     state.aafSupport = options.aafSupport;
     state.settings = options.settings;
@@ -123,8 +122,8 @@ int ImportDocument(ObjectHandle root, const ImportOptions& options, Progress& pr
 
     const ObjectHandle project = document.NewObject("Project");
     const int result = TranslateProject(state, project);
-    if (leftOut != nullptr)
-        *leftOut = std::move(state.leftOut);
+    if (skipped != nullptr)
+        *skipped = std::move(state.skipped);
     if (result != kSuccess)
         return result;
     projectDocument = document.NewObject("Document");

@@ -21,9 +21,9 @@ struct ImportOptions {
 // Translates `root`, a parsed `xmeml` element, into a `Document` node with one child `Project`,
 // made in `document`. The input tree is changed on the way: some passes leave notes in it.
 // Gives a ConversionResult; findings go into `issues`, clips and sequences without media into
-// `leftOut` if it is given.
+// `skipped` if it is given.
 int ImportDocument(ObjectHandle root, const ImportOptions& options, Progress& progress,
                    Document& document, IssueSet& issues, ObjectHandle& projectDocument,
-                   LeftOutList* leftOut = nullptr);
+                   SkippedList* skipped = nullptr);
 
 } // namespace XPJ

@@ -3,12 +3,12 @@
 // Ids and other texts used as keys point into the two documents, which outlive the state.
 #pragma once
 
+#include "core/media_type.h"
 #include "core/progress.h"
 #include "core/translation_issue.h"
 #include "effects/look_files.h"
 #include "import/frame_format.h"
 #include "import/master_registry.h"
-#include "import/media_type.h"
 #include "platform/settings.h"
 #include "tree/object.h"
 
@@ -94,9 +94,8 @@ struct ImportState {
     Document& document; // owns the nodes that the import makes
     Progress& progress;
     IssueSet& issues;
-    LeftOutList leftOut;
+    SkippedList skipped;
 
-    int version = 0;         // of the `xmeml` element, 0 if it states none
     bool sn2vlMode = false;  // audio hand-off
     bool aafSupport = false; // the host came in through the AAF-aware entry
     Settings settings;

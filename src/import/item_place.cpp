@@ -43,9 +43,9 @@ void AddItemIssue(ImportState& state, const ItemPlace& place, ImportIssue kind,
         kind, subject);
 }
 
-void AddLeftOut(ImportState& state, const ItemPlace& place)
+void AddSkipped(ImportState& state, const ItemPlace& place)
 {
-    state.leftOut.push_back(IssueAt(place));
+    state.skipped.push_back(IssueAt(place));
 }
 
 } // namespace XPJ

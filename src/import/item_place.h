@@ -34,6 +34,6 @@ void AddItemIssue(ImportState& state, const ItemPlace& place, ImportIssue kind,
                   std::string_view subject = {});
 
 // Notes an item, a clip of a bin or a sequence that nothing could be made of.
-void AddLeftOut(ImportState& state, const ItemPlace& place);
+void AddSkipped(ImportState& state, const ItemPlace& place);
 
 } // namespace XPJ

@@ -10,7 +10,7 @@
 //   registry.Find("m2", "f1", 0, MediaType::Video) // none: m1 is another clip of that file
 #pragma once
 
-#include "import/media_type.h"
+#include "core/media_type.h"
 #include "tree/object.h"
 
 #include <map>

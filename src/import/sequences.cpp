@@ -176,7 +176,7 @@ bool FillSequence(ImportState& state, ObjectHandle sequence, ObjectHandle master
     context.clock = ClockOf(state, sequence);
     const FrameFormat frame = FrameOfSequence(sequence);
     if (frame.rect.empty() || frame.par.empty()) {
-        AddLeftOut(state, {.sequence = context.clock.name});
+        AddSkipped(state, {.sequence = context.clock.name});
         return false;
     }
     context.frameRect = frame.rect;

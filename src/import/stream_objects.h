@@ -1,9 +1,9 @@
 // The project objects that make up a medium: streams, media sources, channel layouts.
 #pragma once
 
+#include "core/media_type.h"
 #include "core/ticks.h"
 #include "import/formats.h"
-#include "import/media_type.h"
 #include "tree/object.h"
 
 #include <limits>

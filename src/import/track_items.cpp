@@ -49,9 +49,9 @@ bool HasPlace(const TrackContext& context, const ItemTimes& times)
     return context.type == MediaType::Video || times.out > times.in;
 }
 
-ObjectHandle LeaveOut(const TrackContext& context, ObjectHandle item, Frames start)
+ObjectHandle Skip(const TrackContext& context, ObjectHandle item, Frames start)
 {
-    AddLeftOut(context.sequence.state,
+    AddSkipped(context.sequence.state,
                PlaceOfItem(context.sequence.clock, item, context.type, context.index, start));
     return {};
 }
@@ -95,7 +95,7 @@ ObjectHandle TranslateVideoItem(const TrackContext& context, ObjectHandle item)
     }
     const ObjectHandle subClip = MakeVideoSubClip(context, item, times, rates);
     if (!subClip)
-        return LeaveOut(context, item, times.start);
+        return Skip(context, item, times.start);
     const ObjectHandle result = MakeItem(context, "VideoClipTrackItem", item, times);
     result.SetProperty("FrameRect", context.sequence.frameRect);
     result.SetProperty("PixelAspectRatio", context.sequence.aspect);
@@ -115,7 +115,7 @@ ObjectHandle TranslateAudioItem(const TrackContext& context, ObjectHandle item, 
     const int channelType = ItemChannelType(context.sequence.state, item, trackType);
     const ObjectHandle subClip = MakeAudioSubClip(context, item, channelType, times, rates);
     if (!subClip)
-        return LeaveOut(context, item, times.start);
+        return Skip(context, item, times.start);
     const ObjectHandle result = MakeItem(context, "AudioClipTrackItem", item, times);
     result.SetProperty("ID", NewGuidText());
     result.AddChild("SubClip", subClip);

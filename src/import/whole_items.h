@@ -2,8 +2,8 @@
 // of a merged clip. Each shows the whole of its clip, without effects.
 #pragma once
 
+#include "core/media_type.h"
 #include "core/ticks.h"
-#include "import/media_type.h"
 #include "tree/object.h"
 
 #include <string_view>

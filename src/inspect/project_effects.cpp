@@ -4,13 +4,11 @@
 #include "core/text.h"
 #include "effects/keyframes.h"
 #include "effects/parameters.h"
-#include "export/project_paths.h"
 #include "inspect/effect_names.h"
 #include "inspect/titles.h"
+#include "project/accessors.h"
 
 namespace XPJ::Inspection {
-
-using namespace RVX;
 
 namespace {
 

@@ -3,12 +3,12 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "export/marker_record.h"
-#include "export/project_paths.h"
 #include "export/rates.h"
 #include "inspect/node_numbers.h"
 #include "inspect/project_effects.h"
 #include "inspect/read_timelines.h"
 #include "inspect/titles.h"
+#include "project/accessors.h"
 #include "project/side_tables.h"
 
 #include <algorithm>
@@ -153,7 +153,7 @@ private:
     Sequence ReadSequence(ObjectHandle node)
     {
         const ObjectHandle properties = SequenceProperties(node);
-        const ObjectHandle video = GroupOfKind(node, MediaKind::Video);
+        const ObjectHandle video = GroupOfKind(node, MediaType::Video);
         const FrameForm form = FormOf(
             RateOfGroup(video), IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat"));
         Sequence sequence{.name = TextOf(node, "Name"),
@@ -162,7 +162,7 @@ private:
                           .markers = ReadMarkers(node)};
         SetFrame(video.GetProperty("FrameRect"), sequence);
         places_.clear();
-        for (const MediaKind kind : {MediaKind::Video, MediaKind::Audio}) {
+        for (const MediaType kind : {MediaType::Video, MediaType::Audio}) {
             int number = 0;
             for (const ObjectHandle& entry : GroupEntriesOf(node))
                 if (IsGroupEntryOf(entry, kind))
@@ -173,10 +173,10 @@ private:
         return sequence;
     }
 
-    void ReadTrack(ObjectHandle node, MediaKind kind, int number, Sequence& sequence)
+    void ReadTrack(ObjectHandle node, MediaType kind, int number, Sequence& sequence)
     {
         const ObjectHandle core = TrackCore(node);
-        Track track{.kind = kind == MediaKind::Video ? TrackKind::Video : TrackKind::Audio,
+        Track track{.kind = kind == MediaType::Video ? TrackKind::Video : TrackKind::Audio,
                     .number = number,
                     .name = TextOf(TrackProperties(node), "MZ.TrackName"),
                     .enabled = !IsTrue(core, "IsMuted"),
@@ -198,7 +198,7 @@ private:
         sequence.tracks.push_back(std::move(track));
     }
 
-    Item MakeItem(ObjectHandle node, MediaKind kind, const FrameForm& sequenceForm)
+    Item MakeItem(ObjectHandle node, MediaType kind, const FrameForm& sequenceForm)
     {
         const ObjectHandle edges = ItemEdges(node);
         const ObjectHandle subClip = SubClipOf(node);
@@ -217,11 +217,11 @@ private:
                   .label = UnescapeXML(
                       LabelNameOf(ClipProperties(clip).GetProperty("hfl.clip.label.name"))),
                   .sourceForm = sequenceForm};
-        if (kind == MediaKind::Audio && HasValue(clip, "SecondaryIndex"))
+        if (kind == MediaType::Audio && HasValue(clip, "SecondaryIndex"))
             item.channel = static_cast<int>(
                 std::clamp<std::int64_t>(Int64Property(clip, "SecondaryIndex"), 0, 65535) + 1);
         SetSource(clip, item);
-        if (kind == MediaKind::Video)
+        if (kind == MediaType::Video)
             item.title = TitleOf(node, clip);
         item.effects = ReadProjectEffects(node);
         item.markers = ReadMarkers(core);

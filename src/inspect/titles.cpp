@@ -5,8 +5,8 @@
 #include "effects/legacy_title_reader.h"
 #include "effects/title_reader.h"
 #include "export/master_media.h"
-#include "export/project_paths.h"
 #include "inspect/title_font_names.h"
+#include "project/accessors.h"
 #include "text/text_document.h"
 
 #include <algorithm>
@@ -101,10 +101,10 @@ std::vector<TitleText> TextsOfFilters(ObjectHandle owner)
 std::vector<TitleText> TextsOfChain(ObjectHandle chain)
 {
     std::vector<TitleText> texts;
-    for (const ObjectHandle& component : RVX::ComponentsOf(chain)) {
-        if (RVX::ComponentMatchName(component) != kTextComponent)
+    for (const ObjectHandle& component : ComponentsOf(chain)) {
+        if (ComponentMatchName(component) != kTextComponent)
             continue;
-        for (const ObjectHandle& param : RVX::ParamsOf(component))
+        for (const ObjectHandle& param : ParamsOf(component))
             if (param.GetProperty("ParameterID") == kTextParameter)
                 AddTextDocument(RawValue(param.GetChild("StartKeyframeValue")), texts);
     }

@@ -74,7 +74,7 @@ protected:
         sequence_ = project_.NewObject("Sequence");
         sequence_.SetProperty("Name", "Cut");
         track_ = {.sequence = {sequence_, kPalFrameTicks},
-                  .kind = MediaKind::Audio,
+                  .kind = MediaType::Audio,
                   .index = 2,
                   .track = {}};
     }

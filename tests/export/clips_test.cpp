@@ -4,7 +4,7 @@
 #include "export/export_driver.h"
 #include "export/marker_record.h"
 #include "export/picture_format.h"
-#include "export/project_paths.h"
+#include "project/accessors.h"
 #include "project/reader.h"
 #include "support/tree.h"
 #include "tree/reading.h"

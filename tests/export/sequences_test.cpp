@@ -98,8 +98,8 @@ TEST_F(Sequences, WhatShowsNothingIsNoMulticam)
     const ObjectHandle written = TranslateSequence(context_, sequence, {});
     EXPECT_TRUE(FindPath(written, {"media", "video", "track", "clipitem"}));
     EXPECT_TRUE(issues_.empty());
-    ASSERT_EQ(context_.leftOut.size(), 1U);
-    EXPECT_EQ(context_.leftOut.front().sequence.text, "Cut");
+    ASSERT_EQ(context_.skipped.size(), 1U);
+    EXPECT_EQ(context_.skipped.front().sequence.text, "Cut");
 }
 
 // A transition stands at an edge whether or not it states where; a time that is not stated is 0.

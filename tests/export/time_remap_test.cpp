@@ -92,7 +92,7 @@ TEST(TimeRemap, GraphOfSpeeds)
         const ObjectHandle item = document.NewObject("clipitem");
         item.SetProperty("in", row.in);
         item.SetProperty("out", row.out);
-        ExportTimeRemap(document, row.timing, row.keyframes, MediaKind::Video, item);
+        ExportTimeRemap(document, row.timing, row.keyframes, MediaType::Video, item);
         const ObjectHandle effect = FindPath(item, {"filter", "effect"});
         EXPECT_EQ(Told(FindParameter(effect, "graphdict")), row.expected) << row.what;
         EXPECT_EQ(PlainValue(FindParameter(effect, "variablespeed")),
@@ -106,7 +106,7 @@ TEST(TimeRemap, Switches)
     const ObjectHandle item = document.NewObject("clipitem");
     ItemTiming timing = Timing(0.25, 400, 0.25);
     timing.reverse = true;
-    ExportTimeRemap(document, timing, "", MediaKind::Audio, item);
+    ExportTimeRemap(document, timing, "", MediaType::Audio, item);
     const ObjectHandle effect = FindPath(item, {"filter", "effect"});
     EXPECT_EQ(effect.GetProperty("mediatype"), "audio");
     EXPECT_EQ(PlainValue(FindParameter(effect, "speed")), "25");
@@ -131,7 +131,7 @@ TEST(TimeRemap, WholeNumbersKeepTheirDigits)
         ItemTiming timing = Timing(0.5, row.duration, 0);
         timing.originalDuration = row.original;
         timing.ratio = static_cast<double>(row.original) / static_cast<double>(row.duration);
-        ExportTimeRemap(document, timing, "", MediaKind::Audio, item);
+        ExportTimeRemap(document, timing, "", MediaType::Audio, item);
         const ObjectHandle graph = FindParameter(FindPath(item, {"filter", "effect"}), "graphdict");
         EXPECT_EQ(Told(graph), row.graph);
         EXPECT_EQ(graph.GetProperty("valuemax"), IntToString(row.original));
@@ -139,7 +139,7 @@ TEST(TimeRemap, WholeNumbersKeepTheirDigits)
     Document document;
     const ObjectHandle item = document.NewObject("clipitem");
     ExportTimeRemap(document, Timing(1, 100, 1), Record(0, 0) + "10160640000,80000,6,0,0,0,0,0;",
-                    MediaKind::Video, item);
+                    MediaType::Video, item);
     EXPECT_EQ(Told(FindParameter(FindPath(item, {"filter", "effect"}), "graphdict")),
               "0=0 1=2000000");
 }
@@ -158,7 +158,7 @@ TEST(TimeRemap, DamagedTimesStayNumbers)
         item.SetProperty("in", "-9223372036854775808");
         item.SetProperty("out", "3");
         ExportTimeRemap(document, Timing(speed, 9223372036854775807, 1e300), keyframes,
-                        MediaKind::Video, item);
+                        MediaType::Video, item);
         const std::string text =
             Told(FindParameter(FindPath(item, {"filter", "effect"}), "graphdict"));
         EXPECT_EQ(text.find("nan"), text.npos) << text;

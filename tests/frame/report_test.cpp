@@ -145,7 +145,7 @@ TEST(IssueReportText, SortsAndJoinsFindings)
                   "Effect <Sepia> on Clip <A> not translated.\r\n");
 }
 
-TEST(LeftOutText, TellsItemsClipsAndSequencesApart)
+TEST(SkippedText, TellsItemsClipsAndSequencesApart)
 {
     TranslationIssue item = Issue(0);
     item.clip.text = "A";
@@ -153,7 +153,7 @@ TEST(LeftOutText, TellsItemsClipsAndSequencesApart)
     clip.clip.text = "B";
     TranslationIssue sequence;
     sequence.sequence.text = "Cut 2";
-    EXPECT_EQ(LeftOutText({item, clip, sequence}),
+    EXPECT_EQ(SkippedText({item, clip, sequence}),
               "Sequence <Cut & 1> at 01:00:00:00, video track 2: Clip <A> has no media, left "
               "out.\n"
               "Clip <B> has no media, left out.\n"

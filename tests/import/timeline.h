@@ -78,7 +78,7 @@ protected:
         text_ = "<xmeml version=\"5\">" + content + "</xmeml>";
         ASSERT_EQ(ParseFCPXML(text_, input_, root), kReadDone) << text_;
         ObjectHandle result;
-        ASSERT_EQ(ImportDocument(root, options, progress_, document_, issues_, result, &leftOut_),
+        ASSERT_EQ(ImportDocument(root, options, progress_, document_, issues_, result, &skipped_),
                   kSuccess);
         rootItem_ = FindPath(result, {"Project", "RootProjectItem"});
     }
@@ -107,7 +107,7 @@ protected:
     PlatformScope scope_{platform_};
     SilentProgress progress_;
     IssueSet issues_;
-    LeftOutList leftOut_;
+    SkippedList skipped_;
     std::string text_;
     Document input_;
     Document document_;

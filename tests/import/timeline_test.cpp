@@ -70,13 +70,13 @@ TEST_F(TimelineTest, WhatHasNoMediaIsTold)
            "<clip id=\"c\"><name>C</name></clip></project>");
     EXPECT_EQ(Timeline(), "V0: B 10-20 [0-10]\nA0:\n");
     EXPECT_EQ(Issues(), "");
-    std::string leftOut;
-    for (const TranslationIssue& record : leftOut_)
-        leftOut += record.sequence.text + " " + record.clip.text + " " + record.time + "\n";
-    EXPECT_EQ(leftOut, "Cut A 00:00:00:00\n C 00:00\n");
+    std::string skipped;
+    for (const TranslationIssue& record : skipped_)
+        skipped += record.sequence.text + " " + record.clip.text + " " + record.time + "\n";
+    EXPECT_EQ(skipped, "Cut A 00:00:00:00\n C 00:00\n");
 }
 
-TEST_F(TimelineTest, ItemsWithoutAPlaceAreReportedAndLeftOut)
+TEST_F(TimelineTest, ItemsWithoutATimeAreReportedAndSkipped)
 {
     ImportSequence(Track(ClipItem("gone", {10, -1, 0, 0}) + ClipItem("early", {20, 30, -4, 6}) +
                          ClipItem("fine", {30, 40, 0, 10})),

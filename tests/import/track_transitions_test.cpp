@@ -1,4 +1,4 @@
-#include "import/media_type.h"
+#include "core/media_type.h"
 #include "import/timeline.h"
 
 namespace XPJ {

@@ -15,11 +15,11 @@ std::string Counted(std::size_t count, std::string_view noun)
 
 std::string FindingsText(const FileConversion& outcome)
 {
-    if (outcome.issues.empty() && outcome.leftOut.empty())
+    if (outcome.issues.empty() && outcome.skipped.empty())
         return outcome.stop.reason.empty() ? "nothing was lost" : "no findings";
     std::string text;
-    if (!outcome.leftOut.empty())
-        text = Counted(outcome.leftOut.size(), "item") + " left out for want of media";
+    if (!outcome.skipped.empty())
+        text = Counted(outcome.skipped.size(), "item") + " left out for want of media";
     if (outcome.issues.empty())
         return text;
     text += (text.empty() ? "" : ", ") + Counted(outcome.issues.size(), "finding");

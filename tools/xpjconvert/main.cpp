@@ -40,7 +40,7 @@ void PrintLosses(const FileConversion& outcome, Direction direction)
     std::string text = IssueReportText(outcome.issues, direction, NameForm::Plain);
     std::erase(text, '\r');
     Print(text);
-    Print(LeftOutText(outcome.leftOut));
+    Print(SkippedText(outcome.skipped));
 }
 
 int Convert(Direction direction, ToolOptions& options)

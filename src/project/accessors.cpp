@@ -1,13 +1,10 @@
-#include "export/project_paths.h"
+#include "project/accessors.h"
 
 #include "core/text.h"
 
-namespace XPJ::RVX {
+namespace XPJ {
 
 namespace {
-
-constexpr std::string_view kVideoType = "228cda18-3625-4d2d-951e-348879e4ed93";
-constexpr std::string_view kAudioType = "80b8e3d5-6dca-4195-aefb-cb5f407ab009";
 
 ObjectHandle FirstClipOfClass(ObjectHandle masterClip, std::string_view className)
 {
@@ -196,10 +193,9 @@ ChildRange GroupEntriesOf(ObjectHandle sequence)
     return sequence.GetChild("TrackGroups").GetChildren("TrackGroup");
 }
 
-bool IsGroupEntryOf(ObjectHandle entry, MediaKind kind)
+bool IsGroupEntryOf(ObjectHandle entry, MediaType kind)
 {
-    return EqualsIgnoreCase(entry.GetProperty("First"),
-                            kind == MediaKind::Video ? kVideoType : kAudioType);
+    return EqualsIgnoreCase(entry.GetProperty("First"), MediaTypeText(kind));
 }
 
 ObjectHandle GroupOfEntry(ObjectHandle entry)
@@ -207,7 +203,7 @@ ObjectHandle GroupOfEntry(ObjectHandle entry)
     return entry.GetChild("Second");
 }
 
-ObjectHandle GroupOfKind(ObjectHandle sequence, MediaKind kind)
+ObjectHandle GroupOfKind(ObjectHandle sequence, MediaType kind)
 {
     for (const ObjectHandle entry : GroupEntriesOf(sequence))
         if (IsGroupEntryOf(entry, kind))
@@ -369,4 +365,4 @@ std::string_view MarkerRecordOf(ObjectHandle entry)
     return entry.GetChild("Second").GetProperty("HULMarker");
 }
 
-} // namespace XPJ::RVX
+} // namespace XPJ

@@ -6,12 +6,13 @@
 // Every accessor takes a null handle, and gives null, empty or an empty range for what isn't there.
 #pragma once
 
+#include "core/media_type.h"
 #include "core/ticks.h"
 #include "tree/object.h"
 
 #include <string_view>
 
-namespace XPJ::RVX {
+namespace XPJ {
 
 // ---- Browser
 
@@ -77,8 +78,6 @@ ObjectHandle SequenceOfSource(ObjectHandle source);
 
 // ---- Sequences
 
-enum class MediaKind { Video, Audio };
-
 // UI state, `MZ.ZeroPoint`, "MZ.Sequence.VideoTimeDisplayFormat".
 ObjectHandle SequenceProperties(ObjectHandle sequence);
 // "BE.Sequence.IsMergedClip", on the sequence itself or among its properties.
@@ -86,12 +85,12 @@ bool IsMergedSequence(ObjectHandle sequence);
 bool HasTrackGroups(ObjectHandle sequence);
 // Entries of the group list: a media type each and, by GroupOfEntry, the group.
 ChildRange GroupEntriesOf(ObjectHandle sequence);
-bool IsGroupEntryOf(ObjectHandle entry, MediaKind kind);
+bool IsGroupEntryOf(ObjectHandle entry, MediaType kind);
 // A VideoTrackGroup (`FrameRect`, `PixelAspectRatio`, `FieldType`) or an AudioTrackGroup
 // (`NumAdaptiveChannels`).
 ObjectHandle GroupOfEntry(ObjectHandle entry);
 // The first group of a kind.
-ObjectHandle GroupOfKind(ObjectHandle sequence, MediaKind kind);
+ObjectHandle GroupOfKind(ObjectHandle sequence, MediaType kind);
 // Ticks a frame or a sample; 0 if the group states none.
 Ticks RateOfGroup(ObjectHandle group);
 ChildRange TracksOf(ObjectHandle group);
@@ -164,4 +163,4 @@ ChildRange MarkerEntriesOf(ObjectHandle owner);
 // The host's record of a marker, a JSON text.
 std::string_view MarkerRecordOf(ObjectHandle entry);
 
-} // namespace XPJ::RVX
+} // namespace XPJ
