@@ -1,7 +1,7 @@
 // Prints a libFuzzer dictionary: the words of both grammars, what the tokeniser looks at, and
 // some of looks, of the script and of timecodes.
 #include "project/grammar.h"
-#include "tree/grammar.h"
+#include "tree/reading_table.h"
 #include "xmeml/grammar.h"
 
 #include <iostream>
@@ -67,7 +67,7 @@ int main()
 
     std::set<std::string_view> tags;
     std::set<std::string_view> attributes;
-    for (const Grammar* grammar : {&FCPXMLGrammar(), &ProjectGrammar()}) {
+    for (const ReadingTable* grammar : {&XmemlReadingTable(), &ProjectReadingTable()}) {
         for (const Name& tag : grammar->Tags())
             tags.insert(tag.View());
         for (const Rule& rule : grammar->Rules())

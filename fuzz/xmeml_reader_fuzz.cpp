@@ -1,5 +1,5 @@
 // Any bytes give a tree or a result code, and the tokeniser follows its state table.
-#include "model/literal_tokeniser.h"
+#include "tree/literal_tokeniser.h"
 #include "tree/reading.h"
 #include "xmeml/reader.h"
 

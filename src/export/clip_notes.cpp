@@ -1,6 +1,6 @@
 #include "export/clip_notes.h"
 
-#include "project/side_tables.h"
+#include "core/host_properties.h"
 
 namespace XPJ::RVX {
 

@@ -1,5 +1,6 @@
 #include "export/sequences.h"
 
+#include "core/host_properties.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "export/audio_tracks.h"
@@ -7,7 +8,6 @@
 #include "export/markers.h"
 #include "export/rates.h"
 #include "export/tracks.h"
-#include "project/side_tables.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,10 +1,10 @@
 #include "import/logging.h"
 
+#include "core/host_properties.h"
 #include "core/text.h"
 #include "core/ticks.h"
 #include "import/formats.h"
 #include "import/media.h"
-#include "project/side_tables.h"
 
 #include <algorithm>
 #include <string>

@@ -1,5 +1,6 @@
 #include "import/multiclip_sequence.h"
 
+#include "core/host_properties.h"
 #include "core/numbers.h"
 #include "import/formats.h"
 #include "import/generators.h"
@@ -10,7 +11,6 @@
 #include "import/media.h"
 #include "import/tracks.h"
 #include "import/whole_items.h"
-#include "project/side_tables.h"
 
 #include <algorithm>
 #include <string>

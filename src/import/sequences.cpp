@@ -1,12 +1,12 @@
 #include "import/sequences.h"
 
+#include "core/host_properties.h"
 #include "core/numbers.h"
 #include "import/formats.h"
 #include "import/item_place.h"
 #include "import/markers.h"
 #include "import/master_builder.h"
 #include "import/tracks.h"
-#include "project/side_tables.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,5 +1,6 @@
 #include "import/tracks.h"
 
+#include "core/host_properties.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "effects/audio_fader.h"
@@ -11,7 +12,6 @@
 #include "import/track_transitions.h"
 #include "import/whole_items.h"
 #include "platform/platform.h"
-#include "project/side_tables.h"
 
 #include <algorithm>
 #include <unordered_map>

@@ -1,5 +1,6 @@
 // Projects as the model.
 #include "core/frame_rate.h"
+#include "core/host_properties.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "export/marker_record.h"
@@ -9,7 +10,6 @@
 #include "inspect/read_timelines.h"
 #include "inspect/titles.h"
 #include "project/accessors.h"
-#include "project/side_tables.h"
 
 #include <algorithm>
 #include <cmath>

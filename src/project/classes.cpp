@@ -1,6 +1,6 @@
 #include "project/classes.h"
 
-#include "project/side_tables.h"
+#include "core/host_properties.h"
 #include "tree/name_index.h"
 
 namespace XPJ {

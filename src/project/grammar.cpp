@@ -5,8 +5,8 @@
 // elements of their own; other objects are named by reference.
 #include "project/grammar.h"
 
-#include "project/side_tables.h"
-#include "tree/grammar.h"
+#include "core/host_properties.h"
+#include "tree/reading_table.h"
 
 namespace XPJ {
 
@@ -220,9 +220,9 @@ constexpr RuleRow kRules[] = {
 };
 // clang-format on
 
-Grammar MakeGrammar()
+ReadingTable MakeGrammar()
 {
-    Grammar grammar(kRules);
+    ReadingTable grammar(kRules);
     grammar.AddItems("Properties", TrackUIPropertyList());
     grammar.AddItems("Properties", SequenceUIPropertyList());
     grammar.AddItems("Properties", ColumnPropertyList());
@@ -233,9 +233,9 @@ Grammar MakeGrammar()
 
 } // namespace
 
-const Grammar& ProjectGrammar()
+const ReadingTable& ProjectReadingTable()
 {
-    static const Grammar grammar = MakeGrammar();
+    static const ReadingTable grammar = MakeGrammar();
     return grammar;
 }
 

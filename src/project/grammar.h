@@ -1,11 +1,11 @@
 // What the reader takes of a project document.
 #pragma once
 
-#include "tree/grammar.h"
+#include "tree/reading_table.h"
 
 namespace XPJ {
 
 // Built at the first call.
-const Grammar& ProjectGrammar();
+const ReadingTable& ProjectReadingTable();
 
 } // namespace XPJ

@@ -22,7 +22,7 @@ constexpr std::string_view kGuidType = "UIDObject";
 class ProjectReader final : public TreeReader {
 public:
     ProjectReader(std::string_view input, Document& document)
-        : TreeReader(ProjectGrammar(), input, document, nullptr)
+        : TreeReader(ProjectReadingTable(), input, document, nullptr)
     {
     }
 
@@ -57,7 +57,7 @@ private:
     // The target will hang under the reference's own tag: what it is, its node's name tells.
     void Refer(ObjectHandle node, const StartTag& tag)
     {
-        const Name childName = GrammarInUse().TagName(GrammarInUse().FindTag(tag.name));
+        const Name childName = Table().TagName(Table().FindTag(tag.name));
         std::string_view value;
         if (GetAttribute(tag.attributes, "ObjectRef", value))
             Ids().AddReference(kNumberType, value, node, childName);

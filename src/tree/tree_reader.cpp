@@ -40,9 +40,9 @@ void TextRuns::Append(std::string_view run, Document& document)
     text_ = {copy_, size};
 }
 
-TreeReader::TreeReader(const Grammar& grammar, std::string_view input, Document& document,
+TreeReader::TreeReader(const ReadingTable& grammar, std::string_view input, Document& document,
                        StageScope* stage)
-    : grammar_(grammar), input_(input), document_(document), tokens_(input, document, stage),
+    : table_(grammar), input_(input), document_(document), tokens_(input, document, stage),
       ids_(document)
 {
     open_.reserve(64);
@@ -59,7 +59,7 @@ int TreeReader::Read(ObjectHandle& documentElement, ReadStop* stop)
     if (result != kReadDone)
         return result;
     ids_.BindReferences();
-    const Name tag = grammar_.DocumentElement().tag;
+    const Name tag = table_.DocumentElement().tag;
     documentElement = open_.front().node.GetChild(tag);
     if (documentElement)
         return kReadDone;
@@ -118,7 +118,7 @@ int TreeReader::ReadTokens(ReadStop* stop)
 bool TreeReader::StartElement()
 {
     const Element& current = open_.back();
-    const TagNumber number = grammar_.FindTag(tokens_.Name());
+    const TagNumber number = table_.FindTag(tokens_.Name());
     const Action action = current.rule->actions[number];
     if (action.kind == Action::Item)
         return ReadItem(number);
@@ -130,7 +130,7 @@ bool TreeReader::StartElement()
         fault_ = Token::SyntaxError;
         return false;
     }
-    Open(grammar_.RuleAt(action.rule), tag.attributes);
+    Open(table_.RuleAt(action.rule), tag.attributes);
     if (tag.selfClosed)
         Close();
     return true;
@@ -139,7 +139,7 @@ bool TreeReader::StartElement()
 // The first end tag of any name ends an item; start tags inside do nothing.
 bool TreeReader::ReadItem(TagNumber tag)
 {
-    openItem_ = grammar_.TagName(tag);
+    openItem_ = table_.TagName(tag);
     TextRuns text;
     bool isOpen = !tokens_.IsSelfClosed();
     while (isOpen) {

@@ -1,9 +1,9 @@
 // Bytes to tree by a grammar. What the two document families do beyond the grammar are the hooks.
 #pragma once
 
-#include "tree/grammar.h"
 #include "tree/id_table.h"
 #include "tree/reading.h"
+#include "tree/reading_table.h"
 #include "tree/tokeniser.h"
 
 #include <string>
@@ -27,7 +27,7 @@ private:
 
 class TreeReader {
 public:
-    TreeReader(const Grammar& grammar, std::string_view input, Document& document,
+    TreeReader(const ReadingTable& grammar, std::string_view input, Document& document,
                StageScope* stage);
     TreeReader(const TreeReader&) = delete;
     TreeReader& operator=(const TreeReader&) = delete;
@@ -63,7 +63,7 @@ protected:
     // Attributes of the rule's list that the text has become properties of the node.
     static void SetAttributes(const Rule& rule, std::string_view attributes, ObjectHandle node);
 
-    const Grammar& GrammarInUse() const { return grammar_; }
+    const ReadingTable& Table() const { return table_; }
     IdTable& Ids() { return ids_; }
 
 private:
@@ -77,7 +77,7 @@ private:
     std::string_view EscapedCData();
     void FillStop(ReadStop& stop) const;
 
-    const Grammar& grammar_;
+    const ReadingTable& table_;
     std::string_view input_;
     Document& document_;
     Tokeniser tokens_;

@@ -1,8 +1,8 @@
 // What the reader takes of an `xmeml` document; anything else in it is transparent.
 #include "xmeml/grammar.h"
 
-#include "project/side_tables.h"
-#include "tree/grammar.h"
+#include "core/host_properties.h"
+#include "tree/reading_table.h"
 
 namespace XPJ {
 
@@ -123,12 +123,12 @@ constexpr struct {
               "velaTrackType"},
 };
 
-Grammar MakeGrammar()
+ReadingTable MakeGrammar()
 {
     std::vector<RuleRow> rows;
     for (const auto& row : kRules)
         rows.push_back({row.tag, row.tag, row.items, row.children, ""});
-    Grammar grammar(rows);
+    ReadingTable grammar(rows);
     grammar.AddItems("sequence", SequenceUIPropertyList());
     grammar.AddItems("track", TrackUIPropertyList());
     for (const auto& row : kAttributes)
@@ -142,9 +142,9 @@ Grammar MakeGrammar()
 
 } // namespace
 
-const Grammar& FCPXMLGrammar()
+const ReadingTable& XmemlReadingTable()
 {
-    static const Grammar grammar = MakeGrammar();
+    static const ReadingTable grammar = MakeGrammar();
     return grammar;
 }
 

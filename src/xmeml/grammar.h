@@ -1,11 +1,11 @@
 // What the reader takes of an `xmeml` document.
 #pragma once
 
-#include "tree/grammar.h"
+#include "tree/reading_table.h"
 
 namespace XPJ {
 
 // Built at the first call.
-const Grammar& FCPXMLGrammar();
+const ReadingTable& XmemlReadingTable();
 
 } // namespace XPJ

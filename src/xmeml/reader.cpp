@@ -69,12 +69,12 @@ std::string NextId(std::string_view tag)
 class FCPXMLReader final : public TreeReader {
 public:
     FCPXMLReader(std::string_view input, Document& document, StageScope* stage)
-        : TreeReader(FCPXMLGrammar(), input, document, stage), document_(document),
-          clipItem_(FCPXMLGrammar().FindRule("clipitem")),
-          definitions_(FCPXMLGrammar().Rules().size())
+        : TreeReader(XmemlReadingTable(), input, document, stage), document_(document),
+          clipItem_(XmemlReadingTable().FindRule("clipitem")),
+          definitions_(XmemlReadingTable().Rules().size())
     {
         for (const Definition& definition : kDefinitions)
-            definitions_[FCPXMLGrammar().FindRule(definition.tag).index] = &definition;
+            definitions_[XmemlReadingTable().FindRule(definition.tag).index] = &definition;
     }
 
 private:

@@ -1,6 +1,6 @@
 #include "gtest/gtest.h"
 
-#include "writer_test_support.h"
+#include "support/writer_test_support.h"
 
 #include "tree/reading.h"
 #include "xmeml/elements.h"

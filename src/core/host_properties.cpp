@@ -1,4 +1,4 @@
-#include "project/side_tables.h"
+#include "core/host_properties.h"
 
 namespace XPJ {
 

@@ -1,8 +1,8 @@
-// What a project carries beside its structure and must survive a round trip: column properties,
-// label colours, and the UI state of sequences, tracks and panners.
+// Properties of the host that both vocabularies carry unchanged: browser columns, label colors, and
+// the UI state of sequences, tracks and panners.
 #pragma once
 
-#include "tree/object.h"
+#include "core/name.h"
 
 #include <span>
 #include <string>
@@ -15,7 +15,7 @@ std::span<const Name> SequenceUIPropertyList();
 std::span<const Name> TrackUIPropertyList();
 std::span<const Name> PannerPropertyList();
 
-// "Mango" -> "BE.Prefs.LabelColors.7"; empty for an unknown colour.
+// "Mango" -> "BE.Prefs.LabelColors.7"; empty for an unknown color.
 std::string_view LabelKeyOf(std::string_view colorName);
 // "BE.Prefs.LabelColors.7" -> "Mango"; empty for an unknown key.
 std::string_view LabelNameOf(std::string_view key);

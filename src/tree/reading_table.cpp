@@ -1,4 +1,4 @@
-#include "tree/grammar.h"
+#include "tree/reading_table.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -21,7 +21,7 @@ void ForEachWord(std::string_view words, Function&& function)
 
 } // namespace
 
-Grammar::Grammar(std::span<const RuleRow> rows)
+ReadingTable::ReadingTable(std::span<const RuleRow> rows)
 {
     for (const RuleRow& row : rows) {
         Rule rule;
@@ -48,7 +48,7 @@ Grammar::Grammar(std::span<const RuleRow> rows)
         rule.actions.resize(tags_.size() + 1);
 }
 
-void Grammar::AddItems(std::string_view rule, std::span<const Name> items)
+void ReadingTable::AddItems(std::string_view rule, std::span<const Name> items)
 {
     for (const Name& item : items)
         SetAction(MutableRule(rule), item.View(), {Action::Item});
@@ -56,24 +56,24 @@ void Grammar::AddItems(std::string_view rule, std::span<const Name> items)
         other.actions.resize(tags_.size() + 1);
 }
 
-void Grammar::AddAttributes(std::string_view rule, std::string_view words)
+void ReadingTable::AddAttributes(std::string_view rule, std::string_view words)
 {
     std::vector<Name>& attributes = MutableRule(rule).attributes;
     ForEachWord(words, [&](std::string_view word) { attributes.push_back(Name::OfStatic(word)); });
 }
 
-void Grammar::AddAttributes(std::string_view rule, std::span<const Name> names)
+void ReadingTable::AddAttributes(std::string_view rule, std::span<const Name> names)
 {
     std::vector<Name>& attributes = MutableRule(rule).attributes;
     attributes.insert(attributes.end(), names.begin(), names.end());
 }
 
-void Grammar::KeepText(std::string_view rule, Name property)
+void ReadingTable::KeepText(std::string_view rule, Name property)
 {
     MutableRule(rule).textProperty = property;
 }
 
-const Rule& Grammar::FindRule(std::string_view name) const
+const Rule& ReadingTable::FindRule(std::string_view name) const
 {
     const auto found = ruleNumbers_.find(name);
     if (found == ruleNumbers_.end())
@@ -81,12 +81,12 @@ const Rule& Grammar::FindRule(std::string_view name) const
     return rules_[found->second];
 }
 
-Rule& Grammar::MutableRule(std::string_view name)
+Rule& ReadingTable::MutableRule(std::string_view name)
 {
     return rules_[FindRule(name).index];
 }
 
-TagNumber Grammar::AddTag(std::string_view tag)
+TagNumber ReadingTable::AddTag(std::string_view tag)
 {
     std::size_t slot = FirstSlot(tag);
     for (; slots_[slot] != 0; slot = (slot + 1) % kSlots)
@@ -98,7 +98,7 @@ TagNumber Grammar::AddTag(std::string_view tag)
     return slots_[slot] = static_cast<TagNumber>(tags_.size());
 }
 
-void Grammar::SetAction(Rule& rule, std::string_view tag, Action action)
+void ReadingTable::SetAction(Rule& rule, std::string_view tag, Action action)
 {
     const TagNumber number = AddTag(tag);
     if (rule.actions.size() <= number)

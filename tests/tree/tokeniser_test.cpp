@@ -1,6 +1,6 @@
 #include "tree/tokeniser.h"
 
-#include "model/literal_tokeniser.h"
+#include "tree/literal_tokeniser.h"
 
 #include <gtest/gtest.h>
 

@@ -46,11 +46,11 @@ struct Rule {
 // Number 0 is every tag that no rule knows.
 using TagNumber = std::uint16_t;
 
-class Grammar {
+class ReadingTable {
 public:
     // The first row is that of the node above the document element, the second that of the document
     // element. A word of `children` without a row of that name throws.
-    explicit Grammar(std::span<const RuleRow> rows);
+    explicit ReadingTable(std::span<const RuleRow> rows);
 
     void AddItems(std::string_view rule, std::span<const Name> items);
     void AddAttributes(std::string_view rule, std::string_view words);

@@ -1,4 +1,4 @@
-#include "project/side_tables.h"
+#include "core/host_properties.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 namespace XPJ {
 namespace {
 
-TEST(SideTables, LabelColorsMapBothWays)
+TEST(HostProperties, LabelColorsMapBothWays)
 {
     EXPECT_EQ(LabelKeyOf("Mango"), "BE.Prefs.LabelColors.7");
     for (int i = 0; i < 8; ++i) {
@@ -18,7 +18,7 @@ TEST(SideTables, LabelColorsMapBothWays)
     EXPECT_EQ(LabelNameOf("BE.Prefs.LabelColors.8"), "");
 }
 
-TEST(SideTables, PropertyNamesHaveTwoForms)
+TEST(HostProperties, PropertyNamesHaveTwoForms)
 {
     EXPECT_EQ(PropertyLabel("Clip_95_Comment_95_A"), "Clip Comment A");
     EXPECT_EQ(XMPPropertyName("Clip_95_Comment_95_A"), "Clip_Comment_A");
@@ -28,7 +28,7 @@ TEST(SideTables, PropertyNamesHaveTwoForms)
 }
 
 // A name in two places would be written twice.
-TEST(SideTables, ListsHoldEachNameOnce)
+TEST(HostProperties, ListsHoldEachNameOnce)
 {
     for (const auto list : {ColumnPropertyList(), SequenceUIPropertyList(), TrackUIPropertyList(),
                             PannerPropertyList()}) {

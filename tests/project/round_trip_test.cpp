@@ -2,7 +2,7 @@
 // take is listed here, each with its reason, and nothing else may be lost.
 #include "gtest/gtest.h"
 
-#include "writer_test_support.h"
+#include "support/writer_test_support.h"
 
 #include "project/classes.h"
 #include "project/reader.h"

@@ -1,5 +1,5 @@
 #include "project/grammar.h"
-#include "tree/grammar.h"
+#include "tree/reading_table.h"
 #include "xmeml/grammar.h"
 
 #include <gtest/gtest.h>
@@ -10,12 +10,12 @@
 namespace XPJ {
 namespace {
 
-const Grammar* const kGrammars[] = {&FCPXMLGrammar(), &ProjectGrammar()};
+const ReadingTable* const kGrammars[] = {&XmemlReadingTable(), &ProjectReadingTable()};
 
 // A rule that nothing leads to is a misspelt one.
-TEST(Grammar, EveryRuleIsReached)
+TEST(ReadingTable, EveryRuleIsReached)
 {
-    for (const Grammar* grammar : kGrammars) {
+    for (const ReadingTable* grammar : kGrammars) {
         std::set<std::uint16_t> reached = {grammar->Root().index};
         std::vector<std::uint16_t> open(reached.begin(), reached.end());
         while (!open.empty()) {
@@ -30,9 +30,9 @@ TEST(Grammar, EveryRuleIsReached)
     }
 }
 
-TEST(Grammar, TagsAreFoundAndTellApart)
+TEST(ReadingTable, TagsAreFoundAndTellApart)
 {
-    for (const Grammar* grammar : kGrammars) {
+    for (const ReadingTable* grammar : kGrammars) {
         for (std::size_t i = 0; i < grammar->Tags().size(); ++i)
             EXPECT_EQ(grammar->FindTag(grammar->Tags()[i].View()), i + 1);
         for (const char* tag : {"", "x", "XMEML", "veladata", "clipitem\n"})
@@ -40,18 +40,18 @@ TEST(Grammar, TagsAreFoundAndTellApart)
     }
 }
 
-TEST(Grammar, FaultyTablesAreRefused)
+TEST(ReadingTable, FaultyTablesAreRefused)
 {
     const RuleRow kTwice[] = {{"root", "root", "", "", ""}, {"root", "x", "", "", ""}};
-    EXPECT_THROW(Grammar{kTwice}, std::logic_error);
+    EXPECT_THROW(ReadingTable{kTwice}, std::logic_error);
     const RuleRow kUnknown[] = {{"root", "root", "", "nobody", ""}};
-    EXPECT_THROW(Grammar{kUnknown}, std::logic_error);
+    EXPECT_THROW(ReadingTable{kUnknown}, std::logic_error);
 }
 
 // One tag, two rules: the object at the top and the list entry inside it.
-TEST(Grammar, SharedTagsMeanTheObjectAtTheTop)
+TEST(ReadingTable, SharedTagsMeanTheObjectAtTheTop)
 {
-    const Grammar& grammar = ProjectGrammar();
+    const ReadingTable& grammar = ProjectReadingTable();
     const struct {
         const char *rule, *tag, *child;
     } kCases[] = {

@@ -1,4 +1,4 @@
-#include "model/literal_tokeniser.h"
+#include "tree/literal_tokeniser.h"
 
 #include "tree/tokeniser.h"
 

@@ -1,4 +1,4 @@
-#include "model/reader_test_support.h"
+#include "support/reader_test_support.h"
 
 #include <chrono>
 #include <cstdio>

@@ -1,7 +1,7 @@
 // The written form of the classes whose body is more than a list of properties.
 #include "gtest/gtest.h"
 
-#include "writer_test_support.h"
+#include "support/writer_test_support.h"
 
 namespace XPJ {
 namespace {

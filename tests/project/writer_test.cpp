@@ -1,7 +1,7 @@
 // Numbers, references and passes of the project writer.
 #include "gtest/gtest.h"
 
-#include "writer_test_support.h"
+#include "support/writer_test_support.h"
 
 #include "core/base64.h"
 #include "project/classes.h"
