@@ -2,8 +2,8 @@
 
 #include "core/text.h"
 #include "core/ticks.h"
-#include "import/formats.h"
-#include "import/media.h"
+#include "xmeml/formats.h"
+#include "xmeml/files.h"
 #include "project/side_tables.h"
 
 #include <algorithm>

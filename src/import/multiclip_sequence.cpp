@@ -1,15 +1,15 @@
 #include "import/multiclip_sequence.h"
 
 #include "core/numbers.h"
-#include "import/formats.h"
+#include "xmeml/formats.h"
 #include "import/generators.h"
 #include "import/links.h"
 #include "import/markers.h"
 #include "import/master_builder.h"
 #include "import/master_clips.h"
-#include "import/media.h"
+#include "xmeml/files.h"
 #include "import/tracks.h"
-#include "import/whole_items.h"
+#include "project/synthetic_items.h"
 #include "project/side_tables.h"
 
 #include <algorithm>
