@@ -1,7 +1,7 @@
 #include "import/audio_streams.h"
 
 #include "core/numbers.h"
-#include "import/media.h"
+#include "xmeml/files.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "import/bins.h"
 
-#include "import/item_place.h"
+#include "import/item_issues.h"
 #include "import/logging.h"
 #include "import/master_clips.h"
 #include "import/multiclips.h"

@@ -2,15 +2,15 @@
 
 #include "core/numbers.h"
 #include "effects/title_reader.h"
-#include "import/graphic_titles.h"
+#include "import/titles.h"
 #include "import/master_builder.h"
 #include "import/master_clips.h"
-#include "import/media.h"
+#include "xmeml/files.h"
 #include "import/project_items.h"
-#include "import/synthetic_media.h"
+#include "project/synthetic_media.h"
 #include "import/title_media.h"
 #include "import/tracks.h"
-#include "import/whole_items.h"
+#include "project/synthetic_items.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,7 +1,7 @@
 // Items without recorded media: generators and slugs.
 #pragma once
 
-#include "import/formats.h"
+#include "xmeml/formats.h"
 #include "import/import_state.h"
 #include "tree/object.h"
 

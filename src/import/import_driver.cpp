@@ -8,7 +8,7 @@
 #include "import/item_clips.h"
 #include "import/links.h"
 #include "import/merge.h"
-#include "import/project_skeleton.h"
+#include "project/skeleton.h"
 #include "import/sequences.h"
 #include "platform/platform.h"
 

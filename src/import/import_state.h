@@ -7,8 +7,8 @@
 #include "core/progress.h"
 #include "core/translation_issue.h"
 #include "effects/look_files.h"
-#include "import/frame_format.h"
-#include "import/master_registry.h"
+#include "project/frame_format.h"
+#include "import/master_catalog.h"
 #include "platform/settings.h"
 #include "tree/object.h"
 

@@ -1,14 +1,14 @@
 #include "import/item_clips.h"
 
 #include "core/numbers.h"
-#include "import/formats.h"
+#include "xmeml/formats.h"
 #include "import/logging.h"
 #include "import/markers.h"
 #include "import/master_builder.h"
 #include "import/master_clips.h"
-#include "import/media.h"
+#include "xmeml/files.h"
 #include "import/multiclips.h"
-#include "import/speed.h"
+#include "xmeml/speed.h"
 #include "import/track_items.h"
 
 #include <algorithm>

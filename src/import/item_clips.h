@@ -1,7 +1,7 @@
 // SubClip: the part of a master clip that a track item shows.
 #pragma once
 
-#include "import/item_times.h"
+#include "xmeml/item_times.h"
 #include "import/tracks.h"
 #include "tree/object.h"
 

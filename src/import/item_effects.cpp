@@ -3,12 +3,12 @@
 #include "core/numbers.h"
 #include "effects/values.h"
 #include "effects/video_chain.h"
-#include "import/formats.h"
-#include "import/graphic_titles.h"
-#include "import/item_place.h"
+#include "xmeml/formats.h"
+#include "import/titles.h"
+#include "import/item_issues.h"
 #include "import/master_builder.h"
-#include "import/media.h"
-#include "import/stream_objects.h"
+#include "xmeml/files.h"
+#include "project/streams.h"
 
 #include <algorithm>
 

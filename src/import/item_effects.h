@@ -3,7 +3,7 @@
 #pragma once
 
 #include "effects/effect_context.h"
-#include "import/item_times.h"
+#include "xmeml/item_times.h"
 #include "import/tracks.h"
 #include "tree/object.h"
 

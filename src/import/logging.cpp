@@ -3,8 +3,8 @@
 #include "core/host_properties.h"
 #include "core/text.h"
 #include "core/ticks.h"
-#include "import/formats.h"
-#include "import/media.h"
+#include "xmeml/files.h"
+#include "xmeml/formats.h"
 
 #include <algorithm>
 #include <string>

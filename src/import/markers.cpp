@@ -1,7 +1,7 @@
 #include "import/markers.h"
 
 #include "core/numbers.h"
-#include "import/formats.h"
+#include "xmeml/formats.h"
 
 #include <limits>
 #include <string>

@@ -1,8 +1,8 @@
 #include "import/master_builder.h"
 
 #include "core/numbers.h"
-#include "import/channel_groups.h"
-#include "import/formats.h"
+#include "project/channel_groups.h"
+#include "xmeml/formats.h"
 #include "import/logging.h"
 #include "import/markers.h"
 #include "platform/platform.h"

@@ -1,12 +1,12 @@
 #include "import/merged_master.h"
 
 #include "core/numbers.h"
-#include "import/channel_groups.h"
+#include "project/channel_groups.h"
 #include "import/generators.h"
 #include "import/master_builder.h"
-#include "import/media.h"
+#include "xmeml/files.h"
 #include "import/tracks.h"
-#include "import/whole_items.h"
+#include "project/synthetic_items.h"
 
 #include <algorithm>
 #include <string>

@@ -2,15 +2,15 @@
 
 #include "core/host_properties.h"
 #include "core/numbers.h"
-#include "import/formats.h"
+#include "xmeml/formats.h"
 #include "import/generators.h"
 #include "import/links.h"
 #include "import/markers.h"
 #include "import/master_builder.h"
 #include "import/master_clips.h"
-#include "import/media.h"
+#include "xmeml/files.h"
 #include "import/tracks.h"
-#include "import/whole_items.h"
+#include "project/synthetic_items.h"
 
 #include <algorithm>
 #include <string>

@@ -1,7 +1,7 @@
 #include "import/multiclips.h"
 
 #include "core/text.h"
-#include "import/formats.h"
+#include "xmeml/formats.h"
 #include "import/master_builder.h"
 #include "import/multiclip_sequence.h"
 #include "import/project_items.h"

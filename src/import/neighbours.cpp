@@ -1,7 +1,7 @@
 #include "import/neighbours.h"
 
-#include "import/item_place.h"
-#include "import/item_times.h"
+#include "import/item_issues.h"
+#include "xmeml/item_times.h"
 
 #include <algorithm>
 #include <iterator>

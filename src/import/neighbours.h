@@ -1,7 +1,7 @@
 // The items beside a transition.
 #pragma once
 
-#include "import/cut_points.h"
+#include "xmeml/cut_points.h"
 #include "import/tracks.h"
 #include "tree/object.h"
 

@@ -1,10 +1,10 @@
 #include "import/project_items.h"
 
-#include "import/formats.h"
+#include "xmeml/formats.h"
 #include "import/logging.h"
 #include "import/master_builder.h"
-#include "import/media.h"
-#include "import/subclips.h"
+#include "xmeml/files.h"
+#include "xmeml/subclips.h"
 
 namespace XPJ {
 

@@ -2,8 +2,8 @@
 
 #include "core/host_properties.h"
 #include "core/numbers.h"
-#include "import/formats.h"
-#include "import/item_place.h"
+#include "xmeml/formats.h"
+#include "import/item_issues.h"
 #include "import/markers.h"
 #include "import/master_builder.h"
 #include "import/tracks.h"

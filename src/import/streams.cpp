@@ -1,10 +1,10 @@
 #include "import/streams.h"
 
 #include "import/audio_streams.h"
-#include "import/formats.h"
-#include "import/media.h"
-#include "import/subclips.h"
-#include "import/synthetic_media.h"
+#include "xmeml/formats.h"
+#include "xmeml/files.h"
+#include "xmeml/subclips.h"
+#include "project/synthetic_media.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "import/import_state.h"
-#include "import/stream_objects.h"
+#include "project/streams.h"
 #include "tree/object.h"
 
 #include <vector>

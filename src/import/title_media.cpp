@@ -1,7 +1,7 @@
 #include "import/title_media.h"
 
 #include "effects/legacy_title.h"
-#include "import/media.h"
+#include "xmeml/files.h"
 #include "tree/blob.h"
 
 namespace XPJ {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "effects/title_reader.h"
-#include "import/formats.h"
+#include "xmeml/formats.h"
 #include "import/streams.h"
 
 namespace XPJ {

@@ -4,10 +4,10 @@
 #include "core/text.h"
 #include "import/item_clips.h"
 #include "import/item_effects.h"
-#include "import/item_place.h"
-#include "import/item_sound.h"
-#include "import/media.h"
-#include "import/whole_items.h"
+#include "import/item_issues.h"
+#include "import/item_audio.h"
+#include "xmeml/files.h"
+#include "project/synthetic_items.h"
 #include "platform/platform.h"
 
 #include <algorithm>

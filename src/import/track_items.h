@@ -1,7 +1,7 @@
 // Items of a track: `clipitem`s and `generatoritem`s.
 #pragma once
 
-#include "import/item_times.h"
+#include "xmeml/item_times.h"
 #include "import/tracks.h"
 #include "tree/object.h"
 

@@ -4,13 +4,13 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "effects/audio_fader.h"
-#include "import/formats.h"
-#include "import/item_sound.h"
-#include "import/media.h"
+#include "xmeml/formats.h"
+#include "import/item_audio.h"
+#include "xmeml/files.h"
 #include "import/streams.h"
 #include "import/track_items.h"
-#include "import/track_transitions.h"
-#include "import/whole_items.h"
+#include "import/transitions.h"
+#include "project/synthetic_items.h"
 #include "platform/platform.h"
 
 #include <algorithm>

@@ -3,9 +3,9 @@
 
 #include "core/ticks.h"
 #include "import/import_state.h"
-#include "import/item_place.h"
+#include "import/item_issues.h"
 #include "import/links.h"
-#include "import/panners.h"
+#include "project/panners.h"
 #include "import/sequences.h"
 #include "tree/object.h"
 

@@ -1,4 +1,4 @@
-#include "import/media.h"
+#include "xmeml/files.h"
 
 #include "core/paths.h"
 #include "core/text.h"

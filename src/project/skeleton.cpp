@@ -1,4 +1,4 @@
-#include "import/project_skeleton.h"
+#include "project/skeleton.h"
 
 #include <span>
 

@@ -2,7 +2,7 @@
 // kind.
 #pragma once
 
-#include "import/formats.h"
+#include "xmeml/formats.h"
 #include "import/streams.h"
 
 #include <cstdint>

@@ -1,13 +1,13 @@
-#include "import/item_sound.h"
+#include "import/item_audio.h"
 
 #include "core/numbers.h"
 #include "effects/audio_chain.h"
 #include "effects/audio_fader.h"
 #include "effects/audio_pan.h"
 #include "import/item_effects.h"
-#include "import/item_place.h"
-#include "import/media.h"
-#include "import/panners.h"
+#include "import/item_issues.h"
+#include "xmeml/files.h"
+#include "project/panners.h"
 #include "import/streams.h"
 #include "platform/platform.h"
 

@@ -1,7 +1,7 @@
-#include "import/subclips.h"
+#include "xmeml/subclips.h"
 
 #include "core/ticks.h"
-#include "import/media.h"
+#include "xmeml/files.h"
 
 namespace XPJ {
 

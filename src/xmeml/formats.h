@@ -6,7 +6,7 @@
 #pragma once
 
 #include "core/ticks.h"
-#include "import/frame_format.h"
+#include "project/frame_format.h"
 #include "import/import_state.h"
 #include "tree/object.h"
 

@@ -3,7 +3,7 @@
 
 #include "core/media_type.h"
 #include "core/ticks.h"
-#include "import/formats.h"
+#include "xmeml/formats.h"
 #include "tree/object.h"
 
 #include <limits>

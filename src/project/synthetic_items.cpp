@@ -1,8 +1,8 @@
-#include "import/whole_items.h"
+#include "project/synthetic_items.h"
 
 #include "core/numbers.h"
-#include "import/item_times.h"
-#include "import/panners.h"
+#include "xmeml/item_times.h"
+#include "project/panners.h"
 #include "platform/platform.h"
 
 namespace XPJ {

@@ -1,9 +1,9 @@
-#include "import/formats.h"
+#include "xmeml/formats.h"
 
 #include "core/frame_rate.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "import/media.h"
+#include "xmeml/files.h"
 
 #include <algorithm>
 

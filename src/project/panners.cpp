@@ -1,4 +1,4 @@
-#include "import/panners.h"
+#include "project/panners.h"
 
 #include "core/numbers.h"
 

@@ -1,4 +1,4 @@
-#include "import/graphic_titles.h"
+#include "import/titles.h"
 
 #include "effects/graphic_title.h"
 #include "effects/title_reader.h"

@@ -1,11 +1,11 @@
-#include "import/track_transitions.h"
+#include "import/transitions.h"
 
 #include "core/numbers.h"
 #include "effects/parameters.h"
 #include "effects/transitions.h"
-#include "import/cut_points.h"
-#include "import/item_place.h"
-#include "import/item_times.h"
+#include "xmeml/cut_points.h"
+#include "import/item_issues.h"
+#include "xmeml/item_times.h"
 #include "import/neighbours.h"
 
 #include <string>

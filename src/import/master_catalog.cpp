@@ -1,4 +1,4 @@
-#include "import/master_registry.h"
+#include "import/master_catalog.h"
 
 namespace XPJ {
 

@@ -1,6 +1,6 @@
-#include "import/item_times.h"
+#include "xmeml/item_times.h"
 
-#include "import/formats.h"
+#include "xmeml/formats.h"
 
 #include <algorithm>
 #include <limits>

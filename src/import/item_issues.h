@@ -4,7 +4,7 @@
 #include "core/ticks.h"
 #include "effects/effect_context.h"
 #include "import/import_state.h"
-#include "import/item_times.h"
+#include "xmeml/item_times.h"
 
 #include <cstdint>
 #include <string>

@@ -1,4 +1,4 @@
-#include "import/stream_objects.h"
+#include "project/streams.h"
 
 #include "core/numbers.h"
 

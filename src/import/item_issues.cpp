@@ -1,7 +1,7 @@
-#include "import/item_place.h"
+#include "import/item_issues.h"
 
 #include "core/frame_rate.h"
-#include "import/formats.h"
+#include "xmeml/formats.h"
 #include "import/sequences.h"
 
 namespace XPJ {

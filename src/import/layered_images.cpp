@@ -1,11 +1,11 @@
-#include "import/layered_image.h"
+#include "import/layered_images.h"
 
 #include "core/messages.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "import/formats.h"
-#include "import/media.h"
-#include "import/stream_objects.h"
+#include "xmeml/formats.h"
+#include "xmeml/files.h"
+#include "project/streams.h"
 #include "platform/platform.h"
 #include "tree/blob.h"
 

@@ -1,6 +1,6 @@
-#include "import/synthetic_media.h"
+#include "project/synthetic_media.h"
 
-#include "import/media.h"
+#include "xmeml/files.h"
 #include "tree/blob.h"
 
 #include <string>

@@ -1,4 +1,4 @@
-#include "import/speed.h"
+#include "xmeml/speed.h"
 
 #include "core/numbers.h"
 #include "core/text.h"

@@ -1,12 +1,12 @@
 // The walk through what sequences refer to: every medium and sequence that an item needs is there,
 // and has its project item, before the sequence around it is filled.
-#include "import/cut_points.h"
+#include "xmeml/cut_points.h"
 #include "import/generators.h"
-#include "import/item_place.h"
-#include "import/layered_image.h"
+#include "import/item_issues.h"
+#include "import/layered_images.h"
 #include "import/master_builder.h"
 #include "import/master_clips.h"
-#include "import/media.h"
+#include "xmeml/files.h"
 #include "import/multiclip_sequence.h"
 #include "import/multiclips.h"
 #include "import/project_items.h"

@@ -1,4 +1,4 @@
-#include "import/channel_groups.h"
+#include "project/channel_groups.h"
 
 #include "core/numbers.h"
 

@@ -1,7 +1,7 @@
-#include "import/cut_points.h"
+#include "xmeml/cut_points.h"
 
 #include "core/numbers.h"
-#include "import/item_times.h"
+#include "xmeml/item_times.h"
 
 namespace XPJ {
 

@@ -1,7 +1,7 @@
 // Levels, filters and pan of sound items, and the levels of the tracks that they lie on.
 #pragma once
 
-#include "import/item_times.h"
+#include "xmeml/item_times.h"
 #include "import/tracks.h"
 #include "tree/object.h"
 

@@ -1,7 +1,7 @@
 // The format tables: aspect ratios, time display codes, preview presets.
 #include "core/frame_rate.h"
 #include "effects/effect_context.h"
-#include "import/formats.h"
+#include "xmeml/formats.h"
 
 #include <initializer_list>
 #include <string>
