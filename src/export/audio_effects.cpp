@@ -2,12 +2,12 @@
 
 #include "core/numbers.h"
 #include "effects/audio_filters.h"
+#include "effects/audio_scales.h"
 #include "effects/keyframes.h"
 #include "effects/parameters.h"
 #include "effects/values.h"
+#include "effects/xmeml_filter.h"
 #include "export/audio_tracks.h"
-#include "export/audio_values.h"
-#include "export/effect_parts.h"
 #include "export/rates.h"
 
 #include <span>

@@ -1,8 +1,8 @@
 #include "export/item_effects.h"
 
-#include "export/aspect.h"
-#include "export/motion.h"
-#include "export/opacity.h"
+#include "effects/distort.h"
+#include "effects/motion_to_xmeml.h"
+#include "effects/opacity_to_xmeml.h"
 #include "export/picture_format.h"
 #include "export/time_remap.h"
 #include "export/video_effects.h"

@@ -3,7 +3,7 @@
 #include "core/numbers.h"
 #include "effects/keyframes.h"
 #include "effects/parameters.h"
-#include "export/effect_parts.h"
+#include "effects/xmeml_filter.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,10 +1,10 @@
 #include "export/video_effects.h"
 
-#include "export/color_corrector.h"
-#include "export/crop_and_mattes.h"
-#include "export/effect_parts.h"
-#include "export/kept_effects.h"
-#include "export/keys_and_blur.h"
+#include "effects/color_corrector_to_xmeml.h"
+#include "effects/crop_and_mattes.h"
+#include "effects/kept_effects.h"
+#include "effects/keys_and_blur.h"
+#include "effects/xmeml_filter.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
 // The Motion of a picture item: where it stands in the frame, how large, how turned.
 #pragma once
 
-#include "export/effect_parts.h"
+#include "effects/xmeml_filter.h"
 
 namespace XPJ::RVX {
 

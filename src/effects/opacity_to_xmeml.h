@@ -1,7 +1,7 @@
 // The Opacity of a picture item and the way it is laid over the tracks below.
 #pragma once
 
-#include "export/effect_parts.h"
+#include "effects/xmeml_filter.h"
 
 #include <optional>
 #include <string_view>

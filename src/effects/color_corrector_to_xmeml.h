@@ -1,7 +1,7 @@
 // The Three-Way Color Corrector, which becomes the three-way corrector of documents approximately.
 #pragma once
 
-#include "export/effect_parts.h"
+#include "effects/xmeml_filter.h"
 
 namespace XPJ::RVX {
 

@@ -1,4 +1,4 @@
-#include "export/color_corrector.h"
+#include "effects/color_corrector_to_xmeml.h"
 
 #include "effects/parameters.h"
 

@@ -1,4 +1,4 @@
-#include "export/audio_values.h"
+#include "effects/audio_scales.h"
 
 #include "effects/audio_filters.h"
 

@@ -1,4 +1,4 @@
-#include "export/kept_effects.h"
+#include "effects/kept_effects.h"
 
 #include "effects/parameters.h"
 #include "project/accessors.h"

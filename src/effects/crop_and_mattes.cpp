@@ -1,4 +1,4 @@
-#include "export/crop_and_mattes.h"
+#include "effects/crop_and_mattes.h"
 
 #include "effects/parameters.h"
 #include "effects/values.h"

@@ -1,4 +1,4 @@
-#include "export/opacity.h"
+#include "effects/opacity_to_xmeml.h"
 
 #include "effects/parameters.h"
 

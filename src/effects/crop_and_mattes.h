@@ -1,7 +1,7 @@
 // Filters that cut a part out of the picture.
 #pragma once
 
-#include "export/effect_parts.h"
+#include "effects/xmeml_filter.h"
 
 namespace XPJ::RVX {
 

@@ -1,4 +1,4 @@
-#include "export/keys_and_blur.h"
+#include "effects/keys_and_blur.h"
 
 #include "effects/parameters.h"
 

@@ -2,7 +2,7 @@
 // them, for the day on which the document comes back.
 #pragma once
 
-#include "export/effect_parts.h"
+#include "effects/xmeml_filter.h"
 
 namespace XPJ::RVX {
 

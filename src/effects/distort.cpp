@@ -1,4 +1,4 @@
-#include "export/aspect.h"
+#include "effects/distort.h"
 
 #include "core/numbers.h"
 #include "effects/parameters.h"

@@ -1,8 +1,8 @@
-#include "export/motion.h"
+#include "effects/motion_to_xmeml.h"
 
+#include "effects/distort.h"
 #include "effects/keyframes.h"
 #include "effects/parameters.h"
-#include "export/aspect.h"
 
 #include <algorithm>
 #include <cmath>

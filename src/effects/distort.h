@@ -1,7 +1,7 @@
 // The Distort of a picture item, whose `aspect` tells how far it is stretched.
 #pragma once
 
-#include "export/effect_parts.h"
+#include "effects/xmeml_filter.h"
 
 namespace XPJ::RVX {
 

@@ -1,4 +1,4 @@
-#include "export/effect_parts.h"
+#include "effects/xmeml_filter.h"
 
 #include "effects/keyframes.h"
 #include "effects/parameters.h"

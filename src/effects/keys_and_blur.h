@@ -1,7 +1,7 @@
 // Luma Key and Gaussian Blur.
 #pragma once
 
-#include "export/effect_parts.h"
+#include "effects/xmeml_filter.h"
 
 namespace XPJ::RVX {
 
