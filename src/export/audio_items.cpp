@@ -2,8 +2,8 @@
 
 #include "core/numbers.h"
 #include "export/audio_effects.h"
-#include "export/channel_layout.h"
-#include "export/item_effects.h"
+#include "export/audio_channels.h"
+#include "export/video_items.h"
 #include "export/items.h"
 #include "export/links.h"
 #include "export/master_audio.h"

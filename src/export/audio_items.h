@@ -1,7 +1,7 @@
 // Items of sound tracks.
 #pragma once
 
-#include "export/item_place.h"
+#include "export/track_context.h"
 
 #include <cstdint>
 

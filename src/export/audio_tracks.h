@@ -2,7 +2,7 @@
 // one: each track is exploded into as many as it has channels, except in the hand-off form.
 #pragma once
 
-#include "export/item_place.h"
+#include "export/track_context.h"
 
 #include <string_view>
 

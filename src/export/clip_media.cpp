@@ -4,7 +4,7 @@
 #include "export/files.h"
 #include "export/links.h"
 #include "export/master_audio.h"
-#include "export/picture_format.h"
+#include "export/formats.h"
 #include "project/accessors.h"
 
 #include <vector>

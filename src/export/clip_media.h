@@ -2,7 +2,7 @@
 #pragma once
 
 #include "export/export_context.h"
-#include "export/master_media.h"
+#include "export/media.h"
 
 namespace XPJ::RVX {
 

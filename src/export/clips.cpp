@@ -5,7 +5,7 @@
 #include "export/clip_notes.h"
 #include "export/logging.h"
 #include "export/markers.h"
-#include "export/master_media.h"
+#include "export/media.h"
 #include "export/rates.h"
 #include "export/sequences.h"
 #include "project/accessors.h"

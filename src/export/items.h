@@ -1,9 +1,9 @@
 // Items of picture tracks, and what items of both kinds have in common.
 #pragma once
 
-#include "export/item_place.h"
+#include "export/track_context.h"
 #include "export/item_times.h"
-#include "export/master_media.h"
+#include "export/media.h"
 
 namespace XPJ::RVX {
 

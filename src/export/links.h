@@ -1,7 +1,7 @@
 // Links between items: a project states them as groups, documents item by item.
 #pragma once
 
-#include "export/item_place.h"
+#include "export/track_context.h"
 
 namespace XPJ::RVX {
 

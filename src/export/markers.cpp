@@ -1,7 +1,7 @@
 #include "export/markers.h"
 
 #include "core/text.h"
-#include "export/marker_record.h"
+#include "project/marker_record.h"
 #include "export/rates.h"
 #include "project/accessors.h"
 

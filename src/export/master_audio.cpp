@@ -1,9 +1,9 @@
 #include "export/master_audio.h"
 
 #include "core/numbers.h"
-#include "export/channel_layout.h"
+#include "export/audio_channels.h"
 #include "export/clip_media.h"
-#include "export/master_media.h"
+#include "export/media.h"
 #include "project/accessors.h"
 
 #include <algorithm>

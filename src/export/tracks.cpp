@@ -1,7 +1,7 @@
 #include "export/tracks.h"
 
 #include "export/items.h"
-#include "export/picture_format.h"
+#include "export/formats.h"
 
 namespace XPJ::RVX {
 

@@ -1,7 +1,7 @@
 // Groups and tracks of picture, and what all tracks have in common.
 #pragma once
 
-#include "export/item_place.h"
+#include "export/track_context.h"
 
 namespace XPJ::RVX {
 

@@ -1,7 +1,7 @@
 // Transitions of picture and sound.
 #pragma once
 
-#include "export/item_place.h"
+#include "export/track_context.h"
 
 namespace XPJ::RVX {
 

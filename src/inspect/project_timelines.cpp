@@ -2,7 +2,7 @@
 #include "core/frame_rate.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "export/marker_record.h"
+#include "project/marker_record.h"
 #include "export/rates.h"
 #include "inspect/node_numbers.h"
 #include "inspect/project_effects.h"

@@ -4,7 +4,7 @@
 #include "core/text.h"
 #include "effects/legacy_title_reader.h"
 #include "effects/title_reader.h"
-#include "export/master_media.h"
+#include "export/media.h"
 #include "inspect/title_font_names.h"
 #include "project/accessors.h"
 #include "text/text_document.h"

@@ -1,4 +1,4 @@
-#include "export/picture_format.h"
+#include "export/formats.h"
 
 #include "core/numbers.h"
 #include "core/text.h"

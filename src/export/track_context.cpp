@@ -1,4 +1,4 @@
-#include "export/item_place.h"
+#include "export/track_context.h"
 
 #include "core/frame_rate.h"
 

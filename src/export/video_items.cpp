@@ -1,9 +1,9 @@
-#include "export/item_effects.h"
+#include "export/video_items.h"
 
 #include "export/aspect.h"
 #include "export/motion.h"
 #include "export/opacity.h"
-#include "export/picture_format.h"
+#include "export/formats.h"
 #include "export/time_remap.h"
 #include "export/video_effects.h"
 

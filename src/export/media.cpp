@@ -1,4 +1,4 @@
-#include "export/master_media.h"
+#include "export/media.h"
 
 #include "core/numbers.h"
 #include "export/rates.h"

@@ -1,4 +1,4 @@
-#include "export/channel_layout.h"
+#include "export/audio_channels.h"
 
 #include "core/numbers.h"
 #include "project/accessors.h"
