@@ -7,10 +7,10 @@
 namespace XPJ::RVX {
 
 // A `media`, empty for captions. `file` becomes the file it shows, null if it shows none.
-ObjectHandle TranslateClipMedia(ExportContext& context, ObjectHandle masterClip,
+ObjectHandle TranslateClipMedia(ExportContext& context, ConstHandle masterClip,
                                 const MasterMedia& media, ObjectHandle& file);
 
 // A `clipitem` of a `clip`, with the file of `medium` and its rate.
-ObjectHandle NewClipItem(ExportContext& context, ObjectHandle masterClip, ObjectHandle medium);
+ObjectHandle NewClipItem(ExportContext& context, ConstHandle masterClip, ConstHandle medium);
 
 } // namespace XPJ::RVX

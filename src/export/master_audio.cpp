@@ -12,7 +12,7 @@ namespace XPJ::RVX {
 
 namespace {
 
-ObjectHandle TranslateChannel(ExportContext& context, ObjectHandle masterClip, ObjectHandle medium,
+ObjectHandle TranslateChannel(ExportContext& context, ConstHandle masterClip, ConstHandle medium,
                               int channel)
 {
     const ObjectHandle item = NewClipItem(context, masterClip, medium);
@@ -32,8 +32,8 @@ void WriteSourceTrack(ExportContext& context, std::int64_t number, ObjectHandle 
     element.AddChild(sourceTrack);
 }
 
-ObjectHandle TranslateMasterAudio(ExportContext& context, ObjectHandle masterClip,
-                                  ObjectHandle medium)
+ObjectHandle TranslateMasterAudio(ExportContext& context, ConstHandle masterClip,
+                                  ConstHandle medium)
 {
     if (!AudioStreamOf(AudioMediumOfMaster(masterClip)))
         return {};
