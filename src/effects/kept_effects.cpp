@@ -10,16 +10,16 @@ namespace XPJ::RVX {
 namespace {
 
 // The name that the user gave the effect, else that of its kind.
-std::string_view UserName(ObjectHandle component)
+std::string_view UserName(ConstHandle component)
 {
-    const ObjectHandle core = ComponentCore(component);
+    const ConstHandle core = ComponentCore(component);
     return core.GetProperty(HasValue(core, "InstanceName") ? "InstanceName" : "DisplayName");
 }
 
 void Keep(const EffectSource& source, const EffectHead& head, ObjectHandle effect)
 {
     WriteEffectHead(head, effect);
-    for (const ObjectHandle param : ParamsOf(source.component))
+    for (const ConstHandle param : ParamsOf(source.component))
         effect.AddChild(ExportProjectParam(source.document, param));
 }
 
@@ -37,9 +37,9 @@ void ExportShape(const EffectSource& source, ObjectHandle effect)
 
 void ExportLook(const EffectSource& source, ObjectHandle effect)
 {
-    const ObjectHandle core = ComponentCore(source.component);
+    const ConstHandle core = ComponentCore(source.component);
     Keep(source, {core.GetProperty("InstanceName"), "Gradiva", "", "filter"}, effect);
-    for (const ObjectHandle stated : DependenciesOf(source.component)) {
+    for (const ConstHandle stated : DependenciesOf(source.component)) {
         if (!HasValue(stated, "Tag") || !HasValue(stated, "Path"))
             continue;
         const ObjectHandle dependency = source.document.NewObject("dependency");
@@ -51,7 +51,7 @@ void ExportLook(const EffectSource& source, ObjectHandle effect)
 
 void ExportTransform(const EffectSource& source, ObjectHandle effect)
 {
-    const ObjectHandle core = ComponentCore(source.component);
+    const ConstHandle core = ComponentCore(source.component);
     Keep(source, {core.GetProperty("DisplayName"), "Transform", "", "filter"}, effect);
 }
 

@@ -35,8 +35,8 @@ struct Scale {
 
 Scale ReadScale(const EffectSource& source)
 {
-    const ObjectHandle height = source.Param(kHeightScale);
-    const ObjectHandle width = source.Param(kWidthScale);
+    const ConstHandle height = source.Param(kHeightScale);
+    const ConstHandle width = source.Param(kWidthScale);
     Scale scale;
     scale.height = StartNumber(height, kFullScale);
     scale.width = StartSwitch(source.Param(kUniformScale), true) ? scale.height
@@ -65,8 +65,8 @@ double Difference(double a, double b)
 // A project states where the anchor point stands, a document where the picture's centre does.
 void AddCenter(const EffectSource& source, const FrameFactors& factors, ObjectHandle effect)
 {
-    const ObjectHandle position = source.Param(kPosition);
-    const ObjectHandle anchor = source.Param(kAnchorPoint);
+    const ConstHandle position = source.Param(kPosition);
+    const ConstHandle anchor = source.Param(kAnchorPoint);
     const Point offset = FromCentre(StartPoint(anchor, kFrameCentre));
     const auto center = [&factors](const Point& point, const Point& anchorOffset) {
         const Point moved = FromCentre(point);

@@ -211,13 +211,13 @@ ObjectHandle CopyProjectParam(Document& document, ObjectHandle parameter, Name e
     return param;
 }
 
-ObjectHandle ExportProjectParam(Document& document, ObjectHandle param)
+ObjectHandle ExportProjectParam(Document& document, ConstHandle param)
 {
     const ObjectHandle parameter = document.NewObject("parameter");
     parameter.SetProperty("parameterid", param.GetProperty("ParameterID"));
     parameter.SetProperty("name", param.GetProperty("Name"));
     if (param.GetName() == kBlobParam) {
-        const ObjectHandle blob = param.GetChild("StartKeyframeValue");
+        const ConstHandle blob = param.GetChild("StartKeyframeValue");
         parameter.SetProperty("value", blob.GetProperty("value"));
         CopyProperty(blob, "BinaryHash", parameter, "hash");
         CopyProperty(param, "ParameterControlType", parameter, "ParameterControlType");
@@ -245,31 +245,31 @@ void CopyExpanded(ObjectHandle effect, ObjectHandle component)
         component.SetProperty("ECP.Filter.Expanded", effect.GetProperty("velaExpanded"));
 }
 
-std::string_view StartText(ObjectHandle param, std::string_view missing)
+std::string_view StartText(ConstHandle param, std::string_view missing)
 {
     const std::string_view start = KeyframeField(param.GetProperty("StartKeyframe"), 1);
     return Given(Given(start, param.GetProperty("CurrentValue")), missing);
 }
 
-double StartNumber(ObjectHandle param, double missing)
+double StartNumber(ConstHandle param, double missing)
 {
     const std::string_view text = StartText(param);
     return text.empty() ? missing : ParseDouble(text);
 }
 
-int StartInteger(ObjectHandle param, int missing)
+int StartInteger(ConstHandle param, int missing)
 {
     const std::string_view text = StartText(param);
     return text.empty() ? missing : ParseInt(text);
 }
 
-bool StartSwitch(ObjectHandle param, bool missing)
+bool StartSwitch(ConstHandle param, bool missing)
 {
     const std::string_view text = StartText(param);
     return text.empty() ? missing : EqualsIgnoreCase(text, "true") || ParseDouble(text) != 0;
 }
 
-Point StartPoint(ObjectHandle param, const Point& missing)
+Point StartPoint(ConstHandle param, const Point& missing)
 {
     const std::string_view start = param.GetProperty("StartKeyframe");
     if (const std::string_view field = KeyframeField(start, 1); !field.empty())
@@ -278,16 +278,16 @@ Point StartPoint(ObjectHandle param, const Point& missing)
     return current.find(':') == current.npos ? missing : ParsePoint(current, "");
 }
 
-double CurrentNumber(ObjectHandle param, double missing)
+double CurrentNumber(ConstHandle param, double missing)
 {
     const std::string_view current = param.GetProperty("CurrentValue");
     return current.empty() ? StartNumber(param, missing) : ParseDouble(current);
 }
 
-ObjectHandle FindParam(ObjectHandle params, std::string_view id)
+ConstHandle FindParam(ConstHandle params, std::string_view id)
 {
-    ObjectHandle found;
-    for (const ObjectHandle& param : params.GetChildren("Param"))
+    ConstHandle found;
+    for (const ConstHandle param : params.GetChildren("Param"))
         if (param.GetProperty("ParameterID") == id)
             found = param;
     return found;

@@ -69,7 +69,7 @@ ObjectHandle MakeBlob(Document& document, std::string_view name, std::string_vie
 ObjectHandle CopyProjectParam(Document& document, ObjectHandle parameter, Name element,
                               std::string_view classId);
 // The way out of the same: a `parameter` with the project's fields unchanged.
-ObjectHandle ExportProjectParam(Document& document, ObjectHandle param);
+ObjectHandle ExportProjectParam(Document& document, ConstHandle param);
 
 // The name under which findings tell of an effect: its `name`, else its id.
 std::string_view EffectName(ObjectHandle effect);
@@ -81,17 +81,17 @@ void CopyExpanded(ObjectHandle effect, ObjectHandle component);
 
 // Values of a project parameter as it was read: field 2 of `StartKeyframe`, else `CurrentValue`,
 // else `missing`.
-std::string_view StartText(ObjectHandle param, std::string_view missing = {});
-double StartNumber(ObjectHandle param, double missing);
-int StartInteger(ObjectHandle param, int missing);
-bool StartSwitch(ObjectHandle param, bool missing);
+std::string_view StartText(ConstHandle param, std::string_view missing = {});
+double StartNumber(ConstHandle param, double missing);
+int StartInteger(ConstHandle param, int missing);
+bool StartSwitch(ConstHandle param, bool missing);
 // `CurrentValue` counts only in the form "h:v": many points carry a meaningless "0,0" there.
-Point StartPoint(ObjectHandle param, const Point& missing);
+Point StartPoint(ConstHandle param, const Point& missing);
 // The other way round, for audio levels and pan.
-double CurrentNumber(ObjectHandle param, double missing);
+double CurrentNumber(ConstHandle param, double missing);
 
 // The `Param` of that `ParameterID` under a `Params` node, the last one; null without one.
-ObjectHandle FindParam(ObjectHandle params, std::string_view id);
+ConstHandle FindParam(ConstHandle params, std::string_view id);
 
 // Fields of an `xmeml` parameter; empty ones are left out.
 struct ParameterFields {

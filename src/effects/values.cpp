@@ -40,7 +40,7 @@ std::string PackedColour(const Colour& colour)
                         PackedChannel(colour.green) << 16 | PackedChannel(colour.blue));
 }
 
-std::string_view RawValue(ObjectHandle node)
+std::string_view RawValue(ConstHandle node)
 {
     const std::string_view text = node.GetChild("value").GetProperty("value");
     return Trimmed(text).empty() ? node.GetProperty("value") : text;

@@ -42,7 +42,7 @@ struct Colour {
 std::string PackedColour(const Colour& colour);
 
 // Text of the child `value`, else the property `value`, which nodes made in memory have.
-std::string_view RawValue(ObjectHandle node);
+std::string_view RawValue(ConstHandle node);
 // The same without blanks at both ends; empty means that there is no value.
 std::string_view PlainValue(ObjectHandle node);
 // The value, else that of the first keyframe that has one (several editors write keyframes only),

@@ -6,7 +6,7 @@
 
 namespace XPJ::RVX {
 
-ObjectHandle EffectSource::Param(std::string_view id) const
+ConstHandle EffectSource::Param(std::string_view id) const
 {
     return FindParam(ParamListOf(component), id);
 }
@@ -21,7 +21,7 @@ void WriteEffectHead(const EffectHead& head, ObjectHandle effect)
     effect.SetPropertyShared("mediatype", head.mediaType);
 }
 
-void WriteSwitches(ObjectHandle component, ObjectHandle effect)
+void WriteSwitches(ConstHandle component, ObjectHandle effect)
 {
     effect.SetPropertyShared("velaBypass",
                              IsTrue(ComponentCore(component), "Bypass") ? "true" : "false");
@@ -49,7 +49,7 @@ ObjectHandle FindEffect(ObjectHandle item, std::string_view effectId)
 
 ObjectHandle AddNumber(const EffectSource& source, const NumberRow& row, ObjectHandle effect)
 {
-    const ObjectHandle param = source.Param(row.param);
+    const ConstHandle param = source.Param(row.param);
     const double number = StartNumber(param, row.missing);
     const ObjectHandle parameter =
         AddParameter(source.document, effect,
@@ -70,7 +70,7 @@ Point FromCentre(const Point& point)
 
 ObjectHandle AddPoint(const EffectSource& source, const PointRow& row, ObjectHandle effect)
 {
-    const ObjectHandle param = source.Param(row.param);
+    const ConstHandle param = source.Param(row.param);
     const ObjectHandle parameter =
         AddParameter(source.document, effect, {.id = row.id, .name = row.name});
     AddPointValue(source.document, parameter, FromCentre(StartPoint(param, kFrameCentre)));

@@ -21,17 +21,17 @@ struct EffectHead {
 // An effect that is being written.
 struct EffectSource {
     Document& document; // of the result
-    ObjectHandle component;
+    ConstHandle component;
     Ticks frameTicks; // the frames in which its keyframes count
 
     // The last parameter of that `ParameterID`.
-    ObjectHandle Param(std::string_view id) const;
+    ConstHandle Param(std::string_view id) const;
 };
 
 // Name, id and kind. The texts must live as long as the document.
 void WriteEffectHead(const EffectHead& head, ObjectHandle effect);
 // Bypass and the unfolded state of a component.
-void WriteSwitches(ObjectHandle component, ObjectHandle effect);
+void WriteSwitches(ConstHandle component, ObjectHandle effect);
 // Puts a `filter` on an item and gives its `effect`.
 ObjectHandle AddFilter(Document& document, const EffectHead& head, ObjectHandle item);
 // The `effect` of an item that has the id; null without one.

@@ -95,7 +95,7 @@ struct SoundRates {
     double sampleRate = 48000;
 };
 
-SoundRates RatesOf(const ExportContext& context, const ItemRecord& record, ObjectHandle chain)
+SoundRates RatesOf(const ExportContext& context, const ItemRecord& record, ConstHandle chain)
 {
     SoundRates rates;
     if (!context.inTicks)
@@ -105,9 +105,9 @@ SoundRates RatesOf(const ExportContext& context, const ItemRecord& record, Objec
     return rates;
 }
 
-ObjectHandle ParamAt(ObjectHandle component, int position)
+ConstHandle ParamAt(ConstHandle component, int position)
 {
-    for (const ObjectHandle param : ParamsOf(component))
+    for (const ConstHandle param : ParamsOf(component))
         if (position-- == 0)
             return param;
     return {};
@@ -136,7 +136,7 @@ ObjectHandle AddNumber(Document& document, const ParameterForm& form, double val
 }
 
 void TranslateParam(ExportContext& context, const AudioParamRow& row, const SoundRates& rates,
-                    ObjectHandle param, ObjectHandle effect)
+                    ConstHandle param, ObjectHandle effect)
 {
     if (row.missing.empty() && StartText(param).empty())
         return;
@@ -148,7 +148,7 @@ void TranslateParam(ExportContext& context, const AudioParamRow& row, const Soun
 }
 
 void TranslateComponent(ExportContext& context, const AudioEffectRow& row, const SoundRates& rates,
-                        ObjectHandle component, ObjectHandle element)
+                        ConstHandle component, ObjectHandle element)
 {
     const ObjectHandle effect = AddFilter(context.document, row.head, element);
     WriteSwitches(component, effect);
@@ -180,9 +180,9 @@ void TranslateGain(ExportContext& context, const ItemRecord& record, ObjectHandl
 void TranslateAudioComponents(ExportContext& context, const TrackPlace& track,
                               const ItemRecord& record, ObjectHandle element)
 {
-    const ObjectHandle chain = ChainOfOwner(ItemCore(record.item));
+    const ConstHandle chain = ChainOfOwner(ItemCore(record.item));
     const SoundRates rates = RatesOf(context, record, chain);
-    for (const ObjectHandle component : ComponentsOf(chain)) {
+    for (const ConstHandle component : ComponentsOf(chain)) {
         const std::string_view matchName = ComponentMatchName(component);
         if (const AudioEffectRow* const row = FindRow(context, matchName))
             TranslateComponent(context, *row, rates, component, element);
@@ -207,7 +207,7 @@ void TranslatePan(ExportContext& context, const ItemRecord& record, ObjectHandle
     };
     constexpr AudioParamRow kRow{0, kPanForm,
                                  [](double value, double) { return PanOfProject(value); }};
-    const ObjectHandle param = ParamAt(PanProcessorOf(record.item), kRow.position);
+    const ConstHandle param = ParamAt(PanProcessorOf(record.item), kRow.position);
     for (const auto& [key, newKey] : kCarried)
         CopyProperty(param, key, element, newKey);
     if (!StartText(param).empty())
@@ -215,7 +215,7 @@ void TranslatePan(ExportContext& context, const ItemRecord& record, ObjectHandle
                        AddFilter(context.document, kPan, element));
 }
 
-void TranslateTrackVolume(ExportContext& context, ObjectHandle audioTrack, ObjectHandle element)
+void TranslateTrackVolume(ExportContext& context, ConstHandle audioTrack, ObjectHandle element)
 {
     constexpr double kAtRest = 1.0;
     const double volume = CurrentNumber(FaderParam(audioTrack, "Volume"), kAtRest);
@@ -225,9 +225,9 @@ void TranslateTrackVolume(ExportContext& context, ObjectHandle audioTrack, Objec
     AddNumber(context.document, kLevelForm, LevelOfFader(volume), effect);
 }
 
-void ReportMasterAudioEffects(ExportContext& context, ObjectHandle masterClip)
+void ReportMasterAudioEffects(ExportContext& context, ConstHandle masterClip)
 {
-    for (const ObjectHandle component : ComponentsOf(AudioChainOfMaster(masterClip)))
+    for (const ConstHandle component : ComponentsOf(AudioChainOfMaster(masterClip)))
         if (const std::string_view matchName = ComponentMatchName(component);
             !FindRow(context, matchName))
             AddIssue(context, ExportIssue::EffectNotTranslatedHeadless,

@@ -18,10 +18,10 @@ void TranslateAudioComponents(ExportContext& context, const TrackPlace& track,
 void TranslatePan(ExportContext& context, const ItemRecord& record, ObjectHandle element);
 
 // The fader of a track or of a group's master track, unless it is at rest.
-void TranslateTrackVolume(ExportContext& context, ObjectHandle audioTrack, ObjectHandle element);
+void TranslateTrackVolume(ExportContext& context, ConstHandle audioTrack, ObjectHandle element);
 
 // Reports the effects of a master's sound that documents have no word for. A `file` has no place
 // for any effect of its sound.
-void ReportMasterAudioEffects(ExportContext& context, ObjectHandle masterClip);
+void ReportMasterAudioEffects(ExportContext& context, ConstHandle masterClip);
 
 } // namespace XPJ::RVX

@@ -1,14 +1,14 @@
 #include "export/audio_items.h"
 
 #include "core/numbers.h"
+#include "export/audio_channels.h"
 #include "export/audio_effects.h"
-#include "export/channel_layout.h"
-#include "export/item_effects.h"
 #include "export/items.h"
 #include "export/links.h"
 #include "export/master_audio.h"
 #include "export/output_channels.h"
 #include "export/transitions.h"
+#include "export/video_items.h"
 
 #include <algorithm>
 
@@ -16,27 +16,27 @@ namespace XPJ::RVX {
 
 namespace {
 
-int ContentCount(ObjectHandle clip)
+int ContentCount(ConstHandle clip)
 {
     constexpr int kMost = 1024; // far more than a damaged project may mean
     int count = 0;
-    for ([[maybe_unused]] const ObjectHandle content : SecondaryContentsOf(clip))
+    for ([[maybe_unused]] const ConstHandle content : SecondaryContentsOf(clip))
         if (++count == kMost)
             break;
     return count;
 }
 
-bool IsUsed(ObjectHandle content)
+bool IsUsed(ConstHandle content)
 {
     return !IsNoIndex(content.GetProperty("ChannelIndex"));
 }
 
 // What the item plays on a channel of its track; null for nothing.
-ObjectHandle ContentOf(ObjectHandle clip, int channel)
+ConstHandle ContentOf(ConstHandle clip, int channel)
 {
-    for (const ObjectHandle content : SecondaryContentsOf(clip))
+    for (const ConstHandle content : SecondaryContentsOf(clip))
         if (channel-- == 0)
-            return IsUsed(content) ? content : ObjectHandle();
+            return IsUsed(content) ? content : ConstHandle();
     return {};
 }
 
@@ -47,15 +47,15 @@ std::string_view ChannelTypeName(int contents)
     return contents == 2 ? "stereo" : "adaptive";
 }
 
-MasterSound ReadMasterSound(ObjectHandle masterClip)
+MasterSound ReadMasterSound(ConstHandle masterClip)
 {
     MasterSound sound;
-    ObjectHandle first;
-    for (const ObjectHandle clip : ClipsOfMaster(masterClip)) {
+    ConstHandle first;
+    for (const ConstHandle clip : ClipsOfMaster(masterClip)) {
         if (!IsAudioClip(clip))
             continue;
         ++sound.clips;
-        const ObjectHandle medium = MediaOfSource(SourceOfClip(clip));
+        const ConstHandle medium = MediaOfSource(SourceOfClip(clip));
         if (!medium)
             continue;
         const std::int64_t stream = Int64Property(medium, "StreamNumber");
@@ -67,7 +67,7 @@ MasterSound ReadMasterSound(ObjectHandle masterClip)
     return sound;
 }
 
-const MasterSound& MasterSoundOf(ExportContext& context, ObjectHandle masterClip)
+const MasterSound& MasterSoundOf(ExportContext& context, ConstHandle masterClip)
 {
     const auto found = context.masterSounds.find(masterClip.UniqueId());
     if (found != context.masterSounds.end())
@@ -81,7 +81,7 @@ std::int64_t SourceTrack(ExportContext& context, const ItemRecord& record, int c
 {
     if (context.vl2snMode)
         return channel + 1;
-    const ObjectHandle content = ContentOf(record.clip, channel);
+    const ConstHandle content = ContentOf(record.clip, channel);
     if (!content)
         return record.medium ? AddTicks(Int64Property(record.clip, "SecondaryIndex"), 1)
                              : channel + 1;
@@ -92,7 +92,7 @@ std::int64_t SourceTrack(ExportContext& context, const ItemRecord& record, int c
         return AddTicks(Int64Property(content, "ChannelIndex"), 1);
     if (!sound.hasStreams)
         return AddTicks(Int64Property(record.clip, "SecondaryIndex"), 1);
-    const ObjectHandle medium = MediaOfSource(SourceOfContent(content));
+    const ConstHandle medium = MediaOfSource(SourceOfContent(content));
     return AddTicks(Int64Property(medium, "StreamNumber"), sound.firstStream == 1 ? 0 : 1);
 }
 
@@ -100,7 +100,7 @@ std::int64_t SourceTrack(ExportContext& context, const ItemRecord& record, int c
 void RegisterChannel(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
                      bool grouped, ObjectHandle element)
 {
-    const ObjectHandle core = ItemCore(record.item);
+    const ConstHandle core = ItemCore(record.item);
     if (!HasLinkGroup(context, core))
         OpenLinkGroup(context, core);
     RegisterLink(context, core, element, track, grouped);
@@ -132,11 +132,11 @@ void TranslateClipItem(ExportContext& context, TrackPlace& track, ItemRecord& re
 
 } // namespace
 
-std::uint32_t UsedChannels(ObjectHandle item)
+std::uint32_t UsedChannels(ConstHandle item)
 {
     std::uint32_t used = 0;
     int channel = 0;
-    for (const ObjectHandle content : SecondaryContentsOf(ClipOfSubClip(SubClipOf(item)))) {
+    for (const ConstHandle content : SecondaryContentsOf(ClipOfSubClip(SubClipOf(item)))) {
         if (channel == kMaxChannels)
             break;
         if (IsUsed(content))
@@ -146,7 +146,7 @@ std::uint32_t UsedChannels(ObjectHandle item)
     return channel == 0 ? 1U : used;
 }
 
-void TranslateAudioItem(ExportContext& context, TrackPlace& track, ObjectHandle item,
+void TranslateAudioItem(ExportContext& context, TrackPlace& track, ConstHandle item,
                         const ItemChannel& channel)
 {
     ItemRecord record = RecordOf(context, item, track);

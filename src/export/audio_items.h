@@ -1,7 +1,7 @@
 // Items of sound tracks.
 #pragma once
 
-#include "export/item_place.h"
+#include "export/track_context.h"
 
 #include <cstdint>
 
@@ -15,10 +15,10 @@ struct ItemChannel {
 
 // The channels of its track that an item plays, a bit for each; an item that states none plays the
 // first.
-std::uint32_t UsedChannels(ObjectHandle item);
+std::uint32_t UsedChannels(ConstHandle item);
 
 // Translates one channel of an item with the transitions that stand at it onto its track.
-void TranslateAudioItem(ExportContext& context, TrackPlace& track, ObjectHandle item,
+void TranslateAudioItem(ExportContext& context, TrackPlace& track, ConstHandle item,
                         const ItemChannel& channel);
 
 } // namespace XPJ::RVX

@@ -34,7 +34,7 @@ constexpr ChannelTypeRow kChannelTypes[] = {
     {kAdaptiveType, kMaxChannels, "SixteenChannel"},
 };
 
-const ChannelTypeRow& ChannelTypeOf(ObjectHandle audioTrack)
+const ChannelTypeRow& ChannelTypeOf(ConstHandle audioTrack)
 {
     const int type = IntProperty(audioTrack, "ChannelType");
     for (const ChannelTypeRow& row : kChannelTypes)
@@ -53,13 +53,13 @@ struct AudioGroup {
 };
 
 struct UsedItem {
-    ObjectHandle item;
+    ConstHandle item;
     std::uint32_t channels = 0; // a bit for each that it plays
 };
 
 struct AudioTrack {
-    ObjectHandle track;
-    ObjectHandle audioTrack;
+    ConstHandle track;
+    ConstHandle audioTrack;
     int index = 0; // from 0, in the project's group
     const ChannelTypeRow& type;
     int channels = 1; // of its type
@@ -67,7 +67,7 @@ struct AudioTrack {
     std::vector<UsedItem> items;
 };
 
-int AdaptiveChannelsOf(ObjectHandle group)
+int AdaptiveChannelsOf(ConstHandle group)
 {
     return HasValue(group, "NumAdaptiveChannels")
                ? std::clamp(IntProperty(group, "NumAdaptiveChannels"), 1, kMaxChannels)
@@ -97,29 +97,29 @@ int ExplodedCount(const ExportContext& context, const AudioTrack& track)
 }
 
 AudioTrack ReadTrack(const ExportContext& context, const AudioGroup& group,
-                     ObjectHandle projectTrack, int index)
+                     ConstHandle projectTrack, int index)
 {
-    const ObjectHandle audioTrack = AudioTrackOf(projectTrack);
+    const ConstHandle audioTrack = AudioTrackOf(projectTrack);
     AudioTrack track{.track = projectTrack,
                      .audioTrack = audioTrack,
                      .index = index,
                      .type = ChannelTypeOf(audioTrack),
                      .items = {}};
-    for (const ObjectHandle item : TrackItemsOf(projectTrack))
+    for (const ConstHandle item : TrackItemsOf(projectTrack))
         track.items.push_back({item, UsedChannels(item)});
     track.channels = ChannelCountOf(track.type, group.adaptiveChannels);
     track.exploded = ExplodedCount(context, track);
     return track;
 }
 
-bool IsMutedByFader(ObjectHandle audioTrack)
+bool IsMutedByFader(ConstHandle audioTrack)
 {
     return StartSwitch(FaderParam(audioTrack, "Mute"), false);
 }
 
 void WriteHandOffForm(const AudioTrack& track, ObjectHandle element)
 {
-    const ObjectHandle properties = TrackProperties(track.track);
+    const ConstHandle properties = TrackProperties(track.track);
     if (HasValue(properties, "MZ.TrackName"))
         element.SetProperty("name", EscapeXML(properties.GetProperty("MZ.TrackName")));
     else
@@ -181,7 +181,7 @@ void TranslateExploded(ExportContext& context, AudioGroup& group, const AudioTra
     group.audio.AddChild(track.track);
 }
 
-void TranslateAudioTrack(ExportContext& context, AudioGroup& group, ObjectHandle projectTrack,
+void TranslateAudioTrack(ExportContext& context, AudioGroup& group, ConstHandle projectTrack,
                          int index)
 {
     const AudioTrack track = ReadTrack(context, group, projectTrack, index);
@@ -191,7 +191,7 @@ void TranslateAudioTrack(ExportContext& context, AudioGroup& group, ObjectHandle
         TranslateExploded(context, group, track, assigned, channel);
 }
 
-ObjectHandle WriteFormat(ExportContext& context, const SequencePlace& sequence, ObjectHandle group)
+ObjectHandle WriteFormat(ExportContext& context, const SequencePlace& sequence, ConstHandle group)
 {
     const Ticks sampleTicks = RateOfGroup(group);
     if (sampleTicks == 0)
@@ -221,31 +221,31 @@ ObjectHandle WriteOutputs(ExportContext& context, int count)
     return outputs;
 }
 
-int OutputCountOf(const AudioGroup& group, ObjectHandle masterTrack)
+int OutputCountOf(const AudioGroup& group, ConstHandle masterTrack)
 {
     return masterTrack ? ChannelCountOf(ChannelTypeOf(masterTrack), group.adaptiveChannels) : 2;
 }
 
 } // namespace
 
-ObjectHandle FaderParam(ObjectHandle audioTrack, std::string_view name)
+ConstHandle FaderParam(ConstHandle audioTrack, std::string_view name)
 {
-    for (const ObjectHandle component : ComponentsOf(ChainOfOwner(audioTrack)))
+    for (const ConstHandle component : ComponentsOf(ChainOfOwner(audioTrack)))
         if (component.GetName() == "AudioFader")
-            for (const ObjectHandle param : ParamsOf(component))
+            for (const ConstHandle param : ParamsOf(component))
                 if (param.GetProperty("Name") == name)
                     return param;
     return {};
 }
 
 ObjectHandle TranslateAudioGroup(ExportContext& context, const SequencePlace& sequence,
-                                 ObjectHandle group)
+                                 ConstHandle group)
 {
     AudioGroup place{.sequence = sequence,
                      .adaptiveChannels = AdaptiveChannelsOf(group),
                      .outputs = OutputChannels(),
                      .audio = context.document.NewObject("audio")};
-    const ObjectHandle masterTrack = MasterAudioTrackOf(group);
+    const ConstHandle masterTrack = MasterAudioTrackOf(group);
     const int channels = OutputCountOf(place, masterTrack);
     // Outputs come in pairs, one at least; a hand-off states them as they are.
     const int outputs = context.vl2snMode ? channels : channels + channels % 2;
@@ -256,7 +256,7 @@ ObjectHandle TranslateAudioGroup(ExportContext& context, const SequencePlace& se
     place.audio.AddChild(WriteFormat(context, sequence, group));
     place.audio.AddChild(WriteOutputs(context, outputs));
     int index = 0;
-    for (const ObjectHandle track : TracksOf(group))
+    for (const ConstHandle track : TracksOf(group))
         TranslateAudioTrack(context, place, track, index++);
     return place.audio;
 }

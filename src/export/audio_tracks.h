@@ -2,7 +2,7 @@
 // one: each track is exploded into as many as it has channels, except in the hand-off form.
 #pragma once
 
-#include "export/item_place.h"
+#include "export/track_context.h"
 
 #include <string_view>
 
@@ -10,10 +10,10 @@ namespace XPJ::RVX {
 
 // The `audio` of an AudioTrackGroup, with its outputs and its tracks.
 ObjectHandle TranslateAudioGroup(ExportContext& context, const SequencePlace& sequence,
-                                 ObjectHandle group);
+                                 ConstHandle group);
 
 // A param of the fader of a track or of a group's master track; null without one.
 //   FaderParam(AudioTrackOf(track), "Mute")
-ObjectHandle FaderParam(ObjectHandle audioTrack, std::string_view name);
+ConstHandle FaderParam(ConstHandle audioTrack, std::string_view name);
 
 } // namespace XPJ::RVX

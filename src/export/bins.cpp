@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t kMaxBinDepth = 400;
 
 // Gives the new bin's `children`, empty for now.
-ObjectHandle TranslateBin(ExportContext& context, ObjectHandle binItem, ObjectHandle parentChildren)
+ObjectHandle TranslateBin(ExportContext& context, ConstHandle binItem, ObjectHandle parentChildren)
 {
     const ObjectHandle bin = context.document.NewObject("bin");
     bin.SetProperty("name", EscapeXML(ItemName(binItem)));
@@ -30,13 +30,13 @@ ObjectHandle TranslateBin(ExportContext& context, ObjectHandle binItem, ObjectHa
     return children;
 }
 
-bool ShowsSequence(ObjectHandle clipItem, const Guid& guid)
+bool ShowsSequence(ConstHandle clipItem, const Guid& guid)
 {
-    const ObjectHandle sequence = SequenceOfMaster(MasterOfItem(clipItem));
+    const ConstHandle sequence = SequenceOfMaster(MasterOfItem(clipItem));
     return StringToGUID(ObjectGuid(sequence)) == guid;
 }
 
-bool TranslateChosenSequence(ExportContext& context, ObjectHandle rootItem, const Guid& guid,
+bool TranslateChosenSequence(ExportContext& context, ConstHandle rootItem, const Guid& guid,
                              ObjectHandle children)
 {
     ItemWalk walk(rootItem);
@@ -51,15 +51,15 @@ bool TranslateChosenSequence(ExportContext& context, ObjectHandle rootItem, cons
 
 } // namespace
 
-void CollectProjectItems(ExportContext& context, ObjectHandle rootItem)
+void CollectProjectItems(ExportContext& context, ConstHandle rootItem)
 {
     ItemWalk walk(rootItem);
     while (const auto step = walk.Next())
-        if (const ObjectHandle master = MasterOfItem(step->item))
+        if (const ConstHandle master = MasterOfItem(step->item))
             context.projectItems.try_emplace(master.UniqueId(), step->item);
 }
 
-bool TranslateItems(ExportContext& context, ObjectHandle rootItem, const Guid& sequenceGuid,
+bool TranslateItems(ExportContext& context, ConstHandle rootItem, const Guid& sequenceGuid,
                     ObjectHandle children)
 {
     if (sequenceGuid != kZeroGuid)

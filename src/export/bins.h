@@ -6,11 +6,11 @@
 namespace XPJ::RVX {
 
 // Notes the first item of each master clip, for those who meet a master on a track.
-void CollectProjectItems(ExportContext& context, ObjectHandle rootItem);
+void CollectProjectItems(ExportContext& context, ConstHandle rootItem);
 
 // Translates what `rootItem` holds into a `children` element. With a sequence's GUID only the first
 // item that shows it is translated, without the bins around it. False when nothing was.
-bool TranslateItems(ExportContext& context, ObjectHandle rootItem, const Guid& sequenceGuid,
+bool TranslateItems(ExportContext& context, ConstHandle rootItem, const Guid& sequenceGuid,
                     ObjectHandle children);
 
 } // namespace XPJ::RVX

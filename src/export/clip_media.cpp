@@ -2,9 +2,9 @@
 
 #include "core/text.h"
 #include "export/files.h"
+#include "export/formats.h"
 #include "export/links.h"
 #include "export/master_audio.h"
-#include "export/picture_format.h"
 #include "project/accessors.h"
 
 #include <vector>
@@ -13,7 +13,7 @@ namespace XPJ::RVX {
 
 namespace {
 
-ObjectHandle TranslatePicture(ExportContext& context, ObjectHandle masterClip,
+ObjectHandle TranslatePicture(ExportContext& context, ConstHandle masterClip,
                               const MasterMedia& media)
 {
     const ObjectHandle item = NewClipItem(context, masterClip, media.medium);
@@ -65,7 +65,7 @@ void AddClipItemLinks(ExportContext& context, ObjectHandle media)
 
 } // namespace
 
-ObjectHandle NewClipItem(ExportContext& context, ObjectHandle masterClip, ObjectHandle medium)
+ObjectHandle NewClipItem(ExportContext& context, ConstHandle masterClip, ConstHandle medium)
 {
     const ObjectHandle item = context.document.NewObject("clipitem");
     item.SetProperty("id", NewId(context, "clipitem-", context.ids.clipItem));
@@ -77,11 +77,11 @@ ObjectHandle NewClipItem(ExportContext& context, ObjectHandle masterClip, Object
     return item;
 }
 
-ObjectHandle TranslateClipMedia(ExportContext& context, ObjectHandle masterClip,
+ObjectHandle TranslateClipMedia(ExportContext& context, ConstHandle masterClip,
                                 const MasterMedia& media, ObjectHandle& file)
 {
     const ObjectHandle result = context.document.NewObject("media");
-    const ObjectHandle picture = VideoStreamOf(media.medium);
+    const ConstHandle picture = VideoStreamOf(media.medium);
     if (picture.GetName() == "CaptioningStream")
         return result;
     if (picture)

@@ -20,7 +20,7 @@ constexpr CommentKey kCommentKeys[] = {
 // The host's own column has no field in a document, but makes `comments` appear.
 constexpr Name kCommentColumn = "Column.PropertyText.Comment";
 
-void WriteLabel(ExportContext& context, ObjectHandle properties, Name key, ObjectHandle element)
+void WriteLabel(ExportContext& context, ConstHandle properties, Name key, ObjectHandle element)
 {
     if (!properties.HasProperty(key))
         return;
@@ -33,18 +33,18 @@ void WriteLabel(ExportContext& context, ObjectHandle properties, Name key, Objec
 
 } // namespace
 
-void WriteItemLabel(ExportContext& context, ObjectHandle itemProperties, ObjectHandle element)
+void WriteItemLabel(ExportContext& context, ConstHandle itemProperties, ObjectHandle element)
 {
     WriteLabel(context, itemProperties, "Column.PropertyText.Label", element);
 }
 
-void WriteClipLabel(ExportContext& context, ObjectHandle clipProperties, ObjectHandle element)
+void WriteClipLabel(ExportContext& context, ConstHandle clipProperties, ObjectHandle element)
 {
     if (!element.HasChild("labels"))
         WriteLabel(context, clipProperties, "hfl.clip.label.name", element);
 }
 
-void WriteComments(ExportContext& context, ObjectHandle itemProperties, ObjectHandle element)
+void WriteComments(ExportContext& context, ConstHandle itemProperties, ObjectHandle element)
 {
     const ObjectHandle comments = context.document.NewObject("comments");
     bool any = itemProperties.HasProperty(kCommentColumn);

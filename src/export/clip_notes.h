@@ -6,10 +6,10 @@
 namespace XPJ::RVX {
 
 // Attaches `labels` for a label of the browser; one that the table doesn't know leaves them empty.
-void WriteItemLabel(ExportContext& context, ObjectHandle itemProperties, ObjectHandle element);
+void WriteItemLabel(ExportContext& context, ConstHandle itemProperties, ObjectHandle element);
 // The same for the label of a clip, unless the element has `labels`.
-void WriteClipLabel(ExportContext& context, ObjectHandle clipProperties, ObjectHandle element);
+void WriteClipLabel(ExportContext& context, ConstHandle clipProperties, ObjectHandle element);
 // Attaches `comments` if the item has any comment.
-void WriteComments(ExportContext& context, ObjectHandle itemProperties, ObjectHandle element);
+void WriteComments(ExportContext& context, ConstHandle itemProperties, ObjectHandle element);
 
 } // namespace XPJ::RVX

@@ -5,7 +5,7 @@
 #include "export/clip_notes.h"
 #include "export/logging.h"
 #include "export/markers.h"
-#include "export/master_media.h"
+#include "export/media.h"
 #include "export/rates.h"
 #include "export/sequences.h"
 #include "project/accessors.h"
@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kVideoTrackKind = 1;
 
-void WriteRangePoint(const ExportContext& context, ObjectHandle core, Name key, Ticks frameTicks,
+void WriteRangePoint(const ExportContext& context, ConstHandle core, Name key, Ticks frameTicks,
                      ObjectHandle element, Name newKey)
 {
     const Ticks point = Int64Property(core, key);
@@ -27,7 +27,7 @@ void WriteRangePoint(const ExportContext& context, ObjectHandle core, Name key, 
         element.SetProperty(newKey, TimeText(context, point, frameTicks));
 }
 
-void WriteClipRange(const ExportContext& context, ObjectHandle core, Ticks frameTicks,
+void WriteClipRange(const ExportContext& context, ConstHandle core, Ticks frameTicks,
                     ObjectHandle element)
 {
     WriteRangePoint(context, core, "InPoint", frameTicks, element, "in");
@@ -35,13 +35,13 @@ void WriteClipRange(const ExportContext& context, ObjectHandle core, Ticks frame
 }
 
 // The frames of the master's range: of its clip, else of the sequence that it shows.
-Ticks RangeRate(ObjectHandle masterClip, ObjectHandle sequence)
+Ticks RangeRate(ConstHandle masterClip, ConstHandle sequence)
 {
     const Ticks own = Int64Property(ClipCore(MainClip(masterClip)), "FrameRate");
     return IsRate(own) ? own : FrameTicksOfSequence(sequence);
 }
 
-void TranslateSequenceItem(ExportContext& context, ObjectHandle clipItem, ObjectHandle sequence,
+void TranslateSequenceItem(ExportContext& context, ConstHandle clipItem, ConstHandle sequence,
                            ObjectHandle children)
 {
     const std::string_view writtenId = FindNote(context.sequenceIds, sequence);
@@ -51,7 +51,7 @@ void TranslateSequenceItem(ExportContext& context, ObjectHandle clipItem, Object
         children.AddChild(reference);
         return;
     }
-    const ObjectHandle masterClip = MasterOfItem(clipItem);
+    const ConstHandle masterClip = MasterOfItem(clipItem);
     const ObjectHandle result = TranslateSequence(context, sequence, masterClip);
     result.SetProperty("name", EscapeXML(ItemName(clipItem)));
     WriteItemLabel(context, ItemProperties(clipItem), result);
@@ -64,39 +64,39 @@ void TranslateSequenceItem(ExportContext& context, ObjectHandle clipItem, Object
                  {.clip = sequence.GetProperty("Name"), .trackKind = kVideoTrackKind, .time = {}});
 }
 
-std::string_view ClipName(ObjectHandle masterClip, ObjectHandle clipItem)
+std::string_view ClipName(ConstHandle masterClip, ConstHandle clipItem)
 {
     const std::string_view name = masterClip.GetProperty("Name");
     return name.empty() ? ItemName(clipItem) : name;
 }
 
 // The import leaves the markers of a clip to its sound, where it has sound.
-ObjectHandle MarkedCore(ObjectHandle masterClip)
+ConstHandle MarkedCore(ConstHandle masterClip)
 {
-    const ObjectHandle main = ClipCore(MainClip(masterClip));
-    const ChildRange markers = MarkerEntriesOf(main);
+    const ConstHandle main = ClipCore(MainClip(masterClip));
+    const ConstChildRange markers = MarkerEntriesOf(main);
     return markers.begin() != markers.end() ? main : ClipCore(FirstAudioClip(masterClip));
 }
 
 // What the master's picture and its sound say of the clip.
-void TranslateClips(ExportContext& context, ObjectHandle masterClip, Ticks frameTicks,
+void TranslateClips(ExportContext& context, ConstHandle masterClip, Ticks frameTicks,
                     ObjectHandle result)
 {
-    const ObjectHandle main = MainClip(masterClip);
+    const ConstHandle main = MainClip(masterClip);
     if (IsVideoClip(main)) {
         result.SetProperty("scaleToFrameSize", IsTrue(main, "ScaleToFrameSize") ? "TRUE" : "FALSE");
         WriteClipLabel(context, ClipProperties(main), result);
     }
-    const ObjectHandle marked = MarkedCore(masterClip);
+    const ConstHandle marked = MarkedCore(masterClip);
     const Ticks in = std::max<Ticks>(Int64Property(marked, "InPoint"), 0);
     TranslateMarkers(context, {.owner = marked, .frameTicks = frameTicks, .offset = in}, result);
     WriteClipRange(context, ClipCore(main), frameTicks, result);
 }
 
-void TranslateMediaItem(ExportContext& context, ObjectHandle clipItem, MasterMedia media,
+void TranslateMediaItem(ExportContext& context, ConstHandle clipItem, MasterMedia media,
                         ObjectHandle children)
 {
-    const ObjectHandle masterClip = MasterOfItem(clipItem);
+    const ConstHandle masterClip = MasterOfItem(clipItem);
     const std::string_view id = MasterClipId(context, masterClip);
     if (id.empty())
         return;
@@ -120,9 +120,9 @@ void TranslateMediaItem(ExportContext& context, ObjectHandle clipItem, MasterMed
 
 } // namespace
 
-void TranslateMasterClip(ExportContext& context, ObjectHandle clipItem, ObjectHandle children)
+void TranslateMasterClip(ExportContext& context, ConstHandle clipItem, ObjectHandle children)
 {
-    const ObjectHandle masterClip = MasterOfItem(clipItem);
+    const ConstHandle masterClip = MasterOfItem(clipItem);
     const MasterMedia media = MediaOfMaster(context, masterClip);
     if (media.medium)
         TranslateMediaItem(context, clipItem, media, children);

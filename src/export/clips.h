@@ -8,6 +8,6 @@ namespace XPJ::RVX {
 // Adds the `clip` or `sequence` of a ClipProjectItem to a `children` element, or a reference to a
 // sequence that is written already. A master without media or sequence, a colour matte and a
 // graphic add nothing.
-void TranslateMasterClip(ExportContext& context, ObjectHandle clipItem, ObjectHandle children);
+void TranslateMasterClip(ExportContext& context, ConstHandle clipItem, ObjectHandle children);
 
 } // namespace XPJ::RVX

@@ -46,7 +46,7 @@ Colour MatteColour(std::string_view importerPrefs)
     return {.red = bytes[0], .green = bytes[1], .blue = bytes[2], .alpha = bytes[3]};
 }
 
-ObjectHandle ColorMatteEffect(ExportContext& context, ObjectHandle medium)
+ObjectHandle ColorMatteEffect(ExportContext& context, ConstHandle medium)
 {
     const Colour colour = MatteColour(medium.GetProperty("ImporterPrefs"));
     const ObjectHandle effect = context.document.NewObject("effect");

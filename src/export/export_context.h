@@ -36,8 +36,8 @@ struct LinkGroup {
 
 // A sequence that an item refers to and that is still to be written.
 struct PostponedSequence {
-    ObjectHandle sequence;
-    ObjectHandle masterClip;
+    ConstHandle sequence;
+    ConstHandle masterClip;
 };
 
 // Ticks; -1 where the project states nothing.
@@ -52,9 +52,9 @@ struct ClipBoundaries {
 // What the clips of a master show: of each the first that there is. `ticksPerFrame` is left to
 // those whose frames they are.
 struct MasterMedia {
-    ObjectHandle medium; // a Media
+    ConstHandle medium; // a Media
     ClipBoundaries boundaries;
-    ObjectHandle sequence;
+    ConstHandle sequence;
 };
 
 // How items name the channels of a master.
@@ -88,7 +88,7 @@ struct ExportContext {
     ByNode<std::string_view> sequenceIds;   // Sequence: `id` of its `sequence`
     ByNode<ObjectHandle> files;             // Media: its `file`
     ByNode<std::string_view> masterClipIds; // MasterClip; by MasterClipId
-    ByNode<ObjectHandle> projectItems;      // MasterClip: the first item of the browser showing it
+    ByNode<ConstHandle> projectItems;       // MasterClip: the first item of the browser showing it
     ByNode<MasterMedia> masterMedia;        // MasterClip; by MediaOfMaster
     ByNode<MasterSound> masterSounds;       // MasterClip; read on first demand
     ByNode<FrameSize> sequenceFrames;       // Sequence; by FrameOfSequence
@@ -106,7 +106,7 @@ std::string_view NewId(ExportContext& context, std::string_view prefix, std::int
 
 // The value noted for a node; empty if there is none.
 template <class Value>
-Value FindNote(const std::unordered_map<std::uint64_t, Value>& notes, ObjectHandle node)
+Value FindNote(const std::unordered_map<std::uint64_t, Value>& notes, ConstHandle node)
 {
     const auto found = notes.find(node.UniqueId());
     return found == notes.end() ? Value() : found->second;

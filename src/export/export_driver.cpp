@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kExpectedVersion = 3;
 
-void CheckVersion(ObjectHandle root, IssueSet& issues)
+void CheckVersion(ConstHandle root, IssueSet& issues)
 {
     if (IntProperty(root, "Version") == kExpectedVersion)
         return;
@@ -25,7 +25,7 @@ void CheckVersion(ObjectHandle root, IssueSet& issues)
 }
 
 // `children` stays away when nothing is in it.
-void TranslateRootItem(ExportContext& context, ObjectHandle rootItem, const Guid& sequenceGuid,
+void TranslateRootItem(ExportContext& context, ConstHandle rootItem, const Guid& sequenceGuid,
                        ObjectHandle project)
 {
     const ObjectHandle children = context.document.NewObject("children");
@@ -34,7 +34,7 @@ void TranslateRootItem(ExportContext& context, ObjectHandle rootItem, const Guid
         project.AddChild(children);
 }
 
-int TranslateProject(ExportContext& context, ObjectHandle source, const ExportOptions& options,
+int TranslateProject(ExportContext& context, ConstHandle source, const ExportOptions& options,
                      ObjectHandle& project)
 {
     StageScope stage(context.progress, 1, 3);
@@ -51,12 +51,12 @@ int TranslateProject(ExportContext& context, ObjectHandle source, const ExportOp
 
 } // namespace
 
-int TranslateProjectDocument(ObjectHandle root, const ExportOptions& options, Progress& progress,
+int TranslateProjectDocument(ConstHandle root, const ExportOptions& options, Progress& progress,
                              Document& document, IssueSet& issues, ObjectHandle& xmeml,
                              SkippedList* skipped)
 {
     CheckVersion(root, issues);
-    const ObjectHandle source = root.GetChild("Project");
+    const ConstHandle source = root.GetChild("Project");
     if (!source)
         return kNoFCPDataFound;
 

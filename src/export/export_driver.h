@@ -29,7 +29,7 @@ struct ExportOptions {
 // Translates `root`, a parsed `VelaData` element, into an `xmeml` node made in `document`.
 // Gives a ConversionResult; findings go into `issues`, items without media into `skipped`.
 // Throws DocumentFault, with what is at fault, for frames or samples of no length.
-int TranslateProjectDocument(ObjectHandle root, const ExportOptions& options, Progress& progress,
+int TranslateProjectDocument(ConstHandle root, const ExportOptions& options, Progress& progress,
                              Document& document, IssueSet& issues, ObjectHandle& xmeml,
                              SkippedList* skipped = nullptr);
 

@@ -5,10 +5,10 @@
 #include "core/paths.h"
 #include "core/text.h"
 #include "effects/legacy_title_reader.h"
+#include "export/audio_channels.h"
 #include "export/audio_effects.h"
-#include "export/channel_layout.h"
-#include "export/master_media.h"
-#include "export/picture_format.h"
+#include "export/formats.h"
+#include "export/media.h"
 #include "export/rates.h"
 #include "export/video_effects.h"
 #include "project/accessors.h"
@@ -21,13 +21,13 @@ namespace {
 
 // A Media and the master clip through which it was reached.
 struct FileSource {
-    ObjectHandle medium;
-    ObjectHandle masterClip;
-    ObjectHandle picture;
-    ObjectHandle sound;
+    ConstHandle medium;
+    ConstHandle masterClip;
+    ConstHandle picture;
+    ConstHandle sound;
 };
 
-FileSource MakeFileSource(ObjectHandle medium, ObjectHandle masterClip)
+FileSource MakeFileSource(ConstHandle medium, ConstHandle masterClip)
 {
     FileSource source{medium, masterClip, VideoStreamOf(medium), AudioStreamOf(medium)};
     // Where every channel is a stream of its own, the sound hangs on other media than the picture.
@@ -72,7 +72,7 @@ std::int64_t FileDuration(const ExportContext& context, const FileSource& source
 
 // A title's words tell it from others, which mostly have the name of their generator.
 //   "Lower 3rd: Anna Lee / Editor"
-std::string NameOfTitle(ObjectHandle medium)
+std::string NameOfTitle(ConstHandle medium)
 {
     constexpr std::size_t kLongest = 120; // bytes of words
     const std::string document = DecodeBase64(medium.GetProperty("ImporterPrefs"));
@@ -89,7 +89,7 @@ std::string NameOfTitle(ObjectHandle medium)
     return name.append(name.empty() ? "" : ": ").append(words);
 }
 
-std::string_view SyntheticSource(ExportContext& context, ObjectHandle medium, MediumKind kind)
+std::string_view SyntheticSource(ExportContext& context, ConstHandle medium, MediumKind kind)
 {
     if (kind == MediumKind::BarsAndTone)
         return "BarsAndTone";
@@ -102,7 +102,7 @@ std::string_view SyntheticSource(ExportContext& context, ObjectHandle medium, Me
     return "Slug";
 }
 
-void WriteSource(ExportContext& context, ObjectHandle medium, ObjectHandle file)
+void WriteSource(ExportContext& context, ConstHandle medium, ObjectHandle file)
 {
     const MediumKind kind = MediumKindOf(medium);
     if (kind != MediumKind::File) {
@@ -117,7 +117,7 @@ void WriteSource(ExportContext& context, ObjectHandle medium, ObjectHandle file)
 
 ObjectHandle TranslatePicture(ExportContext& context, const FileSource& source, Ticks rate)
 {
-    const ObjectHandle stream = source.picture;
+    const ConstHandle stream = source.picture;
     PictureFormat format;
     format.frameTicks = rate;
     format.frameRect = stream.GetProperty("FrameRect");
@@ -156,7 +156,7 @@ ObjectHandle TranslateSound(ExportContext& context, const FileSource& source)
 // The import keeps the timecode of a tape in the logging record alone.
 Ticks StartOfMedium(const FileSource& source)
 {
-    const ObjectHandle medium = source.medium;
+    const ConstHandle medium = source.medium;
     const Ticks start = Int64Property(
         medium, IsTrue(medium, "UseAlternateStart") ? Name("AlternateStart") : Name("Start"));
     const Ticks logged = Int64Property(LoggingInfoOf(source.masterClip), "MediaInPoint");
@@ -191,8 +191,8 @@ ObjectHandle TranslateFile(ExportContext& context, const FileSource& source)
 
 } // namespace
 
-ObjectHandle FileFor(ExportContext& context, ObjectHandle element, ObjectHandle medium,
-                     ObjectHandle masterClip)
+ObjectHandle FileFor(ExportContext& context, ObjectHandle element, ConstHandle medium,
+                     ConstHandle masterClip)
 {
     if (const ObjectHandle written = FindNote(context.files, medium)) {
         element.SetPropertyShared("fileid", written.GetProperty("id"));

@@ -34,7 +34,7 @@ bool IsLost(Ticks edge, const ItemTiming& timing)
 
 // Gives how far the transition at this edge reaches beyond it; 0 without one.
 //   |   item   |=====|      end -1, delta = end of the transition - End
-Ticks WriteEdge(ExportContext& context, ObjectHandle trackItem, ObjectHandle transition,
+Ticks WriteEdge(ExportContext& context, ConstHandle trackItem, ConstHandle transition,
                 Name projectKey, Name key, Name exactKey, const ItemTiming& timing,
                 ObjectHandle element)
 {
@@ -51,7 +51,7 @@ Ticks WriteEdge(ExportContext& context, ObjectHandle trackItem, ObjectHandle tra
 
 // Gives the point in the form at hand, as far on in the source as `delta` is in the sequence; a
 // clip that doesn't state it leaves it open.
-std::int64_t WritePoint(ExportContext& context, ObjectHandle core, Name projectKey, Ticks delta,
+std::int64_t WritePoint(ExportContext& context, ConstHandle core, Name projectKey, Ticks delta,
                         double speed, Ticks rate, Name ticksKey, ObjectHandle element)
 {
     if (!core.HasProperty(projectKey) || Int64Property(core, projectKey) < 0)
@@ -64,7 +64,7 @@ std::int64_t WritePoint(ExportContext& context, ObjectHandle core, Name projectK
 }
 
 // The length that the speed keyframes state, with the last of them, or else the source's.
-std::int64_t PlayedLength(const ExportContext& context, ObjectHandle clip, const ItemTiming& timing)
+std::int64_t PlayedLength(const ExportContext& context, ConstHandle clip, const ItemTiming& timing)
 {
     const std::vector<SpeedPoint> points = ParseSpeedKeyframes(SpeedKeyframesOf(clip));
     if (points.empty())
@@ -77,7 +77,7 @@ std::int64_t PlayedLength(const ExportContext& context, ObjectHandle clip, const
 
 } // namespace
 
-void WriteEdges(ExportContext& context, ObjectHandle trackItem, ItemTiming& timing,
+void WriteEdges(ExportContext& context, ConstHandle trackItem, ItemTiming& timing,
                 ObjectHandle element)
 {
     timing.startDelta = WriteEdge(context, trackItem, HeadTransitionOf(trackItem), "Start", "start",
@@ -86,26 +86,26 @@ void WriteEdges(ExportContext& context, ObjectHandle trackItem, ItemTiming& timi
                                 "velaTicksEnd", timing, element);
 }
 
-void ReadSpeed(const ExportContext& context, ObjectHandle clip, ItemTiming& timing)
+void ReadSpeed(const ExportContext& context, ConstHandle clip, ItemTiming& timing)
 {
-    const ObjectHandle core = ClipCore(clip);
+    const ConstHandle core = ClipCore(clip);
     const double speed = DoubleProperty(core, "PlaybackSpeed");
     timing.speed = speed > 0 ? speed : 1.0;
     timing.reverse = IsTrue(core, "PlayBackwards");
     timing.frameBlend = clip.HasProperty("TimeInterpolationType") &&
                         clip.GetProperty("TimeInterpolationType") != "0";
-    const ObjectHandle source = SourceOfClip(clip);
+    const ConstHandle source = SourceOfClip(clip);
     if (source.HasProperty("OriginalDuration"))
         timing.originalDuration =
             TimeOf(context, Int64Property(source, "OriginalDuration"), timing.rate);
 }
 
-void WriteRange(ExportContext& context, ObjectHandle clip, double speed, const ItemTiming& timing,
+void WriteRange(ExportContext& context, ConstHandle clip, double speed, const ItemTiming& timing,
                 ObjectHandle element)
 {
     std::int64_t in = kOpen;
     std::int64_t out = kOpen;
-    const ObjectHandle core = ClipCore(clip);
+    const ConstHandle core = ClipCore(clip);
     if (core) {
         in = WritePoint(context, core, "InPoint", timing.startDelta, speed, timing.rate,
                         "velaTicksIn", element);
@@ -124,7 +124,7 @@ void WriteRange(ExportContext& context, ObjectHandle clip, double speed, const I
     }
 }
 
-void WriteDuration(ExportContext& context, ObjectHandle clip, ItemTiming& timing,
+void WriteDuration(ExportContext& context, ConstHandle clip, ItemTiming& timing,
                    ObjectHandle element)
 {
     const std::int64_t length = PlayedLength(context, clip, timing);

@@ -24,19 +24,19 @@ struct ItemTiming {
 
 // Writes `start` and `end`: -1 where a transition covers the edge, whose distance is kept. They
 // count in the item's rate; an edge that is lost between its frames is stated exactly as well.
-void WriteEdges(ExportContext& context, ObjectHandle trackItem, ItemTiming& timing,
+void WriteEdges(ExportContext& context, ConstHandle trackItem, ItemTiming& timing,
                 ObjectHandle element);
 
 // Takes speed, direction, blending and the source's length from a VideoClip or AudioClip.
-void ReadSpeed(const ExportContext& context, ObjectHandle clip, ItemTiming& timing);
+void ReadSpeed(const ExportContext& context, ConstHandle clip, ItemTiming& timing);
 
 // Writes `in`, `out` and their exact ticks. They reach as far as the transitions at the edges, and
 // count in what plays at `speed`; sound, which is not stretched, passes 1.
-void WriteRange(ExportContext& context, ObjectHandle clip, double speed, const ItemTiming& timing,
+void WriteRange(ExportContext& context, ConstHandle clip, double speed, const ItemTiming& timing,
                 ObjectHandle element);
 
 // Writes `duration`, and keeps it with `ratio`.
-void WriteDuration(ExportContext& context, ObjectHandle clip, ItemTiming& timing,
+void WriteDuration(ExportContext& context, ConstHandle clip, ItemTiming& timing,
                    ObjectHandle element);
 
 } // namespace XPJ::RVX

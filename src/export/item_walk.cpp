@@ -4,26 +4,26 @@
 
 namespace XPJ::RVX {
 
-bool IsBinItem(ObjectHandle item)
+bool IsBinItem(ConstHandle item)
 {
     return item.GetName() == "BinProjectItem";
 }
 
-bool IsClipItem(ObjectHandle item)
+bool IsClipItem(ConstHandle item)
 {
     return item.GetName() == "ClipProjectItem";
 }
 
-void ItemWalk::Enter(ObjectHandle bin)
+void ItemWalk::Enter(ConstHandle bin)
 {
     levels_.push_back(ItemList(bin).GetChildren().begin());
 }
 
 std::optional<ItemWalk::Step> ItemWalk::Next()
 {
-    const ChildRange::Iterator end = ChildRange(nullptr).end();
+    const ConstChildRange::Iterator end = ConstChildRange(nullptr).end();
     while (!levels_.empty()) {
-        ChildRange::Iterator& next = levels_.back();
+        ConstChildRange::Iterator& next = levels_.back();
         if (!(next != end)) {
             levels_.pop_back();
             continue;

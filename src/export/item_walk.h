@@ -15,23 +15,23 @@ namespace XPJ::RVX {
 class ItemWalk {
 public:
     struct Step {
-        ObjectHandle item;
+        ConstHandle item;
         std::size_t depth = 0; // 0 right under the root item
     };
 
-    explicit ItemWalk(ObjectHandle rootItem) { Enter(rootItem); }
+    explicit ItemWalk(ConstHandle rootItem) { Enter(rootItem); }
 
     // Nothing at the end. After a bin come its items.
     std::optional<Step> Next();
 
 private:
-    void Enter(ObjectHandle bin);
+    void Enter(ConstHandle bin);
 
-    std::vector<ChildRange::Iterator> levels_; // the next item of each
+    std::vector<ConstChildRange::Iterator> levels_; // the next item of each
     NodeSet bins_;
 };
 
-bool IsBinItem(ObjectHandle item);
-bool IsClipItem(ObjectHandle item);
+bool IsBinItem(ConstHandle item);
+bool IsClipItem(ConstHandle item);
 
 } // namespace XPJ::RVX

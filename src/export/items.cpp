@@ -4,14 +4,14 @@
 #include "export/clip_notes.h"
 #include "export/color_matte.h"
 #include "export/files.h"
-#include "export/item_effects.h"
+#include "export/formats.h"
 #include "export/links.h"
 #include "export/logging.h"
 #include "export/markers.h"
-#include "export/picture_format.h"
 #include "export/rates.h"
 #include "export/sequences.h"
 #include "export/transitions.h"
+#include "export/video_items.h"
 
 namespace XPJ::RVX {
 
@@ -23,9 +23,9 @@ bool ShowsCaptions(const ItemRecord& record)
 }
 
 // A still counts in the frames of the sequence.
-Ticks RateOfItem(ObjectHandle medium, const TrackPlace& track)
+Ticks RateOfItem(ConstHandle medium, const TrackPlace& track)
 {
-    const ObjectHandle stream = VideoStreamOf(medium);
+    const ConstHandle stream = VideoStreamOf(medium);
     const Ticks rate = Int64Property(stream, "FrameRate");
     return IsRate(rate) && !IsTrue(stream, "IsStill") ? rate : track.sequence.frameTicks;
 }
@@ -36,7 +36,7 @@ void WriteFile(ExportContext& context, const ItemRecord& record, ObjectHandle el
     const TimeFormScope form(context, context.vl2snMode);
     const ObjectHandle file = FileFor(context, element, record.medium, record.masterClip);
     TranslateLoggingInfo(context, record.masterClip, file, element);
-    const ObjectHandle projectItem = FindNote(context.projectItems, record.masterClip);
+    const ConstHandle projectItem = FindNote(context.projectItems, record.masterClip);
     if (!projectItem)
         return;
     if (MediumKindOf(record.medium) == MediumKind::Graphic)
@@ -84,10 +84,10 @@ void TranslateMatte(ExportContext& context, TrackPlace& track, ItemRecord& recor
 
 } // namespace
 
-ItemRecord RecordOf(ExportContext& context, ObjectHandle item, const TrackPlace& track)
+ItemRecord RecordOf(ExportContext& context, ConstHandle item, const TrackPlace& track)
 {
-    const ObjectHandle subClip = SubClipOf(item);
-    const ObjectHandle masterClip = MasterOfSubClip(subClip);
+    const ConstHandle subClip = SubClipOf(item);
+    const ConstHandle masterClip = MasterOfSubClip(subClip);
     const MasterMedia& source = MediaOfMaster(context, masterClip);
     ItemRecord record{.item = item,
                       .subClip = subClip,
@@ -142,20 +142,20 @@ void ReadClipOptions(ExportContext& context, ItemRecord& record, ObjectHandle el
                      element);
 }
 
-void TranslateHeadTransition(ExportContext& context, TrackPlace& track, ObjectHandle item)
+void TranslateHeadTransition(ExportContext& context, TrackPlace& track, ConstHandle item)
 {
-    const ObjectHandle transition = HeadTransitionOf(item);
+    const ConstHandle transition = HeadTransitionOf(item);
     if (!IsTrue(TransitionCore(transition), "HasOutgoingClip") ||
         transition.UniqueId() != track.lastTransition.UniqueId())
         TranslateTransition(context, track, transition);
 }
 
-void TranslateTailTransition(ExportContext& context, TrackPlace& track, ObjectHandle item)
+void TranslateTailTransition(ExportContext& context, TrackPlace& track, ConstHandle item)
 {
     TranslateTransition(context, track, TailTransitionOf(item));
 }
 
-void TranslateVideoItem(ExportContext& context, TrackPlace& track, ObjectHandle item)
+void TranslateVideoItem(ExportContext& context, TrackPlace& track, ConstHandle item)
 {
     ItemRecord record = RecordOf(context, item, track);
     if (!record.subClip || ShowsCaptions(record))

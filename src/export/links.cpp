@@ -47,24 +47,24 @@ void ResolveGroup(const LinkGroup& group)
 
 } // namespace
 
-void OpenLinkGroup(ExportContext& context, ObjectHandle itemCore)
+void OpenLinkGroup(ExportContext& context, ConstHandle itemCore)
 {
     context.linkGroupOfItem[itemCore.UniqueId()] = context.linkGroups.size();
     context.linkGroups.emplace_back();
 }
 
 // An item that several links name belongs to the last of them.
-void OpenLinkGroups(ExportContext& context, ObjectHandle sequence)
+void OpenLinkGroups(ExportContext& context, ConstHandle sequence)
 {
-    for (const ObjectHandle link : LinksOf(sequence)) {
-        for (const ObjectHandle item : LinkedItemsOf(link))
-            if (const ObjectHandle core = ItemCore(item))
+    for (const ConstHandle link : LinksOf(sequence)) {
+        for (const ConstHandle item : LinkedItemsOf(link))
+            if (const ConstHandle core = ItemCore(item))
                 context.linkGroupOfItem[core.UniqueId()] = context.linkGroups.size();
         context.linkGroups.emplace_back();
     }
 }
 
-bool HasLinkGroup(const ExportContext& context, ObjectHandle itemCore)
+bool HasLinkGroup(const ExportContext& context, ConstHandle itemCore)
 {
     return context.linkGroupOfItem.contains(itemCore.UniqueId());
 }
@@ -82,7 +82,7 @@ ObjectHandle NewLink(ExportContext& context, ObjectHandle element, MediaType kin
     return link;
 }
 
-void RegisterLink(ExportContext& context, ObjectHandle itemCore, ObjectHandle element,
+void RegisterLink(ExportContext& context, ConstHandle itemCore, ObjectHandle element,
                   const TrackPlace& track, bool grouped)
 {
     const auto found = context.linkGroupOfItem.find(itemCore.UniqueId());

@@ -36,7 +36,7 @@ constexpr CopiedKey kKeycodeKeys[] = {
 
 // True if the record had any of the keys.
 template <std::size_t N>
-bool CopyKeys(ObjectHandle info, const CopiedKey (&keys)[N], ObjectHandle to)
+bool CopyKeys(ConstHandle info, const CopiedKey (&keys)[N], ObjectHandle to)
 {
     bool any = false;
     for (const CopiedKey& key : keys) {
@@ -52,7 +52,7 @@ bool MayDrop(ObjectHandle rate)
     return IsTrue(rate, "ntsc") && (timebase == 30 || timebase == 60);
 }
 
-void CompleteTimecode(ExportContext& context, ObjectHandle info, ObjectHandle timecode)
+void CompleteTimecode(ExportContext& context, ConstHandle info, ObjectHandle timecode)
 {
     if (!timecode)
         return;
@@ -67,7 +67,7 @@ void CompleteTimecode(ExportContext& context, ObjectHandle info, ObjectHandle ti
     }
 }
 
-void WriteFilmData(ExportContext& context, ObjectHandle info, ObjectHandle element)
+void WriteFilmData(ExportContext& context, ConstHandle info, ObjectHandle element)
 {
     const ObjectHandle filmData = context.document.NewObject("filmdata");
     const ObjectHandle keycode = context.document.NewObject("keycode");
@@ -81,10 +81,10 @@ void WriteFilmData(ExportContext& context, ObjectHandle info, ObjectHandle eleme
 
 } // namespace
 
-void TranslateLoggingInfo(ExportContext& context, ObjectHandle masterClip, ObjectHandle file,
+void TranslateLoggingInfo(ExportContext& context, ConstHandle masterClip, ObjectHandle file,
                           ObjectHandle element)
 {
-    const ObjectHandle info = LoggingInfoOf(masterClip);
+    const ConstHandle info = LoggingInfoOf(masterClip);
     if (!info)
         return;
     const ObjectHandle written = context.document.NewObject("logginginfo");

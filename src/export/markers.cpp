@@ -1,9 +1,9 @@
 #include "export/markers.h"
 
 #include "core/text.h"
-#include "export/marker_record.h"
 #include "export/rates.h"
 #include "project/accessors.h"
+#include "project/marker_record.h"
 
 #include <algorithm>
 #include <optional>
@@ -23,9 +23,9 @@ struct MediaRange {
     Ticks end = 0;
 };
 
-std::optional<MediaRange> RangeOf(ObjectHandle owner)
+std::optional<MediaRange> RangeOf(ConstHandle owner)
 {
-    const ObjectHandle stated = BoundariesOfSource(SourceOfCore(owner));
+    const ConstHandle stated = BoundariesOfSource(SourceOfCore(owner));
     const MediaRange range{Int64Property(stated, "StartBoundary"),
                            Int64Property(stated, "EndBoundary")};
     if (!HasValue(stated, "StartBoundary") || range.start < 0 || range.end <= range.start)
@@ -83,7 +83,7 @@ void WriteMarker(ExportContext& context, const MarkerRecord& record, const Marke
 void TranslateMarkers(ExportContext& context, const MarkerPlace& place, ObjectHandle element)
 {
     const std::optional<MediaRange> range = RangeOf(place.owner);
-    for (const ObjectHandle entry : MarkerEntriesOf(place.owner)) {
+    for (const ConstHandle entry : MarkerEntriesOf(place.owner)) {
         const std::optional<MarkerRecord> record = ParseMarkerRecord(MarkerRecordOf(entry));
         if (!record || record->type == kSpeechType || record->type == kInOutType)
             continue;

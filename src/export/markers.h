@@ -8,7 +8,7 @@ namespace XPJ::RVX {
 // Where the markers of an owner stand: the owner is a sequence or a ClipCore, `offset` is added to
 // their times where the owner's source states no range.
 struct MarkerPlace {
-    ObjectHandle owner;
+    ConstHandle owner;
     Ticks frameTicks = kNtscFrameTicks;
     Ticks offset = 0;
 };

@@ -1,9 +1,9 @@
 #include "export/master_audio.h"
 
 #include "core/numbers.h"
-#include "export/channel_layout.h"
+#include "export/audio_channels.h"
 #include "export/clip_media.h"
-#include "export/master_media.h"
+#include "export/media.h"
 #include "project/accessors.h"
 
 #include <algorithm>
@@ -12,7 +12,7 @@ namespace XPJ::RVX {
 
 namespace {
 
-ObjectHandle TranslateChannel(ExportContext& context, ObjectHandle masterClip, ObjectHandle medium,
+ObjectHandle TranslateChannel(ExportContext& context, ConstHandle masterClip, ConstHandle medium,
                               int channel)
 {
     const ObjectHandle item = NewClipItem(context, masterClip, medium);
@@ -32,8 +32,8 @@ void WriteSourceTrack(ExportContext& context, std::int64_t number, ObjectHandle 
     element.AddChild(sourceTrack);
 }
 
-ObjectHandle TranslateMasterAudio(ExportContext& context, ObjectHandle masterClip,
-                                  ObjectHandle medium)
+ObjectHandle TranslateMasterAudio(ExportContext& context, ConstHandle masterClip,
+                                  ConstHandle medium)
 {
     if (!AudioStreamOf(AudioMediumOfMaster(masterClip)))
         return {};

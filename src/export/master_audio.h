@@ -9,8 +9,8 @@ namespace XPJ::RVX {
 
 // An `audio`, null for a master without sound. Its items show the `file` of `medium`; the first of
 // them carries it where nothing did before.
-ObjectHandle TranslateMasterAudio(ExportContext& context, ObjectHandle masterClip,
-                                  ObjectHandle medium);
+ObjectHandle TranslateMasterAudio(ExportContext& context, ConstHandle masterClip,
+                                  ConstHandle medium);
 
 // Attaches the `sourcetrack` of a sound item: which channel it plays, from 1.
 void WriteSourceTrack(ExportContext& context, std::int64_t number, ObjectHandle element);

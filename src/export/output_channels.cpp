@@ -58,7 +58,7 @@ void ReadMatrix(std::string_view text, std::vector<int>& channels)
     }
 }
 
-void ReadAssignments(ObjectHandle processor, std::vector<int>& channels)
+void ReadAssignments(ConstHandle processor, std::vector<int>& channels)
 {
     const std::size_t stated =
         static_cast<std::size_t>(std::max(IntProperty(processor, "NumInputChannels"), 0));
@@ -70,7 +70,7 @@ void ReadAssignments(ObjectHandle processor, std::vector<int>& channels)
 
 } // namespace
 
-std::vector<int> AssignedChannels(ObjectHandle directPanProcessor, int count)
+std::vector<int> AssignedChannels(ConstHandle directPanProcessor, int count)
 {
     std::vector<int> channels(static_cast<std::size_t>(count), kUnassigned);
     if (HasValue(directPanProcessor, "Matrix"))

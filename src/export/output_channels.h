@@ -13,7 +13,7 @@ constexpr int kMaxChannels = 32;
 constexpr int kUnassigned = -1;
 
 // The output to which a direct panner (may be null) sends each of `count` channels, counted from 0.
-std::vector<int> AssignedChannels(ObjectHandle directPanProcessor, int count);
+std::vector<int> AssignedChannels(ConstHandle directPanProcessor, int count);
 
 // Gives the tracks of one group their `outputchannelindex`, counted from 1, in the order in which
 // they are written.

@@ -31,7 +31,7 @@ private:
     int& depth_;
 };
 
-std::string_view SequenceId(ExportContext& context, ObjectHandle sequence)
+std::string_view SequenceId(ExportContext& context, ConstHandle sequence)
 {
     std::string_view& id = context.sequenceIds[sequence.UniqueId()];
     if (id.empty())
@@ -39,25 +39,25 @@ std::string_view SequenceId(ExportContext& context, ObjectHandle sequence)
     return id;
 }
 
-Ticks EndOfTrack(ObjectHandle track)
+Ticks EndOfTrack(ConstHandle track)
 {
-    ObjectHandle last;
-    for (const ObjectHandle item : TrackItemsOf(track))
+    ConstHandle last;
+    for (const ConstHandle item : TrackItemsOf(track))
         last = item;
     return Int64Property(ItemEdges(last), "End");
 }
 
 // Where the last item of any track ends.
-Ticks DurationOf(ObjectHandle sequence)
+Ticks DurationOf(ConstHandle sequence)
 {
     Ticks end = 0;
-    for (const ObjectHandle entry : GroupEntriesOf(sequence))
-        for (const ObjectHandle track : TracksOf(GroupOfEntry(entry)))
+    for (const ConstHandle entry : GroupEntriesOf(sequence))
+        for (const ConstHandle track : TracksOf(GroupOfEntry(entry)))
             end = std::max(end, EndOfTrack(track));
     return end;
 }
 
-void CopyUIProperties(ObjectHandle properties, ObjectHandle result)
+void CopyUIProperties(ConstHandle properties, ObjectHandle result)
 {
     for (const Name& key : SequenceUIPropertyList())
         if (properties.HasProperty(key))
@@ -68,12 +68,12 @@ void CopyUIProperties(ObjectHandle properties, ObjectHandle result)
 ObjectHandle TranslateGroups(ExportContext& context, const SequencePlace& place)
 {
     const ObjectHandle media = context.document.NewObject("media");
-    for (const ObjectHandle entry : GroupEntriesOf(place.sequence))
-        if (const ObjectHandle group = GroupOfEntry(entry);
+    for (const ConstHandle entry : GroupEntriesOf(place.sequence))
+        if (const ConstHandle group = GroupOfEntry(entry);
             group && IsGroupEntryOf(entry, MediaType::Video))
             media.AddChild(TranslateVideoGroup(context, place, group));
-    for (const ObjectHandle entry : GroupEntriesOf(place.sequence))
-        if (const ObjectHandle group = GroupOfEntry(entry);
+    for (const ConstHandle entry : GroupEntriesOf(place.sequence))
+        if (const ConstHandle group = GroupOfEntry(entry);
             group && IsGroupEntryOf(entry, MediaType::Audio))
             media.AddChild(TranslateAudioGroup(context, place, group));
     return media;
@@ -84,7 +84,7 @@ void TranslateTimeline(ExportContext& context, const SequencePlace& place, Objec
     const Ticks rate = place.frameTicks;
     if (rate == 0)
         throw NoFrameLength("sequence", place.sequence.GetProperty("Name"));
-    const ObjectHandle properties = SequenceProperties(place.sequence);
+    const ConstHandle properties = SequenceProperties(place.sequence);
     result.AddChild(WriteRate(context, rate, context.inTicks));
     result.SetProperty("duration", TimeText(context, DurationOf(place.sequence), rate));
     result.AddChild(WriteTimecode(context, Int64Property(properties, "MZ.ZeroPoint"), rate,
@@ -95,15 +95,14 @@ void TranslateTimeline(ExportContext& context, const SequencePlace& place, Objec
 
 } // namespace
 
-Ticks FrameTicksOfSequence(ObjectHandle sequence)
+Ticks FrameTicksOfSequence(ConstHandle sequence)
 {
-    const ObjectHandle group = GroupOfKind(sequence, MediaType::Video);
+    const ConstHandle group = GroupOfKind(sequence, MediaType::Video);
     const Ticks rate = group ? RateOfGroup(group) : kNtscFrameTicks;
     return rate == std::numeric_limits<Ticks>::max() ? kNtscFrameTicks : rate;
 }
 
-ObjectHandle TranslateSequence(ExportContext& context, ObjectHandle sequence,
-                               ObjectHandle masterClip)
+ObjectHandle TranslateSequence(ExportContext& context, ConstHandle sequence, ConstHandle masterClip)
 {
     const DepthScope depth(context.sequenceDepth);
     const TimeFormScope form(context, context.vl2snMode);
@@ -123,7 +122,7 @@ ObjectHandle TranslateSequence(ExportContext& context, ObjectHandle sequence,
     return result;
 }
 
-void TranslateNestedSequence(ExportContext& context, ObjectHandle sequence, ObjectHandle masterClip,
+void TranslateNestedSequence(ExportContext& context, ConstHandle sequence, ConstHandle masterClip,
                              ObjectHandle clipItem)
 {
     const bool isKnown = context.sequenceIds.contains(sequence.UniqueId());

@@ -1,13 +1,13 @@
 #include "export/tracks.h"
 
+#include "export/formats.h"
 #include "export/items.h"
-#include "export/picture_format.h"
 
 namespace XPJ::RVX {
 
 namespace {
 
-ObjectHandle WriteFormat(ExportContext& context, Ticks frameTicks, ObjectHandle group)
+ObjectHandle WriteFormat(ExportContext& context, Ticks frameTicks, ConstHandle group)
 {
     const std::string_view aspect = group.GetProperty("PixelAspectRatio");
     const ObjectHandle characteristics =
@@ -24,7 +24,7 @@ ObjectHandle WriteFormat(ExportContext& context, Ticks frameTicks, ObjectHandle 
 }
 
 ObjectHandle TranslateVideoTrack(ExportContext& context, const SequencePlace& sequence,
-                                 ObjectHandle projectTrack, int index)
+                                 ConstHandle projectTrack, int index)
 {
     TrackPlace track{.sequence = sequence,
                      .kind = MediaType::Video,
@@ -32,19 +32,19 @@ ObjectHandle TranslateVideoTrack(ExportContext& context, const SequencePlace& se
                      .number = index + 1,
                      .track = context.document.NewObject("track")};
     WriteTrackState(projectTrack, false, track.track);
-    for (const ObjectHandle item : TrackItemsOf(projectTrack))
+    for (const ConstHandle item : TrackItemsOf(projectTrack))
         TranslateVideoItem(context, track, item);
     return track.track;
 }
 
 } // namespace
 
-void WriteTrackState(ObjectHandle projectTrack, bool isOff, ObjectHandle track)
+void WriteTrackState(ConstHandle projectTrack, bool isOff, ObjectHandle track)
 {
-    const ObjectHandle core = TrackCore(projectTrack);
+    const ConstHandle core = TrackCore(projectTrack);
     track.SetPropertyShared("locked", IsTrue(core, "IsLocked") ? "TRUE" : "FALSE");
     track.SetPropertyShared("enabled", isOff || IsTrue(core, "IsMuted") ? "FALSE" : "TRUE");
-    const ObjectHandle properties = TrackProperties(projectTrack);
+    const ConstHandle properties = TrackProperties(projectTrack);
     if (properties.HasProperty("MZ.TrackTargeted"))
         track.SetPropertyShared("MZ.TrackTargeted", HasValue(properties, "MZ.TrackTargeted")
                                                         ? properties.GetProperty("MZ.TrackTargeted")
@@ -52,12 +52,12 @@ void WriteTrackState(ObjectHandle projectTrack, bool isOff, ObjectHandle track)
 }
 
 ObjectHandle TranslateVideoGroup(ExportContext& context, const SequencePlace& sequence,
-                                 ObjectHandle group)
+                                 ConstHandle group)
 {
     const ObjectHandle video = context.document.NewObject("video");
     video.AddChild(WriteFormat(context, sequence.frameTicks, group));
     int index = 0;
-    for (const ObjectHandle track : TracksOf(group))
+    for (const ConstHandle track : TracksOf(group))
         video.AddChild(TranslateVideoTrack(context, sequence, track, index++));
     return video;
 }

@@ -69,14 +69,14 @@ bool IsOther(const TransitionRow& row)
 
 // |  outgoing  |=====|=====|  incoming  |      the cut by thirds of the transition's length
 //            Start  cut   End
-std::string_view TransitionAlignment(ObjectHandle transition)
+std::string_view TransitionAlignment(ConstHandle transition)
 {
-    const ObjectHandle core = TransitionCore(transition);
+    const ConstHandle core = TransitionCore(transition);
     if (!IsTrue(core, "HasOutgoingClip"))
         return "start-black";
     if (!IsTrue(core, "HasIncomingClip"))
         return "end-black";
-    const ObjectHandle edges = TransitionEdges(transition);
+    const ConstHandle edges = TransitionEdges(transition);
     if (!edges)
         return "center";
     const double length = static_cast<double>(Int64Property(edges, "End")) -
@@ -104,7 +104,7 @@ void AddColour(Document& document, std::string_view id, const Colour& colour, Ob
     AddColourValue(document, AddParameter(document, effect, {.id = id, .name = "Color"}), colour);
 }
 
-void AddWipeParameters(Document& document, ObjectHandle transition, ObjectHandle effect)
+void AddWipeParameters(Document& document, ConstHandle transition, ObjectHandle effect)
 {
     std::string_view degrees = "0";
     for (const WipeAngle& row : kWipeAngles)
@@ -126,7 +126,7 @@ void AddWipeParameters(Document& document, ObjectHandle transition, ObjectHandle
     AddColour(document, "bordercolor", ParseColour(transition.GetProperty("BorderColor")), effect);
 }
 
-void AddParameters(Document& document, const TransitionRow& row, ObjectHandle transition,
+void AddParameters(Document& document, const TransitionRow& row, ConstHandle transition,
                    ObjectHandle effect)
 {
     switch (row.parameters) {
@@ -143,7 +143,7 @@ void AddParameters(Document& document, const TransitionRow& row, ObjectHandle tr
 }
 
 // Projects leave out the two percents of a transition that runs from start to end.
-void WriteVideoRun(ObjectHandle transition, ObjectHandle effect)
+void WriteVideoRun(ConstHandle transition, ObjectHandle effect)
 {
     effect.SetPropertyShared("reverse", IsTrue(transition, "Reverse") ? "TRUE" : "FALSE");
     effect.SetProperty("startratio", NumberText(DoubleProperty(transition, "StartPercent")));
@@ -160,7 +160,7 @@ void WriteAudioRun(ObjectHandle effect)
 }
 
 ObjectHandle TranslateEffect(ExportContext& context, const TransitionRow& row, MediaType kind,
-                             ObjectHandle transition)
+                             ConstHandle transition)
 {
     const ObjectHandle effect = context.document.NewObject("effect");
     effect.SetPropertyShared("name", row.name);
@@ -182,12 +182,12 @@ ObjectHandle TranslateEffect(ExportContext& context, const TransitionRow& row, M
 } // namespace
 
 // The form at hand is that of the track's times: frames for picture, the document's for sound.
-void TranslateTransition(ExportContext& context, TrackPlace& track, ObjectHandle transition)
+void TranslateTransition(ExportContext& context, TrackPlace& track, ConstHandle transition)
 {
-    const ObjectHandle core = TransitionCore(transition);
+    const ConstHandle core = TransitionCore(transition);
     if (!core)
         return;
-    const ObjectHandle edges = TransitionEdges(transition);
+    const ConstHandle edges = TransitionEdges(transition);
     const Ticks start = Int64Property(edges, "Start");
     const Ticks rate = track.sequence.frameTicks;
     const bool isVideo = track.kind == MediaType::Video;

@@ -48,9 +48,9 @@ const EffectRow* FindRow(const ExportContext& context, std::string_view matchNam
     return nullptr;
 }
 
-std::string_view DisplayName(ObjectHandle component)
+std::string_view DisplayName(ConstHandle component)
 {
-    const ObjectHandle core = ComponentCore(component);
+    const ConstHandle core = ComponentCore(component);
     return core.HasProperty("DisplayName") ? core.GetProperty("DisplayName")
                                            : ComponentMatchName(component);
 }
@@ -68,7 +68,7 @@ void Report(ExportContext& context, const EffectOwner& owner, ExportIssue kind,
                  subject);
 }
 
-void ReportUnknown(ExportContext& context, const EffectOwner& owner, ObjectHandle component)
+void ReportUnknown(ExportContext& context, const EffectOwner& owner, ConstHandle component)
 {
     Report(context, owner,
            owner.track ? ExportIssue::EffectNotTranslated
@@ -94,10 +94,10 @@ void TranslateComponent(ExportContext& context, const EffectOwner& owner,
 
 } // namespace
 
-void TranslateVideoComponents(ExportContext& context, const EffectOwner& owner, ObjectHandle chain,
+void TranslateVideoComponents(ExportContext& context, const EffectOwner& owner, ConstHandle chain,
                               Ticks frameTicks, ObjectHandle element)
 {
-    for (const ObjectHandle component : ComponentsOf(chain)) {
+    for (const ConstHandle component : ComponentsOf(chain)) {
         const std::string_view matchName = ComponentMatchName(component);
         if (matchName != kMotionMatch && matchName != kOpacityMatch)
             TranslateComponent(context, owner, {context.document, component, frameTicks}, element);

@@ -20,7 +20,7 @@ struct EffectOwner {
 
 // Puts a `filter` on `element` for every component that documents have a counterpart for, and
 // reports the others.
-void TranslateVideoComponents(ExportContext& context, const EffectOwner& owner, ObjectHandle chain,
+void TranslateVideoComponents(ExportContext& context, const EffectOwner& owner, ConstHandle chain,
                               Ticks frameTicks, ObjectHandle element);
 
 } // namespace XPJ::RVX

@@ -10,10 +10,11 @@
 
 namespace XPJ::Inspection {
 
+template <class Handle>
 class NodeNumbers {
 public:
     // Its number, from 0, also of a node that was not met before.
-    std::size_t NumberOf(ObjectHandle node)
+    std::size_t NumberOf(Handle node)
     {
         const auto [entry, isNew] = numbers_.emplace(node.UniqueId(), nodes_.size());
         if (isNew)
@@ -21,10 +22,10 @@ public:
         return entry->second;
     }
     std::size_t Size() const { return nodes_.size(); }
-    ObjectHandle At(std::size_t number) const { return nodes_[number]; }
+    Handle At(std::size_t number) const { return nodes_[number]; }
 
 private:
-    std::vector<ObjectHandle> nodes_;
+    std::vector<Handle> nodes_;
     std::unordered_map<std::uint64_t, std::size_t> numbers_; // by `uniqueId`
 };
 

@@ -12,7 +12,7 @@ namespace XPJ::Inspection {
 
 namespace {
 
-Parameter ReadParameter(ObjectHandle param)
+Parameter ReadParameter(ConstHandle param)
 {
     const std::string_view name = param.GetProperty("Name");
     const std::string_view blob = param.GetChild("StartKeyframeValue").GetProperty("value");
@@ -23,20 +23,20 @@ Parameter ReadParameter(ObjectHandle param)
     return parameter;
 }
 
-Effect ReadComponent(ObjectHandle component)
+Effect ReadComponent(ConstHandle component)
 {
-    const ObjectHandle core = ComponentCore(component);
+    const ConstHandle core = ComponentCore(component);
     Effect effect{
         .name = EffectNameOfMatch(ComponentMatchName(component), core.GetProperty("DisplayName")),
         .enabled = !IsTrue(core, "Bypass"),
         .isTitle = ComponentMatchName(component) == kTextComponent};
-    for (const ObjectHandle& param : ParamsOf(component))
+    for (const ConstHandle& param : ParamsOf(component))
         effect.parameters.push_back(ReadParameter(param));
     return effect;
 }
 
 // "start" in the first third, "end" in the last, by the cut's distance from the start.
-std::string_view AlignmentOf(ObjectHandle core, const Transition& transition)
+std::string_view AlignmentOf(ConstHandle core, const Transition& transition)
 {
     if (!IsTrue(core, "HasOutgoingClip"))
         return "start-black";
@@ -50,21 +50,21 @@ std::string_view AlignmentOf(ObjectHandle core, const Transition& transition)
 
 } // namespace
 
-std::vector<Effect> ReadProjectEffects(ObjectHandle trackItem)
+std::vector<Effect> ReadProjectEffects(ConstHandle trackItem)
 {
     std::vector<Effect> effects;
-    for (const ObjectHandle& component : ComponentsOf(ChainOfOwner(ItemCore(trackItem))))
+    for (const ConstHandle& component : ComponentsOf(ChainOfOwner(ItemCore(trackItem))))
         if (Effect effect = ReadComponent(component); !IsAtRest(effect))
             effects.push_back(std::move(effect));
     Effect pan{.name = "Pan"};
-    for (const ObjectHandle& param : ParamsOf(PanProcessorOf(trackItem)))
+    for (const ConstHandle& param : ParamsOf(PanProcessorOf(trackItem)))
         pan.parameters.push_back(ReadParameter(param));
     if (!IsAtRest(pan))
         effects.push_back(std::move(pan));
     return effects;
 }
 
-std::vector<Keyframe> ReadProjectSpeedKeyframes(ObjectHandle clip)
+std::vector<Keyframe> ReadProjectSpeedKeyframes(ConstHandle clip)
 {
     std::vector<Keyframe> keyframes;
     for (const SpeedPoint& point : ParseSpeedKeyframes(SpeedKeyframesOf(clip)))
@@ -72,10 +72,10 @@ std::vector<Keyframe> ReadProjectSpeedKeyframes(ObjectHandle clip)
     return keyframes;
 }
 
-Transition ReadProjectTransition(ObjectHandle transition)
+Transition ReadProjectTransition(ConstHandle transition)
 {
-    const ObjectHandle core = TransitionCore(transition);
-    const ObjectHandle edges = TransitionEdges(transition);
+    const ConstHandle core = TransitionCore(transition);
+    const ConstHandle edges = TransitionEdges(transition);
     Transition result{.name = TransitionNameOfMatch(core.GetProperty("MatchName"),
                                                     core.GetProperty("DisplayName")),
                       .start = Int64Property(edges, "Start"),

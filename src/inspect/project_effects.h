@@ -7,10 +7,10 @@
 namespace XPJ::Inspection {
 
 // The components of a track item, and its pan.
-std::vector<Effect> ReadProjectEffects(ObjectHandle trackItem);
+std::vector<Effect> ReadProjectEffects(ConstHandle trackItem);
 
-std::vector<Keyframe> ReadProjectSpeedKeyframes(ObjectHandle clip);
+std::vector<Keyframe> ReadProjectSpeedKeyframes(ConstHandle clip);
 
-Transition ReadProjectTransition(ObjectHandle transition);
+Transition ReadProjectTransition(ConstHandle transition);
 
 } // namespace XPJ::Inspection

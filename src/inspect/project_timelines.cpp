@@ -3,13 +3,13 @@
 #include "core/host_properties.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "export/marker_record.h"
 #include "export/rates.h"
 #include "inspect/node_numbers.h"
 #include "inspect/project_effects.h"
 #include "inspect/read_timelines.h"
 #include "inspect/titles.h"
 #include "project/accessors.h"
+#include "project/marker_record.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,7 +21,7 @@ using namespace RVX;
 
 namespace {
 
-std::string TextOf(ObjectHandle node, Name key)
+std::string TextOf(ConstHandle node, Name key)
 {
     return UnescapeXML(node.GetProperty(key));
 }
@@ -46,10 +46,10 @@ void SetFrame(std::string_view rect, Sequence& sequence)
     sequence.height = numbers[3];
 }
 
-std::vector<Marker> ReadMarkers(ObjectHandle owner)
+std::vector<Marker> ReadMarkers(ConstHandle owner)
 {
     std::vector<Marker> markers;
-    for (const ObjectHandle& entry : MarkerEntriesOf(owner))
+    for (const ConstHandle& entry : MarkerEntriesOf(owner))
         if (const auto record = ParseMarkerRecord(MarkerRecordOf(entry)))
             markers.push_back({.start = record->start,
                                .duration = record->duration,
@@ -58,7 +58,7 @@ std::vector<Marker> ReadMarkers(ObjectHandle owner)
     return markers;
 }
 
-double SpeedOf(ObjectHandle core)
+double SpeedOf(ConstHandle core)
 {
     const double speed = std::abs(DoubleProperty(core, "PlaybackSpeed"));
     return std::isfinite(speed) && speed != 0.0 ? speed : 1.0;
@@ -72,7 +72,7 @@ bool IsMadeByEditor(std::string_view path)
 
 class ProjectTimelines {
 public:
-    Project Read(ObjectHandle velaData)
+    Project Read(ConstHandle velaData)
     {
         project_.family = Family::Project;
         project_.version = TextOf(velaData, "Version");
@@ -85,16 +85,16 @@ public:
 
 private:
     struct Level {
-        ChildRange::Iterator next;
-        ChildRange::Iterator end;
+        ConstChildRange::Iterator next;
+        ConstChildRange::Iterator end;
     };
 
     // References may lead back: every bin counts once.
-    void ReadEntries(ObjectHandle rootItem)
+    void ReadEntries(ConstHandle rootItem)
     {
         std::vector<Level> levels;
-        const auto open = [&](ObjectHandle bin) {
-            const ChildRange items = ItemList(bin).GetChildren();
+        const auto open = [&](ConstHandle bin) {
+            const ConstChildRange items = ItemList(bin).GetChildren();
             if (bins_.Insert(bin) && levels.size() < static_cast<std::size_t>(kMaxNesting))
                 levels.push_back({items.begin(), items.end()});
         };
@@ -106,7 +106,7 @@ private:
                 levels.pop_back();
                 continue;
             }
-            const ObjectHandle item = *level.next;
+            const ConstHandle item = *level.next;
             ++level.next;
             AddEntry(item, static_cast<int>(levels.size()) - 1);
             if (item.GetName() == "BinProjectItem")
@@ -114,16 +114,16 @@ private:
         }
     }
 
-    void AddEntry(ObjectHandle item, int depth)
+    void AddEntry(ConstHandle item, int depth)
     {
         Entry entry{.depth = depth,
                     .name = UnescapeXML(ItemName(item)),
                     .label = UnescapeXML(LabelNameOf(
                         ItemProperties(item).GetProperty("Column.PropertyText.Label")))};
         if (item.GetName() == "ClipProjectItem") {
-            const ObjectHandle master = MasterOfItem(item);
-            const ObjectHandle clip = MainClip(master);
-            const ObjectHandle sequence = SequenceOfMaster(master);
+            const ConstHandle master = MasterOfItem(item);
+            const ConstHandle clip = MainClip(master);
+            const ConstHandle sequence = SequenceOfMaster(master);
             entry.kind = sequence ? EntryKind::Sequence : EntryKind::Clip;
             if (sequence && !IsMergedSequence(sequence))
                 entry.sequence = sequences_.NumberOf(sequence);
@@ -133,7 +133,7 @@ private:
         project_.entries.push_back(std::move(entry));
     }
 
-    std::size_t MediumOf(ObjectHandle media)
+    std::size_t MediumOf(ConstHandle media)
     {
         if (!media)
             return kNothing;
@@ -150,10 +150,10 @@ private:
         return entry->second;
     }
 
-    Sequence ReadSequence(ObjectHandle node)
+    Sequence ReadSequence(ConstHandle node)
     {
-        const ObjectHandle properties = SequenceProperties(node);
-        const ObjectHandle video = GroupOfKind(node, MediaType::Video);
+        const ConstHandle properties = SequenceProperties(node);
+        const ConstHandle video = GroupOfKind(node, MediaType::Video);
         const FrameForm form = FormOf(
             RateOfGroup(video), IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat"));
         Sequence sequence{.name = TextOf(node, "Name"),
@@ -164,33 +164,33 @@ private:
         places_.clear();
         for (const MediaType kind : {MediaType::Video, MediaType::Audio}) {
             int number = 0;
-            for (const ObjectHandle& entry : GroupEntriesOf(node))
+            for (const ConstHandle& entry : GroupEntriesOf(node))
                 if (IsGroupEntryOf(entry, kind))
-                    for (const ObjectHandle& track : TracksOf(GroupOfEntry(entry)))
+                    for (const ConstHandle& track : TracksOf(GroupOfEntry(entry)))
                         ReadTrack(track, kind, ++number, sequence);
         }
         ReadLinks(node, sequence);
         return sequence;
     }
 
-    void ReadTrack(ObjectHandle node, MediaType kind, int number, Sequence& sequence)
+    void ReadTrack(ConstHandle node, MediaType kind, int number, Sequence& sequence)
     {
-        const ObjectHandle core = TrackCore(node);
+        const ConstHandle core = TrackCore(node);
         Track track{.kind = kind == MediaType::Video ? TrackKind::Video : TrackKind::Audio,
                     .number = number,
                     .name = TextOf(TrackProperties(node), "MZ.TrackName"),
                     .enabled = !IsTrue(core, "IsMuted"),
                     .locked = IsTrue(core, "IsLocked")};
-        std::vector<ObjectHandle> nodes;
-        for (const ObjectHandle& item : TrackItemsOf(node))
+        std::vector<ConstHandle> nodes;
+        for (const ConstHandle& item : TrackItemsOf(node))
             nodes.push_back(item);
         std::ranges::stable_sort(
-            nodes, {}, [](ObjectHandle item) { return Int64Property(ItemEdges(item), "Start"); });
+            nodes, {}, [](ConstHandle item) { return Int64Property(ItemEdges(item), "Start"); });
         NodeSet transitions;
-        for (const ObjectHandle& item : nodes) {
+        for (const ConstHandle& item : nodes) {
             places_.emplace(item.UniqueId(), ItemPlace{sequence.tracks.size(), track.items.size()});
             track.items.push_back(MakeItem(item, kind, sequence.form));
-            for (const ObjectHandle& transition : {HeadTransitionOf(item), TailTransitionOf(item)})
+            for (const ConstHandle& transition : {HeadTransitionOf(item), TailTransitionOf(item)})
                 if (transition && transitions.Insert(transition))
                     track.transitions.push_back(ReadProjectTransition(transition));
         }
@@ -198,12 +198,12 @@ private:
         sequence.tracks.push_back(std::move(track));
     }
 
-    Item MakeItem(ObjectHandle node, MediaType kind, const FrameForm& sequenceForm)
+    Item MakeItem(ConstHandle node, MediaType kind, const FrameForm& sequenceForm)
     {
-        const ObjectHandle edges = ItemEdges(node);
-        const ObjectHandle subClip = SubClipOf(node);
-        const ObjectHandle clip = ClipOfSubClip(subClip);
-        const ObjectHandle core = ClipCore(clip);
+        const ConstHandle edges = ItemEdges(node);
+        const ConstHandle subClip = SubClipOf(node);
+        const ConstHandle clip = ClipOfSubClip(subClip);
+        const ConstHandle core = ClipCore(clip);
         Item item{.name = TextOf(subClip, "Name"),
                   .start = Int64Property(edges, "Start"),
                   .end = Int64Property(edges, "End"),
@@ -228,16 +228,16 @@ private:
         return item;
     }
 
-    void SetSource(ObjectHandle clip, Item& item)
+    void SetSource(ConstHandle clip, Item& item)
     {
-        const ObjectHandle source = SourceOfClip(clip);
-        if (const ObjectHandle sequence = SequenceOfSource(source)) {
+        const ConstHandle source = SourceOfClip(clip);
+        if (const ConstHandle sequence = SequenceOfSource(source)) {
             const bool isMulticam = IsTrue(ClipCore(clip), "IsMulticam");
             item.source = isMulticam ? SourceKind::Multiclip : SourceKind::Sequence;
             item.sourceName = TextOf(sequence, "Name");
             if (!isMulticam && !IsMergedSequence(sequence))
                 sequences_.NumberOf(sequence);
-        } else if (const ObjectHandle media = MediaOfSource(source)) {
+        } else if (const ConstHandle media = MediaOfSource(source)) {
             item.medium = MediumOf(media);
             const Medium& medium = project_.media[item.medium];
             item.source = IsMadeByEditor(media.GetProperty("FilePath")) ? SourceKind::Generator
@@ -257,10 +257,10 @@ private:
     }
 
     // A graphic's text stands on the item or on its master, a title document in the Media.
-    std::size_t TitleOf(ObjectHandle node, ObjectHandle clip)
+    std::size_t TitleOf(ConstHandle node, ConstHandle clip)
     {
         const std::size_t own = AddTitle(TextsOfChain(ChainOfOwner(ItemCore(node))));
-        const ObjectHandle master = MasterOfSubClip(SubClipOf(node));
+        const ConstHandle master = MasterOfSubClip(SubClipOf(node));
         if (own != kNothing || !master)
             return own;
         const auto [entry, isNew] = titles_.emplace(master.UniqueId(), kNothing);
@@ -272,11 +272,11 @@ private:
         return entry->second;
     }
 
-    void ReadLinks(ObjectHandle node, Sequence& sequence)
+    void ReadLinks(ConstHandle node, Sequence& sequence)
     {
-        for (const ObjectHandle& link : LinksOf(node)) {
+        for (const ConstHandle& link : LinksOf(node)) {
             std::vector<ItemPlace> group;
-            for (const ObjectHandle& item : LinkedItemsOf(link))
+            for (const ConstHandle& item : LinkedItemsOf(link))
                 if (const auto found = places_.find(item.UniqueId()); found != places_.end())
                     group.push_back(found->second);
             std::ranges::sort(group);
@@ -291,7 +291,7 @@ private:
 
     Project project_;
     NodeSet bins_;
-    NodeNumbers sequences_;
+    NodeNumbers<ConstHandle> sequences_;
     std::unordered_map<std::uint64_t, std::size_t> media_;  // by the Media's `uniqueId`
     std::unordered_map<std::uint64_t, std::size_t> titles_; // by the MasterClip's `uniqueId`
     std::unordered_map<std::uint64_t, ItemPlace> places_;   // of the sequence at hand
@@ -299,7 +299,7 @@ private:
 
 } // namespace
 
-Project ReadProjectTimelines(ObjectHandle velaData)
+Project ReadProjectTimelines(ConstHandle velaData)
 {
     return ProjectTimelines().Read(velaData);
 }

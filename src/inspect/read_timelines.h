@@ -35,6 +35,6 @@ ReadOutcome ReadTimelinesOfFile(const std::string& path);
 // ---- The two families
 
 Project ReadXmemlTimelines(ObjectHandle xmeml, std::string_view folder, bool isHandOff);
-Project ReadProjectTimelines(ObjectHandle velaData);
+Project ReadProjectTimelines(ConstHandle velaData);
 
 } // namespace XPJ::Inspection

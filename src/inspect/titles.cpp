@@ -4,7 +4,7 @@
 #include "core/text.h"
 #include "effects/legacy_title_reader.h"
 #include "effects/title_reader.h"
-#include "export/master_media.h"
+#include "export/media.h"
 #include "inspect/title_font_names.h"
 #include "project/accessors.h"
 #include "text/text_document.h"
@@ -98,20 +98,20 @@ std::vector<TitleText> TextsOfFilters(ObjectHandle owner)
     return texts;
 }
 
-std::vector<TitleText> TextsOfChain(ObjectHandle chain)
+std::vector<TitleText> TextsOfChain(ConstHandle chain)
 {
     std::vector<TitleText> texts;
-    for (const ObjectHandle& component : ComponentsOf(chain)) {
+    for (const ConstHandle component : ComponentsOf(chain)) {
         if (ComponentMatchName(component) != kTextComponent)
             continue;
-        for (const ObjectHandle& param : ParamsOf(component))
+        for (const ConstHandle param : ParamsOf(component))
             if (param.GetProperty("ParameterID") == kTextParameter)
                 AddTextDocument(RawValue(param.GetChild("StartKeyframeValue")), texts);
     }
     return texts;
 }
 
-std::vector<TitleText> TextsOfMedia(ObjectHandle media)
+std::vector<TitleText> TextsOfMedia(ConstHandle media)
 {
     std::vector<TitleText> texts;
     if (!media || RVX::MediumKindOf(media) != RVX::MediumKind::Title)

@@ -23,10 +23,10 @@ std::vector<TitleText> TextsOfGenerator(ObjectHandle generator, const FrameSize&
 std::vector<TitleText> TextsOfFilters(ObjectHandle owner);
 
 // Of the graphic texts in the component chain of a track item or master clip.
-std::vector<TitleText> TextsOfChain(ObjectHandle chain);
+std::vector<TitleText> TextsOfChain(ConstHandle chain);
 
 // Of the title document that a project's Media holds; empty for a Media of another kind.
-std::vector<TitleText> TextsOfMedia(ObjectHandle media);
+std::vector<TitleText> TextsOfMedia(ConstHandle media);
 
 // The words on one line, cut to a length that is fit for a list.
 //   PreviewOf({.text = "Anna Lee\nEditor"}) == "Anna Lee / Editor"

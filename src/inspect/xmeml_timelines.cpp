@@ -413,7 +413,7 @@ private:
     IssueSet issues_;
     ImportState state_{scratch_, progress_, issues_}; // what the rules of the import ask
     Project project_;
-    NodeNumbers sequences_;
+    NodeNumbers<ObjectHandle> sequences_;
     FrameSize titleFrame_;                                  // of the sequence at hand
     std::unordered_map<std::uint64_t, std::size_t> media_;  // by the file's `uniqueId`
     std::unordered_map<std::uint64_t, std::size_t> titles_; // likewise

@@ -6,9 +6,9 @@ namespace XPJ {
 
 namespace {
 
-ObjectHandle FirstClipOfClass(ObjectHandle masterClip, std::string_view className)
+ConstHandle FirstClipOfClass(ConstHandle masterClip, std::string_view className)
 {
-    for (const ObjectHandle clip : ClipsOfMaster(masterClip))
+    for (const ConstHandle clip : ClipsOfMaster(masterClip))
         if (clip.GetName() == className)
             return clip;
     return {};
@@ -16,351 +16,351 @@ ObjectHandle FirstClipOfClass(ObjectHandle masterClip, std::string_view classNam
 
 } // namespace
 
-ObjectHandle ItemList(ObjectHandle item)
+ConstHandle ItemList(ConstHandle item)
 {
     return FindPath(item, {"ProjectItemContainer", "Items"});
 }
 
-std::string_view ItemName(ObjectHandle item)
+std::string_view ItemName(ConstHandle item)
 {
     return item.GetChild("ProjectItem").GetProperty("Name");
 }
 
-ObjectHandle ItemProperties(ObjectHandle item)
+ConstHandle ItemProperties(ConstHandle item)
 {
     return FindPath(item, {"ProjectItem", "Node", "Properties"});
 }
 
-ObjectHandle MasterOfItem(ObjectHandle clipItem)
+ConstHandle MasterOfItem(ConstHandle clipItem)
 {
     return clipItem.GetChild("MasterClip");
 }
 
-std::string_view ObjectGuid(ObjectHandle object)
+std::string_view ObjectGuid(ConstHandle object)
 {
     return object.GetProperty("UIDObject");
 }
 
-ChildRange ClipsOfMaster(ObjectHandle masterClip)
+ConstChildRange ClipsOfMaster(ConstHandle masterClip)
 {
     return masterClip.GetChild("Clips").GetChildren("Clip");
 }
 
-ObjectHandle FirstVideoClip(ObjectHandle masterClip)
+ConstHandle FirstVideoClip(ConstHandle masterClip)
 {
     return FirstClipOfClass(masterClip, "VideoClip");
 }
 
-ObjectHandle FirstAudioClip(ObjectHandle masterClip)
+ConstHandle FirstAudioClip(ConstHandle masterClip)
 {
     return FirstClipOfClass(masterClip, "AudioClip");
 }
 
-ObjectHandle MainClip(ObjectHandle masterClip)
+ConstHandle MainClip(ConstHandle masterClip)
 {
-    const ObjectHandle video = FirstVideoClip(masterClip);
+    const ConstHandle video = FirstVideoClip(masterClip);
     return video ? video : FirstAudioClip(masterClip);
 }
 
-ObjectHandle SequenceOfMaster(ObjectHandle masterClip)
+ConstHandle SequenceOfMaster(ConstHandle masterClip)
 {
-    for (const ObjectHandle clip : ClipsOfMaster(masterClip))
-        if (const ObjectHandle sequence = SequenceOfSource(SourceOfClip(clip)))
+    for (const ConstHandle clip : ClipsOfMaster(masterClip))
+        if (const ConstHandle sequence = SequenceOfSource(SourceOfClip(clip)))
             return sequence;
     return {};
 }
 
-ObjectHandle LoggingInfoOf(ObjectHandle masterClip)
+ConstHandle LoggingInfoOf(ConstHandle masterClip)
 {
     return masterClip.GetChild("LoggingInfo");
 }
 
-ChildRange ChannelVectorsOf(ObjectHandle masterClip)
+ConstChildRange ChannelVectorsOf(ConstHandle masterClip)
 {
     return FindPath(masterClip, {"AudioClipChannelGroups", "ClipChannelVectors"})
         .GetChildren("ClipChannelVectorItem");
 }
 
-ChildRange ChannelsOfVector(ObjectHandle vector)
+ConstChildRange ChannelsOfVector(ConstHandle vector)
 {
     return vector.GetChild("ClipChannels").GetChildren("ClipChannelItem");
 }
 
-ObjectHandle VideoChainOfMaster(ObjectHandle masterClip)
+ConstHandle VideoChainOfMaster(ConstHandle masterClip)
 {
     return masterClip.GetChild("VideoComponentChain");
 }
 
-ObjectHandle AudioChainOfMaster(ObjectHandle masterClip)
+ConstHandle AudioChainOfMaster(ConstHandle masterClip)
 {
     return masterClip.GetChild("AudioComponentChain");
 }
 
-bool IsVideoClip(ObjectHandle clip)
+bool IsVideoClip(ConstHandle clip)
 {
     return clip.GetName() == "VideoClip";
 }
 
-bool IsAudioClip(ObjectHandle clip)
+bool IsAudioClip(ConstHandle clip)
 {
     return clip.GetName() == "AudioClip";
 }
 
-ObjectHandle ClipCore(ObjectHandle clip)
+ConstHandle ClipCore(ConstHandle clip)
 {
     return clip.GetChild("Clip");
 }
 
-ObjectHandle ClipProperties(ObjectHandle clip)
+ConstHandle ClipProperties(ConstHandle clip)
 {
     return ClipCore(clip).GetChild("Properties");
 }
 
-ObjectHandle SourceOfClip(ObjectHandle clip)
+ConstHandle SourceOfClip(ConstHandle clip)
 {
     return SourceOfCore(ClipCore(clip));
 }
 
-ObjectHandle SourceOfCore(ObjectHandle core)
+ConstHandle SourceOfCore(ConstHandle core)
 {
     return core.GetChild("Source");
 }
 
-ChildRange SecondaryContentsOf(ObjectHandle audioClip)
+ConstChildRange SecondaryContentsOf(ConstHandle audioClip)
 {
     return audioClip.GetChild("SecondaryContents").GetChildren("SecondaryContentItem");
 }
 
-ObjectHandle SourceOfContent(ObjectHandle secondaryContent)
+ConstHandle SourceOfContent(ConstHandle secondaryContent)
 {
     return secondaryContent.GetChild("Content");
 }
 
-bool HasTimeRemapping(ObjectHandle clip)
+bool HasTimeRemapping(ConstHandle clip)
 {
     return ClipCore(clip).HasChild("TimeRemapping");
 }
 
-std::string_view SpeedKeyframesOf(ObjectHandle clip)
+std::string_view SpeedKeyframesOf(ConstHandle clip)
 {
     return FindPath(ClipCore(clip), {"TimeRemapping", "Keyframes"}).GetProperty("Keyframes");
 }
 
-ObjectHandle MediaOfSource(ObjectHandle source)
+ConstHandle MediaOfSource(ConstHandle source)
 {
     return FindPath(source, {"MediaSource", "Media"});
 }
 
-ObjectHandle VideoStreamOf(ObjectHandle medium)
+ConstHandle VideoStreamOf(ConstHandle medium)
 {
     return medium.GetChild("VideoStream");
 }
 
-ObjectHandle AudioStreamOf(ObjectHandle medium)
+ConstHandle AudioStreamOf(ConstHandle medium)
 {
     return medium.GetChild("AudioStream");
 }
 
-ObjectHandle BoundariesOfSource(ObjectHandle source)
+ConstHandle BoundariesOfSource(ConstHandle source)
 {
     return FindPath(source, {"MediaSource", "Content"});
 }
 
-ObjectHandle SequenceOfSource(ObjectHandle source)
+ConstHandle SequenceOfSource(ConstHandle source)
 {
     return FindPath(source, {"SequenceSource", "Sequence"});
 }
 
-ObjectHandle SequenceProperties(ObjectHandle sequence)
+ConstHandle SequenceProperties(ConstHandle sequence)
 {
     return sequence.GetChild("Properties");
 }
 
-bool IsMergedSequence(ObjectHandle sequence)
+bool IsMergedSequence(ConstHandle sequence)
 {
-    const ObjectHandle holder =
+    const ConstHandle holder =
         sequence.HasProperty("BE.Sequence.IsMergedClip") ? sequence : SequenceProperties(sequence);
     return IsTrue(holder, "BE.Sequence.IsMergedClip");
 }
 
-bool HasTrackGroups(ObjectHandle sequence)
+bool HasTrackGroups(ConstHandle sequence)
 {
     return sequence.HasChild("TrackGroups");
 }
 
-ChildRange GroupEntriesOf(ObjectHandle sequence)
+ConstChildRange GroupEntriesOf(ConstHandle sequence)
 {
     return sequence.GetChild("TrackGroups").GetChildren("TrackGroup");
 }
 
-bool IsGroupEntryOf(ObjectHandle entry, MediaType kind)
+bool IsGroupEntryOf(ConstHandle entry, MediaType kind)
 {
     return EqualsIgnoreCase(entry.GetProperty("First"), MediaTypeText(kind));
 }
 
-ObjectHandle GroupOfEntry(ObjectHandle entry)
+ConstHandle GroupOfEntry(ConstHandle entry)
 {
     return entry.GetChild("Second");
 }
 
-ObjectHandle GroupOfKind(ObjectHandle sequence, MediaType kind)
+ConstHandle GroupOfKind(ConstHandle sequence, MediaType kind)
 {
-    for (const ObjectHandle entry : GroupEntriesOf(sequence))
+    for (const ConstHandle entry : GroupEntriesOf(sequence))
         if (IsGroupEntryOf(entry, kind))
             return GroupOfEntry(entry);
     return {};
 }
 
-Ticks RateOfGroup(ObjectHandle group)
+Ticks RateOfGroup(ConstHandle group)
 {
     return Int64Property(group.GetChild("TrackGroup"), "FrameRate");
 }
 
-ChildRange TracksOf(ObjectHandle group)
+ConstChildRange TracksOf(ConstHandle group)
 {
     return FindPath(group, {"TrackGroup", "Tracks"}).GetChildren("Track");
 }
 
-ObjectHandle MasterAudioTrackOf(ObjectHandle group)
+ConstHandle MasterAudioTrackOf(ConstHandle group)
 {
     return FindPath(group, {"MasterTrack", "AudioTrack"});
 }
 
-ChildRange LinksOf(ObjectHandle sequence)
+ConstChildRange LinksOf(ConstHandle sequence)
 {
     return FindPath(sequence, {"PersistentGroupContainer", "LinkContainer", "Links"})
         .GetChildren("Link");
 }
 
-ChildRange LinkedItemsOf(ObjectHandle link)
+ConstChildRange LinkedItemsOf(ConstHandle link)
 {
     return FindPath(link, {"TrackItemGroup", "TrackItems"}).GetChildren("TrackItem");
 }
 
-ObjectHandle TrackCore(ObjectHandle track)
+ConstHandle TrackCore(ConstHandle track)
 {
     return FindPath(track, {"ClipTrack", "Track"});
 }
 
-ObjectHandle TrackProperties(ObjectHandle track)
+ConstHandle TrackProperties(ConstHandle track)
 {
     return TrackCore(track).GetChild("Properties");
 }
 
-ChildRange TrackItemsOf(ObjectHandle track)
+ConstChildRange TrackItemsOf(ConstHandle track)
 {
     return FindPath(track, {"ClipTrack", "ClipItems", "TrackItems"}).GetChildren("TrackItem");
 }
 
-ObjectHandle AudioTrackOf(ObjectHandle track)
+ConstHandle AudioTrackOf(ConstHandle track)
 {
     return track.GetChild("AudioTrack");
 }
 
-ObjectHandle ItemCore(ObjectHandle item)
+ConstHandle ItemCore(ConstHandle item)
 {
     return item.GetChild("ClipTrackItem");
 }
 
-ObjectHandle ItemEdges(ObjectHandle item)
+ConstHandle ItemEdges(ConstHandle item)
 {
     return ItemCore(item).GetChild("TrackItem");
 }
 
-ObjectHandle SubClipOf(ObjectHandle item)
+ConstHandle SubClipOf(ConstHandle item)
 {
     return ItemCore(item).GetChild("SubClip");
 }
 
-ObjectHandle ClipOfSubClip(ObjectHandle subClip)
+ConstHandle ClipOfSubClip(ConstHandle subClip)
 {
     return subClip.GetChild("Clip");
 }
 
-ObjectHandle MasterOfSubClip(ObjectHandle subClip)
+ConstHandle MasterOfSubClip(ConstHandle subClip)
 {
     return subClip.GetChild("MasterClip");
 }
 
-ObjectHandle HeadTransitionOf(ObjectHandle item)
+ConstHandle HeadTransitionOf(ConstHandle item)
 {
     return ItemCore(item).GetChild("HeadTransition");
 }
 
-ObjectHandle TailTransitionOf(ObjectHandle item)
+ConstHandle TailTransitionOf(ConstHandle item)
 {
     return ItemCore(item).GetChild("TailTransition");
 }
 
-ObjectHandle TransitionCore(ObjectHandle transition)
+ConstHandle TransitionCore(ConstHandle transition)
 {
     return transition.GetChild("TransitionTrackItem");
 }
 
-ObjectHandle TransitionEdges(ObjectHandle transition)
+ConstHandle TransitionEdges(ConstHandle transition)
 {
     return TransitionCore(transition).GetChild("TrackItem");
 }
 
-ObjectHandle ChainOfOwner(ObjectHandle owner)
+ConstHandle ChainOfOwner(ConstHandle owner)
 {
     return FindPath(owner, {"ComponentOwner", "Components"});
 }
 
-ChildRange ComponentsOf(ObjectHandle chain)
+ConstChildRange ComponentsOf(ConstHandle chain)
 {
     return FindPath(chain, {"ComponentChain", "Components"}).GetChildren("Component");
 }
 
-std::string_view ComponentMatchName(ObjectHandle component)
+std::string_view ComponentMatchName(ConstHandle component)
 {
     return component.HasProperty("MatchName") ? component.GetProperty("MatchName")
                                               : component.GetProperty("FilterMatchName");
 }
 
-ObjectHandle ComponentCore(ObjectHandle component)
+ConstHandle ComponentCore(ConstHandle component)
 {
-    const ObjectHandle core = component.GetChild("Component");
+    const ConstHandle core = component.GetChild("Component");
     return core ? core : FindPath(component, {"AudioComponent", "Component"});
 }
 
-ObjectHandle ParamListOf(ObjectHandle component)
+ConstHandle ParamListOf(ConstHandle component)
 {
     return ComponentCore(component).GetChild("Params");
 }
 
-ChildRange ParamsOf(ObjectHandle component)
+ConstChildRange ParamsOf(ConstHandle component)
 {
     return ParamListOf(component).GetChildren("Param");
 }
 
-ObjectHandle ComponentProperties(ObjectHandle component)
+ConstHandle ComponentProperties(ConstHandle component)
 {
     return FindPath(ComponentCore(component), {"Node", "Properties"});
 }
 
-ChildRange DependenciesOf(ObjectHandle component)
+ConstChildRange DependenciesOf(ConstHandle component)
 {
     return component.GetChild("PluginDependencyMap").GetChildren("Dependency");
 }
 
-ObjectHandle DirectPanProcessorOf(ObjectHandle owner)
+ConstHandle DirectPanProcessorOf(ConstHandle owner)
 {
     return FindPath(owner, {"Panner", "DirectPanProcessor"});
 }
 
-ObjectHandle PanProcessorOf(ObjectHandle owner)
+ConstHandle PanProcessorOf(ConstHandle owner)
 {
-    const ObjectHandle own = FindPath(owner, {"Panner", "PanProcessor"});
+    const ConstHandle own = FindPath(owner, {"Panner", "PanProcessor"});
     return own ? own : DirectPanProcessorOf(owner).GetChild("PanProcessor");
 }
 
-ChildRange MarkerEntriesOf(ObjectHandle owner)
+ConstChildRange MarkerEntriesOf(ConstHandle owner)
 {
     return FindPath(owner, {"MarkerOwner", "Markers", "Markers"}).GetChildren("Marker");
 }
 
-std::string_view MarkerRecordOf(ObjectHandle entry)
+std::string_view MarkerRecordOf(ConstHandle entry)
 {
     return entry.GetChild("Second").GetProperty("HULMarker");
 }

@@ -17,150 +17,150 @@ namespace XPJ {
 // ---- Browser
 
 // The list of a root item or a bin; its children are ClipProjectItems, BinProjectItems and others.
-ObjectHandle ItemList(ObjectHandle item);
+ConstHandle ItemList(ConstHandle item);
 // Name of a bin or clip item.
-std::string_view ItemName(ObjectHandle item);
+std::string_view ItemName(ConstHandle item);
 // Columns of a bin or clip item: label, comments.
-ObjectHandle ItemProperties(ObjectHandle item);
-ObjectHandle MasterOfItem(ObjectHandle clipItem);
+ConstHandle ItemProperties(ConstHandle item);
+ConstHandle MasterOfItem(ConstHandle clipItem);
 // The GUID text by which a project refers to an object.
-std::string_view ObjectGuid(ObjectHandle object);
+std::string_view ObjectGuid(ConstHandle object);
 
 // ---- Master clips
 
 // Each a VideoClip or an AudioClip.
-ChildRange ClipsOfMaster(ObjectHandle masterClip);
-ObjectHandle FirstVideoClip(ObjectHandle masterClip);
-ObjectHandle FirstAudioClip(ObjectHandle masterClip);
+ConstChildRange ClipsOfMaster(ConstHandle masterClip);
+ConstHandle FirstVideoClip(ConstHandle masterClip);
+ConstHandle FirstAudioClip(ConstHandle masterClip);
 // The first VideoClip, else the first AudioClip.
-ObjectHandle MainClip(ObjectHandle masterClip);
+ConstHandle MainClip(ConstHandle masterClip);
 // The Sequence of the first clip that shows one; null for a master of media.
-ObjectHandle SequenceOfMaster(ObjectHandle masterClip);
-ObjectHandle LoggingInfoOf(ObjectHandle masterClip);
+ConstHandle SequenceOfMaster(ConstHandle masterClip);
+ConstHandle LoggingInfoOf(ConstHandle masterClip);
 // The ClipChannelVectorSerializers, each with `ChannelType`.
-ChildRange ChannelVectorsOf(ObjectHandle masterClip);
+ConstChildRange ChannelVectorsOf(ConstHandle masterClip);
 // The ClipChannelSerializers of one, each with `mSourceChannelIndex` and `SourceClipIndex`.
-ChildRange ChannelsOfVector(ObjectHandle vector);
+ConstChildRange ChannelsOfVector(ConstHandle vector);
 // Component chains of the effects that belong to the medium; see ComponentsOf.
-ObjectHandle VideoChainOfMaster(ObjectHandle masterClip);
-ObjectHandle AudioChainOfMaster(ObjectHandle masterClip);
+ConstHandle VideoChainOfMaster(ConstHandle masterClip);
+ConstHandle AudioChainOfMaster(ConstHandle masterClip);
 
 // ---- Clips. A VideoClip itself carries `ScaleToFrameSize` and `TimeInterpolationType`, an
 // ---- AudioClip `Gain` and `SecondaryIndex`.
 
-bool IsVideoClip(ObjectHandle clip);
-bool IsAudioClip(ObjectHandle clip);
+bool IsVideoClip(ConstHandle clip);
+bool IsAudioClip(ConstHandle clip);
 // `FrameRate`, `InPoint`, `OutPoint`, `PlaybackSpeed`, `PlayBackwards`, `IsMulticam`,
 // `SelectedTrackIndex`; owner of markers.
-ObjectHandle ClipCore(ObjectHandle clip);
+ConstHandle ClipCore(ConstHandle clip);
 // The label "hfl.clip.label.name".
-ObjectHandle ClipProperties(ObjectHandle clip);
+ConstHandle ClipProperties(ConstHandle clip);
 // A media or sequence source, with `OriginalDuration`; of a clip, of its core.
-ObjectHandle SourceOfClip(ObjectHandle clip);
-ObjectHandle SourceOfCore(ObjectHandle core);
+ConstHandle SourceOfClip(ConstHandle clip);
+ConstHandle SourceOfCore(ConstHandle core);
 // Each with `ChannelIndex`; what a channel of an AudioClip plays.
-ChildRange SecondaryContentsOf(ObjectHandle audioClip);
+ConstChildRange SecondaryContentsOf(ConstHandle audioClip);
 // The source of such a channel.
-ObjectHandle SourceOfContent(ObjectHandle secondaryContent);
-bool HasTimeRemapping(ObjectHandle clip);
+ConstHandle SourceOfContent(ConstHandle secondaryContent);
+bool HasTimeRemapping(ConstHandle clip);
 // The `Keyframes` text of a time remapping; empty without one.
-std::string_view SpeedKeyframesOf(ObjectHandle clip);
+std::string_view SpeedKeyframesOf(ConstHandle clip);
 
 // ---- Sources
 
-ObjectHandle MediaOfSource(ObjectHandle source);
+ConstHandle MediaOfSource(ConstHandle source);
 // Of a Media. A VideoStream may be of the class CaptioningStream.
-ObjectHandle VideoStreamOf(ObjectHandle medium);
-ObjectHandle AudioStreamOf(ObjectHandle medium);
+ConstHandle VideoStreamOf(ConstHandle medium);
+ConstHandle AudioStreamOf(ConstHandle medium);
 // `StartBoundary`, `EndBoundary`, `BoundariesAreHard` of a media source.
-ObjectHandle BoundariesOfSource(ObjectHandle source);
-ObjectHandle SequenceOfSource(ObjectHandle source);
+ConstHandle BoundariesOfSource(ConstHandle source);
+ConstHandle SequenceOfSource(ConstHandle source);
 
 // ---- Sequences
 
 // UI state, `MZ.ZeroPoint`, "MZ.Sequence.VideoTimeDisplayFormat".
-ObjectHandle SequenceProperties(ObjectHandle sequence);
+ConstHandle SequenceProperties(ConstHandle sequence);
 // "BE.Sequence.IsMergedClip", on the sequence itself or among its properties.
-bool IsMergedSequence(ObjectHandle sequence);
-bool HasTrackGroups(ObjectHandle sequence);
+bool IsMergedSequence(ConstHandle sequence);
+bool HasTrackGroups(ConstHandle sequence);
 // Entries of the group list: a media type each and, by GroupOfEntry, the group.
-ChildRange GroupEntriesOf(ObjectHandle sequence);
-bool IsGroupEntryOf(ObjectHandle entry, MediaType kind);
+ConstChildRange GroupEntriesOf(ConstHandle sequence);
+bool IsGroupEntryOf(ConstHandle entry, MediaType kind);
 // A VideoTrackGroup (`FrameRect`, `PixelAspectRatio`, `FieldType`) or an AudioTrackGroup
 // (`NumAdaptiveChannels`).
-ObjectHandle GroupOfEntry(ObjectHandle entry);
+ConstHandle GroupOfEntry(ConstHandle entry);
 // The first group of a kind.
-ObjectHandle GroupOfKind(ObjectHandle sequence, MediaType kind);
+ConstHandle GroupOfKind(ConstHandle sequence, MediaType kind);
 // Ticks a frame or a sample; 0 if the group states none.
-Ticks RateOfGroup(ObjectHandle group);
-ChildRange TracksOf(ObjectHandle group);
+Ticks RateOfGroup(ConstHandle group);
+ConstChildRange TracksOf(ConstHandle group);
 // The AudioTrack of an audio group's master track; owner of components.
-ObjectHandle MasterAudioTrackOf(ObjectHandle group);
+ConstHandle MasterAudioTrackOf(ConstHandle group);
 // Link groups, and the track items of one.
-ChildRange LinksOf(ObjectHandle sequence);
-ChildRange LinkedItemsOf(ObjectHandle link);
+ConstChildRange LinksOf(ConstHandle sequence);
+ConstChildRange LinkedItemsOf(ConstHandle link);
 
 // ---- Tracks
 
 // `IsLocked`, `IsMuted`.
-ObjectHandle TrackCore(ObjectHandle track);
-ObjectHandle TrackProperties(ObjectHandle track);
+ConstHandle TrackCore(ConstHandle track);
+ConstHandle TrackProperties(ConstHandle track);
 // Each a VideoClipTrackItem or an AudioClipTrackItem.
-ChildRange TrackItemsOf(ObjectHandle track);
+ConstChildRange TrackItemsOf(ConstHandle track);
 // `ChannelType` of an audio track; owner of components and of a panner.
-ObjectHandle AudioTrackOf(ObjectHandle track);
+ConstHandle AudioTrackOf(ConstHandle track);
 
 // ---- Track items
 
 // `IsMuted`; owner of components.
-ObjectHandle ItemCore(ObjectHandle item);
+ConstHandle ItemCore(ConstHandle item);
 // `Start` and `End`.
-ObjectHandle ItemEdges(ObjectHandle item);
+ConstHandle ItemEdges(ConstHandle item);
 // `Name`.
-ObjectHandle SubClipOf(ObjectHandle item);
-ObjectHandle ClipOfSubClip(ObjectHandle subClip);
-ObjectHandle MasterOfSubClip(ObjectHandle subClip);
-ObjectHandle HeadTransitionOf(ObjectHandle item);
-ObjectHandle TailTransitionOf(ObjectHandle item);
+ConstHandle SubClipOf(ConstHandle item);
+ConstHandle ClipOfSubClip(ConstHandle subClip);
+ConstHandle MasterOfSubClip(ConstHandle subClip);
+ConstHandle HeadTransitionOf(ConstHandle item);
+ConstHandle TailTransitionOf(ConstHandle item);
 
 // ---- Transitions. `Direction`, `Reverse`, `BorderColor`, `BorderWidth`, `StartPercent` and
 // ---- `EndPercent` stand on a video transition itself.
 
 // `Alignment`, `HasIncomingClip`, `HasOutgoingClip`, `MatchName`, `DisplayName`.
-ObjectHandle TransitionCore(ObjectHandle transition);
+ConstHandle TransitionCore(ConstHandle transition);
 // `Start` and `End`.
-ObjectHandle TransitionEdges(ObjectHandle transition);
+ConstHandle TransitionEdges(ConstHandle transition);
 
 // ---- Effects
 
 // The chain of an owner (ItemCore, AudioTrackOf, MasterAudioTrackOf); an AudioComponentChain has a
 // `FrameRate`.
-ObjectHandle ChainOfOwner(ObjectHandle owner);
-ChildRange ComponentsOf(ObjectHandle chain);
+ConstHandle ChainOfOwner(ConstHandle owner);
+ConstChildRange ComponentsOf(ConstHandle chain);
 // `MatchName` of a picture effect, `FilterMatchName` of a sound effect.
-std::string_view ComponentMatchName(ObjectHandle component);
+std::string_view ComponentMatchName(ConstHandle component);
 // `DisplayName`, `InstanceName`, `Bypass`.
-ObjectHandle ComponentCore(ObjectHandle component);
+ConstHandle ComponentCore(ConstHandle component);
 // The node that holds the params, and each of them.
-ObjectHandle ParamListOf(ObjectHandle component);
-ChildRange ParamsOf(ObjectHandle component);
+ConstHandle ParamListOf(ConstHandle component);
+ConstChildRange ParamsOf(ConstHandle component);
 // `ECP.Filter.Expanded`.
-ObjectHandle ComponentProperties(ObjectHandle component);
+ConstHandle ComponentProperties(ConstHandle component);
 // Each with `Tag` and `Path`.
-ChildRange DependenciesOf(ObjectHandle component);
+ConstChildRange DependenciesOf(ConstHandle component);
 
 // ---- Panners, of an AudioClipTrackItem and of AudioTrackOf a track
 
 // `NumInputChannels`, `AssignedChannel0` and on, `Matrix`; null for a panner of another kind.
-ObjectHandle DirectPanProcessorOf(ObjectHandle owner);
+ConstHandle DirectPanProcessorOf(ConstHandle owner);
 // The processor's sound component; its params are ParamsOf.
-ObjectHandle PanProcessorOf(ObjectHandle owner);
+ConstHandle PanProcessorOf(ConstHandle owner);
 
 // ---- Markers
 
 // Entries of a marker list; the owner is a sequence or a ClipCore.
-ChildRange MarkerEntriesOf(ObjectHandle owner);
+ConstChildRange MarkerEntriesOf(ConstHandle owner);
 // The host's record of a marker, a JSON text.
-std::string_view MarkerRecordOf(ObjectHandle entry);
+std::string_view MarkerRecordOf(ConstHandle entry);
 
 } // namespace XPJ

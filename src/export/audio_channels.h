@@ -15,7 +15,7 @@ struct ChannelLayout {
 };
 
 // The layout of the channels that a master's clips use.
-ChannelLayout ChannelLayoutOf(ObjectHandle masterClip);
+ChannelLayout ChannelLayoutOf(ConstHandle masterClip);
 
 // True for the text of an index that stands for no channel. Indices are unsigned in the project: -1
 // also stands there as the largest number.

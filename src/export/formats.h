@@ -20,8 +20,8 @@ struct PictureFormat {
 FrameSize FrameSizeOf(std::string_view frameRect);
 
 // The ratio "n,d" of a VideoStream before the user overrode it, and the one that holds.
-std::string_view OriginalPixelAspectOf(ObjectHandle videoStream);
-std::string_view PixelAspectOf(ObjectHandle videoStream);
+std::string_view OriginalPixelAspectOf(ConstHandle videoStream);
+std::string_view PixelAspectOf(ConstHandle videoStream);
 
 struct PixelAspect {
     std::string_view name; // "NTSC-601"
@@ -38,6 +38,6 @@ ObjectHandle WriteSampleCharacteristics(ExportContext& context, const PictureFor
 ObjectHandle WriteCodec(ExportContext& context);
 
 // Puts `alphatype` of a VideoStream on a clip item that has none yet.
-void WriteAlpha(ObjectHandle videoStream, ObjectHandle clipItem);
+void WriteAlpha(ConstHandle videoStream, ObjectHandle clipItem);
 
 } // namespace XPJ::RVX

@@ -1,4 +1,4 @@
-#include "export/channel_layout.h"
+#include "export/audio_channels.h"
 
 #include "core/numbers.h"
 #include "project/accessors.h"
@@ -27,12 +27,12 @@ struct UsedChannels {
     std::set<std::string_view> sourceClips;
 };
 
-UsedChannels CountChannels(ObjectHandle masterClip)
+UsedChannels CountChannels(ConstHandle masterClip)
 {
     UsedChannels used;
     int read = 0;
-    for (const ObjectHandle vector : ChannelVectorsOf(masterClip)) {
-        for (const ObjectHandle channel : ChannelsOfVector(vector)) {
+    for (const ConstHandle vector : ChannelVectorsOf(masterClip)) {
+        for (const ConstHandle channel : ChannelsOfVector(vector)) {
             if (used.count == kMaxChannels || ++read > kMaxChannelsRead)
                 return used;
             const std::string_view sourceClip = channel.GetProperty("SourceClipIndex");
@@ -45,9 +45,9 @@ UsedChannels CountChannels(ObjectHandle masterClip)
     return used;
 }
 
-int TypeOfFirstVector(ObjectHandle masterClip)
+int TypeOfFirstVector(ConstHandle masterClip)
 {
-    for (const ObjectHandle vector : ChannelVectorsOf(masterClip)) {
+    for (const ConstHandle vector : ChannelVectorsOf(masterClip)) {
         const int type = IntProperty(vector, "ChannelType");
         return type == kAdaptiveVector ? kAdaptive : type;
     }
@@ -63,7 +63,7 @@ bool IsNoIndex(std::string_view index)
 
 // Mono vectors alone don't say whether channels belong together: two for each source clip are its
 // left and right, more of a single clip are one adaptive whole.
-ChannelLayout ChannelLayoutOf(ObjectHandle masterClip)
+ChannelLayout ChannelLayoutOf(ConstHandle masterClip)
 {
     const UsedChannels used = CountChannels(masterClip);
     const std::size_t sourceClips = used.sourceClips.size();

@@ -1,9 +1,9 @@
-#include "export/item_effects.h"
+#include "export/video_items.h"
 
 #include "effects/distort.h"
 #include "effects/motion_to_xmeml.h"
 #include "effects/opacity_to_xmeml.h"
-#include "export/picture_format.h"
+#include "export/formats.h"
 #include "export/time_remap.h"
 #include "export/video_effects.h"
 
@@ -14,11 +14,11 @@ namespace XPJ::RVX {
 
 namespace {
 
-FrameSize FrameOfSequence(ExportContext& context, ObjectHandle sequence)
+FrameSize FrameOfSequence(ExportContext& context, ConstHandle sequence)
 {
     const auto [entry, isNew] = context.sequenceFrames.try_emplace(sequence.UniqueId());
     if (isNew) {
-        const ObjectHandle group = GroupOfKind(sequence, MediaType::Video);
+        const ConstHandle group = GroupOfKind(sequence, MediaType::Video);
         entry->second =
             ParseFrameSize(group.GetProperty("FrameRect"), group.GetProperty("PixelAspectRatio"));
     }
@@ -28,7 +28,7 @@ FrameSize FrameOfSequence(ExportContext& context, ObjectHandle sequence)
 // The frame of what an item shows; nothing for an item without a picture.
 std::optional<FrameSize> FrameOfItem(ExportContext& context, const ItemRecord& record)
 {
-    if (const ObjectHandle stream = VideoStreamOf(record.medium))
+    if (const ConstHandle stream = VideoStreamOf(record.medium))
         return ParseFrameSize(stream.GetProperty("FrameRect"), PixelAspectOf(stream));
     if (record.sequence)
         return FrameOfSequence(context, record.sequence);
@@ -46,9 +46,9 @@ FrameFactors FactorsOf(const FrameSize& sequence, const FrameSize& clip)
 }
 
 // The first component of a match name.
-ObjectHandle FindComponent(ObjectHandle chain, std::string_view matchName)
+ConstHandle FindComponent(ConstHandle chain, std::string_view matchName)
 {
-    for (const ObjectHandle component : ComponentsOf(chain))
+    for (const ConstHandle component : ComponentsOf(chain))
         if (ComponentMatchName(component) == matchName)
             return component;
     return {};
@@ -78,15 +78,15 @@ void ExportCompositeMode(ExportContext& context, const EffectOwner& owner,
 void ExportVideoEffects(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
                         ObjectHandle element)
 {
-    const ObjectHandle chain = ChainOfOwner(ItemCore(record.item));
+    const ConstHandle chain = ChainOfOwner(ItemCore(record.item));
     const EffectOwner owner = OwnerOf(track, record);
     const Ticks frameTicks = record.timing.rate;
-    if (const ObjectHandle motion = FindComponent(chain, kMotionMatch))
+    if (const ConstHandle motion = FindComponent(chain, kMotionMatch))
         ExportMotion({context.document, motion, frameTicks},
                      FactorsOf(FrameOfSequence(context, track.sequence.sequence),
                                FrameOfItem(context, record).value_or(FrameSize())),
                      element);
-    if (const ObjectHandle component = FindComponent(chain, kOpacityMatch)) {
+    if (const ConstHandle component = FindComponent(chain, kOpacityMatch)) {
         const EffectSource opacity{context.document, component, frameTicks};
         ExportOpacity(opacity, element);
         ExportCompositeMode(context, owner, opacity, element);

@@ -1,4 +1,4 @@
-#include "export/item_place.h"
+#include "export/track_context.h"
 
 #include "core/frame_rate.h"
 
@@ -6,7 +6,7 @@ namespace XPJ::RVX {
 
 std::string FormatItemTime(const SequencePlace& place, Ticks start)
 {
-    const ObjectHandle properties = SequenceProperties(place.sequence);
+    const ConstHandle properties = SequenceProperties(place.sequence);
     const TimecodeForm form = TimecodeFormOf(
         place.frameTicks, IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat"));
     const Ticks time = AddTicks(Int64Property(properties, "MZ.ZeroPoint"), start);

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-namespace XPJ::RVX {
+namespace XPJ {
 
 struct MarkerRecord {
     std::string name; // texts may hold entities
@@ -24,4 +24,4 @@ struct MarkerRecord {
 // Nothing for a text that is no record. The outer object may be missing, and so may any field.
 std::optional<MarkerRecord> ParseMarkerRecord(std::string_view text);
 
-} // namespace XPJ::RVX
+} // namespace XPJ

@@ -1,4 +1,4 @@
-#include "export/master_media.h"
+#include "export/media.h"
 
 #include "core/numbers.h"
 #include "export/rates.h"
@@ -24,14 +24,14 @@ constexpr SyntheticCode kSyntheticCodes[] = {
     {1414091852, MediumKind::Title},       // "TITL"
 };
 
-Ticks TicksOr(ObjectHandle node, Name key, Ticks missing)
+Ticks TicksOr(ConstHandle node, Name key, Ticks missing)
 {
     return HasValue(node, key) ? Int64Property(node, key) : missing;
 }
 
-ClipBoundaries ReadBoundaries(ObjectHandle source)
+ClipBoundaries ReadBoundaries(ConstHandle source)
 {
-    const ObjectHandle stated = BoundariesOfSource(source);
+    const ConstHandle stated = BoundariesOfSource(source);
     ClipBoundaries boundaries;
     boundaries.start = TicksOr(stated, "StartBoundary", -1);
     boundaries.end = TicksOr(stated, "EndBoundary", -1);
@@ -40,12 +40,12 @@ ClipBoundaries ReadBoundaries(ObjectHandle source)
     return boundaries;
 }
 
-MasterMedia ReadMedia(ObjectHandle masterClip)
+MasterMedia ReadMedia(ConstHandle masterClip)
 {
     MasterMedia media;
-    for (const ObjectHandle clip : ClipsOfMaster(masterClip)) {
-        const ObjectHandle source = SourceOfClip(clip);
-        if (const ObjectHandle medium = MediaOfSource(source); medium && !media.medium) {
+    for (const ConstHandle clip : ClipsOfMaster(masterClip)) {
+        const ConstHandle source = SourceOfClip(clip);
+        if (const ConstHandle medium = MediaOfSource(source); medium && !media.medium) {
             media.medium = medium;
             media.boundaries = ReadBoundaries(source);
         }
@@ -55,7 +55,7 @@ MasterMedia ReadMedia(ObjectHandle masterClip)
     return media;
 }
 
-bool IsWrittenAsClip(ObjectHandle medium)
+bool IsWrittenAsClip(ConstHandle medium)
 {
     const MediumKind kind = MediumKindOf(medium);
     return medium && kind != MediumKind::ColourMatte && kind != MediumKind::Graphic;
@@ -63,7 +63,7 @@ bool IsWrittenAsClip(ObjectHandle medium)
 
 } // namespace
 
-const MasterMedia& MediaOfMaster(ExportContext& context, ObjectHandle masterClip)
+const MasterMedia& MediaOfMaster(ExportContext& context, ConstHandle masterClip)
 {
     const auto [entry, isNew] = context.masterMedia.try_emplace(masterClip.UniqueId());
     if (isNew)
@@ -71,21 +71,21 @@ const MasterMedia& MediaOfMaster(ExportContext& context, ObjectHandle masterClip
     return entry->second;
 }
 
-ObjectHandle AudioMediumOfMaster(ObjectHandle masterClip)
+ConstHandle AudioMediumOfMaster(ConstHandle masterClip)
 {
-    for (const ObjectHandle clip : ClipsOfMaster(masterClip))
+    for (const ConstHandle clip : ClipsOfMaster(masterClip))
         if (IsAudioClip(clip))
-            if (const ObjectHandle medium = MediaOfSource(SourceOfClip(clip)))
+            if (const ConstHandle medium = MediaOfSource(SourceOfClip(clip)))
                 return medium;
     return {};
 }
 
-std::string_view MediumPath(ObjectHandle medium)
+std::string_view MediumPath(ConstHandle medium)
 {
     return medium.GetProperty(medium.HasProperty("FilePath") ? "FilePath" : "ActualMediaFilePath");
 }
 
-MediumKind MediumKindOf(ObjectHandle medium)
+MediumKind MediumKindOf(ConstHandle medium)
 {
     const std::string_view path = MediumPath(medium);
     if (path.find_first_of("/\\") != path.npos)
@@ -96,7 +96,7 @@ MediumKind MediumKindOf(ObjectHandle medium)
     return MediumKind::Synthetic;
 }
 
-std::string_view MasterClipId(ExportContext& context, ObjectHandle masterClip)
+std::string_view MasterClipId(ExportContext& context, ConstHandle masterClip)
 {
     const std::string_view noted = FindNote(context.masterClipIds, masterClip);
     if (!noted.empty() || !IsWrittenAsClip(MediaOfMaster(context, masterClip).medium))
@@ -106,7 +106,7 @@ std::string_view MasterClipId(ExportContext& context, ObjectHandle masterClip)
     return id;
 }
 
-Ticks ClipRate(ObjectHandle medium)
+Ticks ClipRate(ConstHandle medium)
 {
     const Ticks rate = Int64Property(VideoStreamOf(medium), "FrameRate");
     return IsRate(rate) ? rate : kNtscFrameTicks;

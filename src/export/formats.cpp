@@ -1,4 +1,4 @@
-#include "export/picture_format.h"
+#include "export/formats.h"
 
 #include "core/numbers.h"
 #include "core/text.h"
@@ -87,12 +87,12 @@ constexpr int kMattedAlpha = 2;
 constexpr int kIgnoredAlpha = 3;
 
 // An overridable setting: the user's where the flag says so, else the medium's own.
-std::string_view Setting(ObjectHandle stream, Name flag, Name overridden, Name own)
+std::string_view Setting(ConstHandle stream, Name flag, Name overridden, Name own)
 {
     return stream.GetProperty(IsTrue(stream, flag) ? overridden : own);
 }
 
-std::string_view MatteName(ObjectHandle stream)
+std::string_view MatteName(ConstHandle stream)
 {
     const std::string_view colour =
         Setting(stream, "IsAlphaMatteColorOverridden", "OverriddenAlphaMatterColor",
@@ -117,12 +117,12 @@ FrameSize FrameSizeOf(std::string_view frameRect)
     return {.width = ParseInt(fields[2]), .height = ParseInt(fields[3])};
 }
 
-std::string_view OriginalPixelAspectOf(ObjectHandle videoStream)
+std::string_view OriginalPixelAspectOf(ConstHandle videoStream)
 {
     return HasValue(videoStream, "OriginalPAR") ? videoStream.GetProperty("OriginalPAR") : "1,1";
 }
 
-std::string_view PixelAspectOf(ObjectHandle videoStream)
+std::string_view PixelAspectOf(ConstHandle videoStream)
 {
     return IsTrue(videoStream, "IsPAROverridden") && HasValue(videoStream, "OverriddenPAR")
                ? videoStream.GetProperty("OverriddenPAR")
@@ -179,7 +179,7 @@ ObjectHandle WriteCodec(ExportContext& context)
     return codec;
 }
 
-void WriteAlpha(ObjectHandle videoStream, ObjectHandle clipItem)
+void WriteAlpha(ConstHandle videoStream, ObjectHandle clipItem)
 {
     if (!videoStream || clipItem.HasProperty("alphatype"))
         return;

@@ -1,4 +1,4 @@
-#include "export/marker_record.h"
+#include "project/marker_record.h"
 
 #include "core/numbers.h"
 #include "core/text.h"
@@ -9,7 +9,7 @@
 
 #include <nlohmann/json.hpp>
 
-namespace XPJ::RVX {
+namespace XPJ {
 
 namespace {
 
@@ -144,4 +144,4 @@ std::optional<MarkerRecord> ParseMarkerRecord(std::string_view text)
                         .colour = ColourOf(record)};
 }
 
-} // namespace XPJ::RVX
+} // namespace XPJ

@@ -11,7 +11,7 @@ namespace XPJ::RVX {
 
 // A project sequence whose tracks are being translated.
 struct SequencePlace {
-    ObjectHandle sequence;
+    ConstHandle sequence;
     Ticks frameTicks = kNtscFrameTicks; // of its picture; transitions and findings count in it
 };
 
@@ -19,11 +19,11 @@ struct SequencePlace {
 struct TrackPlace {
     SequencePlace sequence;
     MediaType kind = MediaType::Video;
-    int index = 0;                    // from 0, among the project's tracks of its kind
-    int number = 1;                   // from 1, among the written ones: `trackindex` of a link
-    ObjectHandle track;               // the written one
-    int itemCount = 0;                // items and transitions on it
-    ObjectHandle lastTransition = {}; // of the project, the last one that was translated
+    int index = 0;                   // from 0, among the project's tracks of its kind
+    int number = 1;                  // from 1, among the written ones: `trackindex` of a link
+    ObjectHandle track;              // the written one
+    int itemCount = 0;               // items and transitions on it
+    ConstHandle lastTransition = {}; // of the project, the last one that was translated
 
     // From 1: `clipindex` of a link to the next item.
     int NextPosition() const { return itemCount + 1; }
