@@ -3,7 +3,7 @@
 #include "core/paths.h"
 #include "frame/conversion_operation.h"
 #include "frame/export_operation.h"
-#include "frame/report.h"
+#include "report/report.h"
 #include "frame/stream_buffers.h"
 #include "platform/atomic_file.h"
 

@@ -4,7 +4,7 @@
 #include "core/conversion_result.h"
 #include "core/guid.h"
 #include "core/translation_issue.h"
-#include "frame/report.h"
+#include "report/report.h"
 #include "tree/reading.h"
 
 #include <functional>

@@ -1,5 +1,5 @@
 #include "frame/conversion_operation.h"
-#include "frame/encoding_issues.h"
+#include "report/encoding_issues.h"
 #include "frame/release.h"
 #include "import/import_driver.h"
 #include "platform/settings.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "frame/operation.h"
-#include "frame/report.h"
+#include "report/report.h"
 
 #include <iosfwd>
 #include <optional>

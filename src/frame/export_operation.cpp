@@ -1,7 +1,7 @@
 #include "frame/export_operation.h"
 #include "core/paths.h"
 #include "export/export_driver.h"
-#include "frame/encoding_issues.h"
+#include "report/encoding_issues.h"
 #include "frame/release.h"
 #include "platform/settings.h"
 #include "project/reader.h"

@@ -3,7 +3,7 @@
 
 #include "core/guid.h"
 #include "frame/operation.h"
-#include "frame/report.h"
+#include "report/report.h"
 
 #include <iosfwd>
 #include <string>

@@ -2,7 +2,7 @@
 #include "core/conversion_result.h"
 #include "core/paths.h"
 #include "frame/console.h"
-#include "frame/report.h"
+#include "report/report.h"
 #include "platform/default_platform.h"
 #include "xpjconvert/closing_line.h"
 #include "xpjconvert/conversion.h"

@@ -1,4 +1,4 @@
-#include "frame/encoding_issues.h"
+#include "report/encoding_issues.h"
 
 #include <fmt/format.h>
 

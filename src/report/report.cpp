@@ -1,4 +1,4 @@
-#include "frame/report.h"
+#include "report/report.h"
 #include "core/messages.h"
 #include "core/numbers.h"
 #include "core/paths.h"

@@ -1,14 +1,31 @@
-#include "frame/report.h"
-#include "frame_test_support.h"
+#include "report/report.h"
+#include "platform/default_platform.h"
+#include "support/temp_folder.h"
 #include "support/tree.h"
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <set>
 #include <thread>
 
 namespace XPJ {
 namespace {
+
+// A platform whose time doesn't pass.
+class StoppedClock final : public DefaultPlatform {
+public:
+    std::chrono::system_clock::time_point Now() override
+    {
+        std::tm time{};
+        time.tm_year = 116;
+        time.tm_mday = 2;
+        time.tm_hour = 3;
+        time.tm_min = 4;
+        time.tm_isdst = -1;
+        return std::chrono::system_clock::from_time_t(std::mktime(&time));
+    }
+};
 
 TranslationIssue Issue(int kind)
 {
@@ -211,7 +228,7 @@ TEST(MakeUniqueFileName, NoTwoThreadsGetTheSame)
 TEST(WriteReport, GoesIntoTheFolderUnderTheLocalTime)
 {
     const TempFolder folder;
-    TestPlatform platform(folder);
+    StoppedClock platform;
     const PlatformScope scope(platform);
     const IssueSet issues = {Issue(3)};
     const std::string path = WriteReport(folder.Path(), issues, Direction::Import);
