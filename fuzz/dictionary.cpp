@@ -1,8 +1,8 @@
 // Prints a libFuzzer dictionary: the words of both grammars, what the tokeniser looks at, and
 // some of looks, of the script and of timecodes.
-#include "project/grammar.h"
+#include "project/classes.h"
 #include "tree/reading_table.h"
-#include "xmeml/grammar.h"
+#include "xmeml/elements.h"
 
 #include <iostream>
 #include <set>

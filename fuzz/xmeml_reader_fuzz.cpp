@@ -9,8 +9,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
 {
     using namespace XPJ;
     const std::string_view input(reinterpret_cast<const char*>(data), size);
-    for (const bool asItem : {false, true})
-        if (FastEvents(input, asItem) != LiteralEvents(input, asItem))
+    for (const bool asLeaf : {false, true})
+        if (FastEvents(input, asLeaf) != LiteralEvents(input, asLeaf))
             std::abort();
 
     Document document;

@@ -2,7 +2,7 @@
 // them.
 #include "project/reader.h"
 
-#include "project/grammar.h"
+#include "project/classes.h"
 #include "tree/input.h"
 #include "tree/reading.h"
 #include "tree/tree_reader.h"
@@ -46,7 +46,7 @@ private:
         }
         // The pointer to the top object.
         std::string_view number;
-        if (current.rule->name == "VelaData" && tag.name == "Project" &&
+        if (current.rule->tag == "VelaData" && tag.name == "Project" &&
             GetAttribute(tag.attributes, "ObjectRef", number)) {
             current.node.SetPropertyShared("ProjectRef", number);
             return true;
@@ -76,7 +76,7 @@ private:
             element.node.SetPropertyShared("UIDObject", id);
         }
         SetBinaryHash(element.node, element.attributes);
-        if (element.rule->name == "StartKeyframeValue")
+        if (element.rule->tag == "StartKeyframeValue")
             NoteBlob(element.node);
     }
 

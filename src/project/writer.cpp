@@ -268,12 +268,13 @@ void ProjectWriter::WriteBody(std::span<const BodyRow> rows, ObjectHandle node)
 void ProjectWriter::WriteRow(const BodyRow& row, ObjectHandle node)
 {
     switch (row.kind) {
-    case RowKind::Open:
+    case RowKind::Part:
+    case RowKind::Wrapper:
         out_.WriteTabs(level_++);
         out_.Write("<", row.tag.View(), " Version=\"");
         out_.WriteNumber(row.version);
         return out_.Write("\">\n");
-    case RowKind::Close:
+    case RowKind::End:
         out_.WriteTabs(--level_);
         return out_.Write("</", row.tag.View(), ">\n");
     case RowKind::Include:
@@ -307,12 +308,15 @@ void ProjectWriter::WriteRow(const BodyRow& row, ObjectHandle node)
     case RowKind::GuidList:
         return WriteGuidList(row, node);
     case RowKind::Blob:
-    case RowKind::BlobOrEmpty:
+    case RowKind::SharedBlob:
         return WriteBlob(row, node);
     case RowKind::AudioLayout:
         return WriteAudioLayout(row, node);
     case RowKind::MarkerRecord:
         return WriteMarkerRecord(row, node);
+    case RowKind::ReadLeaf:
+    case RowKind::ReadPart:
+        return;
     }
 }
 

@@ -1,89 +1,38 @@
 #include "tree/reading_table.h"
 
-#include <algorithm>
 #include <stdexcept>
 #include <string>
 
 namespace XPJ {
 
-namespace {
-
-template <class Function>
-void ForEachWord(std::string_view words, Function&& function)
+ReadingTable::ReadingTable(std::span<const RuleSource> sources)
 {
-    for (std::size_t start = 0; start < words.size();) {
-        const std::size_t end = std::min(words.find(' ', start), words.size());
-        if (end != start)
-            function(words.substr(start, end - start));
-        start = end + 1;
+    for (const RuleSource& source : sources) {
+        const auto index = static_cast<std::uint16_t>(rules_.size());
+        if (!ruleNumbers_.emplace(source.name, index).second)
+            throw std::logic_error("two rules named " + source.name);
+        rules_.push_back({source.name, source.tag, index, source.text, source.attributes, {}});
     }
-}
-
-} // namespace
-
-ReadingTable::ReadingTable(std::span<const RuleRow> rows)
-{
-    for (const RuleRow& row : rows) {
-        Rule rule;
-        rule.name = row.rule;
-        rule.tag = Name::OfStatic(row.tag);
-        rule.index = static_cast<std::uint16_t>(rules_.size());
-        if (!ruleNumbers_.emplace(row.rule, rule.index).second)
-            throw std::logic_error("two rules named " + std::string(row.rule));
-        rules_.push_back(std::move(rule));
-    }
-    // The first entry of a tag stays: a child goes before an item, an item before a reference.
-    for (const RuleRow& row : rows) {
-        Rule& rule = MutableRule(row.rule);
-        ForEachWord(row.children, [&](std::string_view word) {
-            const Rule& child = FindRule(word);
-            SetAction(rule, child.tag.View(), {Action::Child, child.index});
-        });
-        ForEachWord(row.items,
-                    [&](std::string_view word) { SetAction(rule, word, {Action::Item}); });
-        ForEachWord(row.references,
-                    [&](std::string_view word) { SetAction(rule, word, {Action::Reference}); });
+    for (std::size_t i = 0; i < sources.size(); ++i) {
+        for (const std::string& name : sources[i].children) {
+            const Rule& child = FindRule(name);
+            AddAction(rules_[i], child.tag.View(), {Action::Child, child.index});
+        }
+        for (const Name& leaf : sources[i].leaves)
+            AddAction(rules_[i], leaf.View(), {Action::Leaf});
+        for (const Name& reference : sources[i].references)
+            AddAction(rules_[i], reference.View(), {Action::Reference});
     }
     for (Rule& rule : rules_)
         rule.actions.resize(tags_.size() + 1);
 }
 
-void ReadingTable::AddItems(std::string_view rule, std::span<const Name> items)
-{
-    for (const Name& item : items)
-        SetAction(MutableRule(rule), item.View(), {Action::Item});
-    for (Rule& other : rules_)
-        other.actions.resize(tags_.size() + 1);
-}
-
-void ReadingTable::AddAttributes(std::string_view rule, std::string_view words)
-{
-    std::vector<Name>& attributes = MutableRule(rule).attributes;
-    ForEachWord(words, [&](std::string_view word) { attributes.push_back(Name::OfStatic(word)); });
-}
-
-void ReadingTable::AddAttributes(std::string_view rule, std::span<const Name> names)
-{
-    std::vector<Name>& attributes = MutableRule(rule).attributes;
-    attributes.insert(attributes.end(), names.begin(), names.end());
-}
-
-void ReadingTable::KeepText(std::string_view rule, Name property)
-{
-    MutableRule(rule).textProperty = property;
-}
-
-const Rule& ReadingTable::FindRule(std::string_view name) const
+const Rule& ReadingTable::FindRule(const std::string& name) const
 {
     const auto found = ruleNumbers_.find(name);
     if (found == ruleNumbers_.end())
-        throw std::logic_error("no rule named " + std::string(name));
+        throw std::logic_error("no rule named " + name);
     return rules_[found->second];
-}
-
-Rule& ReadingTable::MutableRule(std::string_view name)
-{
-    return rules_[FindRule(name).index];
 }
 
 TagNumber ReadingTable::AddTag(std::string_view tag)
@@ -98,12 +47,12 @@ TagNumber ReadingTable::AddTag(std::string_view tag)
     return slots_[slot] = static_cast<TagNumber>(tags_.size());
 }
 
-void ReadingTable::SetAction(Rule& rule, std::string_view tag, Action action)
+void ReadingTable::AddAction(Rule& rule, std::string_view tag, Action action)
 {
     const TagNumber number = AddTag(tag);
     if (rule.actions.size() <= number)
         rule.actions.resize(number + 1u);
-    if (rule.actions[number].kind == Action::Ignore)
+    if (action.kind > rule.actions[number].kind)
         rule.actions[number] = action;
 }
 

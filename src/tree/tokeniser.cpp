@@ -161,7 +161,7 @@ Tokeniser::Step Tokeniser::ScanAttributes(Content content)
 // An empty `file` with attributes is as good as a self-closed one.
 Tokeniser::Step Tokeniser::FinishStartTag(Content content)
 {
-    if (content != Content::Item && name_ == "file" &&
+    if (content != Content::Leaf && name_ == "file" &&
         View(next_, end_).starts_with(kEmptyFileEnd)) {
         next_ += kEmptyFileEnd.size();
         selfClosed_ = true;

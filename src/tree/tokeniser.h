@@ -35,7 +35,7 @@ enum class Token {
 enum class Content {
     Tags, // no text: it is passed over unseen
     All,
-    Item, // text; `<file ...></file>` is not taken for a self-closed tag
+    Leaf, // text; `<file ...></file>` is not taken for a self-closed tag
 };
 
 class Tokeniser {

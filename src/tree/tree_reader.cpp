@@ -120,8 +120,8 @@ bool TreeReader::StartElement()
     const Element& current = open_.back();
     const TagNumber number = table_.FindTag(tokens_.Name());
     const Action action = current.rule->actions[number];
-    if (action.kind == Action::Item)
-        return ReadItem(number);
+    if (action.kind == Action::Leaf)
+        return ReadLeaf(number);
     const StartTag tag{tokens_.Name(), tokens_.Attributes(), tokens_.IsSelfClosed(), action};
     if (TakeStart(current, tag) || action.kind != Action::Child)
         return true;
@@ -137,13 +137,13 @@ bool TreeReader::StartElement()
 }
 
 // The first end tag of any name ends an item; start tags inside do nothing.
-bool TreeReader::ReadItem(TagNumber tag)
+bool TreeReader::ReadLeaf(TagNumber tag)
 {
-    openItem_ = table_.TagName(tag);
+    openLeaf_ = table_.TagName(tag);
     TextRuns text;
     bool isOpen = !tokens_.IsSelfClosed();
     while (isOpen) {
-        const Token token = tokens_.Next(Content::Item);
+        const Token token = tokens_.Next(Content::Leaf);
         switch (token) {
         case Token::Text:
             text.Append(tokens_.Text(), document_);
@@ -165,8 +165,8 @@ bool TreeReader::ReadItem(TagNumber tag)
             return false;
         }
     }
-    open_.back().node.AddPropertyShared(openItem_, text.View());
-    openItem_ = {};
+    open_.back().node.AddPropertyShared(openLeaf_, text.View());
+    openLeaf_ = {};
     return true;
 }
 
@@ -241,8 +241,8 @@ void TreeReader::FillStop(ReadStop& stop) const
         }
         stop.path.append(i > 1 ? "/" : "").append(open_[i].rule->tag.View());
     }
-    if (!openItem_.IsEmpty())
-        stop.path.append(stop.path.empty() ? "" : "/").append(openItem_.View());
+    if (!openLeaf_.IsEmpty())
+        stop.path.append(stop.path.empty() ? "" : "/").append(openLeaf_.View());
 }
 
 } // namespace XPJ

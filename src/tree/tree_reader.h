@@ -69,7 +69,7 @@ protected:
 private:
     int ReadTokens(ReadStop* stop);
     bool StartElement();
-    bool ReadItem(TagNumber tag);
+    bool ReadLeaf(TagNumber tag);
     bool EndElement();
     void KeepText(std::string_view text);
     void Open(const Rule& rule, std::string_view attributes);
@@ -83,7 +83,7 @@ private:
     Tokeniser tokens_;
     IdTable ids_;
     std::vector<Element> open_;
-    Name openItem_;
+    Name openLeaf_;
     Token fault_ = Token::EndOfInput; // what else ended the reading
     const char* reason_ = "";
 };

@@ -3,18 +3,21 @@
 #include "core/host_properties.h"
 #include "tree/name_index.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace XPJ {
 
 namespace {
 
-constexpr XmemlField Required(Name name, std::string_view missing = {})
+constexpr XmemlField Required(Name name, FieldUse use = {})
 {
-    return {.kind = FieldKind::Required, .name = name, .text = missing};
+    return {.kind = FieldKind::Required, .name = name, .use = use};
 }
 
-constexpr XmemlField Optional(Name name)
+constexpr XmemlField RequiredOr(Name name, std::string_view missing)
 {
-    return {.kind = FieldKind::Optional, .name = name};
+    return {.kind = FieldKind::Required, .name = name, .text = missing};
 }
 
 constexpr XmemlField RequiredFrom(Name property, Name name)
@@ -22,17 +25,32 @@ constexpr XmemlField RequiredFrom(Name property, Name name)
     return {.kind = FieldKind::Required, .name = name, .property = property};
 }
 
-constexpr XmemlField Fixed(Name name, std::string_view text)
+constexpr XmemlField Leaf(Name name, FieldUse use = {})
 {
-    return {.kind = FieldKind::Fixed, .name = name, .text = text};
+    return {.kind = FieldKind::Leaf, .name = name, .use = use};
 }
 
-constexpr XmemlField Child(Name name)
+constexpr XmemlField Fixed(Name name, std::string_view text, FieldUse use)
 {
-    return {.kind = FieldKind::Child, .name = name};
+    return {.kind = FieldKind::Fixed, .name = name, .use = use, .text = text};
 }
 
-// A child whose form depends on where it stands.
+constexpr XmemlField LeafBy(XmemlRule rule, Name name)
+{
+    return {.kind = FieldKind::LeafBy, .name = name, .rule = rule};
+}
+
+constexpr XmemlField Child(Name name, FieldUse use = {})
+{
+    return {.kind = FieldKind::Child, .name = name, .use = use};
+}
+
+constexpr XmemlField ReferableChild(Name name, Name reference, FieldUse use = {})
+{
+    return {.kind = FieldKind::Child, .name = name, .use = use, .reference = reference};
+}
+
+// A child that is written by a row of its own.
 constexpr XmemlField ChildAs(Name name, std::string_view element)
 {
     return {.kind = FieldKind::Child, .name = name, .element = element};
@@ -43,14 +61,24 @@ constexpr XmemlField Each(Name name)
     return {.kind = FieldKind::Each, .name = name};
 }
 
-constexpr XmemlField InOrder(std::span<const Name> names)
+constexpr XmemlField Mixed(Name name, FieldUse use = {})
 {
-    return {.kind = FieldKind::InOrder, .names = names};
+    return {.kind = FieldKind::Mixed, .name = name, .use = use};
 }
 
-constexpr XmemlField By(XmemlRule rule)
+constexpr XmemlField ReferableMixed(Name name, Name reference)
 {
-    return {.kind = FieldKind::Rule, .rule = rule};
+    return {.kind = FieldKind::Mixed, .name = name, .reference = reference};
+}
+
+constexpr XmemlField WholeOrReference(Name name, Name reference, FieldUse use = {})
+{
+    return {.kind = FieldKind::Whole, .name = name, .use = use, .reference = reference};
+}
+
+constexpr XmemlField ChildBy(XmemlRule rule, Name name)
+{
+    return {.kind = FieldKind::ChildBy, .name = name, .rule = rule};
 }
 
 constexpr XmemlAttribute Always(Name name)
@@ -58,9 +86,9 @@ constexpr XmemlAttribute Always(Name name)
     return {.kind = AttributeKind::Always, .name = name};
 }
 
-constexpr XmemlAttribute Present(Name name)
+constexpr XmemlAttribute Present(Name name, FieldUse use = {})
 {
-    return {.kind = AttributeKind::Present, .name = name};
+    return {.kind = AttributeKind::Present, .name = name, .use = use};
 }
 
 constexpr XmemlAttribute Equal(Name name, std::string_view text)
@@ -73,199 +101,342 @@ constexpr XmemlAttribute FixedText(Name name, std::string_view text)
     return {.kind = AttributeKind::Fixed, .name = name, .text = text};
 }
 
-constexpr XmemlAttribute ListOf(std::span<const Name> (*list)())
+constexpr XmemlAttribute ListOf(std::span<const Name> (*list)(), FieldUse use = {})
 {
-    return {.kind = AttributeKind::List, .list = list};
+    return {.kind = AttributeKind::List, .use = use, .list = list};
 }
+
+constexpr XmemlAttribute OrLeaf(XmemlAttribute attribute, FieldUse use = {})
+{
+    attribute.isLeafToo = true;
+    if (!use.reason.empty())
+        attribute.use = use;
+    return attribute;
+}
+
+// Reasons of several rows.
+
+constexpr std::string_view kInProject = "one project holds all that is written";
+constexpr std::string_view kInChildren = "written inside `children`";
+constexpr std::string_view kInCharacteristics = "written in `samplecharacteristics`";
+constexpr std::string_view kInMedia = "the media itself has it";
+constexpr std::string_view kPlainGenerator = "written generators have none";
+constexpr std::string_view kWipe = "the id of the effect names the wipe";
+constexpr std::string_view kOthers = "for other readers";
+constexpr std::string_view kPanFilter = "for other readers: the import takes the pan filter";
+constexpr std::string_view kFreshIdentity = "each import generates identities of its own";
+constexpr std::string_view kCodecDescription = "the codec is found by its name";
+constexpr std::string_view kRamp =
+    "the values of the keyframes state how fast a ramp begins and ends";
+constexpr std::string_view kNoRange = "a filter covers its whole item";
+constexpr std::string_view kByLayout = "channels are found by number and layout of the elements";
+constexpr std::string_view kExploded = "a track of each channel is written instead";
+constexpr std::string_view kAngles = "a multiclip is written with sequences as angles";
+constexpr std::string_view kMasterFirst = "the clip that an item belongs to states it";
 
 // clang-format off
 
-// Start tags.
+// Structure. The root is no element of the document.
 
-constexpr XmemlAttribute kId[] = {Always("id")};
+constexpr XmemlField kRoot[] = {Child("xmeml")};
 
-constexpr XmemlAttribute kClipAttributes[] = {
-    Always("id"), Equal("explodedTracks", "true"), Equal("scaleToFrameSize", "TRUE"),
+constexpr XmemlAttribute kXmemlAttributes[] = {FixedText("version", "4")};
+
+constexpr XmemlField kXmeml[] = {
+    Child("project"),
+    Child("bin", ReadOnly(kInProject)), ReferableChild("clip", "clipid", ReadOnly(kInProject)),
+    ReferableChild("sequence", "sequenceid", ReadOnly(kInProject)),
 };
 
-constexpr XmemlAttribute kClipItemAttributes[] = {
-    Always("id"), Equal("scaleToFrameSize", "TRUE"),
-    Present("PannerCurrentValue"), Present("PannerKeyframes"), Present("PannerStartKeyframe"),
-    Present("PannerIsInverted"), Present("PannerName"), Present("velaChannelType"),
+constexpr XmemlField kProject[] = {
+    Required("name"), Child("children"),
+    Child("bin", ReadOnly(kInChildren)), Child("clip", ReadOnly(kInChildren)),
+    Child("sequence", ReadOnly(kInChildren)),
+};
+
+constexpr XmemlField kBin[] = {
+    Required("name"), Child("labels"), Child("children"), Leaf("uuid", Skipped(kFreshIdentity)),
+};
+
+constexpr XmemlField kChildren[] = {
+    ReferableMixed("clip", "clipid"), Mixed("bin"), ReferableMixed("sequence", "sequenceid"),
+    Mixed("sequenceref", WriteOnly("read as a reference: the sequence itself and its id")),
+    Mixed("effect", WriteOnly("effects are read from filters and items")),
+};
+
+constexpr XmemlAttribute kClipAttributes[] = {
+    Always("id"), Equal("explodedTracks", "true"), OrLeaf(Equal("scaleToFrameSize", "TRUE")),
+};
+
+constexpr XmemlField kClip[] = {
+    Required("uuid", ForOthers(kFreshIdentity)), RequiredFrom("id", "masterclipid"),
+    Fixed("ismasterclip", "TRUE", ForOthers("each clip outside a sequence is one")),
+    LeafBy(XmemlRule::ClipDuration, "duration"), ChildBy(XmemlRule::ClipRate, "rate"),
+    Leaf("in"), Leaf("out"), Required("name"), Child("media"), Child("logginginfo"),
+    Child("filmdata"), Child("comments"), Child("labels"), Child("subclipinfo"), Each("marker"),
+    Child("file", ReadOnly("written in the items of `media`")),
+    Leaf("compositemode", Skipped("a clip outside a sequence covers nothing")),
 };
 
 constexpr XmemlAttribute kSequenceAttributes[] = {
-    Always("id"), Equal("explodedTracks", "true"), ListOf(SequenceUIPropertyList),
-};
-
-constexpr XmemlAttribute kTrackAttributes[] = {
-    Equal("hardpan", "TRUE"), ListOf(TrackUIPropertyList),
-    Present("currentExplodedTrackIndex"), Present("totalExplodedTrackCount"),
-    Present("velaTrackType"),
-};
-
-constexpr XmemlAttribute kMediaAttributes[] = {Present("hasDiscreteStreams")};
-
-constexpr XmemlAttribute kParameterAttributes[] = {FixedText("authoringApp", "VelaPro")};
-
-// Structure.
-
-constexpr XmemlField kProject[] = {Required("name"), Child("children")};
-
-constexpr XmemlField kBin[] = {Required("name"), Child("labels"), Child("children")};
-
-constexpr Name kEntries[] = {"clip", "bin", "sequence", "sequenceref", "effect"};
-constexpr XmemlField kChildren[] = {InOrder(kEntries)};
-
-constexpr XmemlField kClip[] = {
-    Required("uuid"), RequiredFrom("id", "masterclipid"), Fixed("ismasterclip", "TRUE"),
-    By(XmemlRule::ClipDuration), By(XmemlRule::ClipRate), Optional("in"), Optional("out"),
-    Required("name"), Child("media"), Child("logginginfo"), Child("filmdata"),
-    Child("comments"), Child("labels"), Child("subclipinfo"), Each("marker"),
+    Always("id"), Equal("explodedTracks", "true"), OrLeaf(ListOf(SequenceUIPropertyList)),
 };
 
 constexpr XmemlField kSequence[] = {
-    Required("uuid"), Required("duration"), Child("rate"), Optional("in"), Optional("out"),
-    Required("name"), Child("media"), Child("timecode"), Child("labels"), Each("filter"),
-    Each("marker"),
+    Required("uuid", ForOthers(kFreshIdentity)), Required("duration"), Child("rate"), Leaf("in"),
+    Leaf("out"), Required("name"), Child("media"), Child("timecode"), Child("labels"),
+    Each("filter"), Each("marker"),
+    Leaf("ismasterclip", Skipped("each sequence outside another one is one")),
+    Leaf("masterclipid", ReadOnly("a sequence is written under its own id")),
+};
+
+constexpr XmemlAttribute kMediaAttributes[] = {
+    Present("hasDiscreteStreams"),
+    Present("hasStereoPairs", ReadOnly("pairs are written as `layout`")),
 };
 
 constexpr XmemlField kMedia[] = {Child("video"), Child("audio")};
 
 constexpr XmemlField kVideo[] = {
-    Optional("duration"), Child("format"), Child("samplecharacteristics"), Each("track"),
+    Leaf("duration"), Child("format"), Child("samplecharacteristics"), Each("track"),
 };
 
 constexpr XmemlField kAudio[] = {
-    Optional("numOutputChannels"), Child("format"), Child("samplecharacteristics"),
-    Child("outputs"), Each("track"), Each("filter"),
+    Leaf("numOutputChannels"), Child("format"), Child("samplecharacteristics"), Child("outputs"),
+    Each("track"), Each("filter"),
 };
 
-constexpr Name kTrackItems[] = {"clipitem", "generatoritem", "transitionitem"};
+constexpr XmemlAttribute kTrackAttributes[] = {
+    OrLeaf(Equal("hardpan", "TRUE"), ForOthers("the pan filters state it")),
+    OrLeaf(ListOf(TrackUIPropertyList)), OrLeaf(Present("currentExplodedTrackIndex")),
+    OrLeaf(Present("totalExplodedTrackCount")), OrLeaf(Present("velaTrackType")),
+    OrLeaf(Present("panvalue", Skipped("the pan filters state it"))),
+    OrLeaf(Present("monotrack", ReadOnly(kExploded))),
+};
+
 constexpr XmemlField kTrack[] = {
-    InOrder(kTrackItems), Optional("enabled"), Optional("locked"), Optional("name"),
-    Optional("channelcount"), Each("filter"), Optional("outputchannelindex"),
+    ReferableMixed("clipitem", "clipitemid"), Mixed("generatoritem"), Mixed("transitionitem"),
+    Leaf("enabled"), Leaf("locked"), Leaf("name"), Leaf("channelcount"), Each("filter"),
+    Leaf("outputchannelindex"),
+};
+
+constexpr XmemlAttribute kClipItemAttributes[] = {
+    Always("id"), OrLeaf(Equal("scaleToFrameSize", "TRUE")),
+    Present("PannerCurrentValue", WriteOnly(kPanFilter)),
+    Present("PannerKeyframes", WriteOnly(kPanFilter)),
+    Present("PannerStartKeyframe", WriteOnly(kPanFilter)),
+    Present("PannerIsInverted", WriteOnly(kPanFilter)),
+    Present("PannerName", WriteOnly(kPanFilter)), Present("velaChannelType"),
 };
 
 constexpr XmemlField kClipItem[] = {
-    Required("masterclipid"), Optional("channelcount"), Optional("name"), Optional("enabled"),
-    Optional("duration"), By(XmemlRule::RateOrDefault), Optional("start"), Optional("end"),
-    Optional("in"), Optional("out"), Optional("velaTicksStart"), Optional("velaTicksEnd"),
-    Optional("velaTicksIn"), Optional("velaTicksOut"),
-    Optional("velaSoftStartOffset"), Optional("velaSoftEndOffset"), Optional("compositemode"),
-    Optional("alphatype"), Optional("alphareverse"), By(XmemlRule::PixelAspect),
-    By(XmemlRule::Source), Child("sourcetrack"), Child("subclipinfo"), Child("multiclip"),
-    Child("logginginfo"), Child("filmdata"), Child("comments"), Child("labels"),
-    Each("filter"), Each("marker"), Each("link"),
+    Required("masterclipid"), Leaf("channelcount"), Leaf("name"), Leaf("enabled"),
+    Leaf("duration"), ChildBy(XmemlRule::RateOrDefault, "rate"), Leaf("start"), Leaf("end"),
+    Leaf("in"), Leaf("out"), Leaf("velaTicksStart"), Leaf("velaTicksEnd"), Leaf("velaTicksIn"),
+    Leaf("velaTicksOut"), Leaf("velaSoftStartOffset"),
+    Leaf("velaSoftEndOffset", ForOthers("the duration leads from the start to the end")),
+    Leaf("compositemode"),
+    Leaf("alphatype", ForOthers("a host finds the alpha channel of a file itself")),
+    Leaf("alphareverse", WriteOnly(kOthers)),
+    LeafBy(XmemlRule::OfOwnFile, "pixelaspectratio"), LeafBy(XmemlRule::OfOwnFile, "anamorphic"),
+    LeafBy(XmemlRule::OfOwnFile, "velaOriginalPAR"),
+    LeafBy(XmemlRule::OfOwnFile, "velaOriginalIsAnamorphic"),
+    WholeOrReference("file", "fileid"),
+    {.kind = FieldKind::ChildBy, .name = "sequence", .reference = "sequenceid",
+     .rule = XmemlRule::SequenceUnlessFile},
+    Child("sourcetrack"), Child("subclipinfo"), ReferableChild("multiclip", "multiclipid"),
+    Child("logginginfo"), Child("filmdata"), Child("comments"), Child("labels"), Each("filter"),
+    Each("marker"), Each("link"),
+    Child("keycode", ReadOnly("written inside `filmdata`")),
+    Leaf("mediadelay", ReadOnly("counted in the written `in` and `out`")),
+    Leaf("stillframe", ReadOnly("written in the `video` of the file")),
+    Leaf("stillframeoffset", ReadOnly("a frame hold of a project has no counterpart")),
+    Leaf("fielddominance", Skipped("the file states it")),
+    Leaf("ismasterclip", Skipped("an item of a sequence is none")),
 };
 
 constexpr XmemlField kGeneratorItem[] = {
-    Optional("name"), Optional("enabled"), Optional("duration"), Optional("start"),
-    Optional("end"), Optional("in"), Optional("out"), Child("rate"), Child("effect"),
-    Child("sourcetrack"),
+    Leaf("name"), Leaf("enabled"), Leaf("duration"), Leaf("start"), Leaf("end"), Leaf("in"),
+    Leaf("out"), Child("rate"), Child("effect"), Child("sourcetrack"),
+    Child("filter", ReadOnly(kPlainGenerator)), Child("marker", ReadOnly(kPlainGenerator)),
+    Leaf("masterclipid", ReadOnly(kPlainGenerator)),
+    Leaf("compositemode", ReadOnly(kPlainGenerator)),
+    Leaf("anamorphic", Skipped("a generator fills the frame of its sequence")),
+    Leaf("alphatype", Skipped("a host knows the alpha channel of its generators")),
+    Leaf("mediadelay", Skipped("a generator has no media")),
 };
 
 constexpr XmemlField kTransitionItem[] = {
-    Optional("start"), Optional("end"), Optional("alignment"), Optional("cutPointTicks"),
-    Child("rate"), Child("effect"),
+    Leaf("start"), Leaf("end"), Leaf("alignment"), Leaf("cutPointTicks"), Child("rate"),
+    Child("effect"), Leaf("cutPoint", ReadOnly("written in ticks, and as `alignment`")),
+};
+
+constexpr XmemlAttribute kMulticlipAttributes[] = {
+    Always("id"),
+    OrLeaf(Present("scaleToFrameSize", ReadOnly(kMasterFirst))),
+    ListOf(SequenceUIPropertyList, ReadOnly("written of sequences")),
 };
 
 constexpr XmemlField kMulticlip[] = {
-    Required("name"), Required("collapsed"), Required("synctype"), Each("angle"),
+    Required("name"), Required("collapsed"),
+    Required("synctype", ForOthers("the angles are in sync already")), Each("angle"),
+    Leaf("masterclipid", ReadOnly(kMasterFirst)), Child("marker", ReadOnly(kMasterFirst)),
+    Child("labels", ReadOnly(kMasterFirst)), Leaf("velaCameraNames", ReadOnly(kAngles)),
+    Child("samplecharacteristics", ReadOnly(kAngles)),
 };
 
 constexpr XmemlField kAngle[] = {
-    By(XmemlRule::SequenceOrReference), Optional("activevideoangle"),
-    Optional("activeaudioangle"),
+    WholeOrReference("sequence", "sequenceid", WriteOnly("angles are read from clips")),
+    Leaf("activevideoangle"), Leaf("activeaudioangle"),
+    ReferableChild("clip", "clipid", ReadOnly(kAngles)),
 };
 
 constexpr XmemlField kLink[] = {
     Required("linkclipref"), Required("mediatype"), Required("trackindex"),
-    Required("clipindex"), Optional("groupindex"),
+    Required("clipindex"), Leaf("groupindex", ForOthers("linked items make one group")),
 };
 
 constexpr XmemlField kSourceTrack[] = {Required("mediatype"), Required("trackindex")};
 
 constexpr XmemlField kSubclipInfo[] = {Required("startoffset"), Required("endoffset")};
 
-// Files. Their picture and sound have forms of their own.
+// Files. Their `media`, `video` and `audio` are written by rows of their own.
+
+constexpr XmemlAttribute kId[] = {Always("id")};
 
 constexpr XmemlField kFile[] = {
-    Optional("name"), Optional("pathurl"), Optional("mediaSource"), Child("rate"),
-    Optional("duration"), Child("timecode"), ChildAs("media", "media of a file"), Each("filter"),
+    Leaf("name"), Leaf("pathurl"), Leaf("mediaSource"), Child("rate"), Leaf("duration"),
+    Child("timecode"), ChildAs("media", "media of a file"), Each("filter"),
+    Child("metadata", ReadOnly(kInMedia)),
+    Leaf("width", ReadOnly(kInCharacteristics)), Leaf("height", ReadOnly(kInCharacteristics)),
 };
 
 constexpr XmemlField kMediaOfFile[] = {
-    ChildAs("video", "video of a file"), By(XmemlRule::AudioOfFile),
+    ChildAs("video", "video of a file"),
+    {.kind = FieldKind::ChildBy, .name = "audio", .element = "audio of a file",
+     .rule = XmemlRule::AudioOfFile},
 };
 
-constexpr XmemlField kVideoOfFile[] = {Child("samplecharacteristics"), Optional("stillframe")};
+constexpr XmemlField kVideoOfFile[] = {
+    Child("samplecharacteristics"), Leaf("stillframe"),
+    Leaf("layerindex", ReadOnly("a layer of an image is written as a file of its own")),
+    Leaf("MediaAssociationData", ReadOnly(kInMedia)),
+    Leaf("alphatype", Skipped("a host finds the alpha channel of a file itself")),
+};
 
-constexpr XmemlField kRate[] = {Required("timebase"), Optional("ntsc")};
+// Written by the rule of the row above: the channel type of a file decides what there is.
+constexpr XmemlField kAudioOfFile[] = {
+    Child("samplecharacteristics"), Leaf("channelcount"), Leaf("layout"),
+    Child("audiochannel", ForOthers(kByLayout)),
+    Leaf("channeldescription", ReadOnly(kByLayout)), Leaf("trackcount", ReadOnly(kByLayout)),
+    Child("rate", ReadOnly(kInCharacteristics)),
+    Child("metadata", ReadOnly(kInMedia)),
+    Leaf("in", Skipped("a file is used from its start")),
+    Leaf("out", Skipped("the file states its duration")),
+};
+
+constexpr XmemlField kAudioChannel[] = {Leaf("sourcechannel"), Leaf("channellabel")};
+
+constexpr XmemlField kMetadata[] = {
+    Leaf("key", ReadOnly(kInMedia)),
+    Leaf("value", ReadOnly(kInMedia)),
+    Leaf("storage", Skipped("how the value was stored")),
+    Leaf("size", Skipped("the value is as long as it is")),
+    Leaf("type", Skipped("a key has one type")),
+};
+
+constexpr XmemlField kRate[] = {Required("timebase"), Leaf("ntsc")};
 
 constexpr XmemlField kTimecode[] = {
-    Child("rate"), Optional("string"), Required("frame"), Required("displayformat"),
-    Optional("source"), Child("reel"),
+    Child("rate"), Leaf("string"), Required("frame"), Required("displayformat"),
+    Leaf("source"), Child("reel"),
+    Leaf("name", Skipped("a display name of the timecode track")),
 };
 
 constexpr XmemlField kReel[] = {Required("name")};
 
 constexpr XmemlField kSampleCharacteristics[] = {
-    Child("rate"), Child("codec"), Optional("width"), Optional("height"),
-    Optional("anamorphic"), Optional("pixelaspectratio"),
-    Optional("velaOriginalIsAnamorphic"), Optional("velaOriginalPAR"),
-    Optional("fielddominance"), Optional("colordepth"), Optional("depth"),
-    Optional("samplerate"),
+    Child("rate"), Child("codec"), Leaf("width"), Leaf("height"), Leaf("anamorphic"),
+    Leaf("pixelaspectratio"), Leaf("velaOriginalIsAnamorphic"), Leaf("velaOriginalPAR"),
+    Leaf("fielddominance"),
+    Leaf("colordepth", ForOthers("sequences have no depth of their own")),
+    Leaf("depth", ForOthers("audio is mixed in floating point")),
+    Leaf("samplerate"),
+    Leaf("VelaCodec", ReadOnly("the importer of the host knows its formats")),
 };
 
 constexpr XmemlField kCodec[] = {Required("name"), Child("appspecificdata")};
 
 constexpr XmemlField kAppSpecificData[] = {
-    Required("appname"), Required("appmanufacturer"), Required("appversion"), Child("data"),
+    Required("appname", ForOthers(kCodecDescription)),
+    Required("appmanufacturer", ForOthers(kCodecDescription)),
+    Required("appversion", ForOthers(kCodecDescription)), Child("data"),
 };
 
 constexpr XmemlField kData[] = {Child("qtcodec")};
 
 constexpr XmemlField kQtCodec[] = {
-    Required("codecname"), Required("codectypename"), Required("codectypecode"),
-    Required("codecvendorcode"), Required("spatialquality"), Required("temporalquality"),
-    Required("keyframerate"), Required("datarate"),
+    Required("codecname", ForOthers(kCodecDescription)),
+    Required("codectypename"),
+    Required("codectypecode", ForOthers(kCodecDescription)),
+    Required("codecvendorcode", ForOthers(kCodecDescription)),
+    Required("spatialquality", ForOthers(kCodecDescription)),
+    Required("temporalquality", ForOthers(kCodecDescription)),
+    Required("keyframerate", ForOthers(kCodecDescription)),
+    Required("datarate", ForOthers(kCodecDescription)),
 };
 
-constexpr XmemlField kFormat[] = {Child("samplecharacteristics")};
+constexpr XmemlField kFormat[] = {
+    Child("samplecharacteristics"),
+    Child("appspecificdata", ReadOnly("written in `codec`")),
+    Child("rate", ReadOnly(kInCharacteristics)),
+};
 
 constexpr XmemlField kOutputs[] = {Each("group")};
 
 constexpr XmemlField kGroup[] = {
-    Required("index"), Required("numchannels"), Required("downmix"), Each("channel"),
+    Required("index"), Required("numchannels"),
+    Required("downmix", ForOthers("a level of the mix, not of an output")), Each("channel"),
 };
 
 constexpr XmemlField kChannel[] = {Required("index")};
 
 // Effects.
 
-constexpr XmemlField kFilter[] = {Child("effect")};
-
-constexpr XmemlField kEffect[] = {
-    Required("name"), Required("effectid"), Optional("effectcategory"), Required("effecttype"),
-    Required("mediatype"), Optional("velaBypass"), Optional("velaExpanded"),
-    Optional("wipecode"), Optional("wipeaccuracy"), Optional("startratio"),
-    Optional("endratio"), Optional("reverse"), Each("parameter"), Each("dependency"),
+constexpr XmemlField kFilter[] = {
+    Child("effect"),
+    Leaf("enabled", ReadOnly("written as `velaBypass`")),
+    Leaf("start", Skipped(kNoRange)), Leaf("end", Skipped(kNoRange)),
 };
 
+constexpr XmemlField kEffect[] = {
+    Required("name"), Required("effectid"), Leaf("effectcategory"), Required("effecttype"),
+    Required("mediatype"), Leaf("velaBypass"), Leaf("velaExpanded"),
+    Leaf("wipecode", ForOthers(kWipe)),
+    Leaf("wipeaccuracy", ForOthers(kWipe)), Leaf("startratio"), Leaf("endratio"),
+    Leaf("reverse"), Each("parameter"), Each("dependency"),
+};
+
+constexpr XmemlAttribute kParameterAttributes[] = {OrLeaf(FixedText("authoringApp", "VelaPro"))};
+
 constexpr XmemlField kParameter[] = {
-    Required("parameterid"), Required("name"), Optional("valuemin"), Optional("valuemax"),
-    Optional("IsTimeVarying"), Optional("ParameterControlType"), Optional("LowerBound"),
-    Optional("UpperBound"), Optional("LowerUIBound"), Optional("UpperUIBound"),
-    Optional("Keyframes"), Optional("hash"), Optional("value"), Child("value"),
-    Each("keyframe"), Child("valuelist"), Child("interpolation"),
+    Required("parameterid"), Required("name"), Leaf("valuemin"), Leaf("valuemax"),
+    Leaf("IsTimeVarying"), Leaf("ParameterControlType"), Leaf("LowerBound"),
+    Leaf("UpperBound"), Leaf("LowerUIBound"), Leaf("UpperUIBound"), Leaf("Keyframes"),
+    Leaf("hash"), Leaf("value", WriteOnly("becomes a child that holds it")), Child("value"),
+    Each("keyframe"),
+    Child("valuelist", ForOthers("the choices of a menu; a value counts among them")),
+    Child("interpolation"),
+    Leaf("parameterspecifier", ReadOnly("written as `parameterid`")),
 };
 
 constexpr XmemlField kKeyframe[] = {
-    Required("when"), Optional("value"), Child("value"), Optional("speedvirtualkf"),
-    Optional("origvalue"), Optional("speedkfin"), Optional("speedkfout"),
-    Optional("speedkfstart"), Optional("speedkfend"), Optional("velaRampStart"),
-    Optional("velaRampEnd"), Child("outbez"), Child("inbez"),
+    Required("when"), Leaf("value", WriteOnly("becomes a child that holds it")), Child("value"),
+    Leaf("speedvirtualkf"), Leaf("origvalue", WriteOnly(kOthers)), Leaf("speedkfin"),
+    Leaf("speedkfout"), Leaf("speedkfstart", ForOthers(kRamp)),
+    Leaf("speedkfend", ForOthers(kRamp)), Leaf("velaRampStart"), Leaf("velaRampEnd"),
+    Child("outbez", WriteOnly(kOthers)), Child("inbez", WriteOnly(kOthers)),
+    Child("interpolation", ReadOnly("written once, in the parameter")),
 };
 
 constexpr XmemlField kBezier[] = {Required("horiz"), Required("vert")};
@@ -273,32 +444,40 @@ constexpr XmemlField kBezier[] = {Required("horiz"), Required("vert")};
 constexpr XmemlField kInterpolation[] = {Required("name")};
 
 constexpr XmemlField kValue[] = {
-    Optional("horiz"), Optional("vert"), Optional("alpha"), Optional("red"),
-    Optional("green"), Optional("blue"), Child("timecode"),
+    Leaf("horiz"), Leaf("vert"), Leaf("alpha"), Leaf("red"), Leaf("green"), Leaf("blue"),
+    Child("timecode"),
+    Child("clip", ReadOnly("clips as values of a parameter have no counterpart")),
 };
 
 constexpr XmemlField kValueList[] = {Each("valueentry")};
 
-constexpr XmemlField kValueEntry[] = {Required("name"), Required("value")};
+constexpr XmemlField kValueEntry[] = {
+    Required("name"), Required("value", WriteOnly("becomes a child that holds it")),
+    Child("value", ReadOnly("written as a plain value")),
+};
 
 constexpr XmemlField kDependency[] = {Required("tag"), Required("path")};
 
-// Notes of the user.
+// What the user wrote down.
 
 constexpr XmemlField kMarker[] = {
-    Required("comment"), Required("name"), Required("in"), Required("out"),
-    Optional("velaColor"),
+    Required("comment"), Required("name"), Required("in"), Required("out"), Leaf("velaColor"),
 };
 
-constexpr XmemlField kLabels[] = {Optional("label2")};
+constexpr XmemlField kLabels[] = {
+    Leaf("label2"), Leaf("label", Skipped("a color of the first version's own set")),
+};
 
 constexpr XmemlField kComments[] = {
-    Optional("mastercomment1"), Optional("mastercomment2"), Optional("mastercomment3"),
-    Optional("mastercomment4"), Optional("clipcommenta"), Optional("clipcommentb"),
+    Leaf("mastercomment1"), Leaf("mastercomment2"), Leaf("mastercomment3"),
+    Leaf("mastercomment4"), Leaf("clipcommenta"), Leaf("clipcommentb"),
+    Leaf("comment", ReadOnly("written as a numbered comment")),
 };
 
 constexpr XmemlField kLoggingInfo[] = {
     Required("description"), Required("scene"), Required("shottake"), Required("lognote"),
+    Leaf("tapeid", ReadOnly("written as the `reel` of a timecode")),
+    Leaf("good", ReadOnly("no counterpart in what a project states of its items")),
 };
 
 constexpr XmemlField kFilmData[] = {
@@ -307,60 +486,81 @@ constexpr XmemlField kFilmData[] = {
 
 constexpr XmemlField kKeycode[] = {
     Required("feetframes"), Required("perfoffset"), Required("prefix"),
-    Required("reversed", "FALSE"),
+    RequiredOr("reversed", "FALSE"),
 };
 
+// Elements with an id. Ids made for those without one rise over the process's life.
+
+constinit std::atomic<int> lastClipItem{0};
+constinit std::atomic<int> lastGeneratorItem{0};
+constinit std::atomic<int> lastSequence{0};
+
+constexpr Definition kAsClip = {};
+constexpr Definition kAsClipItem = {Definition::EnteredUnderNumber, false, &lastClipItem};
+constexpr Definition kAsFile = {Definition::NotEntered, true};
+constexpr Definition kAsGeneratorItem = {Definition::GivenNumber, false, &lastGeneratorItem};
+constexpr Definition kAsSequence = {Definition::EnteredUnderNumber, true, &lastSequence};
+
 constexpr XmemlElement kElements[] = {
-    {"angle", "angle", kAngle},
-    {"appspecificdata", "appspecificdata", kAppSpecificData},
-    {"audio", "audio", kAudio},
-    {"bin", "bin", kBin},
-    {"channel", "channel", kChannel},
-    {"children", "children", kChildren},
-    {"clip", "clip", kClip, kClipAttributes},
-    {"clipitem", "clipitem", kClipItem, kClipItemAttributes},
-    {"codec", "codec", kCodec},
-    {"comments", "comments", kComments},
-    {"data", "data", kData},
-    {"dependency", "dependency", kDependency},
-    {"effect", "effect", kEffect},
-    {"file", "file", kFile, kId},
-    {"filmdata", "filmdata", kFilmData},
-    {"filter", "filter", kFilter},
-    {"format", "format", kFormat},
-    {"generatoritem", "generatoritem", kGeneratorItem, kId},
-    {"group", "group", kGroup},
-    {"inbez", "inbez", kBezier},
-    {"interpolation", "interpolation", kInterpolation},
-    {"keycode", "keycode", kKeycode},
-    {"keyframe", "keyframe", kKeyframe},
-    {"labels", "labels", kLabels},
-    {"link", "link", kLink},
-    {"logginginfo", "logginginfo", kLoggingInfo},
-    {"marker", "marker", kMarker},
-    {"media", "media", kMedia, kMediaAttributes},
-    {"media of a file", "media", kMediaOfFile, kMediaAttributes},
-    {"multiclip", "multiclip", kMulticlip, kId},
-    {"outbez", "outbez", kBezier},
-    {"outputs", "outputs", kOutputs},
-    {"parameter", "parameter", kParameter, kParameterAttributes},
+    {"root", "root", kRoot},
+    {"xmeml", "xmeml", kXmeml, kXmemlAttributes},
+
     {"project", "project", kProject},
-    {"qtcodec", "qtcodec", kQtCodec},
-    {"rate", "rate", kRate},
-    {"reel", "reel", kReel},
-    {"samplecharacteristics", "samplecharacteristics", kSampleCharacteristics},
-    {"sequence", "sequence", kSequence, kSequenceAttributes},
-    {"sequenceref", "sequence", {}, kId, true},
+    {"children", "children", kChildren},
+    {"bin", "bin", kBin},
+    {"clip", "clip", kClip, kClipAttributes, &kAsClip},
+    {"sequence", "sequence", kSequence, kSequenceAttributes, &kAsSequence},
+    {"sequenceref", "sequence", {}, kId, nullptr, {}, true},
+    {"media", "media", kMedia, kMediaAttributes},
+    {"video", "video", kVideo},
+    {"audio", "audio", kAudio},
+    {"track", "track", kTrack, kTrackAttributes},
+    {"clipitem", "clipitem", kClipItem, kClipItemAttributes, &kAsClipItem},
+    {"generatoritem", "generatoritem", kGeneratorItem, kId, &kAsGeneratorItem},
+    {"transitionitem", "transitionitem", kTransitionItem},
+    {"multiclip", "multiclip", kMulticlip, kMulticlipAttributes, &kAsClip},
+    {"angle", "angle", kAngle},
+    {"link", "link", kLink},
     {"sourcetrack", "sourcetrack", kSourceTrack},
     {"subclipinfo", "subclipinfo", kSubclipInfo},
-    {"timecode", "timecode", kTimecode},
-    {"track", "track", kTrack, kTrackAttributes},
-    {"transitionitem", "transitionitem", kTransitionItem},
-    {"value", "value", kValue},
-    {"valueentry", "valueentry", kValueEntry},
-    {"valuelist", "valuelist", kValueList},
-    {"video", "video", kVideo},
+
+    {"file", "file", kFile, kId, &kAsFile},
+    {"media of a file", "media", kMediaOfFile, kMediaAttributes},
     {"video of a file", "video", kVideoOfFile},
+    {"audio of a file", "audio", kAudioOfFile},
+    {"audiochannel", "audiochannel", kAudioChannel},
+    {"metadata", "metadata", kMetadata},
+    {"rate", "rate", kRate},
+    {"timecode", "timecode", kTimecode},
+    {"reel", "reel", kReel},
+    {"samplecharacteristics", "samplecharacteristics", kSampleCharacteristics},
+    {"codec", "codec", kCodec},
+    {"appspecificdata", "appspecificdata", kAppSpecificData},
+    {"data", "data", kData},
+    {"qtcodec", "qtcodec", kQtCodec},
+    {"format", "format", kFormat},
+    {"outputs", "outputs", kOutputs},
+    {"group", "group", kGroup},
+    {"channel", "channel", kChannel},
+
+    {"filter", "filter", kFilter},
+    {"effect", "effect", kEffect},
+    {"parameter", "parameter", kParameter, kParameterAttributes},
+    {"keyframe", "keyframe", kKeyframe},
+    {"inbez", "inbez", kBezier},
+    {"outbez", "outbez", kBezier},
+    {"interpolation", "interpolation", kInterpolation},
+    {"value", "value", kValue, {}, nullptr, "value"},
+    {"valuelist", "valuelist", kValueList},
+    {"valueentry", "valueentry", kValueEntry},
+    {"dependency", "dependency", kDependency},
+
+    {"marker", "marker", kMarker},
+    {"labels", "labels", kLabels},
+    {"comments", "comments", kComments},
+    {"logginginfo", "logginginfo", kLoggingInfo},
+    {"filmdata", "filmdata", kFilmData},
+    {"keycode", "keycode", kKeycode},
 };
 
 // clang-format on
@@ -369,25 +569,75 @@ constexpr NameIndex kElementIndex(kElements);
 
 constexpr bool EveryChildHasARow()
 {
-    for (const XmemlElement& element : kElements) {
-        for (const XmemlField& field : element.fields) {
-            const bool isChild = field.kind == FieldKind::Child || field.kind == FieldKind::Each;
-            if (isChild && !kElementIndex.Find(field.element))
-                return false;
-            for (const Name& name : field.names)
-                if (!kElementIndex.Find(name.View()))
-                    return false;
-        }
-    }
-    return true;
+    return std::ranges::all_of(kElements, [](const XmemlElement& element) {
+        return std::ranges::all_of(element.fields, [](const XmemlField& field) {
+            return !field.IsChild() || kElementIndex.Find(field.element);
+        });
+    });
 }
 static_assert(EveryChildHasARow());
 
+void AddAttributes(std::span<const XmemlAttribute> attributes, RuleSource& rule)
+{
+    for (const XmemlAttribute& attribute : attributes) {
+        if (!attribute.use.isRead)
+            continue;
+        const std::span<const Name> names =
+            attribute.list ? attribute.list() : std::span<const Name>(&attribute.name, 1);
+        rule.attributes.insert(rule.attributes.end(), names.begin(), names.end());
+        if (attribute.isLeafToo)
+            rule.leaves.insert(rule.leaves.end(), names.begin(), names.end());
+    }
+}
+
+// Adds a row to the rule of its tag.
+void AddRow(const XmemlElement& element, RuleSource& rule)
+{
+    for (const XmemlField& field : element.fields) {
+        if (!field.use.isRead)
+            continue;
+        if (field.IsChild())
+            rule.children.emplace_back(field.name.View());
+        else
+            rule.leaves.push_back(field.name);
+    }
+    if (element.tag == element.name) // further rows of a tag repeat its attributes
+        AddAttributes(element.attributes, rule);
+    if (!element.text.IsEmpty())
+        rule.text = element.text;
+}
+
+// What is only written has no rule: no rule that is reached names it.
+std::vector<RuleSource> ReadRules()
+{
+    std::vector<RuleSource> rules{{.name = "root", .tag = "root"}};
+    for (std::size_t i = 0; i < rules.size(); ++i) {
+        for (const XmemlElement& element : kElements)
+            if (element.tag == rules[i].tag)
+                AddRow(element, rules[i]);
+        for (const std::string& child : std::vector(rules[i].children))
+            if (std::ranges::find(rules, child, &RuleSource::name) == rules.end())
+                rules.push_back({.name = child, .tag = kElementIndex.Find(child)->tag});
+    }
+    return rules;
+}
+
 } // namespace
+
+std::span<const XmemlElement> XmemlElements()
+{
+    return kElements;
+}
 
 const XmemlElement* FindXmemlElement(std::string_view name)
 {
     return kElementIndex.Find(name);
+}
+
+const ReadingTable& XmemlReadingTable()
+{
+    static const ReadingTable table(ReadRules());
+    return table;
 }
 
 } // namespace XPJ

@@ -1,4 +1,4 @@
-// What an `xmeml` document has beyond its grammar: elements with an id, and references to them.
+// What an `xmeml` document has beyond its elements: ids, and references to them.
 #include "xmeml/reader.h"
 
 #include "core/numbers.h"
@@ -6,10 +6,10 @@
 #include "tree/input.h"
 #include "tree/reading.h"
 #include "tree/tree_reader.h"
-#include "xmeml/grammar.h"
+#include "xmeml/elements.h"
 
-#include <atomic>
 #include <optional>
+#include <vector>
 
 namespace XPJ {
 
@@ -17,64 +17,32 @@ namespace {
 
 constexpr std::size_t kProgressBlock = 1024;
 
-// Self-closed elements with an id: the node of that tag and id, wherever it stands, becomes a child
-// of the current node, which keeps the id as a property.
-constexpr struct {
-    std::string_view rule;
-    Name tag;
-    Name property;
-} kReferences[] = {
-    {"xmeml", "sequence", "sequenceid"},
-    {"children", "sequence", "sequenceid"},
-    {"xmeml", "clip", "clipid"},
-    {"children", "clip", "clipid"},
-    {"angle", "clip", "clipid"},
-    {"clipitem", "file", "fileid"},
-    {"clipitem", "sequence", "sequenceid"},
-    {"clipitem", "multiclip", "multiclipid"},
-    {"track", "clipitem", "clipitemid"},
+// What references of an element kind lead to, and where such elements may be referred to.
+struct Referable {
+    const Definition* definition = nullptr; // null for an element without id
+    std::vector<const XmemlField*> fields;
 };
 
-// An element with child nodes is what references of its tag and id lead to.
-struct Definition {
-    enum NoId {
-        NotEntered,
-        EnteredUnderNumber, // under a key that no reference names
-        GivenNumber,        // which becomes its id as well
-    };
-    std::string_view tag;
-    NoId noId;
-    bool firstWins; // a second one is dropped from the table without a word
-};
-
-constexpr Definition kDefinitions[] = {
-    {"clipitem", Definition::EnteredUnderNumber, false},
-    {"clip", Definition::NotEntered, false},
-    {"file", Definition::NotEntered, true},
-    {"generatoritem", Definition::GivenNumber, false},
-    {"multiclip", Definition::NotEntered, false},
-    {"sequence", Definition::EnteredUnderNumber, true},
-};
-
-// Ids made for elements without one rise over the process's life.
-std::string NextId(std::string_view tag)
+// By rule.
+std::vector<Referable> ReferablesOf(const ReadingTable& table)
 {
-    static std::atomic<int> numbers[std::size(kDefinitions)];
-    std::size_t kind = 0;
-    while (kDefinitions[kind].tag != tag)
-        ++kind;
-    return std::string(tag) + "-" + IntToString(++numbers[kind]);
+    std::vector<Referable> referables(table.Rules().size());
+    for (const Rule& rule : table.Rules()) {
+        const XmemlElement& element = *FindXmemlElement(rule.name);
+        Referable& referable = referables[rule.index];
+        referable.definition = element.definition;
+        for (const XmemlField& field : element.fields)
+            if (field.use.isRead && !field.reference.IsEmpty())
+                referable.fields.push_back(&field);
+    }
+    return referables;
 }
 
 class FCPXMLReader final : public TreeReader {
 public:
     FCPXMLReader(std::string_view input, Document& document, StageScope* stage)
-        : TreeReader(XmemlReadingTable(), input, document, stage), document_(document),
-          clipItem_(XmemlReadingTable().FindRule("clipitem")),
-          definitions_(XmemlReadingTable().Rules().size())
+        : TreeReader(XmemlReadingTable(), input, document, stage), document_(document)
     {
-        for (const Definition& definition : kDefinitions)
-            definitions_[XmemlReadingTable().FindRule(definition.tag).index] = &definition;
     }
 
 private:
@@ -83,7 +51,7 @@ private:
         if (tag.selfClosed)
             return TakeSelfClosed(current, tag);
         // A nested sequence that the document had in full before is a reference as well.
-        if (current.rule == &clipItem_ && EqualsIgnoreCase(tag.name, "sequence")) {
+        if (current.rule->name == "clipitem" && EqualsIgnoreCase(tag.name, "sequence")) {
             std::string_view id;
             if (GetAttribute(tag.attributes, "id", id) && Ids().Contains("sequence", id))
                 Refer(current.node, "sequenceid", "sequence", id);
@@ -100,11 +68,11 @@ private:
         }
         if ((rule == "bin" || rule == "project") && EqualsIgnoreCase(tag.name, "children"))
             return true;
-        for (const auto& row : kReferences) {
+        for (const XmemlField* field : referables_[current.rule->index].fields) {
             std::string_view id;
-            if (row.rule == rule && EqualsIgnoreCase(tag.name, row.tag.View()) &&
+            if (EqualsIgnoreCase(tag.name, field->name.View()) &&
                 GetAttribute(tag.attributes, "id", id) && !id.empty()) {
-                Refer(current.node, row.property, row.tag, id);
+                Refer(current.node, field->reference, field->name, id);
                 return true;
             }
         }
@@ -119,16 +87,16 @@ private:
 
     void TakeEnd(const Element& current, std::string_view tag) override
     {
-        const Definition* const definition = definitions_[current.rule->index];
-        if (!definition || !EqualsIgnoreCase(tag, definition->tag))
+        const Definition* const definition = referables_[current.rule->index].definition;
+        if (!definition || !EqualsIgnoreCase(tag, current.rule->tag.View()))
             return;
-        Define(*definition, current.node);
+        Define(*definition, current.rule->tag.View(), current.node);
         // A file's rate is then found in one place.
-        if (definition->tag == "file" && !current.node.HasChild("rate"))
+        if (current.rule->name == "file" && !current.node.HasChild("rate"))
             current.node.AddChild("rate", current.node.GetChild("timecode").GetChild("rate"));
     }
 
-    void Define(const Definition& definition, ObjectHandle node)
+    void Define(const Definition& definition, std::string_view tag, ObjectHandle node)
     {
         if (!node.HasChildren())
             return;
@@ -136,18 +104,17 @@ private:
         if (id.empty()) {
             if (definition.noId == Definition::NotEntered)
                 return;
-            id = document_.Store(NextId(definition.tag));
+            id = document_.Store(std::string(tag) + "-" + IntToString(++*definition.lastNumber));
             if (definition.noId == Definition::GivenNumber)
                 node.SetPropertyShared("id", id);
         }
-        if (definition.firstWins && Ids().Contains(definition.tag, id))
+        if (definition.firstWins && Ids().Contains(tag, id))
             return;
-        Ids().Add(definition.tag, id, node);
+        Ids().Add(tag, id, node);
     }
 
     Document& document_;
-    const Rule& clipItem_;
-    std::vector<const Definition*> definitions_; // by rule
+    std::vector<Referable> referables_ = ReferablesOf(XmemlReadingTable());
 };
 
 } // namespace

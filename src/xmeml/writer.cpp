@@ -18,22 +18,31 @@ namespace {
 
 constexpr unsigned kElementsPerCheck = 1024;
 
-// How the sound of a file is told, by its channel type: how many channels an `audio` element
-// carries, and what stands in it.
-struct FileAudioForm {
+// How the audio of a file is written, by its channel type: how many channels an `audio` element
+// has, and what it states of them.
+struct FileAudioLayout {
     int channelType;
     int channelsPerElement; // 0: one element with all of them
     bool pairLayout;        // two mono elements make a stereo pair
     bool sourceChannel;
 };
 
-constexpr FileAudioForm kFileAudioForms[] = {
+constexpr FileAudioLayout kFileAudioLayouts[] = {
     {0, 1, false, true},  // mono
     {1, 2, false, false}, // stereo
     {2, 6, false, false}, // 5.1
     {6, 1, true, true},   // stereo as two mono elements
     {7, 0, false, false}, // adaptive
 };
+
+// How many rows at the front are written together.
+std::size_t MixedCount(std::span<const XmemlField> fields)
+{
+    std::size_t count = 0;
+    while (count < fields.size() && fields[count].kind == FieldKind::Mixed)
+        ++count;
+    return count;
+}
 
 class XmemlWriter {
 public:
@@ -42,8 +51,8 @@ public:
     int WriteDocument(ObjectHandle root, bool vl2snMode);
 
 private:
-    // An element on the way. Elements nest deeper than a thread's stack may reach, so those that
-    // are open, and those that are still to be written, stand on a stack of these.
+    // An element to be written. Elements nest deeper than a thread's stack allows, so those that
+    // are open, and those that are still to be written, are on a stack of these.
     struct Work {
         ObjectHandle node;
         const XmemlElement* element = nullptr;
@@ -59,13 +68,13 @@ private:
     void WriteAttributes(ObjectHandle node, const XmemlElement& element);
     void WriteAttribute(std::string_view name, std::string_view value);
     void WriteField(ObjectHandle node, const XmemlField& field, int level);
-    void WriteInOrder(ObjectHandle node, std::span<const Name> names, int level);
-    void WriteRule(ObjectHandle node, XmemlRule rule, int level);
+    void WriteMixed(ObjectHandle node, std::span<const XmemlField> fields, int level);
+    void WriteByRule(ObjectHandle node, const XmemlField& field, int level);
     void WriteRate(ObjectHandle rate, int level);
-    void WriteSource(ObjectHandle node, int level);
-    bool WriteReferenceOrChild(ObjectHandle node, Name id, Name child, int level);
+    void WriteWholeOrReference(ObjectHandle node, const XmemlField& field, int level);
     void WriteAudioOfFile(ObjectHandle audio, int level);
-    void WriteChannel(ObjectHandle audio, const FileAudioForm& form, std::int64_t index, int level);
+    void WriteChannel(ObjectHandle audio, const FileAudioLayout& form, std::int64_t index,
+                      int level);
     void WriteLine(Name name, std::string_view value, int level);
     void WriteOptional(ObjectHandle node, Name name, int level);
     void WriteStart(std::string_view tag, int level);
@@ -121,6 +130,8 @@ void XmemlWriter::WriteAttribute(std::string_view name, std::string_view value)
 void XmemlWriter::WriteAttributes(ObjectHandle node, const XmemlElement& element)
 {
     for (const XmemlAttribute& attribute : element.attributes) {
+        if (!attribute.use.isWritten)
+            continue;
         switch (attribute.kind) {
         case AttributeKind::Always:
             WriteAttribute(attribute.name.View(), node.GetProperty(attribute.name));
@@ -177,9 +188,16 @@ void XmemlWriter::WriteNext()
         work_.pop_back();
         return;
     }
-    const XmemlField& field = work.element->fields[work.nextField++];
+    const std::span<const XmemlField> fields = work.element->fields.subspan(work.nextField);
     const std::size_t open = work_.size();
-    WriteField(work.node, field, work.level + 1);
+    if (fields.front().kind == FieldKind::Mixed) {
+        const std::size_t count = MixedCount(fields);
+        work.nextField += count;
+        WriteMixed(work.node, fields.first(count), work.level + 1);
+    } else {
+        ++work.nextField;
+        WriteField(work.node, fields.front(), work.level + 1);
+    }
     // The elements of the field, of which the first is to be the next.
     std::reverse(work_.begin() + static_cast<std::ptrdiff_t>(open), work_.end());
 }
@@ -205,10 +223,12 @@ void XmemlWriter::WriteNamed(ObjectHandle node, std::string_view element, int le
 
 void XmemlWriter::WriteField(ObjectHandle node, const XmemlField& field, int level)
 {
+    if (!field.use.isWritten)
+        return;
     switch (field.kind) {
     case FieldKind::Required:
         return WriteLine(field.name, ValueOf(node, field.property).value_or(field.text), level);
-    case FieldKind::Optional:
+    case FieldKind::Leaf:
         return WriteOptional(node, field.name, level);
     case FieldKind::Fixed:
         return WriteLine(field.name, field.text, level);
@@ -218,53 +238,50 @@ void XmemlWriter::WriteField(ObjectHandle node, const XmemlField& field, int lev
         for (const ObjectHandle child : node.GetChildren(field.name))
             WriteNamed(child, field.element, level);
         return;
-    case FieldKind::InOrder:
-        return WriteInOrder(node, field.names, level);
-    case FieldKind::Rule:
-        return WriteRule(node, field.rule, level);
+    case FieldKind::Mixed:
+        return WriteMixed(node, {&field, 1}, level);
+    case FieldKind::Whole:
+        return WriteWholeOrReference(node, field, level);
+    case FieldKind::LeafBy:
+    case FieldKind::ChildBy:
+        return WriteByRule(node, field, level);
     }
 }
 
-void XmemlWriter::WriteInOrder(ObjectHandle node, std::span<const Name> names, int level)
+void XmemlWriter::WriteMixed(ObjectHandle node, std::span<const XmemlField> fields, int level)
 {
     const ChildRange children = node.GetChildren();
     for (auto child = children.begin(); child != children.end(); ++child)
-        for (const Name& name : names)
-            if (name == child.EntryName())
-                WriteNamed(*child, name.View(), level);
+        for (const XmemlField& field : fields)
+            if (field.name == child.EntryName())
+                WriteNamed(*child, field.element, level);
 }
 
-void XmemlWriter::WriteRule(ObjectHandle node, XmemlRule rule, int level)
+void XmemlWriter::WriteByRule(ObjectHandle node, const XmemlField& field, int level)
 {
-    switch (rule) {
+    switch (field.rule) {
     case XmemlRule::ClipDuration: {
-        const auto ofMedia = ValueOf(node.GetChild(Name("media")), "duration");
-        const auto own = ValueOf(node, "duration");
-        return WriteLine("duration", ofMedia ? *ofMedia : own.value_or("0"), level);
+        const auto ofMedia = ValueOf(node.GetChild(Name("media")), field.name);
+        const auto own = ValueOf(node, field.name);
+        return WriteLine(field.name, ofMedia ? *ofMedia : own.value_or("0"), level);
     }
     case XmemlRule::ClipRate: {
-        const ObjectHandle own = node.GetChild(Name("rate"));
+        const ObjectHandle own = node.GetChild(field.name);
         return WriteRate(own ? own : FindPath(node, {"media", "rate"}), level);
     }
     case XmemlRule::RateOrDefault:
-        return WriteRate(node.GetChild(Name("rate")), level);
-    case XmemlRule::PixelAspect: {
-        if (HasValue(node, "fileid"))
-            return;
-        const ObjectHandle picture =
-            FindPath(node, {"file", "media", "video", "samplecharacteristics"});
-        for (const Name name : {Name("pixelaspectratio"), Name("anamorphic"),
-                                Name("velaOriginalPAR"), Name("velaOriginalIsAnamorphic")})
-            WriteOptional(picture, name, level);
+        return WriteRate(node.GetChild(field.name), level);
+    case XmemlRule::OfOwnFile:
+        if (!HasValue(node, "fileid"))
+            WriteOptional(FindPath(node, {"file", "media", "video", "samplecharacteristics"}),
+                          field.name, level);
         return;
-    }
-    case XmemlRule::Source:
-        return WriteSource(node, level);
-    case XmemlRule::SequenceOrReference:
-        WriteReferenceOrChild(node, "sequenceid", "sequence", level);
+    case XmemlRule::SequenceUnlessFile:
+        if (!HasValue(node, "fileid") && !node.HasChild("file"))
+            WriteWholeOrReference(node, field, level);
         return;
     case XmemlRule::AudioOfFile:
-        return WriteAudioOfFile(node.GetChild(Name("audio")), level);
+        return WriteAudioOfFile(node.GetChild(field.name), level);
     }
 }
 
@@ -280,36 +297,24 @@ void XmemlWriter::WriteRate(ObjectHandle rate, int level)
     WriteEnd("rate", level);
 }
 
-// An item shows either a file or a sequence.
-void XmemlWriter::WriteSource(ObjectHandle node, int level)
+void XmemlWriter::WriteWholeOrReference(ObjectHandle node, const XmemlField& field, int level)
 {
-    if (!WriteReferenceOrChild(node, "fileid", "file", level))
-        WriteReferenceOrChild(node, "sequenceid", "sequence", level);
-}
-
-// False if the node has neither.
-bool XmemlWriter::WriteReferenceOrChild(ObjectHandle node, Name id, Name child, int level)
-{
-    if (!HasValue(node, id)) {
-        const ObjectHandle whole = node.GetChild(child);
-        WriteNamed(whole, child.View(), level);
-        return static_cast<bool>(whole);
-    }
-    if (level < kMaxNesting) {
-        out_.WriteTabs(level);
-        out_.Write("<", child.View());
-        WriteAttribute("id", node.GetProperty(id));
-        out_.Write("/>\n");
-    }
-    return true;
+    if (!HasValue(node, field.reference))
+        return WriteNamed(node.GetChild(field.name), field.element, level);
+    if (level >= kMaxNesting)
+        return;
+    out_.WriteTabs(level);
+    out_.Write("<", field.name.View());
+    WriteAttribute("id", node.GetProperty(field.reference));
+    out_.Write("/>\n");
 }
 
 void XmemlWriter::WriteAudioOfFile(ObjectHandle audio, int level)
 {
     if (!audio || level >= kMaxNesting)
         return;
-    const FileAudioForm* form = nullptr;
-    for (const FileAudioForm& candidate : kFileAudioForms)
+    const FileAudioLayout* form = nullptr;
+    for (const FileAudioLayout& candidate : kFileAudioLayouts)
         if (HasValue(audio, "channeltype") &&
             candidate.channelType == IntProperty(audio, "channeltype"))
             form = &candidate;
@@ -330,7 +335,7 @@ void XmemlWriter::WriteAudioOfFile(ObjectHandle audio, int level)
     }
 }
 
-void XmemlWriter::WriteChannel(ObjectHandle audio, const FileAudioForm& form, std::int64_t index,
+void XmemlWriter::WriteChannel(ObjectHandle audio, const FileAudioLayout& form, std::int64_t index,
                                int level)
 {
     const std::int64_t channels =

@@ -3,6 +3,8 @@
 
 #include "support/writer_test_support.h"
 
+#include "tree/blob.h"
+
 namespace XPJ {
 namespace {
 

@@ -5,6 +5,7 @@
 
 #include "core/base64.h"
 #include "project/classes.h"
+#include "tree/blob.h"
 
 #include <map>
 #include <set>
@@ -176,7 +177,7 @@ TEST(ProjectWriter, EveryClassDefinesWhatItMentions)
             switch (row.kind) {
             case RowKind::Value:
             case RowKind::Blob:
-            case RowKind::BlobOrEmpty:
+            case RowKind::SharedBlob:
                 node.SetProperty(row.kind == RowKind::Value ? row.key : row.tag, "v.v");
                 break;
             case RowKind::Reference:
@@ -205,7 +206,7 @@ TEST(ProjectWriter, EveryClassDefinesWhatItMentions)
         for (const BodyRow& row : rows)
             count +=
                 self(row.rows, self) + (row.kind == RowKind::Value || row.kind == RowKind::Blob ||
-                                        row.kind == RowKind::BlobOrEmpty);
+                                        row.kind == RowKind::SharedBlob);
         return count;
     };
 

@@ -10,7 +10,7 @@ constexpr std::string_view kMark = "CDATA[";
 
 class LiteralTokeniser {
 public:
-    LiteralTokeniser(std::string_view input, bool asItem) : input_(input), asItem_(asItem) {}
+    LiteralTokeniser(std::string_view input, bool asLeaf) : input_(input), asLeaf_(asLeaf) {}
 
     std::vector<Event> Run()
     {
@@ -141,7 +141,7 @@ private:
             break;
         case 14: // in the attributes
             if (c == '>') {
-                if (!asItem_ && name_ == "file" && input_.substr(position_, 7) == "</file>")
+                if (!asLeaf_ && name_ == "file" && input_.substr(position_, 7) == "</file>")
                     position_ += 7, selfClosed_ = true;
                 Start();
             } else if (c == '/') {
@@ -192,7 +192,7 @@ private:
     }
 
     std::string_view input_;
-    bool asItem_;
+    bool asLeaf_;
     std::size_t position_ = 0;
     int state_ = 17;
     bool failed_ = false;
@@ -216,18 +216,18 @@ std::string Describe(const std::vector<Event>& events)
     return result;
 }
 
-std::vector<Event> LiteralEvents(std::string_view input, bool asItem)
+std::vector<Event> LiteralEvents(std::string_view input, bool asLeaf)
 {
-    return LiteralTokeniser(input, asItem).Run();
+    return LiteralTokeniser(input, asLeaf).Run();
 }
 
-std::vector<Event> FastEvents(std::string_view input, bool asItem)
+std::vector<Event> FastEvents(std::string_view input, bool asLeaf)
 {
     Document document;
     Tokeniser tokens(input, document);
     std::vector<Event> events;
     for (;;) {
-        switch (tokens.Next(asItem ? Content::Item : Content::All)) {
+        switch (tokens.Next(asLeaf ? Content::Leaf : Content::All)) {
         case Token::Start:
             events.push_back({tokens.IsSelfClosed() ? Event::SelfClosed : Event::Start,
                               std::string(tokens.Name()), std::string(tokens.Attributes())});

@@ -20,9 +20,9 @@ struct Event {
 // For a failing test: one event a line.
 std::string Describe(const std::vector<Event>& events);
 
-// The events of a whole input, read as an element's content or, with `asItem`, as a leaf's.
-std::vector<Event> LiteralEvents(std::string_view input, bool asItem);
+// The events of a whole input, read as an element's content or, with `asLeaf`, as a leaf's.
+std::vector<Event> LiteralEvents(std::string_view input, bool asLeaf);
 // The same from the tokeniser that the readers use.
-std::vector<Event> FastEvents(std::string_view input, bool asItem);
+std::vector<Event> FastEvents(std::string_view input, bool asLeaf);
 
 } // namespace XPJ

@@ -87,9 +87,9 @@ constexpr std::string_view kInputs[] = {
 
 void ExpectSameEvents(std::string_view input)
 {
-    for (const bool asItem : {false, true})
-        ASSERT_EQ(Describe(FastEvents(input, asItem)), Describe(LiteralEvents(input, asItem)))
-            << "input [" << input << "], " << (asItem ? "item" : "element");
+    for (const bool asLeaf : {false, true})
+        ASSERT_EQ(Describe(FastEvents(input, asLeaf)), Describe(LiteralEvents(input, asLeaf)))
+            << "input [" << input << "], " << (asLeaf ? "leaf" : "element");
 }
 
 TEST(Tokeniser, FollowsTheStateTable)

@@ -5,6 +5,7 @@
 #include "tree/reading.h"
 #include "xmeml/elements.h"
 #include "xmeml/reader.h"
+#include "xmeml/writer.h"
 
 namespace XPJ {
 namespace {
