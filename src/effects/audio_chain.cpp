@@ -11,15 +11,15 @@ namespace {
 
 // What the filters of an item come to, in the order of the chain.
 std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemSound& sound,
-                                       ObjectHandle item)
+                                       ConstHandle item)
 {
     ObjectHandle volume;
     std::vector<ObjectHandle> components(1);
-    ForEachEffect(item, [&](ObjectHandle effect) {
+    ForEachEffect(item, [&](ConstHandle effect) {
         const ObjectHandle component = TranslateAudioFilter(context, sound, effect);
         if (!component)
             return;
-        if (!volume && AudioEffectId(effect) == kAudioLevels)
+        if (!volume && AudioEffectId(effect) == kAudioLevels.xmeml.id)
             volume = component;
         else
             components.push_back(component);
@@ -31,14 +31,13 @@ std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemS
 
 } // namespace
 
-ObjectHandle BuildAudioChain(const EffectContext& context, const ItemSound& sound,
-                             ObjectHandle item)
+ObjectHandle BuildAudioChain(const EffectContext& context, const ItemSound& sound, ConstHandle item)
 {
     const ObjectHandle chain = context.document.NewObject("AudioComponentChain");
     chain.SetProperty("FrameRate", TickText(context.sampleTicks));
     chain.SetProperty("ChannelType", IntToString(sound.channelType));
     int id = 1;
-    for (const ObjectHandle& component : ComponentsOf(context, sound, item)) {
+    for (const ObjectHandle component : ComponentsOf(context, sound, item)) {
         component.SetProperty("ID", IntToString(id++));
         chain.AddChild("Component", component);
     }

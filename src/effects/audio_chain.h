@@ -1,4 +1,4 @@
-// The chain of sound effects on a clip: its volume, then its filters.
+// The chain of audio effects of a clip: its volume, then its filters.
 #pragma once
 
 #include "effects/audio_filters.h"
@@ -8,8 +8,8 @@
 namespace XPJ {
 
 // A new AudioComponentChain from the `filter`s of an item. The volume of the clip, which every clip
-// has, stands first with `ID` 1; further levels and the filters follow in document order.
+// has, is first with `ID` 1; further levels and the filters follow in document order.
 ObjectHandle BuildAudioChain(const EffectContext& context, const ItemSound& sound,
-                             ObjectHandle item);
+                             ConstHandle item);
 
 } // namespace XPJ

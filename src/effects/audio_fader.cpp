@@ -11,19 +11,22 @@ namespace XPJ {
 
 namespace {
 
-constexpr double kFaderTop = 2.0;
-// For a level that does not state its range, which then is 0 to 3.98109: 12 dB above 1.
-constexpr double kUsualFactor = 0.5023749777071104;
+constexpr double kNeutral = 1.0; // of the fader and of a level
 
-ObjectHandle MakeMember(Document& document, Name className, const FaderForm& form,
+const XmemlParam& LevelParam()
+{
+    return kAudioLevels.params.back().param.xmeml;
+}
+
+ObjectHandle MakeMember(Document& document, Name className, const FaderFormat& format,
                         std::string_view id)
 {
     const ObjectHandle member = document.NewObject(className);
-    member.SetProperty("ChannelType", IntToString(form.channelType));
-    member.SetProperty("FrameRate", TickText(form.sampleTicks));
+    member.SetProperty("ChannelType", IntToString(format.channelType));
+    member.SetProperty("FrameRate", TickText(format.sampleTicks));
     member.SetPropertyShared("Bypass", "false");
     member.SetProperty("ID", id);
-    member.SetProperty("NumChannels", IntToString(form.channels));
+    member.SetProperty("NumChannels", IntToString(format.channels));
     return member;
 }
 
@@ -33,45 +36,46 @@ ObjectHandle MakeVolumeParam(Document& document, std::string_view value)
                      {.name = "Volume", .value = value, .upper = "2.", .units = "dB"});
 }
 
-Clamp ClampOf(ObjectHandle level)
+// A level that does not state its range has that of the documents of this system.
+Clamp ClampOf(ConstHandle level)
 {
     const double min = DoubleProperty(level, "valuemin");
     const double range = DoubleProperty(level, "valuemax") - min;
     return {.valueOffset = -min,
-            .valueFactor = range > 0 ? kFaderTop / range : kUsualFactor,
+            .valueFactor = range > 0 ? kFaderTop / range : kFaderFactor,
             .upper = kFaderTop,
             .reals = RecordReals::Audio};
 }
 
-// Documents state the level of every master, at 1: that is a fader at rest.
-bool IsAtRest(ObjectHandle level)
+// Documents state the level of every master, at 1: that is a neutral fader.
+bool IsNeutralLevel(ConstHandle level)
 {
     const std::string_view value = StaticValue(level, {});
-    return value.empty() || (!HasKeyframes(level) && ParseDouble(value) == 1.0);
+    return value.empty() || (!HasKeyframes(level) && ParseDouble(value) == kNeutral);
 }
 
 } // namespace
 
-ObjectHandle MakeFaderChain(Document& document, const FaderForm& form)
+ObjectHandle MakeFaderChain(Document& document, const FaderFormat& format)
 {
     const ObjectHandle chain = document.NewObject("AudioComponentChain");
-    chain.SetProperty("FrameRate", TickText(form.sampleTicks));
-    chain.SetProperty("ChannelType", IntToString(form.channelType));
-    chain.SetProperty("NumChannels", IntToString(form.channels));
-    const ObjectHandle fader = MakeMember(document, "AudioFader", form, "1");
+    chain.SetProperty("FrameRate", TickText(format.sampleTicks));
+    chain.SetProperty("ChannelType", IntToString(format.channelType));
+    chain.SetProperty("NumChannels", IntToString(format.channels));
+    const ObjectHandle fader = MakeMember(document, "AudioFader", format, "1");
     fader.AddChild("Param", MakeVolumeParam(document, "1."));
     fader.AddChild("Param", MakeParam(document, ParamKind::AudioBypass, {.name = "Mute"}));
     chain.AddChild("Component", fader);
-    chain.AddChild("Component", MakeMember(document, "AudioMeter", form, "2"));
+    chain.AddChild("Component", MakeMember(document, "AudioMeter", format, "2"));
     chain.SetPropertyShared("NextComponentID", "3");
     return chain;
 }
 
-void ApplyFaderLevel(const EffectContext& context, ObjectHandle owner, ObjectHandle chain)
+void ApplyFaderLevel(const EffectContext& context, ConstHandle owner, ObjectHandle chain)
 {
-    const ObjectHandle effect = FindAudioEffect(owner, kAudioLevels);
-    const ObjectHandle level = FindParameter(effect, "level");
-    if (!level || IsAtRest(level))
+    const ConstHandle effect = FindAudioEffect(owner, kAudioLevels.xmeml.id);
+    const ConstHandle level = FindParameter(effect, LevelParam().id);
+    if (!level || IsNeutralLevel(level))
         return;
     const Clamp clamp = ClampOf(level);
     bool clamped = false;
@@ -84,6 +88,14 @@ void ApplyFaderLevel(const EffectContext& context, ObjectHandle owner, ObjectHan
     SetKeyframes(volume, ClampedKeyframes(level, context.frameTicks, clamp, &clamped));
     if (clamped)
         context.AddIssue(ImportIssue::AudioLevelClamped, EffectName(effect));
+}
+
+void FaderToXmeml(Document& document, ConstHandle volume, ObjectHandle owner)
+{
+    const double value = CurrentNumber(volume, kNeutral);
+    if (value != kNeutral)
+        AddParameter(document, LevelParam(), NumberText(LevelOfFader(value)),
+                     AddFilter(document, kAudioLevels.xmeml, owner));
 }
 
 } // namespace XPJ

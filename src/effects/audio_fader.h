@@ -7,17 +7,20 @@
 
 namespace XPJ {
 
-struct FaderForm {
+struct FaderFormat {
     int channelType = 0; // 0 mono, 1 stereo, 2 5.1, 3 adaptive
     int channels = 1;
     Ticks sampleTicks = kSampleTicks48k;
 };
 
-// A new AudioComponentChain whose fader is at rest and not muted: a mute is the track's own.
-ObjectHandle MakeFaderChain(Document& document, const FaderForm& form);
+// A new AudioComponentChain whose fader is neutral and not muted: a mute is a field of the track.
+ObjectHandle MakeFaderChain(Document& document, const FaderFormat& form);
 
-// Moves the fader of a chain as the level filter of `owner` says, a `track` or the `audio` of a
+// Moves the fader of a chain by the level filter of `owner`, a `track` or the `audio` of a
 // sequence. Other filters of an owner act on nothing that a fader has.
-void ApplyFaderLevel(const EffectContext& context, ObjectHandle owner, ObjectHandle chain);
+void ApplyFaderLevel(const EffectContext& context, ConstHandle owner, ObjectHandle chain);
+
+// Puts the volume of a fader on a `track` or `audio`, unless it is neutral.
+void FaderToXmeml(Document& document, ConstHandle volume, ObjectHandle owner);
 
 } // namespace XPJ

@@ -1,125 +1,157 @@
 #include "effects/audio_filters.h"
 
 #include "core/numbers.h"
-#include "effects/effect_list.h"
 #include "effects/effect_walk.h"
 #include "effects/keyframes.h"
-#include "effects/parameters.h"
+#include "effects/time_remap.h"
 #include "effects/values.h"
+#include "project/accessors.h"
 
 #include <algorithm>
-#include <cmath>
-#include <span>
+#include <iterator>
+#include <limits>
 #include <string>
-#include <vector>
 
 namespace XPJ {
 
 namespace {
 
-// Match names of mono, stereo and 5.1. Adaptive clips use those of mono.
-struct MatchNames {
-    std::string_view names[3];
+using K = ParamKind;
+using enum Outcome;
 
-    constexpr std::string_view Of(int channelType) const
-    {
-        return channelType == 1 || channelType == 2 ? names[channelType] : names[0];
-    }
+constexpr AudioParamRow Bypass(std::string_view neutral = {})
+{
+    return {.param = {.kind = K::AudioBypass, .name = "Bypass", .neutral = neutral}};
+}
+
+constexpr AudioParamRow kLevelParams[] = {
+    Bypass("false 0"),
+    {.param = {.kind = K::Audio,
+               .name = "Level",
+               .value = "0.5",
+               .xmeml = {"level", "Level", "0", "3.98109", "", "1"},
+               .neutral = "0.5"},
+     .scale = AudioScale::Volume,
+     .units = "dB"},
 };
-
-// clang-format off
-constexpr MatchNames kVolumeNames =
-    {"Internal Volume Mono",   "Internal Volume Stereo",   "Internal Volume 5.1"};
-constexpr MatchNames kLowPassNames =
-    {"Internal Lowpass Mono",  "Internal Lowpass Stereo",  "Internal Lowpass 5.1"};
-constexpr MatchNames kHighPassNames =
-    {"Internal Highpass Mono", "Internal Highpass Stereo", "Internal Highpass 5.1"};
-constexpr MatchNames kBandPassNames =
-    {"Internal Bandpass Mono", "Internal Bandpass Stereo", "Internal Bandpass 5.1"};
-// clang-format on
-
-enum class AudioScale { Level, Frequency, Q };
-
-// A parameter of a filter and where its value comes from. Documents of some editors tell their
-// parameters by a specifier alone.
-struct AudioParamRow {
-    std::string_view name;
-    std::string_view units;
-    AudioScale scale;
-    std::string_view id;
-    std::string_view specifier = {};
+// An import takes its value as a factor like that of a level, although it is named for decibels.
+constexpr AudioParamRow kGainParams[] = {
+    Bypass(),
+    {.param = {.kind = K::Audio,
+               .name = "Level",
+               .value = "0.5",
+               .xmeml = {"Gain(dB)", "Gain(dB)", "-96", "96"}},
+     .scale = AudioScale::VolumeInDecibels,
+     .units = "dB"},
 };
-
-constexpr AudioParamRow kLevel[] = {{"Level", "dB", AudioScale::Level, "level"}};
-// Its value counts as a factor, as a level does, although it is named for decibels.
-constexpr AudioParamRow kGain[] = {{"Level", "dB", AudioScale::Level, "Gain(dB)"}};
-constexpr AudioParamRow kCutoff[] = {
-    {"Cutoff", "Hz", AudioScale::Frequency, "Frequency", "0:0:0"},
+constexpr AudioParamRow kPassParams[] = {
+    Bypass(),
+    {.param = {.kind = K::Audio,
+               .name = "Cutoff",
+               .xmeml = {"Frequency", "Frequency", "0", "20000"}},
+     .scale = AudioScale::Frequency,
+     .units = "Hz",
+     .specifier = "0:0:0"},
 };
-constexpr AudioParamRow kBand[] = {
-    {"Center", "Hz", AudioScale::Frequency, "Frequency", "0:0:0"},
-    {"Q", "", AudioScale::Q, "Q", "1:0:0"},
+constexpr AudioParamRow kBandParams[] = {
+    Bypass(),
+    {.param = {.kind = K::Audio,
+               .name = "Center",
+               .xmeml = {"Frequency", "Frequency", "0", "20000"}},
+     .scale = AudioScale::Frequency,
+     .units = "Hz",
+     .specifier = "0:0:0"},
+    {.param = {.kind = K::Audio, .name = "Q", .xmeml = {"Q", "Q", "0.7071", "20"}},
+     .scale = AudioScale::Q,
+     .specifier = "1:0:0"},
 };
-
-struct AudioFilterRow {
-    std::string_view effectId;
-    std::string_view name; // as documents usually have it
-    const MatchNames* matchNames;
-    std::span<const AudioParamRow> params;
-    ImportIssue refusal; // of an effect that lacks a parameter; a level never lacks its own
-    Outcome outcome = Outcome::CarriedOver;
-    std::string_view note = {};
+constexpr AudioParamRow kPanParams[] = {
+    {.param = {.kind = K::Audio,
+               .name = "Pan",
+               .xmeml = {"pan", "Pan", "-1", "1", "", "0"},
+               .neutral = "0.5"},
+     .scale = AudioScale::Pan},
+};
+constexpr AudioParamRow kFaderParams[] = {
+    {.param = {.kind = K::Audio, .name = "Volume", .xmeml = {.id = "level"}}},
 };
 
 constexpr AudioFilterRow kAudioFilters[] = {
-    {kAudioLevels, "Audio Levels", &kVolumeNames, kLevel, ImportIssue::EffectNotTranslated,
-     Outcome::CarriedOver, "levels above 6 dB are lowered to 6 dB"},
-    {"{61756678, 4761696e, 4b657947}", "Gain", &kVolumeNames, kGain,
-     ImportIssue::EffectNotTranslated, Outcome::Approximated, "its decibels count as a factor"},
-    {"{61756678, 4c506173, 4b657947}", "Low Pass Filter", &kLowPassNames, kCutoff,
-     ImportIssue::InvalidLowPassFilterParameters},
-    {"{61756678, 48506173, 4b657947}", "High Pass Filter", &kHighPassNames, kCutoff,
-     ImportIssue::InvalidHighPassFilterParameters},
-    {"{61756678, 42506173, 4b657947}", "Band Pass Filter", &kBandPassNames, kBand,
-     ImportIssue::InvalidBandPassFilterParameters},
+    {.xmeml = {"audiolevels", "Audio Levels", "audiolevels", "audiolevels", "audio"},
+     .project = {{"Internal Volume Mono", "Internal Volume Stereo", "Internal Volume 5.1"}},
+     .name = "Volume",
+     .params = kLevelParams,
+     .exported = AudioExport::Ordinary,
+     .note = "levels above 6 dB are lowered to 6 dB"},
+    {.xmeml = {"{61756678, 4761696e, 4b657947}", "Gain", "", "filter", "audio"},
+     .project = {{"Internal Volume Mono", "Internal Volume Stereo", "Internal Volume 5.1"}},
+     .name = "Volume",
+     .params = kGainParams,
+     .exported = AudioExport::HandOff,
+     .outcome = Approximated,
+     .note = "its decibels count as a factor"},
+    {.xmeml = {"{61756678, 4c506173, 4b657947}", "Low Pass Filter", "", "filter", "audio"},
+     .project = {{"Internal Lowpass Mono", "Internal Lowpass Stereo", "Internal Lowpass 5.1"}},
+     .name = "Low Pass",
+     .params = kPassParams,
+     .refusal = ImportIssue::InvalidLowPassFilterParameters},
+    {.xmeml = {"{61756678, 48506173, 4b657947}", "High Pass Filter", "", "filter", "audio"},
+     .project = {{"Internal Highpass Mono", "Internal Highpass Stereo", "Internal Highpass 5.1"}},
+     .name = "High Pass",
+     .params = kPassParams,
+     .refusal = ImportIssue::InvalidHighPassFilterParameters},
+    {.xmeml = {"{61756678, 42506173, 4b657947}", "Band Pass Filter", "", "filter", "audio"},
+     .project = {{"Internal Bandpass Mono", "Internal Bandpass Stereo", "Internal Bandpass 5.1"}},
+     .name = "Band Pass",
+     .params = kBandParams,
+     .refusal = ImportIssue::InvalidBandPassFilterParameters},
+    {.xmeml = {"audiopan", "Audio Pan", "audiopan", "audiopan", "audio"},
+     .name = "Pan",
+     .params = kPanParams,
+     .note = "of mono clips on stereo tracks; other clips are not panned"},
+    {.xmeml = {"audiolevels", "Audio Levels", "audiolevels", "audiolevels", "audio"},
+     .params = kFaderParams,
+     .note = "of tracks and of the sequence; their other filters are dropped",
+     .isOfTrack = true},
 };
-
-constexpr std::string_view kAudioPanName = "Audio Pan";
-
-// Told by filters, but not held in the chain.
-constexpr std::string_view kElsewhere[] = {
-    kAudioPan,   // becomes the panner of the item
-    "timeremap", // becomes the speed of its clip
-};
-
-// The scale of a frequency is told of half the sample rate.
-constexpr double kLowestFrequency = 0.00041666600736789405;
-constexpr double kFrequencyRange = 0.9900000095367432;
-constexpr double kLowestQ = 1.0;
-constexpr double kHighestQ = 20.0;
 
 // Of a level that states no value: it changes nothing.
 constexpr std::string_view kNeutralLevel = "1";
 
 const AudioFilterRow* FindRow(std::string_view effectId)
 {
-    const auto* const row = std::ranges::find(kAudioFilters, effectId, &AudioFilterRow::effectId);
+    if (effectId.empty())
+        return nullptr;
+    const auto* const row = std::ranges::find(
+        kAudioFilters, effectId, [](const AudioFilterRow& filter) { return filter.xmeml.id; });
     return row != std::end(kAudioFilters) ? row : nullptr;
 }
 
-// The last one, if several claim to be it; null without one.
-ObjectHandle FindSource(ObjectHandle effect, const AudioParamRow& row)
+bool IsInChain(const AudioFilterRow& row)
 {
-    ObjectHandle found;
-    for (const ObjectHandle& parameter : effect.GetChildren("parameter"))
-        if (parameter.GetProperty("parameterid") == row.id ||
+    return !row.project.names[0].empty();
+}
+
+bool IsLevel(const AudioParamRow& row)
+{
+    return row.scale == AudioScale::Volume || row.scale == AudioScale::VolumeInDecibels;
+}
+
+// ---- To a project
+
+// The last one, if several match; null without one.
+ConstHandle FindSource(ConstHandle effect, const AudioParamRow& row)
+{
+    ConstHandle found;
+    for (const ConstHandle parameter : effect.GetChildren("parameter"))
+        if (parameter.GetProperty("parameterid") == row.param.xmeml.id ||
             (!row.specifier.empty() &&
              parameter.GetProperty("parameterspecifier") == row.specifier))
             found = parameter;
     return found;
 }
 
-double Scaled(const EffectContext& context, AudioScale scale, double value)
+double ScaledValue(const EffectContext& context, AudioScale scale, double value)
 {
     if (scale == AudioScale::Q)
         return QScale(value);
@@ -131,15 +163,16 @@ double Scaled(const EffectContext& context, AudioScale scale, double value)
 ObjectHandle MakeParamOfRow(const EffectContext& context, const AudioParamRow& row,
                             const std::string& value, const std::string& keyframes)
 {
-    const ObjectHandle param = MakeParam(context.document, ParamKind::Audio,
-                                         {.name = row.name, .value = value, .units = row.units});
+    const ObjectHandle param =
+        MakeParam(context.document, row.param.kind,
+                  {.name = row.param.name, .value = value, .units = row.units});
     SetKeyframes(param, keyframes);
     return param;
 }
 
 // The top of the range is 6 dB above the level of the source.
 ObjectHandle MakeLevelParam(const EffectContext& context, const AudioParamRow& row,
-                            ObjectHandle source, std::int64_t delayFrames, bool* clamped)
+                            ConstHandle source, std::int64_t delayFrames, bool* clamped)
 {
     const Clamp clamp{.offsetFrames = delayFrames, .valueFactor = 0.5, .reals = RecordReals::Audio};
     const double level = ParseDouble(StaticValue(source, kNeutralLevel));
@@ -149,23 +182,22 @@ ObjectHandle MakeLevelParam(const EffectContext& context, const AudioParamRow& r
 
 // Null when the effect does not state the value.
 ObjectHandle MakeScaledParam(const EffectContext& context, const AudioParamRow& row,
-                             ObjectHandle source)
+                             ConstHandle source)
 {
     const std::string_view value = StaticValue(source, {});
     if (value.empty())
         return {};
-    const auto scale = [&](double number) { return Scaled(context, row.scale, number); };
+    const auto scale = [&](double number) { return ScaledValue(context, row.scale, number); };
     return MakeParamOfRow(context, row, NumberText(scale(ParseDouble(value))),
                           MappedKeyframes(source, context.frameTicks, scale));
 }
 
 // `effect` may be null.
-ObjectHandle MakeComponent(const EffectContext& context, int channelType, const MatchNames& names,
-                           ObjectHandle effect)
+ObjectHandle MakeComponent(const EffectContext& context, int channelType, const AudioFilterRow& row,
+                           ConstHandle effect)
 {
-    Document& document = context.document;
-    const ObjectHandle component = document.NewObject("AudioFilterComponent");
-    component.SetPropertyShared("FilterMatchName", names.Of(channelType));
+    const ObjectHandle component = context.document.NewObject("AudioFilterComponent");
+    component.SetPropertyShared("FilterMatchName", row.project.Of(channelType));
     component.SetPropertyShared("Intrinsic", "false");
     component.SetPropertyShared("Bypass", IsTrue(effect, "velaBypass") ? "true" : "false");
     component.SetProperty("FrameRate", TickText(context.sampleTicks));
@@ -174,48 +206,63 @@ ObjectHandle MakeComponent(const EffectContext& context, int channelType, const 
     component.SetPropertyShared("FilterIndex", "-1");
     component.SetPropertyShared("AudioComponentType", "0");
     CopyExpanded(effect, component);
-    component.AddChild("Param", MakeParam(document, ParamKind::AudioBypass, {.name = "Bypass"}));
     return component;
+}
+
+// ---- To `xmeml`
+
+// The row by which a component is written; null for one that documents do not have.
+const AudioFilterRow* FindWritten(const EffectContext& context, std::string_view matchName)
+{
+    const AudioExport kind = context.isHandOff ? AudioExport::HandOff : AudioExport::Ordinary;
+    for (const AudioFilterRow& row : kAudioFilters)
+        if (IsInChain(row) && matchName.starts_with(row.project.Stem()) &&
+            (row.exported == AudioExport::Always || row.exported == kind))
+            return &row;
+    return nullptr;
+}
+
+void ComponentToXmeml(const EffectContext& context, const AudioFilterRow& row,
+                      ConstHandle component, ObjectHandle element)
+{
+    const ObjectHandle effect = AddFilter(context.document, row.xmeml, element);
+    WriteSwitches(component, effect);
+    const ConstChildRange params = ParamsOf(component);
+    auto next = params.begin();
+    for (const AudioParamRow& param : row.params) {
+        const bool isThere = next != params.end();
+        if (param.scale != AudioScale::None)
+            AddAudioParameter(context, param, isThere ? *next : ConstHandle(), effect);
+        if (isThere)
+            ++next;
+    }
 }
 
 } // namespace
 
-double FrequencyScale(double frequency, double sampleRate)
+const AudioFilterRow& kAudioLevels = kAudioFilters[0];
+const AudioFilterRow& kAudioGain = kAudioFilters[1];
+const AudioFilterRow& kAudioPan = kAudioFilters[5];
+
+std::span<const AudioFilterRow> AudioFilters()
 {
-    const double scaled = (2 * frequency / sampleRate - kLowestFrequency) / kFrequencyRange;
-    return std::sqrt(std::clamp(scaled, 0.0, 1.0));
+    return kAudioFilters;
 }
 
-double QScale(double q)
-{
-    return std::sqrt((std::clamp(q, kLowestQ, kHighestQ) - kLowestQ) / (kHighestQ - kLowestQ));
-}
-
-double FrequencyOfScale(double scaled, double sampleRate)
-{
-    return (scaled * scaled * kFrequencyRange + kLowestFrequency) * sampleRate / 2;
-}
-
-double QOfScale(double scaled)
-{
-    return scaled * scaled * (kHighestQ - kLowestQ) + kLowestQ;
-}
-
-std::string_view AudioEffectId(ObjectHandle effect)
+std::string_view AudioEffectId(ConstHandle effect)
 {
     if (HasValue(effect, "effectid"))
         return effect.GetProperty("effectid");
-    const std::string_view name = effect.GetProperty("name");
-    if (name == kAudioPanName)
-        return kAudioPan;
-    const auto* const row = std::ranges::find(kAudioFilters, name, &AudioFilterRow::name);
-    return row != std::end(kAudioFilters) ? row->effectId : std::string_view();
+    const auto* const row =
+        std::ranges::find(kAudioFilters, effect.GetProperty("name"),
+                          [](const AudioFilterRow& filter) { return filter.xmeml.name; });
+    return row != std::end(kAudioFilters) ? row->xmeml.id : std::string_view();
 }
 
-ObjectHandle FindAudioEffect(ObjectHandle owner, std::string_view effectId)
+ConstHandle FindAudioEffect(ConstHandle owner, std::string_view effectId)
 {
-    ObjectHandle found;
-    ForEachEffect(owner, [&](ObjectHandle effect) {
+    ConstHandle found;
+    ForEachEffect(owner, [&](ConstHandle effect) {
         if (!found && AudioEffectId(effect) == effectId)
             found = effect;
     });
@@ -224,29 +271,34 @@ ObjectHandle FindAudioEffect(ObjectHandle owner, std::string_view effectId)
 
 ObjectHandle MakeNeutralVolume(const EffectContext& context, const ItemSound& sound)
 {
-    const ObjectHandle component = MakeComponent(context, sound.channelType, kVolumeNames, {});
-    component.AddChild("Param", MakeLevelParam(context, kLevel[0], {}, 0, nullptr));
+    const ObjectHandle component = MakeComponent(context, sound.channelType, kAudioLevels, {});
+    for (const AudioParamRow& row : kLevelParams)
+        component.AddChild("Param", IsLevel(row) ? MakeLevelParam(context, row, {}, 0, nullptr)
+                                                 : MakeParamOfRow(context, row, {}, {}));
     return component;
 }
 
 ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemSound& sound,
-                                  ObjectHandle effect)
+                                  ConstHandle effect)
 {
     const std::string_view effectId = AudioEffectId(effect);
     const AudioFilterRow* const row = FindRow(effectId);
-    if (!row) {
-        if (std::ranges::find(kElsewhere, effectId) == std::end(kElsewhere))
+    if (!row || !IsInChain(*row)) {
+        // The pan becomes the panner of the item, a speed that of its clip.
+        if (!row && effectId != kTimeRemap.xmeml.id)
             context.AddIssue(ImportIssue::EffectNotTranslated, EffectName(effect));
         return {};
     }
-    const ObjectHandle component =
-        MakeComponent(context, sound.channelType, *row->matchNames, effect);
+    const ObjectHandle component = MakeComponent(context, sound.channelType, *row, effect);
     bool clamped = false;
     for (const AudioParamRow& param : row->params) {
-        const ObjectHandle source = FindSource(effect, param);
+        if (param.scale == AudioScale::None) {
+            component.AddChild("Param", MakeParamOfRow(context, param, {}, {}));
+            continue;
+        }
+        const ConstHandle source = FindSource(effect, param);
         // A name alone is not enough for a level that is not there.
-        const bool isLevel =
-            param.scale == AudioScale::Level && (source || HasValue(effect, "effectid"));
+        const bool isLevel = IsLevel(param) && (source || HasValue(effect, "effectid"));
         const ObjectHandle result =
             isLevel ? MakeLevelParam(context, param, source, sound.delayFrames, &clamped)
                     : MakeScaledParam(context, param, source);
@@ -261,28 +313,62 @@ ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemSound&
     return component;
 }
 
-void AppendAudioEffects(std::vector<EffectListing>& list)
+void AudioChainToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle element)
 {
-    constexpr std::string_view kFamily = "Audio filter";
-    for (const AudioFilterRow& row : kAudioFilters) {
-        EffectListing& listing = list.emplace_back(EffectListing{.family = kFamily,
-                                                                 .name = row.name,
-                                                                 .effectId = row.effectId,
-                                                                 .outcome = row.outcome,
-                                                                 .note = row.note});
-        for (const AudioParamRow& param : row.params)
-            listing.parameters.push_back({param.name, true});
+    EffectContext ofChain = context;
+    if (const Ticks sample = Int64Property(chain, "FrameRate");
+        sample > 0 && sample != std::numeric_limits<Ticks>::max())
+        ofChain.sampleTicks = sample;
+    for (const ConstHandle component : ComponentsOf(chain)) {
+        const std::string_view matchName = ComponentMatchName(component);
+        if (const AudioFilterRow* const row = FindWritten(context, matchName))
+            ComponentToXmeml(ofChain, *row, component, element);
+        else
+            context.AddIssue(ExportIssue::EffectNotTranslated, matchName);
     }
-    list.push_back({.family = kFamily,
-                    .name = kAudioPanName,
-                    .effectId = kAudioPan,
-                    .parameters = {{"Pan", true}},
-                    .note = "of mono clips on stereo tracks; other clips are not panned"});
-    list.push_back({.family = "Audio track",
-                    .name = "Audio Levels",
-                    .effectId = kAudioLevels,
-                    .parameters = {{"Volume", true}},
-                    .note = "of tracks and of the sequence; their other filters are dropped"});
+}
+
+void ReportAudioChain(const EffectContext& context, ConstHandle chain, ExportIssue kind)
+{
+    for (const ConstHandle component : ComponentsOf(chain))
+        if (const std::string_view matchName = ComponentMatchName(component);
+            !FindWritten(context, matchName))
+            context.AddIssue(kind, matchName);
+}
+
+void GainToXmeml(const EffectContext& context, ConstHandle clip, bool isBarsAndTone,
+                 ObjectHandle element)
+{
+    constexpr double kGainOfBarsAndTone = 0.2513;
+    if (!clip.HasProperty("Gain"))
+        return;
+    const ObjectHandle effect = AddEmptyFilter(context.document, element);
+    effect.SetPropertyShared("mediatype", "audio");
+    double gain = DoubleProperty(clip, "Gain");
+    if (gain == 1.0) {
+        if (!isBarsAndTone)
+            return;
+        gain = kGainOfBarsAndTone;
+    }
+    const AudioFilterRow& row = context.isHandOff ? kAudioLevels : kAudioGain;
+    WriteEffectHead(row.xmeml, effect);
+    AddParameter(context.document, row.params.back().param.xmeml,
+                 NumberText(context.isHandOff ? LevelOfVolume(gain) : DecibelsOfGain(gain)),
+                 effect);
+}
+
+void AddAudioParameter(const EffectContext& context, const AudioParamRow& row, ConstHandle param,
+                       ObjectHandle effect)
+{
+    if (row.param.value.empty() && StartText(param).empty())
+        return;
+    const auto sampleRate = static_cast<double>(DivTicks(kTicksPerSecond, context.sampleTicks));
+    const auto map = [&](double value) { return AudioValueToXmeml(row.scale, value, sampleRate); };
+    const double value = CurrentNumber(param, ParseDouble(row.param.value));
+    const ObjectHandle parameter =
+        AddParameter(context.document, row.param.xmeml, NumberText(map(value)), effect);
+    WriteKeyframes(context.document, parameter, param.GetProperty("Keyframes"), context.frameTicks,
+                   map);
 }
 
 } // namespace XPJ

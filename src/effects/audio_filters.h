@@ -1,25 +1,74 @@
-// The sound filters that projects know, told by the `effectid` of their `effect`.
+// The audio effects that projects know, a row each. Documents name them by the `effectid` of their
+// `effect`, projects by a match name for each channel type.
 #pragma once
 
-#include "effects/effect_context.h"
+#include "effects/audio_scales.h"
+#include "effects/effect_row.h"
 #include "tree/object.h"
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace XPJ {
 
-// `effectid` of the level of a clip, a track or a sequence's sound, and of the pan of a clip.
-inline constexpr std::string_view kAudioLevels = "audiolevels";
-inline constexpr std::string_view kAudioPan = "audiopan";
+// ---- Rows
 
-// The `effectid` of a sound effect; of one that states none that which goes with its name, if that
-// is known.
-std::string_view AudioEffectId(ObjectHandle effect);
+struct AudioParamRow {
+    ParamRow param;
+    AudioScale scale = AudioScale::None; // None: documents do not have it
+    std::string_view units = {};
+    std::string_view specifier = {}; // by which some editors name it instead of a `parameterid`
+};
+
+// Match names of mono, stereo and 5.1. Adaptive clips use those of mono.
+struct AudioMatchNames {
+    std::string_view names[3] = {};
+
+    constexpr std::string_view Of(int channelType) const
+    {
+        return channelType == 1 || channelType == 2 ? names[channelType] : names[0];
+    }
+    // What the names of all channel types begin with.
+    constexpr std::string_view Stem() const { return names[0].substr(0, names[0].rfind(' ')); }
+};
+
+// In which documents an export writes the effect.
+enum class AudioExport { Always, Ordinary, HandOff };
+
+struct AudioFilterRow {
+    XmemlEffect xmeml;
+    AudioMatchNames project = {};                           // empty: not a part of a chain
+    std::string_view name = {};                             // for people
+    std::span<const AudioParamRow> params = {};             // in the order of the component
+    ImportIssue refusal = ImportIssue::EffectNotTranslated; // of an effect that lacks a parameter
+    AudioExport exported = AudioExport::Always;
+    Outcome outcome = Outcome::CarriedOver;
+    std::string_view note = {};
+    bool isOfTrack = false; // a fader, not an effect of a clip
+};
+
+// In the order of the list of effects.
+std::span<const AudioFilterRow> AudioFilters();
+
+// The effect of documents for the volume of a clip, a track or a sequence.
+extern const AudioFilterRow& kAudioLevels;
+// The gain of a clip, in decibels.
+extern const AudioFilterRow& kAudioGain;
+// The pan of a clip, which is held by its panner.
+extern const AudioFilterRow& kAudioPan;
+
+// ---- Effects of documents
+
+// The `effectid` of an audio effect; of one that states none that which belongs to its name, if
+// that is known.
+std::string_view AudioEffectId(ConstHandle effect);
 // The first active effect of an owner that has the id; null without one.
-ObjectHandle FindAudioEffect(ObjectHandle owner, std::string_view effectId);
+ConstHandle FindAudioEffect(ConstHandle owner, std::string_view effectId);
 
-// What an item's sound is, beside what the context tells of the item.
+// ---- To a project
+
+// What the audio of an item is, beside what the context states of the item.
 struct ItemSound {
     int channelType = 0;          // 0 mono, 1 stereo, 2 5.1, 3 adaptive
     std::int64_t delayFrames = 0; // `mediadelay` of the item, with which its levels move
@@ -30,17 +79,27 @@ struct ItemSound {
 ObjectHandle MakeNeutralVolume(const EffectContext& context, const ItemSound& sound);
 
 // The AudioFilterComponent of one `effect`. Null for what is not translated or lacks a parameter,
-// which is reported, and for what is no part of a chain, such as the pan.
+// which is reported, and for what is not a part of a chain, such as the pan.
 ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemSound& sound,
-                                  ObjectHandle effect);
+                                  ConstHandle effect);
 
-// Scales of cutoff and centre frequencies and of resonance, as the sliders of the host have them.
-// `frequency` is in hertz, `sampleRate` in samples a second.
-//   FrequencyScale(0, 48000) == 0, QScale(20) == 1
-double FrequencyScale(double frequency, double sampleRate);
-double QScale(double q);
-// The way back. Scales are 0 to 1, but any number is taken.
-double FrequencyOfScale(double scaled, double sampleRate);
-double QOfScale(double scaled);
+// ---- To `xmeml`. Keyframes count in `frameTicks` of the context.
+
+// Puts a `filter` on `element` for every component of a clip's chain; what documents have no term
+// for is reported.
+void AudioChainToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle element);
+
+// Reports the components that documents have no term for, for a chain that can't be written.
+void ReportAudioChain(const EffectContext& context, ConstHandle chain, ExportIssue kind);
+
+// The `Gain` of a clip that states one: a `filter` even where the gain changes nothing; its effect
+// is then without a name. Bars and tone have a gain of their own, which projects do not state.
+void GainToXmeml(const EffectContext& context, ConstHandle clip, bool isBarsAndTone,
+                 ObjectHandle element);
+
+// Attaches the `parameter` of a row, with value and keyframes of a project's parameter; nothing for
+// one without a value, unless the row has one.
+void AddAudioParameter(const EffectContext& context, const AudioParamRow& row, ConstHandle param,
+                       ObjectHandle effect);
 
 } // namespace XPJ

@@ -3,8 +3,8 @@
 #include "core/numbers.h"
 #include "effects/effect_walk.h"
 #include "effects/keyframes.h"
-#include "effects/parameters.h"
 #include "effects/values.h"
+#include "project/accessors.h"
 
 #include <algorithm>
 #include <string>
@@ -13,26 +13,36 @@ namespace XPJ {
 
 namespace {
 
-constexpr std::string_view kCentre = "0.5";
+constexpr std::string_view kCenter = "0.5";
 constexpr std::string_view kLeft = "0";
 
-// A pan that an item carries as the project has it: all of these, or none counts.
-constexpr Name kCarriedFields[] = {
-    "PannerCurrentValue",
-    "PannerStartKeyframe",
-    "PannerKeyframes",
-    "PannerIsInverted",
+// The pan that an item carries as the project has it: all of these, or none counts.
+constexpr struct {
+    Name field;
+    Name carried;
+    bool isRequired;
+} kCarriedFields[] = {
+    {"CurrentValue", "PannerCurrentValue", true},
+    {"Keyframes", "PannerKeyframes", true},
+    {"StartKeyframe", "PannerStartKeyframe", true},
+    {"IsInverted", "PannerIsInverted", true},
+    {"Name", "PannerName", false},
 };
+
+const AudioParamRow& PanRow()
+{
+    return kAudioPan.params.front();
+}
 
 ObjectHandle MakePanParam(Document& document, std::string_view value)
 {
-    return MakeParam(document, ParamKind::Audio, {.name = "Pan", .value = value});
+    return MakeParam(document, ParamKind::Audio, {.name = PanRow().param.name, .value = value});
 }
 
-ObjectHandle CarriedPan(Document& document, ObjectHandle item)
+ObjectHandle CarriedPan(Document& document, ConstHandle item)
 {
-    for (const Name& field : kCarriedFields)
-        if (!item.HasProperty(field))
+    for (const auto& row : kCarriedFields)
+        if (row.isRequired && !item.HasProperty(row.carried))
             return {};
     const ObjectHandle param = MakePanParam(document, item.GetProperty("PannerCurrentValue"));
     if (HasValue(item, "PannerStartKeyframe"))
@@ -42,21 +52,23 @@ ObjectHandle CarriedPan(Document& document, ObjectHandle item)
     return param;
 }
 
-// This system's own documents call the pan a level.
-ObjectHandle PanSource(ObjectHandle effect)
+// What this system's own documents call the pan.
+constexpr std::string_view kOwnPanId = "level";
+
+ConstHandle PanSource(ConstHandle effect)
 {
-    const ObjectHandle pan = FindParameter(effect, "pan");
-    return pan ? pan : FindParameter(effect, "level");
+    const ConstHandle pan = FindParameter(effect, PanRow().param.xmeml.id);
+    return pan ? pan : FindParameter(effect, kOwnPanId);
 }
 
-double Bound(ObjectHandle source, Name key, double missing)
+double Bound(ConstHandle source, Name key, double missing)
 {
     const double bound = DoubleProperty(source, key);
     return bound != 0 ? bound : missing;
 }
 
-// Keyframes of other systems run the other way round than their still values.
-Clamp ClampOf(ObjectHandle source, const ItemSound& sound)
+// Keyframes of other systems run the other way round than their start values.
+Clamp ClampOf(ConstHandle source, const ItemSound& sound)
 {
     const double min = Bound(source, "valuemin", -1.0);
     const double max = Bound(source, "valuemax", 1.0);
@@ -67,33 +79,53 @@ Clamp ClampOf(ObjectHandle source, const ItemSound& sound)
             .reals = RecordReals::Audio};
 }
 
-std::string StillPan(ObjectHandle source, const ItemSound& sound, Clamp clamp)
+std::string StartPan(ConstHandle source, const ItemSound& sound, Clamp clamp)
 {
     const std::string_view value = StaticValue(source, {});
     if (value.empty())
-        return std::string(sound.stereoSource ? kCentre : kLeft);
+        return std::string(sound.stereoSource ? kCenter : kLeft);
     clamp.invert = false;
     return NumberText(ClampedValue(ParseDouble(value), clamp));
 }
 
+// A panner has one parameter.
+ConstHandle FirstParam(ConstHandle processor)
+{
+    for (const ConstHandle param : ParamsOf(processor))
+        return param;
+    return {};
+}
+
 } // namespace
 
-ObjectHandle TranslatePan(const EffectContext& context, const ItemSound& sound, ObjectHandle item)
+ObjectHandle TranslatePan(const EffectContext& context, const ItemSound& sound, ConstHandle item)
 {
-    const ObjectHandle effect = FindAudioEffect(item, kAudioPan);
+    const ConstHandle effect = FindAudioEffect(item, kAudioPan.xmeml.id);
     if (!effect)
         return {};
     if (const ObjectHandle carried = CarriedPan(context.document, item))
         return carried;
-    const ObjectHandle source = PanSource(effect);
+    const ConstHandle source = PanSource(effect);
     if (!source) {
         context.AddIssue(ImportIssue::InvalidPanFilterParameters, EffectName(effect));
         return {};
     }
     const Clamp clamp = ClampOf(source, sound);
-    const ObjectHandle param = MakePanParam(context.document, StillPan(source, sound, clamp));
+    const ObjectHandle param = MakePanParam(context.document, StartPan(source, sound, clamp));
     SetKeyframes(param, ClampedKeyframes(source, context.frameTicks, clamp));
     return param;
+}
+
+void PanToXmeml(const EffectContext& context, ConstHandle processor, ObjectHandle item)
+{
+    const ConstHandle param = FirstParam(processor);
+    for (const auto& row : kCarriedFields)
+        CopyProperty(param, row.field, item, row.carried);
+    if (StartText(param).empty())
+        return;
+    AudioParamRow row = PanRow();
+    row.param.xmeml.id = kOwnPanId;
+    AddAudioParameter(context, row, param, AddFilter(context.document, kAudioPan.xmeml, item));
 }
 
 } // namespace XPJ

@@ -1,19 +1,22 @@
 #include "effects/audio_scales.h"
 
-#include "effects/audio_filters.h"
-
 #include <algorithm>
 #include <cmath>
 
-namespace XPJ::RVX {
+namespace XPJ {
 
 namespace {
 
 constexpr double kHighestLevel = 3.98109;
-constexpr double kFaderFactor = 0.5023749777071104; // the fader's top, 2, is the highest level
 constexpr double kSilence = -96.0;
 constexpr double kLoudest = 96.0;
 constexpr double kLowestGain = 1e-5; // below -96 dB
+
+// The scale of a frequency is that of half the sample rate.
+constexpr double kLowestFrequency = 0.00041666600736789405;
+constexpr double kFrequencyRange = 0.9900000095367432;
+constexpr double kLowestQ = 1.0;
+constexpr double kHighestQ = 20.0;
 
 double Decibels(double factor)
 {
@@ -23,9 +26,33 @@ double Decibels(double factor)
 
 } // namespace
 
+double AudioValueToXmeml(AudioScale scale, double value, double sampleRate)
+{
+    switch (scale) {
+    case AudioScale::None:
+        break;
+    case AudioScale::Volume:
+        return LevelOfVolume(value);
+    case AudioScale::VolumeInDecibels:
+        return DecibelsOfVolume(value);
+    case AudioScale::Pan:
+        return PanOfProject(value);
+    case AudioScale::Frequency:
+        return std::clamp(FrequencyOfScale(value, sampleRate), 0.0, 20000.0);
+    case AudioScale::Q:
+        return std::clamp(QOfScale(value), 0.7071, 20.0);
+    }
+    return value;
+}
+
 double LevelOfVolume(double volume)
 {
     return std::clamp(2 * volume, 0.0, kHighestLevel);
+}
+
+double DecibelsOfVolume(double volume)
+{
+    return volume <= 0 ? kSilence : Decibels(2 * volume);
 }
 
 double LevelOfFader(double volume)
@@ -38,24 +65,30 @@ double DecibelsOfGain(double gain)
     return gain < kLowestGain ? kSilence : Decibels(gain);
 }
 
-double DecibelsOfVolume(double volume)
-{
-    return volume <= 0 ? kSilence : Decibels(2 * volume);
-}
-
 double PanOfProject(double pan)
 {
     return std::clamp(2 * (pan - 0.5), -1.0, 1.0);
 }
 
-double CutoffOfScale(double scaled, double sampleRate)
+double FrequencyScale(double frequency, double sampleRate)
 {
-    return std::clamp(FrequencyOfScale(scaled, sampleRate), 0.0, 20000.0);
+    const double scaled = (2 * frequency / sampleRate - kLowestFrequency) / kFrequencyRange;
+    return std::sqrt(std::clamp(scaled, 0.0, 1.0));
 }
 
-double ResonanceOfScale(double scaled)
+double QScale(double q)
 {
-    return std::clamp(QOfScale(scaled), 0.7071, 20.0);
+    return std::sqrt((std::clamp(q, kLowestQ, kHighestQ) - kLowestQ) / (kHighestQ - kLowestQ));
 }
 
-} // namespace XPJ::RVX
+double FrequencyOfScale(double scaled, double sampleRate)
+{
+    return (scaled * scaled * kFrequencyRange + kLowestFrequency) * sampleRate / 2;
+}
+
+double QOfScale(double scaled)
+{
+    return scaled * scaled * (kHighestQ - kLowestQ) + kLowestQ;
+}
+
+} // namespace XPJ

@@ -1,19 +1,19 @@
-// The three-way corrector of documents, which becomes the host's Three-Way Color Corrector. Ten of
-// its 134 parameters have a source; they are approximate, as the two don't work alike.
+// The three-way corrector of documents and the host's Three-Way Color Corrector. Ten of the 134
+// parameters of the project have one in documents. Both directions approximate, as the two don't
+// work alike.
 #pragma once
 
-#include "effects/effect_context.h"
-#include "effects/effect_list.h"
-#include "tree/object.h"
-
-#include <vector>
+#include "effects/effect_row.h"
 
 namespace XPJ {
 
-// The component, with an issue that it is to be reviewed. Never null.
-ObjectHandle TranslateColorCorrector(const EffectContext& context, ObjectHandle effect);
+inline constexpr int kColorCorrectorParamCount = 134;
+extern const ParamRow kColorCorrectorParams[kColorCorrectorParamCount];
 
-// The parameters that take their value from an effect.
-std::vector<ListedParameter> ListColorCorrector();
+// Always true, with an issue that the effect is to be reviewed.
+bool ColorCorrectorToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
+                             Components& components);
+void ColorCorrectorToXmeml(const EffectContext& context, const EffectRow& row,
+                           ConstHandle component, ObjectHandle effect);
 
 } // namespace XPJ

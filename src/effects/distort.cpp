@@ -1,28 +1,31 @@
 #include "effects/distort.h"
 
 #include "core/numbers.h"
-#include "effects/parameters.h"
+#include "effects/motion.h"
+#include "effects/neutral_values.h"
+#include "effects/values.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace XPJ::RVX {
+namespace XPJ {
 
 namespace {
 
-constexpr EffectHead kDistort = {"Distort", "deformation", "motion", "motion"};
+constexpr const ParamRow& kAspect = kDistortParams[0];
 
 // How many times wider than high the Distort makes the item; 1 without one.
 double StretchOf(ObjectHandle item)
 {
-    const ObjectHandle aspect = FindParameter(FindEffect(item, kDistort.id), "aspect");
+    const ObjectHandle aspect =
+        FindParameter(FindEffect(item, kDistort.xmeml.id), kAspect.xmeml.id);
     return RatioOfAspect(ParseDouble(aspect.GetProperty("value")));
 }
 
 void RemoveDistort(ObjectHandle item)
 {
     for (const ObjectHandle filter : item.GetChildren("filter"))
-        if (filter.GetChild("effect").GetProperty("effectid") == kDistort.id) {
+        if (filter.GetChild("effect").GetProperty("effectid") == kDistort.xmeml.id) {
             item.RemoveChild(filter);
             return;
         }
@@ -35,12 +38,12 @@ void MultiplyValue(ObjectHandle node, double factor)
 
 void MultiplyScale(Document& document, ObjectHandle item, double factor)
 {
-    const ObjectHandle motion = FindEffect(item, kBasicMotion.id);
+    const ObjectHandle motion = FindEffect(item, kMotion.xmeml.id);
     if (!motion) {
-        AddScaleParameter(document, 100 * factor, AddFilter(document, kBasicMotion, item));
+        AddScaleParameter(document, 100 * factor, AddFilter(document, kMotion.xmeml, item));
         return;
     }
-    const ObjectHandle scale = FindParameter(motion, "scale");
+    const ObjectHandle scale = FindParameter(motion, kMotionParams[1].xmeml.id);
     MultiplyValue(scale, factor);
     for (const ObjectHandle keyframe : scale.GetChildren("keyframe"))
         MultiplyValue(keyframe, factor);
@@ -48,11 +51,9 @@ void MultiplyScale(Document& document, ObjectHandle item, double factor)
 
 } // namespace
 
-ObjectHandle AddScaleParameter(Document& document, double percent, ObjectHandle effect)
+bool IsAspectOnly(ConstHandle effect)
 {
-    return AddParameter(
-        document, effect,
-        {.id = "scale", .name = "Scale", .min = "0", .max = "1000", .value = NumberText(percent)});
+    return IsNeutral(kDistortParams, effect, kAspect.xmeml.id);
 }
 
 double AspectOfRatio(double ratio)
@@ -71,18 +72,14 @@ double RatioOfAspect(double aspect)
 
 void ApplyAspect(Document& document, ObjectHandle item, double aspect)
 {
-    if (const ObjectHandle distort = FindEffect(item, kDistort.id)) {
-        const ObjectHandle parameter = FindParameter(distort, "aspect");
+    if (const ObjectHandle distort = FindEffect(item, kDistort.xmeml.id)) {
+        const ObjectHandle parameter = FindParameter(distort, kAspect.xmeml.id);
         const double present = RatioOfAspect(ParseDouble(parameter.GetProperty("value")));
         parameter.SetProperty("value", NumberText(AspectOfRatio(present * RatioOfAspect(aspect))));
         return;
     }
-    AddParameter(document, AddFilter(document, kDistort, item),
-                 {.id = "aspect",
-                  .name = "Aspect",
-                  .min = "-10000",
-                  .max = "10000",
-                  .value = NumberText(aspect)});
+    AddParameter(document, kAspect.xmeml, NumberText(aspect),
+                 AddFilter(document, kDistort.xmeml, item));
 }
 
 void CompensatePixelAspect(Document& document, double clipAspect, double sequenceAspect,
@@ -102,4 +99,4 @@ void CompensatePixelAspect(Document& document, double clipAspect, double sequenc
         MultiplyScale(document, item, larger);
 }
 
-} // namespace XPJ::RVX
+} // namespace XPJ

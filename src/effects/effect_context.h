@@ -1,4 +1,5 @@
-// What a translator of an effect, a transition or a title needs of the conversion around it.
+// What a translator of an effect, a transition or a title needs of the conversion around it, in
+// both directions.
 #pragma once
 
 #include "core/ticks.h"
@@ -10,7 +11,7 @@
 
 namespace XPJ {
 
-// The place of an item, for findings. The names live as long as the documents do.
+// The location of an item, for issues. The names live as long as the documents do.
 struct ItemPlace {
     std::string_view sequence = {};
     std::string_view clip = {};
@@ -19,7 +20,7 @@ struct ItemPlace {
     std::string time = "00:00"; // timecode of the item's start; "00:00" for a master clip
 };
 
-// A finding at a place, of no kind yet.
+// An issue at a location, of no kind yet.
 TranslationIssue IssueAt(const ItemPlace& place);
 
 // Width and height in pixels, width of a pixel over its height.
@@ -39,8 +40,8 @@ struct EffectContext {
     Document& document; // the result's; new nodes are made in it
     IssueSet& issues;
     ItemPlace place = {};
-    Ticks frameTicks = kNtscFrameTicks;  // the frames in which the item's keyframes count
-    Ticks sampleTicks = kSampleTicks48k; // of the item's sound
+    Ticks frameTicks = kNtscFrameTicks;  // the unit in which the item's keyframes count
+    Ticks sampleTicks = kSampleTicks48k; // of the item's audio
     FrameSize sequenceFrame = {};
     FrameSize clipFrame = {};
     // Size of the file's frame over that which the camera recorded, where its raw footage is
@@ -48,6 +49,9 @@ struct EffectContext {
     double decodedWidthRatio = 1.0;
     double decodedHeightRatio = 1.0;
     LookFiles* lookFiles = nullptr; // null: looks that name a file count as missing
+    // Of an export.
+    bool isHandOff = false; // the document is an audio hand-off
+    bool exportTransformEffect = false;
 
     // The factors between coordinates of the clip and of the sequence; 1 for an unknown size.
     double HorizontalRatio() const;
@@ -55,7 +59,7 @@ struct EffectContext {
     // Pixel aspect of the clip over that of the sequence, exactly 1 when they are about equal.
     double AspectRatio() const;
 
-    // Enters a finding at the item's place.
+    // Enters an issue at the location of the item.
     //   context.AddIssue(ImportIssue::EffectNotTranslated, "Sepia")
     void AddIssue(ImportIssue kind, std::string_view subject = {}) const;
     void AddIssue(ExportIssue kind, std::string_view subject = {}) const;

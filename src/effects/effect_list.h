@@ -1,12 +1,13 @@
-// What becomes of every effect that the converter knows, made from the tables that translate them.
+// All effects that the converter knows, walked over the tables that translate them: what becomes of
+// each, its name for people, the values at which it changes nothing.
 #pragma once
+
+#include "effects/effect_row.h"
 
 #include <string_view>
 #include <vector>
 
 namespace XPJ {
-
-enum class Outcome { CarriedOver, Approximated, Dropped };
 
 // "carried over", "approximated", "dropped"
 std::string_view OutcomeText(Outcome outcome);
@@ -16,25 +17,34 @@ struct ListedParameter {
     bool takesKeyframes = false;
 };
 
+// A parameter under its name or id in one of the two families, with the values at which it changes
+// nothing, separated by blanks.
+struct NeutralValue {
+    std::string_view parameter;
+    std::string_view values;
+};
+
 // The views last to the process's end.
 struct EffectListing {
     std::string_view family; // "Video filter"
     std::string_view name;
-    std::string_view effectId; // empty where effects are told by their name alone
+    std::string_view effectId; // empty where effects are known by their name alone
     Outcome outcome = Outcome::CarriedOver;
     std::vector<ListedParameter> parameters = {};
     std::string_view note = {}; // what is lost, or on what the outcome depends
+
+    // For listings of documents.
+    std::string_view matchName = {}; // or how it begins: audio effects have one a channel type
+    std::string_view userName = {};  // the same in both families; empty: each document's own
+    std::vector<NeutralValue> neutralValues = {}; // of effects that editors write for every clip
+    bool isTransition = false;
+    bool isListed = true; // not another form of the effect before it
 };
 
-// All families, in the order of the calls below.
+// All that the tables hold, in the order of the list of effects.
+const std::vector<EffectListing>& KnownEffects();
+
+// Those that are listed.
 std::vector<EffectListing> ListEffects();
-
-// ---- The families, each defined beside its tables
-
-void AppendIntrinsicEffects(std::vector<EffectListing>& list);
-void AppendVideoFilters(std::vector<EffectListing>& list);
-void AppendTitles(std::vector<EffectListing>& list);
-void AppendAudioEffects(std::vector<EffectListing>& list);
-void AppendTransitions(std::vector<EffectListing>& list);
 
 } // namespace XPJ

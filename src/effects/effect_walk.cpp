@@ -5,11 +5,11 @@
 
 namespace XPJ {
 
-ObjectHandle ActiveEffect(ObjectHandle filter)
+ConstHandle ActiveEffect(ConstHandle filter)
 {
-    const ObjectHandle effect = filter.GetChild("effect");
+    const ConstHandle effect = filter.GetChild("effect");
     const bool isOff = EqualsIgnoreCase(filter.GetProperty("enabled"), "false");
-    return isOff || EffectName(effect).empty() ? ObjectHandle() : effect;
+    return isOff || EffectName(effect).empty() ? ConstHandle() : effect;
 }
 
 } // namespace XPJ

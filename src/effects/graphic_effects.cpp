@@ -1,102 +1,84 @@
 #include "effects/graphic_effects.h"
 
-#include "core/base64.h"
-#include "effects/parameters.h"
-#include "effects/values.h"
-#include "effects/video_component.h"
+#include "effects/kept_params.h"
 
-#include <array>
-#include <span>
+#include <iterator>
+#include <vector>
 
 namespace XPJ {
 
 namespace {
 
-constexpr ComponentNames kText = {"KX.ORRN Text", "Text"};
-constexpr ComponentNames kShape = {"KX.ORRN Shape", "Shape"};
-
-// What the export of a document without text puts out.
-constexpr std::string_view kEmptyBlob = "/v4=";
 constexpr std::string_view kBlobControl = "9";
+constexpr int kTransformCount = static_cast<int>(std::size(kGraphicTransform));
 
-// In place of a class, by which a parameter is told to be a blob.
-constexpr std::string_view kBlob = "blob";
+struct GraphicParams {
+    int blobs;
+    int sliders;
 
-// Classes by `parameterid`; ids count from 1.
-constexpr std::string_view kTextClasses[] = {
-    "",
-    kBlob,        // source text
-    kSwitchClass, // opens the transform
-    kPointClass,  // position
-    kScalarClass, // scale
-    kScalarClass, // horizontal scale
-    kSwitchClass, // uniform scale
-    kScalarClass, // rotation
-    kScalarClass, // opacity
-    kPointClass,  // anchor
-    kSwitchClass, // closes the transform
-    kSliderClass, kSliderClass, kSliderClass, kSliderClass,
-};
-constexpr std::string_view kShapeClasses[] = {
-    "",
-    kBlob,        // path
-    kBlob,        // appearance
-    kSwitchClass, // opens the transform
-    kPointClass,  // position
-    kScalarClass, // scale
-    kScalarClass, // horizontal scale
-    kSwitchClass, // uniform scale
-    kScalarClass, // rotation
-    kScalarClass, // opacity
-    kPointClass,  // anchor
-    kSwitchClass, // closes the transform
+    int Count() const { return blobs + kTransformCount + sliders; }
 };
 
-ObjectHandle MakeParam(Document& document, ObjectHandle parameter, std::string_view classId)
+constexpr GraphicParams kTextParams = {kTextBlobs, 4};
+constexpr GraphicParams kShapeParams = {kShapeBlobs, 0};
+
+// The project's parameter for a carried one, whose id is from 1 to the count.
+ObjectHandle MakeGraphicParam(Document& document, const GraphicParams& params, int id,
+                              ConstHandle parameter)
 {
-    if (classId != kBlob)
-        return CopyProjectParam(document, parameter,
-                                classId == kPointClass ? Name("PointComponentParam")
-                                                       : Name("VideoComponentParam"),
-                                classId);
-    const std::string_view value = PlainValue(parameter);
-    if (value.empty() || value == kEmptyBlob)
-        return {};
-    const std::string_view control = parameter.GetProperty("ParameterControlType");
-    return MakeBlob(document, parameter.GetProperty("name"), parameter.GetProperty("parameterid"),
-                    control.empty() ? kBlobControl : control, DecodeBase64(value));
+    if (id <= params.blobs)
+        return MakeKeptBlob(document, parameter, parameter.GetProperty("name"), kBlobControl);
+    const int index = id - params.blobs - 1;
+    return MakeKeptParam(document, parameter,
+                         index < kTransformCount ? ClassOfControl(kGraphicTransform[index].control)
+                                                 : kSliderClass);
 }
 
-template <std::size_t count>
-ObjectHandle MakeGraphic(Document& document, const ComponentNames& names,
-                         const std::string_view (&classes)[count], ObjectHandle effect)
+bool GraphicToProject(const EffectContext& context, const EffectRow& row,
+                      const GraphicParams& params, ConstHandle effect, Components& components)
 {
-    std::array<ObjectHandle, count> params;
-    for (const ObjectHandle& parameter : effect.GetChildren("parameter")) {
+    std::vector<ObjectHandle> made(static_cast<std::size_t>(params.Count()) + 1); // by id
+    for (const ConstHandle parameter : effect.GetChildren("parameter")) {
         const int id = IntProperty(parameter, "parameterid");
-        if (id < 1 || id >= static_cast<int>(count))
+        if (id < 1 || id > params.Count())
             continue;
-        const auto index = static_cast<std::size_t>(id);
-        if (const ObjectHandle param = MakeParam(document, parameter, classes[index]))
-            params[index] = param;
+        if (const ObjectHandle param = MakeGraphicParam(context.document, params, id, parameter))
+            made[static_cast<std::size_t>(id)] = param;
     }
-    const ObjectHandle component = MakeFilterComponent(document, names, effect);
+    const ObjectHandle component = MakeFilterComponent(context.document, row.project, effect);
     component.SetProperty("InstanceName", effect.GetProperty("name"));
-    for (const ObjectHandle& param : params)
+    for (const ObjectHandle param : made)
         component.AddChild("Param", param);
-    return component;
+    components.push_back(component);
+    return true;
 }
 
 } // namespace
 
-ObjectHandle MakeTextComponent(Document& document, ObjectHandle effect)
+bool TextToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
+                   Components& components)
 {
-    return MakeGraphic(document, kText, kTextClasses, effect);
+    return GraphicToProject(context, row, kTextParams, effect, components);
 }
 
-ObjectHandle MakeShapeComponent(Document& document, ObjectHandle effect)
+bool ShapeToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
+                    Components& components)
 {
-    return MakeGraphic(document, kShape, kShapeClasses, effect);
+    return GraphicToProject(context, row, kShapeParams, effect, components);
+}
+
+void TextToXmeml(const EffectContext& context, const EffectRow& row, ConstHandle component,
+                 ObjectHandle effect)
+{
+    XmemlEffect head = row.xmeml;
+    head.name = UserName(component);
+    KeepParams(context, head, component, effect);
+}
+
+void ShapeToXmeml(const EffectContext& context, const EffectRow& row, ConstHandle component,
+                  ObjectHandle effect)
+{
+    KeepParams(context, row.xmeml, component, effect);
 }
 
 } // namespace XPJ

@@ -3,6 +3,7 @@
 #include "core/base64.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "effects/graphic_effects.h"
 #include "effects/keyframes.h"
 #include "effects/parameters.h"
 #include "text/shape_path.h"
@@ -13,27 +14,6 @@ namespace XPJ {
 
 namespace {
 
-// The parameters behind the blobs, in the order of their ids.
-constexpr struct TransformRow {
-    std::string_view name;
-    std::string_view control;
-    std::string_view lower;
-    std::string_view upper;
-    std::string_view value; // empty: the position
-} kTransform[] = {
-    {"Transform", "11", "false", "false", "false"}, // opens a group
-    {"Position", "6", "", "", ""},
-    {"Scale", "2", "0.", "4000", "100.0"},
-    {"Horizontal Scale", "2", "0.", "4000", "100.0"},
-    {" ", "4", "false", "true", "true"}, // uniform scale
-    {"Rotation", "2", "-32768", "32768", "0."},
-    {"Opacity", "2", "0.", "100.", "100.0"},
-    {"Anchor Point", "6", "", "", "0.5:0.5"},
-    {"", "12", "false", "false", "false"}, // closes the group
-};
-
-constexpr std::string_view kPointControl = "6";
-
 void AddBlob(Document& document, ObjectHandle effect, std::string_view id, std::string_view name,
              std::string_view bytes)
 {
@@ -43,21 +23,22 @@ void AddBlob(Document& document, ObjectHandle effect, std::string_view id, std::
     parameter.SetPropertyShared("ParameterControlType", "9");
 }
 
-// The position of a generator counts from the centre of the frame.
-void AddTransform(Document& document, ObjectHandle effect, int firstId, const Point& position)
+// The parameters behind the blobs. The position of a generator counts from the center of the frame.
+void AddTransform(Document& document, ObjectHandle effect, int blobs, const Point& position)
 {
-    const std::string place = PointText({position.horiz + 0.5, position.vert + 0.5});
-    int id = firstId;
-    for (const TransformRow& row : kTransform) {
-        const std::string_view value = row.value.empty() ? place : row.value;
+    const std::string center =
+        PointText({position.horiz + kFrameCenter.horiz, position.vert + kFrameCenter.vert});
+    int id = blobs + 1;
+    for (const GraphicTransformRow& row : kGraphicTransform) {
+        const std::string_view value = row.value.empty() ? center : row.value;
         const ObjectHandle parameter =
             AddParameter(document, effect,
                          {.id = IntToString(id++),
                           .name = row.name,
-                          .value = row.control == kPointControl ? PointStartKeyframeText(value)
-                                                                : StartKeyframeText(value)});
+                          .value = row.control == kPoint ? PointStartKeyframeText(value)
+                                                         : StartKeyframeText(value)});
         parameter.SetPropertyShared("IsTimeVarying", "false");
-        parameter.SetPropertyShared("ParameterControlType", row.control);
+        parameter.SetProperty("ParameterControlType", IntToString(row.control));
         if (row.lower.empty())
             continue;
         parameter.SetPropertyShared("LowerBound", row.lower);
@@ -65,17 +46,17 @@ void AddTransform(Document& document, ObjectHandle effect, int firstId, const Po
     }
 }
 
-ObjectHandle MakeEffect(Document& document, std::string_view name, std::string_view id)
+ObjectHandle MakeEffect(Document& document, std::string_view name, const XmemlEffect& head)
 {
     const ObjectHandle effect = document.NewObject("effect");
     effect.SetProperty("name", name);
-    effect.SetPropertyShared("effectid", id);
-    effect.SetPropertyShared("effectcategory", "graphic");
-    effect.SetPropertyShared("effecttype", "filter");
+    effect.SetPropertyShared("effectid", head.id);
+    effect.SetPropertyShared("effectcategory", head.category);
+    effect.SetPropertyShared("effecttype", head.type);
     return effect;
 }
 
-std::uint32_t PackedColor(const Colour& color)
+std::uint32_t BlueGreenRed(const Color& color)
 {
     return static_cast<std::uint32_t>(color.blue << 16 | color.green << 8 | color.red);
 }
@@ -97,7 +78,7 @@ void SetFont(const Title& title, const TitleFont& font, int run, GVE::Document& 
 {
     document.SetFontName(PostScriptName(font.family, font.style), run);
     document.SetFontSize(static_cast<double>(title.TextHeight(font)), run);
-    document.SetFillColor(PackedColor(font.color), run);
+    document.SetFillColor(BlueGreenRed(font.color), run);
     document.SetFillVisible(font.color.alpha > 0, run);
 }
 
@@ -120,7 +101,7 @@ std::string TextBlob(const Title& title)
     GVE::Document document;
     SetFont(title, first.font, GVE::Document::kDefaultRun, document);
     document.SetAlignment(AlignmentOf(first.font.alignment));
-    document.SetStrokeColor(PackedColor(title.lineColor));
+    document.SetStrokeColor(BlueGreenRed(title.lineColor));
     document.SetStrokeVisible(title.isOutlined && title.lineWidth > 0);
     document.SetStrokeWidth(title.lineWidth * title.Scale());
     for (const TitleText& text : title.texts) {
@@ -144,31 +125,32 @@ std::string PathBlob(const Shape& shape)
 std::string AppearanceBlob(const Shape& shape)
 {
     GVE::ShapeStyle style;
-    style.fillColor = {PackedColor(shape.color)};
+    style.fillColor = {BlueGreenRed(shape.color)};
     style.fillVisible = shape.color.alpha > 0;
-    style.strokeColor = {PackedColor(shape.lineColor)};
+    style.strokeColor = {BlueGreenRed(shape.lineColor)};
     style.strokeVisible = shape.lineWidth > 0;
     style.strokeWidth = shape.lineWidth * shape.frame.height / 480;
     return style.serialize();
 }
 
-ObjectHandle MakeGraphicEffect(Document& document, ObjectHandle generator, const FrameSize& frame)
+ObjectHandle MakeGraphicEffect(Document& document, ConstHandle generator, const FrameSize& frame)
 {
     if (IsShape(generator)) {
         const Shape shape = ReadShape(generator, frame);
-        const ObjectHandle effect = MakeEffect(document, "Shape", "GraphicAndShape");
+        const ObjectHandle effect =
+            MakeEffect(document, kGraphicShape.xmeml.name, kGraphicShape.xmeml);
         AddBlob(document, effect, "1", "Path", PathBlob(shape));
         AddBlob(document, effect, "2", "Appearance", AppearanceBlob(shape));
-        AddTransform(document, effect, 3, shape.center);
+        AddTransform(document, effect, kShapeBlobs, shape.center);
         return effect;
     }
     const Title title = ReadTitle(generator, frame);
     // A generator without a name goes by that of its effect.
     const std::string_view name =
         title.name.empty() ? EffectName(generator.GetChild("effect")) : title.name;
-    const ObjectHandle effect = MakeEffect(document, name, "GraphicAndType");
+    const ObjectHandle effect = MakeEffect(document, name, kGraphicText.xmeml);
     AddBlob(document, effect, "1", "SourceText", TextBlob(title));
-    AddTransform(document, effect, 2, title.position);
+    AddTransform(document, effect, kTextBlobs, title.position);
     return effect;
 }
 

@@ -1,8 +1,8 @@
 // Titles and shapes of generators as effects of a graphic.
 //
-// A generator becomes the `effect` that an export would have written for a graphic: the words or
-// the outline as a blob, and a group of parameters that place them. The ordinary dispatch makes a
-// component of it then.
+// A generator becomes the `effect` that an export would have written for a graphic: the text or the
+// outline as a blob, and a group of parameters for position and size. The chain then translates it
+// like any other effect.
 #pragma once
 
 #include "effects/effect_context.h"
@@ -21,6 +21,6 @@ std::string AppearanceBlob(const Shape& shape);
 
 // A new `effect` "GraphicAndType" or "GraphicAndShape" for a generator that IsTextTitle or IsShape.
 // `frame` is that of the sequence or clip around it.
-ObjectHandle MakeGraphicEffect(Document& document, ObjectHandle generator, const FrameSize& frame);
+ObjectHandle MakeGraphicEffect(Document& document, ConstHandle generator, const FrameSize& frame);
 
 } // namespace XPJ

@@ -1,7 +1,6 @@
 #include "effects/keyframes.h"
 
 #include "core/numbers.h"
-#include "effects/parameters.h"
 
 #include <algorithm>
 #include <cmath>
@@ -48,12 +47,12 @@ void AppendPointRecord(std::string& list, Ticks time, const Point& point)
     list += ';';
 }
 
-std::int64_t When(ObjectHandle keyframe)
+std::int64_t When(ConstHandle keyframe)
 {
     return Int64Property(keyframe, "when");
 }
 
-// From the centre of the frame to its top left corner as the origin.
+// From the center of the frame to its top left corner as the origin.
 Point ProjectPoint(const Point& point, double horizontalFactor, double verticalFactor)
 {
     return {point.horiz * horizontalFactor + 0.5, point.vert * verticalFactor + 0.5};
@@ -61,24 +60,24 @@ Point ProjectPoint(const Point& point, double horizontalFactor, double verticalF
 
 // Calls `use(keyframe, its value)` for each `keyframe` that has a value.
 template <typename Use>
-void ForEachKeyframe(ObjectHandle parameter, const Use& use)
+void ForEachKeyframe(ConstHandle parameter, const Use& use)
 {
-    for (const ObjectHandle& keyframe : parameter.GetChildren("keyframe"))
+    for (const ConstHandle keyframe : parameter.GetChildren("keyframe"))
         if (const std::string_view value = PlainValue(keyframe); !value.empty())
             use(keyframe, value);
 }
 
 // The children that take part in a walk in step. The name of an interpolation is a remark.
-std::vector<ObjectHandle> StepChildren(ObjectHandle parameter)
+std::vector<ConstHandle> StepChildren(ConstHandle parameter)
 {
-    std::vector<ObjectHandle> children;
-    for (const ObjectHandle& child : parameter.GetChildren())
+    std::vector<ConstHandle> children;
+    for (const ConstHandle child : parameter.GetChildren())
         if (!(child.GetName() == "interpolation"))
             children.push_back(child);
     return children;
 }
 
-bool IsPointKeyframe(ObjectHandle child)
+bool IsPointKeyframe(ConstHandle child)
 {
     return child.GetName() == "keyframe" && child.HasChild("value");
 }
@@ -120,21 +119,21 @@ std::string KeyframeRecordText(Ticks time, std::string_view value, RecordReals r
     return record;
 }
 
-std::string ScalarKeyframes(ObjectHandle parameter, Ticks frameTicks, double factor)
+std::string ScalarKeyframes(ConstHandle parameter, Ticks frameTicks, double factor)
 {
     std::string list;
-    ForEachKeyframe(parameter, [&](ObjectHandle keyframe, std::string_view value) {
+    ForEachKeyframe(parameter, [&](ConstHandle keyframe, std::string_view value) {
         AppendRecord(list, MultiplyTicks(When(keyframe), frameTicks), ScaledText(value, factor),
                      kOrdinaryCodes, RecordReals::Ordinary);
     });
     return list;
 }
 
-std::string MappedKeyframes(ObjectHandle parameter, Ticks frameTicks,
+std::string MappedKeyframes(ConstHandle parameter, Ticks frameTicks,
                             const std::function<double(double)>& map)
 {
     std::string list;
-    ForEachKeyframe(parameter, [&](ObjectHandle keyframe, std::string_view value) {
+    ForEachKeyframe(parameter, [&](ConstHandle keyframe, std::string_view value) {
         AppendRecord(list, MultiplyTicks(When(keyframe), frameTicks),
                      NumberText(map(ParseDouble(value))), kOrdinaryCodes, RecordReals::Ordinary);
     });
@@ -151,12 +150,12 @@ double ClampedValue(double value, const Clamp& clamp, bool* clamped)
     return clamp.invert ? 1.0 - limited : limited;
 }
 
-std::string ClampedKeyframes(ObjectHandle parameter, Ticks frameTicks, const Clamp& clamp,
+std::string ClampedKeyframes(ConstHandle parameter, Ticks frameTicks, const Clamp& clamp,
                              bool* clamped)
 {
     std::string list;
     bool held = false;
-    ForEachKeyframe(parameter, [&](ObjectHandle keyframe, std::string_view text) {
+    ForEachKeyframe(parameter, [&](ConstHandle keyframe, std::string_view text) {
         const std::string value = NumberText(ClampedValue(ParseDouble(text), clamp, clamped));
         const std::int64_t frame = AddTicks(When(keyframe), clamp.offsetFrames);
         if (frame > clamp.cutFrame && !held) {
@@ -169,18 +168,18 @@ std::string ClampedKeyframes(ObjectHandle parameter, Ticks frameTicks, const Cla
     return list;
 }
 
-std::string PointKeyframes(ObjectHandle parameter, Ticks frameTicks, double horizontalFactor,
+std::string PointKeyframes(ConstHandle parameter, Ticks frameTicks, double horizontalFactor,
                            double verticalFactor)
 {
     std::string list;
-    for (const ObjectHandle& keyframe : parameter.GetChildren("keyframe"))
+    for (const ConstHandle keyframe : parameter.GetChildren("keyframe"))
         if (IsPointKeyframe(keyframe))
             AppendPointRecord(list, MultiplyTicks(When(keyframe), frameTicks),
                               ProjectPoint(PointValue(keyframe), horizontalFactor, verticalFactor));
     return list;
 }
 
-AnchorAndPosition PairedPointKeyframes(ObjectHandle centerOffset, ObjectHandle center,
+AnchorAndPosition PairedPointKeyframes(ConstHandle centerOffset, ConstHandle center,
                                        Ticks frameTicks, double horizontalFactor,
                                        double verticalFactor)
 {
@@ -189,8 +188,8 @@ AnchorAndPosition PairedPointKeyframes(ObjectHandle centerOffset, ObjectHandle c
         lists.anchor = PointKeyframes(centerOffset, frameTicks);
         return lists;
     }
-    const std::vector<ObjectHandle> offsets = StepChildren(centerOffset);
-    const std::vector<ObjectHandle> centers = StepChildren(center);
+    const std::vector<ConstHandle> offsets = StepChildren(centerOffset);
+    const std::vector<ConstHandle> centers = StepChildren(center);
     for (std::size_t i = 0; i < std::min(offsets.size(), centers.size()); ++i) {
         if (!IsPointKeyframe(offsets[i]) || !IsPointKeyframe(centers[i]))
             continue;
@@ -202,7 +201,7 @@ AnchorAndPosition PairedPointKeyframes(ObjectHandle centerOffset, ObjectHandle c
                           ProjectPoint({middle.horiz + offset.horiz, middle.vert + offset.vert},
                                        horizontalFactor, verticalFactor));
     }
-    // A still anchor: the centre moves alone.
+    // A still anchor: the center moves alone.
     if (offsets.size() == 1 && lists.anchor.empty())
         lists.position = PointKeyframes(center, frameTicks, horizontalFactor, verticalFactor);
     return lists;
@@ -214,10 +213,10 @@ std::string MediaSecondsText(std::string_view frames, Ticks frameTicks)
                       static_cast<double>(kTicksPerSecond));
 }
 
-std::string SpeedKeyframes(ObjectHandle graphdict, Ticks frameTicks)
+std::string SpeedKeyframes(ConstHandle graphdict, Ticks frameTicks)
 {
     std::string list;
-    ForEachKeyframe(graphdict, [&](ObjectHandle keyframe, std::string_view value) {
+    ForEachKeyframe(graphdict, [&](ConstHandle keyframe, std::string_view value) {
         const SpeedKind kind = IsTrue(keyframe, "velaRampStart") ? SpeedKind::RampStart
                                : IsTrue(keyframe, "velaRampEnd") ? SpeedKind::RampEnd
                                                                  : SpeedKind::Ordinary;

@@ -49,10 +49,10 @@ enum class RecordReals {
 std::string KeyframeRecordText(Ticks time, std::string_view value,
                                RecordReals reals = RecordReals::Ordinary);
 
-std::string ScalarKeyframes(ObjectHandle parameter, Ticks frameTicks, double factor = 1.0);
+std::string ScalarKeyframes(ConstHandle parameter, Ticks frameTicks, double factor = 1.0);
 
 // For values that a number mapping turns into the project's, such as a frequency.
-std::string MappedKeyframes(ObjectHandle parameter, Ticks frameTicks,
+std::string MappedKeyframes(ConstHandle parameter, Ticks frameTicks,
                             const std::function<double(double)>& map);
 
 // (value + valueOffset) * valueFactor within lower..upper, after that turned round if `invert`.
@@ -69,11 +69,11 @@ struct Clamp {
 
 // `clamped`, where given, becomes true when a value lay above the upper bound.
 double ClampedValue(double value, const Clamp& clamp, bool* clamped = nullptr);
-std::string ClampedKeyframes(ObjectHandle parameter, Ticks frameTicks, const Clamp& clamp,
+std::string ClampedKeyframes(ConstHandle parameter, Ticks frameTicks, const Clamp& clamp,
                              bool* clamped = nullptr);
 
 // The factors are those of EffectContext::HorizontalRatio and VerticalRatio.
-std::string PointKeyframes(ObjectHandle parameter, Ticks frameTicks, double horizontalFactor = 1.0,
+std::string PointKeyframes(ConstHandle parameter, Ticks frameTicks, double horizontalFactor = 1.0,
                            double verticalFactor = 1.0);
 
 struct AnchorAndPosition {
@@ -83,12 +83,12 @@ struct AnchorAndPosition {
 
 // A centre that moves with its anchor point: keyframes of `centerOffset` and `center` are taken
 // pair by pair. `center` may be null.
-AnchorAndPosition PairedPointKeyframes(ObjectHandle centerOffset, ObjectHandle center,
+AnchorAndPosition PairedPointKeyframes(ConstHandle centerOffset, ConstHandle center,
                                        Ticks frameTicks, double horizontalFactor,
                                        double verticalFactor);
 
 // Speed records of a `graphdict`, and its time values as seconds of media.
-std::string SpeedKeyframes(ObjectHandle graphdict, Ticks frameTicks);
+std::string SpeedKeyframes(ConstHandle graphdict, Ticks frameTicks);
 std::string MediaSecondsText(std::string_view frames, Ticks frameTicks);
 
 // ---- From a project

@@ -1,11 +1,16 @@
-// Luma Key and Gaussian Blur.
+// Rules of Gaussian Blur and Luma Key beside their rows.
 #pragma once
 
-#include "effects/xmeml_filter.h"
+#include "effects/effect_row.h"
 
-namespace XPJ::RVX {
+namespace XPJ {
 
-void ExportLumaKey(const EffectSource& source, ObjectHandle effect);
-void ExportGaussianBlur(const EffectSource& source, ObjectHandle effect);
+// A project blurs all channels alike; a blur of single channels is not translated.
+bool GaussianBlurToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
+                           Components& components);
 
-} // namespace XPJ::RVX
+// The threshold of a luma key, 0 to 100 in a project, on the bent scale of -100 to 100 of a
+// document.
+double LumaThreshold(double percent);
+
+} // namespace XPJ

@@ -43,7 +43,7 @@ struct Shader {
     int colorOption = 4;
     int glintSize = 10;
     int glint = 250;      // each channel
-    Colour color = {};    // alpha is not used
+    Color color = {};    // alpha is not used
     int transparency = 0; // of the color
 };
 

@@ -91,7 +91,7 @@ public:
 private:
     void TakeChannel(int value)
     {
-        Colour& color = colors_[shader_];
+        Color& color = colors_[shader_];
         color.alpha = 255;
         if (tag_ == "red")
             color.red = value;
@@ -127,7 +127,7 @@ private:
     std::vector<Line> lines_;
     std::unordered_map<int, Description> descriptions_;
     std::unordered_map<int, int> shaderOfStyle_;
-    std::unordered_map<int, Colour> colors_;
+    std::unordered_map<int, Color> colors_;
 };
 
 } // namespace

@@ -15,7 +15,7 @@ struct LegacyTitleText {
     std::string family; // of the font
     std::string style;  // "Bold"
     int height = 0;     // of the letters, in lines of the frame
-    Colour color;       // opaque
+    Color color;       // opaque
 };
 
 // The texts of a document in their order; neighboring lines of one look are one text. Empty for

@@ -3,13 +3,15 @@
 // What this system exported comes back with the value itself and without a file.
 #pragma once
 
-#include "effects/effect_context.h"
-#include "tree/object.h"
+#include "effects/effect_row.h"
 
 namespace XPJ {
 
-// The component of a look effect; null, with an issue, when its file can't be opened. A file that
-// is no look leaves its parameter without a value.
-ObjectHandle MakeLookComponent(const EffectContext& context, ObjectHandle effect);
+// False, with an issue, when the file of the look can't be opened. A file that is no look leaves
+// its parameter without a value.
+bool LookToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
+                   Components& components);
+void LookToXmeml(const EffectContext& context, const EffectRow& row, ConstHandle component,
+                 ObjectHandle effect);
 
 } // namespace XPJ

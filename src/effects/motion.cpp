@@ -3,44 +3,37 @@
 #include "core/numbers.h"
 #include "effects/keyframes.h"
 #include "effects/values.h"
-#include "effects/video_component.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace XPJ {
 
 namespace {
 
-constexpr ComponentNames kNames = {"KX.ORRN Motion", "Motion"};
-
-// A Basic 3D names three of them in its own way.
+// A Basic 3D names three of the parameters in its own way.
 struct MotionRow {
-    ParamRow param; // its value stands where the parameter is there without one
+    const ParamRow& param; // its value is used where the parameter is there without one
     std::string_view basic3DSource;
     std::string_view missing; // where the parameter itself is not there
 };
 
-// In the order of the project.
-// clang-format off
-constexpr MotionRow kPosition =
-    {{1, ParamKind::Point, "Position", "center", ""}, "center", "0.5:0.5"};
-constexpr MotionRow kScale =
-    {{2, ParamKind::Scalar, "Scale", "scale", "1.0", "0.", "600."}, "s", "100"};
-constexpr MotionRow kScaleWidth =
-    {{3, ParamKind::Scalar, "Scale Width", "scale", "1.0", "0.", "600."}, "s", "100"};
-constexpr ParamRow kUniformScale = {4, ParamKind::CheckBox, " ", "", ""};
-constexpr MotionRow kRotation =
-    {{5, ParamKind::Scalar, "Rotation", "rotation", "0", "-32768.", "32767."}, "rz", "0."};
-constexpr MotionRow kAnchorPoint =
-    {{6, ParamKind::Point, "Anchor Point", "centerOffset", ""}, "centerOffset", "0.5:0.5"};
-constexpr MotionRow kAntiFlicker =
-    {{7, ParamKind::Slider, "Anti-flicker Filter", "antiflicker", "0.", "0.", "1."}, "antiflicker", "0."};
-// clang-format on
+constexpr MotionRow kPosition = {kMotionParams[0], "center", "0.5:0.5"};
+constexpr MotionRow kScale = {kMotionParams[1], "s", "100"};
+constexpr MotionRow kScaleWidth = {kMotionParams[2], "s", "100"};
+constexpr const ParamRow& kUniformScale = kMotionParams[3];
+constexpr MotionRow kRotation = {kMotionParams[4], "rz", "0."};
+constexpr MotionRow kAnchorPoint = {kMotionParams[5], "centerOffset", "0.5:0.5"};
+constexpr MotionRow kAntiFlicker = {kMotionParams[6], "antiflicker", "0."};
 
-ObjectHandle SourceOf(const MotionRow& row, ObjectHandle effect)
+// ---- To a project
+
+ConstHandle SourceOf(const MotionRow& row, ConstHandle effect)
 {
-    const ObjectHandle parameter = FindParameter(effect, row.param.source);
+    const ConstHandle parameter = FindParameter(effect, row.param.xmeml.id);
     return parameter ? parameter : FindParameter(effect, row.basic3DSource);
 }
 
@@ -55,10 +48,10 @@ ObjectHandle MakeMotionParam(Document& document, const ParamRow& row, std::strin
 }
 
 // A number; `factor` is that of a scale.
-ObjectHandle MakeNumber(const EffectContext& context, const MotionRow& row, ObjectHandle effect,
+ObjectHandle MakeNumber(const EffectContext& context, const MotionRow& row, ConstHandle effect,
                         double factor = 1.0, bool takesKeyframes = true)
 {
-    const ObjectHandle parameter = SourceOf(row, effect);
+    const ConstHandle parameter = SourceOf(row, effect);
     const std::string_view value =
         parameter ? StaticValue(parameter, row.param.value) : row.missing;
     return MakeMotionParam(context.document, row.param, ScaledText(value, factor),
@@ -66,35 +59,37 @@ ObjectHandle MakeNumber(const EffectContext& context, const MotionRow& row, Obje
                                           : std::string());
 }
 
-// Position and anchor point. A document states the position of the frame's centre, a project that
-// of the anchor point.
-struct Place {
+// Position and anchor point. A document states the position of the center of the clip, a project
+// that of the anchor point.
+struct Position {
     std::string position{kPosition.missing};
     std::string anchor{kAnchorPoint.missing};
     AnchorAndPosition keyframes;
 };
 
-Place PlaceOf(const EffectContext& context, ObjectHandle effect)
+Position PositionOf(const EffectContext& context, ConstHandle effect)
 {
     const double horizontal = context.HorizontalRatio();
     const double vertical = context.VerticalRatio();
-    const ObjectHandle center = SourceOf(kPosition, effect);
-    const ObjectHandle centerOffset = SourceOf(kAnchorPoint, effect);
+    const ConstHandle center = SourceOf(kPosition, effect);
+    const ConstHandle centerOffset = SourceOf(kAnchorPoint, effect);
     const Point offset = StaticPoint(centerOffset);
-    Place place;
+    Position result;
     if (center) {
         const Point point = StaticPoint(center);
-        place.position = PointText({(point.horiz + offset.horiz) * horizontal + 0.5,
-                                    (point.vert + offset.vert) * vertical + 0.5});
+        result.position = PointText({(point.horiz + offset.horiz) * horizontal + kFrameCenter.horiz,
+                                     (point.vert + offset.vert) * vertical + kFrameCenter.vert});
     }
     if (centerOffset) {
-        place.anchor = PointText({offset.horiz + 0.5, offset.vert + 0.5});
-        place.keyframes =
+        result.anchor =
+            PointText({offset.horiz + kFrameCenter.horiz, offset.vert + kFrameCenter.vert});
+        result.keyframes =
             PairedPointKeyframes(centerOffset, center, context.frameTicks, horizontal, vertical);
     } else {
-        place.keyframes.position = PointKeyframes(center, context.frameTicks, horizontal, vertical);
+        result.keyframes.position =
+            PointKeyframes(center, context.frameTicks, horizontal, vertical);
     }
-    return place;
+    return result;
 }
 
 // A stated scale is uniform at factors that are about equal, the scale of an item without one only
@@ -112,9 +107,86 @@ void SnapToOne(double& factor)
         factor = 1.0;
 }
 
+// ---- To `xmeml`
+
+constexpr double kFullScale = 100;
+
+struct Scale {
+    double height = kFullScale;
+    double width = kFullScale;
+    std::string_view keyframes;
+
+    bool IsStretched() const { return height != width && height > 0 && width > 0; }
+};
+
+Scale ReadScale(ConstHandle component)
+{
+    const ConstHandle height = ParamOfRow(component, kScale.param);
+    const ConstHandle width = ParamOfRow(component, kScaleWidth.param);
+    Scale scale;
+    scale.height = StartNumber(height, kFullScale);
+    scale.width = StartSwitch(ParamOfRow(component, kUniformScale), true)
+                      ? scale.height
+                      : StartNumber(width, kFullScale);
+    // A document has one list: that of the larger scale, of the height where both are the same.
+    const bool takesWidth = scale.width > scale.height ||
+                            (scale.width == scale.height && !HasValue(height, "Keyframes"));
+    scale.keyframes = (takesWidth ? width : height).GetProperty("Keyframes");
+    return scale;
+}
+
+// The factors from fractions of the sequence's frame to those of the clip's.
+struct FrameFactors {
+    double horizontal = 1.0;
+    double vertical = 1.0;
+};
+
+double Factor(int sequence, int clip)
+{
+    return sequence > 0 && clip > 0 ? static_cast<double>(sequence) / clip : 1.0;
+}
+
+FrameFactors FrameFactorsOf(const EffectContext& context)
+{
+    return {Factor(context.sequenceFrame.width, context.clipFrame.width),
+            Factor(context.sequenceFrame.height, context.clipFrame.height)};
+}
+
+// What remains of equal numbers is no position.
+double Difference(double a, double b)
+{
+    constexpr double kNoise = 1e-9; // of a frame's width
+    return std::abs(a - b) < kNoise ? 0 : a - b;
+}
+
+// A project states the position of the anchor point, a document that of the center of the clip.
+void AddCenter(const EffectContext& context, ConstHandle component, const FrameFactors& factors,
+               ObjectHandle effect)
+{
+    const ConstHandle position = ParamOfRow(component, kPosition.param);
+    const ConstHandle anchor = ParamOfRow(component, kAnchorPoint.param);
+    const Point offset = FromCenter(StartPoint(anchor, kFrameCenter));
+    const auto center = [&factors](const Point& point, const Point& anchorOffset) {
+        const Point moved = FromCenter(point);
+        return Point{Difference(moved.horiz * factors.horizontal, anchorOffset.horiz),
+                     Difference(moved.vert * factors.vertical, anchorOffset.vert)};
+    };
+    const ObjectHandle parameter =
+        AddParameter(context.document, kPosition.param.xmeml, {}, effect);
+    AddPointValue(context.document, parameter, center(StartPoint(position, kFrameCenter), offset));
+
+    const std::vector<KeyframeRecord> moves = ParseKeyframes(position.GetProperty("Keyframes"));
+    const std::vector<KeyframeRecord> anchors = ParseKeyframes(anchor.GetProperty("Keyframes"));
+    const bool inStep = moves.size() == anchors.size();
+    for (std::size_t i = 0; i < moves.size(); ++i)
+        AddPointKeyframe(
+            context.document, parameter, DivTicks(moves[i].time, context.frameTicks),
+            center(moves[i].GetPoint(), inStep ? FromCenter(anchors[i].GetPoint()) : offset));
+}
+
 } // namespace
 
-ScaleFactors ScaleFactorsOf(const EffectContext& context, ObjectHandle distort)
+ScaleFactors ScaleFactorsOf(const EffectContext& context, ConstHandle distort)
 {
     ScaleFactors factors;
     const double percent = ParseDouble(StaticValue(FindParameter(distort, "aspect"), "0"));
@@ -138,35 +210,44 @@ ScaleFactors ScaleFactorsOf(const EffectContext& context, ObjectHandle distort)
     return factors;
 }
 
-ObjectHandle TranslateMotion(const EffectContext& context, ObjectHandle source,
-                             ObjectHandle distort)
+ObjectHandle TranslateMotion(const EffectContext& context, ConstHandle source, ConstHandle distort)
 {
     const ScaleFactors factors = ScaleFactorsOf(context, distort);
     if (!source && factors.x == 1.0 && factors.y == 1.0)
         return {};
     Document& document = context.document;
-    const ObjectHandle component = MakeIntrinsicComponent(document, kNames);
-    const Place place = PlaceOf(context, source);
+    const ObjectHandle component = MakeIntrinsicComponent(document, kMotion.project);
+    const Position position = PositionOf(context, source);
     const bool uniform = IsUniform(factors, static_cast<bool>(SourceOf(kScale, source)));
     const auto add = [component](ObjectHandle param) { component.AddChild("Param", param); };
-    add(MakeMotionParam(document, kPosition.param, place.position, place.keyframes.position));
+    add(MakeMotionParam(document, kPosition.param, position.position, position.keyframes.position));
     add(MakeNumber(context, kScale, source, factors.y));
     add(MakeNumber(context, kScaleWidth, source, factors.x, !uniform));
     add(MakeCheckBox(document, kUniformScale.name, kUniformScale.id, uniform));
     add(MakeNumber(context, kRotation, source));
-    add(MakeMotionParam(document, kAnchorPoint.param, place.anchor, place.keyframes.anchor));
+    add(MakeMotionParam(document, kAnchorPoint.param, position.anchor, position.keyframes.anchor));
     add(MakeNumber(context, kAntiFlicker, source));
     return component;
 }
 
-EffectListing ListMotion()
+ObjectHandle AddScaleParameter(Document& document, double percent, ObjectHandle effect)
 {
-    EffectListing listing{.family = "Intrinsic", .name = kNames.display, .effectId = "basic"};
-    for (const MotionRow& row :
-         {kPosition, kScale, kScaleWidth, kRotation, kAnchorPoint, kAntiFlicker})
-        listing.parameters.push_back({row.param.name, true});
-    listing.note = "keyframe interpolation is not carried";
-    return listing;
+    return AddParameter(document, kScale.param.xmeml, NumberText(percent), effect);
+}
+
+double MotionToXmeml(const EffectContext& context, ConstHandle component, ObjectHandle item)
+{
+    const ObjectHandle effect = AddFilter(context.document, kMotion.xmeml, item);
+    WriteSwitches(component, effect);
+    const Scale scale = ReadScale(component);
+    const ObjectHandle parameter =
+        AddScaleParameter(context.document, std::max(scale.height, scale.width), effect);
+    WriteKeyframes(context.document, parameter, scale.keyframes, context.frameTicks);
+    AddRowParameter(context, kRotation.param, component, effect);
+    AddRowParameter(context, kAnchorPoint.param, component, effect);
+    AddCenter(context, component, FrameFactorsOf(context), effect);
+    AddRowParameter(context, kAntiFlicker.param, component, effect);
+    return scale.IsStretched() ? scale.width / scale.height : 1.0;
 }
 
 } // namespace XPJ

@@ -3,34 +3,34 @@
 #include "core/numbers.h"
 #include "effects/keyframes.h"
 #include "effects/values.h"
-#include "effects/video_component.h"
+
+#include <optional>
 
 namespace XPJ {
 
 namespace {
 
-constexpr ComponentNames kNames = {"KX.ORRN Opacity", "Opacity"};
+constexpr const ParamRow& kAmount = kOpacityParams[0];
+constexpr const ParamRow& kFirstMode = kOpacityParams[1];
+constexpr const ParamRow& kSecondMode = kOpacityParams[2];
+constexpr std::string_view kFull = "100."; // of an item without an opacity filter
 
-// The first parameter of the effect is meant, whatever its id is.
-constexpr ParamRow kOpacity = {1, ParamKind::Scalar, "Opacity", "opacity", "100", "0.", "100."};
-constexpr std::string_view kFull = "100.";
-
-// Projects number the modes twice.
+// A mode and its numbers in the two lists.
 struct BlendMode {
     std::string_view compositeMode;
     int first;
-    int second; // from 1
+    int second;
     bool supported = true;
 };
 
-constexpr BlendMode kNormal = {"", 18, 1};
+constexpr BlendMode kNormal = {"", 18, 0};
 constexpr BlendMode kBlendModes[] = {
-    {"add", 14, 13},        {"difference", 5, 24},
-    {"multiply", 17, 5},    {"screen", 22, 11},
-    {"texturize", 19, 16},  {"hardlight", 8, 18},
-    {"softlight", 23, 17},  {"darken", 3, 4},
-    {"lighten", 11, 10},    {"subtract", 18, 1, false},
-    {"mask", 18, 1, false}, {"lumamask", 18, 1, false},
+    {"add", 14, 12},        {"difference", 5, 23},
+    {"multiply", 17, 4},    {"screen", 22, 10},
+    {"texturize", 19, 15},  {"hardlight", 8, 17},
+    {"softlight", 23, 16},  {"darken", 3, 3},
+    {"lighten", 11, 9},     {"subtract", 18, 0, false},
+    {"mask", 18, 0, false}, {"lumamask", 18, 0, false},
 };
 
 const BlendMode& FindBlendMode(std::string_view compositeMode)
@@ -41,11 +41,12 @@ const BlendMode& FindBlendMode(std::string_view compositeMode)
     return kNormal;
 }
 
-// Opacity counts as animated even where it is not.
-void AddOpacity(const EffectContext& context, ObjectHandle effect, ObjectHandle component)
+// Opacity counts as animated even where it is not. The first parameter of the effect is meant,
+// whatever its id is.
+void AddAmount(const EffectContext& context, ConstHandle effect, ObjectHandle component)
 {
-    const ObjectHandle parameter = effect.GetChild("parameter");
-    ParamRow row = kOpacity;
+    const ConstHandle parameter = effect.GetChild("parameter");
+    ParamRow row = kAmount;
     if (!effect)
         row.value = kFull;
     const ObjectHandle param = MakeRowParam(context, row, parameter);
@@ -60,39 +61,55 @@ void AddBlendMode(const EffectContext& context, std::string_view compositeMode,
     const BlendMode& mode = FindBlendMode(compositeMode);
     if (!mode.supported)
         context.AddIssue(ImportIssue::CompositeModeNotSupported, compositeMode);
-    const auto add = [&](int id, int control, int value, std::string_view upper) {
-        component.AddChild("Param", MakeParam(context.document, ParamKind::Choice,
-                                              {.name = "Blend Mode",
-                                               .id = id,
+    const auto add = [&](const ParamRow& row, int value) {
+        component.AddChild("Param", MakeParam(context.document, row.kind,
+                                              {.name = row.name,
+                                               .id = row.id,
                                                .value = IntToString(value),
-                                               .lower = "0",
-                                               .upper = upper,
-                                               .control = control}));
+                                               .lower = row.lower,
+                                               .upper = row.upper,
+                                               .control = row.control}));
     };
-    add(2, 10, mode.first, "24");
-    add(3, 7, mode.second - 1, "29");
+    add(kFirstMode, mode.first);
+    add(kSecondMode, mode.second);
+}
+
+// Empty for a mode that documents don't know, nothing for the normal one.
+std::optional<std::string_view> CompositeModeOf(ConstHandle component)
+{
+    const int mode = StartInteger(ParamOfRow(component, kFirstMode), kNormal.first);
+    if (mode == kNormal.first)
+        return std::nullopt;
+    for (const BlendMode& row : kBlendModes)
+        if (row.first == mode)
+            return row.compositeMode;
+    return "";
 }
 
 } // namespace
 
-ObjectHandle TranslateOpacity(const EffectContext& context, ObjectHandle effect,
+ObjectHandle TranslateOpacity(const EffectContext& context, ConstHandle effect,
                               std::string_view compositeMode)
 {
-    const ObjectHandle component = MakeIntrinsicComponent(context.document, kNames);
+    const ObjectHandle component = MakeIntrinsicComponent(context.document, kOpacity.project);
     CopyBypass(effect, component);
     CopyExpanded(effect, component);
-    AddOpacity(context, effect, component);
+    AddAmount(context, effect, component);
     AddBlendMode(context, compositeMode, component);
     return component;
 }
 
-EffectListing ListOpacity()
+void OpacityToXmeml(const EffectContext& context, ConstHandle component, ObjectHandle item)
 {
-    return {.family = "Intrinsic",
-            .name = kNames.display,
-            .effectId = "opacity",
-            .parameters = {{kOpacity.name, true}, {"Blend Mode", false}},
-            .note = "composite modes subtract, mask and lumamask become normal"};
+    const ObjectHandle effect = AddFilter(context.document, kOpacity.xmeml, item);
+    WriteSwitches(component, effect);
+    AddRowParameter(context, kAmount, component, effect);
+    const std::optional<std::string_view> mode = CompositeModeOf(component);
+    if (!mode)
+        return;
+    item.SetPropertyShared("compositemode", *mode);
+    if (mode->empty())
+        context.AddIssue(ExportIssue::CompositeModeNotSupported);
 }
 
 } // namespace XPJ

@@ -14,9 +14,9 @@ namespace {
 // What becomes of the value that a caller gives.
 enum class ValueRule {
     Scalar,
-    Fixed,   // the kind's own stands
-    HV,      // a point: the real value stands in `StartKeyframe` only
-    Nowhere, // no still value; a constant `StartKeyframe`
+    Fixed, // that of the kind is used
+    HV,    // a point, whose real value is in `StartKeyframe` only
+    None,  // no value; a constant `StartKeyframe`
 };
 
 struct ParamBuilder {
@@ -30,7 +30,7 @@ struct ParamBuilder {
     std::string_view value; // without one from the caller
 };
 
-constexpr std::string_view kMaxColour = "18446744073709551615";
+constexpr std::string_view kMaxColor = "18446744073709551615";
 constexpr std::string_view kBlack = "18374686479671623680";
 
 constexpr Name kVideoParam = "VideoComponentParam";
@@ -52,23 +52,23 @@ constexpr ParamBuilder kParamBuilders[] = {
     {K::CheckBox16,  Scalar,  kVideoParam, kSwitchClass,      "16", "false",   "true",     "false"},
     {K::Separator11, Fixed,   kVideoParam, kSwitchClass,      "11", "false",   "false",    "false"},
     {K::Separator12, Fixed,   kVideoParam, kSwitchClass,      "12", "false",   "false",    "false"},
-    {K::Colour,      Scalar,  kVideoParam, kColourClass,      "5",  "0",       kMaxColour, kBlack},
+    {K::Color,      Scalar,  kVideoParam, kColorClass,      "5",  "0",       kMaxColor, kBlack},
     {K::Choice,      Scalar,  kVideoParam, kChoiceClass,      "",   "",        "",         "0"},
     {K::Point,       HV,      kPointParam, kPointClass,       "6",  "",        "",         "0.5:0.5"},
     {K::Audio,       Scalar,  kAudioParam, kAudioClass,       "2",  "",        "",         "0."},
     {K::AudioBypass, Fixed,   kAudioParam, kAudioSwitchClass, "4",  "",        "",         "false"},
-    {K::Speed,       Nowhere, kTimeParam,  kSpeedClass,       "21", "0",       "",         ""},
+    {K::Speed,       None, kTimeParam,  kSpeedClass,       "21", "0",       "",         ""},
 };
 // clang-format on
 
-constexpr bool RowsStandInOrder()
+constexpr bool RowsAreInOrder()
 {
     for (std::size_t i = 0; i < std::size(kParamBuilders); ++i)
         if (kParamBuilders[i].kind != static_cast<ParamKind>(i))
             return false;
     return std::size(kParamBuilders) == static_cast<std::size_t>(ParamKind::Speed) + 1;
 }
-static_assert(RowsStandInOrder());
+static_assert(RowsAreInOrder());
 
 // Project fields that a round trip carries unchanged beside `value`.
 constexpr Name kCarriedFields[] = {
@@ -76,14 +76,24 @@ constexpr Name kCarriedFields[] = {
     "LowerUIBound",  "UpperUIBound",         "Keyframes",
 };
 
-// Control types of copied parameters whose document states none.
+// The controls that show the parameters of a class, the usual one first.
 constexpr struct {
+    int control;
     std::string_view classId;
-    std::string_view control;
-} kClassControls[] = {
-    {kSwitchClass, "4"}, {kPointClass, "6"},  {kScalarClass, "2"},
-    {kSliderClass, "8"}, {kChoiceClass, "7"},
+} kControlClasses[] = {
+    {2, kScalarClass},  {4, kSwitchClass},  {6, kPointClass},
+    {7, kChoiceClass},  {8, kSliderClass},  {10, kChoiceClass},
+    {11, kSwitchClass}, {12, kSwitchClass}, {16, kSwitchClass},
 };
+
+// The control of copied parameters whose document states none.
+int UsualControl(std::string_view classId)
+{
+    for (const auto& row : kControlClasses)
+        if (row.classId == classId)
+            return row.control;
+    return 0;
+}
 
 // The positive sign is meant: a flip's parameter differs from all others.
 constexpr std::string_view kEmptyBlobPosition = "91445760000000000";
@@ -102,7 +112,7 @@ void SetBound(ObjectHandle param, Name key, std::string_view fixed, std::string_
 
 void SetValue(ObjectHandle param, const ParamBuilder& row, std::string_view callersValue)
 {
-    // Both fields are to say the same.
+    // Both fields have the same value.
     const std::string value = FieldText(Given(row.rule == Fixed ? "" : callersValue, row.value));
     switch (row.rule) {
     case Scalar:
@@ -114,14 +124,14 @@ void SetValue(ObjectHandle param, const ParamBuilder& row, std::string_view call
         param.SetPropertyShared("CurrentValue", "0,0");
         param.SetProperty("StartKeyframe", PointStartKeyframeText(value));
         break;
-    case Nowhere:
+    case None:
         param.SetPropertyShared("StartKeyframe", kSpeedStartKeyframe);
         break;
     }
 }
 
-// "false" for each mark that no parameter of ours ever sets at creation.
-void SetMarks(ObjectHandle param, bool discontinuous)
+// Switches that are off in a new parameter.
+void SetSwitches(ObjectHandle param, bool discontinuous)
 {
     param.SetPropertyShared("DiscontinuousInterpolate", discontinuous ? "true" : "false");
     param.SetPropertyShared("IsLocked", "false");
@@ -129,6 +139,14 @@ void SetMarks(ObjectHandle param, bool discontinuous)
 }
 
 } // namespace
+
+std::string_view ClassOfControl(int control)
+{
+    for (const auto& row : kControlClasses)
+        if (row.control == control)
+            return row.classId;
+    return kScalarClass;
+}
 
 ObjectHandle MakeParam(Document& document, ParamKind kind, const ParamFields& fields)
 {
@@ -142,7 +160,7 @@ ObjectHandle MakeParam(Document& document, ParamKind kind, const ParamFields& fi
         param.SetProperty("ParameterControlType", IntToString(fields.control));
     else
         param.SetPropertyShared("ParameterControlType", row.control);
-    SetMarks(param, kind == ParamKind::Choice); // a choice jumps from keyframe to keyframe
+    SetSwitches(param, kind == ParamKind::Choice); // a choice jumps from keyframe to keyframe
     param.SetPropertyShared("RangeLocked", "false");
     SetBound(param, "LowerBound", row.lower, fields.lower);
     SetBound(param, "UpperBound", row.upper, fields.upper);
@@ -183,7 +201,7 @@ ObjectHandle MakeBlob(Document& document, std::string_view name, std::string_vie
     param.SetProperty("Name", name);
     param.SetProperty("ParameterID", id);
     param.SetProperty("ParameterControlType", control);
-    SetMarks(param, false);
+    SetSwitches(param, false);
     param.SetPropertyShared("UnitsString", "");
     param.SetPropertyShared("KeyframeSetSize", "0");
     param.SetPropertyShared("StartKeyframePosition", kBlobPosition);
@@ -191,7 +209,7 @@ ObjectHandle MakeBlob(Document& document, std::string_view name, std::string_vie
     return param;
 }
 
-ObjectHandle CopyProjectParam(Document& document, ObjectHandle parameter, Name element,
+ObjectHandle CopyProjectParam(Document& document, ConstHandle parameter, Name element,
                               std::string_view classId)
 {
     const ObjectHandle param = document.NewObject(element);
@@ -203,9 +221,8 @@ ObjectHandle CopyProjectParam(Document& document, ObjectHandle parameter, Name e
         if (HasValue(parameter, field))
             param.SetProperty(field, parameter.GetProperty(field));
     param.AddProperty("IsTimeVarying", HasValue(parameter, "Keyframes") ? "true" : "false");
-    for (const auto& row : kClassControls)
-        if (row.classId == classId)
-            param.AddProperty("ParameterControlType", row.control);
+    if (const int control = UsualControl(classId); control != 0)
+        param.AddProperty("ParameterControlType", IntToString(control));
     if (classId == kChoiceClass)
         param.SetPropertyShared("DiscontinuousInterpolate", "true");
     return param;
@@ -229,17 +246,17 @@ ObjectHandle ExportProjectParam(Document& document, ConstHandle param)
     return parameter;
 }
 
-std::string_view EffectName(ObjectHandle effect)
+std::string_view EffectName(ConstHandle effect)
 {
     return Given(effect.GetProperty("name"), effect.GetProperty("effectid"));
 }
 
-void CopyBypass(ObjectHandle effect, ObjectHandle component)
+void CopyBypass(ConstHandle effect, ObjectHandle component)
 {
     component.SetPropertyShared("Bypass", IsTrue(effect, "velaBypass") ? "true" : "false");
 }
 
-void CopyExpanded(ObjectHandle effect, ObjectHandle component)
+void CopyExpanded(ConstHandle effect, ObjectHandle component)
 {
     if (HasValue(effect, "velaExpanded"))
         component.SetProperty("ECP.Filter.Expanded", effect.GetProperty("velaExpanded"));
@@ -308,24 +325,6 @@ ObjectHandle AddParameter(Document& document, ObjectHandle effect, const Paramet
             parameter.SetProperty(row.key, row.text);
     effect.AddChild(parameter);
     return parameter;
-}
-
-void AddPointValue(Document& document, ObjectHandle node, const Point& point)
-{
-    const ObjectHandle value = document.NewObject("value");
-    value.SetProperty("horiz", NumberText(point.horiz));
-    value.SetProperty("vert", NumberText(point.vert));
-    node.AddChild(value);
-}
-
-void AddColourValue(Document& document, ObjectHandle node, const Colour& colour)
-{
-    const ObjectHandle value = document.NewObject("value");
-    value.SetProperty("alpha", IntToString(colour.alpha));
-    value.SetProperty("red", IntToString(colour.red));
-    value.SetProperty("green", IntToString(colour.green));
-    value.SetProperty("blue", IntToString(colour.blue));
-    node.AddChild(value);
 }
 
 } // namespace XPJ

@@ -2,7 +2,6 @@
 #include "effects/title_reader.h"
 
 #include "core/numbers.h"
-#include "effects/effect_list.h"
 
 #include <algorithm>
 #include <iterator>
@@ -42,6 +41,11 @@ constexpr ShapeEffect kShapeEffects[] = {
     {"Circle", ShapeKind::Circle, false},
     {"Oval", ShapeKind::Oval, true},
 };
+
+// What is read of them.
+constexpr std::string_view kTitleParts[] = {"Text",      "Font",  "Size",    "Style",
+                                            "Alignment", "Color", "Position"};
+constexpr std::string_view kShapeParts[] = {"Size", "Position", "Color", "Line"};
 
 enum class Field {
     Family,
@@ -92,7 +96,7 @@ constexpr TitleParameter kTitleParameters[] = {
     {"color2", Field::Color, Of::LowerThird, 1},
 };
 
-// What no title reaches; sums and products of such numbers stay numbers.
+// No title has more; sums and products of such numbers are finite.
 constexpr double kLargest = 1e6;
 
 // `Row` has an `id`.
@@ -103,17 +107,17 @@ const Row* FindRow(const Row (&rows)[count], std::string_view id)
     return found == std::end(rows) ? nullptr : found;
 }
 
-ObjectHandle EffectOf(ObjectHandle generator)
+ConstHandle EffectOf(ConstHandle generator)
 {
     return generator.GetChild("effect");
 }
 
-const TitleEffect* TitleEffectOf(ObjectHandle generator)
+const TitleEffect* TitleEffectOf(ConstHandle generator)
 {
     return FindRow(kTitleEffects, EffectOf(generator).GetProperty("effectid"));
 }
 
-const ShapeEffect* ShapeEffectOf(ObjectHandle generator)
+const ShapeEffect* ShapeEffectOf(ConstHandle generator)
 {
     return FindRow(kShapeEffects, EffectOf(generator).GetProperty("effectid"));
 }
@@ -132,28 +136,28 @@ std::vector<std::string_view> SplitLines(std::string_view text)
     return lines;
 }
 
-// A title holds blanks for a reason, so that a text keeps those at its ends.
-std::string_view TextOf(ObjectHandle parameter)
+// Blanks of a title are intended, also those at its ends.
+std::string_view TextOf(ConstHandle parameter)
 {
     if (const std::string_view text = RawValue(parameter); !text.empty())
         return text;
     return RawValue(parameter.GetChild("keyframe"));
 }
 
-// A size of 0 or less shows nothing and is none.
-int ReadSize(ObjectHandle parameter, int missing)
+// A size of 0 or less shows nothing and counts as missing.
+int ReadSize(ConstHandle parameter, int missing)
 {
     const int size = ParseInt(StaticValue(parameter, ""));
     return size > 0 ? size : missing;
 }
 
-double ReadPositive(ObjectHandle parameter, double missing)
+double ReadPositive(ConstHandle parameter, double missing)
 {
     const double value = ParseDouble(StaticValue(parameter, ""));
     return value > 0 ? std::min(value, kLargest) : missing;
 }
 
-double ReadLineWidth(ObjectHandle parameter, double missing)
+double ReadLineWidth(ConstHandle parameter, double missing)
 {
     const std::string_view text = StaticValue(parameter, "");
     return text.empty() ? missing : std::clamp(ParseDouble(text), 0.0, kLargest);
@@ -165,32 +169,32 @@ FontStyle TitleStyle(int number, FontStyle missing)
     return number >= 0 && number < 4 ? static_cast<FontStyle>(number) : missing;
 }
 
-FontStyle ReadStyle(ObjectHandle parameter, FontStyle missing)
+FontStyle ReadStyle(ConstHandle parameter, FontStyle missing)
 {
     const std::string_view text = StaticValue(parameter, "");
     return text.empty() ? missing : TitleStyle(ParseInt(text), missing);
 }
 
 // 1 is left, 2 centered, 3 right.
-Alignment ReadAlignment(ObjectHandle parameter, Alignment missing)
+Alignment ReadAlignment(ConstHandle parameter, Alignment missing)
 {
     const int number = ParseInt(StaticValue(parameter, ""));
     return number >= 1 && number <= 3 ? static_cast<Alignment>(number - 1) : missing;
 }
 
-// The parameter itself, or the keyframe that stands in for it, which has the child `value`.
-ObjectHandle ValueHolder(ObjectHandle parameter)
+// The parameter itself, or the keyframe that replaces it, which has the child `value`.
+ConstHandle ValueHolder(ConstHandle parameter)
 {
     return parameter.HasChild("value") ? parameter : parameter.GetChild("keyframe");
 }
 
-Colour ReadColor(ObjectHandle parameter, const Colour& missing)
+Color ReadColor(ConstHandle parameter, const Color& missing)
 {
-    const ObjectHandle holder = ValueHolder(parameter);
-    const ObjectHandle value = holder.GetChild("value");
+    const ConstHandle holder = ValueHolder(parameter);
+    const ConstHandle value = holder.GetChild("value");
     if (!HasValue(value, "red") && !HasValue(value, "green") && !HasValue(value, "blue"))
         return missing;
-    Colour color = ColourValue(holder);
+    Color color = ColorValue(holder);
     if (!HasValue(value, "alpha"))
         color.alpha = missing.alpha;
     for (int* const channel : {&color.red, &color.green, &color.blue, &color.alpha})
@@ -198,10 +202,10 @@ Colour ReadColor(ObjectHandle parameter, const Colour& missing)
     return color;
 }
 
-bool ReadPoint(ObjectHandle parameter, Point& point)
+bool ReadPoint(ConstHandle parameter, Point& point)
 {
-    const ObjectHandle holder = ValueHolder(parameter);
-    const ObjectHandle value = holder.GetChild("value");
+    const ConstHandle holder = ValueHolder(parameter);
+    const ConstHandle value = holder.GetChild("value");
     if (!HasValue(value, "horiz") && !HasValue(value, "vert"))
         return false;
     point = PointValue(holder);
@@ -233,7 +237,7 @@ public:
             text.lines = {{}};
     }
 
-    void Take(ObjectHandle parameter)
+    void Take(ConstHandle parameter)
     {
         const TitleParameter* const row =
             FindRow(kTitleParameters, parameter.GetProperty("parameterid"));
@@ -251,7 +255,7 @@ public:
     }
 
 private:
-    void Take(Field field, ObjectHandle parameter, TitleText& text)
+    void Take(Field field, ConstHandle parameter, TitleText& text)
     {
         TitleFont& font = text.font;
         switch (field) {
@@ -297,33 +301,22 @@ private:
 
 } // namespace
 
-void AppendTitles(std::vector<EffectListing>& list)
+std::vector<GeneratorListing> ListGenerators()
 {
-    constexpr std::string_view kFamily = "Generator";
+    std::vector<GeneratorListing> list;
     for (const TitleEffect& row : kTitleEffects)
-        list.push_back(
-            {.family = kFamily,
-             .name = row.id,
-             .effectId = row.id,
-             .outcome = Outcome::Approximated,
-             .parameters =
-                 {{"Text"}, {"Font"}, {"Size"}, {"Style"}, {"Alignment"}, {"Color"}, {"Position"}},
-             .note = row.note});
+        list.push_back({row.id, row.note, kTitleParts});
     for (const ShapeEffect& row : kShapeEffects)
-        list.push_back({.family = kFamily,
-                        .name = row.id,
-                        .effectId = row.id,
-                        .outcome = Outcome::Approximated,
-                        .parameters = {{"Size"}, {"Position"}, {"Color"}, {"Line"}},
-                        .note = "becomes a graphic; soft edges are lost"});
+        list.push_back({row.id, "becomes a graphic; soft edges are lost", kShapeParts});
+    return list;
 }
 
-bool IsTextTitle(ObjectHandle generator)
+bool IsTextTitle(ConstHandle generator)
 {
     return TitleEffectOf(generator) != nullptr;
 }
 
-bool IsShape(ObjectHandle generator)
+bool IsShape(ConstHandle generator)
 {
     return ShapeEffectOf(generator) != nullptr;
 }
@@ -333,7 +326,7 @@ std::int64_t Title::TextHeight(const TitleFont& font) const
     return static_cast<std::int64_t>(font.size * Scale());
 }
 
-Title ReadTitle(ObjectHandle generator, const FrameSize& frame)
+Title ReadTitle(ConstHandle generator, const FrameSize& frame)
 {
     Title title;
     title.name = generator.GetProperty("name");
@@ -343,13 +336,13 @@ Title ReadTitle(ObjectHandle generator, const FrameSize& frame)
     title.motion = effect ? effect->motion : TitleMotion::Still;
     title.isOutlined = kind == TextKind::Outlined;
     TitleReader reader(title, kind);
-    for (const ObjectHandle& parameter : EffectOf(generator).GetChildren("parameter"))
+    for (const ConstHandle parameter : EffectOf(generator).GetChildren("parameter"))
         reader.Take(parameter);
     reader.Finish();
     return title;
 }
 
-Shape ReadShape(ObjectHandle generator, const FrameSize& frame)
+Shape ReadShape(ConstHandle generator, const FrameSize& frame)
 {
     Shape shape;
     shape.name = generator.GetProperty("name");
@@ -357,7 +350,7 @@ Shape ReadShape(ObjectHandle generator, const FrameSize& frame)
     const ShapeEffect* const effect = ShapeEffectOf(generator);
     if (effect)
         shape.kind = effect->kind;
-    for (const ObjectHandle& parameter : EffectOf(generator).GetChildren("parameter")) {
+    for (const ConstHandle parameter : EffectOf(generator).GetChildren("parameter")) {
         const std::string_view id = parameter.GetProperty("parameterid");
         if (id == "center")
             ReadPoint(parameter, shape.center);

@@ -10,13 +10,22 @@
 #include "tree/object.h"
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
 namespace XPJ {
 
-bool IsTextTitle(ObjectHandle generator);
-bool IsShape(ObjectHandle generator);
+// A generator that is a title or a shape, for the list of effects.
+struct GeneratorListing {
+    std::string_view id;
+    std::string_view note;
+    std::span<const std::string_view> parts; // what is read of it
+};
+std::vector<GeneratorListing> ListGenerators();
+
+bool IsTextTitle(ConstHandle generator);
+bool IsShape(ConstHandle generator);
 
 enum class TitleMotion { Still = 0, Scroll = 1, Crawl = 2 };
 enum class Alignment { Left = 0, Center = 1, Right = 2 };
@@ -26,7 +35,7 @@ struct TitleFont {
     int size = 36; // for a frame of 480 lines; above 0
     FontStyle style = FontStyle::Regular;
     Alignment alignment = Alignment::Center;
-    Colour color = {255, 255, 255, 255}; // channels of 0 to 255
+    Color color = {255, 255, 255, 255}; // channels of 0 to 255
 };
 
 // Lines in one font; at least one line. They are escaped as the document holds them.
@@ -43,7 +52,7 @@ struct Title {
     Point position;
     bool isOutlined = false;
     double lineWidth = 0;
-    Colour lineColor = {0, 0, 0, 255};
+    Color lineColor = {0, 0, 0, 255};
     FrameSize frame;
 
     // A font's size in lines of the frame.
@@ -54,7 +63,7 @@ struct Title {
 
 // Never fails; what is missing or can't be used has its default. `frame` is that of the sequence
 // or clip around the generator.
-Title ReadTitle(ObjectHandle generator, const FrameSize& frame);
+Title ReadTitle(ConstHandle generator, const FrameSize& frame);
 
 enum class ShapeKind { Rectangle, Square, Circle, Oval };
 
@@ -64,12 +73,12 @@ struct Shape {
     Point center;
     double size = 50;  // height in percent of the frame's; above 0
     double aspect = 1; // width over height; above 0, and 1 for squares and circles
-    Colour color = {255, 255, 255, 255};
+    Color color = {255, 255, 255, 255};
     double lineWidth = 0;
-    Colour lineColor = {0, 0, 0, 255};
+    Color lineColor = {0, 0, 0, 255};
     FrameSize frame;
 };
 
-Shape ReadShape(ObjectHandle generator, const FrameSize& frame);
+Shape ReadShape(ConstHandle generator, const FrameSize& frame);
 
 } // namespace XPJ

@@ -1,108 +1,93 @@
 #include "effects/transitions.h"
 
 #include "core/numbers.h"
-#include "effects/effect_list.h"
-#include "effects/parameters.h"
 #include "effects/values.h"
+#include "project/accessors.h"
 
+#include <algorithm>
 #include <iterator>
-#include <span>
 #include <string>
 
 namespace XPJ {
 
 namespace {
 
-// ---- Edge wipe
-
-std::string BorderWidthText(ObjectHandle parameter)
-{
-    return IntToString(ParseInt64(StaticValue(parameter, {})));
-}
-
-std::string BorderColourText(ObjectHandle parameter)
-{
-    const Colour colour = ColourValue(parameter);
-    return IntToString(colour.red) + "," + IntToString(colour.green) + "," +
-           IntToString(colour.blue);
-}
-
-// Of an angle in degrees, to the nearest of eight. What has none, as the half step before a full
-// turn, counts as 90.
-std::string DirectionText(ObjectHandle parameter)
-{
-    constexpr int kDirections[] = {4, 64, 8, 128, 1, 16, 2, 32}; // from 0 in steps of 45
-    constexpr int kOtherwise = 8;
-    const auto angle = static_cast<double>(ParseInt64(StaticValue(parameter, {})) % 360);
-    const auto sector = static_cast<int>((angle + 22.5) / 45.0);
-    const bool isKnown = sector >= 0 && sector < static_cast<int>(std::size(kDirections));
-    return IntToString(isKnown ? kDirections[sector] : kOtherwise);
-}
-
-struct ParameterRow {
-    std::string_view id;
-    std::string_view name;
-    Name field;
-    std::string (*text)(ObjectHandle parameter);
-};
-
-constexpr ParameterRow kWipeParameters[] = {
-    {"borderwidth", "Border Width", "BorderWidth", BorderWidthText},
-    {"bordercolor", "Border Color", "BorderColor", BorderColourText},
-    {"directionofwipe", "Direction", "Direction", DirectionText},
-};
-
 // ---- Tables
 
-struct TransitionForm {
-    std::string_view matchName;
-    std::string_view displayName;
+constexpr Color kWhite = {255, 255, 255, 255};
+constexpr Color kBlack = {0, 0, 0, 255};
+
+constexpr ParamRow kWipeParams[] = {
+    {.name = "Border Width", .xmeml = {"borderwidth", "Border", "0", "100"}, .animates = false},
+    {.name = "Border Color", .xmeml = {"bordercolor", "Color"}, .animates = false},
+    {.name = "Direction", .xmeml = {"directionofwipe", "Angle", "-360", "360"}, .animates = false},
 };
+constexpr const XmemlParam& kBorderWidth = kWipeParams[0].xmeml;
+constexpr const XmemlParam& kBorderColor = kWipeParams[1].xmeml;
+constexpr const XmemlParam& kDirection = kWipeParams[2].xmeml;
 
-constexpr TransitionForm kCrossDissolve = {"KX.ORRN Cross Dissolve New", "Cross Dissolve"};
-constexpr TransitionForm kWipe = {"ORRN Wipe", "Wipe"};
-constexpr TransitionForm kDipToWhite = {"ORRN Dip To White", "Dip to White"};
-constexpr TransitionForm kDipToBlack = {"ORRN Dip To Black", "Dip to Black"};
-constexpr TransitionForm kConstantPower = {"Constant Power", "Constant Power"};
-constexpr TransitionForm kConstantGain = {"Constant Gain", "Constant Gain"};
-constexpr TransitionForm kExponentialFade = {"Exponential Fade", "Exponential Fade"};
+constexpr XmemlParam kDipColor = {"dipcolor", "Color"};
 
-struct TransitionRow {
-    std::string_view id;
-    std::string_view name; // as documents have it
-    TransitionForm form;
-    std::string_view note = {};
-    std::span<const ParameterRow> parameters = {};
-};
+constexpr XmemlEffect VideoEffect(std::string_view id, std::string_view category)
+{
+    return {id, id, category, "transition", "video"};
+}
 
-constexpr std::string_view kDip = "Dip to Color Dissolve";
+constexpr XmemlEffect AudioEffect(std::string_view id, std::string_view name)
+{
+    return {id, name, "", "transition", "audio"};
+}
+
+constexpr XmemlEffect kDissolve = VideoEffect("Cross Dissolve", "Dissolve");
+constexpr XmemlEffect kDip = VideoEffect("Dip to Color Dissolve", "Dissolve");
 
 constexpr TransitionRow kVideoTransitions[] = {
-    {"Cross Dissolve", "Cross Dissolve", kCrossDissolve},
-    {"Edge Wipe", "Edge Wipe", kWipe, "in eight directions, with a border of whole width",
-     kWipeParameters},
-    {kDip, kDip, kDipToBlack, "Dip to White from white; any other color becomes black"},
+    {.xmeml = kDissolve,
+     .project = {"KX.ORRN Cross Dissolve New", "Cross Dissolve"},
+     .name = "Cross Dissolve"},
+    // Of older projects.
+    {.xmeml = kDissolve,
+     .project = {"ORRN Cross Dissolve", "Cross Dissolve"},
+     .name = "Cross Dissolve"},
+    {.xmeml = VideoEffect("Edge Wipe", "Wipe"),
+     .project = {"ORRN Wipe", "Wipe"},
+     .name = "Edge Wipe",
+     .note = "in eight directions, with a border of whole width",
+     .wipeCode = "2",
+     .params = kWipeParams},
+    {.xmeml = kDip,
+     .project = {"ORRN Dip To Black", "Dip to Black"},
+     .name = "Dip to Color",
+     .note = "Dip to White from white; any other color becomes black",
+     .dipColor = &kBlack},
+    {.xmeml = kDip,
+     .project = {"ORRN Dip To White", "Dip to White"},
+     .name = "Dip to Color",
+     .dipColor = &kWhite},
 };
-constexpr TransitionForm kOtherVideo = kCrossDissolve;
 
 constexpr TransitionRow kAudioTransitions[] = {
-    {"KGAudioTransCrossFade3dB", "Cross Fade (+3dB)", kConstantPower},
-    {"KGAudioTransCrossFade0dB", "Cross Fade ( 0dB)", kConstantGain},
-    {"KGAudioTransCrossFadeExponential", "Cross Fade (Exponential)", kExponentialFade},
-};
-constexpr TransitionForm kOtherAudio = kConstantPower;
-
-struct DipRow {
-    Colour colour;
-    TransitionForm form;
-};
-
-constexpr DipRow kDips[] = {
-    {{255, 255, 255}, kDipToWhite},
-    {{0, 0, 0}, kDipToBlack},
+    {.xmeml = AudioEffect("KGAudioTransCrossFade3dB", "Cross Fade (+3dB)"),
+     .project = {"Constant Power", "Constant Power"},
+     .name = "Cross Fade (+3dB)"},
+    {.xmeml = AudioEffect("KGAudioTransCrossFade0dB", "Cross Fade ( 0dB)"),
+     .project = {"Constant Gain", "Constant Gain"},
+     .name = "Cross Fade (0dB)"},
+    {.xmeml = AudioEffect("KGAudioTransCrossFadeExponential", "Cross Fade (Exponential)"),
+     .project = {"Exponential Fade", "Exponential Fade"},
+     .name = "Exponential Fade",
+     .handOffOnly = true},
 };
 
-// What a picture transition states besides its names, where its effect has nothing to say.
+// What an export makes of a transition that is not in the table.
+constexpr const TransitionRow& kOtherVideoInXmeml = kVideoTransitions[0];
+constexpr const TransitionRow& kOtherAudioInXmeml = kAudioTransitions[1];
+
+// Directions of a wipe, from 0 degrees in steps of 45, as projects number them.
+constexpr int kWipeDirections[] = {4, 64, 8, 128, 1, 16, 2, 32};
+constexpr int kWipeStep = 45;
+
+// What a video transition states besides its names, where its effect states nothing.
 constexpr struct {
     Name key;
     std::string_view value;
@@ -121,117 +106,222 @@ constexpr struct {
     // clang-format on
 };
 
-// Effects are told by their id; by their name, which may be that of the id, where it is not known.
-const TransitionRow* FindRow(std::span<const TransitionRow> rows, ObjectHandle effect)
+// ---- To a project
+
+// Effects are found by their id, else by their name, which may be an id.
+const TransitionRow* FindRow(MediaType type, ConstHandle effect)
 {
     const std::string_view id = effect.GetProperty("effectid");
     const std::string_view name = effect.GetProperty("name");
-    for (const TransitionRow& row : rows)
-        if (row.id == id)
+    for (const TransitionRow& row : TransitionsOf(type))
+        if (row.xmeml.id == id)
             return &row;
-    for (const TransitionRow& row : rows)
-        if (row.name == name || row.id == name)
+    for (const TransitionRow& row : TransitionsOf(type))
+        if (row.xmeml.name == name || row.xmeml.id == name)
             return &row;
     return nullptr;
 }
 
-ObjectHandle MakeTransition(Document& document, Name className, const TransitionForm& form)
+bool HasSameChannels(const Color& a, const Color& b)
+{
+    return a.red == b.red && a.green == b.green && a.blue == b.blue;
+}
+
+const TransitionRow& DipOfColor(const EffectContext& context, const TransitionRow& dip,
+                                ConstHandle effect)
+{
+    const Color color = ColorValue(FindParameter(effect, kDipColor.id));
+    for (const TransitionRow& row : kVideoTransitions)
+        if (row.dipColor && HasSameChannels(*row.dipColor, color))
+            return row;
+    context.AddIssue(ImportIssue::DipToColorNotTranslated);
+    return dip;
+}
+
+const TransitionRow& VideoRowOf(const EffectContext& context, ConstHandle effect)
+{
+    const TransitionRow* const row = FindRow(MediaType::Video, effect);
+    if (!row) {
+        context.AddIssue(ImportIssue::CrossDissolveTransitionNotTranslated, EffectName(effect));
+        return OtherTransition(MediaType::Video);
+    }
+    return row->dipColor ? DipOfColor(context, *row, effect) : *row;
+}
+
+ObjectHandle MakeTransition(Document& document, Name className, const TransitionRow& row)
 {
     const ObjectHandle transition = document.NewObject(className);
-    transition.SetPropertyShared("MatchName", form.matchName);
-    transition.SetPropertyShared("DisplayName", form.displayName);
+    transition.SetPropertyShared("MatchName", row.project.match);
+    transition.SetPropertyShared("DisplayName", row.project.display);
     return transition;
 }
 
-TransitionForm DipOf(const EffectContext& context, ObjectHandle effect)
+std::string ColorText(const Color& color)
 {
-    const Colour colour = ColourValue(FindParameter(effect, "dipcolor"));
-    for (const DipRow& row : kDips)
-        if (colour.red == row.colour.red && colour.green == row.colour.green &&
-            colour.blue == row.colour.blue)
-            return row.form;
-    context.AddIssue(ImportIssue::DipToColorNotTranslated);
-    return kDipToBlack;
+    return IntToString(color.red) + "," + IntToString(color.green) + "," + IntToString(color.blue);
 }
 
-TransitionForm VideoFormOf(const EffectContext& context, const TransitionRow* row,
-                           ObjectHandle effect)
+// Of an angle in degrees, to the nearest of eight. What has none, as the half step before a full
+// turn, counts as 90.
+int DirectionOfAngle(std::int64_t degrees)
 {
-    if (!row) {
-        context.AddIssue(ImportIssue::CrossDissolveTransitionNotTranslated, EffectName(effect));
-        return kOtherVideo;
-    }
-    return row->id == kDip ? DipOf(context, effect) : row->form;
+    constexpr int kOtherwise = 8;
+    const auto angle = static_cast<double>(degrees % 360);
+    const auto sector = static_cast<int>((angle + kWipeStep / 2.0) / kWipeStep);
+    const bool isKnown = sector >= 0 && sector < static_cast<int>(std::size(kWipeDirections));
+    return isKnown ? kWipeDirections[sector] : kOtherwise;
 }
 
-void SetParameters(const TransitionRow& row, ObjectHandle effect, ObjectHandle transition)
+void SetWipe(ConstHandle effect, ObjectHandle transition)
 {
-    for (const ParameterRow& parameterRow : row.parameters)
-        if (const ObjectHandle parameter = FindParameter(effect, parameterRow.id))
-            transition.SetProperty(parameterRow.field, parameterRow.text(parameter));
+    if (const ConstHandle width = FindParameter(effect, kBorderWidth.id))
+        transition.SetProperty("BorderWidth", IntToString(ParseInt64(StaticValue(width, {}))));
+    if (const ConstHandle color = FindParameter(effect, kBorderColor.id))
+        transition.SetProperty("BorderColor", ColorText(ColorValue(color)));
+    if (const ConstHandle angle = FindParameter(effect, kDirection.id))
+        transition.SetProperty("Direction",
+                               IntToString(DirectionOfAngle(ParseInt64(StaticValue(angle, {})))));
 }
 
-// A part of the way that the transition runs through, if it is not the whole of it.
-void SetPercent(ObjectHandle effect, Name ratio, double whole, ObjectHandle transition, Name key)
+// The part of the run that the transition takes, if it is not the whole of it.
+void SetPercent(ConstHandle effect, Name ratio, double whole, ObjectHandle transition, Name key)
 {
     if (HasValue(effect, ratio) && DoubleProperty(effect, ratio) != whole)
         transition.SetProperty(key, effect.GetProperty(ratio));
 }
 
+// ---- To `xmeml`
+
+const TransitionRow* FindWritten(const EffectContext& context, MediaType type,
+                                 std::string_view matchName)
+{
+    for (const TransitionRow& row : TransitionsOf(type))
+        if (row.project.match == matchName && (context.isHandOff || !row.handOffOnly))
+            return &row;
+    return nullptr;
+}
+
+// "255,128,0", opaque; what is missing is 0.
+Color ParseColor(std::string_view text)
+{
+    Color color{.alpha = 255};
+    for (int* const channel : {&color.red, &color.green, &color.blue}) {
+        const std::size_t end = std::min(text.find(','), text.size());
+        *channel = ParseInt(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return color;
+}
+
+void AddColor(Document& document, const XmemlParam& param, const Color& color, ObjectHandle effect)
+{
+    AddColorValue(document, AddParameter(document, param, {}, effect), color);
+}
+
+// Any direction that is not one of the eight is 0.
+int AngleOfDirection(int direction)
+{
+    const auto* const found = std::ranges::find(kWipeDirections, direction);
+    return found == std::end(kWipeDirections)
+               ? 0
+               : static_cast<int>(found - std::begin(kWipeDirections)) * kWipeStep;
+}
+
+void AddWipeParameters(Document& document, ConstHandle transition, ObjectHandle effect)
+{
+    AddParameter(document, kDirection,
+                 IntToString(AngleOfDirection(IntProperty(transition, "Direction"))), effect);
+    const double width = DoubleProperty(transition, "BorderWidth");
+    if (!(width > 0))
+        return;
+    AddParameter(document, kBorderWidth, NumberText(width), effect);
+    AddColor(document, kBorderColor, ParseColor(transition.GetProperty("BorderColor")), effect);
+}
+
+// Projects do not state the two percents of a transition that runs from start to end.
+void WriteRun(MediaType type, ConstHandle transition, ObjectHandle effect)
+{
+    if (type == MediaType::Audio) {
+        effect.SetPropertyShared("reverse", "FALSE");
+        effect.SetPropertyShared("startratio", "0");
+        effect.SetPropertyShared("endratio", "1");
+        return;
+    }
+    effect.SetPropertyShared("reverse", IsTrue(transition, "Reverse") ? "TRUE" : "FALSE");
+    effect.SetProperty("startratio", NumberText(DoubleProperty(transition, "StartPercent")));
+    effect.SetProperty("endratio", HasValue(transition, "EndPercent")
+                                       ? NumberText(DoubleProperty(transition, "EndPercent"))
+                                       : "1");
+}
+
+ObjectHandle MakeXmemlEffect(Document& document, const TransitionRow& row, MediaType type,
+                             ConstHandle transition)
+{
+    const ObjectHandle effect = document.NewObject("effect");
+    WriteEffectHead(row.xmeml, effect);
+    effect.SetPropertyShared("wipecode", row.wipeCode);
+    effect.SetPropertyShared("wipeaccuracy", "100");
+    WriteRun(type, transition, effect);
+    if (row.dipColor)
+        AddColor(document, kDipColor, *row.dipColor, effect);
+    if (!row.params.empty())
+        AddWipeParameters(document, transition, effect);
+    return effect;
+}
+
 } // namespace
 
-ObjectHandle MakeVideoTransition(const EffectContext& context, ObjectHandle effect)
+std::span<const TransitionRow> TransitionsOf(MediaType type)
+{
+    return type == MediaType::Video ? std::span<const TransitionRow>(kVideoTransitions)
+                                    : std::span<const TransitionRow>(kAudioTransitions);
+}
+
+const TransitionRow& OtherTransition(MediaType type)
+{
+    return type == MediaType::Video ? kVideoTransitions[0] : kAudioTransitions[0];
+}
+
+ObjectHandle MakeVideoTransition(const EffectContext& context, ConstHandle effect)
 {
     if (EffectName(effect).empty())
         return {};
-    const TransitionRow* const row = FindRow(kVideoTransitions, effect);
-    const ObjectHandle transition = MakeTransition(context.document, "VideoTransitionTrackItem",
-                                                   VideoFormOf(context, row, effect));
+    const TransitionRow& row = VideoRowOf(context, effect);
+    const ObjectHandle transition =
+        MakeTransition(context.document, "VideoTransitionTrackItem", row);
     for (const auto& [key, value] : kVideoFields)
         transition.SetPropertyShared(key, value);
     transition.SetPropertyShared("Reverse", IsTrue(effect, "reverse") ? "true" : "false");
     SetPercent(effect, "startratio", 0.0, transition, "StartPercent");
     SetPercent(effect, "endratio", 1.0, transition, "EndPercent");
-    if (row)
-        SetParameters(*row, effect, transition);
+    if (!row.params.empty())
+        SetWipe(effect, transition);
     return transition;
 }
 
-ObjectHandle MakeAudioTransition(const EffectContext& context, ObjectHandle effect)
+ObjectHandle MakeAudioTransition(const EffectContext& context, ConstHandle effect)
 {
     if (EffectName(effect).empty())
         return {};
-    const TransitionRow* const row = FindRow(kAudioTransitions, effect);
+    const TransitionRow* const row = FindRow(MediaType::Audio, effect);
     if (!row)
         context.AddIssue(ImportIssue::ConstantPowerTransitionNotTranslated, EffectName(effect));
     return MakeTransition(context.document, "AudioTransitionTrackItem",
-                          row ? row->form : kOtherAudio);
+                          row ? *row : OtherTransition(MediaType::Audio));
 }
 
-namespace {
-
-void AppendRows(std::string_view family, std::span<const TransitionRow> rows,
-                const TransitionForm& other, std::vector<EffectListing>& list)
+ObjectHandle TransitionToXmeml(const EffectContext& context, MediaType type, ConstHandle transition)
 {
-    for (const TransitionRow& row : rows) {
-        EffectListing& listing = list.emplace_back(EffectListing{
-            .family = family, .name = row.form.displayName, .effectId = row.id, .note = row.note});
-        for (const ParameterRow& parameter : row.parameters)
-            listing.parameters.push_back({.name = parameter.name});
+    const ConstHandle core = TransitionCore(transition);
+    const bool isVideo = type == MediaType::Video;
+    const TransitionRow* row = FindWritten(context, type, core.GetProperty("MatchName"));
+    if (!row) {
+        context.AddIssue(isVideo ? ExportIssue::CrossDissolveTransitionNotTranslated
+                                 : ExportIssue::TransitionNotSupported,
+                         core.GetProperty("DisplayName"));
+        row = isVideo ? &kOtherVideoInXmeml : &kOtherAudioInXmeml;
     }
-    list.push_back({.family = family,
-                    .name = "any other",
-                    .effectId = {},
-                    .outcome = Outcome::Approximated,
-                    .note = other.displayName});
-}
-
-} // namespace
-
-void AppendTransitions(std::vector<EffectListing>& list)
-{
-    AppendRows("Video transition", kVideoTransitions, kOtherVideo, list);
-    AppendRows("Audio transition", kAudioTransitions, kOtherAudio, list);
+    return MakeXmemlEffect(context.document, *row, type, transition);
 }
 
 } // namespace XPJ

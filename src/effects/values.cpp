@@ -33,11 +33,11 @@ std::string PointText(const Point& point)
     return NumberText(point.horiz) + ":" + NumberText(point.vert);
 }
 
-std::string PackedColour(const Colour& colour)
+std::string PackedColor(const Color& color)
 {
     constexpr std::uint64_t kOpaque = 0xFF00;
-    return UintToString(kOpaque << 48 | PackedChannel(colour.red) << 32 |
-                        PackedChannel(colour.green) << 16 | PackedChannel(colour.blue));
+    return UintToString(kOpaque << 48 | PackedChannel(color.red) << 32 |
+                        PackedChannel(color.green) << 16 | PackedChannel(color.blue));
 }
 
 std::string_view RawValue(ConstHandle node)
@@ -46,60 +46,69 @@ std::string_view RawValue(ConstHandle node)
     return Trimmed(text).empty() ? node.GetProperty("value") : text;
 }
 
-std::string_view PlainValue(ObjectHandle node)
+std::string_view PlainValue(ConstHandle node)
 {
     return Trimmed(RawValue(node));
 }
 
-std::string_view StaticValue(ObjectHandle parameter, std::string_view missing)
+std::string_view StaticValue(ConstHandle parameter, std::string_view missing)
 {
     const std::string_view value = PlainValue(parameter);
     if (!value.empty())
         return value;
-    for (const ObjectHandle& keyframe : parameter.GetChildren("keyframe"))
+    for (const ConstHandle keyframe : parameter.GetChildren("keyframe"))
         if (const std::string_view first = PlainValue(keyframe); !first.empty())
             return first;
     return missing;
 }
 
-Point PointValue(ObjectHandle node)
+Point PointValue(ConstHandle node)
 {
-    const ObjectHandle value = node.GetChild("value");
+    const ConstHandle value = node.GetChild("value");
     return {DoubleProperty(value, "horiz"), DoubleProperty(value, "vert")};
 }
 
-Colour ColourValue(ObjectHandle node)
+Color ColorValue(ConstHandle node)
 {
-    const ObjectHandle value = node.GetChild("value");
+    const ConstHandle value = node.GetChild("value");
     return {IntProperty(value, "red"), IntProperty(value, "green"), IntProperty(value, "blue"),
             IntProperty(value, "alpha")};
 }
 
-Point StaticPoint(ObjectHandle parameter)
+Point StaticPoint(ConstHandle parameter)
 {
     if (parameter.HasChild("value"))
         return PointValue(parameter);
-    for (const ObjectHandle& keyframe : parameter.GetChildren("keyframe"))
+    for (const ConstHandle keyframe : parameter.GetChildren("keyframe"))
         if (keyframe.HasChild("value"))
             return PointValue(keyframe);
     return {};
 }
 
-bool HasKeyframes(ObjectHandle parameter)
+bool HasKeyframes(ConstHandle parameter)
 {
     return parameter.HasChild("keyframe");
 }
 
-ObjectHandle FindParameter(ObjectHandle effect, std::string_view parameterId)
+void AddPointValue(Document& document, ObjectHandle node, const Point& point)
 {
-    ObjectHandle found;
-    for (const ObjectHandle& parameter : effect.GetChildren("parameter"))
-        if (parameter.GetProperty("parameterid") == parameterId)
-            found = parameter;
-    return found;
+    const ObjectHandle value = document.NewObject("value");
+    value.SetProperty("horiz", NumberText(point.horiz));
+    value.SetProperty("vert", NumberText(point.vert));
+    node.AddChild(value);
 }
 
-bool RateTicks(ObjectHandle rate, Ticks* ticks)
+void AddColorValue(Document& document, ObjectHandle node, const Color& color)
+{
+    const ObjectHandle value = document.NewObject("value");
+    value.SetProperty("alpha", IntToString(color.alpha));
+    value.SetProperty("red", IntToString(color.red));
+    value.SetProperty("green", IntToString(color.green));
+    value.SetProperty("blue", IntToString(color.blue));
+    node.AddChild(value);
+}
+
+bool RateTicks(ConstHandle rate, Ticks* ticks)
 {
     return FrameTicks(Int64Property(rate, "timebase"), IsTrue(rate, "ntsc"), ticks);
 }

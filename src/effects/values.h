@@ -1,4 +1,5 @@
-// The values that a `parameter` or a `keyframe` holds, and how numbers become text again.
+// The values that a `parameter` or a `keyframe` of `xmeml` holds, read and written, and how numbers
+// become text.
 #pragma once
 
 #include "core/ticks.h"
@@ -16,7 +17,7 @@ std::string NumberText(double value);
 // The text itself for a factor of exactly 1, so that all its digits stay; else the product.
 std::string ScaledText(std::string_view text, double factor);
 
-// Fractions of the frame: (0, 0) is the centre in `xmeml`, the top left corner in a project.
+// Fractions of the frame: (0, 0) is the center in `xmeml`, the top left corner in a project.
 struct Point {
     double horiz = 0;
     double vert = 0;
@@ -24,42 +25,57 @@ struct Point {
     friend bool operator==(const Point&, const Point&) = default;
 };
 
-// "h:v", the form of a point in a project.
+// The center of the frame in a project.
+inline constexpr Point kFrameCenter{0.5, 0.5};
+
+// "h:v", as projects write points.
 std::string PointText(const Point& point);
 
 // Channels of 0 to 255.
-struct Colour {
+struct Color {
     int red = 0;
     int green = 0;
     int blue = 0;
     int alpha = 0;
 
-    friend bool operator==(const Colour&, const Colour&) = default;
+    friend bool operator==(const Color&, const Color&) = default;
 };
 
 // Opaque, 16 bits a channel, as an unsigned decimal number. Channels are limited to 0 to 255.
-//   PackedColour({255, 255, 255}) == "18374966859414961920"
-std::string PackedColour(const Colour& colour);
+//   PackedColor({255, 255, 255}) == "18374966859414961920"
+std::string PackedColor(const Color& color);
 
-// Text of the child `value`, else the property `value`, which nodes made in memory have.
+// Text of the child `value`, else the property `value`, which generated nodes have.
 std::string_view RawValue(ConstHandle node);
 // The same without blanks at both ends; empty means that there is no value.
-std::string_view PlainValue(ObjectHandle node);
+std::string_view PlainValue(ConstHandle node);
 // The value, else that of the first keyframe that has one (several editors write keyframes only),
 // else `missing`.
-std::string_view StaticValue(ObjectHandle parameter, std::string_view missing);
+std::string_view StaticValue(ConstHandle parameter, std::string_view missing);
 
 // Parts of the child `value`; a missing part is 0.
-Point PointValue(ObjectHandle node);
-Colour ColourValue(ObjectHandle node);
-// Like StaticValue; the centre without any value.
-Point StaticPoint(ObjectHandle parameter);
+Point PointValue(ConstHandle node);
+Color ColorValue(ConstHandle node);
+// Like StaticValue; the center without any value.
+Point StaticPoint(ConstHandle parameter);
 
-bool HasKeyframes(ObjectHandle parameter);
+bool HasKeyframes(ConstHandle parameter);
 // The last `parameter` of that id, null without one.
-ObjectHandle FindParameter(ObjectHandle effect, std::string_view parameterId);
+template <class Handle>
+Handle FindParameter(Handle effect, std::string_view parameterId)
+{
+    Handle found;
+    for (const Handle parameter : effect.GetChildren("parameter"))
+        if (parameter.GetProperty("parameterid") == parameterId)
+            found = parameter;
+    return found;
+}
+
+// Give a `parameter` or a `keyframe` a point or a color as its value.
+void AddPointValue(Document& document, ObjectHandle node, const Point& point);
+void AddColorValue(Document& document, ObjectHandle node, const Color& color);
 
 // Frame length of a `rate` element; false, and *ticks untouched, without a timebase.
-bool RateTicks(ObjectHandle rate, Ticks* ticks);
+bool RateTicks(ConstHandle rate, Ticks* ticks);
 
 } // namespace XPJ

@@ -1,13 +1,15 @@
 #include "effects/video_chain.h"
 
 #include "core/numbers.h"
+#include "effects/basic_3d.h"
+#include "effects/distort.h"
 #include "effects/effect_walk.h"
 #include "effects/motion.h"
-#include "effects/no_op_tests.h"
+#include "effects/neutral_values.h"
 #include "effects/opacity.h"
-#include "effects/parameters.h"
 #include "effects/time_remap.h"
-#include "effects/video_filters.h"
+#include "effects/video_effects.h"
+#include "project/accessors.h"
 
 namespace XPJ {
 
@@ -20,18 +22,18 @@ constexpr int kFirstFilterId = 3;
 // What the filters of an item come to.
 struct ItemEffects {
     const EffectContext& context;
-    ObjectHandle item;
+    ConstHandle item;
     ObjectHandle subClip;
     ObjectHandle opacity = {};
-    ObjectHandle motionSource = {};
-    ObjectHandle distortSource = {};
+    ConstHandle motionSource = {};
+    ConstHandle distortSource = {};
     Components filters = {};
 };
 
-// ---- Intrinsic effects; false when one is not translated
+// ---- Effects that act on more than their own component; false when one is not translated
 
-// The first one stands.
-bool TakeOpacity(ItemEffects& effects, ObjectHandle effect)
+// The first one counts.
+bool TakeOpacity(ItemEffects& effects, ConstHandle effect)
 {
     if (!effects.opacity)
         effects.opacity =
@@ -39,16 +41,16 @@ bool TakeOpacity(ItemEffects& effects, ObjectHandle effect)
     return true;
 }
 
-bool TakeMotion(ItemEffects& effects, ObjectHandle effect)
+bool TakeMotion(ItemEffects& effects, ConstHandle effect)
 {
     effects.motionSource = effect;
     return true;
 }
 
 // Motion has no corners, but it can take an aspect.
-bool TakeDistort(ItemEffects& effects, ObjectHandle effect)
+bool TakeDistort(ItemEffects& effects, ConstHandle effect)
 {
-    if (IsNoOp("deformation", effect))
+    if (IsNeutral(kDistort.params, effect))
         return true;
     if (!IsAspectOnly(effect))
         return false;
@@ -56,18 +58,18 @@ bool TakeDistort(ItemEffects& effects, ObjectHandle effect)
     return true;
 }
 
-// A constant speed stands on the clip already.
-bool TakeSpeed(ItemEffects& effects, ObjectHandle effect)
+// A constant speed is a value of the clip.
+bool TakeSpeed(ItemEffects& effects, ConstHandle effect)
 {
     return !IsVariableSpeed(effect) ||
            AddTimeRemapping(effects.context.document, effect, effects.context.frameTicks,
                             effects.subClip);
 }
 
-void AddBasic3D(const EffectContext& context, ObjectHandle effect, Components& components,
-                ObjectHandle& motionSource)
+void AddBasic3D(const EffectContext& context, ConstHandle effect, Components& components,
+                ConstHandle& motionSource)
 {
-    if (IsNoOp("Basic 3D", effect))
+    if (IsNeutral(kBasic3D.params, effect))
         return;
     const Basic3D basic3D = TranslateBasic3D(context, effect);
     if (basic3D.component)
@@ -76,7 +78,7 @@ void AddBasic3D(const EffectContext& context, ObjectHandle effect, Components& c
         motionSource = effect;
 }
 
-bool TakeBasic3D(ItemEffects& effects, ObjectHandle effect)
+bool TakeBasic3D(ItemEffects& effects, ConstHandle effect)
 {
     AddBasic3D(effects.context, effect, effects.filters, effects.motionSource);
     return true;
@@ -84,29 +86,30 @@ bool TakeBasic3D(ItemEffects& effects, ObjectHandle effect)
 
 constexpr struct {
     std::string_view effectId;
-    bool (*take)(ItemEffects& effects, ObjectHandle effect);
-} kIntrinsics[] = {
-    {"opacity", TakeOpacity}, {"basic", TakeMotion},     {"deformation", TakeDistort},
-    {"timeremap", TakeSpeed}, {"Basic 3D", TakeBasic3D},
+    bool (*take)(ItemEffects& effects, ConstHandle effect);
+} kItemEffects[] = {
+    {kOpacity.xmeml.id, TakeOpacity}, {kMotion.xmeml.id, TakeMotion},
+    {kDistort.xmeml.id, TakeDistort}, {kTimeRemap.xmeml.id, TakeSpeed},
+    {kBasic3D.xmeml.id, TakeBasic3D},
 };
 
-bool TakeEffect(ItemEffects& effects, ObjectHandle effect)
+bool TakeEffect(ItemEffects& effects, ConstHandle effect)
 {
     const std::string_view id = effect.GetProperty("effectid");
-    for (const auto& row : kIntrinsics)
+    for (const auto& row : kItemEffects)
         if (row.effectId == id)
             return row.take(effects, effect);
-    return DispatchFilter(effects.context, effect, effects.filters);
+    return FilterToProject(effects.context, effect, effects.filters);
 }
 
-bool TakeMasterEffect(const EffectContext& context, ObjectHandle effect, Components& components)
+bool TakeMasterEffect(const EffectContext& context, ConstHandle effect, Components& components)
 {
     const std::string_view id = effect.GetProperty("effectid");
-    if (id == "timeremap")
+    if (id == kTimeRemap.xmeml.id)
         return true;
-    if (id != "Basic 3D")
-        return DispatchFilter(context, effect, components);
-    ObjectHandle motionSource;
+    if (id != kBasic3D.xmeml.id)
+        return FilterToProject(context, effect, components);
+    ConstHandle motionSource;
     AddBasic3D(context, effect, components, motionSource);
     return true;
 }
@@ -115,7 +118,7 @@ bool TakeMasterEffect(const EffectContext& context, ObjectHandle effect, Compone
 
 // Calls `take(effect)`; one that gives false is entered as not translated.
 template <typename Take>
-void TakeOne(const EffectContext& context, ObjectHandle effect, const Take& take)
+void TakeOne(const EffectContext& context, ConstHandle effect, const Take& take)
 {
     if (!take(effect))
         context.AddIssue(ImportIssue::EffectNotTranslated, EffectName(effect));
@@ -123,9 +126,9 @@ void TakeOne(const EffectContext& context, ObjectHandle effect, const Take& take
 
 // The same for each effect of a walk.
 template <typename Take>
-void TakeEffects(const EffectContext& context, ObjectHandle owner, const Take& take)
+void TakeEffects(const EffectContext& context, ConstHandle owner, const Take& take)
 {
-    ForEachEffect(owner, [&](ObjectHandle effect) { TakeOne(context, effect, take); });
+    ForEachEffect(owner, [&](ConstHandle effect) { TakeOne(context, effect, take); });
 }
 
 // An item may have a composite mode without an opacity filter.
@@ -165,11 +168,20 @@ void AttachItemEffects(ObjectHandle chain, const ItemEffects& effects, ObjectHan
         component.SetPropertyShared("SequenceID", sequenceId);
 }
 
+// The first component of a match name.
+ConstHandle FindComponent(ConstHandle chain, std::string_view matchName)
+{
+    for (const ConstHandle component : ComponentsOf(chain))
+        if (ComponentMatchName(component) == matchName)
+            return component;
+    return {};
+}
+
 } // namespace
 
-ObjectHandle BuildSequenceChain(const EffectContext& context, ObjectHandle item,
+ObjectHandle BuildSequenceChain(const EffectContext& context, ConstHandle item,
                                 ObjectHandle subClip, std::string_view sequenceId,
-                                ObjectHandle title)
+                                ConstHandle title)
 {
     const ObjectHandle chain = context.document.NewObject("VideoComponentChain");
     chain.SetProperty("SeqID", sequenceId);
@@ -178,7 +190,7 @@ ObjectHandle BuildSequenceChain(const EffectContext& context, ObjectHandle item,
     if (context.frameTicks == 0)
         return chain;
     ItemEffects effects{.context = context, .item = item, .subClip = subClip};
-    const auto take = [&](ObjectHandle effect) { return TakeEffect(effects, effect); };
+    const auto take = [&](ConstHandle effect) { return TakeEffect(effects, effect); };
     if (title)
         TakeOne(context, title, take);
     TakeEffects(context, item, take);
@@ -188,20 +200,32 @@ ObjectHandle BuildSequenceChain(const EffectContext& context, ObjectHandle item,
     return chain;
 }
 
-void AddMasterChainEffects(const EffectContext& context, ObjectHandle owner, ObjectHandle chain)
+void AddMasterChainEffects(const EffectContext& context, ConstHandle owner, ObjectHandle chain)
 {
     Components components;
     TakeEffects(context, owner,
-                [&](ObjectHandle effect) { return TakeMasterEffect(context, effect, components); });
+                [&](ConstHandle effect) { return TakeMasterEffect(context, effect, components); });
     AttachAll(chain, components, IntProperty(chain, "NextComponentID", 1));
 }
 
-void AddMasterChainEffect(const EffectContext& context, ObjectHandle effect, ObjectHandle chain)
+void AddMasterChainEffect(const EffectContext& context, ConstHandle effect, ObjectHandle chain)
 {
     Components components;
     TakeOne(context, effect,
-            [&](ObjectHandle taken) { return TakeMasterEffect(context, taken, components); });
+            [&](ConstHandle taken) { return TakeMasterEffect(context, taken, components); });
     AttachAll(chain, components, IntProperty(chain, "NextComponentID", 1));
+}
+
+void VideoChainToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle item)
+{
+    if (const ConstHandle motion = FindComponent(chain, kMotion.project.match)) {
+        const double stretch = MotionToXmeml(context, motion, item);
+        if (stretch != 1.0)
+            ApplyAspect(context.document, item, AspectOfRatio(stretch));
+    }
+    if (const ConstHandle opacity = FindComponent(chain, kOpacity.project.match))
+        OpacityToXmeml(context, opacity, item);
+    FiltersToXmeml(context, chain, item);
 }
 
 } // namespace XPJ

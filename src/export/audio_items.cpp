@@ -1,8 +1,10 @@
 #include "export/audio_items.h"
 
 #include "core/numbers.h"
+#include "effects/audio_filters.h"
+#include "effects/audio_pan.h"
 #include "export/audio_channels.h"
-#include "export/audio_effects.h"
+#include "export/effects.h"
 #include "export/items.h"
 #include "export/links.h"
 #include "export/master_audio.h"
@@ -106,23 +108,33 @@ void RegisterChannel(ExportContext& context, const TrackPlace& track, const Item
     RegisterLink(context, core, element, track, grouped);
 }
 
+EffectContext EffectsOf(ExportContext& context, const TrackPlace& track, const ItemRecord& record)
+{
+    return EffectContextAt(context,
+                           PlaceOfItem(track, Int64Property(ItemEdges(record.item), "Start"),
+                                       record.subClip.GetProperty("Name")),
+                           context.inTicks ? 1 : record.timing.rate);
+}
+
 void TranslateClipItem(ExportContext& context, TrackPlace& track, ItemRecord& record,
                        const ItemChannel& channel)
 {
     const int contents = ContentCount(record.clip);
+    const EffectContext effects = EffectsOf(context, track, record);
     const ObjectHandle element = context.document.NewObject("clipitem");
     element.SetPropertyShared("velaChannelType", ChannelTypeName(contents));
     if (context.vl2snMode)
         element.SetProperty("channelcount", IntToString(contents));
     WriteItemHead(context, record, element);
     RegisterChannel(context, track, record, contents == 2 && channel.isExploded, element);
-    TranslateGain(context, record, element);
+    GainToXmeml(effects, record.clip, MediumKindOf(record.medium) == MediumKind::BarsAndTone,
+                element);
     ReadClipOptions(context, record, element);
     WriteItemSource(context, track, record, element);
     WriteSourceTrack(context, SourceTrack(context, record, channel.channel), element);
     ApplySubclipOffsets(context, record.boundaries, element);
-    TranslateAudioComponents(context, track, record, element);
-    TranslatePan(context, record, element);
+    AudioChainToXmeml(effects, ChainOfOwner(ItemCore(record.item)), element);
+    PanToXmeml(effects, PanProcessorOf(record.item), element);
     WriteRange(context, record.clip, 1.0, record.timing, element);
     WriteDuration(context, record.clip, record.timing, element);
     if (record.timing.speed != 1.0 || record.timing.reverse)

@@ -2,8 +2,8 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
+#include "effects/audio_fader.h"
 #include "effects/parameters.h"
-#include "export/audio_effects.h"
 #include "export/audio_items.h"
 #include "export/output_channels.h"
 #include "export/tracks.h"
@@ -167,7 +167,7 @@ void TranslateExploded(ExportContext& context, AudioGroup& group, const AudioTra
                      .index = source.index,
                      .number = group.nextNumber++,
                      .track = context.document.NewObject("track")};
-    TranslateTrackVolume(context, source.audioTrack, track.track);
+    FaderToXmeml(context.document, FaderParam(source.audioTrack, "Volume"), track.track);
     WriteTrackState(source.track, IsMutedByFader(source.audioTrack), track.track);
     if (context.vl2snMode)
         WriteHandOffForm(source, track.track);
@@ -251,7 +251,7 @@ ObjectHandle TranslateAudioGroup(ExportContext& context, const SequencePlace& se
     const int outputs = context.vl2snMode ? channels : channels + channels % 2;
     place.outputs = OutputChannels(outputs);
 
-    TranslateTrackVolume(context, masterTrack, place.audio);
+    FaderToXmeml(context.document, FaderParam(masterTrack, "Volume"), place.audio);
     place.audio.SetProperty("numOutputChannels", IntToString(channels));
     place.audio.AddChild(WriteFormat(context, sequence, group));
     place.audio.AddChild(WriteOutputs(context, outputs));

@@ -6,11 +6,10 @@
 #include "core/text.h"
 #include "effects/legacy_title_reader.h"
 #include "export/audio_channels.h"
-#include "export/audio_effects.h"
+#include "export/effects.h"
 #include "export/formats.h"
 #include "export/media.h"
 #include "export/rates.h"
-#include "export/video_effects.h"
 #include "project/accessors.h"
 
 #include <string_view>
@@ -184,8 +183,7 @@ ObjectHandle TranslateFile(ExportContext& context, const FileSource& source)
     file.AddChild(WriteRate(context, rate, context.vl2snMode && !source.picture));
     const int timecodeFormat = IntProperty(LoggingInfoOf(source.masterClip), "TimecodeFormat");
     file.AddChild(WriteTimecode(context, StartOfMedium(source), rate, timecodeFormat));
-    TranslateVideoComponents(context, {.clipName = source.masterClip.GetProperty("Name")},
-                             VideoChainOfMaster(source.masterClip), rate, file);
+    TranslateMasterEffects(context, source.masterClip, rate, file);
     return file;
 }
 

@@ -1,8 +1,8 @@
 #include "export/items.h"
 
 #include "core/text.h"
+#include "effects/color_matte.h"
 #include "export/clip_notes.h"
-#include "export/color_matte.h"
 #include "export/files.h"
 #include "export/formats.h"
 #include "export/links.h"
@@ -75,7 +75,7 @@ void TranslateMatte(ExportContext& context, TrackPlace& track, ItemRecord& recor
     const ObjectHandle element = context.document.NewObject("generatoritem");
     WriteItemHead(context, record, element);
     RegisterLink(context, ItemCore(record.item), element, track);
-    element.AddChild(ColorMatteEffect(context, record.medium));
+    element.AddChild(ColorMatteEffect(context.document, record.medium));
     ReadSpeed(context, record.clip, record.timing);
     WriteRange(context, record.clip, record.timing.speed, record.timing, element);
     WriteDuration(context, record.clip, record.timing, element);

@@ -54,12 +54,12 @@ std::vector<Effect> ReadProjectEffects(ConstHandle trackItem)
 {
     std::vector<Effect> effects;
     for (const ConstHandle& component : ComponentsOf(ChainOfOwner(ItemCore(trackItem))))
-        if (Effect effect = ReadComponent(component); !IsAtRest(effect))
+        if (Effect effect = ReadComponent(component); !IsNeutral(effect))
             effects.push_back(std::move(effect));
     Effect pan{.name = "Pan"};
     for (const ConstHandle& param : ParamsOf(PanProcessorOf(trackItem)))
         pan.parameters.push_back(ReadParameter(param));
-    if (!IsAtRest(pan))
+    if (!IsNeutral(pan))
         effects.push_back(std::move(pan));
     return effects;
 }

@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::string_view kTextParameter = "1";
 
-std::string ColorText(const Colour& color)
+std::string ColorText(const Color& color)
 {
     return fmt::format("#{:02x}{:02x}{:02x}", std::clamp(color.red, 0, 255),
                        std::clamp(color.green, 0, 255), std::clamp(color.blue, 0, 255));

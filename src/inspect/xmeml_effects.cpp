@@ -69,7 +69,7 @@ std::vector<Effect> ReadXmemlEffects(ObjectHandle item, Ticks frameTicks)
         Effect read = ReadEffect(effect, frameTicks);
         if (EqualsIgnoreCase(filter.GetProperty("enabled"), "FALSE"))
             read.enabled = false;
-        if (!IsAtRest(read))
+        if (!IsNeutral(read))
             effects.push_back(std::move(read));
     }
     return effects;

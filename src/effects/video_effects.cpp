@@ -1,0 +1,247 @@
+#include "effects/video_effects.h"
+
+#include "effects/basic_3d.h"
+#include "effects/color_corrector.h"
+#include "effects/crop.h"
+#include "effects/distort.h"
+#include "effects/flips.h"
+#include "effects/graphic_effects.h"
+#include "effects/kept_params.h"
+#include "effects/keys_and_blur.h"
+#include "effects/look_effect.h"
+#include "effects/motion.h"
+#include "effects/neutral_values.h"
+#include "effects/opacity.h"
+#include "effects/time_remap.h"
+#include "project/accessors.h"
+
+#include <algorithm>
+
+namespace XPJ {
+
+namespace {
+
+using K = ParamKind;
+
+// clang-format off
+constexpr int kPopUp = 7;
+constexpr ParamRow kGaussianBlurParams[] = {
+    // kind      name               value  lower upper     xmeml
+    {1, K::Slider, "Blurriness",      "1.0", "0.", "30000.", {"radius", "Radius", "0", "100"}},
+    {2, K::Choice, "Blur Dimensions", "0",   "0",  "2",      {}, kPopUp},
+    XmemlOnly({.id = "channel", .name = "Channel", .value = "1"}), // all alike, as projects blur
+};
+
+constexpr ParamRow kLumaKeyParams[] = {
+    // The mode in which the key takes a threshold and a tolerance.
+    XmemlOnly({"keymode", "Key Mode", "1", "4", "4"}),
+    {1, K::Scalar, "Threshold", "0.", "0.", "100.", {"threshold", "Threshold", "-100", "100"}, 0, true, LumaThreshold},
+    {2, K::Scalar, "Cutoff",    "0.", "0.", "100.", {"tolerance", "Tolerance", "0", "100"}},
+};
+
+constexpr ParamRow kLookParams[] = {
+    {.id = 1, .name = "File Path", .xmeml = {.id = "path"}, .animates = false},
+};
+
+constexpr ParamRow kCropParams[] = {
+    {1, K::Scalar,   "Left",   "0.", "0.", "100.", {"left",   "Left",   "0", "100", "", "0"}},
+    {2, K::Scalar,   "Top",    "0.", "0.", "100.", {"top",    "Top",    "0", "100", "", "0"}},
+    {3, K::Scalar,   "Right",  "0.", "0.", "100.", {"right",  "Right",  "0", "100", "", "0"}},
+    {4, K::Scalar,   "Bottom", "0.", "0.", "100.", {"bottom", "Bottom", "0", "100", "", "0"}},
+    {5, K::CheckBox, " ",      "false"},
+    XmemlOnly({.id = "edgefeather", .neutral = "0"}),
+};
+
+constexpr ParamRow kFourPointMatteParams[] = {
+    {1, K::Point, "Top Left",     "", "", "", {"p0", "Point 1"}},
+    {2, K::Point, "Top Right",    "", "", "", {"p1", "Point 2"}},
+    {3, K::Point, "Bottom Right", "", "", "", {"p2", "Point 3"}},
+    {4, K::Point, "Bottom Left",  "", "", "", {"p3", "Point 4"}},
+};
+
+constexpr ParamRow kEightPointMatteParams[] = {
+    {1, K::Point, "Top Left Vertex",       "", "", "", {"p0", "Point 1"}},
+    {2, K::Point, "Top Center Tangent",    "", "", "", {"p1", "Point 2"}},
+    {3, K::Point, "Right Top Vertex",      "", "", "", {"p2", "Point 3"}},
+    {4, K::Point, "Right Center Tangent",  "", "", "", {"p3", "Point 4"}},
+    {5, K::Point, "Bottom Right Vertex",   "", "", "", {"p4", "Point 5"}},
+    {6, K::Point, "Bottom Center Tangent", "", "", "", {"p5", "Point 6"}},
+    {7, K::Point, "Left Bottom Vertex",    "", "", "", {"p6", "Point 7"}},
+    {8, K::Point, "Left Center Tangent",   "", "", "", {"p7", "Point 8"}},
+};
+
+constexpr ParamRow kMotionBlurParams[] = {
+    XmemlOnly({.id = "duration", .neutral = "500"}),
+    XmemlOnly({.id = "samples",  .neutral = "4"}),
+};
+
+constexpr ParamRow kDropShadowParams[] = {
+    XmemlOnly({.id = "offset",   .neutral = "10 2"}),
+    XmemlOnly({.id = "angle",    .neutral = "135"}),
+    XmemlOnly({.id = "color",    .neutral = "0:0:0:0"}, K::Color),
+    XmemlOnly({.id = "softness", .neutral = "10"}),
+    XmemlOnly({.id = "opacity",  .neutral = "50"}),
+};
+
+constexpr ParamRow kFlopParams[] = {
+    {.name = "Flop", .xmeml = {.id = "flop"}, .animates = false},
+};
+// clang-format on
+
+using enum Outcome;
+
+// Ids as documents spell them; a title, a shape or a look carries a user's name over its id.
+constexpr EffectRow kVideoEffects[] = {
+    kOpacity,
+    kMotion,
+    kDistort,
+    kTimeRemap,
+    kBasic3D,
+    {.xmeml = {"Gaussian Blur", "Gaussian Blur", "Blur", "motion"},
+     .project = {"KX.ORRN Gaussian Blur 2", "Gaussian Blur"},
+     .note = "when it blurs all channels, else dropped",
+     .params = kGaussianBlurParams,
+     .toProject = GaussianBlurToProject},
+    {.xmeml = {"Color Corrector 3-way", "Color Corrector 3-way", "Color Correction"},
+     .project = {"KX.ORRN Three-Way Color Corrector", "Three-Way Color Corrector"},
+     .outcome = Approximated,
+     .note = "listed in the report; limits, edges and keyframes are lost",
+     .params = kColorCorrectorParams,
+     .toProject = ColorCorrectorToProject,
+     .toXmeml = ColorCorrectorToXmeml,
+     .exported = Exported::WithIssue},
+    {.xmeml = {"Luma Key", "Luma Key", "Key"},
+     .project = {"KX.ORRN Legacy Key Luma", "Luma Key"},
+     .outcome = Approximated,
+     .note = "key mode and softness are lost",
+     .params = kLumaKeyParams},
+    {.xmeml = {.id = "Gradiva"},
+     .project = {"KX.ORRN Gradiva", "Gradiva"},
+     .note = "the look file or lookup table goes into the project; dropped when it can't be opened",
+     .params = kLookParams,
+     .toProject = LookToProject,
+     .toXmeml = LookToXmeml},
+    kGraphicText,
+    kGraphicShape,
+    {.xmeml = {.id = "Transform"},
+     .project = {"KX.ORRN Geometry", "Transform"},
+     .toProject = TransformToProject,
+     .toXmeml = TransformToXmeml,
+     .exported = Exported::BehindSetting,
+     .keepsParams = true},
+    {.xmeml = {"crop", "Crop", "motion", "motion"},
+     .project = {"KX.ORRN AECrop", "Crop"},
+     .name = "Crop",
+     .outcome = Approximated,
+     .note = "edge feather is lost",
+     .params = kCropParams,
+     .toProject = CropToProject,
+     .toXmeml = CropToXmeml},
+    {.xmeml = {"Four-Point Garbage Matte", "Four-Point Garbage Matte", "Matte"},
+     .project = {"KX.ORRN Garbage Matte", "Four-Point Garbage Matte"},
+     .note = "smoothing, choking and feather are lost",
+     .params = kFourPointMatteParams},
+    {.xmeml = {"Eight-Point Garbage Matte", "Eight-Point Garbage Matte", "Matte"},
+     .project = {"KX.ORRN Garbage Matte 8", "Eight-Point Garbage Matte"},
+     .note = "smoothing, choking and feather are lost",
+     .params = kEightPointMatteParams},
+    {.xmeml = {.id = "motionblur"},
+     .outcome = Dropped,
+     .note = "without a finding at its defaults",
+     .params = kMotionBlurParams,
+     .toProject = DropNeutral,
+     .toXmeml = nullptr},
+    {.xmeml = {.id = "dropshadow"},
+     .outcome = Dropped,
+     .note = "without a finding at its defaults",
+     .params = kDropShadowParams,
+     .toProject = DropNeutral,
+     .toXmeml = nullptr},
+    {.xmeml = {.id = "Flop"},
+     .project = kHorizontalFlip,
+     .name = "Flop",
+     .note = "becomes one flip or two",
+     .params = kFlopParams,
+     .toProject = FlopToProject,
+     .toXmeml = nullptr},
+    {.project = kVerticalFlip, .name = "Flop", .toProject = nullptr, .toXmeml = nullptr},
+};
+
+const EffectRow* FindById(std::string_view effectId)
+{
+    if (effectId.empty())
+        return nullptr;
+    const auto* const row = std::ranges::find(
+        kVideoEffects, effectId, [](const EffectRow& effect) { return effect.xmeml.id; });
+    return row == std::end(kVideoEffects) ? nullptr : row;
+}
+
+// The row by which a component is written; null for one that documents do not have.
+const EffectRow* FindWritten(const EffectContext& context, std::string_view matchName)
+{
+    if (matchName.empty())
+        return nullptr;
+    for (const EffectRow& row : kVideoEffects)
+        if (row.project.match == matchName)
+            return !row.toXmeml || (row.exported == Exported::BehindSetting &&
+                                    !context.exportTransformEffect)
+                       ? nullptr
+                       : &row;
+    return nullptr;
+}
+
+std::string_view DisplayName(ConstHandle component)
+{
+    const ConstHandle core = ComponentCore(component);
+    return core.HasProperty("DisplayName") ? core.GetProperty("DisplayName")
+                                           : ComponentMatchName(component);
+}
+
+void ReportUnknown(const EffectContext& context, ConstHandle component)
+{
+    if (context.place.trackKind != kNoTrack) {
+        context.AddIssue(ExportIssue::EffectNotTranslated, DisplayName(component));
+        return;
+    }
+    EffectContext ofFile = context;
+    ofFile.place.trackKind = 1;
+    ofFile.AddIssue(ExportIssue::EffectNotTranslatedHeadless, DisplayName(component));
+}
+
+void ComponentToXmeml(const EffectContext& context, ConstHandle component, ObjectHandle element)
+{
+    const EffectRow* const row = FindWritten(context, ComponentMatchName(component));
+    if (!row)
+        return ReportUnknown(context, component);
+    const ObjectHandle effect = AddEmptyFilter(context.document, element);
+    row->toXmeml(context, *row, component, effect);
+    WriteSwitches(component, effect);
+    if (row->exported == Exported::WithIssue)
+        context.AddIssue(ExportIssue::ThreeWayApproximation, DisplayName(component));
+}
+
+} // namespace
+
+std::span<const EffectRow> VideoEffects()
+{
+    return kVideoEffects;
+}
+
+bool FilterToProject(const EffectContext& context, ConstHandle effect, Components& components)
+{
+    const EffectRow* row = FindById(effect.GetProperty("effectid"));
+    if (!row || !row->toProject)
+        row = FindById(effect.GetProperty("name"));
+    return row && row->toProject && row->toProject(context, *row, effect, components);
+}
+
+void FiltersToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle element)
+{
+    for (const ConstHandle component : ComponentsOf(chain)) {
+        const std::string_view matchName = ComponentMatchName(component);
+        if (matchName != kMotion.project.match && matchName != kOpacity.project.match)
+            ComponentToXmeml(context, component, element);
+    }
+}
+
+} // namespace XPJ

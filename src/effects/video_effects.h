@@ -1,0 +1,25 @@
+// The video effects that the converter knows, a row each, and the translation of those that are
+// filters.
+#pragma once
+
+#include "effects/effect_row.h"
+#include "tree/object.h"
+
+#include <span>
+#include <string_view>
+
+namespace XPJ {
+
+// In the order of the list of effects.
+std::span<const EffectRow> VideoEffects();
+
+// Appends the components that a filter becomes. Effects are found by their `effectid`, else by
+// their `name`, which may be an id. False for one that is not translated.
+bool FilterToProject(const EffectContext& context, ConstHandle effect, Components& components);
+
+// Puts a `filter` on `element` for every component that documents have a counterpart for, and
+// reports the others. Motion and Opacity, which only items have, are not among them. The location
+// of the context has no track for the effects of a file.
+void FiltersToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle element);
+
+} // namespace XPJ
