@@ -5,7 +5,6 @@
 #include "effects/keyframes.h"
 #include "effects/parameters.h"
 #include "effects/values.h"
-#include "export/audio_tracks.h"
 #include "export/audio_values.h"
 #include "export/effect_parts.h"
 #include "export/rates.h"
@@ -82,7 +81,7 @@ constexpr AudioEffectRow kAudioEffects[] = {
 
 const AudioEffectRow* FindRow(const ExportContext& context, std::string_view matchName)
 {
-    const Form form = context.vl2snMode ? Form::HandOff : Form::Plain;
+    const Form form = context.IsHandOff() ? Form::HandOff : Form::Plain;
     for (const AudioEffectRow& row : kAudioEffects)
         if (matchName.starts_with(row.start) && (row.form == Form::Any || row.form == form))
             return &row;
@@ -95,10 +94,10 @@ struct SoundRates {
     double sampleRate = 48000;
 };
 
-SoundRates RatesOf(const ExportContext& context, const ItemRecord& record, ConstHandle chain)
+SoundRates RatesOf(const ItemRecord& record, ConstHandle chain)
 {
     SoundRates rates;
-    if (!context.inTicks)
+    if (record.timing.unit == TimeUnit::Frames)
         rates.frameTicks = record.timing.rate;
     if (const Ticks sample = Int64Property(chain, "FrameRate"); IsRate(sample))
         rates.sampleRate = static_cast<double>(DivTicks(kTicksPerSecond, sample));
@@ -166,22 +165,22 @@ void TranslateGain(ExportContext& context, const ItemRecord& record, ObjectHandl
     const ObjectHandle effect = AddAudioFilter(context.document, element);
     double gain = DoubleProperty(record.clip, "Gain");
     if (gain == 1.0) {
-        if (MediumKindOf(record.medium) != MediumKind::BarsAndTone)
+        if (MediaKindOf(record.media) != MediaKind::BarsAndTone)
             return;
         gain = kGainOfBarsAndTone;
     }
-    WriteEffectHead(context.vl2snMode ? kLevels : kGain, effect);
-    if (context.vl2snMode)
+    WriteEffectHead(context.IsHandOff() ? kLevels : kGain, effect);
+    if (context.IsHandOff())
         AddNumber(context.document, kLevelForm, LevelOfVolume(gain), effect);
     else
         AddNumber(context.document, kGainForm, DecibelsOfGain(gain), effect);
 }
 
-void TranslateAudioComponents(ExportContext& context, const TrackPlace& track,
+void TranslateAudioComponents(ExportContext& context, const TrackContext& track,
                               const ItemRecord& record, ObjectHandle element)
 {
     const ConstHandle chain = ChainOfOwner(ItemCore(record.item));
-    const SoundRates rates = RatesOf(context, record, chain);
+    const SoundRates rates = RatesOf(record, chain);
     for (const ConstHandle component : ComponentsOf(chain)) {
         const std::string_view matchName = ComponentMatchName(component);
         if (const AudioEffectRow* const row = FindRow(context, matchName))
@@ -211,7 +210,7 @@ void TranslatePan(ExportContext& context, const ItemRecord& record, ObjectHandle
     for (const auto& [key, newKey] : kCarried)
         CopyProperty(param, key, element, newKey);
     if (!StartText(param).empty())
-        TranslateParam(context, kRow, RatesOf(context, record, {}), param,
+        TranslateParam(context, kRow, RatesOf(record, {}), param,
                        AddFilter(context.document, kPan, element));
 }
 
@@ -225,7 +224,7 @@ void TranslateTrackVolume(ExportContext& context, ConstHandle audioTrack, Object
     AddNumber(context.document, kLevelForm, LevelOfFader(volume), effect);
 }
 
-void ReportMasterAudioEffects(ExportContext& context, ConstHandle masterClip)
+void ReportMasterAudioEffects(ExportContext& context, MasterClip masterClip)
 {
     for (const ConstHandle component : ComponentsOf(AudioChainOfMaster(masterClip)))
         if (const std::string_view matchName = ComponentMatchName(component);

@@ -11,7 +11,7 @@ void TranslateGain(ExportContext& context, const ItemRecord& record, ObjectHandl
 
 // The components of a sound item in the order of its chain. What documents have no word for is
 // reported.
-void TranslateAudioComponents(ExportContext& context, const TrackPlace& track,
+void TranslateAudioComponents(ExportContext& context, const TrackContext& track,
                               const ItemRecord& record, ObjectHandle element);
 
 // The pan of a sound item: a `filter`, and the project's own words as attributes.
@@ -22,6 +22,6 @@ void TranslateTrackVolume(ExportContext& context, ConstHandle audioTrack, Object
 
 // Reports the effects of a master's sound that documents have no word for. A `file` has no place
 // for any effect of its sound.
-void ReportMasterAudioEffects(ExportContext& context, ConstHandle masterClip);
+void ReportMasterAudioEffects(ExportContext& context, MasterClip masterClip);
 
 } // namespace XPJ::RVX

@@ -46,9 +46,9 @@ Colour MatteColour(std::string_view importerPrefs)
     return {.red = bytes[0], .green = bytes[1], .blue = bytes[2], .alpha = bytes[3]};
 }
 
-ObjectHandle ColorMatteEffect(ExportContext& context, ConstHandle medium)
+ObjectHandle ColorMatteEffect(ExportContext& context, Media media)
 {
-    const Colour colour = MatteColour(medium.GetProperty("ImporterPrefs"));
+    const Colour colour = MatteColour(media.GetProperty("ImporterPrefs"));
     const ObjectHandle effect = context.document.NewObject("effect");
     effect.SetPropertyShared("name", "Color");
     effect.SetPropertyShared("effectid", "Color");

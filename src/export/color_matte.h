@@ -14,6 +14,6 @@ namespace XPJ::RVX {
 Colour MatteColour(std::string_view importerPrefs);
 
 // The `effect` that makes a `generatoritem` the matte of a medium.
-ObjectHandle ColorMatteEffect(ExportContext& context, ConstHandle medium);
+ObjectHandle ColorMatteEffect(ExportContext& context, Media media);
 
 } // namespace XPJ::RVX

@@ -11,7 +11,7 @@ namespace XPJ::RVX {
 
 namespace {
 
-// What a kind of transition has beyond name and codes.
+// What a transition has beyond name and codes.
 enum class Parameters { None, DipToWhite, DipToBlack, Wipe };
 
 struct TransitionRow {
@@ -24,7 +24,7 @@ struct TransitionRow {
     bool handOffOnly = false;
 };
 
-// The last row stands for any other match name, with a finding.
+// The last row is for any other match name, with an issue.
 constexpr TransitionRow kVideoTransitions[] = {
     {"ORRN Cross Dissolve", "Cross Dissolve", "Cross Dissolve", "Dissolve"},
     {"KX.ORRN Cross Dissolve New", "Cross Dissolve", "Cross Dissolve", "Dissolve"},
@@ -142,7 +142,7 @@ void AddParameters(Document& document, const TransitionRow& row, ConstHandle tra
     }
 }
 
-// Projects leave out the two percents of a transition that runs from start to end.
+// Projects skip the two percents of a transition that runs from start to end.
 void WriteVideoRun(ConstHandle transition, ObjectHandle effect)
 {
     effect.SetPropertyShared("reverse", IsTrue(transition, "Reverse") ? "TRUE" : "FALSE");
@@ -181,8 +181,7 @@ ObjectHandle TranslateEffect(ExportContext& context, const TransitionRow& row, M
 
 } // namespace
 
-// The form at hand is that of the track's times: frames for picture, the document's for sound.
-void TranslateTransition(ExportContext& context, TrackPlace& track, ConstHandle transition)
+void TranslateTransition(ExportContext& context, TrackContext& track, ConstHandle transition)
 {
     const ConstHandle core = TransitionCore(transition);
     if (!core)
@@ -190,20 +189,20 @@ void TranslateTransition(ExportContext& context, TrackPlace& track, ConstHandle 
     const ConstHandle edges = TransitionEdges(transition);
     const Ticks start = Int64Property(edges, "Start");
     const Ticks rate = track.sequence.frameTicks;
-    const bool isVideo = track.kind == MediaType::Video;
+    const bool isVideo = track.type == MediaType::Video;
 
     const ObjectHandle result = context.document.NewObject("transitionitem");
-    result.AddChild(WriteRate(context, rate, context.inTicks));
-    result.SetProperty("start", TimeText(context, start, rate));
-    result.SetProperty("end", TimeText(context, Int64Property(edges, "End"), rate));
+    result.AddChild(WriteRate(context.document, rate, track.unit));
+    result.SetProperty("start", TimeText(track.unit, start, rate));
+    result.SetProperty("end", TimeText(track.unit, Int64Property(edges, "End"), rate));
     result.SetPropertyShared("alignment", TransitionAlignment(transition));
     if (HasValue(core, "Alignment"))
         result.SetProperty("cutPointTicks", TickText(Int64Property(core, "Alignment")));
 
     const std::string_view matchName = core.GetProperty("MatchName");
-    const TransitionRow& row = isVideo ? RowOf(kVideoTransitions, matchName, context.vl2snMode)
-                                       : RowOf(kAudioTransitions, matchName, context.vl2snMode);
-    result.AddChild(TranslateEffect(context, row, track.kind, transition));
+    const TransitionRow& row = isVideo ? RowOf(kVideoTransitions, matchName, context.IsHandOff())
+                                       : RowOf(kAudioTransitions, matchName, context.IsHandOff());
+    result.AddChild(TranslateEffect(context, row, track.type, transition));
     if (IsOther(row))
         AddItemIssue(context, track, start,
                      isVideo ? ExportIssue::CrossDissolveTransitionNotTranslated

@@ -43,8 +43,9 @@ const EffectRow* FindRow(const ExportContext& context, std::string_view matchNam
 {
     for (const EffectRow& row : kEffects)
         if (row.matchName == matchName)
-            return row.rule == Rule::BehindSetting && !context.exportTransformEffect ? nullptr
-                                                                                     : &row;
+            return row.rule == Rule::BehindSetting && !context.options.exportTransformEffect
+                       ? nullptr
+                       : &row;
     return nullptr;
 }
 

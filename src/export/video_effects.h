@@ -13,8 +13,8 @@ inline constexpr std::string_view kOpacityMatch = "KX.ORRN Opacity";
 
 // Whose effects are written, for the findings.
 struct EffectOwner {
-    const TrackPlace* track = nullptr; // null: the effects are those of a file
-    Ticks start = 0;                   // of the item in its sequence
+    const TrackContext* track = nullptr; // null: the effects are those of a file
+    Ticks start = 0;                     // of the item in its sequence
     std::string_view clipName = {};
 };
 

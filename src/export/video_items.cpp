@@ -1,7 +1,9 @@
 #include "export/video_items.h"
 
 #include "export/aspect.h"
+#include "export/color_matte.h"
 #include "export/formats.h"
+#include "export/item_source.h"
 #include "export/motion.h"
 #include "export/opacity.h"
 #include "export/time_remap.h"
@@ -14,24 +16,13 @@ namespace XPJ::RVX {
 
 namespace {
 
-FrameSize FrameOfSequence(ExportContext& context, ConstHandle sequence)
+// The frame of what an item shows; nothing for an item without video.
+std::optional<FrameSize> FrameOfItem(SequenceCatalog& sequences, const ItemRecord& record)
 {
-    const auto [entry, isNew] = context.sequenceFrames.try_emplace(sequence.UniqueId());
-    if (isNew) {
-        const ConstHandle group = GroupOfKind(sequence, MediaType::Video);
-        entry->second =
-            ParseFrameSize(group.GetProperty("FrameRect"), group.GetProperty("PixelAspectRatio"));
-    }
-    return entry->second;
-}
-
-// The frame of what an item shows; nothing for an item without a picture.
-std::optional<FrameSize> FrameOfItem(ExportContext& context, const ItemRecord& record)
-{
-    if (const ConstHandle stream = VideoStreamOf(record.medium))
+    if (const ConstHandle stream = VideoStreamOf(record.media))
         return ParseFrameSize(stream.GetProperty("FrameRect"), PixelAspectOf(stream));
     if (record.sequence)
-        return FrameOfSequence(context, record.sequence);
+        return sequences.FrameOf(record.sequence);
     return std::nullopt;
 }
 
@@ -54,13 +45,6 @@ ConstHandle FindComponent(ConstHandle chain, std::string_view matchName)
     return {};
 }
 
-EffectOwner OwnerOf(const TrackPlace& track, const ItemRecord& record)
-{
-    return {.track = &track,
-            .start = Int64Property(ItemEdges(record.item), "Start"),
-            .clipName = record.subClip.GetProperty("Name")};
-}
-
 void ExportCompositeMode(ExportContext& context, const EffectOwner& owner,
                          const EffectSource& opacity, ObjectHandle element)
 {
@@ -73,18 +57,51 @@ void ExportCompositeMode(ExportContext& context, const EffectOwner& owner,
                      owner.clipName);
 }
 
-} // namespace
+// An item of a video track that is being written.
+struct VideoItem {
+    ExportContext& context;
+    Catalogs& catalogs;
+    TrackContext& track;
+    ItemRecord record;
+    ObjectHandle element;
 
-void ExportVideoEffects(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
-                        ObjectHandle element)
+    NestedSequence TranslateClip();
+    void TranslateMatte();
+    void AddLink(std::string_view source);
+    void WriteTimes();
+    void WriteEffects();
+    void WriteSpeed();
+    void WriteAspectCompensation();
+};
+
+void VideoItem::AddLink(std::string_view source)
+{
+    catalogs.links.Add(context.document, record.item,
+                       {.element = element,
+                        .id = record.id,
+                        .type = MediaType::Video,
+                        .track = track.number,
+                        .position = track.NextPosition()},
+                       source);
+}
+
+void VideoItem::WriteTimes()
+{
+    WriteRange(record.clip, record.timing.speed, record.timing, element);
+    WriteDuration(record.clip, record.timing, element);
+}
+
+// Motion, opacity and the other effects, in the order of the document.
+void VideoItem::WriteEffects()
 {
     const ConstHandle chain = ChainOfOwner(ItemCore(record.item));
-    const EffectOwner owner = OwnerOf(track, record);
+    const EffectOwner owner{
+        .track = &track, .start = record.Start(), .clipName = record.subClip.GetProperty("Name")};
     const Ticks frameTicks = record.timing.rate;
     if (const ConstHandle motion = FindComponent(chain, kMotionMatch))
         ExportMotion({context.document, motion, frameTicks},
-                     FactorsOf(FrameOfSequence(context, track.sequence.sequence),
-                               FrameOfItem(context, record).value_or(FrameSize())),
+                     FactorsOf(catalogs.sequences.FrameOf(track.sequence.sequence),
+                               FrameOfItem(catalogs.sequences, record).value_or(FrameSize())),
                      element);
     if (const ConstHandle component = FindComponent(chain, kOpacityMatch)) {
         const EffectSource opacity{context.document, component, frameTicks};
@@ -94,22 +111,69 @@ void ExportVideoEffects(ExportContext& context, const TrackPlace& track, const I
     TranslateVideoComponents(context, owner, chain, frameTicks, element);
 }
 
-void ExportSpeed(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
-                 ObjectHandle element)
+// The Time Remap of an item that doesn't play its source plainly.
+void VideoItem::WriteSpeed()
 {
-    const bool isVideo = track.kind == MediaType::Video;
-    ExportTimeRemap(context.document, record.timing,
-                    isVideo ? SpeedKeyframesOf(record.clip) : std::string_view(), track.kind,
-                    element);
+    const ItemTiming& timing = record.timing;
+    if (HasTimeRemapping(record.clip) || timing.ratio != 1.0 || timing.reverse || timing.frameBlend)
+        ExportTimeRemap(context.document, timing, SpeedKeyframesOf(record.clip), MediaType::Video,
+                        element);
 }
 
-void ExportAspectCompensation(ExportContext& context, const TrackPlace& track,
-                              const ItemRecord& record, ObjectHandle element)
+// The stretch between the pixel aspects of an item and its sequence.
+void VideoItem::WriteAspectCompensation()
 {
-    if (const std::optional<FrameSize> frame = FrameOfItem(context, record))
+    if (const std::optional<FrameSize> frame = FrameOfItem(catalogs.sequences, record))
         CompensatePixelAspect(context.document, frame->pixelAspect,
-                              FrameOfSequence(context, track.sequence.sequence).pixelAspect,
+                              catalogs.sequences.FrameOf(track.sequence.sequence).pixelAspect,
                               element);
+}
+
+NestedSequence VideoItem::TranslateClip()
+{
+    element = context.document.NewObject("clipitem");
+    WriteItemHead(context, catalogs.masters, record, element);
+    const ItemSource source = WriteItemSource(context, catalogs, track, record, element);
+    AddLink(source.linkKey);
+    WriteAlpha(VideoStreamOf(record.media), element);
+    WriteSubclipOffsets(context.document, record.boundaries, record.timing.rate, element);
+    WriteClipOptions(context.document, record, element);
+    WriteTimes();
+    WriteEffects();
+    WriteSpeed();
+    WriteAspectCompensation();
+    track.Add(element);
+    return source.nested;
+}
+
+// A generator is described by its one effect: it has no room for filters, markers or notes.
+void VideoItem::TranslateMatte()
+{
+    element = context.document.NewObject("generatoritem");
+    WriteItemHead(context, catalogs.masters, record, element);
+    AddLink(record.masterClipId);
+    element.AddChild(ColorMatteEffect(context, record.media));
+    ReadSpeed(record.clip, record.timing);
+    WriteTimes();
+    track.Add(element);
+}
+
+} // namespace
+
+NestedSequence TranslateVideoItem(ExportContext& context, Catalogs& catalogs, TrackContext& track,
+                                  TrackItem item)
+{
+    VideoItem clip{context, catalogs, track, ReadItem(catalogs.masters, track, item), {}};
+    if (!clip.record.subClip || ShowsCaptions(clip.record.media))
+        return {};
+    TranslateHeadTransition(context, track, item);
+    NestedSequence nested;
+    if (MediaKindOf(clip.record.media) == MediaKind::ColorMatte)
+        clip.TranslateMatte();
+    else
+        nested = clip.TranslateClip();
+    TranslateTailTransition(context, track, item);
+    return nested;
 }
 
 } // namespace XPJ::RVX
