@@ -1,16 +1,19 @@
 #include "export/audio_channels.h"
 
 #include "core/numbers.h"
-#include "project/accessors.h"
+#include "core/text.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <set>
+
+#include <nlohmann/json.hpp>
 
 namespace XPJ::RVX {
 
 namespace {
 
-constexpr int kMono = 0;
 constexpr int kStereoPairs = 6;
 constexpr int kAdaptive = 7;
 
@@ -19,21 +22,21 @@ constexpr int kAdaptiveVector = 3;
 
 // No file has more. A damaged project may name the same channels any number of times, and every one
 // would become a track whose item links to all the others.
-constexpr int kMaxChannels = 64;
+constexpr int kMaxMasterChannels = 64;
 constexpr int kMaxChannelsRead = 4096;
 
-struct UsedChannels {
+struct MasterChannels {
     int count = 0;
     std::set<std::string_view> sourceClips;
 };
 
-UsedChannels CountChannels(ConstHandle masterClip)
+MasterChannels CountChannels(MasterClip masterClip)
 {
-    UsedChannels used;
+    MasterChannels used;
     int read = 0;
     for (const ConstHandle vector : ChannelVectorsOf(masterClip)) {
         for (const ConstHandle channel : ChannelsOfVector(vector)) {
-            if (used.count == kMaxChannels || ++read > kMaxChannelsRead)
+            if (used.count == kMaxMasterChannels || ++read > kMaxChannelsRead)
                 return used;
             const std::string_view sourceClip = channel.GetProperty("SourceClipIndex");
             if (IsNoIndex(sourceClip) || IsNoIndex(channel.GetProperty("mSourceChannelIndex")))
@@ -45,13 +48,75 @@ UsedChannels CountChannels(ConstHandle masterClip)
     return used;
 }
 
-int TypeOfFirstVector(ConstHandle masterClip)
+int TypeOfFirstVector(MasterClip masterClip)
 {
     for (const ConstHandle vector : ChannelVectorsOf(masterClip)) {
         const int type = IntProperty(vector, "ChannelType");
         return type == kAdaptiveVector ? kAdaptive : type;
     }
-    return kMono;
+    return kMonoLayout;
+}
+
+bool IsUsed(ConstHandle content)
+{
+    return !IsNoIndex(content.GetProperty("ChannelIndex"));
+}
+
+using Json = nlohmann::json;
+
+// Far above any interface; larger numbers are the project's ways to say that there is none.
+constexpr std::int64_t kMaxOutput = 1024;
+
+constexpr std::array<Name, 24> kAssignedChannels = {
+    "AssignedChannel0",  "AssignedChannel1",  "AssignedChannel2",  "AssignedChannel3",
+    "AssignedChannel4",  "AssignedChannel5",  "AssignedChannel6",  "AssignedChannel7",
+    "AssignedChannel8",  "AssignedChannel9",  "AssignedChannel10", "AssignedChannel11",
+    "AssignedChannel12", "AssignedChannel13", "AssignedChannel14", "AssignedChannel15",
+    "AssignedChannel16", "AssignedChannel17", "AssignedChannel18", "AssignedChannel19",
+    "AssignedChannel20", "AssignedChannel21", "AssignedChannel22", "AssignedChannel23",
+};
+
+int OutputOr(std::int64_t output, int missing)
+{
+    return output >= 0 && output < kMaxOutput ? static_cast<int>(output) : missing;
+}
+
+// Rows [input,[output,...]], bare or in {"SerializerWrappedObject":rows}.
+Json MatrixRows(std::string_view text)
+{
+    Json json = Json::parse(text, nullptr, false);
+    if (json.is_discarded())
+        json = Json::parse(UnescapeXML(text), nullptr, false);
+    if (json.is_object())
+        json = json.value("SerializerWrappedObject", Json());
+    return json.is_array() ? json : Json();
+}
+
+bool IsRow(const Json& row)
+{
+    return row.is_array() && row.size() >= 2 && row[0].is_number_unsigned() && row[1].is_array() &&
+           !row[1].empty() && row[1][0].is_number_unsigned();
+}
+
+void ReadMatrix(std::string_view text, std::vector<int>& channels)
+{
+    for (const Json& row : MatrixRows(text)) {
+        if (!IsRow(row) || row[0].get<std::uint64_t>() >= channels.size())
+            continue;
+        const auto output = row[1][0].get<std::uint64_t>();
+        channels[row[0].get<std::size_t>()] = OutputOr(
+            static_cast<std::int64_t>(std::min<std::uint64_t>(output, kMaxOutput)), kUnassigned);
+    }
+}
+
+void ReadAssignments(ConstHandle processor, std::vector<int>& channels)
+{
+    const std::size_t stated =
+        static_cast<std::size_t>(std::max(IntProperty(processor, "NumInputChannels"), 0));
+    const std::size_t count = std::min({stated, channels.size(), kAssignedChannels.size()});
+    for (std::size_t i = 0; i < count; ++i)
+        if (HasValue(processor, kAssignedChannels[i]))
+            channels[i] = OutputOr(Int64Property(processor, kAssignedChannels[i]), kUnassigned);
 }
 
 } // namespace
@@ -62,19 +127,84 @@ bool IsNoIndex(std::string_view index)
 }
 
 // Mono vectors alone don't say whether channels belong together: two for each source clip are its
-// left and right, more of a single clip are one adaptive whole.
-ChannelLayout ChannelLayoutOf(ConstHandle masterClip)
+// left and right, more of a single clip are one adaptive group.
+ChannelLayout ChannelLayoutOf(MasterClip masterClip)
 {
-    const UsedChannels used = CountChannels(masterClip);
+    const MasterChannels used = CountChannels(masterClip);
     const std::size_t sourceClips = used.sourceClips.size();
     ChannelLayout layout{used.count, TypeOfFirstVector(masterClip)};
-    if (layout.type != kMono || layout.count == 0)
+    if (layout.type != kMonoLayout || layout.count == 0)
         return layout;
     if (static_cast<std::size_t>(layout.count) == 2 * sourceClips)
         layout.type = kStereoPairs;
     else if (sourceClips == 1 && layout.count > 1)
         layout.type = kAdaptive;
     return layout;
+}
+
+void WriteChannelLayout(const ChannelLayout& layout, ObjectHandle audio)
+{
+    if (layout.count <= 0)
+        return;
+    audio.SetProperty("channelcount", IntToString(layout.count));
+    audio.SetProperty("channeltype", IntToString(layout.type));
+}
+
+int ContentCount(ConstHandle audioClip)
+{
+    constexpr int kMost = 1024; // far more than a damaged project may mean
+    int count = 0;
+    for ([[maybe_unused]] const ConstHandle content : SecondaryContentsOf(audioClip))
+        if (++count == kMost)
+            break;
+    return count;
+}
+
+ConstHandle ContentOf(ConstHandle audioClip, int channel)
+{
+    for (const ConstHandle content : SecondaryContentsOf(audioClip))
+        if (channel-- == 0)
+            return IsUsed(content) ? content : ConstHandle();
+    return {};
+}
+
+std::uint32_t UsedChannels(TrackItem item)
+{
+    std::uint32_t used = 0;
+    int channel = 0;
+    for (const ConstHandle content : SecondaryContentsOf(ClipOfSubClip(SubClipOf(item)))) {
+        if (channel == kMaxChannels)
+            break;
+        if (IsUsed(content))
+            used |= 1U << channel;
+        ++channel;
+    }
+    return channel == 0 ? 1U : used;
+}
+
+std::vector<int> AssignedChannels(ConstHandle directPanProcessor, int count)
+{
+    std::vector<int> channels(static_cast<std::size_t>(count), kUnassigned);
+    if (HasValue(directPanProcessor, "Matrix"))
+        ReadMatrix(directPanProcessor.GetProperty("Matrix"), channels);
+    else
+        ReadAssignments(directPanProcessor, channels);
+    return channels;
+}
+
+int OutputChannels::Assigned(int channel, bool movesOn)
+{
+    int output = channel + 1;
+    if (output == running_ && running_ % 2 == 0)
+        ++output;
+    if (movesOn)
+        running_ = output;
+    return output;
+}
+
+int OutputChannels::Unassigned(int position, bool ofSeveral) const
+{
+    return position % (ofSeveral ? std::max(outputs_, 1) : 2) + 1;
 }
 
 } // namespace XPJ::RVX

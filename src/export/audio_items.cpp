@@ -3,44 +3,15 @@
 #include "core/numbers.h"
 #include "effects/audio_filters.h"
 #include "effects/audio_pan.h"
+#include "effects/time_remap.h"
 #include "export/audio_channels.h"
+#include "export/clip_media.h"
 #include "export/effects.h"
-#include "export/items.h"
-#include "export/links.h"
-#include "export/master_audio.h"
-#include "export/output_channels.h"
-#include "export/transitions.h"
-#include "export/video_items.h"
-
-#include <algorithm>
+#include "export/item_source.h"
 
 namespace XPJ::RVX {
 
 namespace {
-
-int ContentCount(ConstHandle clip)
-{
-    constexpr int kMost = 1024; // far more than a damaged project may mean
-    int count = 0;
-    for ([[maybe_unused]] const ConstHandle content : SecondaryContentsOf(clip))
-        if (++count == kMost)
-            break;
-    return count;
-}
-
-bool IsUsed(ConstHandle content)
-{
-    return !IsNoIndex(content.GetProperty("ChannelIndex"));
-}
-
-// What the item plays on a channel of its track; null for nothing.
-ConstHandle ContentOf(ConstHandle clip, int channel)
-{
-    for (const ConstHandle content : SecondaryContentsOf(clip))
-        if (channel-- == 0)
-            return IsUsed(content) ? content : ConstHandle();
-    return {};
-}
 
 std::string_view ChannelTypeName(int contents)
 {
@@ -49,124 +20,90 @@ std::string_view ChannelTypeName(int contents)
     return contents == 2 ? "stereo" : "adaptive";
 }
 
-MasterSound ReadMasterSound(ConstHandle masterClip)
-{
-    MasterSound sound;
-    ConstHandle first;
-    for (const ConstHandle clip : ClipsOfMaster(masterClip)) {
-        if (!IsAudioClip(clip))
-            continue;
-        ++sound.clips;
-        const ConstHandle medium = MediaOfSource(SourceOfClip(clip));
-        if (!medium)
-            continue;
-        const std::int64_t stream = Int64Property(medium, "StreamNumber");
-        sound.firstStream = first ? std::min(sound.firstStream, stream) : stream;
-        sound.hasStreams = sound.hasStreams || (first && first != medium);
-        if (!first)
-            first = medium;
-    }
-    return sound;
-}
-
-const MasterSound& MasterSoundOf(ExportContext& context, ConstHandle masterClip)
-{
-    const auto found = context.masterSounds.find(masterClip.UniqueId());
-    if (found != context.masterSounds.end())
-        return found->second;
-    return context.masterSounds.emplace(masterClip.UniqueId(), ReadMasterSound(masterClip))
-        .first->second;
-}
-
 // From 1. Streams of discrete files are counted from 1 already.
-std::int64_t SourceTrack(ExportContext& context, const ItemRecord& record, int channel)
+std::int64_t SourceTrack(const ExportContext& context, MasterCatalog& masters,
+                         const ItemRecord& record, int channel)
 {
-    if (context.vl2snMode)
+    if (context.IsHandOff())
         return channel + 1;
     const ConstHandle content = ContentOf(record.clip, channel);
     if (!content)
-        return record.medium ? AddTicks(Int64Property(record.clip, "SecondaryIndex"), 1)
-                             : channel + 1;
-    if (!record.medium) // a sequence, of whose outputs the item may play any
+        return record.media ? AddTicks(Int64Property(record.clip, "SecondaryIndex"), 1)
+                            : channel + 1;
+    if (!record.media) // a sequence, of whose outputs the item may play any
         return AddTicks(Int64Property(content, "ChannelIndex"), 1);
-    const MasterSound& sound = MasterSoundOf(context, record.masterClip);
-    if (sound.clips < 2)
+    const MasterAudio& audio = masters.AudioOf(record.masterClip);
+    if (audio.clips < 2)
         return AddTicks(Int64Property(content, "ChannelIndex"), 1);
-    if (!sound.hasStreams)
+    if (!audio.hasStreams)
         return AddTicks(Int64Property(record.clip, "SecondaryIndex"), 1);
-    const ConstHandle medium = MediaOfSource(SourceOfContent(content));
-    return AddTicks(Int64Property(medium, "StreamNumber"), sound.firstStream == 1 ? 0 : 1);
+    const Media media = MediaOfSource(SourceOfContent(content));
+    return AddTicks(Int64Property(media, "StreamNumber"), audio.firstStream == 1 ? 0 : 1);
 }
 
 // The channels of an item find each other by their group, also without a link in the project.
-void RegisterChannel(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
-                     bool grouped, ObjectHandle element)
+void AddLink(Document& document, LinkGroups& links, TrackItem item, const LinkTarget& target,
+             std::string_view source)
 {
-    const ConstHandle core = ItemCore(record.item);
-    if (!HasLinkGroup(context, core))
-        OpenLinkGroup(context, core);
-    RegisterLink(context, core, element, track, grouped);
+    if (!links.Contains(item))
+        links.AddGroupOf(item);
+    links.Add(document, item, target, source);
 }
 
-EffectContext EffectsOf(ExportContext& context, const TrackPlace& track, const ItemRecord& record)
+EffectContext EffectsOf(ExportContext& context, const TrackContext& track, const ItemRecord& record)
 {
-    return EffectContextAt(context,
-                           PlaceOfItem(track, Int64Property(ItemEdges(record.item), "Start"),
-                                       record.subClip.GetProperty("Name")),
-                           context.inTicks ? 1 : record.timing.rate);
+    return EffectContextAt(
+        context, PlaceOfItem(track, record.Start(), record.subClip.GetProperty("Name")),
+        record.timing.unit == TimeUnit::Ticks ? 1 : record.timing.rate);
 }
 
-void TranslateClipItem(ExportContext& context, TrackPlace& track, ItemRecord& record,
-                       const ItemChannel& channel)
+NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, TrackContext& track,
+                                 ItemRecord& record, const ItemPart& part)
 {
     const int contents = ContentCount(record.clip);
     const EffectContext effects = EffectsOf(context, track, record);
     const ObjectHandle element = context.document.NewObject("clipitem");
     element.SetPropertyShared("velaChannelType", ChannelTypeName(contents));
-    if (context.vl2snMode)
+    if (context.IsHandOff())
         element.SetProperty("channelcount", IntToString(contents));
-    WriteItemHead(context, record, element);
-    RegisterChannel(context, track, record, contents == 2 && channel.isExploded, element);
-    GainToXmeml(effects, record.clip, MediumKindOf(record.medium) == MediumKind::BarsAndTone,
-                element);
-    ReadClipOptions(context, record, element);
-    WriteItemSource(context, track, record, element);
-    WriteSourceTrack(context, SourceTrack(context, record, channel.channel), element);
-    ApplySubclipOffsets(context, record.boundaries, element);
+    WriteItemHead(context, catalogs.masters, record, element);
+    GainToXmeml(effects, record.clip, MediaKindOf(record.media) == MediaKind::BarsAndTone, element);
+    WriteClipOptions(context.document, record, element);
+    const ItemSource source = WriteItemSource(context, catalogs, track, record, element);
+    AddLink(context.document, catalogs.links, record.item,
+            {.element = element,
+             .id = record.id,
+             .type = MediaType::Audio,
+             .track = track.number,
+             .position = track.NextPosition(),
+             .isGrouped = contents == 2 && part.isExploded},
+            source.linkKey);
+    WriteSourceTrack(context.document, SourceTrack(context, catalogs.masters, record, part.channel),
+                     element);
+    WriteSubclipOffsets(context.document, record.boundaries, record.timing.rate, element);
     AudioChainToXmeml(effects, ChainOfOwner(ItemCore(record.item)), element);
     PanToXmeml(effects, PanProcessorOf(record.item), element);
-    WriteRange(context, record.clip, 1.0, record.timing, element);
-    WriteDuration(context, record.clip, record.timing, element);
+    WriteRange(record.clip, 1.0, record.timing, element);
+    WriteDuration(record.clip, record.timing, element);
     if (record.timing.speed != 1.0 || record.timing.reverse)
-        ExportSpeed(context, track, record, element);
+        TimeRemapToXmeml(context.document, PlayedSpeedOf(record.timing), {}, MediaType::Audio,
+                         element);
     track.Add(element);
+    return source.nested;
 }
 
 } // namespace
 
-std::uint32_t UsedChannels(ConstHandle item)
+NestedSequence TranslateAudioItem(ExportContext& context, Catalogs& catalogs, TrackContext& track,
+                                  const ItemPart& part)
 {
-    std::uint32_t used = 0;
-    int channel = 0;
-    for (const ConstHandle content : SecondaryContentsOf(ClipOfSubClip(SubClipOf(item)))) {
-        if (channel == kMaxChannels)
-            break;
-        if (IsUsed(content))
-            used |= 1U << channel;
-        ++channel;
-    }
-    return channel == 0 ? 1U : used;
-}
-
-void TranslateAudioItem(ExportContext& context, TrackPlace& track, ConstHandle item,
-                        const ItemChannel& channel)
-{
-    ItemRecord record = RecordOf(context, item, track);
+    ItemRecord record = ReadItem(catalogs.masters, track, part.item);
     if (!record.subClip)
-        return;
-    TranslateHeadTransition(context, track, item);
-    TranslateClipItem(context, track, record, channel);
-    TranslateTailTransition(context, track, item);
+        return {};
+    TranslateHeadTransition(context, track, part.item);
+    const NestedSequence nested = TranslateClipItem(context, catalogs, track, record, part);
+    TranslateTailTransition(context, track, part.item);
+    return nested;
 }
 
 } // namespace XPJ::RVX

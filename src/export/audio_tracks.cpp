@@ -4,13 +4,12 @@
 #include "core/text.h"
 #include "effects/audio_fader.h"
 #include "effects/parameters.h"
-#include "export/audio_items.h"
-#include "export/output_channels.h"
-#include "export/tracks.h"
+#include "export/audio_channels.h"
 #include "platform/platform.h"
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 #include <vector>
 
 namespace XPJ::RVX {
@@ -45,15 +44,15 @@ const ChannelTypeRow& ChannelTypeOf(ConstHandle audioTrack)
 
 // What the tracks of one group share.
 struct AudioGroup {
-    SequencePlace sequence;
+    SequenceContext sequence;
     int adaptiveChannels = kMaxChannels;
     OutputChannels outputs;
-    ObjectHandle audio; // the written one
-    int nextNumber = 1; // of the next written track
+    ObjectHandle element;               // `audio`
+    std::vector<OpenTrack> tracks = {}; // the written ones
 };
 
 struct UsedItem {
-    ConstHandle item;
+    TrackItem item;
     std::uint32_t channels = 0; // a bit for each that it plays
 };
 
@@ -91,7 +90,7 @@ int HighestChannel(const std::vector<UsedItem>& items)
 int ExplodedCount(const ExportContext& context, const AudioTrack& track)
 {
     const bool isAdaptive = track.type.type == kAdaptiveType;
-    if (context.vl2snMode && (!isAdaptive || track.channels == 2))
+    if (context.IsHandOff() && (!isAdaptive || track.channels == 2))
         return 1;
     return isAdaptive ? std::min(HighestChannel(track.items), track.channels) : track.channels;
 }
@@ -106,7 +105,7 @@ AudioTrack ReadTrack(const ExportContext& context, const AudioGroup& group,
                      .type = ChannelTypeOf(audioTrack),
                      .items = {}};
     for (const ConstHandle item : TrackItemsOf(projectTrack))
-        track.items.push_back({item, UsedChannels(item)});
+        track.items.push_back({TrackItem(item), UsedChannels(TrackItem(item))});
     track.channels = ChannelCountOf(track.type, group.adaptiveChannels);
     track.exploded = ExplodedCount(context, track);
     return track;
@@ -117,7 +116,7 @@ bool IsMutedByFader(ConstHandle audioTrack)
     return StartSwitch(FaderParam(audioTrack, "Mute"), false);
 }
 
-void WriteHandOffForm(const AudioTrack& track, ObjectHandle element)
+void WriteHandOffState(const AudioTrack& track, ObjectHandle element)
 {
     const ConstHandle properties = TrackProperties(track.track);
     if (HasValue(properties, "MZ.TrackName"))
@@ -128,7 +127,7 @@ void WriteHandOffForm(const AudioTrack& track, ObjectHandle element)
     element.SetProperty("channelcount", IntToString(track.channels));
 }
 
-void WriteExplodedForm(const AudioTrack& track, int channel, ObjectHandle element)
+void WriteExplodedState(const AudioTrack& track, int channel, ObjectHandle element)
 {
     if (!DirectPanProcessorOf(track.audioTrack))
         element.SetPropertyShared("hardpan", "TRUE");
@@ -137,81 +136,89 @@ void WriteExplodedForm(const AudioTrack& track, int channel, ObjectHandle elemen
     element.SetPropertyShared("velaTrackType", track.type.name);
 }
 
-// A track of one channel takes all items, also those that say nothing about channels.
-void TranslateItemsOfChannel(ExportContext& context, const AudioTrack& source, int channel,
-                             TrackPlace& track)
+// A track of one channel takes all items, also those that state nothing about channels.
+std::vector<ItemPart> ItemsOfChannel(const AudioTrack& source, int channel)
 {
+    std::vector<ItemPart> items;
     for (const UsedItem& used : source.items)
         if (source.exploded == 1 || (used.channels >> channel & 1U) != 0)
-            TranslateAudioItem(context, track, used.item,
-                               {.channel = channel, .isExploded = source.exploded > 1});
+            items.push_back(
+                {.item = used.item, .channel = channel, .isExploded = source.exploded > 1});
+    return items;
 }
 
-// `number` is that of the written track. In the hand-off form tracks of several channels stay
+// A channel of a project's track, and the outputs to which all of them are assigned.
+struct TrackChannel {
+    const AudioTrack& source;
+    const std::vector<int>& assigned;
+    int channel = 0;
+};
+
+// `number` is that of the written track. In the hand-off document tracks of several channels stay
 // whole.
-int OutputOf(const ExportContext& context, AudioGroup& group, const AudioTrack& source,
-             const std::vector<int>& assigned, int channel, int number)
+int OutputOf(const ExportContext& context, AudioGroup& group, const TrackChannel& part, int number)
 {
-    const int output = assigned[static_cast<std::size_t>(channel)];
+    const AudioTrack& source = part.source;
+    const int output = part.assigned[static_cast<std::size_t>(part.channel)];
     if (output != kUnassigned)
-        return group.outputs.Assigned(output, !context.vl2snMode || source.channels != 2);
-    const bool ofSeveral = source.exploded > 1 || (context.vl2snMode && source.channels > 1);
-    return group.outputs.Unassigned(ofSeveral ? channel : number - 1, ofSeveral);
+        return group.outputs.Assigned(output, !context.IsHandOff() || source.channels != 2);
+    const bool ofSeveral = source.exploded > 1 || (context.IsHandOff() && source.channels > 1);
+    return group.outputs.Unassigned(ofSeveral ? part.channel : number - 1, ofSeveral);
 }
 
-void TranslateExploded(ExportContext& context, AudioGroup& group, const AudioTrack& source,
-                       const std::vector<int>& assigned, int channel)
+void OpenExplodedTrack(ExportContext& context, AudioGroup& group, const TrackChannel& part)
 {
-    TrackPlace track{.sequence = group.sequence,
-                     .kind = MediaType::Audio,
-                     .index = source.index,
-                     .number = group.nextNumber++,
-                     .track = context.document.NewObject("track")};
-    FaderToXmeml(context.document, FaderParam(source.audioTrack, "Volume"), track.track);
-    WriteTrackState(source.track, IsMutedByFader(source.audioTrack), track.track);
-    if (context.vl2snMode)
-        WriteHandOffForm(source, track.track);
+    const AudioTrack& source = part.source;
+    OpenTrack result{.track = {.sequence = group.sequence,
+                               .type = MediaType::Audio,
+                               .unit = context.DocumentUnit(),
+                               .index = source.index,
+                               .number = static_cast<int>(group.tracks.size()) + 1,
+                               .element = context.document.NewObject("track")},
+                     .items = ItemsOfChannel(source, part.channel)};
+    const ObjectHandle element = result.track.element;
+    FaderToXmeml(context.document, FaderParam(source.audioTrack, "Volume"), element);
+    WriteTrackState(source.track, IsMutedByFader(source.audioTrack), element);
+    if (context.IsHandOff())
+        WriteHandOffState(source, element);
     else
-        WriteExplodedForm(source, channel, track.track);
-    TranslateItemsOfChannel(context, source, channel, track);
-
-    track.track.SetProperty(
-        "outputchannelindex",
-        IntToString(OutputOf(context, group, source, assigned, channel, track.number)));
-    group.audio.AddChild(track.track);
+        WriteExplodedState(source, part.channel, element);
+    element.SetProperty("outputchannelindex",
+                        IntToString(OutputOf(context, group, part, result.track.number)));
+    group.element.AddChild(element);
+    group.tracks.push_back(std::move(result));
 }
 
-void TranslateAudioTrack(ExportContext& context, AudioGroup& group, ConstHandle projectTrack,
-                         int index)
+void OpenAudioTrack(ExportContext& context, AudioGroup& group, ConstHandle projectTrack, int index)
 {
     const AudioTrack track = ReadTrack(context, group, projectTrack, index);
     const std::vector<int> assigned =
         AssignedChannels(DirectPanProcessorOf(track.audioTrack), track.exploded);
     for (int channel = 0; channel < track.exploded; ++channel)
-        TranslateExploded(context, group, track, assigned, channel);
+        OpenExplodedTrack(context, group, {track, assigned, channel});
 }
 
-ObjectHandle WriteFormat(ExportContext& context, const SequencePlace& sequence, ConstHandle group)
+ObjectHandle WriteFormat(ExportContext& context, const SequenceContext& sequence, ConstHandle group)
 {
     const Ticks sampleTicks = RateOfGroup(group);
     if (sampleTicks == 0)
         throw NoFrameLength("the sound of sequence", sequence.sequence.GetProperty("Name"));
     const ObjectHandle characteristics = context.document.NewObject("samplecharacteristics");
-    characteristics.SetPropertyShared("depth", context.vl2snMode ? "32" : "16");
+    characteristics.SetPropertyShared("depth", context.IsHandOff() ? "32" : "16");
     characteristics.SetProperty("samplerate", IntToString(DivTicks(kTicksPerSecond, sampleTicks)));
     const ObjectHandle format = context.document.NewObject("format");
     format.AddChild(characteristics);
     return format;
 }
 
-ObjectHandle WriteOutputs(ExportContext& context, int count)
+ObjectHandle WriteOutputs(Document& document, int count)
 {
-    const ObjectHandle outputs = context.document.NewObject("outputs");
+    const ObjectHandle outputs = document.NewObject("outputs");
     for (int number = 1; number <= count; ++number) {
         const std::string text = IntToString(number);
-        const ObjectHandle channel = context.document.NewObject("channel");
+        const ObjectHandle channel = document.NewObject("channel");
         channel.SetProperty("index", text);
-        const ObjectHandle group = context.document.NewObject("group");
+        const ObjectHandle group = document.NewObject("group");
         group.SetProperty("index", text);
         group.SetPropertyShared("numchannels", "1");
         group.SetPropertyShared("downmix", "0");
@@ -228,37 +235,28 @@ int OutputCountOf(const AudioGroup& group, ConstHandle masterTrack)
 
 } // namespace
 
-ConstHandle FaderParam(ConstHandle audioTrack, std::string_view name)
+std::vector<OpenTrack> TranslateAudioGroup(ExportContext& context, const SequenceContext& sequence,
+                                           ConstHandle group, ObjectHandle media)
 {
-    for (const ConstHandle component : ComponentsOf(ChainOfOwner(audioTrack)))
-        if (component.GetName() == "AudioFader")
-            for (const ConstHandle param : ParamsOf(component))
-                if (param.GetProperty("Name") == name)
-                    return param;
-    return {};
-}
-
-ObjectHandle TranslateAudioGroup(ExportContext& context, const SequencePlace& sequence,
-                                 ConstHandle group)
-{
-    AudioGroup place{.sequence = sequence,
-                     .adaptiveChannels = AdaptiveChannelsOf(group),
-                     .outputs = OutputChannels(),
-                     .audio = context.document.NewObject("audio")};
+    AudioGroup result{.sequence = sequence,
+                      .adaptiveChannels = AdaptiveChannelsOf(group),
+                      .outputs = OutputChannels(),
+                      .element = context.document.NewObject("audio")};
     const ConstHandle masterTrack = MasterAudioTrackOf(group);
-    const int channels = OutputCountOf(place, masterTrack);
-    // Outputs come in pairs, one at least; a hand-off states them as they are.
-    const int outputs = context.vl2snMode ? channels : channels + channels % 2;
-    place.outputs = OutputChannels(outputs);
+    const int channels = OutputCountOf(result, masterTrack);
+    // Outputs come in pairs, one at least; a hand-off document states them as they are.
+    const int outputs = context.IsHandOff() ? channels : channels + channels % 2;
+    result.outputs = OutputChannels(outputs);
 
-    FaderToXmeml(context.document, FaderParam(masterTrack, "Volume"), place.audio);
-    place.audio.SetProperty("numOutputChannels", IntToString(channels));
-    place.audio.AddChild(WriteFormat(context, sequence, group));
-    place.audio.AddChild(WriteOutputs(context, outputs));
+    media.AddChild(result.element);
+    FaderToXmeml(context.document, FaderParam(masterTrack, "Volume"), result.element);
+    result.element.SetProperty("numOutputChannels", IntToString(channels));
+    result.element.AddChild(WriteFormat(context, sequence, group));
+    result.element.AddChild(WriteOutputs(context.document, outputs));
     int index = 0;
     for (const ConstHandle track : TracksOf(group))
-        TranslateAudioTrack(context, place, track, index++);
-    return place.audio;
+        OpenAudioTrack(context, result, track, index++);
+    return std::move(result.tracks);
 }
 
 } // namespace XPJ::RVX

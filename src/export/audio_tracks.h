@@ -1,19 +1,17 @@
-// Groups and tracks of sound. A project's track carries several channels, a written one carries
-// one: each track is exploded into as many as it has channels, except in the hand-off form.
+// Groups and tracks of audio. A project's track carries several channels, a written one carries
+// one: each track is exploded into as many as it has channels, except in the hand-off document.
+//
+//   project            document                        hand-off
+//   1 stereo           1 left of 1, 2 right of 1       1 with 2 channels
+//   2 mono             3                               2
 #pragma once
 
-#include "export/track_context.h"
-
-#include <string_view>
+#include "export/tracks.h"
 
 namespace XPJ::RVX {
 
-// The `audio` of an AudioTrackGroup, with its outputs and its tracks.
-ObjectHandle TranslateAudioGroup(ExportContext& context, const SequencePlace& sequence,
-                                 ConstHandle group);
-
-// A param of the fader of a track or of a group's master track; null without one.
-//   FaderParam(AudioTrackOf(track), "Mute")
-ConstHandle FaderParam(ConstHandle audioTrack, std::string_view name);
+// Adds the `audio` of an AudioTrackGroup to a `media`, with its outputs and its empty tracks.
+std::vector<OpenTrack> TranslateAudioGroup(ExportContext& context, const SequenceContext& sequence,
+                                           ConstHandle group, ObjectHandle media);
 
 } // namespace XPJ::RVX

@@ -1,16 +1,18 @@
-// The browser's tree on export: bins, and the items in them.
+// The browser's tree: bins, and the items in them.
 #pragma once
 
-#include "export/export_context.h"
+#include "export/catalogs.h"
 
 namespace XPJ::RVX {
 
-// Notes the first item of each master clip, for those who meet a master on a track.
-void CollectProjectItems(ExportContext& context, ConstHandle rootItem);
+// Lists the items of the browser with the masters that they show, for those who meet a master on a
+// track.
+void CollectBrowserItems(ConstHandle rootItem, MasterCatalog& masters);
 
-// Translates what `rootItem` holds into a `children` element. With a sequence's GUID only the first
-// item that shows it is translated, without the bins around it. False when nothing was.
-bool TranslateItems(ExportContext& context, ConstHandle rootItem, const Guid& sequenceGuid,
+// Translates what `rootItem` holds into a `children` element. Where the options choose a sequence,
+// only the first item that shows it is translated, without the bins around it. False when nothing
+// was.
+bool TranslateItems(ExportContext& context, Catalogs& catalogs, ConstHandle rootItem,
                     ObjectHandle children);
 
 } // namespace XPJ::RVX

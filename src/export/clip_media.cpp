@@ -1,97 +1,125 @@
 #include "export/clip_media.h"
 
+#include "core/numbers.h"
 #include "core/text.h"
+#include "export/audio_channels.h"
 #include "export/files.h"
 #include "export/formats.h"
-#include "export/links.h"
-#include "export/master_audio.h"
-#include "project/accessors.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace XPJ::RVX {
 
 namespace {
 
-ObjectHandle TranslatePicture(ExportContext& context, ConstHandle masterClip,
-                              const MasterMedia& media)
+// The `media` of a clip that is being written.
+struct ClipWriter {
+    ExportContext& context;
+    Catalogs& catalogs;
+    FileSource source;
+    std::vector<LinkTarget> items = {};
+
+    // A `clipitem` with the file of the media and its rate, to be linked as `target` states.
+    ObjectHandle NewClipItem(LinkTarget target);
+    ObjectHandle TranslateVideo(const MasterSource& master);
+    // Null for a master without audio.
+    ObjectHandle TranslateAudio();
+    // Every item of a clip refers to all of them, itself included.
+    void WriteLinks();
+};
+
+ObjectHandle ClipWriter::NewClipItem(LinkTarget target)
 {
-    const ObjectHandle item = NewClipItem(context, masterClip, media.medium);
-    WriteAlpha(VideoStreamOf(media.medium), item);
-    ApplySubclipOffsets(context, media.boundaries, item);
-    const ObjectHandle track = context.document.NewObject("track");
+    const ObjectHandle item = context.document.NewObject("clipitem");
+    target.element = item;
+    target.id = NewId(context.document, "clipitem-", context.ids.clipItem);
+    item.SetPropertyShared("id", target.id);
+    item.SetPropertyShared("masterclipid", catalogs.masters.IdOf(context, source.masterClip));
+    if (HasValue(source.masterClip, "Name"))
+        item.SetProperty("name", EscapeXML(source.masterClip.GetProperty("Name")));
+    item.AddChild(WriteFile(context, catalogs.files, source, item).rate);
+    items.push_back(target);
+    return item;
+}
+
+ObjectHandle TrackWith(Document& document, ObjectHandle item)
+{
+    const ObjectHandle track = document.NewObject("track");
     track.AddChild(item);
+    return track;
+}
+
+ObjectHandle ClipWriter::TranslateVideo(const MasterSource& master)
+{
+    const ObjectHandle item = NewClipItem({.type = MediaType::Video});
+    WriteAlpha(VideoStreamOf(source.media), item);
+    WriteSubclipOffsets(context.document, master.boundaries, ClipRate(source.media), item);
     const ObjectHandle video = context.document.NewObject("video");
-    video.AddChild(track);
+    video.AddChild(TrackWith(context.document, item));
     return video;
 }
 
-std::vector<ObjectHandle> ItemsOf(ObjectHandle videoOrAudio)
-{
-    std::vector<ObjectHandle> items;
-    for (const ObjectHandle track : videoOrAudio.GetChildren("track"))
-        for (const ObjectHandle item : track.GetChildren("clipitem"))
-            items.push_back(item);
-    return items;
-}
-
 // Channels that are not known to be independent belong together.
-bool AreGrouped(const ExportContext& context, ObjectHandle audio, std::size_t channels)
+bool AreGrouped(const ExportContext& context, const ChannelLayout& layout)
 {
-    if (context.vl2snMode || !audio)
-        return false;
-    return HasValue(audio, "channeltype") ? audio.GetProperty("channeltype") != "0" : channels > 1;
+    return !context.IsHandOff() && layout.count > 0 && layout.type != kMonoLayout;
 }
 
-// Every item of a clip refers to all of them, itself included.
-void AddClipItemLinks(ExportContext& context, ObjectHandle media)
+ObjectHandle ClipWriter::TranslateAudio()
 {
-    const ObjectHandle audio = media.GetChild("audio");
-    const std::vector<ObjectHandle> pictures = ItemsOf(media.GetChild("video"));
-    const std::vector<ObjectHandle> sounds = ItemsOf(audio);
-    const bool grouped = AreGrouped(context, audio, sounds.size());
+    if (!AudioStreamOf(AudioMediaOfMaster(source.masterClip)))
+        return {};
+    const ObjectHandle audio = context.document.NewObject("audio");
+    const ChannelLayout layout = ChannelLayoutOf(source.masterClip);
+    WriteChannelLayout(layout, audio);
+    for (int channel = 1; channel <= std::max(layout.count, 1); ++channel) {
+        const ObjectHandle item = NewClipItem(
+            {.type = MediaType::Audio, .track = channel, .isGrouped = AreGrouped(context, layout)});
+        WriteSourceTrack(context.document, channel, item);
+        audio.AddChild(TrackWith(context.document, item));
+    }
+    return audio;
+}
+
+void ClipWriter::WriteLinks()
+{
     std::vector<ObjectHandle> links;
-    links.reserve(pictures.size() + sounds.size());
-    for (const ObjectHandle item : pictures)
-        links.push_back(NewLink(context, item, MediaType::Video, 1, 1, false));
-    int track = 0;
-    for (const ObjectHandle item : sounds)
-        links.push_back(NewLink(context, item, MediaType::Audio, ++track, 1, grouped));
-    for (const std::vector<ObjectHandle>* items : {&pictures, &sounds})
-        for (const ObjectHandle item : *items)
-            for (const ObjectHandle link : links)
-                item.AddChild(link);
+    links.reserve(items.size());
+    for (const LinkTarget& item : items)
+        links.push_back(WriteLink(context.document, item));
+    for (const LinkTarget& item : items)
+        for (const ObjectHandle link : links)
+            item.element.AddChild(link);
 }
 
 } // namespace
 
-ObjectHandle NewClipItem(ExportContext& context, ConstHandle masterClip, ConstHandle medium)
-{
-    const ObjectHandle item = context.document.NewObject("clipitem");
-    item.SetProperty("id", NewId(context, "clipitem-", context.ids.clipItem));
-    item.SetPropertyShared("masterclipid", MasterClipId(context, masterClip));
-    if (HasValue(masterClip, "Name"))
-        item.SetProperty("name", EscapeXML(masterClip.GetProperty("Name")));
-    const ObjectHandle file = FileFor(context, item, medium, masterClip);
-    item.AddChild(file.GetChild("rate"));
-    return item;
-}
-
-ObjectHandle TranslateClipMedia(ExportContext& context, ConstHandle masterClip,
-                                const MasterMedia& media, ObjectHandle& file)
+ObjectHandle TranslateClipMedia(ExportContext& context, Catalogs& catalogs, MasterClip masterClip,
+                                const MasterSource& source)
 {
     const ObjectHandle result = context.document.NewObject("media");
-    const ConstHandle picture = VideoStreamOf(media.medium);
-    if (picture.GetName() == "CaptioningStream")
+    if (ShowsCaptions(source.media))
         return result;
-    if (picture)
-        result.AddChild(TranslatePicture(context, masterClip, media));
-    result.AddChild(TranslateMasterAudio(context, masterClip, media.medium));
-    AddClipItemLinks(context, result);
-    file = FindNote(context.files, media.medium);
-    CopyProperty(file, "duration", result, "duration");
-    result.AddChild(file.GetChild("rate"));
+    ClipWriter clip{context, catalogs, {source.media, masterClip}};
+    if (VideoStreamOf(source.media))
+        result.AddChild(clip.TranslateVideo(source));
+    result.AddChild(clip.TranslateAudio());
+    clip.WriteLinks();
+    if (const FileRecord* const file = catalogs.files.Find(source.media)) {
+        if (file->duration > 0)
+            result.SetProperty("duration", IntToString(file->duration));
+        result.AddChild(file->rate);
+    }
     return result;
+}
+
+void WriteSourceTrack(Document& document, std::int64_t number, ObjectHandle element)
+{
+    const ObjectHandle sourceTrack = document.NewObject("sourcetrack");
+    sourceTrack.SetPropertyShared("mediatype", "audio");
+    sourceTrack.SetProperty("trackindex", IntToString(number));
+    element.AddChild(sourceTrack);
 }
 
 } // namespace XPJ::RVX

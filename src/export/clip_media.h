@@ -1,16 +1,15 @@
-// The `media` of a `clip`: an item for its picture and one for each channel of its sound.
+// The `media` of a `clip`: an item for its video and one for each channel of its audio.
 #pragma once
 
-#include "export/export_context.h"
-#include "export/media.h"
+#include "export/catalogs.h"
 
 namespace XPJ::RVX {
 
-// A `media`, empty for captions. `file` becomes the file it shows, null if it shows none.
-ObjectHandle TranslateClipMedia(ExportContext& context, ConstHandle masterClip,
-                                const MasterMedia& media, ObjectHandle& file);
+// A `media`, empty for captions.
+ObjectHandle TranslateClipMedia(ExportContext& context, Catalogs& catalogs, MasterClip masterClip,
+                                const MasterSource& source);
 
-// A `clipitem` of a `clip`, with the file of `medium` and its rate.
-ObjectHandle NewClipItem(ExportContext& context, ConstHandle masterClip, ConstHandle medium);
+// Adds the `sourcetrack` of an audio item: which channel it plays, from 1.
+void WriteSourceTrack(Document& document, std::int64_t number, ObjectHandle element);
 
 } // namespace XPJ::RVX

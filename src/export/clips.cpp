@@ -2,16 +2,14 @@
 
 #include "core/text.h"
 #include "export/clip_media.h"
-#include "export/clip_notes.h"
 #include "export/logging.h"
 #include "export/markers.h"
-#include "export/media.h"
 #include "export/rates.h"
 #include "export/sequences.h"
-#include "project/accessors.h"
 
 #include <algorithm>
 #include <string_view>
+#include <vector>
 
 namespace XPJ::RVX {
 
@@ -19,115 +17,132 @@ namespace {
 
 constexpr int kVideoTrackKind = 1;
 
-void WriteRangePoint(const ExportContext& context, ConstHandle core, Name key, Ticks frameTicks,
-                     ObjectHandle element, Name newKey)
+// Writes `in` and `out` of a ClipCore; a point at 0 or before is none.
+void WriteClipRange(TimeUnit unit, ConstHandle core, Ticks frameTicks, ObjectHandle element)
 {
-    const Ticks point = Int64Property(core, key);
-    if (point >= 1)
-        element.SetProperty(newKey, TimeText(context, point, frameTicks));
-}
-
-void WriteClipRange(const ExportContext& context, ConstHandle core, Ticks frameTicks,
-                    ObjectHandle element)
-{
-    WriteRangePoint(context, core, "InPoint", frameTicks, element, "in");
-    WriteRangePoint(context, core, "OutPoint", frameTicks, element, "out");
+    constexpr struct {
+        Name projectKey;
+        Name key;
+    } kPoints[] = {{"InPoint", "in"}, {"OutPoint", "out"}};
+    for (const auto& point : kPoints)
+        if (const Ticks time = Int64Property(core, point.projectKey); time >= 1)
+            element.SetProperty(point.key, TimeText(unit, time, frameTicks));
 }
 
 // The frames of the master's range: of its clip, else of the sequence that it shows.
-Ticks RangeRate(ConstHandle masterClip, ConstHandle sequence)
+Ticks RangeRate(MasterClip masterClip, ConstHandle sequence)
 {
     const Ticks own = Int64Property(ClipCore(MainClip(masterClip)), "FrameRate");
     return IsRate(own) ? own : FrameTicksOfSequence(sequence);
 }
 
-void TranslateSequenceItem(ExportContext& context, ConstHandle clipItem, ConstHandle sequence,
-                           ObjectHandle children)
+void WriteSequenceReference(Document& document, std::string_view id, ObjectHandle children)
 {
-    const std::string_view writtenId = FindNote(context.sequenceIds, sequence);
-    if (!writtenId.empty()) {
-        const ObjectHandle reference = context.document.NewObject("sequenceref");
-        reference.SetPropertyShared("id", writtenId);
-        children.AddChild(reference);
-        return;
-    }
-    const ConstHandle masterClip = MasterOfItem(clipItem);
-    const ObjectHandle result = TranslateSequence(context, sequence, masterClip);
-    result.SetProperty("name", EscapeXML(ItemName(clipItem)));
-    WriteItemLabel(context, ItemProperties(clipItem), result);
-    WriteClipRange(context, ClipCore(MainClip(masterClip)), RangeRate(masterClip, sequence),
-                   result);
-    children.AddChild(result);
-    TranslatePostponedSequences(context, children);
-    if (IsMergedSequence(sequence))
-        AddIssue(context, ExportIssue::MergedClipExportedAsSequence,
-                 {.clip = sequence.GetProperty("Name"), .trackKind = kVideoTrackKind, .time = {}});
+    const ObjectHandle reference = document.NewObject("sequenceref");
+    reference.SetPropertyShared("id", id);
+    children.AddChild(reference);
 }
 
-std::string_view ClipName(ConstHandle masterClip, ConstHandle clipItem)
+// A sequence with what the browser knows of it, and behind it those that were nested too deep.
+void TranslateSequenceItem(ExportContext& context, Catalogs& catalogs, ConstHandle clipItem,
+                           const ShownSequence& shown, ObjectHandle children)
+{
+    std::vector<ShownSequence> postponed;
+    const ObjectHandle result = TranslateSequence(context, catalogs, shown, postponed);
+    result.SetProperty("name", EscapeXML(ItemName(clipItem)));
+    WriteItemLabel(context.document, ItemProperties(clipItem), result);
+    WriteClipRange(context.DocumentUnit(), ClipCore(MainClip(shown.masterClip)),
+                   RangeRate(shown.masterClip, shown.sequence), result);
+    children.AddChild(result);
+    while (!postponed.empty()) { // each of them may postpone others
+        const ShownSequence next = postponed.back();
+        postponed.pop_back();
+        children.AddChild(TranslateSequence(context, catalogs, next, postponed));
+    }
+    if (IsMergedSequence(shown.sequence))
+        AddIssue(
+            context, ExportIssue::MergedClipExportedAsSequence,
+            {.clip = shown.sequence.GetProperty("Name"), .trackKind = kVideoTrackKind, .time = {}});
+}
+
+std::string_view ClipName(MasterClip masterClip, ConstHandle clipItem)
 {
     const std::string_view name = masterClip.GetProperty("Name");
     return name.empty() ? ItemName(clipItem) : name;
 }
 
-// The import leaves the markers of a clip to its sound, where it has sound.
-ConstHandle MarkedCore(ConstHandle masterClip)
+// The import leaves the markers of a clip to its audio, where it has audio.
+ConstHandle MarkedCore(MasterClip masterClip)
 {
     const ConstHandle main = ClipCore(MainClip(masterClip));
     const ConstChildRange markers = MarkerEntriesOf(main);
     return markers.begin() != markers.end() ? main : ClipCore(FirstAudioClip(masterClip));
 }
 
-// What the master's picture and its sound say of the clip.
-void TranslateClips(ExportContext& context, ConstHandle masterClip, Ticks frameTicks,
-                    ObjectHandle result)
+// What the video and the audio of the master state of the clip.
+void WriteClipOptions(ExportContext& context, MasterClip masterClip, Ticks frameTicks,
+                      ObjectHandle result)
 {
-    const ConstHandle main = MainClip(masterClip);
-    if (IsVideoClip(main)) {
-        result.SetProperty("scaleToFrameSize", IsTrue(main, "ScaleToFrameSize") ? "TRUE" : "FALSE");
-        WriteClipLabel(context, ClipProperties(main), result);
-    }
     const ConstHandle marked = MarkedCore(masterClip);
-    const Ticks in = std::max<Ticks>(Int64Property(marked, "InPoint"), 0);
-    TranslateMarkers(context, {.owner = marked, .frameTicks = frameTicks, .offset = in}, result);
-    WriteClipRange(context, ClipCore(main), frameTicks, result);
+    TranslateMarkers(context.document,
+                     {.owner = marked,
+                      .frameTicks = frameTicks,
+                      .unit = context.DocumentUnit(),
+                      .offset = std::max<Ticks>(Int64Property(marked, "InPoint"), 0)},
+                     result);
+    WriteClipRange(context.DocumentUnit(), ClipCore(MainClip(masterClip)), frameTicks, result);
 }
 
-void TranslateMediaItem(ExportContext& context, ConstHandle clipItem, MasterMedia media,
-                        ObjectHandle children)
+// The label of the browser item counts; the one of its video where that has none.
+void WriteLabels(Document& document, ConstHandle clipItem, ConstHandle mainClip,
+                 ObjectHandle result)
 {
-    const ConstHandle masterClip = MasterOfItem(clipItem);
-    const std::string_view id = MasterClipId(context, masterClip);
+    if (!WriteItemLabel(document, ItemProperties(clipItem), result) && IsVideoClip(mainClip))
+        WriteClipLabel(document, ClipProperties(mainClip), result);
+}
+
+void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, ConstHandle clipItem,
+                        const MasterSource& source, ObjectHandle children)
+{
+    const MasterClip masterClip = MasterOfItem(clipItem);
+    const std::string_view id = catalogs.masters.IdOf(context, masterClip);
     if (id.empty())
         return;
     const ObjectHandle clip = context.document.NewObject("clip");
     clip.SetPropertyShared("id", id);
-    if (!context.vl2snMode)
+    if (!context.IsHandOff())
         clip.SetPropertyShared("explodedTracks", "true");
     CopyProperty(masterClip, "UIDObject", clip, "uuid");
-    WriteComments(context, ItemProperties(clipItem), clip);
-    WriteItemLabel(context, ItemProperties(clipItem), clip);
+    WriteComments(context.document, ItemProperties(clipItem), clip);
+    const ConstHandle main = MainClip(masterClip);
+    WriteLabels(context.document, clipItem, main, clip);
     if (const std::string_view name = ClipName(masterClip, clipItem); !name.empty())
         clip.SetProperty("name", EscapeXML(name));
+    if (IsVideoClip(main))
+        clip.SetPropertyShared("scaleToFrameSize",
+                               IsTrue(main, "ScaleToFrameSize") ? "TRUE" : "FALSE");
+    WriteClipOptions(context, masterClip, ClipRate(source.media), clip);
 
-    media.boundaries.ticksPerFrame = ClipRate(media.medium);
-    TranslateClips(context, masterClip, media.boundaries.ticksPerFrame, clip);
-    ObjectHandle file;
-    clip.AddChild(TranslateClipMedia(context, masterClip, media, file));
-    TranslateLoggingInfo(context, masterClip, file, clip);
+    const bool hasFile = !ShowsCaptions(source.media);
+    clip.AddChild(TranslateClipMedia(context, catalogs, masterClip, source));
+    TranslateLoggingInfo(context.document, masterClip,
+                         hasFile ? catalogs.files.Find(source.media) : nullptr, clip);
     children.AddChild(clip);
 }
 
 } // namespace
 
-void TranslateMasterClip(ExportContext& context, ConstHandle clipItem, ObjectHandle children)
+void TranslateBrowserClip(ExportContext& context, Catalogs& catalogs, ConstHandle clipItem,
+                          ObjectHandle children)
 {
-    const ConstHandle masterClip = MasterOfItem(clipItem);
-    const MasterMedia media = MediaOfMaster(context, masterClip);
-    if (media.medium)
-        TranslateMediaItem(context, clipItem, media, children);
-    else if (media.sequence)
-        TranslateSequenceItem(context, clipItem, media.sequence, children);
+    const MasterClip masterClip = MasterOfItem(clipItem);
+    const MasterSource& source = catalogs.masters.SourceOf(masterClip);
+    if (source.media)
+        TranslateMediaItem(context, catalogs, clipItem, source, children);
+    else if (const std::string_view id = catalogs.sequences.FindId(source.sequence); !id.empty())
+        WriteSequenceReference(context.document, id, children);
+    else if (source.sequence)
+        TranslateSequenceItem(context, catalogs, clipItem, {source.sequence, masterClip}, children);
 }
 
 } // namespace XPJ::RVX

@@ -1,13 +1,14 @@
 // Clip items of the browser: clips of media, and sequences.
 #pragma once
 
-#include "export/export_context.h"
+#include "export/catalogs.h"
 
 namespace XPJ::RVX {
 
 // Adds the `clip` or `sequence` of a ClipProjectItem to a `children` element, or a reference to a
-// sequence that is written already. A master without media or sequence, a colour matte and a
+// sequence that is written already. A master without media or sequence, a color matte and a
 // graphic add nothing.
-void TranslateMasterClip(ExportContext& context, ConstHandle clipItem, ObjectHandle children);
+void TranslateBrowserClip(ExportContext& context, Catalogs& catalogs, ConstHandle clipItem,
+                          ObjectHandle children);
 
 } // namespace XPJ::RVX

@@ -12,7 +12,7 @@ EffectContext EffectContextAt(ExportContext& context, const ItemPlace& place, Ti
             .issues = context.issues,
             .place = place,
             .frameTicks = frameTicks,
-            .isHandOff = context.vl2snMode,
+            .isHandOff = context.IsHandOff(),
             .exportTransformEffect = context.exportTransformEffect};
 }
 

@@ -2,8 +2,6 @@
 
 #include "core/numbers.h"
 
-#include <string>
-
 namespace XPJ::RVX {
 
 IdCounters& ProcessIdCounters()
@@ -12,14 +10,9 @@ IdCounters& ProcessIdCounters()
     return counters;
 }
 
-std::string_view NewId(ExportContext& context, std::string_view prefix, std::int64_t& counter)
+std::string_view NewId(Document& document, std::string_view prefix, std::int64_t& counter)
 {
-    return context.document.Store(std::string(prefix) + IntToString(counter++));
-}
-
-void AddSkipped(ExportContext& context, const ItemPlace& place)
-{
-    context.skipped.push_back(IssueAt(place));
+    return document.Store(std::string(prefix) + IntToString(counter++));
 }
 
 void AddIssue(ExportContext& context, ExportIssue kind, const ItemPlace& place,
@@ -27,6 +20,12 @@ void AddIssue(ExportContext& context, ExportIssue kind, const ItemPlace& place,
 {
     EffectContext{.document = context.document, .issues = context.issues, .place = place}.AddIssue(
         kind, subject);
+}
+
+void AddSkipped(ExportContext& context, TrackItem item, const ItemPlace& place)
+{
+    if (context.skippedItems.Insert(item))
+        context.skipped.push_back(IssueAt(place));
 }
 
 } // namespace XPJ::RVX

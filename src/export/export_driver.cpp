@@ -2,8 +2,7 @@
 
 #include "core/text.h"
 #include "export/bins.h"
-#include "export/export_context.h"
-#include "export/links.h"
+#include "export/catalogs.h"
 
 #include <utility>
 
@@ -24,28 +23,29 @@ void CheckVersion(ConstHandle root, IssueSet& issues)
     issues.insert(issue);
 }
 
-// `children` stays away when nothing is in it.
-void TranslateRootItem(ExportContext& context, ConstHandle rootItem, const Guid& sequenceGuid,
+// `children` is not written when nothing is in it.
+void TranslateRootItem(ExportContext& context, Catalogs& catalogs, ConstHandle rootItem,
                        ObjectHandle project)
 {
     const ObjectHandle children = context.document.NewObject("children");
-    CollectProjectItems(context, rootItem);
-    if (TranslateItems(context, rootItem, sequenceGuid, children))
+    CollectBrowserItems(rootItem, catalogs.masters);
+    if (TranslateItems(context, catalogs, rootItem, children))
         project.AddChild(children);
 }
 
-int TranslateProject(ExportContext& context, ConstHandle source, const ExportOptions& options,
+int TranslateProject(ExportContext& context, Progress& progress, ConstHandle source,
                      ObjectHandle& project)
 {
-    StageScope stage(context.progress, 1, 3);
+    StageScope stage(progress, 1, 3);
     if (!stage.Step())
         return kAborted;
     project = context.document.NewObject("project");
-    project.SetProperty("name", EscapeXML(options.projectTitle));
-    TranslateRootItem(context, source.GetChild("RootProjectItem"), options.sequenceGuid, project);
+    project.SetProperty("name", EscapeXML(context.options.projectTitle));
+    Catalogs catalogs;
+    TranslateRootItem(context, catalogs, source.GetChild("RootProjectItem"), project);
     if (!stage.Step())
         return kAborted;
-    ResolveLinks(context);
+    catalogs.links.WriteLinks();
     return stage.Step() ? kSuccess : kAborted;
 }
 
@@ -60,13 +60,12 @@ int TranslateProjectDocument(ConstHandle root, const ExportOptions& options, Pro
     if (!source)
         return kNoFCPDataFound;
 
-    ExportContext context(document, progress, issues,
-                          options.ids ? *options.ids : ProcessIdCounters());
-    context.vl2snMode = options.vl2snMode;
-    context.inTicks = options.vl2snMode;
-    context.exportTransformEffect = options.exportTransformEffect;
+    ExportContext context{.document = document,
+                          .issues = issues,
+                          .options = options,
+                          .ids = options.ids ? *options.ids : ProcessIdCounters()};
     ObjectHandle project;
-    const int result = TranslateProject(context, source, options, project);
+    const int result = TranslateProject(context, progress, source, project);
     if (skipped != nullptr)
         *skipped = std::move(context.skipped);
     if (result != kSuccess)

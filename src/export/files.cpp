@@ -8,79 +8,79 @@
 #include "export/audio_channels.h"
 #include "export/effects.h"
 #include "export/formats.h"
-#include "export/media.h"
 #include "export/rates.h"
-#include "project/accessors.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace XPJ::RVX {
 
 namespace {
 
-// A Media and the master clip through which it was reached.
-struct FileSource {
-    ConstHandle medium;
-    ConstHandle masterClip;
-    ConstHandle picture;
-    ConstHandle sound;
+// The streams of a file and where its names and times come from.
+struct FileStreams {
+    Media media;
+    MasterClip masterClip;
+    ConstHandle video;
+    ConstHandle audio;
 };
 
-FileSource MakeFileSource(ConstHandle medium, ConstHandle masterClip)
+FileStreams ReadStreams(const FileSource& source)
 {
-    FileSource source{medium, masterClip, VideoStreamOf(medium), AudioStreamOf(medium)};
-    // Where every channel is a stream of its own, the sound hangs on other media than the picture.
-    if (!source.sound)
-        source.sound = AudioStreamOf(AudioMediumOfMaster(masterClip));
-    return source;
+    FileStreams streams{source.media, source.masterClip, VideoStreamOf(source.media),
+                        AudioStreamOf(source.media)};
+    // Where every channel is a stream of its own, the audio belongs to other media than the video.
+    if (!streams.audio)
+        streams.audio = AudioStreamOf(AudioMediaOfMaster(source.masterClip));
+    return streams;
 }
 
-bool IsStill(const FileSource& source)
+bool IsStill(const FileStreams& source)
 {
-    return IsTrue(source.picture, "IsStill");
+    return IsTrue(source.video, "IsStill");
 }
 
 // For people: the title of the medium, else the name of the clip, else the path.
-std::string_view NameOf(const FileSource& source)
+std::string_view NameOf(const FileStreams& source)
 {
-    if (HasValue(source.medium, "Title"))
-        return source.medium.GetProperty("Title");
+    if (HasValue(source.media, "Title"))
+        return source.media.GetProperty("Title");
     return HasValue(source.masterClip, "Name") ? source.masterClip.GetProperty("Name")
-                                               : MediumPath(source.medium);
+                                               : MediaPath(source.media);
 }
 
-// Stills and sound alone count in 29.97.
-Ticks FileRate(const FileSource& source)
+// Stills and audio alone count in 29.97.
+Ticks FileRate(const FileStreams& source)
 {
-    if (!source.picture || IsStill(source))
+    if (!source.video || IsStill(source))
         return kNtscFrameTicks;
-    const Ticks rate = Int64Property(source.picture, "FrameRate");
+    const Ticks rate = Int64Property(source.video, "FrameRate");
     if (rate == 0)
         throw NoFrameLength("media", NameOf(source));
     return IsRate(rate) ? rate : kNtscFrameTicks;
 }
 
-// In frames; in the hand-off form sound alone counts in ticks. A still has no length.
-std::int64_t FileDuration(const ExportContext& context, const FileSource& source, Ticks rate)
+// In frames; in the hand-off document audio alone counts in ticks. A still has no length.
+std::int64_t FileDuration(const ExportContext& context, const FileStreams& source, Ticks rate)
 {
-    if (source.picture)
-        return IsStill(source) ? 0 : DivTicks(Int64Property(source.picture, "Duration"), rate);
-    const Ticks duration = Int64Property(source.sound, "Duration");
-    return context.vl2snMode ? duration : DivTicks(duration, rate);
+    if (source.video)
+        return IsStill(source) ? 0 : DivTicks(Int64Property(source.video, "Duration"), rate);
+    const Ticks duration = Int64Property(source.audio, "Duration");
+    return context.IsHandOff() ? duration : DivTicks(duration, rate);
 }
 
-// A title's words tell it from others, which mostly have the name of their generator.
+// Titles mostly have the name of their generator; their words tell them apart.
 //   "Lower 3rd: Anna Lee / Editor"
-std::string NameOfTitle(ConstHandle medium)
+std::string NameOfTitle(Media media)
 {
     constexpr std::size_t kLongest = 120; // bytes of words
-    const std::string document = DecodeBase64(medium.GetProperty("ImporterPrefs"));
+    const std::string document = DecodeBase64(media.GetProperty("ImporterPrefs"));
     std::string words;
     for (const LegacyTitleText& text : ReadLegacyTitle(document))
         for (const std::string& line : text.lines)
             if (!Trimmed(line).empty() && words.size() <= kLongest)
                 words.append(words.empty() ? "" : " / ").append(Trimmed(line));
-    std::string name = UnescapeXML(medium.GetProperty("Title"));
+    std::string name = UnescapeXML(media.GetProperty("Title"));
     if (words.empty())
         return name;
     if (words.size() > kLongest)
@@ -88,36 +88,36 @@ std::string NameOfTitle(ConstHandle medium)
     return name.append(name.empty() ? "" : ": ").append(words);
 }
 
-std::string_view SyntheticSource(ExportContext& context, ConstHandle medium, MediumKind kind)
+std::string_view GeneratedSource(ExportContext& context, Media media, MediaKind kind)
 {
-    if (kind == MediumKind::BarsAndTone)
+    if (kind == MediaKind::BarsAndTone)
         return "BarsAndTone";
-    if (kind == MediumKind::Graphic)
+    if (kind == MediaKind::Graphic)
         return "GraphicAndType";
     const std::string name =
-        kind == MediumKind::Title ? NameOfTitle(medium) : std::string(medium.GetProperty("Title"));
+        kind == MediaKind::Title ? NameOfTitle(media) : std::string(media.GetProperty("Title"));
     AddIssue(context, ExportIssue::SyntheticNotTranslated,
              {.clip = name, .trackKind = 2, .time = {}});
     return "Slug";
 }
 
-void WriteSource(ExportContext& context, ConstHandle medium, ObjectHandle file)
+void WriteSource(ExportContext& context, Media media, ObjectHandle file)
 {
-    const MediumKind kind = MediumKindOf(medium);
-    if (kind != MediumKind::File) {
-        file.SetProperty("mediaSource", SyntheticSource(context, medium, kind));
+    const MediaKind kind = MediaKindOf(media);
+    if (kind != MediaKind::File) {
+        file.SetProperty("mediaSource", GeneratedSource(context, media, kind));
         return;
     }
-    const std::string path = UnescapeXML(MediumPath(medium));
+    const std::string path = UnescapeXML(MediaPath(media));
     file.SetProperty("pathurl", EscapeXML(MakePathUrl(path)));
-    if (context.vl2snMode && HasValue(medium, "ImporterPrefs"))
-        CopyProperty(medium, "ImporterPrefs", file, "mediaSource");
+    if (context.IsHandOff() && HasValue(media, "ImporterPrefs"))
+        CopyProperty(media, "ImporterPrefs", file, "mediaSource");
 }
 
-ObjectHandle TranslatePicture(ExportContext& context, const FileSource& source, Ticks rate)
+ObjectHandle TranslateVideo(ExportContext& context, const FileStreams& source, Ticks rate)
 {
-    const ConstHandle stream = source.picture;
-    PictureFormat format;
+    const ConstHandle stream = source.video;
+    VideoFormat format;
     format.frameTicks = rate;
     format.frameRect = stream.GetProperty("FrameRect");
     format.originalPixelAspect = OriginalPixelAspectOf(stream);
@@ -126,17 +126,17 @@ ObjectHandle TranslatePicture(ExportContext& context, const FileSource& source, 
                            ? stream.GetProperty("OriginalFieldType")
                            : std::string_view("0");
     const ObjectHandle video = context.document.NewObject("video");
-    video.AddChild(WriteSampleCharacteristics(context, format));
+    video.AddChild(WriteSampleCharacteristics(context.document, format));
     if (IsStill(source))
         video.SetProperty("stillframe", "TRUE");
     return video;
 }
 
-ObjectHandle TranslateSound(ExportContext& context, const FileSource& source)
+ObjectHandle TranslateAudio(ExportContext& context, const FileStreams& source)
 {
     const ObjectHandle format = context.document.NewObject("samplecharacteristics");
-    format.SetProperty("depth", context.vl2snMode ? "32" : "16");
-    const Ticks sampleTicks = Int64Property(source.sound, "FrameRate");
+    format.SetProperty("depth", context.IsHandOff() ? "32" : "16");
+    const Ticks sampleTicks = Int64Property(source.audio, "FrameRate");
     if (sampleTicks == 0)
         throw NoFrameLength("the sound of media", NameOf(source));
     format.SetProperty("samplerate", IntToString(DivTicks(kTicksPerSecond, sampleTicks)));
@@ -153,52 +153,62 @@ ObjectHandle TranslateSound(ExportContext& context, const FileSource& source)
 }
 
 // The import keeps the timecode of a tape in the logging record alone.
-Ticks StartOfMedium(const FileSource& source)
+Ticks StartOfMedia(const FileStreams& source)
 {
-    const ConstHandle medium = source.medium;
-    const Ticks start = Int64Property(
-        medium, IsTrue(medium, "UseAlternateStart") ? Name("AlternateStart") : Name("Start"));
+    const bool isReplaced = IsTrue(source.media, "UseAlternateStart");
+    const Ticks start =
+        Int64Property(source.media, isReplaced ? Name("AlternateStart") : Name("Start"));
     const Ticks logged = Int64Property(LoggingInfoOf(source.masterClip), "MediaInPoint");
     return start == 0 && logged > 0 ? logged : start;
 }
 
-ObjectHandle TranslateFile(ExportContext& context, const FileSource& source)
+// Length, rate and timecode; a length of 0 is not written.
+void WriteTimes(ExportContext& context, const FileStreams& source, Ticks rate, FileRecord& file)
 {
-    const ObjectHandle file = context.document.NewObject("file");
-    file.SetProperty("id", NewId(context, "file-", context.ids.file));
-    WriteSource(context, source.medium, file);
-    file.SetProperty("name", EscapeXML(source.medium.GetProperty("Title")));
+    file.duration = std::max<std::int64_t>(FileDuration(context, source, rate), 0);
+    if (file.duration > 0)
+        file.element.SetProperty("duration", IntToString(file.duration));
+    file.rate =
+        WriteRate(context.document, rate, source.video ? TimeUnit::Frames : context.DocumentUnit());
+    file.element.AddChild(file.rate);
+    const int displayFormat = IntProperty(LoggingInfoOf(source.masterClip), "TimecodeFormat");
+    file.timecode = {.element =
+                         WriteTimecode(context.document, StartOfMedia(source), rate, displayFormat),
+                     .frameTicks = rate};
+    file.element.AddChild(file.timecode.element);
+}
+
+FileRecord TranslateFile(ExportContext& context, const FileStreams& source)
+{
+    FileRecord file{.id = NewId(context.document, "file-", context.ids.file),
+                    .element = context.document.NewObject("file")};
+    file.element.SetPropertyShared("id", file.id);
+    WriteSource(context, source.media, file.element);
+    file.element.SetProperty("name", EscapeXML(source.media.GetProperty("Title")));
 
     const Ticks rate = FileRate(source);
     const ObjectHandle media = context.document.NewObject("media");
-    if (source.picture)
-        media.AddChild(TranslatePicture(context, source, rate));
-    if (source.sound)
-        media.AddChild(TranslateSound(context, source));
-    file.AddChild(media);
-
-    const std::int64_t duration = FileDuration(context, source, rate);
-    if (duration > 0)
-        file.SetProperty("duration", IntToString(duration));
-    file.AddChild(WriteRate(context, rate, context.vl2snMode && !source.picture));
-    const int timecodeFormat = IntProperty(LoggingInfoOf(source.masterClip), "TimecodeFormat");
-    file.AddChild(WriteTimecode(context, StartOfMedium(source), rate, timecodeFormat));
-    TranslateMasterEffects(context, source.masterClip, rate, file);
+    if (source.video)
+        media.AddChild(TranslateVideo(context, source, rate));
+    if (source.audio)
+        media.AddChild(TranslateAudio(context, source));
+    file.element.AddChild(media);
+    WriteTimes(context, source, rate, file);
+    TranslateMasterEffects(context, source.masterClip, rate, file.element);
     return file;
 }
 
 } // namespace
 
-ObjectHandle FileFor(ExportContext& context, ObjectHandle element, ConstHandle medium,
-                     ConstHandle masterClip)
+FileRecord& WriteFile(ExportContext& context, FileCatalog& files, const FileSource& source,
+                      ObjectHandle element)
 {
-    if (const ObjectHandle written = FindNote(context.files, medium)) {
-        element.SetPropertyShared("fileid", written.GetProperty("id"));
-        return written;
+    if (FileRecord* const written = files.Find(source.media)) {
+        element.SetPropertyShared("fileid", written->id);
+        return *written;
     }
-    const ObjectHandle file = TranslateFile(context, MakeFileSource(medium, masterClip));
-    context.files.emplace(medium.UniqueId(), file);
-    element.AddChild(file);
+    FileRecord& file = files.Add(source.media, TranslateFile(context, ReadStreams(source)));
+    element.AddChild(file.element);
     return file;
 }
 

@@ -1,13 +1,19 @@
-// `file` elements. A medium is written in full where it is first used and referred to from then on.
+// `file` elements. A Media is written in full where it is first used and referred to from then on.
 #pragma once
 
-#include "export/export_context.h"
+#include "export/catalogs.h"
 
 namespace XPJ::RVX {
 
-// Gives an element the `file` of a medium, as a child or as the reference `fileid`, and gives that
-// `file`. A clip item without `rate` of its own should take that of the file.
-ObjectHandle FileFor(ExportContext& context, ObjectHandle element, ConstHandle medium,
-                     ConstHandle masterClip);
+// A Media and the master clip through which it was reached.
+struct FileSource {
+    Media media;
+    MasterClip masterClip;
+};
+
+// Adds the `file` of a Media to an element, as a child or as the reference `fileid`. A clip item
+// without `rate` of its own should take that of the file.
+FileRecord& WriteFile(ExportContext& context, FileCatalog& files, const FileSource& source,
+                      ObjectHandle element);
 
 } // namespace XPJ::RVX

@@ -30,7 +30,7 @@ constexpr PixelAspectRow kPixelAspects[] = {
 
 constexpr PixelAspect kSquare = {"square", false};
 
-// What the codec block says, field by field; nothing of a project changes it.
+// The codec block field by field; nothing of a project changes it.
 struct CodecField {
     Name name;
     std::string_view value;
@@ -80,13 +80,13 @@ std::string_view FieldDominance(std::string_view fieldType)
     return fieldType == "1" ? "upper" : "lower";
 }
 
-// The numbers of `AlphaType` that this system speaks of.
+// The numbers of `AlphaType` that matter here.
 constexpr int kNoAlpha = 0;
 constexpr int kStraightAlpha = 1;
 constexpr int kMattedAlpha = 2;
 constexpr int kIgnoredAlpha = 3;
 
-// An overridable setting: the user's where the flag says so, else the medium's own.
+// An overridable setting: the user's where the flag is set, else the media's own.
 std::string_view Setting(ConstHandle stream, Name flag, Name overridden, Name own)
 {
     return stream.GetProperty(IsTrue(stream, flag) ? overridden : own);
@@ -94,12 +94,11 @@ std::string_view Setting(ConstHandle stream, Name flag, Name overridden, Name ow
 
 std::string_view MatteName(ConstHandle stream)
 {
-    const std::string_view colour =
-        Setting(stream, "IsAlphaMatteColorOverridden", "OverriddenAlphaMatterColor",
-                "OriginalAlphaMatteColor");
-    if (colour == "0,0,0")
+    const std::string_view color = Setting(stream, "IsAlphaMatteColorOverridden",
+                                           "OverriddenAlphaMatterColor", "OriginalAlphaMatteColor");
+    if (color == "0,0,0")
         return "black";
-    return colour == "255,255,255" ? "white" : "none";
+    return color == "255,255,255" ? "white" : "none";
 }
 
 } // namespace
@@ -144,10 +143,10 @@ PixelAspect PixelAspectName(std::string_view ratio, int height)
     return kSquare;
 }
 
-ObjectHandle WriteSampleCharacteristics(ExportContext& context, const PictureFormat& format)
+ObjectHandle WriteSampleCharacteristics(Document& document, const VideoFormat& format)
 {
-    const ObjectHandle result = context.document.NewObject("samplecharacteristics");
-    result.AddChild(WriteRate(context, format.frameTicks));
+    const ObjectHandle result = document.NewObject("samplecharacteristics");
+    result.AddChild(WriteRate(document, format.frameTicks));
     const FrameSize size = FrameSizeOf(format.frameRect);
     result.SetProperty("width", IntToString(size.width));
     result.SetProperty("height", IntToString(size.height));
@@ -163,9 +162,8 @@ ObjectHandle WriteSampleCharacteristics(ExportContext& context, const PictureFor
     return result;
 }
 
-ObjectHandle WriteCodec(ExportContext& context)
+ObjectHandle WriteCodec(Document& document)
 {
-    Document& document = context.document;
     const ObjectHandle qtcodec = document.NewObject("qtcodec");
     SetFields(qtcodec, kCodec);
     const ObjectHandle data = document.NewObject("data");
@@ -181,7 +179,7 @@ ObjectHandle WriteCodec(ExportContext& context)
 
 void WriteAlpha(ConstHandle videoStream, ObjectHandle clipItem)
 {
-    if (!videoStream || clipItem.HasProperty("alphatype"))
+    if (!videoStream)
         return;
     std::string_view type = "none";
     bool reverse = false;

@@ -1,14 +1,15 @@
-// The format of pictures: size, pixel aspect, fields, codec, alpha channel.
+// The format of video: size, pixel aspect, fields, codec, alpha channel.
 #pragma once
 
-#include "export/export_context.h"
+#include "core/ticks.h"
+#include "effects/effect_context.h"
 
 #include <string_view>
 
 namespace XPJ::RVX {
 
 // A format as a VideoStream or a VideoTrackGroup states it.
-struct PictureFormat {
+struct VideoFormat {
     Ticks frameTicks = kNtscFrameTicks;
     std::string_view frameRect;                   // "0,0,1920,1080"
     std::string_view pixelAspect = "1,1";         // width, height
@@ -28,16 +29,16 @@ struct PixelAspect {
     bool anamorphic = false;
 };
 
-// The name of a ratio "n,d". The height tells two formats of the ratio 4:3 apart.
+// The name of a ratio "n,d". The height distinguishes two formats of the ratio 4:3.
 PixelAspect PixelAspectName(std::string_view ratio, int height);
 
 // `samplecharacteristics` with `rate`.
-ObjectHandle WriteSampleCharacteristics(ExportContext& context, const PictureFormat& format);
+ObjectHandle WriteSampleCharacteristics(Document& document, const VideoFormat& format);
 
 // The one codec of every exported sequence.
-ObjectHandle WriteCodec(ExportContext& context);
+ObjectHandle WriteCodec(Document& document);
 
-// Puts `alphatype` of a VideoStream on a clip item that has none yet.
+// Writes `alphatype` of a VideoStream on a clip item.
 void WriteAlpha(ConstHandle videoStream, ObjectHandle clipItem);
 
 } // namespace XPJ::RVX

@@ -32,61 +32,91 @@ bool IsLost(Ticks edge, const ItemTiming& timing)
            edge % timing.rate >= timing.sequenceRate;
 }
 
-// Gives how far the transition at this edge reaches beyond it; 0 without one.
+// One edge of an item and how it is written.
+struct EdgeKeys {
+    Name projectKey;
+    Name key;
+    Name exactKey;
+};
+
+constexpr EdgeKeys kStart = {"Start", "start", "velaTicksStart"};
+constexpr EdgeKeys kEnd = {"End", "end", "velaTicksEnd"};
+constexpr EdgeKeys kIn = {"InPoint", "in", "velaTicksIn"};
+constexpr EdgeKeys kOut = {"OutPoint", "out", "velaTicksOut"};
+
+// Gives how far the transition at this edge extends beyond it; 0 without one.
 //   |   item   |=====|      end -1, delta = end of the transition - End
-Ticks WriteEdge(ExportContext& context, ConstHandle trackItem, ConstHandle transition,
-                Name projectKey, Name key, Name exactKey, const ItemTiming& timing,
-                ObjectHandle element)
+Ticks WriteEdge(const EdgeKeys& keys, TrackItem item, ConstHandle transition,
+                const ItemTiming& timing, ObjectHandle element)
 {
-    const Ticks edge = Int64Property(ItemEdges(trackItem), projectKey);
+    const Ticks edge = Int64Property(ItemEdges(item), keys.projectKey);
     if (TransitionCore(transition)) { // is written; a time that it doesn't state is 0
-        element.SetPropertyShared(key, "-1");
-        return Difference(Int64Property(TransitionEdges(transition), projectKey), edge);
+        element.SetPropertyShared(keys.key, "-1");
+        return Difference(Int64Property(TransitionEdges(transition), keys.projectKey), edge);
     }
-    element.SetProperty(key, TimeText(context, edge, timing.rate));
-    if (!context.inTicks && IsLost(edge, timing))
-        element.SetProperty(exactKey, TickText(edge));
+    element.SetProperty(keys.key, TimeText(timing.unit, edge, timing.rate));
+    if (timing.unit == TimeUnit::Frames && IsLost(edge, timing))
+        element.SetProperty(keys.exactKey, TickText(edge));
     return 0;
 }
 
-// Gives the point in the form at hand, as far on in the source as `delta` is in the sequence; a
-// clip that doesn't state it leaves it open.
-std::int64_t WritePoint(ExportContext& context, ConstHandle core, Name projectKey, Ticks delta,
-                        double speed, Ticks rate, Name ticksKey, ObjectHandle element)
+// A point of the source at the edge of an item, as far on in the source as `delta` is in the
+// sequence.
+struct SourcePoint {
+    const EdgeKeys& keys;
+    Ticks delta;
+    double speed;
+};
+
+// Writes the exact ticks of a point and gives its time in the item's unit; a clip that doesn't
+// state it leaves it open.
+std::int64_t WriteExactPoint(const SourcePoint& point, ConstHandle core, const ItemTiming& timing,
+                             ObjectHandle element)
 {
-    if (!core.HasProperty(projectKey) || Int64Property(core, projectKey) < 0)
+    const Ticks stated = Int64Property(core, point.keys.projectKey);
+    if (!core.HasProperty(point.keys.projectKey) || stated < 0)
         return kOpen;
-    const Ticks sourceDelta = speed == 1.0 ? delta : ToTicks(static_cast<double>(delta) * speed);
-    const Ticks point = AddTicks(Int64Property(core, projectKey), sourceDelta);
-    element.SetProperty(ticksKey, TickText(point));
-    const Ticks played = speed == 1.0 ? point : ToTicks(static_cast<double>(point) / speed);
-    return TimeOf(context, played, rate);
+    const bool isPlain = point.speed == 1.0;
+    const Ticks sourceDelta =
+        isPlain ? point.delta : ToTicks(static_cast<double>(point.delta) * point.speed);
+    const Ticks exact = AddTicks(stated, sourceDelta);
+    element.SetProperty(point.keys.exactKey, TickText(exact));
+    const Ticks played = isPlain ? exact : ToTicks(static_cast<double>(exact) / point.speed);
+    return TimeOf(timing.unit, played, timing.rate);
 }
 
 // The length that the speed keyframes state, with the last of them, or else the source's.
-std::int64_t PlayedLength(const ExportContext& context, ConstHandle clip, const ItemTiming& timing)
+std::int64_t PlayedLength(ConstHandle clip, const ItemTiming& timing)
 {
     const std::vector<SpeedPoint> points = ParseSpeedKeyframes(SpeedKeyframesOf(clip));
     if (points.empty())
         return timing.originalDuration;
     const Ticks last = points.back().mediaTime;
-    if (context.inTicks)
+    if (timing.unit == TimeUnit::Ticks)
         return last;
     return ToTicks(std::round(static_cast<double>(last) / static_cast<double>(timing.rate)));
 }
 
 } // namespace
 
-void WriteEdges(ExportContext& context, ConstHandle trackItem, ItemTiming& timing,
-                ObjectHandle element)
+PlayedSpeed PlayedSpeedOf(const ItemTiming& timing)
 {
-    timing.startDelta = WriteEdge(context, trackItem, HeadTransitionOf(trackItem), "Start", "start",
-                                  "velaTicksStart", timing, element);
-    timing.endDelta = WriteEdge(context, trackItem, TailTransitionOf(trackItem), "End", "end",
-                                "velaTicksEnd", timing, element);
+    return {.frameTicks = timing.rate,
+            .factor = timing.speed,
+            .reverse = timing.reverse,
+            .frameBlend = timing.frameBlend,
+            .originalDuration = timing.originalDuration,
+            .duration = timing.duration,
+            .ratio = timing.ratio};
 }
 
-void ReadSpeed(const ExportContext& context, ConstHandle clip, ItemTiming& timing)
+void WriteEdges(TrackItem item, ItemTiming& timing, ObjectHandle element)
+{
+    timing.startDelta = WriteEdge(kStart, item, HeadTransitionOf(item), timing, element);
+    timing.endDelta = WriteEdge(kEnd, item, TailTransitionOf(item), timing, element);
+}
+
+void ReadSpeed(ConstHandle clip, ItemTiming& timing)
 {
     const ConstHandle core = ClipCore(clip);
     const double speed = DoubleProperty(core, "PlaybackSpeed");
@@ -97,20 +127,17 @@ void ReadSpeed(const ExportContext& context, ConstHandle clip, ItemTiming& timin
     const ConstHandle source = SourceOfClip(clip);
     if (source.HasProperty("OriginalDuration"))
         timing.originalDuration =
-            TimeOf(context, Int64Property(source, "OriginalDuration"), timing.rate);
+            TimeOf(timing.unit, Int64Property(source, "OriginalDuration"), timing.rate);
 }
 
-void WriteRange(ExportContext& context, ConstHandle clip, double speed, const ItemTiming& timing,
-                ObjectHandle element)
+void WriteRange(ConstHandle clip, double speed, const ItemTiming& timing, ObjectHandle element)
 {
     std::int64_t in = kOpen;
     std::int64_t out = kOpen;
     const ConstHandle core = ClipCore(clip);
     if (core) {
-        in = WritePoint(context, core, "InPoint", timing.startDelta, speed, timing.rate,
-                        "velaTicksIn", element);
-        out = WritePoint(context, core, "OutPoint", timing.endDelta, speed, timing.rate,
-                         "velaTicksOut", element);
+        in = WriteExactPoint({kIn, timing.startDelta, speed}, core, timing, element);
+        out = WriteExactPoint({kOut, timing.endDelta, speed}, core, timing, element);
     }
     const bool isOpenStill = timing.infinite && (in < 0 || out < 0);
     if (isOpenStill) {
@@ -119,15 +146,14 @@ void WriteRange(ExportContext& context, ConstHandle clip, double speed, const It
         out = perSecond * kInfiniteOut;
     }
     if (core || isOpenStill) {
-        element.SetProperty("in", IntToString(in));
-        element.SetProperty("out", IntToString(out));
+        element.SetProperty(kIn.key, IntToString(in));
+        element.SetProperty(kOut.key, IntToString(out));
     }
 }
 
-void WriteDuration(ExportContext& context, ConstHandle clip, ItemTiming& timing,
-                   ObjectHandle element)
+void WriteDuration(ConstHandle clip, ItemTiming& timing, ObjectHandle element)
 {
-    const std::int64_t length = PlayedLength(context, clip, timing);
+    const std::int64_t length = PlayedLength(clip, timing);
     timing.duration =
         timing.speed == 1.0 ? length : ToTicks(static_cast<double>(length) / timing.speed);
     timing.ratio =

@@ -1,15 +1,17 @@
 // The times of a track item, and what the speed of its clip makes of them.
 #pragma once
 
+#include "effects/time_remap.h"
 #include "export/export_context.h"
 
 #include <cstdint>
 
 namespace XPJ::RVX {
 
-// Counts in the form at hand (`context.inTicks`), where it doesn't say ticks.
+// Counts in `unit`, unless said to be ticks.
 struct ItemTiming {
-    Ticks rate = kNtscFrameTicks; // ticks a frame: of its medium, else of the sequence
+    TimeUnit unit = TimeUnit::Frames;
+    Ticks rate = kNtscFrameTicks; // ticks a frame: of its media, else of the sequence
     Ticks sequenceRate = kNtscFrameTicks;
     Ticks startDelta = 0; // ticks from an edge of the item to that of the transition there
     Ticks endDelta = 0;
@@ -22,21 +24,21 @@ struct ItemTiming {
     double ratio = 1.0;                    // originalDuration / duration
 };
 
+// The same for the translation of speeds.
+PlayedSpeed PlayedSpeedOf(const ItemTiming& timing);
+
 // Writes `start` and `end`: -1 where a transition covers the edge, whose distance is kept. They
-// count in the item's rate; an edge that is lost between its frames is stated exactly as well.
-void WriteEdges(ExportContext& context, ConstHandle trackItem, ItemTiming& timing,
-                ObjectHandle element);
+// count in the item's rate; an edge that is lost between its frames is written exactly as well.
+void WriteEdges(TrackItem item, ItemTiming& timing, ObjectHandle element);
 
 // Takes speed, direction, blending and the source's length from a VideoClip or AudioClip.
-void ReadSpeed(const ExportContext& context, ConstHandle clip, ItemTiming& timing);
+void ReadSpeed(ConstHandle clip, ItemTiming& timing);
 
-// Writes `in`, `out` and their exact ticks. They reach as far as the transitions at the edges, and
-// count in what plays at `speed`; sound, which is not stretched, passes 1.
-void WriteRange(ExportContext& context, ConstHandle clip, double speed, const ItemTiming& timing,
-                ObjectHandle element);
+// Writes `in`, `out` and their exact ticks. They include the transitions at the edges, and count in
+// what plays at `speed`; audio, which is not stretched, passes 1.
+void WriteRange(ConstHandle clip, double speed, const ItemTiming& timing, ObjectHandle element);
 
 // Writes `duration`, and keeps it with `ratio`.
-void WriteDuration(ExportContext& context, ConstHandle clip, ItemTiming& timing,
-                   ObjectHandle element);
+void WriteDuration(ConstHandle clip, ItemTiming& timing, ObjectHandle element);
 
 } // namespace XPJ::RVX

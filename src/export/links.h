@@ -1,30 +1,60 @@
 // Links between items: a project states them as groups, documents item by item.
 #pragma once
 
-#include "export/track_context.h"
+#include "export/export_context.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
 
 namespace XPJ::RVX {
 
-// Opens a link group for each link of a sequence, before its items are written.
-void OpenLinkGroups(ExportContext& context, ConstHandle sequence);
+// A written item as links name it: the `position`th on the `track`th written track of its type,
+// both from 1. `isGrouped` marks channels that belong together.
+struct LinkTarget {
+    ObjectHandle element = {};
+    std::string_view id = {};
+    MediaType type = MediaType::Video;
+    int track = 1;
+    int position = 1;
+    bool isGrouped = false;
+};
 
-// True for a project item (ItemCore) that has a link group.
-bool HasLinkGroup(const ExportContext& context, ConstHandle itemCore);
-// A group for an item that the project links to nothing, so that its written channels find each
-// other.
-void OpenLinkGroup(ExportContext& context, ConstHandle itemCore);
+// The `link` that names an item.
+ObjectHandle WriteLink(Document& document, const LinkTarget& target);
 
-// The `link` that names an element, the `position`th on the `track`th written track of its kind.
-ObjectHandle NewLink(ExportContext& context, ObjectHandle element, MediaType kind, int track,
-                     int position, bool grouped);
+// The items that the project links, in the order in which they are written.
+class LinkGroups {
+public:
+    // Opens a group for each link of a sequence, before its items are written.
+    void AddLinksOf(ConstHandle sequence);
+    // True for an item that has a group.
+    bool Contains(TrackItem item) const;
+    // A group for an item that the project links to nothing, so that its written channels find
+    // each other.
+    void AddGroupOf(TrackItem item);
 
-// Enters an element, the next on its track, in the group of the project item that it is made from.
-// `grouped` marks the two channels of a stereo item.
-void RegisterLink(ExportContext& context, ConstHandle itemCore, ObjectHandle element,
-                  const TrackPlace& track, bool grouped = false);
+    // Adds what is written for an item to the item's group, if it has one. `source` is the id of
+    // what it shows, empty if that has none.
+    void Add(Document& document, TrackItem item, const LinkTarget& target, std::string_view source);
 
-// The last pass: gives every registered element a `link` to each one of its group that shows the
-// same source, itself included, in the order of the group.
-void ResolveLinks(const ExportContext& context);
+    // The last pass: gives every added element a `link` to each one of its group that shows the
+    // same source, itself included, in the order of the group.
+    void WriteLinks() const;
+
+private:
+    struct Member {
+        ObjectHandle element;
+        ObjectHandle link;
+        std::string_view source;
+    };
+    using Group = std::vector<Member>;
+    static void WriteGroup(const Group& group);
+
+    std::vector<Group> groups_;
+    std::unordered_map<std::uint64_t, std::size_t> groupOfItem_; // by the identity of ItemCore
+};
 
 } // namespace XPJ::RVX

@@ -1,9 +1,8 @@
 #include "export/logging.h"
 
+#include "core/frame_rate.h"
 #include "core/text.h"
-#include "project/accessors.h"
-
-#include <string>
+#include "project/side_tables.h"
 
 namespace XPJ::RVX {
 
@@ -34,6 +33,19 @@ constexpr CopiedKey kKeycodeKeys[] = {
     {"FilmKeycodeReversed", "reversed"},
 };
 
+constexpr CopiedKey kCommentKeys[] = {
+    {"Master_95_Comment_95_1", "mastercomment1"}, {"Master_95_Comment_95_2", "mastercomment2"},
+    {"Master_95_Comment_95_3", "mastercomment3"}, {"Master_95_Comment_95_4", "mastercomment4"},
+    {"Clip_95_Comment_95_A", "clipcommenta"},     {"Clip_95_Comment_95_B", "clipcommentb"},
+};
+
+// The host's own column has no field in a document, but makes `comments` appear.
+constexpr Name kCommentColumn = "Column.PropertyText.Comment";
+
+// `TimecodeFormat` of the two ways to count without dropped numbers.
+constexpr int kNonDrop2997 = 103;
+constexpr int kNonDrop5994 = 107;
+
 // True if the record had any of the keys.
 template <std::size_t N>
 bool CopyKeys(ConstHandle info, const CopiedKey (&keys)[N], ObjectHandle to)
@@ -46,31 +58,31 @@ bool CopyKeys(ConstHandle info, const CopiedKey (&keys)[N], ObjectHandle to)
     return any;
 }
 
-bool MayDrop(ObjectHandle rate)
+bool MayDrop(Ticks frameTicks)
 {
-    const int timebase = IntProperty(rate, "timebase");
-    return IsTrue(rate, "ntsc") && (timebase == 30 || timebase == 60);
+    const DocumentRate rate = RateOfFrame(frameTicks);
+    return rate.ntsc && (rate.timebase == 30 || rate.timebase == 60);
 }
 
-void CompleteTimecode(ExportContext& context, ConstHandle info, ObjectHandle timecode)
+void CompleteTimecode(Document& document, ConstHandle info, FileTimecode& timecode)
 {
-    if (!timecode)
-        return;
-    if (HasValue(info, "TapeName") && !timecode.HasChild("reel")) {
-        const ObjectHandle reel = context.document.NewObject("reel");
+    if (HasValue(info, "TapeName") && !timecode.hasReel) {
+        const ObjectHandle reel = document.NewObject("reel");
         reel.SetProperty("name", EscapeXML(info.GetProperty("TapeName")));
-        timecode.AddChild(reel);
+        timecode.element.AddChild(reel);
+        timecode.hasReel = true;
     }
-    if (HasValue(info, "TimecodeFormat") && MayDrop(timecode.GetChild("rate"))) {
+    if (HasValue(info, "TimecodeFormat") && MayDrop(timecode.frameTicks)) {
         const int format = IntProperty(info, "TimecodeFormat");
-        timecode.SetProperty("displayformat", format == 103 || format == 107 ? "NDF" : "DF");
+        const bool isNonDrop = format == kNonDrop2997 || format == kNonDrop5994;
+        timecode.element.SetPropertyShared("displayformat", isNonDrop ? "NDF" : "DF");
     }
 }
 
-void WriteFilmData(ExportContext& context, ConstHandle info, ObjectHandle element)
+void WriteFilmData(Document& document, ConstHandle info, ObjectHandle element)
 {
-    const ObjectHandle filmData = context.document.NewObject("filmdata");
-    const ObjectHandle keycode = context.document.NewObject("keycode");
+    const ObjectHandle filmData = document.NewObject("filmdata");
+    const ObjectHandle keycode = document.NewObject("keycode");
     const bool hasRolls = CopyKeys(info, kRollKeys, filmData);
     const bool hasKeycode = CopyKeys(info, kKeycodeKeys, keycode);
     if (hasKeycode)
@@ -79,19 +91,49 @@ void WriteFilmData(ExportContext& context, ConstHandle info, ObjectHandle elemen
         element.AddChild(filmData);
 }
 
+bool WriteLabel(Document& document, ConstHandle properties, Name key, ObjectHandle element)
+{
+    if (!properties.HasProperty(key))
+        return false;
+    const ObjectHandle labels = document.NewObject("labels");
+    if (const std::string_view name = LabelNameOf(properties.GetProperty(key)); !name.empty())
+        labels.SetProperty("label2", name);
+    element.AddChild(labels);
+    return true;
+}
+
 } // namespace
 
-void TranslateLoggingInfo(ExportContext& context, ConstHandle masterClip, ObjectHandle file,
+void TranslateLoggingInfo(Document& document, MasterClip masterClip, FileRecord* file,
                           ObjectHandle element)
 {
     const ConstHandle info = LoggingInfoOf(masterClip);
     if (!info)
         return;
-    const ObjectHandle written = context.document.NewObject("logginginfo");
+    const ObjectHandle written = document.NewObject("logginginfo");
     CopyKeys(info, kLoggingKeys, written);
     element.AddChild(written);
-    CompleteTimecode(context, info, file.GetChild("timecode"));
-    WriteFilmData(context, info, element);
+    if (file)
+        CompleteTimecode(document, info, file->timecode);
+    WriteFilmData(document, info, element);
+}
+
+bool WriteItemLabel(Document& document, ConstHandle itemProperties, ObjectHandle element)
+{
+    return WriteLabel(document, itemProperties, "Column.PropertyText.Label", element);
+}
+
+bool WriteClipLabel(Document& document, ConstHandle clipProperties, ObjectHandle element)
+{
+    return WriteLabel(document, clipProperties, "hfl.clip.label.name", element);
+}
+
+void WriteComments(Document& document, ConstHandle itemProperties, ObjectHandle element)
+{
+    const ObjectHandle comments = document.NewObject("comments");
+    const bool hasComments = CopyKeys(itemProperties, kCommentKeys, comments);
+    if (hasComments || itemProperties.HasProperty(kCommentColumn))
+        element.AddChild(comments);
 }
 
 } // namespace XPJ::RVX

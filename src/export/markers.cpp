@@ -2,7 +2,6 @@
 
 #include "core/text.h"
 #include "export/rates.h"
-#include "project/accessors.h"
 #include "project/marker_record.h"
 
 #include <algorithm>
@@ -13,11 +12,11 @@ namespace XPJ::RVX {
 
 namespace {
 
-// Marks of the host's own work, which mean nothing elsewhere.
+// Types that the host makes for its own use; they mean nothing elsewhere.
 constexpr std::string_view kSpeechType = "Speech";
 constexpr std::string_view kInOutType = "InOut";
 
-// The part of its medium that an owner shows.
+// The part of its media that an owner shows.
 struct MediaRange {
     Ticks start = 0;
     Ticks end = 0;
@@ -40,9 +39,9 @@ struct MarkerTimes {
     bool AreWritten() const { return in >= 0 && end >= in; }
 };
 
-// Markers of a medium stand at its times; only what lies in the shown part is written.
+// Markers of media count in their times; only what lies in the shown part is written.
 //
-//   medium  |------|=======range=======|---|
+//   media   |------|=======range=======|---|
 //   marker      |------|                        in = range start, end as it is
 //   marker                         |------|     end = range end
 MarkerTimes TimesInRange(const MarkerRecord& record, const MediaRange& range)
@@ -57,40 +56,40 @@ MarkerTimes TimesWithOffset(const MarkerRecord& record, Ticks offset)
     return {in, AddTicks(AddTicks(in, offset), record.duration)};
 }
 
-std::string OutText(const ExportContext& context, const MarkerRecord& record,
-                    const MarkerTimes& times, Ticks frameTicks)
+std::string OutText(const MarkerRecord& record, const MarkerTimes& times,
+                    const MarkerSource& source)
 {
     if (record.duration == 0)
         return "-1";
-    return record.duration < 0 ? "0" : TimeText(context, times.end, frameTicks);
+    return record.duration < 0 ? "0" : TimeText(source.unit, times.end, source.frameTicks);
 }
 
-void WriteMarker(ExportContext& context, const MarkerRecord& record, const MarkerTimes& times,
-                 Ticks frameTicks, ObjectHandle element)
+ObjectHandle WriteMarker(Document& document, const MarkerRecord& record, const MarkerTimes& times,
+                         const MarkerSource& source)
 {
-    const ObjectHandle marker = context.document.NewObject("marker");
-    marker.SetProperty("in", TimeText(context, times.in, frameTicks));
+    const ObjectHandle marker = document.NewObject("marker");
+    marker.SetProperty("in", TimeText(source.unit, times.in, source.frameTicks));
     marker.SetProperty("name", EscapeXML(record.name));
-    marker.SetProperty("out", OutText(context, record, times, frameTicks));
+    marker.SetProperty("out", OutText(record, times, source));
     marker.SetProperty("comment", EscapeXML(record.comment));
-    if (!record.colour.empty())
-        marker.SetProperty("velaColor", record.colour);
-    element.AddChild(marker);
+    if (!record.color.empty())
+        marker.SetProperty("velaColor", record.color);
+    return marker;
 }
 
 } // namespace
 
-void TranslateMarkers(ExportContext& context, const MarkerPlace& place, ObjectHandle element)
+void TranslateMarkers(Document& document, const MarkerSource& source, ObjectHandle element)
 {
-    const std::optional<MediaRange> range = RangeOf(place.owner);
-    for (const ConstHandle entry : MarkerEntriesOf(place.owner)) {
+    const std::optional<MediaRange> range = RangeOf(source.owner);
+    for (const ConstHandle entry : MarkerEntriesOf(source.owner)) {
         const std::optional<MarkerRecord> record = ParseMarkerRecord(MarkerRecordOf(entry));
         if (!record || record->type == kSpeechType || record->type == kInOutType)
             continue;
         const MarkerTimes times =
-            range ? TimesInRange(*record, *range) : TimesWithOffset(*record, place.offset);
+            range ? TimesInRange(*record, *range) : TimesWithOffset(*record, source.offset);
         if (times.AreWritten())
-            WriteMarker(context, *record, times, place.frameTicks, element);
+            element.AddChild(WriteMarker(document, *record, times, source));
     }
 }
 

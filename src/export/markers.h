@@ -5,15 +5,16 @@
 
 namespace XPJ::RVX {
 
-// Where the markers of an owner stand: the owner is a sequence or a ClipCore, `offset` is added to
-// their times where the owner's source states no range.
-struct MarkerPlace {
+// Where the markers of an owner, a sequence or a ClipCore, are and how their times are written.
+// `offset` is added to them where the owner's source states no range.
+struct MarkerSource {
     ConstHandle owner;
     Ticks frameTicks = kNtscFrameTicks;
+    TimeUnit unit = TimeUnit::Frames;
     Ticks offset = 0;
 };
 
-// Attaches a `marker` for each marker that has a place in the element.
-void TranslateMarkers(ExportContext& context, const MarkerPlace& place, ObjectHandle element);
+// Adds a `marker` for each marker that lies in what the element shows.
+void TranslateMarkers(Document& document, const MarkerSource& source, ObjectHandle element);
 
 } // namespace XPJ::RVX

@@ -1,39 +1,44 @@
-// The medium behind a master clip, and the part of it that a subclip shows.
+// Media behind master clips: what kind they are, how they count, and the part that a clip shows.
 #pragma once
 
 #include "export/export_context.h"
 
 namespace XPJ::RVX {
 
-// What a master shows, read once: a master may have many clips, and many items show it.
-const MasterMedia& MediaOfMaster(ExportContext& context, ConstHandle masterClip);
-// The medium of the first AudioClip that has one.
-ConstHandle AudioMediumOfMaster(ConstHandle masterClip);
-
-// What stands behind a medium.
-enum class MediumKind {
+// What stands behind a Media.
+enum class MediaKind {
     File,
-    ColourMatte,
+    ColorMatte,
     Graphic,
     BarsAndTone,
     Title,     // a legacy title document
     Synthetic, // a generator without a counterpart
 };
 
-MediumKind MediumKindOf(ConstHandle medium);
-// The path of a medium, a code in digits for one that is made by the host.
-std::string_view MediumPath(ConstHandle medium);
+MediaKind MediaKindOf(Media media);
+// The path of a Media, a code in digits for one that the host generates.
+std::string_view MediaPath(Media media);
+// True for a Media that a `clip` is written for.
+bool IsWrittenAsClip(Media media);
+// True where the video of a Media is a stream of captions.
+bool ShowsCaptions(Media media);
 
-// The id under which `clip` and track items name the master, made on first demand. Empty for a
-// master that no `clip` is written for: one of a sequence, a colour matte or a graphic.
-std::string_view MasterClipId(ExportContext& context, ConstHandle masterClip);
+// The rate in which ranges, markers and boundaries of the `clip` of a Media count.
+Ticks ClipRate(Media media);
 
-// The rate in which ranges, markers and boundaries of a medium's `clip` count.
-Ticks ClipRate(ConstHandle medium);
+// The part of its media that a clip shows: ticks, -1 where the project states nothing.
+struct ClipBoundaries {
+    Ticks start = -1;
+    Ticks end = -1;
+    Ticks duration = -1; // of the whole media
+    bool hard = true;
+};
 
-// Tells of an item that it shows a part of its medium: `subclipinfo`, or the two attributes of
-// boundaries that the host doesn't hold hard.
-void ApplySubclipOffsets(ExportContext& context, const ClipBoundaries& boundaries,
+ClipBoundaries ReadBoundaries(ConstHandle source);
+
+// Adds to an element that it shows a part of its media, in frames of `frameTicks`: `subclipinfo`,
+// or the two attributes of boundaries that the host doesn't hold hard.
+void WriteSubclipOffsets(Document& document, const ClipBoundaries& boundaries, Ticks frameTicks,
                          ObjectHandle element);
 
 } // namespace XPJ::RVX

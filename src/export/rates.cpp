@@ -7,23 +7,14 @@
 
 namespace XPJ::RVX {
 
-namespace {
-
-std::string_view NtscText(bool ntsc)
+std::int64_t TimeOf(TimeUnit unit, Ticks ticks, Ticks frameTicks)
 {
-    return ntsc ? "TRUE" : "FALSE";
+    return unit == TimeUnit::Ticks ? ticks : DivTicks(ticks, frameTicks);
 }
 
-} // namespace
-
-std::int64_t TimeOf(const ExportContext& context, Ticks ticks, Ticks frameTicks)
+std::string TimeText(TimeUnit unit, Ticks ticks, Ticks frameTicks)
 {
-    return context.inTicks ? ticks : DivTicks(ticks, frameTicks);
-}
-
-std::string TimeText(const ExportContext& context, Ticks ticks, Ticks frameTicks)
-{
-    return IntToString(TimeOf(context, ticks, frameTicks));
+    return IntToString(TimeOf(unit, ticks, frameTicks));
 }
 
 bool IsRate(Ticks frameTicks)
@@ -31,28 +22,28 @@ bool IsRate(Ticks frameTicks)
     return frameTicks > 0 && frameTicks != std::numeric_limits<Ticks>::max();
 }
 
-ObjectHandle WriteRate(ExportContext& context, Ticks frameTicks, bool tickForm)
+ObjectHandle WriteRate(Document& document, Ticks frameTicks, TimeUnit unit)
 {
-    const ObjectHandle rate = context.document.NewObject("rate");
-    if (tickForm) {
+    const ObjectHandle rate = document.NewObject("rate");
+    if (unit == TimeUnit::Ticks) {
         rate.SetProperty("timebase", IntToString(kTicksPerSecond));
         return rate;
     }
     const DocumentRate stated = RateOfFrame(frameTicks);
     rate.SetProperty("timebase", IntToString(stated.timebase));
-    rate.SetProperty("ntsc", NtscText(stated.ntsc));
+    rate.SetPropertyShared("ntsc", stated.ntsc ? "TRUE" : "FALSE");
     return rate;
 }
 
-ObjectHandle WriteTimecode(ExportContext& context, Ticks start, Ticks frameTicks, int displayFormat)
+ObjectHandle WriteTimecode(Document& document, Ticks start, Ticks frameTicks, int displayFormat)
 {
     const TimecodeForm form = TimecodeFormOf(frameTicks, displayFormat);
     const std::int64_t frame = DivTicks(start, frameTicks);
-    const ObjectHandle timecode = context.document.NewObject("timecode");
-    timecode.AddChild(WriteRate(context, frameTicks));
+    const ObjectHandle timecode = document.NewObject("timecode");
+    timecode.AddChild(WriteRate(document, frameTicks));
     timecode.SetProperty("string", FormatTimecode(frame, form.base, form.drop));
     timecode.SetProperty("frame", IntToString(frame));
-    timecode.SetProperty("displayformat", form.drop ? "DF" : "NDF");
+    timecode.SetPropertyShared("displayformat", form.drop ? "DF" : "NDF");
     return timecode;
 }
 

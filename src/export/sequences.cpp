@@ -1,13 +1,13 @@
 #include "export/sequences.h"
 
 #include "core/host_properties.h"
-#include "core/numbers.h"
 #include "core/text.h"
+#include "export/audio_items.h"
 #include "export/audio_tracks.h"
-#include "export/links.h"
 #include "export/markers.h"
 #include "export/rates.h"
 #include "export/tracks.h"
+#include "export/video_items.h"
 
 #include <algorithm>
 #include <limits>
@@ -17,34 +17,15 @@ namespace XPJ::RVX {
 namespace {
 
 // A sequence in a sequence is five levels of elements; readers of documents have their limits, and
-// so has the stack.
-constexpr int kMaxSequenceDepth = 32;
-
-class DepthScope {
-public:
-    explicit DepthScope(int& depth) : depth_(depth) { ++depth_; }
-    ~DepthScope() { --depth_; }
-    DepthScope(const DepthScope&) = delete;
-    DepthScope& operator=(const DepthScope&) = delete;
-
-private:
-    int& depth_;
-};
-
-std::string_view SequenceId(ExportContext& context, ConstHandle sequence)
-{
-    std::string_view& id = context.sequenceIds[sequence.UniqueId()];
-    if (id.empty())
-        id = NewId(context, "sequence-", context.ids.sequence);
-    return id;
-}
+// so has the stack of the writer.
+constexpr std::size_t kMaxSequenceDepth = 32;
 
 Ticks EndOfTrack(ConstHandle track)
 {
     ConstHandle last;
     for (const ConstHandle item : TrackItemsOf(track))
         last = item;
-    return Int64Property(ItemEdges(last), "End");
+    return Int64Property(ItemEdges(TrackItem(last)), "End");
 }
 
 // Where the last item of any track ends.
@@ -64,34 +45,121 @@ void CopyUIProperties(ConstHandle properties, ObjectHandle result)
             result.AddPropertyShared(key, properties.GetProperty(key));
 }
 
-// Picture before sound, whatever the order of the groups.
-ObjectHandle TranslateGroups(ExportContext& context, const SequencePlace& place)
+// What a sequence has of its own, before its tracks.
+ObjectHandle WriteSequenceHead(ExportContext& context, Catalogs& catalogs,
+                               const ShownSequence& shown)
 {
-    const ObjectHandle media = context.document.NewObject("media");
-    for (const ConstHandle entry : GroupEntriesOf(place.sequence))
-        if (const ConstHandle group = GroupOfEntry(entry);
-            group && IsGroupEntryOf(entry, MediaType::Video))
-            media.AddChild(TranslateVideoGroup(context, place, group));
-    for (const ConstHandle entry : GroupEntriesOf(place.sequence))
-        if (const ConstHandle group = GroupOfEntry(entry);
-            group && IsGroupEntryOf(entry, MediaType::Audio))
-            media.AddChild(TranslateAudioGroup(context, place, group));
-    return media;
+    const ObjectHandle result = context.document.NewObject("sequence");
+    result.SetPropertyShared("id", catalogs.sequences.IdOf(context, shown.sequence));
+    result.SetProperty("name", EscapeXML(shown.sequence.GetProperty("Name")));
+    if (!context.IsHandOff())
+        result.SetPropertyShared("explodedTracks", "true");
+    if (const std::string_view guid = ObjectGuid(shown.masterClip); !guid.empty())
+        result.SetPropertyShared("uuid", guid);
+    CopyUIProperties(SequenceProperties(shown.sequence), result);
+    return result;
 }
 
-void TranslateTimeline(ExportContext& context, const SequencePlace& place, ObjectHandle result)
+void WriteTimes(ExportContext& context, const SequenceContext& sequence, ObjectHandle result)
 {
-    const Ticks rate = place.frameTicks;
+    const Ticks rate = sequence.frameTicks;
     if (rate == 0)
-        throw NoFrameLength("sequence", place.sequence.GetProperty("Name"));
-    const ConstHandle properties = SequenceProperties(place.sequence);
-    result.AddChild(WriteRate(context, rate, context.inTicks));
-    result.SetProperty("duration", TimeText(context, DurationOf(place.sequence), rate));
-    result.AddChild(WriteTimecode(context, Int64Property(properties, "MZ.ZeroPoint"), rate,
+        throw NoFrameLength("sequence", sequence.sequence.GetProperty("Name"));
+    const ConstHandle properties = SequenceProperties(sequence.sequence);
+    const TimeUnit unit = context.DocumentUnit();
+    result.AddChild(WriteRate(context.document, rate, unit));
+    result.SetProperty("duration", TimeText(unit, DurationOf(sequence.sequence), rate));
+    result.AddChild(WriteTimecode(context.document, Int64Property(properties, "MZ.ZeroPoint"), rate,
                                   IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat")));
-    result.AddChild(TranslateGroups(context, place));
-    TranslateMarkers(context, {.owner = place.sequence, .frameTicks = rate}, result);
 }
+
+struct TypedGroup {
+    MediaType type;
+    ConstHandle group;
+};
+
+// Video before audio, whatever their order in the project.
+std::vector<TypedGroup> GroupsOf(ConstHandle sequence)
+{
+    std::vector<TypedGroup> groups;
+    for (const MediaType type : {MediaType::Video, MediaType::Audio})
+        for (const ConstHandle entry : GroupEntriesOf(sequence))
+            if (const ConstHandle group = GroupOfEntry(entry); group && IsGroupEntryOf(entry, type))
+                groups.push_back({type, group});
+    return groups;
+}
+
+// A sequence that is being written, item by item.
+class OpenSequence {
+public:
+    OpenSequence(ExportContext& context, Catalogs& catalogs, const ShownSequence& shown)
+        : context_(context),
+          catalogs_(catalogs), sequence_{shown.sequence, FrameTicksOfSequence(shown.sequence)},
+          element_(WriteSequenceHead(context, catalogs, shown)),
+          media_(context.document.NewObject("media"))
+    {
+        catalogs.links.AddLinksOf(shown.sequence);
+        if (HasTrackGroups(shown.sequence)) {
+            WriteTimes(context, sequence_, element_);
+            groups_ = GroupsOf(shown.sequence);
+            TranslateMarkers(context.document,
+                             {.owner = shown.sequence,
+                              .frameTicks = sequence_.frameTicks,
+                              .unit = context.DocumentUnit()},
+                             element_);
+        }
+        element_.AddChild(media_);
+    }
+
+    ObjectHandle Element() const { return element_; }
+
+    // Goes on to the next item, over tracks and groups; false at the end.
+    bool HasNextItem()
+    {
+        while (true) {
+            if (track_ == tracks_.size()) {
+                if (group_ == groups_.size())
+                    return false;
+                TranslateGroup(groups_[group_++]);
+            } else if (item_ == tracks_[track_].items.size()) {
+                ++track_;
+                item_ = 0;
+            } else {
+                return true;
+            }
+        }
+    }
+
+    NestedSequence TranslateNextItem()
+    {
+        OpenTrack& open = tracks_[track_];
+        const ItemPart& part = open.items[item_++];
+        return open.track.type == MediaType::Video
+                   ? TranslateVideoItem(context_, catalogs_, open.track, part.item)
+                   : TranslateAudioItem(context_, catalogs_, open.track, part);
+    }
+
+private:
+    void TranslateGroup(const TypedGroup& group)
+    {
+        tracks_ = group.type == MediaType::Video
+                      ? TranslateVideoGroup(context_, sequence_, group.group, media_)
+                      : TranslateAudioGroup(context_, sequence_, group.group, media_);
+        track_ = 0;
+        item_ = 0;
+    }
+
+    ExportContext& context_;
+    Catalogs& catalogs_;
+    SequenceContext sequence_;
+    ObjectHandle element_;
+    ObjectHandle media_;
+    std::vector<TypedGroup> groups_;
+    std::vector<OpenTrack> tracks_; // of the group at hand
+    std::size_t group_ = 0;         // the next one
+    std::size_t track_ = 0;
+    std::size_t item_ = 0; // the next one of the track
+};
 
 } // namespace
 
@@ -102,47 +170,30 @@ Ticks FrameTicksOfSequence(ConstHandle sequence)
     return rate == std::numeric_limits<Ticks>::max() ? kNtscFrameTicks : rate;
 }
 
-ObjectHandle TranslateSequence(ExportContext& context, ConstHandle sequence, ConstHandle masterClip)
+ObjectHandle TranslateSequence(ExportContext& context, Catalogs& catalogs,
+                               const ShownSequence& shown, std::vector<ShownSequence>& postponed)
 {
-    const DepthScope depth(context.sequenceDepth);
-    const TimeFormScope form(context, context.vl2snMode);
-    const ObjectHandle result = context.document.NewObject("sequence");
-    result.SetPropertyShared("id", SequenceId(context, sequence));
-    result.SetProperty("name", EscapeXML(sequence.GetProperty("Name")));
-    if (!context.vl2snMode)
-        result.SetPropertyShared("explodedTracks", "true");
-    if (const std::string_view guid = ObjectGuid(masterClip); !guid.empty())
-        result.SetPropertyShared("uuid", guid);
-    CopyUIProperties(SequenceProperties(sequence), result);
-    OpenLinkGroups(context, sequence);
-    if (HasTrackGroups(sequence))
-        TranslateTimeline(context, {sequence, FrameTicksOfSequence(sequence)}, result);
-    else
-        result.AddChild(context.document.NewObject("media"));
+    std::vector<OpenSequence> open; // each is shown by the one before it
+    open.emplace_back(context, catalogs, shown);
+    const ObjectHandle result = open.back().Element();
+    while (!open.empty()) {
+        if (!open.back().HasNextItem()) {
+            open.pop_back();
+            continue;
+        }
+        const NestedSequence nested = open.back().TranslateNextItem();
+        if (!nested.shown.sequence)
+            continue;
+        if (open.size() < kMaxSequenceDepth) {
+            open.emplace_back(context, catalogs, nested.shown);
+            nested.clipItem.AddChild(open.back().Element());
+        } else {
+            nested.clipItem.SetPropertyShared(
+                "sequenceid", catalogs.sequences.IdOf(context, nested.shown.sequence));
+            postponed.push_back(nested.shown);
+        }
+    }
     return result;
-}
-
-void TranslateNestedSequence(ExportContext& context, ConstHandle sequence, ConstHandle masterClip,
-                             ObjectHandle clipItem)
-{
-    const bool isKnown = context.sequenceIds.contains(sequence.UniqueId());
-    if (!isKnown && context.sequenceDepth < kMaxSequenceDepth) {
-        clipItem.AddChild(TranslateSequence(context, sequence, masterClip));
-        return;
-    }
-    if (!isKnown)
-        context.postponedSequences.push_back({sequence, masterClip});
-    clipItem.SetPropertyShared("sequenceid", SequenceId(context, sequence));
-}
-
-// Each of them may postpone others.
-void TranslatePostponedSequences(ExportContext& context, ObjectHandle children)
-{
-    while (!context.postponedSequences.empty()) {
-        const auto [sequence, masterClip] = context.postponedSequences.back();
-        context.postponedSequences.pop_back();
-        children.AddChild(TranslateSequence(context, sequence, masterClip));
-    }
 }
 
 } // namespace XPJ::RVX

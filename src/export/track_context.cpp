@@ -4,25 +4,25 @@
 
 namespace XPJ::RVX {
 
-std::string FormatItemTime(const SequencePlace& place, Ticks start)
+std::string FormatItemTime(const SequenceContext& context, Ticks start)
 {
-    const ConstHandle properties = SequenceProperties(place.sequence);
+    const ConstHandle properties = SequenceProperties(context.sequence);
     const TimecodeForm form = TimecodeFormOf(
-        place.frameTicks, IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat"));
+        context.frameTicks, IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat"));
     const Ticks time = AddTicks(Int64Property(properties, "MZ.ZeroPoint"), start);
-    return FormatTimecode(DivTicks(time, place.frameTicks), form.base, form.drop);
+    return FormatTimecode(DivTicks(time, context.frameTicks), form.base, form.drop);
 }
 
-ItemPlace PlaceOfItem(const TrackPlace& track, Ticks start, std::string_view clipName)
+ItemPlace PlaceOfItem(const TrackContext& track, Ticks start, std::string_view clipName)
 {
     return {.sequence = track.sequence.sequence.GetProperty("Name"),
             .clip = clipName,
-            .trackKind = track.kind == MediaType::Video ? 1 : 2,
+            .trackKind = track.type == MediaType::Video ? 1 : 2,
             .trackIndex = track.index,
             .time = FormatItemTime(track.sequence, start)};
 }
 
-void AddItemIssue(ExportContext& context, const TrackPlace& track, Ticks start, ExportIssue kind,
+void AddItemIssue(ExportContext& context, const TrackContext& track, Ticks start, ExportIssue kind,
                   std::string_view clipName, std::string_view subject)
 {
     AddIssue(context, kind, PlaceOfItem(track, start, clipName), subject);

@@ -1,8 +1,7 @@
-// Where a track item stands: in its sequence, on its written track, and in the report.
+// Where an item is: in its sequence, on its written track, and in the report.
 #pragma once
 
 #include "export/export_context.h"
-#include "project/accessors.h"
 
 #include <string>
 #include <string_view>
@@ -10,18 +9,19 @@
 namespace XPJ::RVX {
 
 // A project sequence whose tracks are being translated.
-struct SequencePlace {
+struct SequenceContext {
     ConstHandle sequence;
-    Ticks frameTicks = kNtscFrameTicks; // of its picture; transitions and findings count in it
+    Ticks frameTicks = kNtscFrameTicks; // of its video; transitions and issues count in it
 };
 
 // A written track that is being filled.
-struct TrackPlace {
-    SequencePlace sequence;
-    MediaType kind = MediaType::Video;
-    int index = 0;                   // from 0, among the project's tracks of its kind
-    int number = 1;                  // from 1, among the written ones: `trackindex` of a link
-    ObjectHandle track;              // the written one
+struct TrackContext {
+    SequenceContext sequence;
+    MediaType type = MediaType::Video;
+    TimeUnit unit = TimeUnit::Frames; // of the times on it
+    int index = 0;                    // from 0, among the project's tracks of its type
+    int number = 1;                   // from 1, among the written ones: `trackindex` of a link
+    ObjectHandle element;
     int itemCount = 0;               // items and transitions on it
     ConstHandle lastTransition = {}; // of the project, the last one that was translated
 
@@ -29,19 +29,39 @@ struct TrackPlace {
     int NextPosition() const { return itemCount + 1; }
     void Add(ObjectHandle item)
     {
-        track.AddChild(item);
+        element.AddChild(item);
         ++itemCount;
     }
 };
 
+// What of an item goes onto a written track: all of it, or one channel of its audio.
+struct ItemPart {
+    TrackItem item;
+    int channel = 0; // from 0, of the project's track
+    bool isExploded = false;
+};
+
 // The sequence's timecode at a time in it.
-std::string FormatItemTime(const SequencePlace& place, Ticks start);
+std::string FormatItemTime(const SequenceContext& context, Ticks start);
 
 // The place of what starts at `start` on the track.
-ItemPlace PlaceOfItem(const TrackPlace& track, Ticks start, std::string_view clipName);
+ItemPlace PlaceOfItem(const TrackContext& track, Ticks start, std::string_view clipName);
 
-// Enters a finding about what starts at `start` on the track.
-void AddItemIssue(ExportContext& context, const TrackPlace& track, Ticks start, ExportIssue kind,
+// Adds an issue about what starts at `start` on the track.
+void AddItemIssue(ExportContext& context, const TrackContext& track, Ticks start, ExportIssue kind,
                   std::string_view clipName, std::string_view subject = {});
+
+// A sequence, and the master that leads to it.
+struct ShownSequence {
+    ConstHandle sequence;
+    MasterClip masterClip;
+};
+
+// A clip item that shows a sequence of which nothing is written yet: it is to be written in the
+// item, before the next item of the track. Without a sequence there is nothing to do.
+struct NestedSequence {
+    ShownSequence shown;
+    ObjectHandle clipItem;
+};
 
 } // namespace XPJ::RVX

@@ -1,40 +1,41 @@
 #include "export/tracks.h"
 
 #include "export/formats.h"
-#include "export/items.h"
 
 namespace XPJ::RVX {
 
 namespace {
 
-ObjectHandle WriteFormat(ExportContext& context, Ticks frameTicks, ConstHandle group)
+ObjectHandle WriteFormat(Document& document, Ticks frameTicks, ConstHandle group)
 {
     const std::string_view aspect = group.GetProperty("PixelAspectRatio");
     const ObjectHandle characteristics =
-        WriteSampleCharacteristics(context, {.frameTicks = frameTicks,
-                                             .frameRect = group.GetProperty("FrameRect"),
-                                             .pixelAspect = aspect,
-                                             .originalPixelAspect = aspect,
-                                             .fieldType = group.GetProperty("FieldType")});
+        WriteSampleCharacteristics(document, {.frameTicks = frameTicks,
+                                              .frameRect = group.GetProperty("FrameRect"),
+                                              .pixelAspect = aspect,
+                                              .originalPixelAspect = aspect,
+                                              .fieldType = group.GetProperty("FieldType")});
     characteristics.SetPropertyShared("colordepth", "24");
-    characteristics.AddChild(WriteCodec(context));
-    const ObjectHandle format = context.document.NewObject("format");
+    characteristics.AddChild(WriteCodec(document));
+    const ObjectHandle format = document.NewObject("format");
     format.AddChild(characteristics);
     return format;
 }
 
-ObjectHandle TranslateVideoTrack(ExportContext& context, const SequencePlace& sequence,
-                                 ConstHandle projectTrack, int index)
+OpenTrack OpenVideoTrack(Document& document, const SequenceContext& sequence,
+                         ConstHandle projectTrack, int index)
 {
-    TrackPlace track{.sequence = sequence,
-                     .kind = MediaType::Video,
-                     .index = index,
-                     .number = index + 1,
-                     .track = context.document.NewObject("track")};
-    WriteTrackState(projectTrack, false, track.track);
+    OpenTrack result{.track = {.sequence = sequence,
+                               .type = MediaType::Video,
+                               .unit = TimeUnit::Frames,
+                               .index = index,
+                               .number = index + 1,
+                               .element = document.NewObject("track")},
+                     .items = {}};
+    WriteTrackState(projectTrack, false, result.track.element);
     for (const ConstHandle item : TrackItemsOf(projectTrack))
-        TranslateVideoItem(context, track, item);
-    return track.track;
+        result.items.push_back({.item = TrackItem(item)});
+    return result;
 }
 
 } // namespace
@@ -51,15 +52,19 @@ void WriteTrackState(ConstHandle projectTrack, bool isOff, ObjectHandle track)
                                                         : "0");
 }
 
-ObjectHandle TranslateVideoGroup(ExportContext& context, const SequencePlace& sequence,
-                                 ConstHandle group)
+std::vector<OpenTrack> TranslateVideoGroup(ExportContext& context, const SequenceContext& sequence,
+                                           ConstHandle group, ObjectHandle media)
 {
     const ObjectHandle video = context.document.NewObject("video");
-    video.AddChild(WriteFormat(context, sequence.frameTicks, group));
+    media.AddChild(video);
+    video.AddChild(WriteFormat(context.document, sequence.frameTicks, group));
+    std::vector<OpenTrack> tracks;
     int index = 0;
-    for (const ConstHandle track : TracksOf(group))
-        video.AddChild(TranslateVideoTrack(context, sequence, track, index++));
-    return video;
+    for (const ConstHandle projectTrack : TracksOf(group)) {
+        tracks.push_back(OpenVideoTrack(context.document, sequence, projectTrack, index++));
+        video.AddChild(tracks.back().track.element);
+    }
+    return tracks;
 }
 
 } // namespace XPJ::RVX

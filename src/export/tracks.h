@@ -1,13 +1,21 @@
-// Groups and tracks of picture, and what all tracks have in common.
+// Groups and tracks of video, and what all tracks have in common.
 #pragma once
 
 #include "export/track_context.h"
 
+#include <vector>
+
 namespace XPJ::RVX {
 
-// The `video` of a VideoTrackGroup, with its format and its tracks.
-ObjectHandle TranslateVideoGroup(ExportContext& context, const SequencePlace& sequence,
-                                 ConstHandle group);
+// A written track whose items are still to be translated onto it, one by one.
+struct OpenTrack {
+    TrackContext track;
+    std::vector<ItemPart> items;
+};
+
+// Adds the `video` of a VideoTrackGroup to a `media`, with its format and its empty tracks.
+std::vector<OpenTrack> TranslateVideoGroup(ExportContext& context, const SequenceContext& sequence,
+                                           ConstHandle group, ObjectHandle media);
 
 // Writes `locked`, `enabled` and the user's targeting of a project track.
 void WriteTrackState(ConstHandle projectTrack, bool isOff, ObjectHandle track);

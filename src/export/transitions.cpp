@@ -31,8 +31,7 @@ std::string_view TransitionAlignment(ConstHandle transition)
 
 } // namespace
 
-// The form at hand is that of the track's times: frames for picture, the document's for sound.
-void TranslateTransition(ExportContext& context, TrackPlace& track, ConstHandle transition)
+void TranslateTransition(ExportContext& context, TrackContext& track, ConstHandle transition)
 {
     const ConstHandle core = TransitionCore(transition);
     if (!core)
@@ -42,15 +41,15 @@ void TranslateTransition(ExportContext& context, TrackPlace& track, ConstHandle 
     const Ticks rate = track.sequence.frameTicks;
 
     const ObjectHandle result = context.document.NewObject("transitionitem");
-    result.AddChild(WriteRate(context, rate, context.inTicks));
-    result.SetProperty("start", TimeText(context, start, rate));
-    result.SetProperty("end", TimeText(context, Int64Property(edges, "End"), rate));
+    result.AddChild(WriteRate(context.document, rate, track.unit));
+    result.SetProperty("start", TimeText(track.unit, start, rate));
+    result.SetProperty("end", TimeText(track.unit, Int64Property(edges, "End"), rate));
     result.SetPropertyShared("alignment", TransitionAlignment(transition));
     if (HasValue(core, "Alignment"))
         result.SetProperty("cutPointTicks", TickText(Int64Property(core, "Alignment")));
 
     result.AddChild(TransitionToXmeml(EffectContextAt(context, PlaceOfItem(track, start, {}), rate),
-                                      track.kind, transition));
+                                      track.type, transition));
     track.Add(result);
     track.lastTransition = transition;
 }

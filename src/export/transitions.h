@@ -1,4 +1,4 @@
-// Transitions of picture and sound.
+// Transitions of video and audio.
 #pragma once
 
 #include "export/track_context.h"
@@ -6,7 +6,7 @@
 namespace XPJ::RVX {
 
 // Adds the `transitionitem` of a project transition to its track; one of an unknown kind becomes a
-// plain dissolve or fade, with a finding.
-void TranslateTransition(ExportContext& context, TrackPlace& track, ConstHandle transition);
+// plain dissolve or fade, with an issue.
+void TranslateTransition(ExportContext& context, TrackContext& track, ConstHandle transition);
 
 } // namespace XPJ::RVX

@@ -1,10 +1,12 @@
 #include "export/video_items.h"
 
+#include "effects/color_matte.h"
 #include "effects/distort.h"
 #include "effects/time_remap.h"
 #include "effects/video_chain.h"
 #include "export/effects.h"
 #include "export/formats.h"
+#include "export/item_source.h"
 
 #include <optional>
 #include <string_view>
@@ -13,64 +15,124 @@ namespace XPJ::RVX {
 
 namespace {
 
-FrameSize FrameOfSequence(ExportContext& context, ConstHandle sequence)
+// The frame of what an item shows; nothing for an item without video.
+std::optional<FrameSize> FrameOfItem(SequenceCatalog& sequences, const ItemRecord& record)
 {
-    const auto [entry, isNew] = context.sequenceFrames.try_emplace(sequence.UniqueId());
-    if (isNew) {
-        const ConstHandle group = GroupOfKind(sequence, MediaType::Video);
-        entry->second =
-            ParseFrameSize(group.GetProperty("FrameRect"), group.GetProperty("PixelAspectRatio"));
-    }
-    return entry->second;
-}
-
-// The frame of what an item shows; nothing for an item without a picture.
-std::optional<FrameSize> FrameOfItem(ExportContext& context, const ItemRecord& record)
-{
-    if (const ConstHandle stream = VideoStreamOf(record.medium))
+    if (const ConstHandle stream = VideoStreamOf(record.media))
         return ParseFrameSize(stream.GetProperty("FrameRect"), PixelAspectOf(stream));
     if (record.sequence)
-        return FrameOfSequence(context, record.sequence);
+        return sequences.FrameOf(record.sequence);
     return std::nullopt;
+}
+
+// An item of a video track that is being written.
+struct VideoItem {
+    ExportContext& context;
+    Catalogs& catalogs;
+    TrackContext& track;
+    ItemRecord record;
+    ObjectHandle element;
+
+    NestedSequence TranslateClip();
+    void TranslateMatte();
+    void AddLink(std::string_view source);
+    void WriteTimes();
+    void WriteEffects();
+    void WriteSpeed();
+    void WriteAspectCompensation();
+};
+
+void VideoItem::AddLink(std::string_view source)
+{
+    catalogs.links.Add(context.document, record.item,
+                       {.element = element,
+                        .id = record.id,
+                        .type = MediaType::Video,
+                        .track = track.number,
+                        .position = track.NextPosition()},
+                       source);
+}
+
+void VideoItem::WriteTimes()
+{
+    WriteRange(record.clip, record.timing.speed, record.timing, element);
+    WriteDuration(record.clip, record.timing, element);
+}
+
+// Motion, opacity and the other effects, in the order of the document.
+void VideoItem::WriteEffects()
+{
+    EffectContext effects = EffectContextAt(
+        context, PlaceOfItem(track, record.Start(), record.subClip.GetProperty("Name")),
+        record.timing.rate);
+    effects.sequenceFrame = catalogs.sequences.FrameOf(track.sequence.sequence);
+    effects.clipFrame = FrameOfItem(catalogs.sequences, record).value_or(FrameSize());
+    VideoChainToXmeml(effects, ChainOfOwner(ItemCore(record.item)), element);
+}
+
+// The Time Remap of an item that doesn't play its source plainly.
+void VideoItem::WriteSpeed()
+{
+    const ItemTiming& timing = record.timing;
+    if (HasTimeRemapping(record.clip) || timing.ratio != 1.0 || timing.reverse || timing.frameBlend)
+        TimeRemapToXmeml(context.document, PlayedSpeedOf(timing), SpeedKeyframesOf(record.clip),
+                         MediaType::Video, element);
+}
+
+// The stretch between the pixel aspects of an item and its sequence.
+void VideoItem::WriteAspectCompensation()
+{
+    if (const std::optional<FrameSize> frame = FrameOfItem(catalogs.sequences, record))
+        CompensatePixelAspect(context.document, frame->pixelAspect,
+                              catalogs.sequences.FrameOf(track.sequence.sequence).pixelAspect,
+                              element);
+}
+
+NestedSequence VideoItem::TranslateClip()
+{
+    element = context.document.NewObject("clipitem");
+    WriteItemHead(context, catalogs.masters, record, element);
+    const ItemSource source = WriteItemSource(context, catalogs, track, record, element);
+    AddLink(source.linkKey);
+    WriteAlpha(VideoStreamOf(record.media), element);
+    WriteSubclipOffsets(context.document, record.boundaries, record.timing.rate, element);
+    WriteClipOptions(context.document, record, element);
+    WriteTimes();
+    WriteEffects();
+    WriteSpeed();
+    WriteAspectCompensation();
+    track.Add(element);
+    return source.nested;
+}
+
+// A generator is described by its one effect: it has no room for filters, markers or notes.
+void VideoItem::TranslateMatte()
+{
+    element = context.document.NewObject("generatoritem");
+    WriteItemHead(context, catalogs.masters, record, element);
+    AddLink(record.masterClipId);
+    element.AddChild(ColorMatteEffect(context.document, record.media));
+    ReadSpeed(record.clip, record.timing);
+    WriteTimes();
+    track.Add(element);
 }
 
 } // namespace
 
-void ExportVideoEffects(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
-                        ObjectHandle element)
+NestedSequence TranslateVideoItem(ExportContext& context, Catalogs& catalogs, TrackContext& track,
+                                  TrackItem item)
 {
-    const Ticks start = Int64Property(ItemEdges(record.item), "Start");
-    EffectContext effects = EffectContextAt(
-        context, PlaceOfItem(track, start, record.subClip.GetProperty("Name")), record.timing.rate);
-    effects.sequenceFrame = FrameOfSequence(context, track.sequence.sequence);
-    effects.clipFrame = FrameOfItem(context, record).value_or(FrameSize());
-    VideoChainToXmeml(effects, ChainOfOwner(ItemCore(record.item)), element);
-}
-
-void ExportSpeed(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
-                 ObjectHandle element)
-{
-    const ItemTiming& timing = record.timing;
-    const bool isVideo = track.kind == MediaType::Video;
-    TimeRemapToXmeml(context.document,
-                     {.frameTicks = timing.rate,
-                      .factor = timing.speed,
-                      .reverse = timing.reverse,
-                      .frameBlend = timing.frameBlend,
-                      .originalDuration = timing.originalDuration,
-                      .duration = timing.duration,
-                      .ratio = timing.ratio},
-                     isVideo ? SpeedKeyframesOf(record.clip) : std::string_view(), track.kind,
-                     element);
-}
-
-void ExportAspectCompensation(ExportContext& context, const TrackPlace& track,
-                              const ItemRecord& record, ObjectHandle element)
-{
-    if (const std::optional<FrameSize> frame = FrameOfItem(context, record))
-        CompensatePixelAspect(context.document, frame->pixelAspect,
-                              FrameOfSequence(context, track.sequence.sequence).pixelAspect,
-                              element);
+    VideoItem clip{context, catalogs, track, ReadItem(catalogs.masters, track, item), {}};
+    if (!clip.record.subClip || ShowsCaptions(clip.record.media))
+        return {};
+    TranslateHeadTransition(context, track, item);
+    NestedSequence nested;
+    if (MediaKindOf(clip.record.media) == MediaKind::ColorMatte)
+        clip.TranslateMatte();
+    else
+        nested = clip.TranslateClip();
+    TranslateTailTransition(context, track, item);
+    return nested;
 }
 
 } // namespace XPJ::RVX

@@ -1,18 +1,14 @@
-// The effects and the speed of picture items; the speed of sound items.
+// Items of video tracks.
 #pragma once
 
-#include "export/items.h"
+#include "export/catalogs.h"
+#include "export/track_context.h"
 
 namespace XPJ::RVX {
 
-// Motion, opacity and the other effects of a picture item, in the order of the document.
-void ExportVideoEffects(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
-                        ObjectHandle element);
-// The Time Remap of an item that doesn't play its source plainly (see ItemTiming).
-void ExportSpeed(ExportContext& context, const TrackPlace& track, const ItemRecord& record,
-                 ObjectHandle element);
-// The stretch between the pixel aspects of a picture and its sequence.
-void ExportAspectCompensation(ExportContext& context, const TrackPlace& track,
-                              const ItemRecord& record, ObjectHandle element);
+// Translates an item, with the transitions at its edges, onto its track. An item without the parts
+// that make one is skipped. The result is what the caller has to write in the item.
+NestedSequence TranslateVideoItem(ExportContext& context, Catalogs& catalogs, TrackContext& track,
+                                  TrackItem item);
 
 } // namespace XPJ::RVX

@@ -50,7 +50,7 @@ std::string_view AlignmentOf(ConstHandle core, const Transition& transition)
 
 } // namespace
 
-std::vector<Effect> ReadProjectEffects(ConstHandle trackItem)
+std::vector<Effect> ReadProjectEffects(TrackItem trackItem)
 {
     std::vector<Effect> effects;
     for (const ConstHandle& component : ComponentsOf(ChainOfOwner(ItemCore(trackItem))))

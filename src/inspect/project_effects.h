@@ -2,12 +2,13 @@
 #pragma once
 
 #include "inspect/timeline.h"
+#include "project/accessors.h"
 #include "tree/object.h"
 
 namespace XPJ::Inspection {
 
 // The components of a track item, and its pan.
-std::vector<Effect> ReadProjectEffects(ConstHandle trackItem);
+std::vector<Effect> ReadProjectEffects(TrackItem trackItem);
 
 std::vector<Keyframe> ReadProjectSpeedKeyframes(ConstHandle clip);
 

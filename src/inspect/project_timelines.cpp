@@ -121,7 +121,7 @@ private:
                     .label = UnescapeXML(LabelNameOf(
                         ItemProperties(item).GetProperty("Column.PropertyText.Label")))};
         if (item.GetName() == "ClipProjectItem") {
-            const ConstHandle master = MasterOfItem(item);
+            const MasterClip master = MasterOfItem(item);
             const ConstHandle clip = MainClip(master);
             const ConstHandle sequence = SequenceOfMaster(master);
             entry.kind = sequence ? EntryKind::Sequence : EntryKind::Clip;
@@ -133,7 +133,7 @@ private:
         project_.entries.push_back(std::move(entry));
     }
 
-    std::size_t MediumOf(ConstHandle media)
+    std::size_t MediumOf(Media media)
     {
         if (!media)
             return kNothing;
@@ -181,13 +181,13 @@ private:
                     .name = TextOf(TrackProperties(node), "MZ.TrackName"),
                     .enabled = !IsTrue(core, "IsMuted"),
                     .locked = IsTrue(core, "IsLocked")};
-        std::vector<ConstHandle> nodes;
+        std::vector<TrackItem> nodes;
         for (const ConstHandle& item : TrackItemsOf(node))
-            nodes.push_back(item);
+            nodes.emplace_back(item);
         std::ranges::stable_sort(
-            nodes, {}, [](ConstHandle item) { return Int64Property(ItemEdges(item), "Start"); });
+            nodes, {}, [](TrackItem item) { return Int64Property(ItemEdges(item), "Start"); });
         NodeSet transitions;
-        for (const ConstHandle& item : nodes) {
+        for (const TrackItem& item : nodes) {
             places_.emplace(item.UniqueId(), ItemPlace{sequence.tracks.size(), track.items.size()});
             track.items.push_back(MakeItem(item, kind, sequence.form));
             for (const ConstHandle& transition : {HeadTransitionOf(item), TailTransitionOf(item)})
@@ -198,7 +198,7 @@ private:
         sequence.tracks.push_back(std::move(track));
     }
 
-    Item MakeItem(ConstHandle node, MediaType kind, const FrameForm& sequenceForm)
+    Item MakeItem(TrackItem node, MediaType kind, const FrameForm& sequenceForm)
     {
         const ConstHandle edges = ItemEdges(node);
         const ConstHandle subClip = SubClipOf(node);
@@ -237,7 +237,7 @@ private:
             item.sourceName = TextOf(sequence, "Name");
             if (!isMulticam && !IsMergedSequence(sequence))
                 sequences_.NumberOf(sequence);
-        } else if (const ConstHandle media = MediaOfSource(source)) {
+        } else if (const Media media = MediaOfSource(source)) {
             item.medium = MediumOf(media);
             const Medium& medium = project_.media[item.medium];
             item.source = IsMadeByEditor(media.GetProperty("FilePath")) ? SourceKind::Generator
@@ -257,10 +257,10 @@ private:
     }
 
     // A graphic's text stands on the item or on its master, a title document in the Media.
-    std::size_t TitleOf(ConstHandle node, ConstHandle clip)
+    std::size_t TitleOf(TrackItem node, ConstHandle clip)
     {
         const std::size_t own = AddTitle(TextsOfChain(ChainOfOwner(ItemCore(node))));
-        const ConstHandle master = MasterOfSubClip(SubClipOf(node));
+        const MasterClip master = MasterOfSubClip(SubClipOf(node));
         if (own != kNothing || !master)
             return own;
         const auto [entry, isNew] = titles_.emplace(master.UniqueId(), kNothing);

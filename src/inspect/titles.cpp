@@ -111,10 +111,10 @@ std::vector<TitleText> TextsOfChain(ConstHandle chain)
     return texts;
 }
 
-std::vector<TitleText> TextsOfMedia(ConstHandle media)
+std::vector<TitleText> TextsOfMedia(Media media)
 {
     std::vector<TitleText> texts;
-    if (!media || RVX::MediumKindOf(media) != RVX::MediumKind::Title)
+    if (!media || RVX::MediaKindOf(media) != RVX::MediaKind::Title)
         return texts;
     for (const LegacyTitleText& part :
          ReadLegacyTitle(DecodeBase64(media.GetProperty("ImporterPrefs"))))

@@ -4,6 +4,7 @@
 
 #include "effects/effect_context.h"
 #include "inspect/timeline.h"
+#include "project/accessors.h"
 #include "tree/object.h"
 
 #include <string>
@@ -26,7 +27,7 @@ std::vector<TitleText> TextsOfFilters(ObjectHandle owner);
 std::vector<TitleText> TextsOfChain(ConstHandle chain);
 
 // Of the title document that a project's Media holds; empty for a Media of another kind.
-std::vector<TitleText> TextsOfMedia(ConstHandle media);
+std::vector<TitleText> TextsOfMedia(Media media);
 
 // The words on one line, cut to a length that is fit for a list.
 //   PreviewOf({.text = "Anna Lee\nEditor"}) == "Anna Lee / Editor"

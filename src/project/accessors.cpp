@@ -6,7 +6,7 @@ namespace XPJ {
 
 namespace {
 
-ConstHandle FirstClipOfClass(ConstHandle masterClip, std::string_view className)
+ConstHandle FirstClipOfClass(MasterClip masterClip, std::string_view className)
 {
     for (const ConstHandle clip : ClipsOfMaster(masterClip))
         if (clip.GetName() == className)
@@ -31,9 +31,9 @@ ConstHandle ItemProperties(ConstHandle item)
     return FindPath(item, {"ProjectItem", "Node", "Properties"});
 }
 
-ConstHandle MasterOfItem(ConstHandle clipItem)
+MasterClip MasterOfItem(ConstHandle clipItem)
 {
-    return clipItem.GetChild("MasterClip");
+    return MasterClip(clipItem.GetChild("MasterClip"));
 }
 
 std::string_view ObjectGuid(ConstHandle object)
@@ -41,28 +41,28 @@ std::string_view ObjectGuid(ConstHandle object)
     return object.GetProperty("UIDObject");
 }
 
-ConstChildRange ClipsOfMaster(ConstHandle masterClip)
+ConstChildRange ClipsOfMaster(MasterClip masterClip)
 {
     return masterClip.GetChild("Clips").GetChildren("Clip");
 }
 
-ConstHandle FirstVideoClip(ConstHandle masterClip)
+ConstHandle FirstVideoClip(MasterClip masterClip)
 {
     return FirstClipOfClass(masterClip, "VideoClip");
 }
 
-ConstHandle FirstAudioClip(ConstHandle masterClip)
+ConstHandle FirstAudioClip(MasterClip masterClip)
 {
     return FirstClipOfClass(masterClip, "AudioClip");
 }
 
-ConstHandle MainClip(ConstHandle masterClip)
+ConstHandle MainClip(MasterClip masterClip)
 {
     const ConstHandle video = FirstVideoClip(masterClip);
     return video ? video : FirstAudioClip(masterClip);
 }
 
-ConstHandle SequenceOfMaster(ConstHandle masterClip)
+ConstHandle SequenceOfMaster(MasterClip masterClip)
 {
     for (const ConstHandle clip : ClipsOfMaster(masterClip))
         if (const ConstHandle sequence = SequenceOfSource(SourceOfClip(clip)))
@@ -70,12 +70,12 @@ ConstHandle SequenceOfMaster(ConstHandle masterClip)
     return {};
 }
 
-ConstHandle LoggingInfoOf(ConstHandle masterClip)
+ConstHandle LoggingInfoOf(MasterClip masterClip)
 {
     return masterClip.GetChild("LoggingInfo");
 }
 
-ConstChildRange ChannelVectorsOf(ConstHandle masterClip)
+ConstChildRange ChannelVectorsOf(MasterClip masterClip)
 {
     return FindPath(masterClip, {"AudioClipChannelGroups", "ClipChannelVectors"})
         .GetChildren("ClipChannelVectorItem");
@@ -86,14 +86,23 @@ ConstChildRange ChannelsOfVector(ConstHandle vector)
     return vector.GetChild("ClipChannels").GetChildren("ClipChannelItem");
 }
 
-ConstHandle VideoChainOfMaster(ConstHandle masterClip)
+ConstHandle VideoChainOfMaster(MasterClip masterClip)
 {
     return masterClip.GetChild("VideoComponentChain");
 }
 
-ConstHandle AudioChainOfMaster(ConstHandle masterClip)
+ConstHandle AudioChainOfMaster(MasterClip masterClip)
 {
     return masterClip.GetChild("AudioComponentChain");
+}
+
+Media AudioMediaOfMaster(MasterClip masterClip)
+{
+    for (const ConstHandle clip : ClipsOfMaster(masterClip))
+        if (IsAudioClip(clip))
+            if (const Media media = MediaOfSource(SourceOfClip(clip)))
+                return media;
+    return {};
 }
 
 bool IsVideoClip(ConstHandle clip)
@@ -146,19 +155,19 @@ std::string_view SpeedKeyframesOf(ConstHandle clip)
     return FindPath(ClipCore(clip), {"TimeRemapping", "Keyframes"}).GetProperty("Keyframes");
 }
 
-ConstHandle MediaOfSource(ConstHandle source)
+Media MediaOfSource(ConstHandle source)
 {
-    return FindPath(source, {"MediaSource", "Media"});
+    return Media(FindPath(source, {"MediaSource", "Media"}));
 }
 
-ConstHandle VideoStreamOf(ConstHandle medium)
+ConstHandle VideoStreamOf(Media media)
 {
-    return medium.GetChild("VideoStream");
+    return media.GetChild("VideoStream");
 }
 
-ConstHandle AudioStreamOf(ConstHandle medium)
+ConstHandle AudioStreamOf(Media media)
 {
-    return medium.GetChild("AudioStream");
+    return media.GetChild("AudioStream");
 }
 
 ConstHandle BoundariesOfSource(ConstHandle source)
@@ -193,9 +202,9 @@ ConstChildRange GroupEntriesOf(ConstHandle sequence)
     return sequence.GetChild("TrackGroups").GetChildren("TrackGroup");
 }
 
-bool IsGroupEntryOf(ConstHandle entry, MediaType kind)
+bool IsGroupEntryOf(ConstHandle entry, MediaType type)
 {
-    return EqualsIgnoreCase(entry.GetProperty("First"), MediaTypeText(kind));
+    return EqualsIgnoreCase(entry.GetProperty("First"), MediaTypeText(type));
 }
 
 ConstHandle GroupOfEntry(ConstHandle entry)
@@ -203,10 +212,10 @@ ConstHandle GroupOfEntry(ConstHandle entry)
     return entry.GetChild("Second");
 }
 
-ConstHandle GroupOfKind(ConstHandle sequence, MediaType kind)
+ConstHandle GroupOfKind(ConstHandle sequence, MediaType type)
 {
     for (const ConstHandle entry : GroupEntriesOf(sequence))
-        if (IsGroupEntryOf(entry, kind))
+        if (IsGroupEntryOf(entry, type))
             return GroupOfEntry(entry);
     return {};
 }
@@ -257,17 +266,17 @@ ConstHandle AudioTrackOf(ConstHandle track)
     return track.GetChild("AudioTrack");
 }
 
-ConstHandle ItemCore(ConstHandle item)
+ConstHandle ItemCore(TrackItem item)
 {
     return item.GetChild("ClipTrackItem");
 }
 
-ConstHandle ItemEdges(ConstHandle item)
+ConstHandle ItemEdges(TrackItem item)
 {
     return ItemCore(item).GetChild("TrackItem");
 }
 
-ConstHandle SubClipOf(ConstHandle item)
+ConstHandle SubClipOf(TrackItem item)
 {
     return ItemCore(item).GetChild("SubClip");
 }
@@ -277,17 +286,17 @@ ConstHandle ClipOfSubClip(ConstHandle subClip)
     return subClip.GetChild("Clip");
 }
 
-ConstHandle MasterOfSubClip(ConstHandle subClip)
+MasterClip MasterOfSubClip(ConstHandle subClip)
 {
-    return subClip.GetChild("MasterClip");
+    return MasterClip(subClip.GetChild("MasterClip"));
 }
 
-ConstHandle HeadTransitionOf(ConstHandle item)
+ConstHandle HeadTransitionOf(TrackItem item)
 {
     return ItemCore(item).GetChild("HeadTransition");
 }
 
-ConstHandle TailTransitionOf(ConstHandle item)
+ConstHandle TailTransitionOf(TrackItem item)
 {
     return ItemCore(item).GetChild("TailTransition");
 }
@@ -342,6 +351,16 @@ ConstHandle ComponentProperties(ConstHandle component)
 ConstChildRange DependenciesOf(ConstHandle component)
 {
     return component.GetChild("PluginDependencyMap").GetChildren("Dependency");
+}
+
+ConstHandle FaderParam(ConstHandle audioTrack, std::string_view name)
+{
+    for (const ConstHandle component : ComponentsOf(ChainOfOwner(audioTrack)))
+        if (component.GetName() == "AudioFader")
+            for (const ConstHandle param : ParamsOf(component))
+                if (param.GetProperty("Name") == name)
+                    return param;
+    return {};
 }
 
 ConstHandle DirectPanProcessorOf(ConstHandle owner)

@@ -1,9 +1,10 @@
-// Where things stand in a project tree as the reader gives it. No other code walks these chains.
+// Where things are in a project tree as the reader gives it. No other code walks these chains.
 //
 // A project class nests the parts of its bases as nodes of their own (VideoClip / Clip), and
-// reference children hang under the tag of the reference, whatever their own class: the `Clip` of a
-// list is a VideoClip or an AudioClip. "Core" names the part that both kinds of a thing share.
-// Every accessor takes a null handle, and gives null, empty or an empty range for what isn't there.
+// reference children are entered under the tag of the reference, whatever their own class: the
+// `Clip` of a list is a VideoClip or an AudioClip. "Core" names the part that both types of a thing
+// share. Every accessor takes a null handle, and gives null, empty or an empty range for what isn't
+// there. All of them only read.
 #pragma once
 
 #include "core/media_type.h"
@@ -14,6 +15,26 @@
 
 namespace XPJ {
 
+// ---- Nodes that many functions are given together, and that must not be mixed up
+
+// What the browser shows of media or of a sequence.
+struct MasterClip : ConstHandle {
+    MasterClip() = default;
+    explicit MasterClip(ConstHandle node) : ConstHandle(node) {}
+};
+
+// A VideoClipTrackItem or an AudioClipTrackItem.
+struct TrackItem : ConstHandle {
+    TrackItem() = default;
+    explicit TrackItem(ConstHandle node) : ConstHandle(node) {}
+};
+
+// A media file, or what the host generates in place of one.
+struct Media : ConstHandle {
+    Media() = default;
+    explicit Media(ConstHandle node) : ConstHandle(node) {}
+};
+
 // ---- Browser
 
 // The list of a root item or a bin; its children are ClipProjectItems, BinProjectItems and others.
@@ -22,28 +43,30 @@ ConstHandle ItemList(ConstHandle item);
 std::string_view ItemName(ConstHandle item);
 // Columns of a bin or clip item: label, comments.
 ConstHandle ItemProperties(ConstHandle item);
-ConstHandle MasterOfItem(ConstHandle clipItem);
+MasterClip MasterOfItem(ConstHandle clipItem);
 // The GUID text by which a project refers to an object.
 std::string_view ObjectGuid(ConstHandle object);
 
 // ---- Master clips
 
 // Each a VideoClip or an AudioClip.
-ConstChildRange ClipsOfMaster(ConstHandle masterClip);
-ConstHandle FirstVideoClip(ConstHandle masterClip);
-ConstHandle FirstAudioClip(ConstHandle masterClip);
+ConstChildRange ClipsOfMaster(MasterClip masterClip);
+ConstHandle FirstVideoClip(MasterClip masterClip);
+ConstHandle FirstAudioClip(MasterClip masterClip);
 // The first VideoClip, else the first AudioClip.
-ConstHandle MainClip(ConstHandle masterClip);
+ConstHandle MainClip(MasterClip masterClip);
 // The Sequence of the first clip that shows one; null for a master of media.
-ConstHandle SequenceOfMaster(ConstHandle masterClip);
-ConstHandle LoggingInfoOf(ConstHandle masterClip);
+ConstHandle SequenceOfMaster(MasterClip masterClip);
+ConstHandle LoggingInfoOf(MasterClip masterClip);
 // The ClipChannelVectorSerializers, each with `ChannelType`.
-ConstChildRange ChannelVectorsOf(ConstHandle masterClip);
+ConstChildRange ChannelVectorsOf(MasterClip masterClip);
 // The ClipChannelSerializers of one, each with `mSourceChannelIndex` and `SourceClipIndex`.
 ConstChildRange ChannelsOfVector(ConstHandle vector);
-// Component chains of the effects that belong to the medium; see ComponentsOf.
-ConstHandle VideoChainOfMaster(ConstHandle masterClip);
-ConstHandle AudioChainOfMaster(ConstHandle masterClip);
+// Component chains of the effects that belong to the media; see ComponentsOf.
+ConstHandle VideoChainOfMaster(MasterClip masterClip);
+ConstHandle AudioChainOfMaster(MasterClip masterClip);
+// The Media of the first AudioClip that has one.
+Media AudioMediaOfMaster(MasterClip masterClip);
 
 // ---- Clips. A VideoClip itself carries `ScaleToFrameSize` and `TimeInterpolationType`, an
 // ---- AudioClip `Gain` and `SecondaryIndex`.
@@ -68,10 +91,10 @@ std::string_view SpeedKeyframesOf(ConstHandle clip);
 
 // ---- Sources
 
-ConstHandle MediaOfSource(ConstHandle source);
+Media MediaOfSource(ConstHandle source);
 // Of a Media. A VideoStream may be of the class CaptioningStream.
-ConstHandle VideoStreamOf(ConstHandle medium);
-ConstHandle AudioStreamOf(ConstHandle medium);
+ConstHandle VideoStreamOf(Media media);
+ConstHandle AudioStreamOf(Media media);
 // `StartBoundary`, `EndBoundary`, `BoundariesAreHard` of a media source.
 ConstHandle BoundariesOfSource(ConstHandle source);
 ConstHandle SequenceOfSource(ConstHandle source);
@@ -85,12 +108,12 @@ bool IsMergedSequence(ConstHandle sequence);
 bool HasTrackGroups(ConstHandle sequence);
 // Entries of the group list: a media type each and, by GroupOfEntry, the group.
 ConstChildRange GroupEntriesOf(ConstHandle sequence);
-bool IsGroupEntryOf(ConstHandle entry, MediaType kind);
+bool IsGroupEntryOf(ConstHandle entry, MediaType type);
 // A VideoTrackGroup (`FrameRect`, `PixelAspectRatio`, `FieldType`) or an AudioTrackGroup
 // (`NumAdaptiveChannels`).
 ConstHandle GroupOfEntry(ConstHandle entry);
-// The first group of a kind.
-ConstHandle GroupOfKind(ConstHandle sequence, MediaType kind);
+// The first group of a type.
+ConstHandle GroupOfKind(ConstHandle sequence, MediaType type);
 // Ticks a frame or a sample; 0 if the group states none.
 Ticks RateOfGroup(ConstHandle group);
 ConstChildRange TracksOf(ConstHandle group);
@@ -113,18 +136,18 @@ ConstHandle AudioTrackOf(ConstHandle track);
 // ---- Track items
 
 // `IsMuted`; owner of components.
-ConstHandle ItemCore(ConstHandle item);
+ConstHandle ItemCore(TrackItem item);
 // `Start` and `End`.
-ConstHandle ItemEdges(ConstHandle item);
+ConstHandle ItemEdges(TrackItem item);
 // `Name`.
-ConstHandle SubClipOf(ConstHandle item);
+ConstHandle SubClipOf(TrackItem item);
 ConstHandle ClipOfSubClip(ConstHandle subClip);
-ConstHandle MasterOfSubClip(ConstHandle subClip);
-ConstHandle HeadTransitionOf(ConstHandle item);
-ConstHandle TailTransitionOf(ConstHandle item);
+MasterClip MasterOfSubClip(ConstHandle subClip);
+ConstHandle HeadTransitionOf(TrackItem item);
+ConstHandle TailTransitionOf(TrackItem item);
 
 // ---- Transitions. `Direction`, `Reverse`, `BorderColor`, `BorderWidth`, `StartPercent` and
-// ---- `EndPercent` stand on a video transition itself.
+// ---- `EndPercent` are properties of a video transition itself.
 
 // `Alignment`, `HasIncomingClip`, `HasOutgoingClip`, `MatchName`, `DisplayName`.
 ConstHandle TransitionCore(ConstHandle transition);
@@ -137,7 +160,7 @@ ConstHandle TransitionEdges(ConstHandle transition);
 // `FrameRate`.
 ConstHandle ChainOfOwner(ConstHandle owner);
 ConstChildRange ComponentsOf(ConstHandle chain);
-// `MatchName` of a picture effect, `FilterMatchName` of a sound effect.
+// `MatchName` of a video effect, `FilterMatchName` of an audio effect.
 std::string_view ComponentMatchName(ConstHandle component);
 // `DisplayName`, `InstanceName`, `Bypass`.
 ConstHandle ComponentCore(ConstHandle component);
@@ -148,12 +171,15 @@ ConstChildRange ParamsOf(ConstHandle component);
 ConstHandle ComponentProperties(ConstHandle component);
 // Each with `Tag` and `Path`.
 ConstChildRange DependenciesOf(ConstHandle component);
+// A param of the fader of a track (AudioTrackOf) or of a group's master track; null without one.
+//   FaderParam(AudioTrackOf(track), "Mute")
+ConstHandle FaderParam(ConstHandle audioTrack, std::string_view name);
 
 // ---- Panners, of an AudioClipTrackItem and of AudioTrackOf a track
 
 // `NumInputChannels`, `AssignedChannel0` and on, `Matrix`; null for a panner of another kind.
 ConstHandle DirectPanProcessorOf(ConstHandle owner);
-// The processor's sound component; its params are ParamsOf.
+// The processor's audio component; its params are ParamsOf.
 ConstHandle PanProcessorOf(ConstHandle owner);
 
 // ---- Markers

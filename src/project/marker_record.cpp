@@ -15,23 +15,24 @@ namespace {
 
 using Json = nlohmann::json;
 
-// Begins the key of the cue point that carries the colour; a GUID follows.
-constexpr std::string_view kKeywordMark = "keywordExtHULv1_";
+// Begins the key of the cue point that carries the color; a GUID follows.
+constexpr std::string_view kKeywordKey = "keywordExtHULv1_";
 
-// Gives a discarded value for what is no JSON.
+// A discarded value for what is no JSON.
 Json Parse(std::string_view text)
 {
     return Json::parse(text, nullptr, false);
 }
 
-// The UTF-16 unit of the escape at `place`, "\u00e9"; 0 where there is none.
-unsigned EscapedUnit(std::string_view json, std::size_t place)
+// The UTF-16 unit of the escape at `position`, "\u00e9"; 0 where there is none.
+unsigned EscapedUnit(std::string_view json, std::size_t position)
 {
     constexpr std::size_t kLength = 6;
-    if (json.substr(std::min(place, json.size()), 2) != "\\u" || place + kLength > json.size())
+    if (json.substr(std::min(position, json.size()), 2) != "\\u" ||
+        position + kLength > json.size())
         return 0;
     unsigned unit = 0;
-    for (const char c : json.substr(place + 2, kLength - 2)) {
+    for (const char c : json.substr(position + 2, kLength - 2)) {
         const int digit = HexDigit(c);
         if (digit < 0)
             return 0;
@@ -45,8 +46,8 @@ bool IsBetween(unsigned unit, unsigned first, unsigned last)
     return unit >= first && unit <= last;
 }
 
-// A name that was cut within a character ends in half of it, which no reader of JSON takes; U+FFFD
-// stands for that half.
+// A name that was cut within a character ends in half of it, which no reader of JSON takes; it is
+// read as U+FFFD.
 std::string WithWholeCharacters(std::string_view json)
 {
     std::string text = ToUTF8(ToUTF16(json));
@@ -61,14 +62,14 @@ std::string WithWholeCharacters(std::string_view json)
     return text;
 }
 
-// Documents escape the text for XML; most records parse as they stand, and keep their entities.
+// Documents escape the text for XML; most records parse as they are, and keep their entities.
 Json ParseEscaped(std::string_view text)
 {
     const std::string unescaped = UnescapeXML(text);
-    for (const std::string_view form : {text, std::string_view(unescaped)}) {
-        if (Json json = Parse(form); !json.is_discarded())
+    for (const std::string_view stated : {text, std::string_view(unescaped)}) {
+        if (Json json = Parse(stated); !json.is_discarded())
             return json;
-        if (Json json = Parse(WithWholeCharacters(form)); !json.is_discarded())
+        if (Json json = Parse(WithWholeCharacters(stated)); !json.is_discarded())
             return json;
     }
     return Json(Json::value_t::discarded);
@@ -111,17 +112,17 @@ Ticks TimeOf(const Json& record, std::string_view key)
 }
 
 // The value of the cue point is a JSON text in its turn.
-std::string ColourOf(const Json& record)
+std::string ColorOf(const Json& record)
 {
     const Json* const cuePoints = Find(record, "mCuePointList");
     if (!cuePoints || !cuePoints->is_array())
         return {};
     for (const Json& cuePoint : *cuePoints) {
-        if (!TextOf(cuePoint, "mKey").starts_with(kKeywordMark))
+        if (!TextOf(cuePoint, "mKey").starts_with(kKeywordKey))
             continue;
         const Json keyword = ParseEscaped(TextOf(cuePoint, "mValue"));
-        const Json* const colour = Find(keyword, "color");
-        const Ticks number = colour ? NumberOf(*colour) : 0;
+        const Json* const color = Find(keyword, "color");
+        const Ticks number = color ? NumberOf(*color) : 0;
         return number == 0 ? std::string() : IntToString(number);
     }
     return {};
@@ -141,7 +142,7 @@ std::optional<MarkerRecord> ParseMarkerRecord(std::string_view text)
                         .type = TextOf(record, "mType"),
                         .start = TimeOf(record, "mStartTime"),
                         .duration = TimeOf(record, "mDuration"),
-                        .colour = ColourOf(record)};
+                        .color = ColorOf(record)};
 }
 
 } // namespace XPJ

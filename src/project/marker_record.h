@@ -1,7 +1,7 @@
 // The host's record of a marker, as a project stores it:
-//   {"HULMarker":{"mComment":"text","mCuePointList":[{"mKey":"keywordExtHULv1_G",
-//    "mValue":"{\"color\":4281740498}"}],"mDuration":{"ticks":0},"mName":"text",
-//    "mStartTime":{"ticks":254016000000},"mType":"Comment"}}
+//   {"HULMarker":{"mName":"Slate","mComment":"","mType":"Comment",
+//    "mStartTime":{"ticks":254016000000},"mDuration":{"ticks":0},
+//    "mCuePointList":[{"mKey":"keywordExtHULv1_...","mValue":"{\"color\":4281740498}"}]}}
 #pragma once
 
 #include "core/ticks.h"
@@ -18,7 +18,7 @@ struct MarkerRecord {
     std::string type; // "Comment", "Chapter", "Speech", ...
     Ticks start = 0;
     Ticks duration = 0;
-    std::string colour; // decimal; empty for none
+    std::string color; // decimal; empty for none
 };
 
 // Nothing for a text that is no record. The outer object may be missing, and so may any field.
