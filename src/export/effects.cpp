@@ -13,7 +13,7 @@ EffectContext EffectContextAt(ExportContext& context, const ItemPlace& place, Ti
             .place = place,
             .frameTicks = frameTicks,
             .isHandOff = context.IsHandOff(),
-            .exportTransformEffect = context.exportTransformEffect};
+            .exportTransformEffect = context.options.exportTransformEffect};
 }
 
 void TranslateMasterEffects(ExportContext& context, ObjectHandle masterClip, Ticks frameTicks,
