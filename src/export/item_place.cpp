@@ -7,7 +7,7 @@ namespace XPJ::RVX {
 std::string FormatItemTime(const SequencePlace& place, Ticks start)
 {
     const ObjectHandle properties = SequenceProperties(place.sequence);
-    const TimecodeForm form = TimecodeFormOf(
+    const TimecodeBase form = TimecodeBaseOf(
         place.frameTicks, IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat"));
     const Ticks time = AddTicks(Int64Property(properties, "MZ.ZeroPoint"), start);
     return FormatTimecode(DivTicks(time, place.frameTicks), form.base, form.drop);

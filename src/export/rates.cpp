@@ -38,7 +38,7 @@ ObjectHandle WriteRate(ExportContext& context, Ticks frameTicks, bool tickForm)
         rate.SetProperty("timebase", IntToString(kTicksPerSecond));
         return rate;
     }
-    const DocumentRate stated = RateOfFrame(frameTicks);
+    const FrameRate stated = RateOfFrame(frameTicks);
     rate.SetProperty("timebase", IntToString(stated.timebase));
     rate.SetProperty("ntsc", NtscText(stated.ntsc));
     return rate;
@@ -46,7 +46,7 @@ ObjectHandle WriteRate(ExportContext& context, Ticks frameTicks, bool tickForm)
 
 ObjectHandle WriteTimecode(ExportContext& context, Ticks start, Ticks frameTicks, int displayFormat)
 {
-    const TimecodeForm form = TimecodeFormOf(frameTicks, displayFormat);
+    const TimecodeBase form = TimecodeBaseOf(frameTicks, displayFormat);
     const std::int64_t frame = DivTicks(start, frameTicks);
     const ObjectHandle timecode = context.document.NewObject("timecode");
     timecode.AddChild(WriteRate(context, frameTicks));
