@@ -1,4 +1,4 @@
-/* A minimal host: loads the converter, answers its calls, and converts one file.
+/* A minimal host: loads the converter, provides its suite, and converts one file.
  *
  *   vela_host [options] types
  *   vela_host [options] import clip.xml clip.vlproj
@@ -8,7 +8,7 @@
  *   --buffer-size N   bytes of the transfer buffer, by default 65536
  *   --fail-after N    the stream functions fail once N bytes have passed
  *   --show-ui         message boxes and dialogs are allowed
- *   --aaf             enters through the AAF-aware entry
+ *   --aaf             calls the entry for hosts with AAF support
  *
  * Prints the converter's code. Exit status: 0 for code 0, 1 for code 1, 2 for code -1, 3 for code
  * 3, and 10 + N for a code of -N000; 64 for wrong usage.
@@ -31,7 +31,7 @@ typedef struct Options {
     bool aaf;
 } Options;
 
-/* ---- The host's side of the suite ------------------------------------------------------------ */
+/* ---- The suite ------------------------------------------------------------------------------- */
 
 /* What `streamHandle` points to. */
 typedef struct Stream {
@@ -47,21 +47,21 @@ static bool Pass(Stream* stream, uint32_t count)
     return stream->failAfter < 0 || stream->bytesPassed <= stream->failAfter;
 }
 
-static int32_t WriteProjectData(void* streamHandle, uint32_t byteCount, const void* buffer)
+static int32_t WriteProjectData(void* handle, uint32_t count, const void* bytes)
 {
-    Stream* stream = streamHandle;
-    if (!Pass(stream, byteCount))
+    Stream* stream = handle;
+    if (!Pass(stream, count))
         return 1;
-    return fwrite(buffer, 1, byteCount, stream->file) == byteCount ? 0 : 1;
+    return fwrite(bytes, 1, count, stream->file) == count ? 0 : 1;
 }
 
-static int32_t ReadProjectData(void* streamHandle, uint8_t* moreData, uint32_t* size, void* buffer)
+static int32_t ReadProjectData(void* handle, uint8_t* moreFollows, uint32_t* size, void* bytes)
 {
-    Stream* stream = streamHandle;
-    *size = (uint32_t)fread(buffer, 1, *size, stream->file);
+    Stream* stream = handle;
+    *size = (uint32_t)fread(bytes, 1, *size, stream->file);
     if (ferror(stream->file) || !Pass(stream, *size))
         return 1;
-    *moreData = feof(stream->file) ? 0 : 1;
+    *moreFollows = feof(stream->file) ? 0 : 1;
     return 0;
 }
 

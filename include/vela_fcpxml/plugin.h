@@ -1,10 +1,11 @@
-/* What a host calls, and what it hands over, to convert between Final Cut Pro XML documents
+/* The functions that a host calls, and the records that it passes, to convert between Final Cut Pro
+ * XML documents
  * (`xmeml`, versions 1 to 5) and Vela project documents.
  *
  * Plain C99 and C++11, and all later ones; records have the natural alignment of 64-bit platforms.
  * The library exports the three functions at the end of this file and nothing else. All calls come
  * on one thread, one at a time; the two stream functions of the host's suite are called on a worker
- * thread while the calling thread waits. docs/hosting.md tells the whole story.
+ * thread while the calling thread waits. docs/hosting.md describes all of it.
  */
 #ifndef VELA_FCPXML_PLUGIN_H
 #define VELA_FCPXML_PLUGIN_H
@@ -16,7 +17,7 @@
 extern "C" {
 #endif
 
-/* A unit of UTF-16. In C it is the type that <uchar.h>, where there is one, calls char16_t. */
+/* A unit of UTF-16. In C it is the type that <uchar.h>, if there is one, calls char16_t. */
 #ifdef __cplusplus
 typedef char16_t VelaChar16;
 #else
@@ -83,13 +84,13 @@ typedef struct VelaProjectConverterSuite {
     int32_t (*WriteProjectData)(void* streamHandle, uint32_t byteCount, const void* buffer);
     /* Puts the next bytes of the project document into `buffer`. `size` comes in as the capacity
      * and goes out as the bytes delivered; 0 bytes are the end. `moreData` comes in as 1; cleared,
-     * it says that this was the last block. */
+     * it marks the last block. */
     int32_t (*ReadProjectData)(void* streamHandle, uint8_t* moreData, uint32_t* size, void* buffer);
 } VelaProjectConverterSuite;
 
 /* Record of kVelaSelectorImport and kVelaSelectorExport. The host owns it and all it points to. */
 typedef struct ConverterContext {
-    void* streamHandle;     /* handed back to the stream functions, else never looked at */
+    void* streamHandle;     /* passed to the stream functions, otherwise unused */
     const VelaChar16* path; /* zero-terminated: the XML file to read, or to create */
     void* buffer;           /* transfer buffer of the stream functions */
     uint32_t bufferSize;    /* in bytes, at least 1 */
@@ -151,11 +152,11 @@ VELA_FCPXML_CHECK(offsetof(ConverterContext, reserved2) == 91);
 #define VELA_FCPXML_NOEXCEPT
 #endif
 
-/* The entry of a host that knows nothing of AAF: the next one with `supportsAAF` 0. */
+/* The entry for hosts without AAF support: the next one with `supportsAAF` 0. */
 VELA_FCPXML_EXPORT int32_t xProjectConverterEntry(int32_t selector,
                                                   void* record) VELA_FCPXML_NOEXCEPT;
 
-/* `supportsAAF` is looked at by kVelaSelectorImport alone. */
+/* Only kVelaSelectorImport uses `supportsAAF`. */
 VELA_FCPXML_EXPORT int32_t xProjectConverterEntryWithAAFSupport(
     int32_t selector, void* record, uint8_t supportsAAF) VELA_FCPXML_NOEXCEPT;
 
@@ -163,8 +164,9 @@ VELA_FCPXML_EXPORT int32_t xProjectConverterEntryWithAAFSupport(
  *
  * With a context template (96 bytes, copied): as kVelaSelectorImport with `input` in place of the
  * template's path; `output` isn't used. Without one no host is needed: the project document goes
- * into the file `output` (empty: beside the process, under the name of `input` with the extension
- * ".vlproj"), progress and findings go to the standard output, and the result is one of
+ * into the file `output` (empty: into the current folder, under the name of `input` with the
+ * extension
+ * ".vlproj"), progress and issues go to the standard output, and the result is one of
  *   0 done, 1 aborted, 2 nothing to translate, 3 out of memory, 4 no document element,
  *   5 the input can't be opened, 6 any other failure; no output is left under its name then. */
 VELA_FCPXML_EXPORT int32_t importFCPXML(const char* input, const char* output,

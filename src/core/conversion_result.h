@@ -1,4 +1,4 @@
-// How a conversion ended, the exit status of the tool and of the console front door.
+// How a conversion ended; also the exit status of the tool.
 #pragma once
 
 namespace XPJ {

@@ -198,23 +198,23 @@ std::size_t CharacterLength(std::string_view text)
     return utf8::is_valid(bytes.begin(), bytes.end()) ? bytes.size() : 0;
 }
 
-void NoteBadPlace(std::string_view textBefore, EncodingFaults& faults)
+void CountBadRun(std::string_view textBefore, EncodingFaults& faults)
 {
-    if (faults.badPlaces++ > 0)
+    if (faults.badRuns++ > 0)
         return;
-    const TextPlace place = PlaceOf(textBefore, textBefore.size());
-    faults.firstLine = place.line;
-    faults.firstColumn = place.column;
+    const TextPosition position = PositionOf(textBefore, textBefore.size());
+    faults.firstLine = position.line;
+    faults.firstColumn = position.column;
 }
 
 void CheckUtf8(std::string_view text, EncodingFaults& faults)
 {
-    bool isRun = false; // a bad byte stands right before
+    bool isRun = false; // the byte before is a bad one
     for (std::size_t i = 0; i < text.size();) {
         const std::string_view rest = text.substr(i);
         const std::size_t length = IsAscii(text[i]) ? AsciiLength(rest) : CharacterLength(rest);
         if (length == 0 && !isRun)
-            NoteBadPlace(text.substr(0, i), faults);
+            CountBadRun(text.substr(0, i), faults);
         isRun = length == 0;
         i += std::max<std::size_t>(length, 1);
     }
@@ -231,7 +231,7 @@ void Decode(std::string_view bytes, std::string& text, EncodingFaults& faults)
     const std::size_t unit = UnitSize(faults.encoding);
     Converter converter(faults.encoding.c_str());
     std::size_t size = 0;
-    bool isRun = false; // a bad byte stands right before
+    bool isRun = false; // the byte before is a bad one
     text.resize(bytes.size() + bytes.size() / 2 + kLeastRoom);
     for (Converter::Stop stop = Converter::Stop::Full; stop != Converter::Stop::End;) {
         if (text.size() - size < kLeastRoom)
@@ -247,7 +247,7 @@ void Decode(std::string_view bytes, std::string& text, EncodingFaults& faults)
         if (stop != Converter::Stop::Bad)
             continue;
         if (!isRun) {
-            NoteBadPlace(std::string_view(text).substr(0, size), faults);
+            CountBadRun(std::string_view(text).substr(0, size), faults);
             text.resize(std::max(text.size(), size + kLeastRoom));
             size += kReplacement.copy(text.data() + size, kReplacement.size());
         }
@@ -272,20 +272,20 @@ std::string_view DecodeDocument(std::string_view bytes, std::string& decoded,
     return decoded;
 }
 
-TextPlace PlaceOf(std::string_view text, std::size_t offset)
+TextPosition PositionOf(std::string_view text, std::size_t offset)
 {
     const std::string_view before = text.substr(0, offset);
-    TextPlace place;
+    TextPosition position;
     std::size_t lineStart = 0;
     for (std::size_t i = 0; i < before.size(); ++i) {
         const bool isPair = before[i] == '\r' && i + 1 < before.size() && before[i + 1] == '\n';
         if (before[i] == '\n' || (before[i] == '\r' && !isPair)) {
-            ++place.line;
+            ++position.line;
             lineStart = i + 1;
         }
     }
-    place.column = offset - lineStart + 1;
-    return place;
+    position.column = offset - lineStart + 1;
+    return position;
 }
 
 } // namespace XPJ

@@ -24,7 +24,7 @@ constexpr NtscRate kNtscRates[] = {
 constexpr int kNonDrop30 = 103;
 constexpr int kNonDrop60 = 107;
 
-// Frame numbers left out at each minute that is no multiple of ten; 0: none at this base.
+// Frame numbers dropped at each minute that is no multiple of ten; 0: none at this base.
 std::uint64_t DroppedNumbers(std::uint64_t base)
 {
     return base == 30 ? 2 : base == 60 ? 4 : 0;
@@ -44,7 +44,7 @@ bool FrameTicks(std::int64_t timebase, bool ntsc, Ticks* ticks) noexcept
     return true;
 }
 
-DocumentRate RateOfFrame(Ticks frameTicks)
+FrameRate RateOfFrame(Ticks frameTicks)
 {
     for (const NtscRate& rate : kNtscRates)
         if (rate.frameTicks == frameTicks)
@@ -52,9 +52,9 @@ DocumentRate RateOfFrame(Ticks frameTicks)
     return {DivTicks(kTicksPerSecond, frameTicks), false};
 }
 
-TimecodeForm TimecodeFormOf(Ticks frameTicks, int displayFormat)
+TimecodeBase TimecodeBaseOf(Ticks frameTicks, int displayFormat)
 {
-    const DocumentRate rate = RateOfFrame(frameTicks);
+    const FrameRate rate = RateOfFrame(frameTicks);
     // At 48 the count follows the true rate, 47 numbers a second.
     if (rate.timebase == 48 && rate.ntsc)
         return {DivTicks(kTicksPerSecond, frameTicks), false};

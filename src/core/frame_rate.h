@@ -13,27 +13,27 @@ namespace XPJ {
 //   FrameTicks(30, true, &t)   // t == 8475667200
 bool FrameTicks(std::int64_t timebase, bool ntsc, Ticks* ticks) noexcept;
 
-struct DocumentRate {
+struct FrameRate {
     std::int64_t timebase = 0;
     bool ntsc = false;
 
-    friend bool operator==(const DocumentRate&, const DocumentRate&) = default;
+    friend bool operator==(const FrameRate&, const FrameRate&) = default;
 };
 
 // The rate that a document states for a frame length; DocumentFault for a length of 0.
-DocumentRate RateOfFrame(Ticks frameTicks);
+FrameRate RateOfFrame(Ticks frameTicks);
 
 // How frames are counted: numbers per second, and whether numbers are dropped to keep pace.
-struct TimecodeForm {
+struct TimecodeBase {
     std::int64_t base = 30;
     bool drop = false;
 
-    friend bool operator==(const TimecodeForm&, const TimecodeForm&) = default;
+    friend bool operator==(const TimecodeBase&, const TimecodeBase&) = default;
 };
 
 // Drop frame at 29.97 and 59.94 unless the project's display format is one of the two non-drop
 // ones; DocumentFault for a length of 0.
-TimecodeForm TimecodeFormOf(Ticks frameTicks, int displayFormat);
+TimecodeBase TimecodeBaseOf(Ticks frameTicks, int displayFormat);
 
 // "hh:mm:ss:ff", with drop frame "hh;mm;ss;ff". Hours do not wrap at 24, a negative count has a
 // leading "-". Numbers are dropped at base 30 and 60 only; a base below 1 counts as 1.

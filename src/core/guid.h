@@ -1,4 +1,4 @@
-// GUIDs in text form: lower case, 8-4-4-4-12.
+// GUIDs and their text: lower case, 8-4-4-4-12.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@ namespace XPJ {
 
 using Guid = boost::uuids::uuid;
 
-// All zero: "the whole project" where a sequence may be named.
+// All zero: "the whole project" where a sequence can be chosen.
 constexpr Guid kZeroGuid{};
 
 // 36 characters, letters of either case; anything else gives the zero GUID.

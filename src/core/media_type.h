@@ -1,4 +1,4 @@
-// The two media types, and the texts by which project documents tell them apart.
+// The two media types, and the GUIDs that stand for them in project documents.
 #pragma once
 
 #include <string_view>

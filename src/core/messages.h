@@ -1,7 +1,7 @@
-// Every word that a user sees, as a localisable key with its default text.
+// All texts that a user sees, each as a localisable key with its default text.
 //
 // A key reads "$$$/Vela/FCP/OK=OK". The running locale's text comes from the platform's localiser
-// (platform/platform.h, `GetMessage`); arguments stand as $1, $2 in the text.
+// (platform/platform.h, `GetMessage`); $1 and $2 in the text are its arguments.
 #pragma once
 
 #include <initializer_list>
@@ -68,7 +68,7 @@ enum class Message : int {
     kCannotCreateFileTitle,
     kInvalidStartEnd,
 
-    // Words that the host's table doesn't have.
+    // Texts that the host's table doesn't have.
     kInvalidBytes = 1000,
     kUnknownEncoding,
 };

@@ -64,14 +64,14 @@ int ParseInt(std::string_view text) noexcept
 double ParseDouble(std::string_view text) noexcept
 {
     text = SkipPlus(SkipBlanks(text));
-    // "nan", "inf" and "0x" forms are no numbers in documents.
+    // "nan", "inf" and "0x1" are no numbers in documents.
     const std::size_t digit = !text.empty() && text[0] == '-' ? 1 : 0;
     if (digit >= text.size() || (text[digit] != '.' && (text[digit] < '0' || text[digit] > '9')))
         return 0;
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc::result_out_of_range) {
-        // Too large or too small: the exponent's sign tells which.
+        // Too large or too small, depending on the exponent's sign.
         const std::string_view number(text.data(), static_cast<std::size_t>(end - text.data()));
         if (number.find("e-") != number.npos || number.find("E-") != number.npos ||
             number.find_first_of("123456789") > number.find('.'))

@@ -20,7 +20,7 @@ std::int64_t ParseInt64(std::string_view text) noexcept;
 //   ParseDouble("1.5e2%") == 150
 double ParseDouble(std::string_view text) noexcept;
 
-// Plain decimal form.   IntToString(-7) == "-7"
+// In decimal digits.   IntToString(-7) == "-7"
 std::string IntToString(std::int64_t value);
 std::string UintToString(std::uint64_t value);
 

@@ -135,11 +135,6 @@ std::string AbsolutePath(std::string_view path)
     return error ? std::string(path) : absolute.string();
 }
 
-std::string_view DirectoryOf(std::string_view path, PathStyle style)
-{
-    return path.substr(0, path.rfind(Separator(style)));
-}
-
 std::string_view FolderOf(std::string_view path, PathStyle style)
 {
     return path.substr(0, path.rfind(Separator(style)) + 1);

@@ -1,4 +1,4 @@
-// Paths and `pathurl` values. All text is UTF-8; URLs have one form, local paths follow a style.
+// Paths and `pathurl` values, in UTF-8. URLs are alike everywhere, local paths have a style.
 #pragma once
 
 #include <string>
@@ -14,21 +14,19 @@ enum class PathStyle {
 constexpr PathStyle kNativePathStyle = PathStyle::Posix;
 
 // `pathurl` text of a local path of either style.
-//   MakePathUrl("C:\\My Clip.mov") == "file://localhost/C%3a/My%20Clip.mov"
+//   MakePathUrl("/Footage/Day 1/a.mov") == "file://localhost/Footage/Day%201/a.mov"
 std::string MakePathUrl(std::string_view path);
 
 // Local path of a `pathurl`; a relative one is resolved against the folder of `basePath`, its text
 // up to and including the last separator. An escape that is none ends the decoding.
-//   PathFromUrl("file://localhost/Volumes/a%20b.mov", "") == "/Volumes/a b.mov"
+//   PathFromUrl("file://localhost/Footage/Day%201/a.mov", "") == "/Footage/Day 1/a.mov"
 std::string PathFromUrl(std::string_view url, std::string_view basePath,
                         PathStyle style = kNativePathStyle);
 
-// A path of this system from the current folder on; as it stands where that can't be told.
+// A path of this system, made absolute; unchanged where the current folder can't be found out.
 std::string AbsolutePath(std::string_view path);
 
-// Text before the last separator; the whole path if there is none.
-std::string_view DirectoryOf(std::string_view path, PathStyle style = kNativePathStyle);
-// Text up to and including the last separator; empty if there is none.
+// The folder with its separator at the end; empty for a name alone.
 std::string_view FolderOf(std::string_view path, PathStyle style = kNativePathStyle);
 // Text after the last separator.
 std::string_view FileNameOf(std::string_view path, PathStyle style = kNativePathStyle);

@@ -1,4 +1,4 @@
-// How a long job says how far it is and learns that it shall stop.
+// How a long job reports its progress and learns that it has to stop.
 #pragma once
 
 #include <algorithm>
@@ -13,7 +13,6 @@ public:
     virtual bool IsCancelled() = 0;
     // Covers `steps` of the parent's total, and has `total` steps of its own. Gives a stage id.
     virtual unsigned BeginStage(unsigned steps, unsigned total) = 0;
-    virtual unsigned BeginRootStage(unsigned total) { return BeginStage(1, total); }
     virtual void Advance(unsigned stage, unsigned count) = 0;
     // Pops the top stage, whatever the id. Does not move the parent.
     virtual void EndStage(unsigned stage) = 0;
@@ -42,7 +41,7 @@ public:
     StageScope& operator=(const StageScope&) = delete;
 
     void Advance(unsigned count = 1) { progress_.Advance(id_, count); }
-    // Advances, then asks for cancellation: true when the job may go on.
+    // Advances, then checks for cancellation: true when the job may go on.
     bool Step(unsigned count = 1)
     {
         Advance(count);

@@ -68,7 +68,7 @@ bool IsCharacter(char32_t codePoint)
     return codePoint != 0 && codePoint <= 0x10FFFF && (codePoint < 0xD800 || codePoint > 0xDFFF);
 }
 
-// A reference that XML allows: small "x", a character that may stand in a document.
+// A reference that XML allows: small "x", a character that a document may have.
 bool IsLegalReference(std::string_view text)
 {
     char32_t codePoint = 0;

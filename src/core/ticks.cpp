@@ -42,7 +42,7 @@ Ticks DivTicksOr0(Ticks value, Ticks divisor) noexcept
 {
     if (divisor == 0)
         return 0;
-    // The one quotient that has no 64-bit form.
+    // The one quotient that 64 bits can't hold.
     if (divisor == -1)
         return value == kMinTicks ? kMaxTicks : -value;
     return value / divisor;

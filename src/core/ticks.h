@@ -13,8 +13,8 @@ namespace XPJ {
 
 using Ticks = std::int64_t;
 
-// What a document states can't be meant, and nothing can be made of the document with it; `what()`
-// tells people.
+// A value in a document with which nothing can be made of the document; `what()` is a text for
+// people.
 class DocumentFault : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

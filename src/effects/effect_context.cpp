@@ -21,7 +21,7 @@ void Enter(IssueSet& issues, const ItemPlace& place, int kind, std::string_view 
 {
     TranslationIssue issue = IssueAt(place);
     issue.kind = kind;
-    issue.subject.text = subject;
+    issue.subject = subject;
     issues.insert(std::move(issue));
 }
 
@@ -30,8 +30,8 @@ void Enter(IssueSet& issues, const ItemPlace& place, int kind, std::string_view 
 TranslationIssue IssueAt(const ItemPlace& place)
 {
     TranslationIssue issue;
-    issue.sequence.text = place.sequence;
-    issue.clip.text = place.clip;
+    issue.sequence = place.sequence;
+    issue.clip = place.clip;
     issue.trackKind = place.trackKind;
     issue.trackIndex = place.trackIndex;
     issue.time = place.time;

@@ -60,7 +60,7 @@ bool CopyKeys(ConstHandle info, const CopiedKey (&keys)[N], ObjectHandle to)
 
 bool MayDrop(Ticks frameTicks)
 {
-    const DocumentRate rate = RateOfFrame(frameTicks);
+    const FrameRate rate = RateOfFrame(frameTicks);
     return rate.ntsc && (rate.timebase == 30 || rate.timebase == 60);
 }
 

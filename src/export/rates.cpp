@@ -29,7 +29,7 @@ ObjectHandle WriteRate(Document& document, Ticks frameTicks, TimeUnit unit)
         rate.SetProperty("timebase", IntToString(kTicksPerSecond));
         return rate;
     }
-    const DocumentRate stated = RateOfFrame(frameTicks);
+    const FrameRate stated = RateOfFrame(frameTicks);
     rate.SetProperty("timebase", IntToString(stated.timebase));
     rate.SetPropertyShared("ntsc", stated.ntsc ? "TRUE" : "FALSE");
     return rate;
@@ -37,7 +37,7 @@ ObjectHandle WriteRate(Document& document, Ticks frameTicks, TimeUnit unit)
 
 ObjectHandle WriteTimecode(Document& document, Ticks start, Ticks frameTicks, int displayFormat)
 {
-    const TimecodeForm form = TimecodeFormOf(frameTicks, displayFormat);
+    const TimecodeBase form = TimecodeBaseOf(frameTicks, displayFormat);
     const std::int64_t frame = DivTicks(start, frameTicks);
     const ObjectHandle timecode = document.NewObject("timecode");
     timecode.AddChild(WriteRate(document, frameTicks));

@@ -1,8 +1,7 @@
 #include "frame/entry.h"
 #include "core/text.h"
-#include "frame/conversion_operation.h"
-#include "frame/export_operation.h"
 #include "frame/export_target.h"
+#include "frame/operation.h"
 #include "frame/stream_buffers.h"
 #include "frame/user_messages.h"
 #include "platform/atomic_file.h"
@@ -10,7 +9,6 @@
 #include "xmeml/sniff.h"
 
 #include <istream>
-#include <memory>
 #include <ostream>
 
 namespace XPJ {
@@ -150,12 +148,13 @@ std::int32_t Import(ConverterContext& context, bool supportsAAF)
 
     SuiteWriterBuf buffer(context, suite.Functions());
     std::ostream output(&buffer);
-    FCPXReadOperation operation(std::make_unique<ConversionOperation>(
-        ImportJob{path, kind.sn2vlMode, supportsAAF}, output));
+    Operation operation({.inputPath = path, .handOff = kind.sn2vlMode, .aafSupport = supportsAAF},
+                        {.input = nullptr, .output = output});
     RunToEnd(operation, kImportInterval);
 
-    const std::int32_t result = HostResult(buffer.Status(), operation.Get().GetResult());
-    if (result == kVelaDone && operation.Get().HasIssues() && !kind.sn2vlMode)
+    const ConversionOutcome outcome = operation.Outcome();
+    const std::int32_t result = HostResult(buffer.Status(), outcome.result);
+    if (result == kVelaDone && !outcome.issues.empty() && !kind.sn2vlMode)
         ShowMessage(Message::kTranslationReport, GetMessage(Message::kTranslationResultsReport),
                     showUI);
     else if (result == kVelaConversionFailed)
@@ -181,18 +180,25 @@ std::int32_t Export(ConverterContext& context)
     }
     FileWriterBuf outputBuffer(file.File());
     std::ostream output(&outputBuffer);
-    const Guid sequence = StringToGUID({context.sequenceGuid, sizeof(context.sequenceGuid)});
-    FCPXWriteOperation operation(std::make_unique<VelaToFCPXOperation>(
-        input, ExportJob{target.title, target.path, target.vl2snMode, sequence}, output));
+    Operation operation(
+        {.from = &FormatOf(TreeKind::Project),
+         .to = &FormatOf(TreeKind::Xmeml),
+         .outputPath = target.path,
+         .handOff = target.vl2snMode,
+         .projectTitle = target.title,
+         .sequenceGuid = StringToGUID({context.sequenceGuid, sizeof(context.sequenceGuid)}),
+         .needsSequence = false},
+        {.input = &input, .output = output});
     if (!target.vl2snMode && showUI && GetPlatform().HasUserInterface())
         RunUnderDialog(operation);
     else
         RunToEnd(operation, kExportInterval);
 
-    std::int32_t result = HostResult(inputBuffer.Status(), operation.Get().GetResult());
+    const ConversionOutcome outcome = operation.Outcome();
+    std::int32_t result = HostResult(inputBuffer.Status(), outcome.result);
     if (result == kVelaDone && !file.Commit())
         result = kVelaConversionFailed;
-    if (result == kVelaDone && operation.Get().HasIssues() && !target.vl2snMode)
+    if (result == kVelaDone && !outcome.issues.empty() && !target.vl2snMode)
         ShowMessage(Message::kTranslationReport, GetMessage(Message::kTranslationResultsXML),
                     showUI);
     return result;

@@ -6,7 +6,7 @@ namespace XPJ {
 
 namespace {
 
-constexpr std::string_view kHandOffMark = "__Vl2Sn__";
+constexpr std::string_view kHandOffMarker = "__Vl2Sn__";
 
 } // namespace
 
@@ -14,10 +14,10 @@ ExportTarget ExportTargetOf(std::string_view path)
 {
     ExportTarget target;
     std::string_view name = FileNameOf(path);
-    const std::size_t mark = name.find(kHandOffMark);
-    target.vl2snMode = mark != name.npos;
+    const std::size_t marker = name.find(kHandOffMarker);
+    target.vl2snMode = marker != name.npos;
     if (target.vl2snMode)
-        name.remove_prefix(mark + kHandOffMark.size());
+        name.remove_prefix(marker + kHandOffMarker.size());
     target.path = std::string(FolderOf(path)).append(name);
     target.title = name.substr(0, name.rfind('.'));
     if (target.title.empty())

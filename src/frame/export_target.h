@@ -1,4 +1,4 @@
-// Names of export files, which may carry the mark of the audio hand-off.
+// Names of export files, in which a marker can request the audio hand-off.
 #pragma once
 
 #include <string>
@@ -9,10 +9,10 @@ namespace XPJ {
 struct ExportTarget {
     std::string path;
     std::string title;      // of the project; never empty
-    bool vl2snMode = false; // the name carried the mark of the audio hand-off
+    bool vl2snMode = false; // the name had the marker of the audio hand-off
 };
 
-// "/p/clip__Vl2Sn__final.xml" is "/p/final.xml" in the hand-off form, titled "final".
+// "/p/clip__Vl2Sn__final.xml" is the hand-off document "/p/final.xml" with the title "final".
 ExportTarget ExportTargetOf(std::string_view path);
 
 } // namespace XPJ

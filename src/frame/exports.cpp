@@ -38,6 +38,9 @@ std::int32_t importFCPXML(const char* input, const char* output,
         return Guarded(kVelaConversionFailed,
                        [&] { return XPJ::ImportWithTemplate(input, *contextTemplate); });
     return Guarded(XPJ::kUnexpectedError, [&] {
-        return XPJ::ConvertFile(input ? input : "", output ? output : "", true, std::cout);
+        return XPJ::ConvertFile({.inputPath = input ? input : "",
+                                 .outputPath = output ? output : "",
+                                 .aafSupport = true},
+                                std::cout);
     });
 }

@@ -1,122 +1,78 @@
 #include "frame/operation.h"
+
 #include "core/ticks.h"
 #include "platform/write_signals.h"
-#include "tree/writing.h"
 
 #include <new>
 #include <system_error>
 
 namespace XPJ {
 
+Operation::Operation(ConversionRequest request, ConversionStreams streams)
+    : work_(
+          [request = std::move(request), streams](Progress& progress, ConversionOutcome& outcome) {
+              return Convert(request, streams, progress, outcome);
+          })
+{
+}
+
+Operation::~Operation()
+{
+    if (worker_.joinable())
+        worker_.join();
+}
+
 bool Operation::Start()
 {
     if (worker_.joinable())
         return false;
-    cancelRequested_ = false;
-    finished_ = false;
     try {
-        worker_ = std::thread(&Operation::Work, this);
+        worker_ = std::thread(&Operation::RunWorker, this);
     } catch (const std::system_error&) {
         return false;
     }
     return true;
 }
 
-void Operation::Join()
-{
-    if (worker_.joinable())
-        worker_.join();
-}
-
-void Operation::Work()
+void Operation::RunWorker()
 {
     BlockWriteSignals(); // also for the host's stream functions
-    stages_.Clear();
-    Publish();
 
-    Findings findings;
-    int result = kUnexpectedError;
+    ConversionOutcome outcome;
     try {
-        result = Convert(findings);
+        outcome.result = work_(*this, outcome);
     } catch (const std::bad_alloc&) {
-        result = kOutOfMemory;
+        outcome.result = kOutOfMemory;
     } catch (const DocumentFault& fault) {
-        findings.stop = {};
-        findings.stop.reason = fault.what();
+        outcome.result = kUnexpectedError;
+        outcome.stop = {};
+        outcome.stop.reason = fault.what();
     } catch (...) {
-        result = kUnexpectedError;
+        outcome.result = kUnexpectedError;
     }
 
     const std::lock_guard guard(lock_);
-    result_ = result;
-    findings_ = std::move(findings);
-    finished_ = true;
+    outcome_ = std::move(outcome);
+    isDone_ = true;
     ended_.notify_all();
 }
 
-int Operation::RunStep(StageScope& road, unsigned steps, const std::function<int()>& work)
-{
-    {
-        const StageScope stage(*this, steps, 1);
-        const int result = work();
-        if (result != kSuccess)
-            return result;
-    }
-    return road.Step(steps) ? kSuccess : kAborted;
-}
-
-bool Operation::IsFinished()
+bool Operation::IsDone()
 {
     const std::lock_guard guard(lock_);
-    return finished_;
+    return isDone_;
 }
 
 bool Operation::WaitFor(std::chrono::milliseconds time)
 {
     std::unique_lock guard(lock_);
-    return ended_.wait_for(guard, time, [this] { return finished_; });
+    return ended_.wait_for(guard, time, [this] { return isDone_; });
 }
 
-int Operation::GetResult()
+ConversionOutcome Operation::Outcome()
 {
     const std::lock_guard guard(lock_);
-    return result_;
-}
-
-bool Operation::HasIssues()
-{
-    const std::lock_guard guard(lock_);
-    return !findings_.issues.empty();
-}
-
-IssueSet Operation::GetIssues()
-{
-    const std::lock_guard guard(lock_);
-    return findings_.issues;
-}
-
-SkippedList Operation::GetSkipped()
-{
-    const std::lock_guard guard(lock_);
-    return findings_.skipped;
-}
-
-ReadStop Operation::GetReadStop()
-{
-    const std::lock_guard guard(lock_);
-    return findings_.stop;
-}
-
-std::string Operation::GetReportPath()
-{
-    const std::lock_guard guard(lock_);
-    return findings_.reportPath;
-}
-
-bool Operation::LacksSequence()
-{
-    const std::lock_guard guard(lock_);
-    return findings_.lacksSequence;
+    return outcome_;
 }
 
 unsigned Operation::BeginStage(unsigned steps, unsigned total)
@@ -136,34 +92,6 @@ void Operation::EndStage(unsigned)
 {
     stages_.End();
     Publish();
-}
-
-int ResultOfRead(int readResult)
-{
-    switch (readResult) {
-    case kReadDone:
-        return kSuccess;
-    case kReadCancelled:
-        return kAborted;
-    case kReadNoElement:
-        return kNoXMELM;
-    case kReadNoInput:
-        return kInputCouldNotBeOpened;
-    default:
-        return kUnexpectedError;
-    }
-}
-
-int ResultOfWrite(int writeResult)
-{
-    switch (writeResult) {
-    case kWriteDone:
-        return kSuccess;
-    case kWriteCancelled:
-        return kAborted;
-    default:
-        return kUnexpectedError;
-    }
 }
 
 } // namespace XPJ

@@ -37,10 +37,4 @@ void ProgressStack::End()
         position_ = 1;
 }
 
-void ProgressStack::Clear()
-{
-    stages_.clear();
-    position_ = 0;
-}
-
 } // namespace XPJ

@@ -1,4 +1,4 @@
-// The arithmetic of nested stages: where the bar of a whole run stands.
+// The arithmetic of nested stages: how far a whole run is.
 #pragma once
 
 #include <cstdint>
@@ -17,8 +17,8 @@ struct ProgressStage {
     double Fraction() const { return static_cast<double>(current) / total * span + base; }
 };
 
-// Only the top stage moves. Ending a stage leaves the bar where it is: its parent is advanced by
-// whoever began the stage. Not for use by two threads at once.
+// Only the top stage moves. Ending a stage doesn't move the position: its parent is advanced
+// by whoever began the stage. Not for use by two threads at once.
 class ProgressStack {
 public:
     // Covers `steps` of the top stage's total, the whole run on an empty stack. A total below 1
@@ -28,13 +28,8 @@ public:
     void Advance(unsigned count);
     // The end of the last stage is the end of the run: 1.
     void End();
-    // Forgets all stages and goes back to 0; ids go on counting.
-    void Clear();
-
     // 0 to 1.
     double Position() const { return position_; }
-    // 0 on an empty stack.
-    unsigned CurrentStage() const { return stages_.empty() ? 0 : stages_.back().id; }
 
 private:
     std::vector<ProgressStage> stages_;

@@ -1,6 +1,6 @@
 // The stream buffers through which all bytes of a conversion pass: to a plain file, and to and from
-// a host's stream functions. None raises: failures are kept in `Status` or in the closed file, and
-// are looked at when the operation has ended.
+// a host's stream functions. None throws: failures are kept in `Status` or in the closed file, and
+// are checked when the operation has ended.
 #pragma once
 
 #include "platform/files.h"
@@ -73,7 +73,7 @@ private:
     std::int32_t status_ = 0;
 };
 
-// Reads the first block when it is made, before anybody asks.
+// Reads the first block on construction, before it is needed.
 class SuiteReaderBuf final : public std::streambuf {
 public:
     SuiteReaderBuf(ConverterContext& context, const VelaProjectConverterSuite& suite);

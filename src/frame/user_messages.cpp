@@ -15,8 +15,11 @@ constexpr ResultRow kResultMessages[] = {
     {kAborted, Message::kAborted},
     {kNoFCPDataFound, Message::kNoFCPDataFound},
     {kOutOfMemory, Message::kOutOfMemory},
+    {kNoXMELM, Message::kNoXMELM},
     {kInputCouldNotBeOpened, Message::kInputCouldNotBeOpened},
 };
+
+} // namespace
 
 Message MessageOfResult(int result)
 {
@@ -25,8 +28,6 @@ Message MessageOfResult(int result)
             return row.message;
     return Message::kUnexpectedError;
 }
-
-} // namespace
 
 void ShowMessage(Message title, const std::string& text, bool showUI)
 {

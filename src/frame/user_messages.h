@@ -1,5 +1,5 @@
-// What the user is told at the end of a host's call. Nothing is shown where the host forbids it or
-// where there is no window system.
+// Messages for conversion results, and the message boxes at the end of a host's call. Nothing is
+// shown if the host forbids it or without a window system.
 #pragma once
 
 #include "core/messages.h"
@@ -8,10 +8,13 @@
 
 namespace XPJ {
 
+// The message of a ConversionResult that isn't kSuccess.
+Message MessageOfResult(int result);
+
 // A box with an OK button.
 void ShowMessage(Message title, const std::string& text, bool showUI);
 
-// The words for a ConversionResult; shows nothing for kNoXMELM.
+// Shows the message of a ConversionResult; nothing for kNoXMELM.
 void ReportConversionResult(int result, bool showUI);
 
 } // namespace XPJ

@@ -10,7 +10,7 @@ SequenceClock ClockOf(const ImportState& state, ObjectHandle sequence)
 {
     const SequenceRates rates = RatesOfSequence(state, sequence);
     const ObjectHandle timecode = sequence.GetChild("timecode");
-    const DocumentRate rate = RateOfFrame(rates.video);
+    const FrameRate rate = RateOfFrame(rates.video);
     const bool canDrop = rate.ntsc && (rate.timebase == 30 || rate.timebase == 60);
     return {.name = sequence.GetProperty("name"),
             .edges = rates.edges,

@@ -153,9 +153,9 @@ void AddGeneratorIssue(ImportState& state, ObjectHandle clip, ObjectHandle gener
         return;
     TranslationIssue issue;
     issue.kind = static_cast<int>(ImportIssue::GeneratorNotTranslated);
-    issue.subject.text = effect.GetProperty("name");
-    issue.clip.text = generator.GetProperty("name");
-    issue.sequence.text = clip.GetProperty("name");
+    issue.subject = effect.GetProperty("name");
+    issue.clip = generator.GetProperty("name");
+    issue.sequence = clip.GetProperty("name");
     issue.trackKind = kVideoTrackKind;
     state.issues.insert(issue);
 }

@@ -1,4 +1,4 @@
-// Look documents and lookup tables, told from other documents by their contents.
+// Look documents and lookup tables, recognised by their contents.
 #pragma once
 
 #include "grading/grading.h"
@@ -17,7 +17,7 @@ struct LookFile {
 };
 
 // True for a file that is meant as a look document or a table, even if it can't be read. A document
-// that has to do with an edit is none; only its head is looked at.
+// of an edit is none; only its head is examined.
 bool IsLookFile(std::string_view bytes);
 
 // Nothing, and the reason, for one that can't be read. `name` is what a table is called.

@@ -1,5 +1,5 @@
-// The JSON form of looks and tables.
-#include "inspect/look_form.h"
+// Looks and tables as JSON.
+#include "inspect/look_listing.h"
 
 #include <nlohmann/json.hpp>
 

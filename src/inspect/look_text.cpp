@@ -1,7 +1,7 @@
-// The text form of looks and tables.
+// Looks and tables as text.
 #include "core/text.h"
 #include "grading/transfer_curves.h"
-#include "inspect/look_form.h"
+#include "inspect/look_listing.h"
 #include "platform/platform.h"
 
 #include <utility>
@@ -28,10 +28,10 @@ public:
 private:
     // Values may hold line ends and other control characters.
     template <class... Args>
-    void Line(int depth, fmt::format_string<Args...> form, Args&&... args)
+    void Line(int depth, fmt::format_string<Args...> format, Args&&... args)
     {
         text_.append(static_cast<std::size_t>(depth) * 2, ' ');
-        for (const char c : fmt::format(form, std::forward<Args>(args)...))
+        for (const char c : fmt::format(format, std::forward<Args>(args)...))
             text_ += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? ' ' : c;
         text_ += '\n';
     }

@@ -9,7 +9,7 @@
 
 namespace XPJ::Inspection {
 
-// By index; kNothing stands for no partner.
+// By index; kNothing means no partner.
 class Matching {
 public:
     Matching(std::size_t sizeA, std::size_t sizeB) : toB_(sizeA, kNothing), toA_(sizeB, kNothing) {}

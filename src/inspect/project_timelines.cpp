@@ -1,4 +1,4 @@
-// Projects as the model.
+// Projects as plain timelines.
 #include "core/frame_rate.h"
 #include "core/host_properties.h"
 #include "core/numbers.h"
@@ -10,6 +10,7 @@
 #include "inspect/titles.h"
 #include "project/accessors.h"
 #include "project/marker_record.h"
+#include "tree/reading.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,14 +27,14 @@ std::string TextOf(ConstHandle node, Name key)
     return UnescapeXML(node.GetProperty(key));
 }
 
-FrameForm FormOf(Ticks frameTicks, int displayFormat)
+TimecodeFormat FormatOf(Ticks frameTicks, int displayFormat)
 {
     if (frameTicks <= 0)
         return {};
-    return {frameTicks, TimecodeFormOf(frameTicks, displayFormat).drop};
+    return {frameTicks, TimecodeBaseOf(frameTicks, displayFormat).drop};
 }
 
-// "0,0,1920,1080" is a picture of 1920 by 1080.
+// "0,0,1920,1080" is a frame of 1920 by 1080.
 void SetFrame(std::string_view rect, Sequence& sequence)
 {
     int numbers[4] = {};
@@ -64,7 +65,7 @@ double SpeedOf(ConstHandle core)
     return std::isfinite(speed) && speed != 0.0 ? speed : 1.0;
 }
 
-// Media that the editor makes by itself have four characters, as a number, in place of a path.
+// Generated media have four characters, as a number, instead of a path.
 bool IsMadeByEditor(std::string_view path)
 {
     return !path.empty() && path.find_first_not_of("0123456789") == path.npos;
@@ -77,7 +78,7 @@ public:
         project_.family = Family::Project;
         project_.version = TextOf(velaData, "Version");
         ReadEntries(FindPath(velaData, {"Project", "RootProjectItem"}));
-        // A sequence may show others, which then stand at the end.
+        // A sequence may use others, which then come at the end.
         for (std::size_t i = 0; i < sequences_.Size(); ++i)
             project_.sequences.push_back(ReadSequence(sequences_.At(i)));
         return std::move(project_);
@@ -127,24 +128,24 @@ private:
             entry.kind = sequence ? EntryKind::Sequence : EntryKind::Clip;
             if (sequence && !IsMergedSequence(sequence))
                 entry.sequence = sequences_.NumberOf(sequence);
-            entry.medium = MediumOf(MediaOfSource(SourceOfClip(clip)));
+            entry.mediaFile = MediaFileOf(MediaOfSource(SourceOfClip(clip)));
             entry.markers = ReadMarkers(ClipCore(clip));
         }
         project_.entries.push_back(std::move(entry));
     }
 
-    std::size_t MediumOf(Media media)
+    std::size_t MediaFileOf(ConstHandle media)
     {
         if (!media)
             return kNothing;
-        const auto [entry, isNew] = media_.emplace(media.UniqueId(), project_.media.size());
+        const auto [entry, isNew] = media_.emplace(media.UniqueId(), project_.mediaFiles.size());
         if (isNew) {
             const std::string path = TextOf(media, "FilePath");
             const bool isStated = IsTrue(media, "UseAlternateStart");
-            project_.media.push_back(
+            project_.mediaFiles.push_back(
                 {.name = TextOf(media, "Title"),
                  .path = IsMadeByEditor(path) ? "" : path,
-                 .form = FormOf(Int64Property(VideoStreamOf(media), "FrameRate"), 0),
+                 .format = FormatOf(Int64Property(VideoStreamOf(media), "FrameRate"), 0),
                  .start = Int64Property(media, isStated ? Name("AlternateStart") : Name("Start"))});
         }
         return entry->second;
@@ -154,10 +155,10 @@ private:
     {
         const ConstHandle properties = SequenceProperties(node);
         const ConstHandle video = GroupOfKind(node, MediaType::Video);
-        const FrameForm form = FormOf(
+        const TimecodeFormat format = FormatOf(
             RateOfGroup(video), IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat"));
         Sequence sequence{.name = TextOf(node, "Name"),
-                          .form = form,
+                          .format = format,
                           .start = Int64Property(properties, "MZ.ZeroPoint"),
                           .markers = ReadMarkers(node)};
         SetFrame(video.GetProperty("FrameRect"), sequence);
@@ -176,7 +177,7 @@ private:
     void ReadTrack(ConstHandle node, MediaType kind, int number, Sequence& sequence)
     {
         const ConstHandle core = TrackCore(node);
-        Track track{.kind = kind == MediaType::Video ? TrackKind::Video : TrackKind::Audio,
+        Track track{.kind = kind,
                     .number = number,
                     .name = TextOf(TrackProperties(node), "MZ.TrackName"),
                     .enabled = !IsTrue(core, "IsMuted"),
@@ -187,9 +188,9 @@ private:
         std::ranges::stable_sort(
             nodes, {}, [](TrackItem item) { return Int64Property(ItemEdges(item), "Start"); });
         NodeSet transitions;
-        for (const TrackItem& item : nodes) {
-            places_.emplace(item.UniqueId(), ItemPlace{sequence.tracks.size(), track.items.size()});
-            track.items.push_back(MakeItem(item, kind, sequence.form));
+        for (const ConstHandle& item : nodes) {
+            places_.emplace(item.UniqueId(), ItemIndex{sequence.tracks.size(), track.items.size()});
+            track.items.push_back(MakeItem(item, kind, sequence.format));
             for (const ConstHandle& transition : {HeadTransitionOf(item), TailTransitionOf(item)})
                 if (transition && transitions.Insert(transition))
                     track.transitions.push_back(ReadProjectTransition(transition));
@@ -198,7 +199,7 @@ private:
         sequence.tracks.push_back(std::move(track));
     }
 
-    Item MakeItem(TrackItem node, MediaType kind, const FrameForm& sequenceForm)
+    Item MakeItem(ConstHandle node, MediaType kind, const TimecodeFormat& sequenceFormat)
     {
         const ConstHandle edges = ItemEdges(node);
         const ConstHandle subClip = SubClipOf(node);
@@ -216,7 +217,7 @@ private:
                   .enabled = !IsTrue(ItemCore(node), "IsMuted"),
                   .label = UnescapeXML(
                       LabelNameOf(ClipProperties(clip).GetProperty("hfl.clip.label.name"))),
-                  .sourceForm = sequenceForm};
+                  .sourceFormat = sequenceFormat};
         if (kind == MediaType::Audio && HasValue(clip, "SecondaryIndex"))
             item.channel = static_cast<int>(
                 std::clamp<std::int64_t>(Int64Property(clip, "SecondaryIndex"), 0, 65535) + 1);
@@ -237,14 +238,14 @@ private:
             item.sourceName = TextOf(sequence, "Name");
             if (!isMulticam && !IsMergedSequence(sequence))
                 sequences_.NumberOf(sequence);
-        } else if (const Media media = MediaOfSource(source)) {
-            item.medium = MediumOf(media);
-            const Medium& medium = project_.media[item.medium];
+        } else if (const ConstHandle media = MediaOfSource(source)) {
+            item.mediaFile = MediaFileOf(media);
+            const MediaFile& file = project_.mediaFiles[item.mediaFile];
             item.source = IsMadeByEditor(media.GetProperty("FilePath")) ? SourceKind::Generator
-                                                                        : SourceKind::Medium;
-            item.sourceName = medium.name;
+                                                                        : SourceKind::MediaFile;
+            item.sourceName = file.name;
             if (IsRate(Int64Property(VideoStreamOf(media), "FrameRate")))
-                item.sourceForm = medium.form;
+                item.sourceFormat = file.format;
         }
     }
 
@@ -256,8 +257,8 @@ private:
         return project_.titles.size() - 1;
     }
 
-    // A graphic's text stands on the item or on its master, a title document in the Media.
-    std::size_t TitleOf(TrackItem node, ConstHandle clip)
+    // A graphic's text is on the item or on its master clip, a title document in the Media.
+    std::size_t TitleOf(ConstHandle node, ConstHandle clip)
     {
         const std::size_t own = AddTitle(TextsOfChain(ChainOfOwner(ItemCore(node))));
         const MasterClip master = MasterOfSubClip(SubClipOf(node));
@@ -275,7 +276,7 @@ private:
     void ReadLinks(ConstHandle node, Sequence& sequence)
     {
         for (const ConstHandle& link : LinksOf(node)) {
-            std::vector<ItemPlace> group;
+            std::vector<ItemIndex> group;
             for (const ConstHandle& item : LinkedItemsOf(link))
                 if (const auto found = places_.find(item.UniqueId()); found != places_.end())
                     group.push_back(found->second);
@@ -283,8 +284,8 @@ private:
             group.erase(std::unique(group.begin(), group.end()), group.end());
             if (group.size() < 2)
                 continue;
-            for (const ItemPlace& place : group)
-                sequence.tracks[place.track].items[place.item].link = sequence.links.size();
+            for (const ItemIndex& index : group)
+                sequence.tracks[index.track].items[index.item].link = sequence.links.size();
             sequence.links.push_back(std::move(group));
         }
     }
@@ -294,7 +295,7 @@ private:
     NodeNumbers<ConstHandle> sequences_;
     std::unordered_map<std::uint64_t, std::size_t> media_;  // by the Media's `uniqueId`
     std::unordered_map<std::uint64_t, std::size_t> titles_; // by the MasterClip's `uniqueId`
-    std::unordered_map<std::uint64_t, ItemPlace> places_;   // of the sequence at hand
+    std::unordered_map<std::uint64_t, ItemIndex> places_;   // of the sequence at hand
 };
 
 } // namespace

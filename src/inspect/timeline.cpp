@@ -13,15 +13,15 @@ namespace {
 constexpr std::string_view kSourceTexts[] = {"none", "medium", "sequence", "multiclip",
                                              "generator"};
 
-// A rate as XML documents state it; what drops is told apart by the form itself.
+// As XML documents state rates; dropping numbers is another matter.
 std::int64_t NumbersPerSecond(Ticks frameTicks)
 {
-    return TimecodeFormOf(frameTicks, 0).base;
+    return TimecodeBaseOf(frameTicks, 0).base;
 }
 
 } // namespace
 
-std::string FrameForm::Timecode(Ticks time) const
+std::string TimecodeFormat::Timecode(Ticks time) const
 {
     const std::string text = FormatTimecode(time / ticks, NumbersPerSecond(ticks), drop);
     const Ticks rest = time % ticks;
@@ -44,7 +44,7 @@ std::string_view SourceText(SourceKind source)
 
 std::string TrackText(const Track& track)
 {
-    return fmt::format("{}{}", track.kind == TrackKind::Video ? 'V' : 'A', track.number);
+    return fmt::format("{}{}", track.kind == MediaType::Video ? 'V' : 'A', track.number);
 }
 
 } // namespace XPJ::Inspection

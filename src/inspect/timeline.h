@@ -1,10 +1,10 @@
-// What both document families say about an edit, as plain values.
+// An edit as plain values, the same for both document families.
 //
-// Times are ticks. Places in a sequence count from its first frame, whatever its timecode starts
-// with; places in a source count from the first frame of its medium. Texts are UTF-8 without
-// entities.
+// Times are ticks. In a sequence they count from its first frame, whatever its timecode starts
+// with; in a source from the first frame of its media. Texts are UTF-8 without entities.
 #pragma once
 
+#include "core/media_type.h"
 #include "core/ticks.h"
 
 #include <cstddef>
@@ -15,19 +15,18 @@
 namespace XPJ::Inspection {
 
 enum class Family { Xmeml, Project };
-enum class TrackKind { Video, Audio };
 
-// How the frames of a sequence or a medium are counted; `ticks` is above 0.
-struct FrameForm {
-    Ticks ticks = kNtscFrameTicks;
+// How the frames of a sequence or a media file are counted.
+struct TimecodeFormat {
+    Ticks ticks = kNtscFrameTicks; // of a frame, above 0
     bool drop = false;
 
     // Whole frames of a time.
     std::int64_t Frames(Ticks time) const { return time / ticks; }
-    // "01:00:00:00"; a time between two frames has the rest behind it, "01:00:00:00+40t".
+    // "01:00:00:00"; a time between two frames has the rest added, "01:00:00:00+40t".
     std::string Timecode(Ticks time) const;
 
-    friend bool operator==(const FrameForm&, const FrameForm&) = default;
+    friend bool operator==(const TimecodeFormat&, const TimecodeFormat&) = default;
 };
 
 // At `time` in the source of what it belongs to.
@@ -40,16 +39,16 @@ struct Keyframe {
 
 struct Parameter {
     std::string name = {};
-    std::string value; // numbers in their shortest form, parts of points and colours with ":"
+    std::string value; // numbers at their shortest, ":" between the parts of points and colors
     std::vector<Keyframe> keyframes = {};
 
     friend bool operator==(const Parameter&, const Parameter&) = default;
 };
 
 struct Effect {
-    std::string name = {}; // the same word in both families, as far as it is known
+    std::string name = {}; // the same in both families, as far as it is known
     bool enabled = true;
-    bool isTitle = false; // what it shows is listed as the item's title
+    bool isTitle = false; // its text is listed as the title of the item
     std::vector<Parameter> parameters = {};
 
     friend bool operator==(const Effect&, const Effect&) = default;
@@ -64,24 +63,24 @@ struct Marker {
     friend bool operator==(const Marker&, const Marker&) = default;
 };
 
-struct Medium {
+struct MediaFile {
     std::string name = {};
-    std::string path = {}; // empty: made by the editor, or not told
-    FrameForm form = {};
+    std::string path = {}; // empty: generated, or not stated
+    TimecodeFormat format = {};
     Ticks start = 0; // timecode of its first frame
 };
 
-// Words on screen, in one look.
+// Text on screen, in one style.
 struct TitleText {
     std::string text = {};  // lines end with a line feed, but for the last
-    std::string font = {};  // as its document names it: "Arial Bold", "Arial-BoldMT"
+    std::string font = {};  // as the document names it: "Arial Bold", "Arial-BoldMT"
     double size = 0;        // of the letters, in lines of the frame
     std::string color = {}; // "#ffcc00"
 
     friend bool operator==(const TitleText&, const TitleText&) = default;
 };
 
-enum class SourceKind { None, Medium, Sequence, Multiclip, Generator };
+enum class SourceKind { None, MediaFile, Sequence, Multiclip, Generator };
 
 constexpr std::size_t kNothing = static_cast<std::size_t>(-1);
 
@@ -96,14 +95,14 @@ struct Item {
     bool frameBlending = false;
     std::vector<Keyframe> speedKeyframes = {}; // of a variable speed: time in the source, as ticks
     bool enabled = true;
-    int channel = 0; // of the source, from 1; 0: not told, and for pictures
+    int channel = 0; // of the source, from 1; 0: not stated, and for video
     std::string compositeMode = {};
     std::string label = {};
 
     SourceKind source = SourceKind::None;
     std::string sourceName = {};
-    std::size_t medium = kNothing; // in Project::media
-    FrameForm sourceForm = {};
+    std::size_t mediaFile = kNothing; // in Project::mediaFiles
+    TimecodeFormat sourceFormat = {};
     std::size_t title = kNothing; // in Project::titles
 
     std::vector<Effect> effects = {};
@@ -112,16 +111,16 @@ struct Item {
 };
 
 struct Transition {
-    std::string name = {}; // the same word in both families, as far as it is known
+    std::string name = {}; // the same in both families, as far as it is known
     Ticks start = 0;
     Ticks end = 0;
     std::string alignment = {}; // "start-black", "start", "center", "end", "end-black"
     std::vector<Parameter> parameters = {};
 };
 
-// Items and transitions stand by start.
+// Items and transitions are sorted by start.
 struct Track {
-    TrackKind kind = TrackKind::Video;
+    MediaType kind = MediaType::Video;
     int number = 1; // among those of its kind, from 1
     std::string name = {};
     bool enabled = true;
@@ -130,23 +129,23 @@ struct Track {
     std::vector<Transition> transitions = {};
 };
 
-// An item by its track's place in Sequence::tracks and its own place there.
-struct ItemPlace {
+// An item by the index of its track in Sequence::tracks and its own there.
+struct ItemIndex {
     std::size_t track = 0;
     std::size_t item = 0;
 
-    friend auto operator<=>(const ItemPlace&, const ItemPlace&) = default;
+    friend auto operator<=>(const ItemIndex&, const ItemIndex&) = default;
 };
 
 struct Sequence {
     std::string name = {};
-    FrameForm form = {};
+    TimecodeFormat format = {};
     Ticks start = 0; // timecode of its first frame
-    int width = 0;   // of the picture; 0: not told
+    int width = 0;   // of the frame; 0: not stated
     int height = 0;
     std::vector<Marker> markers = {};
     std::vector<Track> tracks = {};                 // video from the lowest up, then audio
-    std::vector<std::vector<ItemPlace>> links = {}; // groups of items that move together
+    std::vector<std::vector<ItemIndex>> links = {}; // groups of items that move together
 
     Ticks Length() const; // the end of the last item
 };
@@ -159,8 +158,8 @@ struct Entry {
     int depth = 0; // from 0
     std::string name = {};
     std::string label = {};
-    std::size_t medium = kNothing;   // in Project::media
-    std::size_t sequence = kNothing; // in Project::sequences
+    std::size_t mediaFile = kNothing; // in Project::mediaFiles
+    std::size_t sequence = kNothing;  // in Project::sequences
     std::vector<Marker> markers = {};
 };
 
@@ -169,9 +168,9 @@ struct Project {
     std::string version = {}; // as the document states it
     std::string name = {};
     std::vector<Entry> entries = {};
-    std::vector<Sequence> sequences = {}; // those of the browser, then those that only items show
-    std::vector<Medium> media = {};
-    std::vector<std::vector<TitleText>> titles = {}; // what the items of titles say
+    std::vector<Sequence> sequences = {}; // those of the browser, then those that only items use
+    std::vector<MediaFile> mediaFiles = {};
+    std::vector<std::vector<TitleText>> titles = {}; // of the items that are titles
 };
 
 // "none", "medium", "sequence", "multiclip", "generator"

@@ -1,4 +1,4 @@
-// What differs between the words of two titles.
+// What differs between the texts of two titles.
 #pragma once
 
 #include "inspect/timeline.h"

@@ -14,7 +14,7 @@ std::string GeneratorFont(std::string_view family, FontStyle style);
 // The style of a face that a family has by itself stays: "Futura Condensed Medium".
 std::string TitleDocumentFont(std::string_view family, std::string_view style);
 
-// Whether both name one face, each in the words of its own document.
+// Whether both name one face, each as its own document does.
 //   IsSameFont("Arial Bold", "Arial-BoldMT")
 bool IsSameFont(std::string_view a, std::string_view b);
 

@@ -1,4 +1,4 @@
-// The words of titles in all forms that a document may hold them in: parameters of a generator, a
+// The texts of titles in all formats that a document may hold them in: parameters of a generator, a
 // title document, the text document of a graphic.
 #pragma once
 
@@ -29,7 +29,7 @@ std::vector<TitleText> TextsOfChain(ConstHandle chain);
 // Of the title document that a project's Media holds; empty for a Media of another kind.
 std::vector<TitleText> TextsOfMedia(Media media);
 
-// The words on one line, cut to a length that is fit for a list.
+// The text on one line, cut to a length that is fit for a list.
 //   PreviewOf({.text = "Anna Lee\nEditor"}) == "Anna Lee / Editor"
 std::string PreviewOf(const TitleText& text);
 

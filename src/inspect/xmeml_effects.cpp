@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view kSpeedEffect = "timeremap";
 
-// Points and colours stand in parts, a part each.
+// Points and colors have a child for each part.
 std::string ValueText(ObjectHandle node)
 {
     std::string parts;

@@ -7,7 +7,7 @@
 namespace XPJ::Inspection {
 
 // The filters of a `clipitem` or `generatoritem`, and a generator's own effect. What a clip's speed
-// is made of stands on the item itself.
+// is made of is in the item itself.
 std::vector<Effect> ReadXmemlEffects(ObjectHandle item, Ticks frameTicks);
 
 // Those of a variable speed; empty for a constant one.

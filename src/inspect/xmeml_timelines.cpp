@@ -1,4 +1,4 @@
-// XML documents as the model: edges at transitions, references by id, frames of many rates.
+// XML documents as plain timelines: edges at transitions, references by id, frames of many rates.
 #include "core/frame_rate.h"
 #include "core/numbers.h"
 #include "core/text.h"
@@ -14,14 +14,15 @@
 #include "xmeml/speed.h"
 #include "import/tracks.h"
 #include "inspect/effect_names.h"
+#include "inspect/link_groups.h"
 #include "inspect/node_numbers.h"
 #include "inspect/read_timelines.h"
 #include "inspect/titles.h"
 #include "inspect/xmeml_effects.h"
+#include "tree/reading.h"
 
 #include <algorithm>
 #include <map>
-#include <numeric>
 #include <unordered_map>
 
 namespace XPJ::Inspection {
@@ -47,13 +48,13 @@ Ticks ShownFrame(Ticks frameTicks, ObjectHandle timecode)
     return shown < 2 ? kNtscFrameTicks : shown;
 }
 
-FrameForm FormOf(Ticks unit, ObjectHandle timecode)
+TimecodeFormat FormatOf(Ticks unit, ObjectHandle timecode)
 {
     const Ticks frameTicks = ShownFrame(unit, timecode);
     if (frameTicks <= 0)
         return {};
     const int display = ParseInt(TimeDisplayOf(IsNonDrop(timecode), frameTicks));
-    return {frameTicks, TimecodeFormOf(frameTicks, display).drop};
+    return {frameTicks, TimecodeBaseOf(frameTicks, display).drop};
 }
 
 // Of the first frame: a count in the timecode's own rate, else in that of what it belongs to.
@@ -86,48 +87,6 @@ std::vector<Marker> ReadMarkers(ObjectHandle element, Ticks frameTicks)
     return markers;
 }
 
-// Groups that links between pairs make together.
-class LinkGroups {
-public:
-    void Join(ItemPlace a, ItemPlace b)
-    {
-        const std::size_t rootA = RootOf(NumberOf(a));
-        const std::size_t rootB = RootOf(NumberOf(b));
-        parents_[std::max(rootA, rootB)] = std::min(rootA, rootB);
-    }
-    // Those of more than one item, each in the order of the tracks.
-    std::vector<std::vector<ItemPlace>> Groups()
-    {
-        std::map<std::size_t, std::vector<ItemPlace>> byRoot;
-        for (const auto& [place, number] : numbers_)
-            byRoot[RootOf(number)].push_back(place);
-        std::vector<std::vector<ItemPlace>> groups;
-        for (auto& [root, places] : byRoot)
-            if (places.size() > 1)
-                groups.push_back(std::move(places));
-        std::sort(groups.begin(), groups.end());
-        return groups;
-    }
-
-private:
-    std::size_t NumberOf(ItemPlace place)
-    {
-        const auto [entry, isNew] = numbers_.emplace(place, parents_.size());
-        if (isNew)
-            parents_.push_back(parents_.size());
-        return entry->second;
-    }
-    std::size_t RootOf(std::size_t number)
-    {
-        while (parents_[number] != number)
-            number = parents_[number] = parents_[parents_[number]];
-        return number;
-    }
-
-    std::map<ItemPlace, std::size_t> numbers_;
-    std::vector<std::size_t> parents_;
-};
-
 // An item with what is needed to find its links.
 struct ReadItem {
     Item item;
@@ -152,7 +111,7 @@ public:
         for (const ObjectHandle& node : xmeml.GetChildren())
             AddEntries(node.GetName() == "project" ? node.GetChild("children") : ObjectHandle(),
                        node, 0);
-        // A sequence may show others, which then stand at the end.
+        // A sequence may use others, which then come at the end.
         for (std::size_t i = 0; i < sequences_.Size(); ++i)
             project_.sequences.push_back(ReadSequence(sequences_.At(i)));
         return std::move(project_);
@@ -196,7 +155,7 @@ private:
                 AddEntries(children, {}, depth + 1);
         } else if (node.GetName() == "clip" && node.HasChildren()) {
             entry.kind = EntryKind::Clip;
-            entry.medium = MediumOf(FirstFileOf(state_, node));
+            entry.mediaFile = MediaFileOf(FirstFileOf(state_, node));
             entry.markers = ReadMarkers(node, RatesOfItem(node, kNtscFrameTicks).item);
             project_.entries.push_back(std::move(entry));
         } else if (node.GetName() == "sequence" && node.HasChildren()) {
@@ -206,18 +165,18 @@ private:
         }
     }
 
-    std::size_t MediumOf(ObjectHandle file)
+    std::size_t MediaFileOf(ObjectHandle file)
     {
         if (!file)
             return kNothing;
-        const auto [entry, isNew] = media_.emplace(file.UniqueId(), project_.media.size());
+        const auto [entry, isNew] = media_.emplace(file.UniqueId(), project_.mediaFiles.size());
         if (isNew) {
             const ObjectHandle timecode = file.GetChild("timecode");
-            const FrameForm form = FormOf(TicksOfRate(file.GetChild("rate")), timecode);
-            project_.media.push_back({.name = UnescapeXML(TitleOfFile(file)),
-                                      .path = UnescapeXML(PathOfFile(state_, file)),
-                                      .form = form,
-                                      .start = StartOf(timecode, form.ticks)});
+            const TimecodeFormat format = FormatOf(TicksOfRate(file.GetChild("rate")), timecode);
+            project_.mediaFiles.push_back({.name = UnescapeXML(TitleOfFile(file)),
+                                           .path = UnescapeXML(PathOfFile(state_, file)),
+                                           .format = format,
+                                           .start = StartOf(timecode, format.ticks)});
         }
         return entry->second;
     }
@@ -230,7 +189,7 @@ private:
         const FrameFormat frame = FrameOfOwner(node);
         titleFrame_ = ParseFrameSize(frame.rect, frame.par);
         Sequence sequence{.name = TextOf(node, "name"),
-                          .form = FormOf(unit, node.GetChild("timecode")),
+                          .format = FormatOf(unit, node.GetChild("timecode")),
                           .start = StartOfSequence(node.GetChild("timecode"), unit)};
         const ObjectHandle characteristics = CharacteristicsOf(node);
         sequence.width = IntProperty(characteristics, "width");
@@ -243,8 +202,8 @@ private:
 
     void ReadTracks(ObjectHandle node, Ticks unit, Sequence& sequence)
     {
-        std::map<LinkKey, ItemPlace> places;
-        std::vector<std::pair<ItemPlace, ObjectHandle>> linked;
+        std::map<LinkKey, ItemIndex> byKey;
+        std::vector<std::pair<ItemIndex, ObjectHandle>> linked;
         const ObjectHandle media = node.GetChild("media");
         for (const MediaType type : {MediaType::Video, MediaType::Audio}) {
             int stated = 0; // as links count
@@ -256,35 +215,35 @@ private:
                 // Further channels of the track before it.
                 if (type == MediaType::Audio && kept > 0 && IsContinuationTrack(trackNode))
                     continue;
-                Track track{.kind = type == MediaType::Video ? TrackKind::Video : TrackKind::Audio,
+                Track track{.kind = type == MediaType::Video ? MediaType::Video : MediaType::Audio,
                             .number = ++kept};
                 std::vector<ReadItem> items = ReadTrack(trackNode, type, stated, unit, track);
                 for (ReadItem& read : items) {
-                    const ItemPlace place{sequence.tracks.size(), track.items.size()};
-                    places.emplace(read.key, place);
+                    const ItemIndex index{sequence.tracks.size(), track.items.size()};
+                    byKey.emplace(read.key, index);
                     if (read.node.HasChild("link"))
-                        linked.emplace_back(place, read.node);
+                        linked.emplace_back(index, read.node);
                     track.items.push_back(std::move(read.item));
                 }
                 sequence.tracks.push_back(std::move(track));
             }
         }
-        ReadLinks(LinkIndex(node, 0), places, linked, sequence);
+        ReadLinks(LinkIndex(node, 0), byKey, linked, sequence);
     }
 
-    static void ReadLinks(const LinkIndex& index, const std::map<LinkKey, ItemPlace>& places,
-                          const std::vector<std::pair<ItemPlace, ObjectHandle>>& linked,
+    static void ReadLinks(const LinkIndex& links, const std::map<LinkKey, ItemIndex>& byKey,
+                          const std::vector<std::pair<ItemIndex, ObjectHandle>>& linked,
                           Sequence& sequence)
     {
         LinkGroups groups;
-        for (const auto& [place, node] : linked)
+        for (const auto& [index, node] : linked)
             for (const ObjectHandle& link : node.GetChildren("link"))
-                if (const auto found = places.find(index.TargetOf(link)); found != places.end())
-                    groups.Join(place, found->second);
+                if (const auto found = byKey.find(links.TargetOf(link)); found != byKey.end())
+                    groups.Join(index, found->second);
         sequence.links = groups.Groups();
         for (std::size_t i = 0; i < sequence.links.size(); ++i)
-            for (const ItemPlace& place : sequence.links[i])
-                sequence.tracks[place.track].items[place.item].link = i;
+            for (const ItemIndex& index : sequence.links[i])
+                sequence.tracks[index.track].items[index.item].link = i;
     }
 
     // Its items by start; the transitions go into `track`.
@@ -330,7 +289,7 @@ private:
                   .enabled = !EqualsIgnoreCase(node.GetProperty("enabled"), "FALSE"),
                   .compositeMode = PlainForm(node.GetProperty("compositemode")),
                   .label = LabelOf(node),
-                  .sourceForm = FormOf(rates.item, file.GetChild("timecode"))};
+                  .sourceFormat = FormatOf(rates.item, file.GetChild("timecode"))};
         SetRange(node, type, times, rates, item);
         if (type == MediaType::Audio)
             item.channel = IntProperty(node.GetChild("sourcetrack"), "trackindex");
@@ -342,22 +301,22 @@ private:
         return item;
     }
 
-    // Points count in played frames; sound may state them exactly. A picture without an out point
-    // ends with its place in the sequence.
+    // Points count in played frames; audio may state them exactly. Video without an out point ends
+    // with the item.
     static void SetRange(ObjectHandle node, MediaType type, const ItemTimes& times,
                          const ItemRates& rates, Item& item)
     {
-        const bool isSound = type == MediaType::Audio;
-        const Frames delay = isSound ? Int64Property(node, "mediadelay") : 0;
+        const bool isAudio = type == MediaType::Audio;
+        const Frames delay = isAudio ? Int64Property(node, "mediadelay") : 0;
         const auto pointOf = [&](Name exactKey, Frames frames) {
             const bool isExact =
-                isSound && HasValue(node, exactKey) && Int64Property(node, exactKey) != kNotStated;
+                isAudio && HasValue(node, exactKey) && Int64Property(node, exactKey) != kNotStated;
             return isExact ? Int64Property(node, exactKey)
                            : ScaledTicks(AddTicks(frames, delay), rates.item, item.speed);
         };
         item.in = std::max<Ticks>(pointOf("velaTicksIn", times.in), 0);
         const Frames length = rates.ToItem(Minus(times.end, times.start));
-        item.out = !isSound && times.out < 0
+        item.out = !isAudio && times.out < 0
                        ? AddTicks(item.in, ScaledTicks(length, rates.item, item.speed))
                        : pointOf("velaTicksOut", times.out);
     }
@@ -373,9 +332,9 @@ private:
         if (multiclip)
             file = FirstFileOf(state_, ActiveClip(state_, multiclip));
         if (file) {
-            item.medium = MediumOf(file);
-            item.source = SourceKind::Medium;
-            item.sourceName = project_.media[item.medium].name;
+            item.mediaFile = MediaFileOf(file);
+            item.source = SourceKind::MediaFile;
+            item.sourceName = project_.mediaFiles[item.mediaFile].name;
         } else if (const ObjectHandle nested = node.GetChild("sequence")) {
             sequences_.NumberOf(nested);
             item.source = SourceKind::Sequence;
@@ -411,7 +370,7 @@ private:
     Document scratch_;
     SilentProgress progress_;
     IssueSet issues_;
-    ImportState state_{scratch_, progress_, issues_}; // what the rules of the import ask
+    ImportState state_{scratch_, progress_, issues_}; // for the rules of the import
     Project project_;
     NodeNumbers<ObjectHandle> sequences_;
     FrameSize titleFrame_;                                  // of the sequence at hand

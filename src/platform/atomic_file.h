@@ -8,7 +8,7 @@
 namespace XPJ {
 
 // Writes beside the final name ("clip.xml.part") and renames at the end, so that a run that fails
-// leaves nothing half-written, and an older file as it was.
+// leaves nothing half-written and keeps an older file.
 //
 //   AtomicFile output("/p/clip.xml");
 //   ... output.File().Write(...) ...
@@ -16,11 +16,11 @@ namespace XPJ {
 //
 // A link is followed, also to a file that isn't there yet. What is no regular file (a pipe, a
 // device) is written to directly. Where an older file can be written but not replaced, as in a
-// folder that takes no new files, the new text is kept elsewhere and copied over the old one at the
-// end; a copy that fails brings the old text back.
+// folder without write permission, the new text is kept elsewhere and copied over the old one at
+// the end; a copy that fails restores the old text.
 class AtomicFile {
 public:
-    // With a stop check, waiting for a pipe's reader ends when it says so.
+    // With a stop check, waiting for a pipe's reader ends when that returns true.
     explicit AtomicFile(const std::string& path, StopCheck wantsStop = {});
     // Without a `Commit` what was written goes away.
     ~AtomicFile();
@@ -32,7 +32,7 @@ public:
     CoreFile& File() { return file_; }
     // Puts the file under its name; false when any byte of it was lost.
     bool Commit();
-    // Why it isn't open, or was lost, in the system's words; empty where nothing has failed.
+    // The system's reason why it isn't open, or was lost; empty if nothing has failed.
     std::string Reason() const;
 
 private:

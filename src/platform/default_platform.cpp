@@ -88,8 +88,7 @@ std::string UserDirsDocuments(const std::string& home)
     return result;
 }
 
-} // namespace
-
+// With a trailing separator; empty when there is none.
 std::string UserDocumentsFolder()
 {
     const std::string home = Environment("HOME");
@@ -104,6 +103,8 @@ std::string UserDocumentsFolder()
             return WithSeparator(Absolute(candidate));
     return {};
 }
+
+} // namespace
 
 DefaultPlatform::DefaultPlatform() : random_(GeneratorFromEntropy()) {}
 
@@ -123,12 +124,6 @@ void DefaultPlatform::SetReportFolder(std::string_view folder)
 {
     const std::lock_guard guard(lock_);
     reportFolder_ = WithSeparator(Absolute(std::string(folder)));
-}
-
-int DefaultPlatform::RunningServices()
-{
-    const std::lock_guard guard(lock_);
-    return services_;
 }
 
 Guid DefaultPlatform::CreateUniqueGuid()
@@ -158,19 +153,6 @@ std::optional<std::string> DefaultPlatform::DebugEntry(std::string_view key)
     if (entry == debugEntries_.end())
         return std::nullopt;
     return entry->second;
-}
-
-void DefaultPlatform::StartServices()
-{
-    const std::lock_guard guard(lock_);
-    ++services_;
-}
-
-void DefaultPlatform::StopServices()
-{
-    const std::lock_guard guard(lock_);
-    if (services_ > 0)
-        --services_;
 }
 
 } // namespace XPJ

@@ -2,7 +2,7 @@
 // documents folder, and no window system.
 #pragma once
 
-#include "platform/platform.h"
+#include "platform/platform_interface.h"
 
 #include <cstdint>
 #include <map>
@@ -21,10 +21,8 @@ public:
     // Sets a flag of the debug database; it wins over the database's file.
     void SetDebugEntry(std::string_view key, std::string_view value);
     // Replaces the documents folder, into which reports go. It is made absolute, with
-    // a last separator; the empty text brings the user's folder back.
+    // a last separator; the empty text means the user's folder again.
     void SetReportFolder(std::string_view folder);
-    // Starts of the services without their stops.
-    int RunningServices();
 
     // Random, version 4.
     Guid CreateUniqueGuid() override;
@@ -33,8 +31,6 @@ public:
     // From `SetDebugEntry`, else from the file that VELA_DEBUG_DATABASE names: lines "Key=Value",
     // "#" in front of a comment. The file is read at the first look-up.
     std::optional<std::string> DebugEntry(std::string_view key) override;
-    void StartServices() override;
-    void StopServices() override;
 
 private:
     std::mutex lock_;
@@ -42,10 +38,6 @@ private:
     std::string reportFolder_;
     std::map<std::string, std::string, std::less<>> debugEntries_;
     bool debugFileRead_ = false;
-    int services_ = 0;
 };
-
-// The user's documents folder with a trailing separator, empty when there is none.
-std::string UserDocumentsFolder();
 
 } // namespace XPJ

@@ -40,7 +40,7 @@ bool CoreFile::OpenForUpdate(const std::string& path)
     return OpenDescriptor(path, O_RDWR);
 }
 
-// A pipe's open, too, waits for the other end: where there is a stop check it is asked instead.
+// Opening a pipe waits for its other end, too: with a stop check that is polled instead.
 bool CoreFile::OpenDescriptor(const std::string& path, int flags)
 {
     constexpr mode_t kNewFile = 0666; // less the process's mask
@@ -121,7 +121,7 @@ bool CoreFile::Await(short event)
             return true;
         const int ready = ::poll(&poll, 1, kStopCheckInterval);
         if (ready > 0)
-            return true; // also for a closed other end: the call tells
+            return true; // also for a closed other end: the call then fails
         if (ready < 0 && errno != EINTR)
             return Fail(errno);
     }

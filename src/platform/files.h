@@ -36,11 +36,11 @@ public:
 
     // `bytesRead` is less than `size` at the file's end only.
     bool Read(void* buffer, std::size_t size, std::size_t& bytesRead);
-    // All of it or nothing that counts.
+    // False unless all of it was written.
     bool Write(const void* buffer, std::size_t size, std::size_t& bytesWritten);
     // Back to the first byte.
     bool Rewind();
-    // Drops what lies behind the place reached.
+    // Truncates the file at the current offset.
     bool CutHere();
     bool SetPermissions(unsigned permissions);
     // False when the system could not keep what was written; also for a file that isn't open.
@@ -60,7 +60,7 @@ private:
     int error_ = 0;
 };
 
-// The system's words for a value of errno.
+// The system's text for a value of errno.
 std::string ErrorText(int error);
 
 // True for anything under that path, also a folder or a dangling link.

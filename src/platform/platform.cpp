@@ -15,15 +15,6 @@ Platform*& CurrentPlatform()
 
 } // namespace
 
-std::u16string Platform::Localize(std::string_view key)
-{
-    return ToUTF16(DefaultText(key));
-}
-
-void Platform::ShowMessageBox(const std::string&, const std::string&, const std::string&) {}
-
-void Platform::RunProgressDialog(ProgressOperation&, const std::string&, const std::string&) {}
-
 Platform& GetPlatform()
 {
     return *CurrentPlatform();

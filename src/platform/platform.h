@@ -1,64 +1,17 @@
-// What a host's foundation gives, behind one interface with a default that needs no window system.
+// The current platform, and short cuts to what most callers need of it.
 //
-// One platform is current at a time. It is replaced between conversions only, never during one: the
-// conversion's worker reads it without a lock.
+// It is replaced between conversions only, never during one: the conversion's worker reads it
+// without a lock.
 #pragma once
 
-#include "core/guid.h"
 #include "core/messages.h"
+#include "platform/platform_interface.h"
 
-#include <chrono>
-#include <optional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
 namespace XPJ {
-
-// What drives a progress display: one conversion, started once and polled.
-class ProgressOperation {
-public:
-    virtual ~ProgressOperation() = default;
-    // False when no worker could be started.
-    virtual bool Start() = 0;
-    virtual void Cancel() = 0;
-    // 0 to 1.
-    virtual double GetProgress() = 0;
-    virtual bool IsDone() = 0;
-    // Returns when the operation is done or the time is over, true when it is done.
-    virtual bool WaitFor(std::chrono::milliseconds time) = 0;
-};
-
-class Platform {
-public:
-    virtual ~Platform() = default;
-
-    // Text of a key "$$$/Vela/FCP/OK=OK" in the running locale; by default what follows the "=".
-    virtual std::u16string Localize(std::string_view key);
-
-    // A new GUID on each call.
-    virtual Guid CreateUniqueGuid() = 0;
-
-    // The user's documents folder with a trailing separator; empty when there is none.
-    virtual std::string DocumentsFolder() = 0;
-
-    // Value of a flag of the host's debug database, nothing if it isn't set.
-    virtual std::optional<std::string> DebugEntry(std::string_view key) = 0;
-
-    virtual std::chrono::system_clock::time_point Now() { return std::chrono::system_clock::now(); }
-
-    // True when message boxes and dialogs can be shown at all.
-    virtual bool HasUserInterface() { return false; }
-    virtual void ShowMessageBox(const std::string& title, const std::string& text,
-                                const std::string& button);
-    // Runs the operation under a modal dialog (bar from 0 to 100, label, cancel button) that polls
-    // each 250 ms; returns when the dialog has closed. Called only with a user interface.
-    virtual void RunProgressDialog(ProgressOperation& operation, const std::string& label,
-                                   const std::string& cancelButton);
-
-    // Start and stop of the host's graphics services, counted.
-    virtual void StartServices() {}
-    virtual void StopServices() {}
-};
 
 // The current platform; a `DefaultPlatform` unless replaced.
 Platform& GetPlatform();
@@ -77,10 +30,10 @@ private:
 
 // Localised text of a message; the empty string for a number out of range.
 std::string GetMessage(Message message);
-// With its arguments put in.
+// With its arguments filled in.
 std::string GetMessage(Message message, std::initializer_list<std::string_view> arguments);
 
-// A new GUID in text form.
+// The text of a new GUID.
 std::string NewGuidText();
 // True when the debug database holds the flag with a value other than "0", "false" or nothing.
 bool DebugFlag(std::string_view key);

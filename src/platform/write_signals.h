@@ -1,17 +1,17 @@
-// Signals with which the system ends a process that writes: SIGPIPE for a pipe that nobody reads,
-// SIGXFSZ for a file beyond the limit of its size. Held back, both are failed writes like any
-// other. The process's own way of handling them is never touched.
+// Signals with which the system ends a process that writes: SIGPIPE for a pipe without a reader,
+// SIGXFSZ for a file beyond the limit of its size. While they are blocked, both are failed writes
+// like any other. How the process handles them is never changed.
 #pragma once
 
 #include <csignal>
 
 namespace XPJ {
 
-// Holds both back from the calling thread for good: for threads that are ours.
+// Blocks both on the calling thread for good: for threads that are ours.
 void BlockWriteSignals();
 
-// Holds both back from the calling thread for the scope's life; those that a write in the scope has
-// raised are gone at its end.
+// Blocks both on the calling thread for the scope's life; those that a write in the scope has
+// raised are discarded at its end.
 class WriteSignalScope {
 public:
     WriteSignalScope();

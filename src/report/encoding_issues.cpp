@@ -8,21 +8,21 @@ namespace {
 
 constexpr int kOfDocument = 3; // on no track
 
-void AddIssue(IssueSet& issues, int kind, const std::string& encoding, const std::string& place)
+void AddIssue(IssueSet& issues, int kind, const std::string& encoding, const std::string& location)
 {
     TranslationIssue issue;
     issue.kind = kind;
-    issue.subject.text = encoding;
+    issue.subject = encoding;
     issue.trackKind = kOfDocument;
-    issue.time = place;
+    issue.time = location;
     issues.insert(issue);
 }
 
-std::string PlaceText(const EncodingFaults& faults)
+std::string LocationText(const EncodingFaults& faults)
 {
     const std::string first =
         fmt::format("line {}, column {}", faults.firstLine, faults.firstColumn);
-    const std::size_t more = faults.badPlaces - 1;
+    const std::size_t more = faults.badRuns - 1;
     return more == 0 ? first
                      : fmt::format("{} and {} more place{}", first, more, more == 1 ? "" : "s");
 }
@@ -32,8 +32,9 @@ void AddIssues(const EncodingFaults& faults, IssueSet& issues)
 {
     if (!faults.unknown.empty())
         AddIssue(issues, static_cast<int>(Kind::UnknownEncoding), faults.unknown, {});
-    if (faults.badPlaces > 0)
-        AddIssue(issues, static_cast<int>(Kind::InvalidBytes), faults.encoding, PlaceText(faults));
+    if (faults.badRuns > 0)
+        AddIssue(issues, static_cast<int>(Kind::InvalidBytes), faults.encoding,
+                 LocationText(faults));
 }
 
 } // namespace

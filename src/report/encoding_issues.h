@@ -1,4 +1,4 @@
-// What was wrong with a document's bytes, as issues.
+// Faults in a document's encoding, as issues.
 #pragma once
 
 #include "core/encoding.h"
@@ -6,7 +6,7 @@
 
 namespace XPJ {
 
-// One issue for an encoding that nobody knows, one for all bytes that mean nothing.
+// One issue for an unknown encoding, one for all invalid bytes.
 void AddEncodingIssues(const EncodingFaults& faults, Direction direction, IssueSet& issues);
 
 } // namespace XPJ

@@ -10,7 +10,6 @@
 #include <chrono>
 #include <cstdio>
 #include <ctime>
-#include <span>
 
 #include <fmt/format.h>
 
@@ -20,96 +19,33 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-enum class Argument { None, Sequence, Clip, Subject, Time };
-
-enum class Line {
-    Headed,   // a tab, the place in the timeline, the message
-    Indented, // a tab, the message
-    Plain,    // the message
-};
-
-struct IssueRow {
-    Message message;
-    Argument first = Argument::None;
-    Argument second = Argument::None;
-    Line line = Line::Headed;
-};
-
-// Kind 1 first.
-constexpr IssueRow kImportIssues[] = {
-    // clang-format off
-    {Message::kGeneratorNotTranslated2, Argument::Subject},
-    {Message::kGeneratorNotTranslated, Argument::Subject, Argument::Sequence, Line::Indented},
-    {Message::kEffectNotTranslated, Argument::Subject, Argument::Clip},
-    {Message::kThreeWayApproximation, Argument::Clip},
-    {Message::kCompositeModeNotSupported, Argument::Subject, Argument::Clip},
-    {Message::kConstantPowerTransitionNotTranslated, Argument::Subject},
-    {Message::kCrossDissolveTransitionNotTranslated, Argument::Subject},
-    {Message::kDipToColorNotTranslated},
-    {Message::kAudioLevelClamped, Argument::Subject, Argument::Clip},
-    {Message::kMulticlipNotTranslated, Argument::Clip},
-    {Message::kUnrecognizedXMLVersion, Argument::Time, Argument::None, Line::Indented},
-    {Message::kStartOfClipExtended},
-    {Message::kEndOfClipExtended},
-    {Message::kInvalidLowPassFilterParameters},
-    {Message::kInvalidHighPassFilterParameters},
-    {Message::kInvalidBandPassFilterParameters},
-    {Message::kInvalidPanFilterParameters},
-    {Message::kInvalidInPoint, Argument::None, Argument::None, Line::Indented},
-    {Message::kMissingLookLUT, Argument::Clip, Argument::None, Line::Indented},
-    {Message::kInvalidStartEnd, Argument::Clip, Argument::None, Line::Plain},
-    {Message::kInvalidBytes, Argument::Subject, Argument::Time, Line::Indented},
-    {Message::kUnknownEncoding, Argument::Subject, Argument::None, Line::Indented},
-    // clang-format on
-};
-static_assert(std::size(kImportIssues) == static_cast<int>(ImportIssue::UnknownEncoding));
-
-constexpr IssueRow kExportIssues[] = {
-    // clang-format off
-    {Message::kUnrecognizedVelaProVersion, Argument::Time, Argument::None, Line::Indented},
-    {Message::kSyntheticNotTranslated, Argument::Clip, Argument::None, Line::Indented},
-    {Message::kEffectNotTranslated, Argument::Subject, Argument::Clip},
-    {Message::kCompositeModeNotSUpported, Argument::Clip},
-    {Message::kTransitionNotSupported, Argument::Subject},
-    {Message::kCrossDissolveTransitionNotTranslated, Argument::Subject},
-    {Message::kThreeWayApproximation, Argument::Clip},
-    {Message::kMergedClipExportedAsSequence, Argument::Clip, Argument::None, Line::Indented},
-    {Message::kMulticamExportNotSupported, Argument::Clip},
-    {Message::kEffectNotTranslated, Argument::Subject, Argument::Clip, Line::Indented},
-    {Message::kInvalidBytes, Argument::Subject, Argument::Time, Line::Indented},
-    {Message::kUnknownEncoding, Argument::Subject, Argument::None, Line::Indented},
-    // clang-format on
-};
-static_assert(std::size(kExportIssues) == static_cast<int>(ExportIssue::UnknownEncoding));
-
-std::string_view ArgumentText(const TranslationIssue& issue, Argument argument)
+std::string_view FieldText(const TranslationIssue& issue, IssueField field)
 {
-    switch (argument) {
-    case Argument::Sequence:
-        return issue.sequence.text;
-    case Argument::Clip:
-        return issue.clip.text;
-    case Argument::Subject:
-        return issue.subject.text;
-    case Argument::Time:
+    switch (field) {
+    case IssueField::Sequence:
+        return issue.sequence;
+    case IssueField::Clip:
+        return issue.clip;
+    case IssueField::Subject:
+        return issue.subject;
+    case IssueField::Time:
         return issue.time;
-    case Argument::None:
+    case IssueField::None:
         break;
     }
     return {};
 }
 
-std::string MessageText(const TranslationIssue& issue, const IssueRow& row)
+std::string MessageText(const TranslationIssue& issue, const IssueKind& kind)
 {
-    if (row.first == Argument::None)
-        return GetMessage(row.message);
-    if (row.second == Argument::None)
-        return GetMessage(row.message, {ArgumentText(issue, row.first)});
-    return GetMessage(row.message,
-                      {ArgumentText(issue, row.first), ArgumentText(issue, row.second)});
+    if (kind.first == IssueField::None)
+        return GetMessage(kind.message);
+    if (kind.second == IssueField::None)
+        return GetMessage(kind.message, {FieldText(issue, kind.first)});
+    return GetMessage(kind.message, {FieldText(issue, kind.first), FieldText(issue, kind.second)});
 }
 
-// "video track 1"; what concerns a sequence but no track of it is its sound.
+// "video track 1"; what concerns a sequence but none of its tracks is its audio.
 std::string TrackText(const TranslationIssue& issue)
 {
     constexpr int kVideo = 1;
@@ -119,22 +55,21 @@ std::string TrackText(const TranslationIssue& issue)
     return GetMessage(track, {IntToString(std::int64_t{issue.trackIndex} + 1)});
 }
 
-// An effect of a medium stands in no sequence, whatever the form of its kind.
-bool HasPlace(const TranslationIssue& issue)
+// An effect of a media file is in no sequence, whatever its kind.
+bool HasLocation(const TranslationIssue& issue)
 {
-    return issue.trackKind != kNoTrack || !issue.sequence.text.empty();
+    return issue.trackKind != kNoTrack || !issue.sequence.empty();
 }
 
 // Sequence <Cut 1> at 01:00:00:00, video track 1:
-std::string PlaceText(const TranslationIssue& issue)
+std::string LocationText(const TranslationIssue& issue)
 {
-    return GetMessage(Message::kSequence, {issue.sequence.text, issue.time, TrackText(issue)});
+    return GetMessage(Message::kSequence, {issue.sequence, issue.time, TrackText(issue)});
 }
 
 TranslationIssue WithPlainNames(TranslationIssue issue)
 {
-    for (std::string* text :
-         {&issue.sequence.text, &issue.clip.text, &issue.subject.text, &issue.time})
+    for (std::string* text : {&issue.sequence, &issue.clip, &issue.subject, &issue.time})
         *text = UnescapeXML(*text);
     return issue;
 }
@@ -156,36 +91,33 @@ std::string SkippedText(const SkippedList& skipped)
     std::string text;
     for (const TranslationIssue& skippedItem : skipped) {
         const TranslationIssue record = WithPlainNames(skippedItem);
-        if (record.clip.text.empty())
-            text += fmt::format("Sequence <{}> has no frame rate or format, left out.\n",
-                                record.sequence.text);
-        else if (record.sequence.text.empty())
-            text += fmt::format("Clip <{}> has no media, left out.\n", record.clip.text);
+        if (record.clip.empty())
+            text += fmt::format("Sequence <{}> has no frame rate or format, skipped.\n",
+                                record.sequence);
+        else if (record.sequence.empty())
+            text += fmt::format("Clip <{}> has no media, skipped.\n", record.clip);
         else
-            text += fmt::format("{} Clip <{}> has no media, left out.\n", PlaceText(record),
-                                record.clip.text);
+            text += fmt::format("{} Clip <{}> has no media, skipped.\n", LocationText(record),
+                                record.clip);
     }
     return text;
 }
 
-std::string IssueReportText(const IssueSet& issues, Direction direction, NameForm names)
+std::string IssueReportText(const IssueSet& issues, Direction direction, NameStyle names)
 {
-    const std::span<const IssueRow> rows = direction == Direction::Import
-                                               ? std::span<const IssueRow>(kImportIssues)
-                                               : std::span<const IssueRow>(kExportIssues);
     const std::string heading = GetMessage(Message::kTranslationIssue);
     std::string text;
     for (const TranslationIssue& found : issues) {
-        if (found.kind < 1 || static_cast<std::size_t>(found.kind) > rows.size())
+        const IssueKind* const kind = FindIssueKind(direction, found.kind);
+        if (!kind)
             continue;
-        const TranslationIssue issue = names == NameForm::Plain ? WithPlainNames(found) : found;
-        const IssueRow& row = rows[static_cast<std::size_t>(issue.kind) - 1];
+        const TranslationIssue issue = names == NameStyle::Plain ? WithPlainNames(found) : found;
         text.append(heading).append(kLineEnd);
-        if (row.line != Line::Plain)
+        if (kind->line != IssueLine::Plain)
             text += '\t';
-        if (row.line == Line::Headed && HasPlace(issue))
-            text.append(PlaceText(issue)) += ' ';
-        text.append(MessageText(issue, row)).append(kLineEnd);
+        if (kind->line == IssueLine::Located && HasLocation(issue))
+            text.append(LocationText(issue)) += ' ';
+        text.append(MessageText(issue, *kind)).append(kLineEnd);
     }
     return text;
 }
@@ -203,7 +135,7 @@ std::string MakeUniqueFileName(const std::string& base, std::string_view extensi
 }
 
 std::string WriteReport(std::string_view folder, const IssueSet& issues, Direction direction,
-                        NameForm names)
+                        NameStyle names)
 {
     std::string base(folder);
     base.append(GetMessage(Message::kTranslationResults)).append(" ").append(LocalTimeText());

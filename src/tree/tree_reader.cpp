@@ -229,9 +229,9 @@ void TreeReader::FillStop(ReadStop& stop) const
 {
     stop.reason = reason_;
     stop.offset = tokens_.Offset();
-    const TextPlace place = PlaceOf(input_, stop.offset);
-    stop.line = place.line;
-    stop.column = place.column;
+    const TextPosition position = PositionOf(input_, stop.offset);
+    stop.line = position.line;
+    stop.column = position.column;
     stop.path.clear();
     for (std::size_t i = 1; i < open_.size(); ++i) {
         // Of a deep path both ends tell enough.

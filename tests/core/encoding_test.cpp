@@ -60,7 +60,8 @@ TEST(DecodeDocument, TellsTheEncoding)
         const std::string_view text = DecodeDocument(bytes, decoded, faults);
         EXPECT_EQ(faults.encoding, encoding) << bytes;
         EXPECT_TRUE(text.ends_with(ending)) << bytes << "\n" << text;
-        EXPECT_FALSE(faults.Any()) << bytes;
+        EXPECT_EQ(faults.badRuns, 0u) << bytes;
+        EXPECT_EQ(faults.unknown, "") << bytes;
         EXPECT_EQ(text.data() == bytes.data(), encoding == "UTF-8") << bytes; // nothing is copied
     }
 }
@@ -88,7 +89,7 @@ TEST(DecodeDocument, NotesBadBytes)
         std::string decoded;
         EncodingFaults faults;
         const std::string_view text = DecodeDocument(bytes, decoded, faults);
-        EXPECT_EQ(faults.badPlaces, places) << bytes;
+        EXPECT_EQ(faults.badRuns, places) << bytes;
         EXPECT_EQ(faults.firstLine, line) << bytes;
         EXPECT_EQ(faults.firstColumn, column) << bytes;
         if (!expected.empty()) {
@@ -106,7 +107,7 @@ TEST(DecodeDocument, AnUnknownEncodingIsReadAsUtf8)
     EXPECT_EQ(DecodeDocument(bytes, decoded, faults), bytes);
     EXPECT_EQ(faults.unknown, "Klingon-7");
     EXPECT_EQ(faults.encoding, "UTF-8");
-    EXPECT_EQ(faults.badPlaces, 1u);
+    EXPECT_EQ(faults.badRuns, 1u);
     EXPECT_EQ(faults.firstLine, 2u);
 }
 
@@ -120,7 +121,8 @@ TEST(DecodeDocument, LongTexts)
     const std::string_view text = DecodeDocument(bytes, decoded, faults);
     ASSERT_EQ(text.size(), head.size() + 600000);
     EXPECT_TRUE(text.ends_with("\xE2\x82\xAC"));
-    EXPECT_FALSE(faults.Any());
+    EXPECT_EQ(faults.badRuns, 0u);
+    EXPECT_EQ(faults.unknown, "");
 }
 
 } // namespace

@@ -35,7 +35,7 @@ TEST(FrameRate, LengthOfEveryStatedRate)
 
 TEST(FrameRate, LengthsLeadBackToTheirRate)
 {
-    for (const DocumentRate& rate : {DocumentRate{24, true},
+    for (const FrameRate& rate : {FrameRate{24, true},
                                      {30, true},
                                      {48, true},
                                      {60, true},
@@ -57,7 +57,7 @@ TEST(FrameRate, FormOfTheTimecode)
     const struct {
         Ticks ticks;
         int displayFormat;
-        TimecodeForm form;
+        TimecodeBase form;
     } rows[] = {
         {8475667200, 0, {30, true}},    {8475667200, 102, {30, true}},
         {8475667200, 103, {30, false}}, {4237833600, 106, {60, true}},
@@ -66,7 +66,7 @@ TEST(FrameRate, FormOfTheTimecode)
         {8467200000, 0, {30, false}},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(TimecodeFormOf(row.ticks, row.displayFormat), row.form)
+        EXPECT_EQ(TimecodeBaseOf(row.ticks, row.displayFormat), row.form)
             << row.ticks << " " << row.displayFormat;
 }
 

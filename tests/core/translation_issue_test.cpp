@@ -11,29 +11,26 @@ namespace {
 TranslationIssue Base()
 {
     TranslationIssue issue;
-    issue.sequence = {1, "Reel 1"};
-    issue.clip = {1, "Clip"};
-    issue.subject = {1, "Sepia"};
+    issue.sequence = "Reel 1";
+    issue.clip = "Clip";
+    issue.subject = "Sepia";
     issue.trackKind = 1;
     issue.trackIndex = 1;
     issue.time = "00:00:01:00";
     return issue;
 }
 
-// Each field decides before all that stand below it.
+// Each field decides before all that follow it.
 TEST(IssueOrder, ComparesPlaceFirst)
 {
     using Change = std::function<void(TranslationIssue&, int)>;
     const Change kFields[] = {
-        [](TranslationIssue& i, int by) { i.sequence.text = by < 0 ? "Reel" : "Reel 10"; },
-        [](TranslationIssue& i, int by) { i.sequence.word += by; },
+        [](TranslationIssue& i, int by) { i.sequence = by < 0 ? "Reel" : "Reel 10"; },
         [](TranslationIssue& i, int by) { i.time = by < 0 ? "00:00:00:24" : "00:00:01:01"; },
         [](TranslationIssue& i, int by) { i.trackKind += by; },
         [](TranslationIssue& i, int by) { i.trackIndex += by; },
-        [](TranslationIssue& i, int by) { i.subject.text = by < 0 ? "Blur" : "Tint"; },
-        [](TranslationIssue& i, int by) { i.clip.word += by; },
-        [](TranslationIssue& i, int by) { i.clip.text = by < 0 ? "Bed" : "Dawn"; },
-        [](TranslationIssue& i, int by) { i.subject.word += by; },
+        [](TranslationIssue& i, int by) { i.subject = by < 0 ? "Blur" : "Tint"; },
+        [](TranslationIssue& i, int by) { i.clip = by < 0 ? "Bed" : "Dawn"; },
     };
     const IssueOrder before;
     for (std::size_t field = 0; field < std::size(kFields); ++field) {
@@ -49,7 +46,7 @@ TEST(IssueOrder, ComparesPlaceFirst)
     }
 }
 
-TEST(IssueOrder, FindingsThatDifferInKindAloneAreOne)
+TEST(IssueOrder, IssuesThatDifferInKindAloneAreOne)
 {
     IssueSet issues;
     TranslationIssue issue = Base();

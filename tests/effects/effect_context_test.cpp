@@ -21,12 +21,12 @@ TEST(EffectContext, FindingsCarryThePlace)
     ASSERT_EQ(issues.size(), 2u);
     const TranslationIssue& bare = *issues.begin();
     EXPECT_EQ(bare.kind, 7);
-    EXPECT_EQ(bare.subject.text, "");
+    EXPECT_EQ(bare.subject, "");
     const TranslationIssue& sepia = *issues.rbegin();
     EXPECT_EQ(sepia.kind, 3);
-    EXPECT_EQ(sepia.sequence.text, "Reel 1");
-    EXPECT_EQ(sepia.clip.text, "Shot");
-    EXPECT_EQ(sepia.subject.text, "Sepia");
+    EXPECT_EQ(sepia.sequence, "Reel 1");
+    EXPECT_EQ(sepia.clip, "Shot");
+    EXPECT_EQ(sepia.subject, "Sepia");
     EXPECT_EQ(sepia.trackKind, 1);
     EXPECT_EQ(sepia.trackIndex, 4);
     EXPECT_EQ(sepia.time, "01:00:00:00");

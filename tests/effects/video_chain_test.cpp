@@ -90,9 +90,9 @@ TEST_F(VideoChainTest, AFindingTellsItsPlaceOnce)
     ASSERT_EQ(issues_.size(), 1u);
     const TranslationIssue& issue = *issues_.begin();
     EXPECT_EQ(issue.kind, static_cast<int>(ImportIssue::EffectNotTranslated));
-    EXPECT_EQ(issue.subject.text, "My Sepia");
-    EXPECT_EQ(issue.clip.text, "A");
-    EXPECT_EQ(issue.sequence.text, "Cut");
+    EXPECT_EQ(issue.subject, "My Sepia");
+    EXPECT_EQ(issue.clip, "A");
+    EXPECT_EQ(issue.sequence, "Cut");
     EXPECT_EQ(issue.time, "01:00:00:00");
     EXPECT_EQ(issue.trackKind, 1);
     EXPECT_EQ(issue.trackIndex, 2);

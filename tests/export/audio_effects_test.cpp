@@ -213,9 +213,9 @@ TEST_F(AudioEffects, WhatDocumentsHaveNoWordForIsReportedOnce)
     ASSERT_EQ(issues_.size(), 1U);
     const TranslationIssue& issue = *issues_.begin();
     EXPECT_EQ(issue.kind, static_cast<int>(ExportIssue::EffectNotTranslated));
-    EXPECT_EQ(issue.sequence.text, "Cut");
-    EXPECT_EQ(issue.clip.text, "Boom");
-    EXPECT_EQ(issue.subject.text, "Internal Reverb Mono");
+    EXPECT_EQ(issue.sequence, "Cut");
+    EXPECT_EQ(issue.clip, "Boom");
+    EXPECT_EQ(issue.subject, "Internal Reverb Mono");
     EXPECT_EQ(issue.trackKind, 2);
     EXPECT_EQ(issue.trackIndex, 2);
     EXPECT_EQ(issue.time, "00:00:01:00");
@@ -232,9 +232,9 @@ TEST_F(AudioEffects, EffectsOfAMasterAreReportedWithoutASequence)
     ASSERT_EQ(issues_.size(), 1U);
     const TranslationIssue& issue = *issues_.begin();
     EXPECT_EQ(issue.kind, static_cast<int>(ExportIssue::EffectNotTranslatedHeadless));
-    EXPECT_EQ(issue.sequence.text, "");
-    EXPECT_EQ(issue.clip.text, "Mix");
-    EXPECT_EQ(issue.subject.text, "Internal Reverb Mono");
+    EXPECT_EQ(issue.sequence, "");
+    EXPECT_EQ(issue.clip, "Mix");
+    EXPECT_EQ(issue.subject, "Internal Reverb Mono");
 }
 
 TEST_F(AudioEffects, GainOfAClip)

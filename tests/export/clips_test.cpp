@@ -207,7 +207,7 @@ std::string LostItem(const std::string& media)
         FindPath(clip, {"media", "video", "track", "clipitem", "file"}).GetProperty("mediaSource"),
         "Slug");
     EXPECT_EQ(issues.size(), 1u);
-    return issues.empty() ? std::string() : issues.begin()->clip.text;
+    return issues.empty() ? std::string() : issues.begin()->clip;
 }
 
 TEST(ExportClips, ALostTitleIsNamedByItsWords)

@@ -99,7 +99,7 @@ TEST_F(Sequences, WhatShowsNothingIsNoMulticam)
     EXPECT_TRUE(FindPath(written, {"media", "video", "track", "clipitem"}));
     EXPECT_TRUE(issues_.empty());
     ASSERT_EQ(context_.skipped.size(), 1U);
-    EXPECT_EQ(context_.skipped.front().sequence.text, "Cut");
+    EXPECT_EQ(context_.skipped.front().sequence, "Cut");
 }
 
 // A transition stands at an edge whether or not it states where; a time that is not stated is 0.

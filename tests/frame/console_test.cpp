@@ -1,4 +1,5 @@
 #include "frame/console.h"
+#include "frame/file_conversion.h"
 #include "frame_test_support.h"
 #include "platform/files.h"
 
@@ -32,19 +33,46 @@ protected:
     std::ostringstream out_;
 };
 
-TEST(OutputNameOf, CutsAtTheFirstExtension)
+// Of a project to an XML document; other members as they come.
+ConversionRequest ExportRequest(std::string input, std::string output)
 {
-    EXPECT_EQ(OutputNameOf("/p/a.xml", ".xml", ".vlproj"), "a.vlproj");
-    EXPECT_EQ(OutputNameOf("a.xml.old.xml", ".xml", ".vlproj"), "a.vlproj");
-    EXPECT_EQ(OutputNameOf("/p.xml/plain", ".xml", ".vlproj"), "plain.vlproj");
-    EXPECT_EQ(OutputNameOf("/p/b.vlproj", ".vlproj", ".xml"), "b.xml");
+    return {.from = &FormatOf(TreeKind::Project),
+            .to = &FormatOf(TreeKind::Xmeml),
+            .inputPath = std::move(input),
+            .outputPath = std::move(output)};
+}
+
+ConversionRequest ImportRequest(std::string input, std::string output)
+{
+    return {.inputPath = std::move(input), .outputPath = std::move(output)};
+}
+
+TEST(DefaultOutputName, CutsAtTheFirstExtension)
+{
+    const struct {
+        const char* input;
+        const char* output;
+    } rows[] = {
+        {"/p/a.xml", "a.vlproj"},
+        {"a.xml.old.xml", "a.vlproj"},
+        {"/p.xml/plain.xml", "plain.vlproj"},
+        {"/p/b.vlproj", "b.xml"},
+    };
+    for (const auto& [input, output] : rows) {
+        ConversionRequest request{.inputPath = input};
+        ASSERT_TRUE(SetFormatsByExtension(request)) << input;
+        EXPECT_EQ(DefaultOutputName(request), output) << input;
+    }
+    EXPECT_EQ(DefaultOutputName({.inputPath = "/p.xml/plain"}), "plain.vlproj");
+    ConversionRequest request{.inputPath = "a.XML"};
+    EXPECT_FALSE(SetFormatsByExtension(request));
 }
 
 TEST_F(Console, ConvertsBothWays)
 {
     const std::string xml = folder_.Write("a.xml", kSmallXML);
     const std::string project = folder_ / "a.vlproj";
-    EXPECT_EQ(ConvertFile(xml, project, true, out_), kSuccess);
+    EXPECT_EQ(ConvertFile(ImportRequest(xml, project), out_), kSuccess);
     EXPECT_EQ(Said(), "");
     const std::string back = folder_ / "b.xml";
     EXPECT_EQ(ConvertByExtension({.inputPath = project, .outputPath = back}, out_), kSuccess);
@@ -56,10 +84,10 @@ TEST_F(Console, ConvertsBothWays)
 TEST_F(Console, SaysWhatWasFound)
 {
     const std::string xml = folder_.Write("a.xml", kFutureXML);
-    EXPECT_EQ(ConvertFile(xml, folder_ / "a.vlproj", false, out_), kSuccess);
+    EXPECT_EQ(ConvertFile(ImportRequest(xml, folder_ / "a.vlproj"), out_), kSuccess);
     EXPECT_EQ(Said(), "Translation issue:\r\n\tFCP XML xmeml version (9) is not one we recognize "
                       "(1-5), results may not be predictable.\r\n");
-    const FileConversion outcome = ImportFile({xml, folder_ / "b.vlproj"});
+    const ConversionOutcome outcome = ConvertFiles(ImportRequest(xml, folder_ / "b.vlproj"));
     EXPECT_EQ(outcome.issues.size(), 1u);
     EXPECT_TRUE(FileExists(outcome.reportPath));
 }
@@ -100,7 +128,7 @@ TEST_F(Console, SaysWhatWentWrong)
 TEST_F(Console, ASyntaxErrorKeepsItsPlace)
 {
     const std::string xml = folder_.Write("broken.xml", "<xmeml version=\"4\">\n<bin><<");
-    const FileConversion outcome = ImportFile({xml, folder_ / "out"});
+    const ConversionOutcome outcome = ConvertFiles(ImportRequest(xml, folder_ / "out"));
     EXPECT_EQ(outcome.result, kUnexpectedError);
     EXPECT_EQ(outcome.stop.line, 2u);
     EXPECT_FALSE(outcome.outputLost);
@@ -110,23 +138,25 @@ TEST_F(Console, ALostOutputIsAFailure)
 {
     const std::string xml = folder_.Write("a.xml", kFutureXML);
     for (const std::string& output : {std::string("/dev/full"), folder_ / "none/a.vlproj"}) {
-        const FileConversion outcome = ImportFile({xml, output});
+        const ConversionOutcome outcome = ConvertFiles(ImportRequest(xml, output));
         EXPECT_EQ(outcome.result, kUnexpectedError) << output;
         EXPECT_TRUE(outcome.outputLost) << output;
         EXPECT_EQ(outcome.issues.size(), 1u) << output; // the conversion ran all the same
     }
     const std::string project = folder_.Write("a.vlproj", kSmallProject);
-    EXPECT_TRUE(ExportFile({project, folder_ / "none/a.xml"}).outputLost);
-    EXPECT_EQ(ExportFile({folder_.Path(), folder_ / "b.xml"}).result, kInputCouldNotBeOpened);
+    EXPECT_TRUE(ConvertFiles(ExportRequest(project, folder_ / "none/a.xml")).outputLost);
+    EXPECT_EQ(ConvertFiles(ExportRequest(folder_.Path(), folder_ / "b.xml")).result,
+              kInputCouldNotBeOpened);
     EXPECT_EQ(folder_.FileCount(), 2u);
 }
 
 TEST_F(Console, ALossHasAReason)
 {
     const std::string xml = folder_.Write("a.xml", kSmallXML);
-    EXPECT_EQ(ImportFile({xml, "/dev/full"}).lossReason, "No space left on device");
-    EXPECT_EQ(ImportFile({xml, folder_ / "none/a"}).lossReason, "No such file or directory");
-    EXPECT_EQ(ExportFile({folder_ / "none", folder_ / "b"}).stop.reason,
+    EXPECT_EQ(ConvertFiles(ImportRequest(xml, "/dev/full")).lossReason, "No space left on device");
+    EXPECT_EQ(ConvertFiles(ImportRequest(xml, folder_ / "none/a")).lossReason,
+              "No such file or directory");
+    EXPECT_EQ(ConvertFiles(ExportRequest(folder_ / "none", folder_ / "b")).stop.reason,
               "No such file or directory");
 }
 
@@ -140,8 +170,8 @@ TEST_F(Console, NoticesTheHandOff)
         bool isHandOff;
     } rows[] = {{std::nullopt, true}, {false, false}, {true, true}};
     for (const auto& [mode, isHandOff] : rows) {
-        const FileConversion outcome =
-            ImportFile({.inputPath = xml, .outputPath = project, .sn2vlMode = mode});
+        const ConversionOutcome outcome =
+            ConvertFiles({.inputPath = xml, .outputPath = project, .handOff = mode});
         EXPECT_EQ(TempFolder::Read(project).starts_with("__Sn2Vl__\n"), isHandOff);
         EXPECT_EQ(outcome.reportPath.empty(), isHandOff);
     }
@@ -152,8 +182,8 @@ TEST_F(Console, AnUnlistedReportIsWrittenAllTheSame)
     const std::string xml = folder_.Write("a.xml", kFutureXML);
     const std::string project = folder_ / "a.vlproj";
     for (const bool listsReport : {true, false}) {
-        const FileConversion outcome =
-            ImportFile({.inputPath = xml, .outputPath = project, .listsReport = listsReport});
+        const ConversionOutcome outcome =
+            ConvertFiles({.inputPath = xml, .outputPath = project, .listsReport = listsReport});
         EXPECT_TRUE(FileExists(outcome.reportPath));
         EXPECT_EQ(TempFolder::Read(project).find("FileProjectItem") != std::string::npos,
                   listsReport);
@@ -163,11 +193,9 @@ TEST_F(Console, AnUnlistedReportIsWrittenAllTheSame)
 TEST_F(Console, ASequenceThatIsNotThereIsAnError)
 {
     const std::string project = folder_.Write("a.vlproj", kFutureProject);
-    ExportFileJob job;
-    job.inputPath = project;
-    job.outputPath = folder_ / "a.xml";
-    job.sequenceGuid = StringToGUID("12345678-1234-1234-1234-123456789abc");
-    const FileConversion outcome = ExportFile(job);
+    ConversionRequest request = ExportRequest(project, folder_ / "a.xml");
+    request.sequenceGuid = StringToGUID("12345678-1234-1234-1234-123456789abc");
+    const ConversionOutcome outcome = ConvertFiles(request);
     EXPECT_EQ(outcome.result, kNoFCPDataFound);
     EXPECT_TRUE(outcome.lacksSequence);
     EXPECT_EQ(folder_.FileCount(), 1u); // no output, no report
@@ -177,7 +205,8 @@ TEST_F(Console, BadBytesAreFindingsInBothDirections)
 {
     std::string xml = kSmallXML;
     xml.replace(xml.find("Rushes"), 6, "R\xF4shes");
-    const FileConversion import = ImportFile({folder_.Write("a.xml", xml), folder_ / "a"});
+    const ConversionOutcome import =
+        ConvertFiles(ImportRequest(folder_.Write("a.xml", xml), folder_ / "a"));
     EXPECT_EQ(
         IssueReportText(import.issues, Direction::Import),
         "Translation issue:\r\n\tBytes that mean nothing in the encoding UTF-8 were replaced, "
@@ -186,7 +215,8 @@ TEST_F(Console, BadBytesAreFindingsInBothDirections)
 
     std::string project = "<?xml version=\"1.0\" encoding=\"Enigma\"?>";
     project.append(kSmallProject).append("\n\xF4 \xF4 \xF4");
-    const FileConversion back = ExportFile({folder_.Write("b", project), folder_ / "b.xml"});
+    const ConversionOutcome back =
+        ConvertFiles(ExportRequest(folder_.Write("b", project), folder_ / "b.xml"));
     EXPECT_EQ(
         IssueReportText(back.issues, Direction::Export),
         "Translation issue:\r\n\tEncoding (Enigma) is not one we recognize, the document was "
@@ -205,13 +235,13 @@ TEST_F(Console, AWaitForAPipeCanBeStopped)
         return ProgressWatch{.wantsStop = [&looks] { return ++looks > 2; }};
     };
     int looks = 0;
-    EXPECT_EQ(ImportFile({pipe, folder_ / "new"}, watch(looks)).result, kAborted);
+    EXPECT_EQ(ConvertFiles(ImportRequest(pipe, folder_ / "new"), watch(looks)).result, kAborted);
     looks = 0;
-    EXPECT_EQ(ExportFile({pipe, folder_ / "new"}, watch(looks)).result, kAborted);
+    EXPECT_EQ(ConvertFiles(ExportRequest(pipe, folder_ / "new"), watch(looks)).result, kAborted);
     looks = 0;
-    EXPECT_EQ(ImportFile({xml, pipe}, watch(looks)).result, kAborted);
+    EXPECT_EQ(ConvertFiles(ImportRequest(xml, pipe), watch(looks)).result, kAborted);
     looks = 0;
-    EXPECT_EQ(ExportFile({project, pipe}, watch(looks)).result, kAborted);
+    EXPECT_EQ(ConvertFiles(ExportRequest(project, pipe), watch(looks)).result, kAborted);
     EXPECT_EQ(folder_.FileCount(), 3u);
 }
 
@@ -219,7 +249,7 @@ TEST_F(Console, TheHandOffIsAnnounced)
 {
     const std::string project = folder_.Write("a.vlproj", kSmallProject);
     EXPECT_EQ(ConvertByExtension(
-                  {.inputPath = project, .outputPath = folder_ / "a.xml", .vl2snMode = true}, out_),
+                  {.inputPath = project, .outputPath = folder_ / "a.xml", .handOff = true}, out_),
               kSuccess);
     EXPECT_EQ(Said(), "Processing for Sonara consumption...\n");
 }

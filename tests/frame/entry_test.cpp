@@ -53,16 +53,16 @@ TEST_F(Entry, FillsTheTableAndTouchesNothingElse)
     EXPECT_EQ(table.records[2].canImport, 0);
     EXPECT_EQ(table.records[2].canExport, 0xAA);
 
-    EXPECT_EQ(platform_.RunningServices(), 1);
+    EXPECT_EQ(platform_.runningServices, 1);
     EXPECT_EQ(xProjectConverterEntry(kVelaSelectorShutDown, &table), 0);
     EXPECT_EQ(xProjectConverterEntry(kVelaSelectorShutDown, nullptr), 0);
-    EXPECT_EQ(platform_.RunningServices(), 0);
+    EXPECT_EQ(platform_.runningServices, 0);
 }
 
 TEST_F(Entry, RefusesWrongCalls)
 {
     EXPECT_EQ(xProjectConverterEntry(kVelaSelectorStartUp, nullptr), -2);
-    EXPECT_EQ(platform_.RunningServices(), 0);
+    EXPECT_EQ(platform_.runningServices, 0);
     EXPECT_EQ(xProjectConverterEntry(kVelaSelectorImport, nullptr), -1000);
     EXPECT_EQ(xProjectConverterEntry(kVelaSelectorExport, nullptr), -1000);
     for (const int selector : {-1, 1, 3, 5, 6, 8, 1 << 30})

@@ -3,6 +3,7 @@
 
 #include "core/text.h"
 #include "platform/default_platform.h"
+#include "platform/platform.h"
 #include "support/temp_folder.h"
 
 #include <vela_fcpxml/plugin.h>
@@ -60,6 +61,10 @@ public:
             operation.Cancel();
     }
 
+    void StartServices() override { ++runningServices; }
+    void StopServices() override { runningServices = std::max(runningServices - 1, 0); }
+
+    int runningServices = 0;
     bool hasUserInterface = true;
     bool cancelInDialog = false;
     std::vector<std::string> boxes;

@@ -1,5 +1,4 @@
-#include "frame/conversion_operation.h"
-#include "frame/export_operation.h"
+#include "frame/operation.h"
 #include "frame_test_support.h"
 
 #include <gtest/gtest.h>
@@ -14,57 +13,46 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-// An operation that does what a test says.
-class TestOperation final : public Operation {
-public:
-    using Body = std::function<int(Operation&, Findings&)>;
-    explicit TestOperation(Body body) : body_(std::move(body)) {}
-    ~TestOperation() override { Join(); }
-
-private:
-    int Convert(Findings& findings) override { return body_(*this, findings); }
-    Body body_;
-};
-
-int ResultOf(const TestOperation::Body& body)
+int ResultOf(const Operation::Work& work)
 {
-    TestOperation operation(body);
-    EXPECT_EQ(operation.GetResult(), kUnexpectedError);
+    Operation operation(work);
+    EXPECT_EQ(operation.Outcome().result, kUnexpectedError);
     EXPECT_TRUE(operation.Start());
     EXPECT_TRUE(operation.WaitFor(10s));
-    return operation.GetResult();
+    return operation.Outcome().result;
 }
 
 TEST(Operation, MapsExceptionsToResults)
 {
-    EXPECT_EQ(ResultOf([](Operation&, Findings&) -> int { return kNoXMELM; }), kNoXMELM);
-    EXPECT_EQ(ResultOf([](Operation&, Findings&) -> int { throw std::bad_alloc(); }), kOutOfMemory);
-    EXPECT_EQ(ResultOf([](Operation&, Findings&) -> int { throw std::logic_error("link"); }),
-              kUnexpectedError);
-    EXPECT_EQ(ResultOf([](Operation&, Findings&) -> int { throw 3; }), kUnexpectedError);
+    EXPECT_EQ(ResultOf([](Progress&, ConversionOutcome&) -> int { return kNoXMELM; }), kNoXMELM);
+    EXPECT_EQ(ResultOf([](Progress&, ConversionOutcome&) -> int { throw std::bad_alloc(); }),
+              kOutOfMemory);
+    EXPECT_EQ(
+        ResultOf([](Progress&, ConversionOutcome&) -> int { throw std::logic_error("link"); }),
+        kUnexpectedError);
+    EXPECT_EQ(ResultOf([](Progress&, ConversionOutcome&) -> int { throw 3; }), kUnexpectedError);
 }
 
-TEST(Operation, AnExceptionEndsTheStagesAndKeepsTheFindings)
+TEST(Operation, AnExceptionEndsTheStagesAndKeepsTheIssues)
 {
-    TestOperation operation([](Operation& progress, Findings& findings) -> int {
-        const StageScope road(progress, 1, 8);
+    Operation operation([](Progress& progress, ConversionOutcome& outcome) -> int {
+        const StageScope all(progress, 1, 8);
         const StageScope step(progress, 2, 4);
-        findings.issues.insert(TranslationIssue());
-        findings.stop.line = 12;
+        outcome.issues.insert(TranslationIssue());
+        outcome.stop.line = 12;
         throw std::runtime_error("end");
     });
     operation.Start();
     ASSERT_TRUE(operation.WaitFor(10s));
     EXPECT_DOUBLE_EQ(operation.GetProgress(), 1);
-    EXPECT_TRUE(operation.HasIssues());
-    EXPECT_EQ(operation.GetIssues().size(), 1u);
-    EXPECT_EQ(operation.GetReadStop().line, 12u);
+    EXPECT_EQ(operation.Outcome().issues.size(), 1u);
+    EXPECT_EQ(operation.Outcome().stop.line, 12u);
 }
 
 TEST(Operation, WaitingWakesAtOnceAndTimesOut)
 {
     std::atomic<bool> goOn = false;
-    TestOperation operation([&goOn](Operation&, Findings&) -> int {
+    Operation operation([&goOn](Progress&, ConversionOutcome&) -> int {
         while (!goOn)
             std::this_thread::sleep_for(1ms);
         return kSuccess;
@@ -72,19 +60,19 @@ TEST(Operation, WaitingWakesAtOnceAndTimesOut)
     ASSERT_TRUE(operation.Start());
     EXPECT_FALSE(operation.Start()); // once
     EXPECT_FALSE(operation.WaitFor(5ms));
-    EXPECT_FALSE(operation.IsFinished());
+    EXPECT_FALSE(operation.IsDone());
     const Clock::time_point start = Clock::now();
     goOn = true;
     EXPECT_TRUE(operation.WaitFor(60s));
     EXPECT_LT(Clock::now() - start, 30s);
-    EXPECT_TRUE(operation.IsFinished());
+    EXPECT_TRUE(operation.IsDone());
 }
 
 TEST(Operation, TheDestructorWaitsForTheWorker)
 {
     std::atomic<bool> ended = false;
     {
-        TestOperation operation([&ended](Operation& progress, Findings&) -> int {
+        Operation operation([&ended](Progress& progress, ConversionOutcome&) -> int {
             while (!progress.IsCancelled())
                 std::this_thread::sleep_for(1ms);
             ended = true;
@@ -96,20 +84,20 @@ TEST(Operation, TheDestructorWaitsForTheWorker)
     EXPECT_TRUE(ended);
 }
 
-TEST(ConversionOperation, ConvertsAndStandsAtTheEnd)
+TEST(ImportOperation, ConvertsAndEndsItsProgress)
 {
     const TempFolder folder;
     std::ostringstream output;
-    ConversionOperation operation({folder.Write("a.xml", kSmallXML)}, output);
+    Operation operation({.inputPath = folder.Write("a.xml", kSmallXML)}, {nullptr, output});
     ASSERT_TRUE(operation.Start());
     ASSERT_TRUE(operation.WaitFor(60s));
-    EXPECT_EQ(operation.GetResult(), kSuccess);
+    EXPECT_EQ(operation.Outcome().result, kSuccess);
     EXPECT_DOUBLE_EQ(operation.GetProgress(), 1);
-    EXPECT_FALSE(operation.HasIssues());
+    EXPECT_TRUE(operation.Outcome().issues.empty());
     EXPECT_NE(output.str().find("<VelaData"), std::string::npos);
 }
 
-TEST(ConversionOperation, NamesTheFailure)
+TEST(ImportOperation, NamesTheFailure)
 {
     const TempFolder folder;
     const struct {
@@ -123,34 +111,34 @@ TEST(ConversionOperation, NamesTheFailure)
     };
     for (const auto& [text, result] : rows) {
         std::ostringstream output;
-        ConversionOperation operation({folder.Write("a.xml", text)}, output);
+        Operation operation({.inputPath = folder.Write("a.xml", text)}, {nullptr, output});
         operation.Start();
         ASSERT_TRUE(operation.WaitFor(60s));
-        EXPECT_EQ(operation.GetResult(), result) << text;
+        EXPECT_EQ(operation.Outcome().result, result) << text;
         EXPECT_EQ(output.str(), "") << text;
     }
     std::ostringstream output;
-    ConversionOperation missing({folder / "none.xml"}, output);
+    Operation missing({.inputPath = folder / "none.xml"}, {nullptr, output});
     missing.Start();
     ASSERT_TRUE(missing.WaitFor(60s));
-    EXPECT_EQ(missing.GetResult(), kInputCouldNotBeOpened);
+    EXPECT_EQ(missing.Outcome().result, kInputCouldNotBeOpened);
 }
 
-TEST(ConversionOperation, ASyntaxErrorHasAPlace)
+TEST(ImportOperation, ASyntaxErrorHasALocation)
 {
     const TempFolder folder;
     std::ostringstream output;
     const std::string path =
         folder.Write("a.xml", "<xmeml version=\"4\">\n<project>\n  <name><<\n");
-    ConversionOperation operation({path}, output);
+    Operation operation({.inputPath = path}, {nullptr, output});
     operation.Start();
     ASSERT_TRUE(operation.WaitFor(60s));
-    const ReadStop stop = operation.GetReadStop();
+    const ReadStop stop = operation.Outcome().stop;
     EXPECT_FALSE(stop.reason.empty());
     EXPECT_EQ(stop.line, 3u);
 }
 
-TEST(ConversionOperation, CancelStopsARunningConversion)
+TEST(ImportOperation, CancelStopsARunningConversion)
 {
     const TempFolder folder;
     std::string text = "<xmeml version=\"4\"><project><name>P</name><children>";
@@ -158,15 +146,22 @@ TEST(ConversionOperation, CancelStopsARunningConversion)
         text += "<bin><name>B</name><children></children></bin>";
     text += "</children></project></xmeml>";
     std::ostringstream output;
-    ConversionOperation operation({folder.Write("a.xml", text)}, output);
+    Operation operation({.inputPath = folder.Write("a.xml", text)}, {nullptr, output});
     ASSERT_TRUE(operation.Start());
     EXPECT_FALSE(operation.WaitFor(1ms));
     operation.Cancel();
     ASSERT_TRUE(operation.WaitFor(60s));
-    EXPECT_EQ(operation.GetResult(), kAborted);
+    EXPECT_EQ(operation.Outcome().result, kAborted);
 }
 
-TEST(VelaToFCPXOperation, NamesTheFailure)
+ConversionRequest ExportRequest()
+{
+    return {.from = &FormatOf(TreeKind::Project),
+            .to = &FormatOf(TreeKind::Xmeml),
+            .outputPath = "/nowhere/a.xml"};
+}
+
+TEST(ExportOperation, NamesTheFailure)
 {
     const struct {
         const char* text;
@@ -179,19 +174,19 @@ TEST(VelaToFCPXOperation, NamesTheFailure)
     for (const auto& [text, result] : rows) {
         std::istringstream input(text);
         std::ostringstream output;
-        VelaToFCPXOperation operation(input, {"Title", "/nowhere/a.xml"}, output);
+        Operation operation(ExportRequest(), {&input, output});
         operation.Start();
         ASSERT_TRUE(operation.WaitFor(60s));
-        EXPECT_EQ(operation.GetResult(), result) << text;
+        EXPECT_EQ(operation.Outcome().result, result) << text;
         EXPECT_EQ(output.str(), "") << text;
     }
     std::istringstream bad("x");
     bad.setstate(std::ios::badbit);
     std::ostringstream output;
-    VelaToFCPXOperation operation(bad, {"Title", "/nowhere/a.xml"}, output);
+    Operation operation(ExportRequest(), {&bad, output});
     operation.Start();
     ASSERT_TRUE(operation.WaitFor(60s));
-    EXPECT_EQ(operation.GetResult(), kInputCouldNotBeOpened);
+    EXPECT_EQ(operation.Outcome().result, kInputCouldNotBeOpened);
 }
 
 } // namespace

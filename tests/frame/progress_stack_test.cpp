@@ -16,7 +16,6 @@ TEST(ProgressStack, NestedStagesShareTheirParentsSteps)
     stack.Advance(1);
     EXPECT_DOUBLE_EQ(stack.Position(), 1.0 / 16); // a quarter of 2 of 8
     stack.End();
-    EXPECT_EQ(stack.CurrentStage(), 2u);
     EXPECT_DOUBLE_EQ(stack.Position(), 1.0 / 16); // an end moves nothing
     stack.End();
     stack.Advance(2);
@@ -27,7 +26,6 @@ TEST(ProgressStack, NestedStagesShareTheirParentsSteps)
     EXPECT_DOUBLE_EQ(stack.Position(), 0.5);
     stack.End();
     stack.End();
-    EXPECT_EQ(stack.CurrentStage(), 0u);
     EXPECT_DOUBLE_EQ(stack.Position(), 1); // the end of the last stage is the end of the run
 }
 
@@ -44,10 +42,10 @@ TEST(ProgressStack, AdvanceStopsAtTheTotal)
     stack.Advance(kMost);
     EXPECT_DOUBLE_EQ(stack.Position(), 1);
 
-    stack.Clear();
-    stack.Begin(1, kMost);
-    stack.Advance(kMost / 2);
-    EXPECT_NEAR(stack.Position(), 0.5, 1e-9);
+    ProgressStack large;
+    large.Begin(1, kMost);
+    large.Advance(kMost / 2);
+    EXPECT_NEAR(large.Position(), 0.5, 1e-9);
 }
 
 TEST(ProgressStack, ATotalOfNothingIsOneStep)
@@ -71,8 +69,6 @@ TEST(ProgressStack, AnEmptyStackStaysWhereItIs)
     stack.End();
     stack.Advance(1);
     EXPECT_DOUBLE_EQ(stack.Position(), 1);
-    stack.Clear();
-    EXPECT_DOUBLE_EQ(stack.Position(), 0);
     EXPECT_EQ(stack.Begin(1, 1), 2u); // an id is never used twice
 }
 

@@ -72,7 +72,7 @@ TEST_F(TimelineTest, WhatHasNoMediaIsTold)
     EXPECT_EQ(Issues(), "");
     std::string skipped;
     for (const TranslationIssue& record : skipped_)
-        skipped += record.sequence.text + " " + record.clip.text + " " + record.time + "\n";
+        skipped += record.sequence + " " + record.clip + " " + record.time + "\n";
     EXPECT_EQ(skipped, "Cut A 00:00:00:00\n C 00:00\n");
 }
 

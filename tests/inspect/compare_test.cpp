@@ -1,6 +1,6 @@
 #include "inspect/compare.h"
-#include "inspect/json_form.h"
-#include "inspect/text_form.h"
+#include "inspect/timeline_json.h"
+#include "inspect/timeline_text.h"
 #include "inspect_fixture.h"
 
 #include <nlohmann/json.hpp>

@@ -1,7 +1,7 @@
 // Documents that lead nowhere, back to themselves, or beyond all measure.
 #include "inspect/compare.h"
-#include "inspect/json_form.h"
-#include "inspect/text_form.h"
+#include "inspect/timeline_json.h"
+#include "inspect/timeline_text.h"
 #include "inspect_fixture.h"
 
 namespace XPJ::Inspection {
@@ -10,8 +10,8 @@ namespace {
 // Everything that can be asked of a document.
 void Exercise(const std::string& text)
 {
-    const ReadOutcome outcome = ReadTimelines(text);
-    const Project& project = outcome.project;
+    const DocumentTimelines timelines = ReadTimelines(text);
+    const Project& project = timelines.project;
     EXPECT_FALSE(TreeText(project).empty());
     EXPECT_FALSE(TreeJson(project).empty());
     EXPECT_TRUE(Compare(project, project).empty());

@@ -1,7 +1,7 @@
 // Two documents, one of each family, that tell of the same edit.
 #pragma once
 
-#include "inspect/read_timelines.h"
+#include "frame/document_timelines.h"
 
 #include <filesystem>
 #include <fstream>
@@ -30,9 +30,9 @@ inline std::string Replaced(std::string text, const std::string& from, const std
 
 inline Project Timelines(const std::string& text)
 {
-    ReadOutcome outcome = ReadTimelines(text);
-    EXPECT_EQ(outcome.result, kReadDone);
-    return std::move(outcome.project);
+    DocumentTimelines timelines = ReadTimelines(text);
+    EXPECT_EQ(timelines.result, kSuccess);
+    return std::move(timelines.project);
 }
 
 } // namespace XPJ::Inspection

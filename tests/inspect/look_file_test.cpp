@@ -1,4 +1,4 @@
-#include "inspect/look_form.h"
+#include "inspect/look_listing.h"
 
 #include <nlohmann/json.hpp>
 

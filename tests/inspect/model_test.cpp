@@ -1,5 +1,5 @@
-#include "inspect/json_form.h"
-#include "inspect/text_form.h"
+#include "inspect/timeline_json.h"
+#include "inspect/timeline_text.h"
 #include "inspect_fixture.h"
 
 #include "core/frame_rate.h"
@@ -59,12 +59,12 @@ TEST(Model, CountsInTheRateOfEachThing)
 </sequence></xmeml>)");
     ASSERT_EQ(project.sequences.size(), 1U);
     const Sequence& sequence = project.sequences[0];
-    EXPECT_EQ(sequence.form.Timecode(sequence.start), "01;00;00;00");
+    EXPECT_EQ(sequence.format.Timecode(sequence.start), "01;00;00;00");
     const Item& item = sequence.tracks.at(0).items.at(0);
     EXPECT_EQ(item.start, 30 * kNtscFrameTicks);
     EXPECT_EQ(item.in, kTicksPerSecond);
-    EXPECT_EQ(item.sourceForm.Timecode(item.out), "00:00:02:00");
-    EXPECT_EQ(sequence.form.Timecode(kNtscFrameTicks + 5), "00;00;00;01+5t");
+    EXPECT_EQ(item.sourceFormat.Timecode(item.out), "00:00:02:00");
+    EXPECT_EQ(sequence.format.Timecode(kNtscFrameTicks + 5), "00;00;00;01+5t");
 }
 
 TEST(Model, IsWrittenAsJson)

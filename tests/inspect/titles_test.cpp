@@ -2,8 +2,8 @@
 
 #include "import/import_driver.h"
 #include "inspect/compare.h"
-#include "inspect/json_form.h"
-#include "inspect/text_form.h"
+#include "inspect/timeline_json.h"
+#include "inspect/timeline_text.h"
 #include "inspect/title_font_names.h"
 #include "inspect_fixture.h"
 #include "project/writer.h"

@@ -1,4 +1,5 @@
 #include "platform/default_platform.h"
+#include "platform/platform.h"
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
@@ -85,40 +86,41 @@ TEST(DefaultPlatform, ReportFolderWinsOverTheUsersFolder)
     platform.SetReportFolder("/tmp/reports");
     EXPECT_EQ(platform.DocumentsFolder(), "/tmp/reports/");
     platform.SetReportFolder("");
-    EXPECT_EQ(platform.DocumentsFolder(), UserDocumentsFolder());
+    EXPECT_EQ(platform.DocumentsFolder(), DefaultPlatform().DocumentsFolder());
 }
 
-TEST(UserDocumentsFolder, TakesTheFirstThatExists)
+TEST(DocumentsFolder, IsTheFirstThatExists)
 {
+    DefaultPlatform platform;
     const TempFolder home;
     const EnvironmentScope homeVariable("HOME", home / "");
     const EnvironmentScope noConfig("XDG_CONFIG_HOME", "");
     const EnvironmentScope noDocuments("XDG_DOCUMENTS_DIR", "");
     const std::string base = home.Path();
-    EXPECT_EQ(UserDocumentsFolder(), base);
+    EXPECT_EQ(platform.DocumentsFolder(), base);
 
     std::filesystem::create_directories(home / "Documents");
-    EXPECT_EQ(UserDocumentsFolder(), base + "/Documents/");
+    EXPECT_EQ(platform.DocumentsFolder(), base + "/Documents/");
 
     std::filesystem::create_directories(home / ".config");
     std::filesystem::create_directories(home / "Papers");
     home.Write(".config/user-dirs.dirs", "# made by a desktop\nXDG_MUSIC_DIR=\"$HOME/Music\"\n"
                                          "XDG_DOCUMENTS_DIR=\"$HOME/Papers\"\n");
-    EXPECT_EQ(UserDocumentsFolder(), base + "/Papers/");
+    EXPECT_EQ(platform.DocumentsFolder(), base + "/Papers/");
 
     std::filesystem::create_directories(home / "Desk");
     const EnvironmentScope documents("XDG_DOCUMENTS_DIR", home / "Desk");
-    EXPECT_EQ(UserDocumentsFolder(), base + "Desk/");
+    EXPECT_EQ(platform.DocumentsFolder(), base + "Desk/");
     const EnvironmentScope missing("XDG_DOCUMENTS_DIR", home / "Missing");
-    EXPECT_EQ(UserDocumentsFolder(), base + "/Papers/");
+    EXPECT_EQ(platform.DocumentsFolder(), base + "/Papers/");
 }
 
-TEST(UserDocumentsFolder, IsEmptyWithoutAHome)
+TEST(DocumentsFolder, IsEmptyWithoutAHome)
 {
     const EnvironmentScope homeVariable("HOME", "");
     const EnvironmentScope noConfig("XDG_CONFIG_HOME", "");
     const EnvironmentScope noDocuments("XDG_DOCUMENTS_DIR", "");
-    EXPECT_EQ(UserDocumentsFolder(), "");
+    EXPECT_EQ(DefaultPlatform().DocumentsFolder(), "");
 }
 
 class ShoutingPlatform final : public DefaultPlatform {

@@ -1,5 +1,6 @@
-#include "report/report.h"
 #include "platform/default_platform.h"
+#include "platform/platform.h"
+#include "report/report.h"
 #include "support/temp_folder.h"
 #include "support/tree.h"
 
@@ -31,9 +32,9 @@ TranslationIssue Issue(int kind)
 {
     TranslationIssue issue;
     issue.kind = kind;
-    issue.sequence.text = "Cut &amp; 1";
-    issue.clip.text = "A";
-    issue.subject.text = "Sepia";
+    issue.sequence = "Cut &amp; 1";
+    issue.clip = "A";
+    issue.subject = "Sepia";
     issue.trackKind = 1;
     issue.trackIndex = 1;
     issue.time = "01:00:00:00";
@@ -42,12 +43,11 @@ TranslationIssue Issue(int kind)
 
 constexpr char kHead[] = "\tSequence <Cut &amp; 1> at 01:00:00:00, video track 2: ";
 
-// What stands on no track: an effect of a medium is in no sequence, a fader may be that of all
-// sound.
+// What is on no track: an effect of a media file is in no sequence, a fader may be that of all audio.
 TEST(IssueReportText, WithoutATrack)
 {
     TranslationIssue issue = Issue(static_cast<int>(ExportIssue::ThreeWayApproximation));
-    issue.sequence.text.clear();
+    issue.sequence.clear();
     issue.trackKind = kNoTrack;
     EXPECT_EQ(IssueReportText({issue}, Direction::Export),
               "Translation issue:\r\n\t3-Way Color Corrector on Clip <A>: translation is "
@@ -144,7 +144,7 @@ TEST(IssueReportText, EveryKind)
     EXPECT_EQ(IssueReportText({Issue(13)}, Direction::Export), "");
 }
 
-TEST(IssueReportText, SortsAndJoinsFindings)
+TEST(IssueReportText, SortsAndJoinsIssues)
 {
     TranslationIssue audio = Issue(3);
     audio.trackKind = 2;
@@ -162,27 +162,27 @@ TEST(IssueReportText, SortsAndJoinsFindings)
                   "Effect <Sepia> on Clip <A> not translated.\r\n");
 }
 
-TEST(SkippedText, TellsItemsClipsAndSequencesApart)
+TEST(SkippedText, DistinguishesItemsClipsAndSequences)
 {
     TranslationIssue item = Issue(0);
-    item.clip.text = "A";
+    item.clip = "A";
     TranslationIssue clip;
-    clip.clip.text = "B";
+    clip.clip = "B";
     TranslationIssue sequence;
-    sequence.sequence.text = "Cut 2";
+    sequence.sequence = "Cut 2";
     EXPECT_EQ(SkippedText({item, clip, sequence}),
-              "Sequence <Cut & 1> at 01:00:00:00, video track 2: Clip <A> has no media, left "
-              "out.\n"
-              "Clip <B> has no media, left out.\n"
-              "Sequence <Cut 2> has no frame rate or format, left out.\n");
+              "Sequence <Cut & 1> at 01:00:00:00, video track 2: Clip <A> has no media, "
+              "skipped.\n"
+              "Clip <B> has no media, skipped.\n"
+              "Sequence <Cut 2> has no frame rate or format, skipped.\n");
 }
 
-TEST(IssueReportText, NamesAsPeopleReadThem)
+TEST(IssueReportText, PlainNames)
 {
     TranslationIssue issue = Issue(3);
-    issue.clip.text = "Q&amp;A &lt;1&gt; &#233;";
-    issue.subject.text = "Sepia &amp;amp; co";
-    EXPECT_EQ(IssueReportText({issue}, Direction::Import, NameForm::Plain),
+    issue.clip = "Q&amp;A &lt;1&gt; &#233;";
+    issue.subject = "Sepia &amp;amp; co";
+    EXPECT_EQ(IssueReportText({issue}, Direction::Import, NameStyle::Plain),
               "Translation issue:\r\n\tSequence <Cut & 1> at 01:00:00:00, video track 2: Effect "
               "<Sepia &amp; co> on Clip <Q&A <1> \xC3\xA9> not translated.\r\n");
 }

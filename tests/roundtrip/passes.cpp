@@ -3,7 +3,7 @@
 #include "core/text.h"
 #include "export/export_driver.h"
 #include "import/import_driver.h"
-#include "inspect/read_timelines.h"
+#include "frame/document_timelines.h"
 #include "project/reader.h"
 #include "project/writer.h"
 #include "support/golden.h"
@@ -87,7 +87,7 @@ std::string Export(const std::string& project, bool isHandOff)
 
 Inspection::Project Timelines(const std::string& text)
 {
-    return Inspection::ReadTimelines(text).project;
+    return ReadTimelines(text).project;
 }
 
 std::string TextOf(const std::filesystem::path& path)

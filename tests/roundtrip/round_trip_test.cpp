@@ -1,5 +1,5 @@
 #include "inspect/compare.h"
-#include "inspect/text_form.h"
+#include "inspect/timeline_text.h"
 #include "roundtrip/losses.h"
 #include "roundtrip/passes.h"
 

@@ -3,6 +3,7 @@
 #include "export/export_driver.h"
 #include "import/import_driver.h"
 #include "platform/default_platform.h"
+#include "platform/platform.h"
 #include "project/reader.h"
 #include "project/writer.h"
 #include "tree/reading.h"

@@ -20,27 +20,6 @@ constexpr std::string_view kSectionMark = "%% ";
 constexpr std::string_view kGuidMark = "60a1de00-0000-4000-8000-";
 constexpr std::size_t kGuidSize = 36;
 
-constexpr std::string_view kImportIssueNames[] = {
-    // clang-format off
-    "", "GeneratorNotTranslated2", "GeneratorNotTranslated", "EffectNotTranslated",
-    "ThreeWayApproximation", "CompositeModeNotSupported", "ConstantPowerTransitionNotTranslated",
-    "CrossDissolveTransitionNotTranslated", "DipToColorNotTranslated", "AudioLevelClamped",
-    "MulticlipNotTranslated", "UnrecognizedXMLVersion", "StartOfClipExtended",
-    "EndOfClipExtended", "InvalidLowPassFilterParameters", "InvalidHighPassFilterParameters",
-    "InvalidBandPassFilterParameters", "InvalidPanFilterParameters", "InvalidInPoint",
-    "MissingLookLUT", "InvalidStartEnd",
-    // clang-format on
-};
-
-constexpr std::string_view kExportIssueNames[] = {
-    // clang-format off
-    "", "UnrecognizedVelaProVersion", "SyntheticNotTranslated", "EffectNotTranslated",
-    "CompositeModeNotSupported", "TransitionNotSupported", "CrossDissolveTransitionNotTranslated",
-    "ThreeWayApproximation", "MergedClipExportedAsSequence", "MulticamExportNotSupported",
-    "EffectNotTranslatedHeadless",
-    // clang-format on
-};
-
 // Each with its line end.
 std::vector<std::string_view> Lines(std::string_view text)
 {
@@ -241,12 +220,12 @@ std::string IssueText(const IssueSet& issues, Direction direction)
 {
     std::string text;
     for (const TranslationIssue& issue : issues) {
-        const auto kind = static_cast<std::size_t>(issue.kind);
-        text += direction == Direction::Import ? kImportIssueNames[kind] : kExportIssueNames[kind];
+        if (const IssueKind* const kind = FindIssueKind(direction, issue.kind))
+            text += kind->name;
         const std::pair<std::string_view, const std::string&> fields[] = {
-            {"sequence", issue.sequence.text},
-            {"clip", issue.clip.text},
-            {"subject", issue.subject.text},
+            {"sequence", issue.sequence},
+            {"clip", issue.clip},
+            {"subject", issue.subject},
             {"time", issue.time}};
         for (const auto& [name, value] : fields)
             if (!value.empty())

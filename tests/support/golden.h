@@ -12,6 +12,7 @@
 
 #include "core/translation_issue.h"
 #include "platform/default_platform.h"
+#include "platform/platform.h"
 
 #include <filesystem>
 #include <functional>

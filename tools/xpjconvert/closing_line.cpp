@@ -1,6 +1,5 @@
 #include "xpjconvert/closing_line.h"
-#include "core/conversion_result.h"
-#include "core/messages.h"
+#include "frame/user_messages.h"
 #include "platform/platform.h"
 
 #include <fmt/format.h>
@@ -13,7 +12,7 @@ std::string Counted(std::size_t count, std::string_view noun)
     return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
-std::string FindingsText(const FileConversion& outcome)
+std::string FindingsText(const ConversionOutcome& outcome)
 {
     if (outcome.issues.empty() && outcome.skipped.empty())
         return outcome.stop.reason.empty() ? "nothing was lost" : "no findings";
@@ -26,24 +25,6 @@ std::string FindingsText(const FileConversion& outcome)
     if (outcome.reportPath.empty())
         return text + ", without a report file";
     return fmt::format("{}, listed in {}", text, outcome.reportPath);
-}
-
-Message MessageOf(int result)
-{
-    switch (result) {
-    case kAborted:
-        return Message::kAborted;
-    case kNoFCPDataFound:
-        return Message::kNoFCPDataFound;
-    case kOutOfMemory:
-        return Message::kOutOfMemory;
-    case kNoXMELM:
-        return Message::kNoXMELM;
-    case kInputCouldNotBeOpened:
-        return Message::kInputCouldNotBeOpened;
-    default:
-        return Message::kUnexpectedError;
-    }
 }
 
 } // namespace
@@ -62,39 +43,42 @@ std::string EncodingLines(const std::string& input, const EncodingFaults& faults
     if (!faults.unknown.empty())
         lines += fmt::format("XPJConvert: {}: encoding \"{}\" is unknown, read as UTF-8.\n", input,
                              faults.unknown);
-    if (faults.badPlaces > 0)
+    if (faults.badRuns > 0)
         lines += fmt::format("XPJConvert: {}:{}:{}: bytes that mean nothing in {}, in {}.\n", input,
                              faults.firstLine, faults.firstColumn, faults.encoding,
-                             Counted(faults.badPlaces, "place"));
+                             Counted(faults.badRuns, "place"));
     return lines;
 }
 
-std::string SuccessLine(const std::string& output, const FileConversion& outcome)
+std::string SuccessLine(const ConversionRequest& request, const ConversionOutcome& outcome)
 {
-    return fmt::format("Wrote {}: {}\n", output, FindingsText(outcome));
+    return fmt::format("Wrote {}: {}\n", request.outputPath, FindingsText(outcome));
 }
 
-std::string CutOffLine(const ToolOptions& options, const FileConversion& outcome)
+std::string CutOffLine(const ConversionRequest& request, const ConversionOutcome& outcome)
 {
     if (outcome.stop.reason.empty())
         return {};
     return fmt::format("XPJConvert: {}; only what came before was converted.\n",
-                       StopText(options.input, outcome.stop));
+                       StopText(request.inputPath, outcome.stop));
 }
 
-std::string FailureLine(const ToolOptions& options, const FileConversion& outcome)
+std::string FailureLine(const ConversionRequest& request, const ConversionOutcome& outcome)
 {
     if (outcome.outputLost)
-        return fmt::format("XPJConvert: {}: the output could not be written: {}.\n", options.output,
-                           outcome.lossReason);
+        return fmt::format("XPJConvert: {}: the output could not be written: {}.\n",
+                           request.outputPath, outcome.lossReason);
     if (outcome.lacksSequence)
-        return fmt::format("XPJConvert: {}: it holds no sequence {}.\n", options.input,
-                           AsString(options.sequenceGuid));
-    if (!outcome.stop.reason.empty() && outcome.result != kAborted)
-        return fmt::format("XPJConvert: {}: {}\n", StopText(options.input, outcome.stop),
-                           GetMessage(MessageOf(outcome.result)));
-    return fmt::format("XPJConvert: {}: {}\n", options.input,
-                       GetMessage(MessageOf(outcome.result)));
+        return fmt::format("XPJConvert: {}: it holds no sequence {}.\n", request.inputPath,
+                           AsString(request.sequenceGuid));
+    return FailureLine(request.inputPath, outcome.result, outcome.stop);
+}
+
+std::string FailureLine(const std::string& input, int result, const ReadStop& stop)
+{
+    const bool hasReason = !stop.reason.empty() && result != kAborted;
+    return fmt::format("XPJConvert: {}: {}\n", hasReason ? StopText(input, stop) : input,
+                       GetMessage(MessageOfResult(result)));
 }
 
 } // namespace XPJ

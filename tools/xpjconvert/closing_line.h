@@ -1,28 +1,30 @@
-// What the tool says at a conversion's end.
+// The last lines that the tool prints about a conversion.
 #pragma once
 
 #include "core/encoding.h"
-#include "xpjconvert/conversion.h"
+#include "frame/conversion.h"
 
 #include <string>
 
 namespace XPJ {
 
-// "FILE:LINE:COLUMN: reason, in open/elements", without the place where there is none.
+// "FILE:LINE:COLUMN: reason, in open/elements", without line and column where there are none.
 std::string StopText(const std::string& input, const ReadStop& stop);
 
-// Warns of bytes that are no text, a line each; empty where all of them are.
+// Warnings of an unknown encoding and of invalid bytes, a line each.
 std::string EncodingLines(const std::string& input, const EncodingFaults& faults);
 
-// What was written, how many findings there are, and where the report is.
+// What was written, how many issues there are, and where the report is.
 //   "Wrote cut.vlproj: 3 findings, listed in /home/a/Documents/FCP Translation Results ....txt"
-std::string SuccessLine(const std::string& output, const FileConversion& outcome);
+std::string SuccessLine(const ConversionRequest& request, const ConversionOutcome& outcome);
 
 // Warns of an input that ends inside an element; empty for a whole one.
-std::string CutOffLine(const ToolOptions& options, const FileConversion& outcome);
+std::string CutOffLine(const ConversionRequest& request, const ConversionOutcome& outcome);
 
-// File, reason and place of a conversion that ended with a result other than kSuccess.
+// Where and why a conversion ended with a result other than kSuccess.
 //   "XPJConvert: cut.xml:12:7: a second "<" where a name should start, in xmeml/sequence"
-std::string FailureLine(const ToolOptions& options, const FileConversion& outcome);
+std::string FailureLine(const ConversionRequest& request, const ConversionOutcome& outcome);
+// The same where only the input was at fault.
+std::string FailureLine(const std::string& input, int result, const ReadStop& stop);
 
 } // namespace XPJ

@@ -1,13 +1,12 @@
 #include "xpjconvert/inspection.h"
 
 #include "core/paths.h"
-#include "frame/operation.h"
+#include "frame/document_timelines.h"
 #include "inspect/compare.h"
 #include "inspect/effect_table.h"
-#include "inspect/json_form.h"
-#include "inspect/look_form.h"
-#include "inspect/read_timelines.h"
-#include "inspect/text_form.h"
+#include "inspect/look_listing.h"
+#include "inspect/timeline_json.h"
+#include "inspect/timeline_text.h"
 #include "platform/files.h"
 #include "tree/input.h"
 #include "xpjconvert/closing_line.h"
@@ -23,7 +22,7 @@ namespace {
 
 using namespace Inspection;
 
-// Gives the exit status: output that got lost is no success.
+// Gives the exit status: lost output is no success.
 int PrintAll(const std::string& text, int status)
 {
     Print(text);
@@ -34,37 +33,30 @@ int PrintAll(const std::string& text, int status)
     return kUnexpectedError;
 }
 
-// False, after a word on the standard error, for what can't be read. A document that is cut off
-// counts as far as it goes.
-bool Take(const std::string& path, ReadOutcome outcome, Project& project, int& status)
+// False, after a message on the standard error, for what can't be read. A document that is cut off
+// is used as far as it goes.
+bool IsUsable(const std::string& path, const DocumentTimelines& read)
 {
-    project = std::move(outcome.project);
-    status = ResultOfRead(outcome.result);
-    if (status != kSuccess) {
-        FileConversion failure;
-        failure.result = status;
-        failure.stop = outcome.stop;
-        ToolOptions options;
-        options.input = path;
-        PrintError(FailureLine(options, failure));
-    } else if (!outcome.stop.reason.empty()) {
+    if (read.result != kSuccess)
+        PrintError(FailureLine(path, read.result, read.stop));
+    else if (!read.stop.reason.empty())
         PrintError(fmt::format("XPJConvert: {}; only what came before was read.\n",
-                               StopText(path, outcome.stop)));
-    }
-    PrintError(EncodingLines(path, outcome.encoding));
-    return status == kSuccess;
+                               StopText(path, read.stop)));
+    PrintError(EncodingLines(path, read.encoding));
+    return read.result == kSuccess;
 }
 
 int InspectLook(const ToolOptions& options, std::string_view bytes)
 {
     CZvError error;
-    const std::optional<LookFile> file =
-        ReadLookFile(bytes, std::filesystem::path(options.input).filename().string(), error);
+    const std::optional<LookFile> file = ReadLookFile(
+        bytes, std::filesystem::path(options.request.inputPath).filename().string(), error);
     if (file)
         return PrintAll(options.json ? LookFileJson(*file) : LookFileText(*file), kSuccess);
     const std::string place =
         error.line > 0 ? fmt::format("{}:{}:", error.line, error.column) : std::string();
-    PrintError(fmt::format("XPJConvert: {}:{} {}\n", options.input, place, error.message));
+    PrintError(
+        fmt::format("XPJConvert: {}:{} {}\n", options.request.inputPath, place, error.message));
     return kNoFCPDataFound;
 }
 
@@ -72,33 +64,32 @@ int Inspect(const ToolOptions& options)
 {
     Document document;
     std::string_view bytes;
-    ReadOutcome outcome;
+    DocumentTimelines read;
     CoreFile file;
-    if (!file.Open(options.input, false) || !ReadInput(file, document, bytes)) {
-        outcome.result = kReadNoInput;
-        outcome.stop.reason = ErrorText(file.Error());
+    if (!file.Open(options.request.inputPath, false) || !ReadInput(file, document, bytes)) {
+        read.result = kInputCouldNotBeOpened;
+        read.stop.reason = ErrorText(file.Error());
     } else if (IsLookFile(bytes)) {
         return InspectLook(options, bytes);
     } else {
-        outcome = ReadTimelines(bytes, FolderOf(options.input));
+        read = ReadTimelines(bytes, FolderOf(options.request.inputPath));
     }
-    Project project;
-    int status = kSuccess;
-    if (!Take(options.input, std::move(outcome), project, status))
-        return status;
-    return PrintAll(options.json ? TreeJson(project, FileExists) : TreeText(project, FileExists),
+    if (!IsUsable(options.request.inputPath, read))
+        return read.result;
+    return PrintAll(options.json ? TreeJson(read.project, FileExists)
+                                 : TreeText(read.project, FileExists),
                     kSuccess);
 }
 
 int CompareFiles(const ToolOptions& options)
 {
-    Project a;
-    Project b;
-    int status = kSuccess;
-    if (!Take(options.input, ReadTimelinesOfFile(options.input), a, status) ||
-        !Take(options.output, ReadTimelinesOfFile(options.output), b, status))
-        return status;
-    const std::vector<Difference> differences = Compare(a, b);
+    const DocumentTimelines a = ReadTimelinesOfFile(options.request.inputPath);
+    if (!IsUsable(options.request.inputPath, a))
+        return a.result;
+    const DocumentTimelines b = ReadTimelinesOfFile(options.request.outputPath);
+    if (!IsUsable(options.request.outputPath, b))
+        return b.result;
+    const std::vector<Difference> differences = Compare(a.project, b.project);
     return PrintAll(options.json ? DifferencesJson(differences) : DifferencesText(differences),
                     differences.empty() ? kSuccess : kDifferent);
 }

@@ -1,4 +1,4 @@
-// What the tool tells about documents without converting them.
+// The options that print something about documents without converting them.
 #pragma once
 
 #include "xpjconvert/options.h"
@@ -7,8 +7,8 @@
 
 namespace XPJ {
 
-// Does what `--inspect`, `--compare` or `--list-effects` asks for and gives the exit status;
-// nothing when none of them is given.
+// Runs `--inspect`, `--compare` or `--list-effects` and gives the exit status; nothing when none of
+// them is given.
 std::optional<int> RunInspection(const ToolOptions& options);
 
 } // namespace XPJ

@@ -1,4 +1,4 @@
-// Ctrl-C, as a question that the waiting thread can ask.
+// Ctrl-C, which the waiting thread polls.
 #pragma once
 
 namespace XPJ {

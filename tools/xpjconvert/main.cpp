@@ -1,15 +1,14 @@
 // xpjconvert INPUT [OUTPUT]: converts one document, in the direction that its extension gives.
-#include "core/conversion_result.h"
-#include "core/paths.h"
 #include "frame/console.h"
-#include "report/report.h"
+#include "frame/file_conversion.h"
 #include "platform/default_platform.h"
+#include "platform/platform.h"
 #include "xpjconvert/closing_line.h"
-#include "xpjconvert/conversion.h"
 #include "xpjconvert/inspection.h"
 #include "xpjconvert/interrupt.h"
 #include "xpjconvert/options.h"
 #include "xpjconvert/print.h"
+#include "xpjconvert/progress_display.h"
 
 #include <filesystem>
 #include <iostream>
@@ -21,6 +20,14 @@ namespace {
 
 using namespace XPJ;
 
+// Shows the progress; Ctrl-C stops the conversion.
+ConversionOutcome ConvertUnderDisplay(const ConversionRequest& request, bool quiet)
+{
+    ProgressDisplay display(quiet);
+    return ConvertFiles(request, {.show = [&display](double progress) { display.Show(progress); },
+                                  .wantsStop = IsInterrupted});
+}
+
 void PreparePlatform(const ToolOptions& options, DefaultPlatform& platform)
 {
     if (options.seed)
@@ -28,52 +35,59 @@ void PreparePlatform(const ToolOptions& options, DefaultPlatform& platform)
     for (const auto& [key, value] : options.debugEntries)
         platform.SetDebugEntry(key, value);
     if (!options.reportFolder.empty()) {
-        std::error_code error; // without a folder, the closing line says that there is no report
+        std::error_code error; // without a folder, the last line states that there is no report
         std::filesystem::create_directories(options.reportFolder, error);
         platform.SetReportFolder(options.reportFolder);
     }
 }
 
-// The report's text, with this system's line ends, and what no finding stands for.
-void PrintLosses(const FileConversion& outcome, Direction direction)
+// The report's text, with this system's line ends, and what was skipped without an issue.
+void PrintLosses(const ConversionRequest& request, const ConversionOutcome& outcome)
 {
-    std::string text = IssueReportText(outcome.issues, direction, NameForm::Plain);
+    std::string text = IssueReportText(outcome.issues, DirectionOf(request), request.reportNames);
     std::erase(text, '\r');
     Print(text);
     Print(SkippedText(outcome.skipped));
 }
 
-int Convert(Direction direction, ToolOptions& options)
+int Convert(const ConversionRequest& request, bool quiet)
 {
-    if (options.output.empty())
-        options.output = direction == Direction::Import
-                             ? OutputNameOf(options.input, ".xml", ".vlproj")
-                             : OutputNameOf(options.input, ".vlproj", ".xml");
     std::error_code error;
-    if (std::filesystem::equivalent(options.input, options.output, error)) {
-        PrintError(
-            fmt::format("XPJConvert: {}: input and output are the same file.\n", options.input));
+    if (std::filesystem::equivalent(request.inputPath, request.outputPath, error)) {
+        PrintError(fmt::format("XPJConvert: {}: input and output are the same file.\n",
+                               request.inputPath));
         return kWrongUsage;
     }
-    if (options.handoff)
+    if (request.handOff.value_or(false))
         Print("Processing for Sonara consumption...\n");
 
     CatchInterrupts();
-    const FileConversion outcome = RunConversion(direction, options);
+    const ConversionOutcome outcome = ConvertUnderDisplay(request, quiet);
     ReleaseInterrupts();
-    if (!options.quiet)
-        PrintLosses(outcome, direction);
+    if (!quiet)
+        PrintLosses(request, outcome);
     if (outcome.result == kSuccess) {
-        PrintError(CutOffLine(options, outcome));
-        Print(SuccessLine(options.output, outcome));
+        PrintError(CutOffLine(request, outcome));
+        Print(SuccessLine(request, outcome));
     } else {
-        PrintError(FailureLine(options, outcome));
+        PrintError(FailureLine(request, outcome));
     }
-    // The conversion stands, whoever hears of it.
+    // The conversion itself has succeeded or not, whatever becomes of this output.
     if (const std::string loss = FlushPrinted(); !loss.empty())
         PrintError(
             fmt::format("XPJConvert: the standard output could not be written: {}.\n", loss));
     return outcome.result;
+}
+
+// What the command line doesn't state itself.
+void CompleteRequest(const ToolOptions& options, ConversionRequest& request)
+{
+    if (request.outputPath.empty())
+        request.outputPath = DefaultOutputName(request);
+    request.listsReport = !options.seed; // its name and folder don't follow from the input
+    request.reportNames = NameStyle::Plain;
+    if (!options.reportFolder.empty())
+        request.reportFolder = GetPlatform().DocumentsFolder(); // that folder, with its separator
 }
 
 int Run(int argc, char** argv)
@@ -81,27 +95,26 @@ int Run(int argc, char** argv)
     ToolOptions options;
     if (const std::optional<int> status = ParseOptions(argc, argv, options))
         return *status;
-
     if (const std::optional<int> status = RunInspection(options))
         return *status;
-    const std::string_view extension = ExtensionOf(options.input);
-    if (extension != "xml" && extension != "vlproj") {
-        // The dispatcher has the words.
-        ConvertByExtension({.inputPath = options.input, .outputPath = options.output}, std::cerr);
+
+    ConversionRequest& request = options.request;
+    if (!SetFormatsByExtension(request)) {
+        ConvertByExtension(request, std::cerr); // which prints the reason
         return kWrongUsage;
     }
-    const Direction direction = extension == "xml" ? Direction::Import : Direction::Export;
-    if (direction == Direction::Import && (options.handoff || options.sequenceGuid != kZeroGuid)) {
+    if (DirectionOf(request) == Direction::Import &&
+        (request.handOff || request.sequenceGuid != kZeroGuid)) {
         PrintError("XPJConvert: --sequence and --handoff are for .vlproj input.\n");
         return kWrongUsage;
     }
-
     if (options.quiet)
         std::cout.setstate(std::ios::failbit); // the readers' diagnostics for developers
     DefaultPlatform platform;
     PreparePlatform(options, platform);
     const PlatformScope scope(platform);
-    return Convert(direction, options);
+    CompleteRequest(options, request);
+    return Convert(request, options.quiet);
 }
 
 } // namespace

@@ -30,19 +30,19 @@ std::string CheckGuid(const std::string& text)
     return StringToGUID(text) == kZeroGuid ? "'" + text + "' is not a GUID" : "";
 }
 
-// What hangs on more than one option.
+// Rules for more than one option.
 void CheckNeeds(const ToolOptions& options)
 {
     const int modes = options.inspect + options.compare + options.listEffects;
     if (modes > 1)
         throw CLI::ExcludesError("--inspect, --compare and --list-effects", "each other");
-    if (options.input.empty() != options.listEffects)
-        throw options.listEffects ? CLI::ParseError(CLI::ExtrasError({options.input}))
+    if (options.request.inputPath.empty() != options.listEffects)
+        throw options.listEffects ? CLI::ParseError(CLI::ExtrasError({options.request.inputPath}))
                                   : CLI::ParseError(CLI::RequiredError("INPUT"));
-    if (options.compare && options.output.empty())
+    if (options.compare && options.request.outputPath.empty())
         throw CLI::RequiredError("OUTPUT");
-    if (options.inspect && !options.output.empty())
-        throw CLI::ExtrasError({options.output});
+    if (options.inspect && !options.request.outputPath.empty())
+        throw CLI::ExtrasError({options.request.outputPath});
     if (options.json && !options.inspect && !options.compare)
         throw CLI::RequiresError("--json", "--inspect or --compare");
 }
@@ -53,12 +53,13 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
 {
     std::vector<std::string> entries;
     std::string sequence;
+    bool handOff = false;
 
     CLI::App app(kDescription, "xpjconvert");
     app.footer(kFooter);
     app.set_version_flag("--version", "xpjconvert " VELA_VERSION);
-    app.add_option("INPUT", options.input, "A document, .xml or .vlproj");
-    app.add_option("OUTPUT", options.output,
+    app.add_option("INPUT", options.request.inputPath, "A document, .xml or .vlproj");
+    app.add_option("OUTPUT", options.request.outputPath,
                    "What to write; without it a file in the current folder named after INPUT");
     app.add_flag("-q,--quiet", options.quiet, "Only the closing line, and errors");
     app.add_option("--seed", options.seed, "Same input, same bytes; the project lists no report")
@@ -72,7 +73,7 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
     app.add_option("--sequence", sequence, ".vlproj only: converts one sequence")
         ->option_text("GUID")
         ->check(CheckGuid);
-    app.add_flag("--handoff", options.handoff, ".vlproj only: the form for the audio editor");
+    app.add_flag("--handoff", handOff, ".vlproj only: the form for the audio editor");
     app.add_flag("--inspect", options.inspect, "Prints what is in INPUT, and converts nothing");
     app.add_flag("--compare", options.compare,
                  "Prints what differs from INPUT to OUTPUT, which is read as well");
@@ -90,7 +91,8 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
         const auto equals = entry.find('=');
         options.debugEntries.emplace_back(entry.substr(0, equals), entry.substr(equals + 1));
     }
-    options.sequenceGuid = StringToGUID(sequence);
+    options.request.sequenceGuid = StringToGUID(sequence);
+    options.request.handOff = handOff ? std::optional(true) : std::nullopt;
     return std::nullopt;
 }
 

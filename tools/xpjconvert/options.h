@@ -1,7 +1,7 @@
 // The command line of the tool.
 #pragma once
 
-#include "core/guid.h"
+#include "frame/conversion.h"
 
 #include <cstdint>
 #include <optional>
@@ -17,23 +17,20 @@ constexpr int kWrongUsage = 64;
 constexpr int kDifferent = 10;
 
 struct ToolOptions {
-    std::string input;
-    std::string output; // empty: named after the input, in the current folder
+    ConversionRequest request; // its formats are still to be set
     bool quiet = false;
     std::optional<std::uint64_t> seed;
     std::vector<std::pair<std::string, std::string>> debugEntries;
-    std::string reportFolder;      // empty: where reports go by themselves
-    Guid sequenceGuid = kZeroGuid; // export: zero for the whole project
-    bool handoff = false;          // export: the audio hand-off form
+    std::string reportFolder; // empty: where reports go by default
     // Instead of a conversion.
     bool inspect = false;
-    bool compare = false; // `input` with `output`, both of which are read
+    bool compare = false; // the input with the "output", both of which are read
     bool listEffects = false;
-    bool json = false; // the form of what the first two print
+    bool json = false; // how the first two print
 };
 
 // Reads the command line. A value is the exit status to end with at once, after a help text on the
-// standard output or a complaint on the standard error.
+// standard output or an error on the standard error.
 std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& options);
 
 } // namespace XPJ

@@ -12,7 +12,7 @@ namespace {
 
 int gFirstError = 0; // of the standard output
 
-void NoteError()
+void KeepError()
 {
     if (gFirstError == 0)
         gFirstError = errno;
@@ -31,18 +31,18 @@ void HoldStandardStreams()
 void Print(std::string_view text)
 {
     if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size())
-        NoteError();
+        KeepError();
 }
 
 void PrintError(std::string_view text)
 {
-    std::fwrite(text.data(), 1, text.size(), stderr); // nobody is left to be told of a failure
+    std::fwrite(text.data(), 1, text.size(), stderr); // there is nobody left to report a failure to
 }
 
 std::string FlushPrinted()
 {
     if (std::fflush(stdout) != 0)
-        NoteError();
+        KeepError();
     return gFirstError == 0 ? std::string() : ErrorText(gFirstError);
 }
 

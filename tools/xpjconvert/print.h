@@ -1,4 +1,4 @@
-// What the tool says. A stream that takes nothing costs its own text only, never a conversion.
+// The tool's output. A stream that can't be written loses its own text only, never a conversion.
 #pragma once
 
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace XPJ {
 
-// Takes the places of standard streams that the caller has closed, so that no file of ours gets one
-// of them and with it the text meant for people. To be called first.
+// Occupies the descriptors of standard streams that the caller has closed, so that no file of ours
+// gets one of them and with it the text meant for people. To be called first.
 void HoldStandardStreams();
 
 // On the standard output.
@@ -15,8 +15,8 @@ void Print(std::string_view text);
 // On the standard error.
 void PrintError(std::string_view text);
 
-// Hands over what was printed. Gives why some of it got lost, in the system's words; empty if it
-// has all arrived.
+// Flushes what was printed. Gives the system's reason why some of it got lost; empty if nothing
+// was.
 std::string FlushPrinted();
 
 } // namespace XPJ

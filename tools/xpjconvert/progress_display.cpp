@@ -15,9 +15,9 @@ constexpr int kBarWidth = 40;
 } // namespace
 
 ProgressDisplay::ProgressDisplay(bool quiet)
-    : form_(quiet                   ? Form::None
-            : isatty(STDERR_FILENO) ? Form::Bar
-                                    : Form::Lines)
+    : style_(quiet                   ? Style::None
+             : isatty(STDERR_FILENO) ? Style::Bar
+                                     : Style::Lines)
 {
 }
 
@@ -29,10 +29,10 @@ ProgressDisplay::~ProgressDisplay()
 
 void ProgressDisplay::Show(double progress)
 {
-    if (form_ == Form::Lines) {
+    if (style_ == Style::Lines) {
         Print(fmt::format("Progress: {}%\n", DoubleToString(progress * 100)));
         FlushPrinted();
-    } else if (form_ == Form::Bar) {
+    } else if (style_ == Style::Bar) {
         const int filled = static_cast<int>(std::clamp(progress, 0.0, 1.0) * kBarWidth);
         PrintError(fmt::format("\r[{:#<{}}{:.<{}}] {:3.0f}%", "", filled, "", kBarWidth - filled,
                                progress * 100));

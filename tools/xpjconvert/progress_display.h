@@ -1,14 +1,13 @@
-// How far a conversion is, for whoever watches.
+// The progress of a conversion on the terminal.
 #pragma once
 
 namespace XPJ {
 
-// A bar on the standard error where that is a terminal, else plain lines on the standard output, as
-// the console front door prints them.
+// A bar on the standard error where that is a terminal, else plain lines on the standard output.
 class ProgressDisplay {
 public:
     explicit ProgressDisplay(bool quiet);
-    // Takes the bar away.
+    // Removes the bar.
     ~ProgressDisplay();
     ProgressDisplay(const ProgressDisplay&) = delete;
     ProgressDisplay& operator=(const ProgressDisplay&) = delete;
@@ -17,9 +16,9 @@ public:
     void Show(double progress);
 
 private:
-    enum class Form { None, Bar, Lines };
+    enum class Style { None, Bar, Lines };
 
-    Form form_;
+    Style style_;
     bool barShown_ = false;
 };
 

@@ -1,4 +1,4 @@
-#include "inspect/json_form.h"
+#include "inspect/timeline_json.h"
 
 #include <cstdint>
 
@@ -16,10 +16,10 @@ std::string Dump(const Json& json)
 }
 
 // `at` is the timecode of the first frame of what the time counts in.
-Json TimeJson(const FrameForm& form, Ticks time, Ticks at)
+Json TimeJson(const TimecodeFormat& format, Ticks time, Ticks at)
 {
-    return {{"frame", form.Frames(time)},
-            {"timecode", form.Timecode(AddTicks(at, time))},
+    return {{"frame", format.Frames(time)},
+            {"timecode", format.Timecode(AddTicks(at, time))},
             {"ticks", time}};
 }
 
@@ -43,14 +43,14 @@ Json ParametersJson(const std::vector<Parameter>& parameters)
     return list;
 }
 
-Json MarkersJson(const std::vector<Marker>& markers, const FrameForm& form, Ticks at)
+Json MarkersJson(const std::vector<Marker>& markers, const TimecodeFormat& format, Ticks at)
 {
     Json list = Json::array();
     for (const Marker& marker : markers)
         list.push_back({{"name", marker.name},
                         {"comment", marker.comment},
-                        {"start", TimeJson(form, marker.start, at)},
-                        {"duration", TimeJson(form, marker.duration, 0)}});
+                        {"start", TimeJson(format, marker.start, at)},
+                        {"duration", TimeJson(format, marker.duration, 0)}});
     return list;
 }
 
@@ -70,8 +70,8 @@ public:
     Json Build() const
     {
         Json media = Json::array();
-        for (const Medium& medium : project_.media)
-            media.push_back(MediumJson(medium));
+        for (const MediaFile& file : project_.mediaFiles)
+            media.push_back(MediaFileJson(file));
         Json titles = Json::array();
         for (const std::vector<TitleText>& texts : project_.titles)
             titles.push_back(TitleJson(texts));
@@ -111,22 +111,23 @@ private:
                   {"label", entry.label}};
         if (entry.kind == EntryKind::Bin)
             json["entries"] = Json::array();
-        if (entry.medium != kNothing) {
-            json["medium"] = entry.medium;
-            json["markers"] = MarkersJson(entry.markers, project_.media[entry.medium].form, 0);
+        if (entry.mediaFile != kNothing) {
+            json["medium"] = entry.mediaFile;
+            json["markers"] =
+                MarkersJson(entry.markers, project_.mediaFiles[entry.mediaFile].format, 0);
         }
         if (entry.sequence != kNothing)
             json["sequence"] = entry.sequence;
         return json;
     }
 
-    Json MediumJson(const Medium& medium) const
+    Json MediaFileJson(const MediaFile& file) const
     {
-        Json json{{"name", medium.name},
-                  {"path", medium.path},
-                  {"start", TimeJson(medium.form, medium.start, 0)}};
-        if (isOnline_ && !medium.path.empty())
-            json["offline"] = !isOnline_(medium.path);
+        Json json{{"name", file.name},
+                  {"path", file.path},
+                  {"start", TimeJson(file.format, file.start, 0)}};
+        if (isOnline_ && !file.path.empty())
+            json["offline"] = !isOnline_(file.path);
         return json;
     }
 
@@ -149,19 +150,19 @@ private:
         Json links = Json::array();
         for (const auto& group : sequence.links) {
             Json members = Json::array();
-            for (const ItemPlace& place : group)
+            for (const ItemIndex& index : group)
                 members.push_back(
-                    {{"track", TrackText(sequence.tracks[place.track])}, {"item", place.item}});
+                    {{"track", TrackText(sequence.tracks[index.track])}, {"item", index.item}});
             links.push_back(std::move(members));
         }
         return {{"name", sequence.name},
-                {"frameTicks", sequence.form.ticks},
-                {"dropFrame", sequence.form.drop},
-                {"start", TimeJson(sequence.form, sequence.start, 0)},
-                {"length", TimeJson(sequence.form, sequence.Length(), 0)},
+                {"frameTicks", sequence.format.ticks},
+                {"dropFrame", sequence.format.drop},
+                {"start", TimeJson(sequence.format, sequence.start, 0)},
+                {"length", TimeJson(sequence.format, sequence.Length(), 0)},
                 {"width", sequence.width},
                 {"height", sequence.height},
-                {"markers", MarkersJson(sequence.markers, sequence.form, sequence.start)},
+                {"markers", MarkersJson(sequence.markers, sequence.format, sequence.start)},
                 {"tracks", std::move(tracks)},
                 {"links", std::move(links)}};
     }
@@ -175,8 +176,8 @@ private:
         for (const Transition& transition : track.transitions)
             transitions.push_back(
                 {{"name", transition.name},
-                 {"start", TimeJson(sequence.form, transition.start, sequence.start)},
-                 {"end", TimeJson(sequence.form, transition.end, sequence.start)},
+                 {"start", TimeJson(sequence.format, transition.start, sequence.start)},
+                 {"end", TimeJson(sequence.format, transition.end, sequence.start)},
                  {"alignment", transition.alignment},
                  {"parameters", ParametersJson(transition.parameters)}});
         return {{"track", TrackText(track)}, {"name", track.name},
@@ -186,17 +187,18 @@ private:
 
     Json ItemJson(const Sequence& sequence, const Item& item) const
     {
-        const Ticks first = item.medium == kNothing ? 0 : project_.media[item.medium].start;
+        const Ticks first =
+            item.mediaFile == kNothing ? 0 : project_.mediaFiles[item.mediaFile].start;
         Json effects = Json::array();
         for (const Effect& effect : item.effects)
             effects.push_back({{"name", effect.name},
                                {"enabled", effect.enabled},
                                {"parameters", ParametersJson(effect.parameters)}});
         return {{"name", item.name},
-                {"start", TimeJson(sequence.form, item.start, sequence.start)},
-                {"end", TimeJson(sequence.form, item.end, sequence.start)},
-                {"in", TimeJson(item.sourceForm, item.in, first)},
-                {"out", TimeJson(item.sourceForm, item.out, first)},
+                {"start", TimeJson(sequence.format, item.start, sequence.start)},
+                {"end", TimeJson(sequence.format, item.end, sequence.start)},
+                {"in", TimeJson(item.sourceFormat, item.in, first)},
+                {"out", TimeJson(item.sourceFormat, item.out, first)},
                 {"speed", item.speed},
                 {"reverse", item.reverse},
                 {"frameBlending", item.frameBlending},
@@ -207,11 +209,11 @@ private:
                 {"source",
                  {{"kind", SourceText(item.source)},
                   {"name", item.sourceName},
-                  {"medium", IndexJson(item.medium)},
+                  {"medium", IndexJson(item.mediaFile)},
                   {"channel", item.channel > 0 ? Json(item.channel) : Json()}}},
                 {"title", IndexJson(item.title)},
                 {"effects", std::move(effects)},
-                {"markers", MarkersJson(item.markers, item.sourceForm, first)},
+                {"markers", MarkersJson(item.markers, item.sourceFormat, first)},
                 {"link", IndexJson(item.link)}};
     }
 

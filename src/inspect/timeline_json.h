@@ -1,7 +1,7 @@
-// The model and differences as JSON, for programs. docs/inspecting.md shows the shape.
+// Timelines and differences as JSON, for programs; docs/inspecting.md shows the structure.
 #pragma once
 
-#include "inspect/text_form.h"
+#include "inspect/timeline_text.h"
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "inspect/text_form.h"
+#include "inspect/timeline_text.h"
 
 #include "effects/values.h"
 #include "inspect/titles.h"
@@ -24,9 +24,9 @@ void AppendPrintable(std::string_view line, std::string& text)
 }
 
 // `text` behind a blank, nothing for none.
-std::string Behind(std::string_view mark, const std::string& text)
+std::string Behind(std::string_view label, const std::string& text)
 {
-    return text.empty() ? std::string() : fmt::format("  {}{}", mark, text);
+    return text.empty() ? std::string() : fmt::format("  {}{}", label, text);
 }
 
 class TreeWriter {
@@ -49,10 +49,10 @@ public:
 
 private:
     template <class... Args>
-    void Line(int depth, fmt::format_string<Args...> form, Args&&... args)
+    void Line(int depth, fmt::format_string<Args...> pattern, Args&&... args)
     {
         text_.append(static_cast<std::size_t>(depth) * 2, ' ');
-        AppendPrintable(fmt::format(form, std::forward<Args>(args)...), text_);
+        AppendPrintable(fmt::format(pattern, std::forward<Args>(args)...), text_);
         text_ += '\n';
     }
 
@@ -60,17 +60,18 @@ private:
     {
         constexpr std::string_view kKinds[] = {"bin", "clip", "sequence"};
         Line(entry.depth + 1, "{} {}{}{}", kKinds[static_cast<std::size_t>(entry.kind)],
-             Quoted(entry.name), Behind("label ", entry.label), MediumText(entry.medium));
-        if (entry.medium != kNothing)
-            WriteMarkers(entry.depth + 2, entry.markers, project_.media[entry.medium].form, 0);
+             Quoted(entry.name), Behind("label ", entry.label), MediaFileText(entry.mediaFile));
+        if (entry.mediaFile != kNothing)
+            WriteMarkers(entry.depth + 2, entry.markers,
+                         project_.mediaFiles[entry.mediaFile].format, 0);
     }
 
     // "  /path/a.mov (offline)"
-    std::string MediumText(std::size_t number) const
+    std::string MediaFileText(std::size_t number) const
     {
-        if (number == kNothing || project_.media[number].path.empty())
+        if (number == kNothing || project_.mediaFiles[number].path.empty())
             return {};
-        const std::string& path = project_.media[number].path;
+        const std::string& path = project_.mediaFiles[number].path;
         return Behind("", path) + (isOnline_ && !isOnline_(path) ? " (offline)" : "");
     }
 
@@ -83,10 +84,11 @@ private:
         Line(0, "sequence {}{}  {} fps{}  starts {}  lasts {} ({} frames)", Quoted(sequence.name),
              Behind("", size),
              NumberText(static_cast<double>(kTicksPerSecond) /
-                        static_cast<double>(sequence.form.ticks)),
-             sequence.form.drop ? " drop" : "", sequence.form.Timecode(sequence.start),
-             sequence.form.Timecode(sequence.Length()), sequence.form.Frames(sequence.Length()));
-        WriteMarkers(1, sequence.markers, sequence.form, sequence.start);
+                        static_cast<double>(sequence.format.ticks)),
+             sequence.format.drop ? " drop" : "", sequence.format.Timecode(sequence.start),
+             sequence.format.Timecode(sequence.Length()),
+             sequence.format.Frames(sequence.Length()));
+        WriteMarkers(1, sequence.markers, sequence.format, sequence.start);
         for (const Track& track : sequence.tracks)
             WriteTrack(sequence, track);
     }
@@ -108,8 +110,8 @@ private:
 
     std::string RangeText(const Sequence& sequence, Ticks from, Ticks to) const
     {
-        return fmt::format("{} - {}", sequence.form.Timecode(AddTicks(sequence.start, from)),
-                           sequence.form.Timecode(AddTicks(sequence.start, to)));
+        return fmt::format("{} - {}", sequence.format.Timecode(AddTicks(sequence.start, from)),
+                           sequence.format.Timecode(AddTicks(sequence.start, to)));
     }
 
     void WriteTransition(const Sequence& sequence, const Transition& transition)
@@ -123,7 +125,7 @@ private:
         const bool isPlaced = item.start >= 0 && item.end >= 0;
         Line(2, "{}  {}{}{}", isPlaced ? RangeText(sequence, item.start, item.end) : "no place",
              Quoted(item.name), item.enabled ? "" : "  disabled", Behind("label ", item.label));
-        Line(3, "source {}{}", SourceLine(item), MediumText(item.medium));
+        Line(3, "source {}{}", SourceLine(item), MediaFileText(item.mediaFile));
         if (item.title != kNothing)
             for (const TitleText& text : project_.titles[item.title])
                 Line(3, "title {}  {} {}  {}", Quoted(PreviewOf(text)), text.font,
@@ -137,25 +139,25 @@ private:
         for (const Effect& effect : item.effects)
             Line(3, "effect {}{}{}", Quoted(effect.name), effect.enabled ? "" : " off",
                  ParametersText(effect.parameters));
-        WriteMarkers(3, item.markers, item.sourceForm, MediumStart(item));
+        WriteMarkers(3, item.markers, item.sourceFormat, MediaFileStart(item));
         if (item.link != kNothing)
             Line(3, "linked with {}", LinkText(sequence, item));
     }
 
-    Ticks MediumStart(const Item& item) const
+    Ticks MediaFileStart(const Item& item) const
     {
-        return item.medium == kNothing ? 0 : project_.media[item.medium].start;
+        return item.mediaFile == kNothing ? 0 : project_.mediaFiles[item.mediaFile].start;
     }
 
-    // "medium "a.mov" 01:00:00:00 - 01:00:04:00, channel 1"; in timecode of the medium.
+    // "medium "a.mov" 01:00:00:00 - 01:00:04:00, channel 1"; in timecode of the media.
     std::string SourceLine(const Item& item) const
     {
-        const Ticks start = MediumStart(item);
+        const Ticks start = MediaFileStart(item);
         std::string text(SourceText(item.source));
         if (!item.sourceName.empty())
             text += ' ' + Quoted(item.sourceName);
-        text += fmt::format(" {} - {}", item.sourceForm.Timecode(AddTicks(start, item.in)),
-                            item.sourceForm.Timecode(AddTicks(start, item.out)));
+        text += fmt::format(" {} - {}", item.sourceFormat.Timecode(AddTicks(start, item.in)),
+                            item.sourceFormat.Timecode(AddTicks(start, item.out)));
         return item.channel > 0 ? fmt::format("{}, channel {}", text, item.channel) : text;
     }
 
@@ -174,14 +176,15 @@ private:
         return text;
     }
 
-    void WriteMarkers(int depth, const std::vector<Marker>& markers, const FrameForm& form,
+    void WriteMarkers(int depth, const std::vector<Marker>& markers, const TimecodeFormat& format,
                       Ticks start)
     {
         for (const Marker& marker : markers) {
-            const Ticks place = AddTicks(start, marker.start);
+            const Ticks from = AddTicks(start, marker.start);
             const std::string length =
-                marker.duration == 0 ? "" : " - " + form.Timecode(AddTicks(place, marker.duration));
-            Line(depth, "marker {}{} {}{}", form.Timecode(place), length, Quoted(marker.name),
+                marker.duration == 0 ? ""
+                                     : " - " + format.Timecode(AddTicks(from, marker.duration));
+            Line(depth, "marker {}{} {}{}", format.Timecode(from), length, Quoted(marker.name),
                  Behind("", marker.comment));
         }
     }
@@ -190,18 +193,18 @@ private:
     static std::string LinkText(const Sequence& sequence, const Item& item)
     {
         constexpr std::size_t kMost = 8;
-        const std::vector<ItemPlace>& group = sequence.links[item.link];
+        const std::vector<ItemIndex>& group = sequence.links[item.link];
         std::string text;
         std::size_t count = 0;
-        for (const ItemPlace& place : group) {
-            const Track& track = sequence.tracks[place.track];
-            const Item& other = track.items[place.item];
+        for (const ItemIndex& index : group) {
+            const Track& track = sequence.tracks[index.track];
+            const Item& other = track.items[index.item];
             if (&other == &item)
                 continue;
             if (++count > kMost)
                 return fmt::format("{} and {} more", text, group.size() - 1 - kMost);
             text += fmt::format("{}{} at {}", text.empty() ? "" : ", ", TrackText(track),
-                                sequence.form.Timecode(AddTicks(sequence.start, other.start)));
+                                sequence.format.Timecode(AddTicks(sequence.start, other.start)));
         }
         return text;
     }
@@ -226,8 +229,8 @@ std::string DifferenceLine(const Difference& difference)
         return text + ' ' + Quoted(difference.after);
     if (difference.change == Change::Lost)
         return text + ' ' + Quoted(difference.before);
-    const auto word = [](const std::string& value) { return value.empty() ? "nothing" : value; };
-    return text + ' ' + word(difference.before) + " -> " + word(difference.after);
+    const auto shown = [](const std::string& value) { return value.empty() ? "nothing" : value; };
+    return text + ' ' + shown(difference.before) + " -> " + shown(difference.after);
 }
 
 } // namespace

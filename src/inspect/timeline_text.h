@@ -1,4 +1,4 @@
-// The model and differences as plain text, for people.
+// Timelines and differences as plain text, for people.
 #pragma once
 
 #include "inspect/compare.h"
@@ -10,10 +10,11 @@
 
 namespace XPJ::Inspection {
 
-// Tells whether the file of a medium is there; an empty one leaves the question open.
+// Whether a media file exists; without the function nothing is said about it.
 using IsOnline = std::function<bool(const std::string& path)>;
 
-// The browser, then each sequence, its markers, tracks, items and what hangs on them, a line each.
+// The browser, then each sequence, its markers, tracks, items and what belongs to them, a line
+// each.
 std::string TreeText(const Project& project, const IsOnline& isOnline = {});
 
 // A line for each difference below its sequence, and a count.

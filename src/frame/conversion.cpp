@@ -1,0 +1,155 @@
+#include "frame/conversion.h"
+
+#include "core/paths.h"
+#include "export/export_driver.h"
+#include "frame/release.h"
+#include "import/import_driver.h"
+#include "platform/platform.h"
+#include "platform/settings.h"
+#include "report/encoding_issues.h"
+
+namespace XPJ {
+
+namespace {
+
+// Runs one stage after the other until one fails.
+class Stages {
+public:
+    Stages(Progress& progress, unsigned steps) : progress_(progress), all_(progress, 1, steps) {}
+
+    // `stage` gives a ConversionResult; it fills `steps` of the progress.
+    template <class Stage>
+    void Run(unsigned steps, Stage stage)
+    {
+        if (result_ != kSuccess)
+            return;
+        {
+            const StageScope scope(progress_, steps, 1);
+            result_ = stage();
+        }
+        if (result_ == kSuccess && !all_.Step(steps))
+            result_ = kAborted;
+    }
+    int Result() const { return result_; }
+
+private:
+    Progress& progress_;
+    StageScope all_;
+    int result_ = kSuccess;
+};
+
+class Pipeline {
+public:
+    Pipeline(const ConversionRequest& request, const ConversionStreams& streams, Progress& progress,
+             ConversionOutcome& outcome)
+        : request_(request), streams_(streams), progress_(progress), outcome_(outcome)
+    {
+    }
+
+    // bytes -> tree -> translated tree -> bytes
+    int Run()
+    {
+        Stages stages(progress_, 8);
+        stages.Run(2, [this] { return Read(); });
+        stages.Run(2, [this] { return IsImport() ? Import() : Export(); });
+        stages.Run(2, [this] {
+            Report();
+            return request_.to->write(translated_, isHandOff_, progress_, streams_.output);
+        });
+        stages.Run(1, [this] { return ReleaseTree(translated_, progress_); });
+        stages.Run(1, [this] { return ReleaseTree(source_, progress_); });
+        return stages.Result();
+    }
+
+private:
+    bool IsImport() const { return DirectionOf(request_) == Direction::Import; }
+
+    int Read()
+    {
+        DocumentNotes notes;
+        const int result = request_.from->read({request_.inputPath, streams_.input}, progress_,
+                                               sourceDocument_, source_, notes);
+        AddEncodingIssues(notes.encoding, DirectionOf(request_), outcome_.issues);
+        isHandOff_ = request_.handOff.value_or(notes.isHandOff);
+        outcome_.stop = std::move(notes.stop);
+        return result;
+    }
+
+    int Import()
+    {
+        const ImportOptions options{.inputPath = request_.inputPath,
+                                    .sn2vlMode = isHandOff_,
+                                    .aafSupport = request_.aafSupport,
+                                    .settings = ReadSettings()};
+        return ImportDocument(source_, options, progress_, translatedDocument_, outcome_.issues,
+                              translated_, &outcome_.skipped);
+    }
+
+    int Export()
+    {
+        const RVX::ExportOptions options{.projectTitle = request_.projectTitle,
+                                         .outputPath = request_.outputPath,
+                                         .vl2snMode = isHandOff_,
+                                         .sequenceGuid = request_.sequenceGuid,
+                                         .exportTransformEffect = ReadSettings().exportTransform};
+        const int result =
+            RVX::TranslateProjectDocument(source_, options, progress_, translatedDocument_,
+                                          outcome_.issues, translated_, &outcome_.skipped);
+        // The one chosen sequence is all that the project then holds.
+        outcome_.lacksSequence = result == kSuccess && request_.needsSequence &&
+                                 request_.sequenceGuid != kZeroGuid &&
+                                 !translated_.GetChild("project").HasChild("children");
+        return outcome_.lacksSequence ? kNoFCPDataFound : result;
+    }
+
+    void Report()
+    {
+        if (outcome_.issues.empty() || isHandOff_)
+            return;
+        std::string folder = request_.reportFolder;
+        if (folder.empty())
+            folder = IsImport() ? GetPlatform().DocumentsFolder() : FolderOf(request_.outputPath);
+        if (IsImport() && folder.empty())
+            return;
+        outcome_.reportPath =
+            WriteReport(folder, outcome_.issues, DirectionOf(request_), request_.reportNames);
+        if (IsImport() && request_.listsReport && !outcome_.reportPath.empty())
+            AddReportItem(translated_, outcome_.reportPath);
+    }
+
+    const ConversionRequest& request_;
+    const ConversionStreams& streams_;
+    Progress& progress_;
+    ConversionOutcome& outcome_;
+    bool isHandOff_ = false;
+    // Nodes of the one may be children in the other, so both live to the end.
+    Document sourceDocument_;
+    Document translatedDocument_;
+    ObjectHandle source_;
+    ObjectHandle translated_;
+};
+
+} // namespace
+
+bool SetFormatsByExtension(ConversionRequest& request)
+{
+    const Format* const format = FormatOfExtension(ExtensionOf(request.inputPath));
+    if (!format)
+        return false;
+    request.from = format;
+    request.to = &FormatOf(format->kind == TreeKind::Xmeml ? TreeKind::Project : TreeKind::Xmeml);
+    return true;
+}
+
+Direction DirectionOf(const ConversionRequest& request)
+{
+    return request.to->kind == TreeKind::Project ? Direction::Import : Direction::Export;
+}
+
+int Convert(const ConversionRequest& request, const ConversionStreams& streams, Progress& progress,
+            ConversionOutcome& outcome)
+{
+    return Pipeline(request, streams, progress, outcome).Run();
+}
+
+} // namespace XPJ

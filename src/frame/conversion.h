@@ -1,0 +1,71 @@
+// One conversion: what is requested, its outcome, and the pipeline from bytes to bytes.
+//
+// The plug-in entry, the console and the tool all fill in a request and read an outcome.
+#pragma once
+
+#include "core/conversion_result.h"
+#include "core/guid.h"
+#include "core/progress.h"
+#include "core/translation_issue.h"
+#include "frame/formats.h"
+#include "report/report.h"
+#include "tree/reading.h"
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+
+namespace XPJ {
+
+struct ConversionRequest {
+    const Format* from = &FormatOf(TreeKind::Xmeml);
+    const Format* to = &FormatOf(TreeKind::Project);
+    std::string inputPath{};
+    std::string outputPath{};
+    // A document of the audio hand-off; nothing: if the input states it.
+    std::optional<bool> handOff = false;
+
+    // To a project
+    bool aafSupport = false;
+    bool listsReport = true; // the project's main bin shows the report
+
+    // From a project
+    std::string projectTitle = "Vela Project";
+    Guid sequenceGuid = kZeroGuid; // zero: the whole project
+    bool needsSequence = true;     // a sequence that is missing ends the conversion
+
+    // The report
+    std::string reportFolder{}; // with its last separator; empty: the default
+    NameStyle reportNames = NameStyle::AsInDocument;
+};
+
+// Sets both formats from the extension of the input: a document becomes one of the other kind.
+// False for an extension of no format.
+bool SetFormatsByExtension(ConversionRequest& request);
+
+// An import makes a project, an export is made from one.
+Direction DirectionOf(const ConversionRequest& request);
+
+// How a conversion ended, and what it reports beside its output.
+struct ConversionOutcome {
+    int result = kUnexpectedError; // a ConversionResult
+    IssueSet issues;
+    SkippedList skipped;
+    ReadStop stop;              // where reading stopped early, or why the input can't be used
+    std::string reportPath;     // empty: no report was written
+    bool lacksSequence = false; // the project doesn't have the requested sequence
+    bool outputLost = false;    // the output could not be created, or not all of it be kept
+    std::string lossReason;     // of that, as the system puts it
+};
+
+struct ConversionStreams {
+    std::istream* input; // a project from a host; null: the request's input file
+    std::ostream& output;
+};
+
+// Reads, translates, writes the report and the document. Gives the result; all else goes into
+// `outcome`. May throw.
+int Convert(const ConversionRequest& request, const ConversionStreams& streams, Progress& progress,
+            ConversionOutcome& outcome);
+
+} // namespace XPJ

@@ -1,0 +1,27 @@
+// The timelines of a whole document of any format, for inspection and comparison.
+#pragma once
+
+#include "core/conversion_result.h"
+#include "core/encoding.h"
+#include "inspect/timeline.h"
+#include "tree/reading.h"
+
+#include <string>
+#include <string_view>
+
+namespace XPJ {
+
+struct DocumentTimelines {
+    int result = kSuccess; // a ConversionResult
+    ReadStop stop;         // where reading stopped early
+    EncodingFaults encoding;
+    Inspection::Project project; // as far as it could be read
+};
+
+// Of a document in memory; relative paths of media count from `folder`, which has its last
+// separator.
+DocumentTimelines ReadTimelines(std::string_view bytes, std::string_view folder = {});
+
+DocumentTimelines ReadTimelinesOfFile(const std::string& path);
+
+} // namespace XPJ

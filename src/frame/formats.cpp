@@ -1,0 +1,163 @@
+#include "frame/formats.h"
+
+#include "core/conversion_result.h"
+#include "frame/stream_buffers.h"
+#include "platform/files.h"
+#include "project/reader.h"
+#include "project/writer.h"
+#include "tree/writing.h"
+#include "xmeml/reader.h"
+#include "xmeml/sniff.h"
+#include "xmeml/writer.h"
+
+#include <algorithm>
+#include <istream>
+
+namespace XPJ {
+
+namespace {
+
+int ResultOfRead(int readResult)
+{
+    switch (readResult) {
+    case kReadDone:
+        return kSuccess;
+    case kReadCancelled:
+        return kAborted;
+    case kReadNoElement:
+        return kNoXMELM;
+    case kReadNoInput:
+        return kInputCouldNotBeOpened;
+    default:
+        return kUnexpectedError;
+    }
+}
+
+int ResultOfWrite(int writeResult)
+{
+    switch (writeResult) {
+    case kWriteDone:
+        return kSuccess;
+    case kWriteCancelled:
+        return kAborted;
+    default:
+        return kUnexpectedError;
+    }
+}
+
+// ---- Final Cut Pro XML
+
+int ReadXmeml(const DocumentInput& input, Progress& progress, Document& document,
+              ObjectHandle& root, DocumentNotes& notes)
+{
+    XmemlReadNotes found;
+    const int result = ReadFCPXML(input.path, progress, document, root, &found);
+    notes.stop = std::move(found.stop);
+    notes.encoding = std::move(found.encoding);
+    notes.isHandOff = found.kind.sn2vlMode;
+    return ResultOfRead(result);
+}
+
+int ParseXmeml(std::string_view text, Document& document, ObjectHandle& root, DocumentNotes& notes)
+{
+    notes.isHandOff = SniffText(text).sn2vlMode;
+    return ResultOfRead(ParseFCPXML(text, document, root, &notes.stop));
+}
+
+int WriteXmeml(ObjectHandle root, bool handOff, Progress& progress, std::ostream& output)
+{
+    return ResultOfWrite(WriteFCPXML(root, progress, handOff, output));
+}
+
+// ---- Vela project
+
+int ReadProjectFile(const std::string& path, Progress& progress, Document& document,
+                    ObjectHandle& root, DocumentNotes& notes)
+{
+    CoreFile file;
+    file.StopWhen([&progress] { return progress.IsCancelled(); });
+    FileReaderBuf buffer(file);
+    std::istream stream(&buffer);
+    if (!file.Open(path, false))
+        stream.setstate(std::ios::failbit);
+    const int result = ReadProjectDocument(stream, document, root, &notes);
+    if (file.Error() == 0)
+        return ResultOfRead(result);
+    // What could be read may look whole, but isn't.
+    notes = {};
+    notes.stop.reason = ErrorText(file.Error());
+    return progress.IsCancelled() ? kAborted : kInputCouldNotBeOpened;
+}
+
+int ReadProject(const DocumentInput& input, Progress& progress, Document& document,
+                ObjectHandle& root, DocumentNotes& notes)
+{
+    return input.stream ? ResultOfRead(ReadProjectDocument(*input.stream, document, root, &notes))
+                        : ReadProjectFile(input.path, progress, document, root, notes);
+}
+
+int ParseProject(std::string_view text, Document& document, ObjectHandle& root,
+                 DocumentNotes& notes)
+{
+    return ResultOfRead(ParseProjectDocument(text, document, root, &notes.stop));
+}
+
+int WriteProject(ObjectHandle root, bool handOff, Progress& progress, std::ostream& output)
+{
+    return ResultOfWrite(WriteProjectDocument(root, progress, output, handOff));
+}
+
+constexpr Format kFormats[] = {
+    {.kind = TreeKind::Xmeml,
+     .name = "Final Cut Pro XML",
+     .extension = "xml",
+     .element = "xmeml",
+     .read = ReadXmeml,
+     .parse = ParseXmeml,
+     .write = WriteXmeml},
+    {.kind = TreeKind::Project,
+     .name = "Vela project",
+     .extension = "vlproj",
+     .element = "VelaData",
+     .read = ReadProject,
+     .parse = ParseProject,
+     .write = WriteProject},
+};
+
+bool HoldsStartTag(std::string_view text, std::string_view element)
+{
+    for (std::size_t at = text.find(element); at != text.npos; at = text.find(element, at + 1))
+        if (at > 0 && text[at - 1] == '<')
+            return true;
+    return false;
+}
+
+} // namespace
+
+std::span<const Format> AllFormats()
+{
+    return kFormats;
+}
+
+const Format& FormatOf(TreeKind kind)
+{
+    return *std::ranges::find(kFormats, kind, &Format::kind);
+}
+
+const Format* FormatOfExtension(std::string_view extension)
+{
+    const Format* const found = std::ranges::find(kFormats, extension, &Format::extension);
+    return found == std::end(kFormats) ? nullptr : found;
+}
+
+const Format& FormatOfText(std::string_view text)
+{
+    // Prologue and comments in front of the document element are short.
+    constexpr std::size_t kHead = 65536;
+    const std::string_view head = text.substr(0, kHead);
+    const auto opens = [head](const Format& format) { return HoldsStartTag(head, format.element); };
+    const Format* const found = std::ranges::find_if(kFormats, opens);
+    return found == std::end(kFormats) ? kFormats[0] : *found;
+}
+
+} // namespace XPJ

@@ -1,0 +1,275 @@
+#include "inspect/compare_items.h"
+
+#include "core/numbers.h"
+#include "effects/values.h"
+#include "import/item_times.h"
+#include "inspect/compare_parts.h"
+#include "inspect/matching.h"
+#include "inspect/title_differences.h"
+
+#include <algorithm>
+#include <map>
+#include <tuple>
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace XPJ::Inspection {
+
+namespace {
+
+constexpr std::size_t kNamedPartners = 8; // of a link; of more only the number is stated
+
+struct ItemOnTrack {
+    const Track* track;
+    const Item* item;
+};
+
+// Track by track.
+std::vector<ItemOnTrack> ItemsOf(const Sequence& sequence)
+{
+    std::vector<ItemOnTrack> items;
+    for (const Track& track : sequence.tracks)
+        for (const Item& item : track.items)
+            items.push_back({&track, &item});
+    return items;
+}
+
+// The position of an item in `ItemsOf`.
+class ItemNumbers {
+public:
+    explicit ItemNumbers(const Sequence& sequence)
+    {
+        std::size_t first = 0;
+        for (const Track& track : sequence.tracks) {
+            firsts_.push_back(first);
+            first += track.items.size();
+        }
+    }
+    std::size_t Of(const ItemIndex& index) const { return firsts_[index.track] + index.item; }
+
+private:
+    std::vector<std::size_t> firsts_;
+};
+
+ComparedSubject SubjectOf(const ItemOnTrack& entry)
+{
+    return {Subject::Item, TrackText(*entry.track), entry.item->name, entry.item->start};
+}
+
+Matching MatchItems(const std::vector<ItemOnTrack>& left, const std::vector<ItemOnTrack>& right)
+{
+    Matching matching(left.size(), right.size());
+    const auto trackOf = [](const ItemOnTrack& entry) {
+        return std::pair(entry.track->kind, entry.track->number);
+    };
+    // Neither moved nor renamed
+    MatchBy(matching, left, right, [&](const ItemOnTrack& entry) {
+        return std::tuple(trackOf(entry), entry.item->start, std::string_view(entry.item->name));
+    });
+    // Moved on its track
+    MatchBy(matching, left, right, [&](const ItemOnTrack& entry) {
+        return std::tuple(trackOf(entry), std::string_view(entry.item->name), entry.item->in);
+    });
+    // Moved to another track
+    MatchBy(matching, left, right, [](const ItemOnTrack& entry) {
+        return std::tuple(entry.track->kind, std::string_view(entry.item->name), entry.item->in);
+    });
+    // Renamed
+    MatchBy(matching, left, right, [&](const ItemOnTrack& entry) {
+        return std::tuple(trackOf(entry), entry.item->start, entry.item->in);
+    });
+    // Trimmed at the head
+    MatchBy(matching, left, right, [&](const ItemOnTrack& entry) {
+        return std::tuple(trackOf(entry), std::string_view(entry.item->name), entry.item->end);
+    });
+    return matching;
+}
+
+class ItemComparison {
+public:
+    ItemComparison(const ComparedSequences& sequences, DifferenceList& differences)
+        : sequences_(sequences), differences_(differences)
+    {
+    }
+
+    void Run()
+    {
+        const std::vector<ItemOnTrack> left = ItemsOf(sequences_.left);
+        const std::vector<ItemOnTrack> right = ItemsOf(sequences_.right);
+        const Matching matching = MatchItems(left, right);
+        NumberLinks(matching, left.size());
+        for (std::size_t i = 0; i < left.size(); ++i)
+            if (matching.PartnerInB(i) == kNothing)
+                differences_.Add(SubjectOf(left[i]), Change::Lost);
+            else
+                CompareItem(left[i], right[matching.PartnerInB(i)]);
+        for (std::size_t i = 0; i < right.size(); ++i)
+            if (matching.PartnerInA(i) == kNothing)
+                differences_.Add(SubjectOf(right[i]), Change::Added);
+    }
+
+private:
+    // Groups of the same items get the same number in both sequences.
+    void NumberLinks(const Matching& matching, std::size_t leftSize)
+    {
+        std::map<std::vector<std::size_t>, std::size_t> numbers;
+        const auto numberOf = [&](std::vector<std::size_t> members) {
+            std::ranges::sort(members);
+            return numbers.emplace(std::move(members), numbers.size()).first->second;
+        };
+        const ItemNumbers numbersLeft(sequences_.left);
+        for (const auto& group : sequences_.left.links) {
+            std::vector<std::size_t> members;
+            members.reserve(group.size());
+            for (const ItemIndex& index : group)
+                members.push_back(numbersLeft.Of(index));
+            leftLinks_.push_back(numberOf(std::move(members)));
+        }
+        const ItemNumbers numbersRight(sequences_.right);
+        for (const auto& group : sequences_.right.links) {
+            std::vector<std::size_t> members;
+            members.reserve(group.size());
+            for (const ItemIndex& index : group) {
+                const std::size_t number = numbersRight.Of(index);
+                const std::size_t partner = matching.PartnerInA(number);
+                members.push_back(partner == kNothing ? leftSize + number : partner);
+            }
+            rightLinks_.push_back(numberOf(std::move(members)));
+        }
+    }
+
+    void CompareItem(const ItemOnTrack& left, const ItemOnTrack& right)
+    {
+        const ComparedSubject subject = SubjectOf(left);
+        const Item& a = *left.item;
+        const Item& b = *right.item;
+        if (TrackText(*left.track) != TrackText(*right.track))
+            differences_.Add(subject, Change::Moved, "track", TrackText(*left.track),
+                             TrackText(*right.track));
+        // An item that moves takes its end along.
+        const bool keepsLength = Minus(a.end, a.start) == Minus(b.end, b.start);
+        differences_.CompareTimes(subject, "start", sequences_.left.format, a.start, b.start,
+                                  keepsLength ? Change::Moved : Change::Changed);
+        if (!keepsLength)
+            differences_.CompareTimes(subject, "end", sequences_.left.format, a.end, b.end);
+        differences_.CompareTexts(subject, "name", a.name, b.name);
+        differences_.CompareTimes(subject, "in", a.sourceFormat, a.in, b.in);
+        differences_.CompareTimes(subject, "out", a.sourceFormat, a.out, b.out);
+        CompareSpeed(subject, a, b);
+        differences_.CompareSwitches(subject, "enabled", a.enabled, b.enabled);
+        differences_.CompareTexts(subject, "label", a.label, b.label);
+        if (a.channel > 0 && b.channel > 0)
+            differences_.CompareTexts(subject, "source channel", IntToString(a.channel),
+                                      IntToString(b.channel));
+        if (sequences_.AreOfOneFamily())
+            differences_.CompareTexts(subject, "composite mode", a.compositeMode, b.compositeMode);
+        CompareSources(subject, a, b);
+        CompareTitles(subject, a.title, b.title);
+        CompareEffects(
+            subject, a, b,
+            {.parameters = sequences_.AreOfOneFamily(), .titles = !AreTitlesOfTwoKinds(a, b)},
+            differences_);
+        CompareMarkers(TrackText(*left.track) + " " + a.name, a.sourceFormat, a.markers, b.markers,
+                       differences_);
+        CompareLinks(subject, a, b);
+    }
+
+    void CompareSpeed(const ComparedSubject& subject, const Item& a, const Item& b)
+    {
+        const auto speedText = [](const Item& item) {
+            return NumberText(item.speed * 100) + "%" + (item.reverse ? " reversed" : "");
+        };
+        differences_.CompareTexts(subject, "speed", speedText(a), speedText(b));
+        differences_.CompareSwitches(subject, "frame blending", a.frameBlending, b.frameBlending);
+        CompareKeyframes(subject, "speed", a.sourceFormat, a.speedKeyframes, b.speedKeyframes,
+                         differences_);
+    }
+
+    void CompareSources(const ComparedSubject& subject, const Item& a, const Item& b)
+    {
+        const auto kindText = [](const Item& item) { return std::string(SourceText(item.source)); };
+        if (AreTitlesOfTwoKinds(a, b))
+            differences_.CompareTexts(subject, "source", kindText(a), kindText(b));
+        else
+            differences_.CompareTexts(subject, "source", kindText(a) + " " + a.sourceName,
+                                      kindText(b) + " " + b.sourceName);
+        const auto pathOf = [](const Project& project, const Item& item) {
+            return item.mediaFile == kNothing ? std::string()
+                                              : project.mediaFiles[item.mediaFile].path;
+        };
+        differences_.CompareTexts(subject, "path", pathOf(sequences_.leftProject, a),
+                                  pathOf(sequences_.rightProject, b));
+    }
+
+    // Each family has a name and an effect of its own for what carries a title's text; the texts
+    // are compared themselves.
+    bool AreTitlesOfTwoKinds(const Item& a, const Item& b) const
+    {
+        return !sequences_.AreOfOneFamily() && a.title != kNothing && b.title != kNothing;
+    }
+
+    // Many items may share a title.
+    void CompareTitles(const ComparedSubject& subject, std::size_t a, std::size_t b)
+    {
+        if (a == kNothing && b == kNothing)
+            return;
+        const auto [entry, isNew] = titleDifferences_.try_emplace({a, b});
+        if (isNew)
+            entry->second = TitleDifferences(TextsOf(sequences_.leftProject, a),
+                                             TextsOf(sequences_.rightProject, b));
+        for (const TitleDifference& difference : entry->second)
+            differences_.Add(subject,
+                             !difference.before  ? Change::Added
+                             : !difference.after ? Change::Lost
+                                                 : Change::Changed,
+                             difference.property, difference.before.value_or(""),
+                             difference.after.value_or(""));
+    }
+
+    static std::vector<TitleText> TextsOf(const Project& project, std::size_t title)
+    {
+        return title == kNothing ? std::vector<TitleText>() : project.titles[title];
+    }
+
+    void CompareLinks(const ComparedSubject& subject, const Item& a, const Item& b)
+    {
+        const std::size_t numberA = a.link == kNothing ? kNothing : leftLinks_[a.link];
+        const std::size_t numberB = b.link == kNothing ? kNothing : rightLinks_[b.link];
+        if (numberA != numberB)
+            differences_.Add(subject, Change::Changed, "links", LinkText(sequences_.left, a),
+                             LinkText(sequences_.right, b));
+    }
+
+    // "V1 at 100, A1 at 100"
+    static std::string LinkText(const Sequence& sequence, const Item& item)
+    {
+        if (item.link == kNothing)
+            return "none";
+        const std::vector<ItemIndex>& group = sequence.links[item.link];
+        std::string text;
+        for (std::size_t i = 0; i < group.size() && i < kNamedPartners; ++i) {
+            const Track& track = sequence.tracks[group[i].track];
+            text += fmt::format("{}{} at {}", i == 0 ? "" : ", ", TrackText(track),
+                                sequence.format.Frames(track.items[group[i].item].start));
+        }
+        if (group.size() > kNamedPartners)
+            text += fmt::format(" and {} more", group.size() - kNamedPartners);
+        return text;
+    }
+
+    const ComparedSequences& sequences_;
+    DifferenceList& differences_;
+    std::vector<std::size_t> leftLinks_; // numbers of the groups of links
+    std::vector<std::size_t> rightLinks_;
+    std::map<std::pair<std::size_t, std::size_t>, std::vector<TitleDifference>> titleDifferences_;
+};
+
+} // namespace
+
+void CompareItems(const ComparedSequences& sequences, DifferenceList& differences)
+{
+    ItemComparison(sequences, differences).Run();
+}
+
+} // namespace XPJ::Inspection
