@@ -1,6 +1,7 @@
 #include "effects/keyframes.h"
 
-#include "effects/effect_text.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
 
 #include <gtest/gtest.h>
 
@@ -12,6 +13,20 @@ namespace XPJ {
 namespace {
 
 constexpr Ticks kMax = std::numeric_limits<Ticks>::max();
+
+// A `parameter` from the text of its children.
+ObjectHandle ReadParameter(Document& document, std::string_view children)
+{
+    const std::string text = "<xmeml version=\"5\"><sequence id=\"s\"><media><video><track>"
+                             "<clipitem id=\"c\"><filter><effect><parameter>" +
+                             std::string(children) +
+                             "</parameter></effect></filter></clipitem></track></video></media>"
+                             "</sequence></xmeml>";
+    ObjectHandle root;
+    EXPECT_EQ(ParseFCPXML(document.Store(text), document, root), kReadDone);
+    return FindPath(
+        root, {"sequence", "media", "video", "track", "clipitem", "filter", "effect", "parameter"});
+}
 
 std::string Keyframe(std::string_view when, std::string_view value, std::string_view more = "")
 {

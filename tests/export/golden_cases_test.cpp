@@ -1,10 +1,11 @@
 #include "export/export_driver.h"
+#include "export/outline.h"
 #include "project/reader.h"
+#include "support/document_text.h"
 #include "support/golden.h"
 #include "tree/reading.h"
 #include "xmeml/writer.h"
 
-#include <algorithm>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -15,9 +16,10 @@ namespace {
 struct Exported {
     std::string xmeml;
     std::string issues;
+    std::string skipped;
 };
 
-// Words behind `%% project`: "vl2sn", "sequence=GUID".
+// Words behind `%% project`, or `%% nested`: "vl2sn", "transform", "sequence=GUID".
 ExportOptions OptionsOf(const GoldenSection& input)
 {
     ExportOptions options;
@@ -27,6 +29,8 @@ ExportOptions OptionsOf(const GoldenSection& input)
     for (std::string word; words >> word;) {
         if (word == "vl2sn")
             options.vl2snMode = true;
+        else if (word == "transform")
+            options.exportTransformEffect = true;
         else if (word.starts_with(kSequence))
             options.sequenceGuid = StringToGUID(std::string_view(word).substr(kSequence.size()));
     }
@@ -42,63 +46,44 @@ Exported Export(const GoldenSection& input)
     options.ids = &ids;
     Document inputDocument;
     ObjectHandle root;
-    std::istringstream text(input.text);
+    std::istringstream text(input.name == "nested" ? FlatProject(input.text) : input.text);
     const int read = ReadProjectDocument(text, inputDocument, root);
     if (read != kReadDone)
-        return {"read " + std::to_string(read) + "\n", {}};
+        return {"read " + std::to_string(read) + "\n", {}, {}};
 
     Document document;
     ObjectHandle xmeml;
     IssueSet issues;
-    const int result = TranslateProjectDocument(root, options, progress, document, issues, xmeml);
+    SkippedList skipped;
+    const int result =
+        TranslateProjectDocument(root, options, progress, document, issues, xmeml, &skipped);
     const std::string issueText = IssueText(issues, Direction::Export);
     if (result != kSuccess)
-        return {"result " + std::to_string(result) + "\n", issueText};
+        return {"result " + std::to_string(result) + "\n", issueText, {}};
 
     std::ostringstream output;
     WriteFCPXML(xmeml, progress, options.vl2snMode, output);
-    return {output.str(), issueText};
+    return {output.str(), issueText, SkippedText(skipped)};
 }
 
-// Shortens what a case is not about: words behind `%% xmeml` "fold=format,file" leave such elements
-// as one line, <file id="file-1">...</file>.
-std::string Fold(std::string_view text, std::string_view tags)
+std::string_view ArgumentOf(const GoldenSection& output, std::string_view key)
 {
-    const std::string folded = "," + std::string(tags) + ",";
-    std::istringstream lines{std::string(text)};
-    std::string result;
-    std::string closing; // of the element that is left out
-    for (std::string line; std::getline(lines, line);) {
-        const std::size_t start = std::min(line.find('<'), line.size());
-        if (!closing.empty()) {
-            if (line == closing) {
-                result += line.substr(start) + "\n";
-                closing.clear();
-            }
-            continue;
-        }
-        result += line;
-        const std::string tag = line.substr(start, line.find_first_of(" >") - start);
-        const bool isWhole = line.find('<', start + 1) != line.npos || line.ends_with("/>");
-        if (tag.size() > 1 && !isWhole && folded.find("," + tag.substr(1) + ",") != folded.npos) {
-            closing = line.substr(0, start) + "</" + tag.substr(1) + ">";
-            result += "...";
-        } else {
-            result += '\n';
-        }
-    }
-    return result;
+    const std::string_view arguments = output.arguments;
+    return arguments.starts_with(key) ? arguments.substr(key.size()) : std::string_view();
 }
 
 std::string Produce(const GoldenSection& input, const GoldenSection& output)
 {
-    constexpr std::string_view kFold = "fold=";
     const Exported exported = Export(input);
     if (output.name == "issues")
         return exported.issues;
-    return output.arguments.starts_with(kFold)
-               ? Fold(exported.xmeml, std::string_view(output.arguments).substr(kFold.size()))
-               : exported.xmeml;
+    if (output.name == "skipped")
+        return exported.skipped;
+    if (output.name == "outline")
+        return XmemlOutline(exported.xmeml, ArgumentOf(output, "fold="));
+    if (output.name == "effects")
+        return XmemlEffects(exported.xmeml);
+    return FoldedElements(exported.xmeml, ArgumentOf(output, "fold="));
 }
 
 class ExportCase : public testing::TestWithParam<std::filesystem::path> {};

@@ -29,7 +29,7 @@ struct RemapCase {
 };
 
 // "when=value", then the marks: v virtual, s start, i in, o out, < ramp start, > ramp end.
-std::string Told(ObjectHandle graph)
+std::string GraphText(ObjectHandle graph)
 {
     constexpr struct {
         Name key;
@@ -94,7 +94,7 @@ TEST(TimeRemap, GraphOfSpeeds)
         item.SetProperty("out", row.out);
         ExportTimeRemap(document, row.timing, row.keyframes, MediaType::Video, item);
         const ObjectHandle effect = FindPath(item, {"filter", "effect"});
-        EXPECT_EQ(Told(FindParameter(effect, "graphdict")), row.expected) << row.what;
+        EXPECT_EQ(GraphText(FindParameter(effect, "graphdict")), row.expected) << row.what;
         EXPECT_EQ(PlainValue(FindParameter(effect, "variablespeed")),
                   row.keyframes.empty() ? "0" : "1");
     }
@@ -133,14 +133,14 @@ TEST(TimeRemap, WholeNumbersKeepTheirDigits)
         timing.ratio = static_cast<double>(row.original) / static_cast<double>(row.duration);
         ExportTimeRemap(document, timing, "", MediaType::Audio, item);
         const ObjectHandle graph = FindParameter(FindPath(item, {"filter", "effect"}), "graphdict");
-        EXPECT_EQ(Told(graph), row.graph);
+        EXPECT_EQ(GraphText(graph), row.graph);
         EXPECT_EQ(graph.GetProperty("valuemax"), IntToString(row.original));
     }
     Document document;
     const ObjectHandle item = document.NewObject("clipitem");
     ExportTimeRemap(document, Timing(1, 100, 1), Record(0, 0) + "10160640000,80000,6,0,0,0,0,0;",
                     MediaType::Video, item);
-    EXPECT_EQ(Told(FindParameter(FindPath(item, {"filter", "effect"}), "graphdict")),
+    EXPECT_EQ(GraphText(FindParameter(FindPath(item, {"filter", "effect"}), "graphdict")),
               "0=0 1=2000000");
 }
 
@@ -160,7 +160,7 @@ TEST(TimeRemap, DamagedTimesStayNumbers)
         ExportTimeRemap(document, Timing(speed, 9223372036854775807, 1e300), keyframes,
                         MediaType::Video, item);
         const std::string text =
-            Told(FindParameter(FindPath(item, {"filter", "effect"}), "graphdict"));
+            GraphText(FindParameter(FindPath(item, {"filter", "effect"}), "graphdict"));
         EXPECT_EQ(text.find("nan"), text.npos) << text;
         EXPECT_EQ(text.find("inf"), text.npos) << text;
     }

@@ -210,36 +210,5 @@ TEST_F(FormatsTest, PresetWithoutFormatGoesByTheSequenceRate)
     EXPECT_EQ(TimeDisplay(), "110");
 }
 
-TEST_F(FormatsTest, FrameOfItemTakesSizeFileFirst)
-{
-    const std::string video = "<media><video><samplecharacteristics>";
-    const std::string end = "</samplecharacteristics></video></media>";
-    const ObjectHandle fallback =
-        FindPath(SequenceOf("<width>1280</width><height>720</height>"
-                            "<pixelaspectratio>PAL-601</pixelaspectratio>"),
-                 {"media", "video", "format", "samplecharacteristics"});
-
-    ObjectHandle clip = ParseClip("", video +
-                                          "<width>1440</width><height>1080</height>"
-                                          "<pixelaspectratio>PAL-601</pixelaspectratio>"
-                                          "<anamorphic>true</anamorphic>"
-                                          "<velaOriginalPAR>NTSC-601</velaOriginalPAR>" +
-                                          end);
-    FrameFormat frame = FrameOfFile(clip, file_, fallback);
-    EXPECT_EQ(frame.rect, "0,0,1440,1080");
-    EXPECT_EQ(frame.par, "1024,702");
-    EXPECT_EQ(frame.originalPar, "10,11");
-
-    const ObjectHandle item = FindPath(clip, {"media", "video", "track", "clipitem"});
-    EXPECT_EQ(FrameOfItem(state_, item, fallback).rect, "0,0,1440,1080");
-
-    clip = ParseClip("", "<media><video/></media>");
-    frame = FrameOfFile(clip, file_, fallback);
-    EXPECT_EQ(frame.rect, "0,0,1280,720");
-    EXPECT_EQ(frame.par, "1,1"); // the fallback gives nothing but the size
-    EXPECT_EQ(FrameOfFile(clip, file_, {}).rect, "0,0,720,480");
-    EXPECT_EQ(FrameOfItem(state_, document_.NewObject("clipitem"), fallback).rect, "");
-}
-
 } // namespace
 } // namespace XPJ

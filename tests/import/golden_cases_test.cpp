@@ -1,11 +1,11 @@
 #include "import/import_driver.h"
-#include "import/media_outline.h"
 #include "import/outline.h"
 #include "project/writer.h"
 #include "support/golden.h"
 #include "tree/reading.h"
 #include "xmeml/reader.h"
 
+#include <algorithm>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -16,18 +16,31 @@ namespace {
 struct Imported {
     std::string project;
     std::string issues;
-    std::string outline;
-    std::string media;
+    std::string skipped;
 };
 
-// Words behind `%% import` switch modes on: "aaf", "sn2vl".
+// Words behind `%% import` switch modes on: "aaf", "sn2vl", "titles" for titles as graphics,
+// "on-masters" for graphics on master clips, "here" for a document in the folder of the case.
 ImportOptions OptionsOf(const GoldenSection& input)
 {
+    const auto has = [&](const char* word) {
+        return input.arguments.find(word) != std::string::npos;
+    };
     ImportOptions options;
-    options.inputPath = "/documents/case.xml";
-    options.aafSupport = input.arguments.find("aaf") != std::string::npos;
-    options.sn2vlMode = input.arguments.find("sn2vl") != std::string::npos;
+    options.inputPath = has("here") ? VELA_TEST_DATA "/import/case.xml" : "/documents/case.xml";
+    options.aafSupport = has("aaf");
+    options.sn2vlMode = has("sn2vl");
+    options.settings.convertTitles = has("titles");
+    options.settings.titlesAsMasterEffects = has("on-masters");
     return options;
+}
+
+std::string WithoutFolder(std::string text)
+{
+    const std::string folder = VELA_TEST_DATA "/import";
+    for (std::size_t at; (at = text.find(folder)) != text.npos;)
+        text.replace(at, folder.size(), "/documents");
+    return text;
 }
 
 // A conversion that fails gives its result in place of the project.
@@ -40,20 +53,26 @@ Imported Import(const GoldenSection& input)
     Document inputDocument;
     ObjectHandle root;
     if (const int read = ParseFCPXML(input.text, inputDocument, root); read != kReadDone)
-        return {"read " + std::to_string(read) + "\n", {}, {}, {}};
+        return {"read " + std::to_string(read) + "\n", {}, {}};
 
     Document document;
     ObjectHandle project;
     IssueSet issues;
-    const int result = ImportDocument(root, options, progress, document, issues, project);
+    SkippedList skipped;
+    const int result = ImportDocument(root, options, progress, document, issues, project, &skipped);
     const std::string issueText = IssueText(issues, Direction::Import);
     if (result != kSuccess)
-        return {"result " + std::to_string(result) + "\n", issueText, {}, {}};
+        return {"result " + std::to_string(result) + "\n", issueText, {}};
 
     std::ostringstream text;
     WriteProjectDocument(project, progress, text, options.sn2vlMode);
-    const ObjectHandle made = project.GetChild("Project");
-    return {text.str(), issueText, OutlineText(made), MediaOutlineText(made)};
+    return {text.str(), WithoutFolder(issueText), SkippedText(skipped)};
+}
+
+std::string_view ArgumentOf(const GoldenSection& output, std::string_view key)
+{
+    const std::string_view arguments = output.arguments;
+    return arguments.starts_with(key) ? arguments.substr(key.size()) : std::string_view();
 }
 
 std::string Produce(const GoldenSection& input, const GoldenSection& output)
@@ -61,14 +80,22 @@ std::string Produce(const GoldenSection& input, const GoldenSection& output)
     const Imported imported = Import(input);
     if (output.name == "issues")
         return imported.issues;
+    if (output.name == "skipped")
+        return imported.skipped;
+    const std::string_view project =
+        std::string_view(imported.project)
+            .substr(std::min(imported.project.find("<?xml"), imported.project.size()));
     if (output.name == "outline")
-        return imported.outline;
+        return TimelineOutline(project);
     if (output.name == "media")
-        return imported.media;
-    constexpr std::string_view kOnly = "only=";
-    std::string_view classes = output.arguments;
-    classes.remove_prefix(classes.starts_with(kOnly) ? kOnly.size() : 0);
-    return NormaliseIds(SelectObjects(imported.project, classes));
+        return MediaOutline(project);
+    if (output.name == "effects")
+        return EffectsOutline(project, ArgumentOf(output, "fold="), ArgumentOf(output, "names="));
+    if (output.name == "parameters")
+        return ParametersOutline(project, ArgumentOf(output, "of="));
+    if (output.name == "titles")
+        return TitlesOutline(project, ArgumentOf(output, "of="));
+    return NormaliseIds(SelectObjects(imported.project, ArgumentOf(output, "only=")));
 }
 
 class ImportCase : public testing::TestWithParam<std::filesystem::path> {};

@@ -238,6 +238,15 @@ std::string IssueText(const IssueSet& issues, Direction direction)
     return text;
 }
 
+std::string SkippedText(const SkippedList& skipped)
+{
+    std::string text;
+    for (const TranslationIssue& item : skipped)
+        text += fmt::format("sequence=\"{}\" clip=\"{}\" time=\"{}\"\n", item.sequence.text,
+                            item.clip.text, item.time);
+    return text;
+}
+
 Guid GoldenPlatform::CreateUniqueGuid()
 {
     return StringToGUID(fmt::format("{}{:012x}", kGuidMark, ++count_));

@@ -1,4 +1,4 @@
-// Golden cases: one short file with a document, what becomes of it, and the findings.
+// Golden cases: one short file with a document, what becomes of it, and the issues.
 //
 //   # An unknown label leaves no trace
 //   %% import
@@ -6,8 +6,10 @@
 //   %% project only=BinProjectItem
 //   %% issues
 //
-// The first section is the input, all others are outputs. With VELA_ACCEPT=1 in the environment the
-// outputs in the file are rewritten with what came out; the change is then reviewed as a diff.
+// The first section is the input, all others are outputs: whole documents, selected objects, or
+// outlines (`%% outline`, `%% media`, `%% effects`, see the outline.h of each folder). With
+// VELA_ACCEPT=1 in the environment the outputs in the file are rewritten with what came out; the
+// change is then reviewed as a diff.
 #pragma once
 
 #include "core/translation_issue.h"
@@ -50,7 +52,7 @@ std::vector<std::filesystem::path> GoldenCases(std::string_view folder);
 // Name of a case as a test, from its file's.
 std::string GoldenCaseName(const testing::TestParamInfo<std::filesystem::path>& info);
 
-// Line by line, the common start and end left out.
+// Line by line, without the common start and end.
 std::string LineDiff(std::string_view expected, std::string_view actual);
 
 // The objects of a project text whose class is in the comma-separated list; all of it for an empty
@@ -60,10 +62,13 @@ std::string SelectObjects(std::string_view project, std::string_view classes);
 // Numbers objects from 1, and GUIDs of a `GoldenPlatform` as G1, G2, in the order of appearance.
 std::string NormaliseIds(std::string_view text);
 
-// One line a finding, `EffectNotTranslated clip="A" subject="Sepia"`, in the report's order.
+// One line an issue, `EffectNotTranslated clip="A" subject="Sepia"`, in the report's order.
 std::string IssueText(const IssueSet& issues, Direction direction);
 
-// Gives GUIDs that can be told from those that documents fix.
+// Items without media, one a line.
+std::string SkippedText(const SkippedList& skipped);
+
+// Its GUIDs differ from all that documents fix.
 class GoldenPlatform final : public DefaultPlatform {
 public:
     Guid CreateUniqueGuid() override;

@@ -32,7 +32,7 @@ inline ObjectHandle Build(Document& document, const Tree& tree)
     return node;
 }
 
-// The names under which a node's children hang, "bin bin sequence".
+// The names of the entries of a node's children, "bin bin sequence".
 inline std::string ChildNames(ObjectHandle node)
 {
     std::string names;

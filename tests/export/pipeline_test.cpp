@@ -1,0 +1,215 @@
+// Exports as a whole where a case has no say: stopping, growth, circles, rates that cannot be.
+#include "core/progress.h"
+#include "export/export_driver.h"
+#include "project/reader.h"
+#include "support/document_text.h"
+#include "support/test_progress.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
+#include "xmeml/writer.h"
+
+#include <set>
+#include <sstream>
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
+namespace XPJ::RVX {
+namespace {
+
+struct Exported {
+    int result = 0;
+    std::string xmeml;
+};
+
+Exported Export(const std::string& project, Progress& progress)
+{
+    std::istringstream text(project);
+    Document input;
+    Document document;
+    ObjectHandle root;
+    ObjectHandle xmeml;
+    IssueSet issues;
+    EXPECT_EQ(ReadProjectDocument(text, input, root), kReadDone);
+    ExportOptions options;
+    options.projectTitle = "A & <B> &amp; C";
+    const int result = TranslateProjectDocument(root, options, progress, document, issues, xmeml);
+    if (result != kSuccess)
+        return {result, {}};
+    std::ostringstream output;
+    SilentProgress silent;
+    EXPECT_EQ(WriteFCPXML(xmeml, silent, false, output), kWriteDone);
+    return {result, output.str()};
+}
+
+std::string ExportText(const std::string& project)
+{
+    SilentProgress progress;
+    return Export(project, progress).xmeml;
+}
+
+std::string ProjectOf(const std::string& items, const std::string& objects)
+{
+    return "<VelaData Version=\"3\"><Project ObjectID=\"1\"><RootProjectItem ObjectURef=\"root\"/>"
+           "</Project><RootProjectItem ObjectUID=\"root\"><ProjectItemContainer><Items>" +
+           items + "</Items></ProjectItemContainer></RootProjectItem>" + objects + "</VelaData>";
+}
+
+std::string Bin(const std::string& id, const std::string& inner)
+{
+    return "<BinProjectItem ObjectUID=\"" + id +
+           "\"><ProjectItem><Name>B</Name></ProjectItem><ProjectItemContainer><Items>"
+           "<Item ObjectURef=\"" +
+           inner + "\"/></Items></ProjectItemContainer></BinProjectItem>";
+}
+
+// A clip of media with that frame and sample length.
+std::string ClipProject(const std::string& frameTicks, const std::string& sampleTicks)
+{
+    return ProjectOf("<Item ObjectURef=\"item\"/>", R"(
+<ClipProjectItem ObjectUID="item"><MasterClip ObjectURef="master"/></ClipProjectItem>
+<MasterClip ObjectUID="master"><Clips><Clip ObjectRef="2"/><Clip ObjectRef="3"/></Clips></MasterClip>
+<VideoClip ObjectID="2"><Clip><Source ObjectRef="4"/><InPoint>99999999999</InPoint></Clip></VideoClip>
+<AudioClip ObjectID="3"><Clip><Source ObjectRef="4"/></Clip></AudioClip>
+<VideoMediaSource ObjectID="4"><MediaSource><Media ObjectURef="m"/></MediaSource></VideoMediaSource>
+<Media ObjectUID="m"><Title>A &amp; B.mov</Title><VideoStream ObjectRef="5"/><AudioStream ObjectRef="6"/></Media>
+<VideoStream ObjectID="5"><Duration>-9223372036854775808</Duration><FrameRate>)" +
+                                                        frameTicks +
+                                                        "</FrameRate></VideoStream>"
+                                                        "<AudioStream ObjectID=\"6\"><FrameRate>" +
+                                                        sampleTicks + "</FrameRate></AudioStream>");
+}
+
+// `count` sequences of that frame length, each shown by the one before it, the first by the last.
+std::string CircleOf(std::size_t count, const std::string& frameTicks)
+{
+    std::string items;
+    std::string objects;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::string n = std::to_string(i);
+        const std::string next = std::to_string((i + 1) % count);
+        const auto id = [&](int kind) {
+            return " ObjectID=\"" + std::to_string(10 * i + static_cast<std::size_t>(kind)) + "\">";
+        };
+        const auto ref = [&](int kind) {
+            return " ObjectRef=\"" + std::to_string(10 * i + static_cast<std::size_t>(kind)) +
+                   "\"/>";
+        };
+        items += "<Item ObjectURef=\"i" + n + "\"/>";
+        objects += "<ClipProjectItem ObjectUID=\"i" + n + "\"><MasterClip ObjectURef=\"c" + n +
+                   "\"/></ClipProjectItem><MasterClip ObjectUID=\"c" + n + "\"><Clips><Clip" +
+                   ref(10) + "</Clips></MasterClip><VideoClip" + id(10) + "<Clip><Source" +
+                   ref(11) + "</Clip></VideoClip><VideoSequenceSource" + id(11) +
+                   "<SequenceSource><Sequence ObjectURef=\"s" + n +
+                   "\"/></SequenceSource></VideoSequenceSource><Sequence ObjectUID=\"s" + n +
+                   "\"><Name>Cut</Name><TrackGroups><TrackGroup>"
+                   "<First>228cda18-3625-4d2d-951e-348879e4ed93</First><Second" +
+                   ref(12) + "</TrackGroup></TrackGroups></Sequence><VideoTrackGroup" + id(12) +
+                   "<TrackGroup><FrameRate>" + frameTicks + "</FrameRate><Tracks><Track" + ref(13) +
+                   "</Tracks></TrackGroup></VideoTrackGroup><VideoClipTrack" + id(13) +
+                   "<ClipTrack><ClipItems><TrackItems><TrackItem" + ref(14) +
+                   "</TrackItems></ClipItems></ClipTrack></VideoClipTrack><VideoClipTrackItem" +
+                   id(14) + "<ClipTrackItem><SubClip" + ref(15) +
+                   "</ClipTrackItem></VideoClipTrackItem><SubClip" + id(15) +
+                   "<MasterClip ObjectURef=\"c" + next + "\"/></SubClip>";
+    }
+    return ProjectOf(items, objects);
+}
+
+// Ids of the sequences that are written out, and how deep they are in each other.
+int CollectIds(const Element& element, std::multiset<std::string>& ids)
+{
+    int depth = 0;
+    for (const Element& child : element.children)
+        depth = std::max(depth, CollectIds(child, ids));
+    if (element.name != "sequence")
+        return depth;
+    if (!element.children.empty())
+        ids.emplace(element.Attribute("id"));
+    return depth + 1;
+}
+
+TEST(Export, StopsAtEveryQuestion)
+{
+    const std::string project = ProjectOf("<Item ObjectURef=\"b\"/>", Bin("b", "none"));
+    for (int question = 0; question < 3; ++question) {
+        TestProgress progress(question);
+        const Exported exported = Export(project, progress);
+        EXPECT_EQ(exported.result, kAborted) << question;
+        EXPECT_EQ(progress.OpenStages(), 0) << question;
+    }
+}
+
+TEST(Export, ProjectsOfNothing)
+{
+    SilentProgress progress;
+    EXPECT_EQ(Export("<VelaData Version=\"3\"></VelaData>", progress).result, kNoFCPDataFound);
+    const Element project = ParseElements(ExportText(ProjectOf("", ""))).Child("project");
+    EXPECT_EQ(project.Child("name").text, "A &amp; &lt;B&gt; &amp; C");
+    EXPECT_EQ(project.children.size(), 1u);
+}
+
+// All of them come back, as deep as documents are read.
+TEST(Export, BinsMayNestDeepAndInACircle)
+{
+    constexpr int kCount = 20000;
+    std::string bins;
+    for (int i = 0; i < kCount; ++i)
+        bins += Bin("b" + std::to_string(i), "b" + std::to_string((i + 1) % kCount));
+    const std::string text = ExportText(ProjectOf("<Item ObjectURef=\"b0\"/>", bins));
+    std::size_t count = 0;
+    for (std::size_t at = text.find("<bin>"); at != text.npos; at = text.find("<bin>", at + 1))
+        ++count;
+    EXPECT_GE(count, static_cast<std::size_t>(kCount));
+    Document back;
+    ObjectHandle read;
+    EXPECT_EQ(ParseFCPXML(text, back, read), kReadDone);
+}
+
+TEST(Export, NestedSequencesAreWrittenOnceEachAndSideBySide)
+{
+    constexpr std::size_t kCount = 500;
+    const std::string text = ExportText(CircleOf(kCount, "10160640000"));
+    std::multiset<std::string> ids;
+    EXPECT_LT(CollectIds(ParseElements(text), ids), 50);
+    EXPECT_EQ(ids.size(), kCount);
+    EXPECT_EQ(std::set<std::string>(ids.begin(), ids.end()).size(), kCount);
+}
+
+TEST(Export, RatesThatCannotBe)
+{
+    const auto faultOf = [](const std::string& project) -> std::string {
+        try {
+            ExportText(project);
+        } catch (const DocumentFault& fault) {
+            return fault.what();
+        }
+        return "none";
+    };
+    EXPECT_EQ(faultOf(ClipProject("0", "5292000")), "media <A & B.mov> has a frame length of 0");
+    EXPECT_EQ(faultOf(ClipProject("8475667200", "0")),
+              "the sound of media <A & B.mov> has a frame length of 0");
+    EXPECT_EQ(faultOf(CircleOf(1, "0")), "sequence <Cut> has a frame length of 0");
+    EXPECT_EQ(faultOf(CircleOf(1, "9223372036854775807")), "none");
+    for (const char* const noRate : {"9223372036854775807", "-1"}) {
+        const Element document = ParseElements(ExportText(ClipProject(noRate, "5292000")));
+        const Element& clip = document.Child("project").Child("children").Child("clip");
+        EXPECT_EQ(clip.Child("in").text, "11") << noRate;
+    }
+}
+
+TEST(Export, TwoExportsOfAProcessShareNoId)
+{
+    const std::string project = ClipProject("8475667200", "5292000");
+    const auto idOf = [&] {
+        const Element document = ParseElements(ExportText(project));
+        return std::string(
+            document.Child("project").Child("children").Child("clip").Attribute("id"));
+    };
+    const std::string first = idOf();
+    EXPECT_TRUE(first.starts_with("masterclip-")) << first;
+    EXPECT_NE(idOf(), first);
+}
+
+} // namespace
+} // namespace XPJ::RVX

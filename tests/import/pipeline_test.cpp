@@ -1,0 +1,207 @@
+// Imports as a whole where a case has no say: stopping, growth, circles, files that can't be read.
+#include "core/progress.h"
+#include "import/import_driver.h"
+#include "project/writer.h"
+#include "support/golden.h"
+#include "support/temp_folder.h"
+#include "support/test_progress.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
+
+#include <filesystem>
+#include <sstream>
+
+#include <sys/stat.h>
+
+#include <gtest/gtest.h>
+
+namespace XPJ {
+namespace {
+
+struct Imported {
+    int result = 0;
+    std::string project;
+    std::string issues;
+};
+
+Imported Import(const std::string& content, const ImportOptions& options, Progress& progress)
+{
+    const std::string text = "<xmeml version=\"5\">" + content + "</xmeml>";
+    Document input;
+    Document document;
+    ObjectHandle root;
+    ObjectHandle project;
+    IssueSet issues;
+    EXPECT_EQ(ParseFCPXML(text, input, root), kReadDone);
+    Imported imported;
+    imported.result = ImportDocument(root, options, progress, document, issues, project);
+    imported.issues = IssueText(issues, Direction::Import);
+    if (!project)
+        return imported;
+    std::ostringstream output;
+    SilentProgress silent;
+    WriteProjectDocument(project, silent, output, false);
+    imported.project = output.str();
+    return imported;
+}
+
+Imported Import(const std::string& content, const ImportOptions& options = {})
+{
+    SilentProgress progress;
+    return Import(content, options, progress);
+}
+
+std::size_t CountOf(const std::string& text, const std::string& part)
+{
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1))
+        ++count;
+    return count;
+}
+
+const std::string kRate = "<rate><timebase>25</timebase></rate>";
+
+std::string Sequence(const std::string& id, const std::string& items)
+{
+    return "<sequence id=\"" + id + "\"><name>" + id + "</name>" + kRate + "<media><video><track>" +
+           items + "</track></video></media></sequence>";
+}
+
+std::string Project(const std::string& children)
+{
+    return "<project><children>" + children + "</children></project>";
+}
+
+// Wherever the job is stopped it ends with that result, its stages closed and nothing handed out.
+TEST(Import, StopsAtEveryQuestion)
+{
+    const std::string bins = Project("<bin><name>A</name><children><bin><name>B</name></bin>"
+                                     "</children></bin><marker/><bin><name>C</name></bin>");
+    TestProgress all;
+    ASSERT_EQ(Import(bins, {}, all).result, kSuccess);
+    ASSERT_GE(all.Questions(), 6);
+    for (int question = 0; question < all.Questions(); ++question) {
+        TestProgress progress(question);
+        const Imported imported = Import(bins, {}, progress);
+        EXPECT_EQ(imported.result, kAborted) << question;
+        EXPECT_EQ(imported.project, "") << question;
+        EXPECT_EQ(progress.OpenStages(), 0) << question;
+        EXPECT_EQ(progress.Questions(), question + 1);
+    }
+}
+
+TEST(Import, UnknownVersionsAreReported)
+{
+    const struct {
+        const char* version;
+        const char* issue;
+    } rows[] = {{"1", ""},
+                {"5", ""},
+                {"4.0", ""},
+                {"0", " time=\"0\""},
+                {"6", " time=\"6\""},
+                {"x", " time=\"x\""},
+                {"-4", " time=\"-4\""}};
+    for (const auto& row : rows) {
+        const std::string text =
+            "<xmeml version=\"" + std::string(row.version) + "\">" + Project("") + "</xmeml>";
+        Document input;
+        Document document;
+        ObjectHandle root;
+        ObjectHandle project;
+        IssueSet issues;
+        SilentProgress progress;
+        ASSERT_EQ(ParseFCPXML(text, input, root), kReadDone);
+        EXPECT_EQ(ImportDocument(root, {}, progress, document, issues, project), kSuccess);
+        EXPECT_EQ(IssueText(issues, Direction::Import),
+                  *row.issue ? "UnrecognizedXMLVersion" + std::string(row.issue) + "\n" : "");
+    }
+}
+
+TEST(Import, SequencesInACircleAreTranslatedOnce)
+{
+    constexpr int kCount = 1500; // deeper than a call stack
+    std::string sequences;
+    for (int i = 0; i < kCount; ++i)
+        sequences += Sequence("s" + std::to_string(i),
+                              "<clipitem id=\"c" + std::to_string(i) + "\">" + kRate +
+                                  "<start>0</start><end>50</end><in>5</in><out>55</out>"
+                                  "<sequence id=\"s" +
+                                  std::to_string((i + 1) % kCount) + "\"/></clipitem>");
+    const Imported imported = Import(Project(sequences));
+    EXPECT_EQ(CountOf(imported.project, "<Sequence ObjectUID="), kCount);
+    EXPECT_EQ(CountOf(imported.project, "<VideoClipTrackItem ObjectID="), kCount);
+}
+
+TEST(Import, ManyTitlesGrowFlat)
+{
+    constexpr int kCount = 500;
+    std::string items;
+    for (int i = 0; i < kCount; ++i)
+        items += "<generatoritem id=\"g" + std::to_string(i) + "\">" + kRate + "<start>" +
+                 std::to_string(50 * i) + "</start><end>" + std::to_string(50 * i + 50) +
+                 "</end><in>0</in><out>50</out><effect><effectid>Text</effectid><parameter>"
+                 "<parameterid>str</parameterid><value>x</value></parameter></effect>"
+                 "</generatoritem>";
+    for (const bool onMasters : {false, true}) {
+        ImportOptions options;
+        options.settings = {.convertTitles = true, .titlesAsMasterEffects = onMasters};
+        const Imported imported = Import(Sequence("cut", items), options);
+        EXPECT_EQ(CountOf(imported.project, "<VideoClipTrackItem ObjectID="), kCount);
+        EXPECT_EQ(imported.issues, "");
+    }
+}
+
+TEST(Import, LongTitlesAreWrittenWhole)
+{
+    std::string lines = "first";
+    for (int i = 0; i < 100'000; ++i)
+        lines += "&#13;l";
+    const std::string item = "<generatoritem id=\"g\"><start>0</start><end>50</end><in>0</in>"
+                             "<out>50</out><effect><effectid>Text</effectid><parameter>"
+                             "<parameterid>str</parameterid><value>" +
+                             lines + "</value></parameter></effect></generatoritem>";
+    ImportOptions options;
+    options.settings = {.convertTitles = true};
+    // Two bytes a character, in base64.
+    EXPECT_GT(Import(Sequence("cut", item), options).project.size(), 200'005u * 2 * 4 / 3);
+}
+
+// A media path in a document that was named without its folder is absolute all the same.
+TEST(Import, MediaPathsAreAbsolute)
+{
+    const std::string item = "<clipitem id=\"a\"><start>0</start><end>10</end><in>0</in>"
+                             "<out>10</out><file id=\"f\"><name>a.mov</name>"
+                             "<pathurl>a.mov</pathurl>" +
+                             kRate + "<media><video/></media></file></clipitem>";
+    for (const std::string folder : {"", "sub/"}) {
+        ImportOptions options;
+        options.inputPath = folder + "cut.xml";
+        EXPECT_NE(Import(Sequence("cut", item), options)
+                      .project.find("<FilePath>" + std::filesystem::current_path().string() + "/" +
+                                    folder + "a.mov</FilePath>"),
+                  std::string::npos);
+    }
+}
+
+// Opening a pipe would wait for ever.
+TEST(Import, LooksThatAreNoFilesAreReported)
+{
+    const TempFolder folder;
+    ASSERT_EQ(mkfifo((folder / "pipe.look").c_str(), 0600), 0);
+    ImportOptions options;
+    options.inputPath = folder / "cut.xml";
+    const Imported imported =
+        Import(Sequence("cut", "<clipitem id=\"a\"><start>0</start><end>10</end><in>0</in>"
+                               "<out>10</out><file id=\"f\">" +
+                                   kRate +
+                                   "<media><video/></media></file><filter><effect><name>Warm"
+                                   "</name><effectid>Gradiva</effectid><parameter><name>path"
+                                   "</name><value>pipe.look</value></parameter></effect>"
+                                   "</filter></clipitem>"),
+               options);
+    EXPECT_NE(imported.issues.find("MissingLookLUT"), std::string::npos) << imported.issues;
+}
+
+} // namespace
+} // namespace XPJ
