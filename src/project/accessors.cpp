@@ -151,14 +151,14 @@ ObjectHandle MediaOfSource(ObjectHandle source)
     return FindPath(source, {"MediaSource", "Media"});
 }
 
-ObjectHandle VideoStreamOf(ObjectHandle medium)
+ObjectHandle VideoStreamOf(ObjectHandle media)
 {
-    return medium.GetChild("VideoStream");
+    return media.GetChild("VideoStream");
 }
 
-ObjectHandle AudioStreamOf(ObjectHandle medium)
+ObjectHandle AudioStreamOf(ObjectHandle media)
 {
-    return medium.GetChild("AudioStream");
+    return media.GetChild("AudioStream");
 }
 
 ObjectHandle BoundariesOfSource(ObjectHandle source)

@@ -1,9 +1,10 @@
-// Where things stand in a project tree as the reader gives it. No other code walks these chains.
+// Where things are in a project tree as the reader gives it. No other code walks these chains.
 //
 // A project class nests the parts of its bases as nodes of their own (VideoClip / Clip), and
-// reference children hang under the tag of the reference, whatever their own class: the `Clip` of a
-// list is a VideoClip or an AudioClip. "Core" names the part that both kinds of a thing share.
-// Every accessor takes a null handle, and gives null, empty or an empty range for what isn't there.
+// reference children are entered under the tag of the reference, whatever their own class: the
+// `Clip` of a list is a VideoClip or an AudioClip. "Core" names the part that both kinds of a thing
+// share. Every accessor takes a null handle, and gives null, empty or an empty range for what isn't
+// there.
 #pragma once
 
 #include "core/media_type.h"
@@ -41,7 +42,7 @@ ObjectHandle LoggingInfoOf(ObjectHandle masterClip);
 ChildRange ChannelVectorsOf(ObjectHandle masterClip);
 // The ClipChannelSerializers of one, each with `mSourceChannelIndex` and `SourceClipIndex`.
 ChildRange ChannelsOfVector(ObjectHandle vector);
-// Component chains of the effects that belong to the medium; see ComponentsOf.
+// Component chains of the effects that belong to the media; see ComponentsOf.
 ObjectHandle VideoChainOfMaster(ObjectHandle masterClip);
 ObjectHandle AudioChainOfMaster(ObjectHandle masterClip);
 
@@ -70,8 +71,8 @@ std::string_view SpeedKeyframesOf(ObjectHandle clip);
 
 ObjectHandle MediaOfSource(ObjectHandle source);
 // Of a Media. A VideoStream may be of the class CaptioningStream.
-ObjectHandle VideoStreamOf(ObjectHandle medium);
-ObjectHandle AudioStreamOf(ObjectHandle medium);
+ObjectHandle VideoStreamOf(ObjectHandle media);
+ObjectHandle AudioStreamOf(ObjectHandle media);
 // `StartBoundary`, `EndBoundary`, `BoundariesAreHard` of a media source.
 ObjectHandle BoundariesOfSource(ObjectHandle source);
 ObjectHandle SequenceOfSource(ObjectHandle source);
@@ -124,7 +125,7 @@ ObjectHandle HeadTransitionOf(ObjectHandle item);
 ObjectHandle TailTransitionOf(ObjectHandle item);
 
 // ---- Transitions. `Direction`, `Reverse`, `BorderColor`, `BorderWidth`, `StartPercent` and
-// ---- `EndPercent` stand on a video transition itself.
+// ---- `EndPercent` are properties of a video transition itself.
 
 // `Alignment`, `HasIncomingClip`, `HasOutgoingClip`, `MatchName`, `DisplayName`.
 ObjectHandle TransitionCore(ObjectHandle transition);
@@ -137,7 +138,7 @@ ObjectHandle TransitionEdges(ObjectHandle transition);
 // `FrameRate`.
 ObjectHandle ChainOfOwner(ObjectHandle owner);
 ChildRange ComponentsOf(ObjectHandle chain);
-// `MatchName` of a picture effect, `FilterMatchName` of a sound effect.
+// `MatchName` of a video effect, `FilterMatchName` of an audio effect.
 std::string_view ComponentMatchName(ObjectHandle component);
 // `DisplayName`, `InstanceName`, `Bypass`.
 ObjectHandle ComponentCore(ObjectHandle component);
@@ -153,7 +154,7 @@ ChildRange DependenciesOf(ObjectHandle component);
 
 // `NumInputChannels`, `AssignedChannel0` and on, `Matrix`; null for a panner of another kind.
 ObjectHandle DirectPanProcessorOf(ObjectHandle owner);
-// The processor's sound component; its params are ParamsOf.
+// The processor's audio component; its params are ParamsOf.
 ObjectHandle PanProcessorOf(ObjectHandle owner);
 
 // ---- Markers
