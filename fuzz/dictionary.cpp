@@ -1,5 +1,5 @@
-// Prints a libFuzzer dictionary: the words of both grammars, what the tokeniser looks at, and
-// some of looks, of the script and of timecodes.
+// Prints a libFuzzer dictionary: the tags and attributes of both vocabularies, what the tokeniser
+// looks at, and some of looks, of the script and of timecodes.
 #include "project/classes.h"
 #include "tree/reading_table.h"
 #include "xmeml/elements.h"
@@ -67,10 +67,10 @@ int main()
 
     std::set<std::string_view> tags;
     std::set<std::string_view> attributes;
-    for (const ReadingTable* grammar : {&XmemlReadingTable(), &ProjectReadingTable()}) {
-        for (const Name& tag : grammar->Tags())
+    for (const ReadingTable* table : {&XmemlReadingTable(), &ProjectReadingTable()}) {
+        for (const Name& tag : table->Tags())
             tags.insert(tag.View());
-        for (const Rule& rule : grammar->Rules())
+        for (const Rule& rule : table->Rules())
             for (const Name& attribute : rule.attributes)
                 attributes.insert(attribute.View());
     }

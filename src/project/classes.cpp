@@ -9,14 +9,14 @@ namespace XPJ {
 
 namespace {
 
-using namespace Rows;
+using namespace ClassRows;
 
 // Why rows are not used in both directions.
 
 constexpr FieldUse kIdentity = WriteOnly("an identity inside the host");
 constexpr FieldUse kCounter = WriteOnly("a counter of the host");
 constexpr FieldUse kSettings = WriteOnly("settings of the host, which no other document has");
-constexpr FieldUse kForHost = WriteOnly("what the import tells the host");
+constexpr FieldUse kForHost = WriteOnly("what the import states for the host");
 constexpr FieldUse kPresentation = WriteOnly("how the host presents it");
 constexpr FieldUse kNoCounterpart = WriteOnly("no counterpart in xmeml");
 constexpr FieldUse kLeadsNowhere = WriteOnly("leads to nothing that is translated");

@@ -3,14 +3,14 @@
 //
 // A document is a flat list of objects under `VelaData`, which refer to each other by number or
 // GUID. The body of a class nests the parts of its bases. The reader makes a node of each part; a
-// wrapper is transparent for it. What a row says of a part holds wherever a part of that name is,
-// because the reader has one rule for it.
+// wrapper is transparent for it. What a row states of a part is valid wherever a part of that name
+// is, because the reader has one rule for it.
 //
-// The rows of a body serve both passes of the writer: printing, and finding the objects that need a
+// Both passes of the writer use the rows of a body: printing, and finding the objects that need a
 // number. So a body cannot mention an object that was never numbered.
 #pragma once
 
-#include "project/body_rows.h"
+#include "project/class_rows.h"
 #include "tree/reading_table.h"
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// What a project document has beyond its grammar: objects by number or GUID, and references to
+// What a project document has beyond its classes: objects by number or GUID, and references to
 // them.
 #include "project/reader.h"
 
@@ -26,7 +26,7 @@ public:
     {
     }
 
-    // Bytes that several objects share stand with one of them; the others name only their hash.
+    // Bytes that several objects share are stated by one of them; the others name only their hash.
     void ShareBlobs() const
     {
         for (const ObjectHandle node : blobsWithoutBytes_)
@@ -54,7 +54,7 @@ private:
         return false;
     }
 
-    // The target will hang under the reference's own tag: what it is, its node's name tells.
+    // The target is entered under the tag of the reference; its node's name is its class.
     void Refer(ObjectHandle node, const StartTag& tag)
     {
         const Name childName = Table().TagName(Table().FindTag(tag.name));
@@ -77,10 +77,10 @@ private:
         }
         SetBinaryHash(element.node, element.attributes);
         if (element.rule->tag == "StartKeyframeValue")
-            NoteBlob(element.node);
+            KeepBlob(element.node);
     }
 
-    void NoteBlob(ObjectHandle node)
+    void KeepBlob(ObjectHandle node)
     {
         if (!HasValue(node, "BinaryHash"))
             return;
@@ -115,16 +115,16 @@ int ParseProjectDocument(std::string_view text, Document& document, ObjectHandle
 int ReadProjectDocument(std::istream& input, Document& document, ObjectHandle& root,
                         ReadNotes* notes)
 {
-    ReadNotes unwanted;
-    ReadNotes& told = notes ? *notes : unwanted;
-    told = {};
+    ReadNotes unused;
+    ReadNotes& found = notes ? *notes : unused;
+    found = {};
     root = {};
     if (!input.good()) {
-        told.stop.reason = "the stream can't be read";
+        found.stop.reason = "the stream can't be read";
         return kReadNoInput;
     }
-    const std::string_view text = DecodeInput(ReadInput(input, document), document, told.encoding);
-    return ParseProjectDocument(text, document, root, &told.stop);
+    const std::string_view text = DecodeInput(ReadInput(input, document), document, found.encoding);
+    return ParseProjectDocument(text, document, root, &found.stop);
 }
 
 } // namespace XPJ

@@ -25,11 +25,11 @@ namespace {
 
 constexpr unsigned kObjectsPerCheck = 256;
 
-// Under this name hangs a part of the other document's tree.
+// Under this name a part of the other document's tree is entered.
 constexpr std::string_view kForeignChild = "fcpmasterclip";
 
 // What the writer knows of a node.
-struct NodeNote {
+struct NodeRecord {
     const ProjectClass* projectClass = nullptr;
     std::uint32_t number = 0; // 0: not mentioned by number
     bool visited = false;
@@ -56,13 +56,13 @@ public:
     void Collect(ObjectHandle document);
 
     // 0 for a node that is no numbered object.
-    std::uint32_t NumberOf(ObjectHandle node) { return notes_[node].number; }
-    // The `uid`, or a GUID that is made up for a node without one and kept for this document.
+    std::uint32_t NumberOf(ObjectHandle node) { return records_[node].number; }
+    // The `uid`, or a GUID that is generated for a node without one and kept for this document.
     std::string_view GuidOf(ObjectHandle node);
 
     const std::vector<ObjectHandle>& Numbered() const { return numbered_; }
     const std::vector<ObjectHandle>& WithGuid() const { return withGuid_; }
-    const ProjectClass& ClassOf(ObjectHandle node) { return *notes_[node].projectClass; }
+    const ProjectClass& ClassOf(ObjectHandle node) { return *records_[node].projectClass; }
 
 private:
     struct Visit {
@@ -74,25 +74,25 @@ private:
     void Leave(ObjectHandle node);
     void NumberChildren(std::span<const BodyRow> rows, ObjectHandle node);
 
-    NodeTable<NodeNote> notes_;
-    std::vector<ObjectHandle> numbered_; // the object numbered N stands at N - 1
+    NodeTable<NodeRecord> records_;
+    std::vector<ObjectHandle> numbered_; // the object numbered N is at N - 1
     std::vector<ObjectHandle> withGuid_;
     std::unordered_map<std::uint64_t, std::string> freshGuids_;
 };
 
 std::optional<ObjectList::Visit> ObjectList::Enter(ObjectHandle node)
 {
-    NodeNote& note = notes_[node];
-    if (note.visited)
+    NodeRecord& record = records_[node];
+    if (record.visited)
         return std::nullopt;
-    note.visited = true;
-    note.projectClass = FindProjectClass(node.GetName().View());
+    record.visited = true;
+    record.projectClass = FindProjectClass(node.GetName().View());
     return Visit{node, node.GetChildren().begin()};
 }
 
 void ObjectList::Leave(ObjectHandle node)
 {
-    const ProjectClass* const projectClass = notes_[node].projectClass;
+    const ProjectClass* const projectClass = records_[node].projectClass;
     if (!projectClass)
         return;
     NumberChildren(projectClass->body, node);
@@ -107,12 +107,12 @@ void ObjectList::NumberChildren(std::span<const BodyRow> rows, ObjectHandle node
         if (row.kind == RowKind::Include)
             NumberChildren(row.rows, node);
         ForEachNumbered(row, node, [this](ObjectHandle child) {
-            NodeNote& note = notes_[child];
-            if (note.number != 0 || !note.projectClass ||
-                note.projectClass->identity != Identity::Number)
+            NodeRecord& record = records_[child];
+            if (record.number != 0 || !record.projectClass ||
+                record.projectClass->identity != Identity::Number)
                 return;
             numbered_.push_back(child);
-            note.number = static_cast<std::uint32_t>(numbered_.size());
+            record.number = static_cast<std::uint32_t>(numbered_.size());
         });
     }
 }

@@ -42,7 +42,7 @@ void IdTable::Add(std::string_view type, std::string_view id, ObjectHandle node)
     nodes_.emplace(Key{type, newId}, node);
 }
 
-// Names stay taken, so a search that goes on from the last number finds what one from 1 would.
+// Ids stay taken, so a search that continues from the last number finds what one from 1 would.
 std::string IdTable::FreeId(const Key& taken)
 {
     static const boost::regex kTrailingNumber("[0-9]+$");

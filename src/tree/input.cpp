@@ -10,23 +10,23 @@ namespace {
 constexpr std::size_t kFileBlock = std::size_t{1024} * 1024;
 constexpr std::size_t kStreamBlock = std::size_t{64} * 1024;
 
-// A file of known size goes to its place at once.
+// A file of known size is read into its final memory at once.
 bool ReadSized(CoreFile& file, char* buffer, std::size_t& size, const BlockStep& step)
 {
-    std::size_t place = 0;
-    while (place < size) {
-        const std::size_t wanted = std::min(kFileBlock, size - place);
+    std::size_t offset = 0;
+    while (offset < size) {
+        const std::size_t wanted = std::min(kFileBlock, size - offset);
         std::size_t count = 0;
-        if (!file.Read(buffer + place, wanted, count) || (step && !step(count)))
+        if (!file.Read(buffer + offset, wanted, count) || (step && !step(count)))
             return false;
-        place += count;
+        offset += count;
         if (count < wanted) // it has become shorter
-            size = place;
+            size = offset;
     }
     return true;
 }
 
-// Pipes and devices don't tell their size.
+// Pipes and devices don't report their size.
 bool ReadBlocks(CoreFile& file, std::string& bytes, const BlockStep& step)
 {
     for (std::size_t count = kStreamBlock; count == kStreamBlock;) {

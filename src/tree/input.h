@@ -11,10 +11,10 @@
 
 namespace XPJ {
 
-// Told the bytes of each block that was read; false ends the reading.
+// Called with the number of bytes of each block that was read; false ends the reading.
 using BlockStep = std::function<bool(std::size_t bytes)>;
 
-// All of an open file, as far as it goes. False when it can't be read (the file knows why) or
+// All of an open file, to its end. False when it can't be read (the file has the error) or
 // `step` ended it.
 bool ReadInput(CoreFile& file, Document& document, std::string_view& bytes,
                const BlockStep& step = {});

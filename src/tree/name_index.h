@@ -40,7 +40,7 @@ public:
 private:
     static constexpr std::size_t kSlots = std::bit_ceil(4 * Count);
 
-    // A few characters tell the names of a grammar apart well enough.
+    // A few characters are enough to distinguish the names of a vocabulary.
     static constexpr std::size_t FirstSlot(std::string_view name)
     {
         std::uint32_t hash = static_cast<std::uint32_t>(name.size());

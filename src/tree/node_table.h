@@ -1,4 +1,4 @@
-// A note for each node of a walk, found by the node's identity in constant time.
+// A record for each node of a walk, found by the node's identity in constant time.
 #pragma once
 
 #include "tree/object.h"
@@ -12,15 +12,15 @@
 
 namespace XPJ {
 
-// Identities of one conversion lie close together, so the notes stand in pages of neighbours; a
-// page is made when one of its nodes is first asked for. A note's place does not move.
-template <class Note>
+// The identities of one conversion are close together, so the records are kept in pages of
+// neighbours; a page is made when one of its nodes is first looked up. A record does not move.
+template <class Record>
 class NodeTable {
 public:
-    Note& operator[](ConstHandle node)
+    Record& operator[](ConstHandle node)
     {
         const std::uint64_t page = node.UniqueId() / kPageSize;
-        if (page - firstPage_ >= pages_.size()) // also when it lies before the first
+        if (page - firstPage_ >= pages_.size()) // also when it is before the first
             Widen(page);
         std::unique_ptr<Page>& slot = pages_[page - firstPage_];
         if (!slot)
@@ -30,7 +30,7 @@ public:
 
 private:
     static constexpr std::uint64_t kPageSize = 1024;
-    using Page = std::array<Note, kPageSize>;
+    using Page = std::array<Record, kPageSize>;
 
     // Grows by half, so that a walk in falling order costs no more than one in rising order.
     void Widen(std::uint64_t page)

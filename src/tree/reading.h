@@ -1,4 +1,4 @@
-// What all readers say of how reading went. Readers are lenient by design: they stop only at what
+// How reading went, as all readers report it. Readers are lenient by design: they stop only at what
 // the tokeniser calls a syntax error, at a cancellation, or at the input's end, where the tree
 // holds what was complete.
 #pragma once
@@ -22,9 +22,9 @@ enum ReadResult : int {
 // Nesting of more levels is a syntax error.
 constexpr int kMaxNesting = 1000;
 
-// Where and why reading stopped early; `reason` is empty when it did not. Beside kReadDone it tells
-// that the input ends inside an element: the tree then holds what came before. `line` is 0 where
-// the reason has no place, as for a missing file or element.
+// Where and why reading stopped early; `reason` is empty when it did not. Beside kReadDone it
+// reports that the input ends inside an element: the tree then holds what came before. `line` is 0
+// where the reason has no location, as for a missing file or element.
 struct ReadStop {
     std::string reason;
     std::size_t offset = 0; // bytes from the start of the text, in UTF-8

@@ -4,8 +4,8 @@
 //   children    rules of the elements that become child nodes
 //   references  self-closed elements that lead to a node elsewhere in the document
 // Everything else is transparent: an element unknown to a rule has no node, and its content is
-// offered to the rule itself. Of two entries of one tag in a rule a child goes before a leaf, and a
-// leaf before a reference.
+// offered to the rule itself. Of two entries of one tag in a rule a child precedes a leaf, and a
+// leaf a reference.
 #pragma once
 
 #include "tree/object.h"
@@ -31,7 +31,7 @@ struct RuleSource {
     Name text = {};                    // property that keeps the element's own text
 };
 
-// What a rule does with a start tag. A higher kind goes before a lower one.
+// What a rule does with a start tag. A higher kind precedes a lower one.
 struct Action {
     enum Kind : std::uint16_t { Ignore, Reference, Leaf, Child };
     Kind kind = Ignore;

@@ -36,7 +36,7 @@ public:
         (Write(std::string_view(rest)), ...);
     }
 
-    // A document's value: it stands in the tree escaped, but damaged input may have got through.
+    // A document's value: it is escaped in the tree, but damaged input may have come through.
     void WriteValue(std::string_view value)
     {
         Write(IsPlainText(value) ? value : std::string_view(WellFormedText(value)));
@@ -58,7 +58,7 @@ public:
         Write(kTabs.substr(0, static_cast<std::size_t>(count)));
     }
 
-    // To be called at the end, too: a destructor could not tell of a stream that throws.
+    // To be called at the end, too: a destructor could not report a stream that throws.
     void Flush()
     {
         HandOver();

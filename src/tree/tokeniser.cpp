@@ -35,7 +35,7 @@ std::string_view View(const char* begin, const char* end)
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
-// The first byte that does not count as it stands.
+// The first byte that does not count unchanged.
 const char* FirstOdd(const char* begin, const char* end)
 {
     const char* const odd =
@@ -243,7 +243,7 @@ Tokeniser::Step Tokeniser::ScanCData(Content content)
     const char* const begin = next_;
     for (const char* close = Find('>'); close; close = Find('>')) {
         next_ = close + 1;
-        // "]]" before it, whatever NUL bytes stand between.
+        // "]]" before it, whatever NUL bytes are between.
         const char* end = close;
         int brackets = 0;
         while (end != begin && brackets < 2 && (end[-1] == ']' || end[-1] == '\0'))
@@ -315,7 +315,7 @@ bool Tokeniser::TakeText(const char* begin, const char* end)
     return !text_.empty();
 }
 
-// What counts of [begin, end); `firstOdd` is the first byte of it that may not count as it stands.
+// What counts of [begin, end); `firstOdd` is the first byte of it that may not count unchanged.
 std::string_view Tokeniser::Clean(const char* begin, const char* end, const char* firstOdd,
                                   Slash slash)
 {

@@ -1,4 +1,4 @@
-// The bytes of a document as tokens. One scanner serves both document families.
+// The bytes of a document as tokens. One scanner for both document families.
 //
 // It is lenient by design: no declaration, entity or encoding is looked at, a start tag that is
 // never closed is no fault, and values are the file's bytes. These rules give its shape:
@@ -7,7 +7,7 @@
 //   - A "/" anywhere in a start tag outside quotes makes it self-closed.
 //   - A "<" ends any tag, declaration or quoted value that is not complete; what it cut off is
 //     dropped. A second "<" before a name starts is the one syntax error.
-//   - Text loses its bytes below 32. What stands behind the last "<" of the input is dropped.
+//   - Text loses its bytes below 32. What follows the last "<" of the input is dropped.
 //   - A comment with "--" inside lasts to the next "<".
 //
 //   Tokeniser tokens(text, document);
@@ -25,9 +25,9 @@ enum class Token {
     Start,       // Name, Attributes, IsSelfClosed
     End,         // Name
     Text,        // Text: not empty, up to the next "<"
-    CData,       // Text: not empty, as it stands
+    CData,       // Text: not empty, unchanged
     EndOfInput,  // also inside an element or tag
-    SyntaxError, // a second "<"; Offset is its place
+    SyntaxError, // a second "<"; Offset is its position
     Cancelled,
 };
 
@@ -40,7 +40,7 @@ enum class Content {
 
 class Tokeniser {
 public:
-    // `input` must live as long as the document; so do all texts given out, which lie in the input
+    // `input` must live as long as the document; so do all texts given out, which are in the input
     // or, where they differ from it, in the document. Each KB entered is a step of `stage`.
     Tokeniser(std::string_view input, Document& document, StageScope* stage = nullptr);
 

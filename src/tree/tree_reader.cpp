@@ -40,13 +40,13 @@ void TextRuns::Append(std::string_view run, Document& document)
     text_ = {copy_, size};
 }
 
-TreeReader::TreeReader(const ReadingTable& grammar, std::string_view input, Document& document,
+TreeReader::TreeReader(const ReadingTable& table, std::string_view input, Document& document,
                        StageScope* stage)
-    : table_(grammar), input_(input), document_(document), tokens_(input, document, stage),
+    : table_(table), input_(input), document_(document), tokens_(input, document, stage),
       ids_(document)
 {
     open_.reserve(64);
-    const Rule& root = grammar.Root();
+    const Rule& root = table.Root();
     open_.push_back({&root, document.NewObject(root.tag), {}, {}});
 }
 
@@ -234,7 +234,7 @@ void TreeReader::FillStop(ReadStop& stop) const
     stop.column = position.column;
     stop.path.clear();
     for (std::size_t i = 1; i < open_.size(); ++i) {
-        // Of a deep path both ends tell enough.
+        // Of a deep path both ends are enough.
         if (i == kPathEnds + 1 && open_.size() > 2 * kPathEnds + 2) {
             stop.path += "/...";
             i = open_.size() - kPathEnds;

@@ -1,4 +1,4 @@
-// Bytes to tree by a grammar. What the two document families do beyond the grammar are the hooks.
+// Bytes to tree by a reading table. What a vocabulary does beyond its table are the hooks.
 #pragma once
 
 #include "tree/id_table.h"
@@ -21,13 +21,13 @@ public:
 
 private:
     std::string_view text_;
-    char* copy_ = nullptr; // where text_ lies once it is more than one run
+    char* copy_ = nullptr; // what text_ views once it is more than one run
     std::size_t capacity_ = 0;
 };
 
 class TreeReader {
 public:
-    TreeReader(const ReadingTable& grammar, std::string_view input, Document& document,
+    TreeReader(const ReadingTable& table, std::string_view input, Document& document,
                StageScope* stage);
     TreeReader(const TreeReader&) = delete;
     TreeReader& operator=(const TreeReader&) = delete;

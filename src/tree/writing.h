@@ -1,4 +1,4 @@
-// What all writers say of how writing went.
+// How writing went, as all writers report it.
 #pragma once
 
 namespace XPJ {

@@ -4,115 +4,12 @@
 #include "tree/name_index.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace XPJ {
 
 namespace {
 
-constexpr XmemlField Required(Name name, FieldUse use = {})
-{
-    return {.kind = FieldKind::Required, .name = name, .use = use};
-}
-
-constexpr XmemlField RequiredOr(Name name, std::string_view missing)
-{
-    return {.kind = FieldKind::Required, .name = name, .text = missing};
-}
-
-constexpr XmemlField RequiredFrom(Name property, Name name)
-{
-    return {.kind = FieldKind::Required, .name = name, .property = property};
-}
-
-constexpr XmemlField Leaf(Name name, FieldUse use = {})
-{
-    return {.kind = FieldKind::Leaf, .name = name, .use = use};
-}
-
-constexpr XmemlField Fixed(Name name, std::string_view text, FieldUse use)
-{
-    return {.kind = FieldKind::Fixed, .name = name, .use = use, .text = text};
-}
-
-constexpr XmemlField LeafBy(XmemlRule rule, Name name)
-{
-    return {.kind = FieldKind::LeafBy, .name = name, .rule = rule};
-}
-
-constexpr XmemlField Child(Name name, FieldUse use = {})
-{
-    return {.kind = FieldKind::Child, .name = name, .use = use};
-}
-
-constexpr XmemlField ReferableChild(Name name, Name reference, FieldUse use = {})
-{
-    return {.kind = FieldKind::Child, .name = name, .use = use, .reference = reference};
-}
-
-// A child that is written by a row of its own.
-constexpr XmemlField ChildAs(Name name, std::string_view element)
-{
-    return {.kind = FieldKind::Child, .name = name, .element = element};
-}
-
-constexpr XmemlField Each(Name name)
-{
-    return {.kind = FieldKind::Each, .name = name};
-}
-
-constexpr XmemlField Mixed(Name name, FieldUse use = {})
-{
-    return {.kind = FieldKind::Mixed, .name = name, .use = use};
-}
-
-constexpr XmemlField ReferableMixed(Name name, Name reference)
-{
-    return {.kind = FieldKind::Mixed, .name = name, .reference = reference};
-}
-
-constexpr XmemlField WholeOrReference(Name name, Name reference, FieldUse use = {})
-{
-    return {.kind = FieldKind::Whole, .name = name, .use = use, .reference = reference};
-}
-
-constexpr XmemlField ChildBy(XmemlRule rule, Name name)
-{
-    return {.kind = FieldKind::ChildBy, .name = name, .rule = rule};
-}
-
-constexpr XmemlAttribute Always(Name name)
-{
-    return {.kind = AttributeKind::Always, .name = name};
-}
-
-constexpr XmemlAttribute Present(Name name, FieldUse use = {})
-{
-    return {.kind = AttributeKind::Present, .name = name, .use = use};
-}
-
-constexpr XmemlAttribute Equal(Name name, std::string_view text)
-{
-    return {.kind = AttributeKind::Equal, .name = name, .text = text};
-}
-
-constexpr XmemlAttribute FixedText(Name name, std::string_view text)
-{
-    return {.kind = AttributeKind::Fixed, .name = name, .text = text};
-}
-
-constexpr XmemlAttribute ListOf(std::span<const Name> (*list)(), FieldUse use = {})
-{
-    return {.kind = AttributeKind::List, .use = use, .list = list};
-}
-
-constexpr XmemlAttribute OrLeaf(XmemlAttribute attribute, FieldUse use = {})
-{
-    attribute.isLeafToo = true;
-    if (!use.reason.empty())
-        attribute.use = use;
-    return attribute;
-}
+using namespace ElementRows;
 
 // Reasons of several rows.
 
@@ -577,51 +474,6 @@ constexpr bool EveryChildHasARow()
 }
 static_assert(EveryChildHasARow());
 
-void AddAttributes(std::span<const XmemlAttribute> attributes, RuleSource& rule)
-{
-    for (const XmemlAttribute& attribute : attributes) {
-        if (!attribute.use.isRead)
-            continue;
-        const std::span<const Name> names =
-            attribute.list ? attribute.list() : std::span<const Name>(&attribute.name, 1);
-        rule.attributes.insert(rule.attributes.end(), names.begin(), names.end());
-        if (attribute.isLeafToo)
-            rule.leaves.insert(rule.leaves.end(), names.begin(), names.end());
-    }
-}
-
-// Adds a row to the rule of its tag.
-void AddRow(const XmemlElement& element, RuleSource& rule)
-{
-    for (const XmemlField& field : element.fields) {
-        if (!field.use.isRead)
-            continue;
-        if (field.IsChild())
-            rule.children.emplace_back(field.name.View());
-        else
-            rule.leaves.push_back(field.name);
-    }
-    if (element.tag == element.name) // further rows of a tag repeat its attributes
-        AddAttributes(element.attributes, rule);
-    if (!element.text.IsEmpty())
-        rule.text = element.text;
-}
-
-// What is only written has no rule: no rule that is reached names it.
-std::vector<RuleSource> ReadRules()
-{
-    std::vector<RuleSource> rules{{.name = "root", .tag = "root"}};
-    for (std::size_t i = 0; i < rules.size(); ++i) {
-        for (const XmemlElement& element : kElements)
-            if (element.tag == rules[i].tag)
-                AddRow(element, rules[i]);
-        for (const std::string& child : std::vector(rules[i].children))
-            if (std::ranges::find(rules, child, &RuleSource::name) == rules.end())
-                rules.push_back({.name = child, .tag = kElementIndex.Find(child)->tag});
-    }
-    return rules;
-}
-
 } // namespace
 
 std::span<const XmemlElement> XmemlElements()
@@ -632,12 +484,6 @@ std::span<const XmemlElement> XmemlElements()
 const XmemlElement* FindXmemlElement(std::string_view name)
 {
     return kElementIndex.Find(name);
-}
-
-const ReadingTable& XmemlReadingTable()
-{
-    static const ReadingTable table(ReadRules());
-    return table;
 }
 
 } // namespace XPJ

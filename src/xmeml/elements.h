@@ -2,9 +2,8 @@
 // file order. The reader's rules, the writer and the tables in docs/xmeml.md follow from them.
 #pragma once
 
-#include "tree/field_use.h"
-#include "tree/object.h"
 #include "tree/reading_table.h"
+#include "xmeml/element_rows.h"
 
 #include <atomic>
 #include <cstdint>
@@ -12,61 +11,6 @@
 #include <string_view>
 
 namespace XPJ {
-
-// What is written from more than one property or child.
-enum class XmemlRule : std::uint8_t {
-    ClipDuration,       // of a clip's `media`, else the clip's own, else 0
-    ClipRate,           // the `rate` of a clip, else of its `media`, else the default rate
-    RateOrDefault,      // the `rate`, else the default rate
-    OfOwnFile,          // of a clip item whose file is no reference: the leaf of the file's video
-    SequenceUnlessFile, // an item shows either a file or a sequence
-    AudioOfFile,        // one element or more, by `channeltype` and `channelcount`
-};
-
-// How a field is written. The reader takes any leaf, and any child.
-enum class FieldKind : std::uint8_t {
-    Required, // <tag>value</tag>, the default if the node lacks the property
-    Leaf,     // the same, only if the node has it
-    Fixed,    // <tag>text</tag>
-    LeafBy,   // by a rule
-    Child,    // the first child of that name
-    Each,     // each child of that name
-    Mixed,    // with the rows of this kind beside it: each child, in the node's order
-    Whole,    // the child, or a reference to it if the node has the property `reference`
-    ChildBy,  // by a rule
-};
-
-struct XmemlField {
-    FieldKind kind;
-    Name name;
-    FieldUse use = {};
-    Name property = name;                   // what a leaf is written from
-    std::string_view text = {};             // default, fixed text
-    std::string_view element = name.View(); // row by which a child is written
-    // Of a child: a self-closed element with an id is a reference to the element of that tag and
-    // id, wherever it is in the document; the node keeps the id under this name.
-    Name reference = {};
-    XmemlRule rule = {};
-
-    constexpr bool IsChild() const { return kind >= FieldKind::Child; }
-};
-
-enum class AttributeKind : std::uint8_t {
-    Always,  // name="value"
-    Present, // the same if the node has the property
-    Equal,   // the same if the value is `text`
-    Fixed,   // name="text"
-    List,    // each name of a list that the node has
-};
-
-struct XmemlAttribute {
-    AttributeKind kind;
-    Name name = {};
-    FieldUse use = {};
-    std::string_view text = {};
-    std::span<const Name> (*list)() = nullptr;
-    bool isLeafToo = false; // read from an element of that name as well; the attribute wins
-};
 
 // An element with child nodes is what references of its tag and id lead to.
 struct Definition {
@@ -76,7 +20,7 @@ struct Definition {
         GivenNumber,        // which becomes its id as well
     };
     NoId noId = NotEntered;
-    bool firstWins = false; // a second one is dropped from the table without a word
+    bool firstWins = false; // a second one is not entered, without a report
     std::atomic<int>* lastNumber = nullptr;
 };
 

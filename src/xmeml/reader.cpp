@@ -91,7 +91,7 @@ private:
         if (!definition || !EqualsIgnoreCase(tag, current.rule->tag.View()))
             return;
         Define(*definition, current.rule->tag.View(), current.node);
-        // A file's rate is then found in one place.
+        // So a file's rate is always its own child.
         if (current.rule->name == "file" && !current.node.HasChild("rate"))
             current.node.AddChild("rate", current.node.GetChild("timecode").GetChild("rate"));
     }
@@ -122,9 +122,9 @@ private:
 int ReadFCPXML(const std::string& path, Progress& progress, Document& document, ObjectHandle& root,
                XmemlReadNotes* notes)
 {
-    XmemlReadNotes unwanted;
-    XmemlReadNotes& told = notes ? *notes : unwanted;
-    told = {};
+    XmemlReadNotes unused;
+    XmemlReadNotes& found = notes ? *notes : unused;
+    found = {};
     root = {};
     CoreFile file;
     file.StopWhen([&progress] { return progress.IsCancelled(); });
@@ -142,14 +142,14 @@ int ReadFCPXML(const std::string& path, Progress& progress, Document& document, 
     if (!file.IsOpen() || !ReadInput(file, document, bytes, step)) {
         if (progress.IsCancelled())
             return kReadCancelled;
-        told.stop.reason = ErrorText(file.Error());
+        found.stop.reason = ErrorText(file.Error());
         return kReadNoInput;
     }
-    const std::string_view text = DecodeInput(bytes, document, told.encoding);
-    told.kind = SniffText(text);
+    const std::string_view text = DecodeInput(bytes, document, found.encoding);
+    found.kind = SniffText(text);
     if (!stage && !text.empty())
         stage.emplace(progress, 1, stepsOf(text.size()));
-    return FCPXMLReader(text, document, stage ? &*stage : nullptr).Read(root, &told.stop);
+    return FCPXMLReader(text, document, stage ? &*stage : nullptr).Read(root, &found.stop);
 }
 
 int ParseFCPXML(std::string_view text, Document& document, ObjectHandle& root, ReadStop* stop)

@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kSniffedBytes = 1000;
 
 constexpr std::string_view kDocumentMark = "<xmeml version=";
-// Any of these has to stand beside it.
+// At least one of these has to be there as well.
 constexpr std::string_view kContentMarks[] = {"<!doctype xmeml>", "<sequence", "<clip", "<bin",
                                               "<project"};
 // All of these make it a hand-off.

@@ -1,4 +1,4 @@
-// What the head of an XML document tells about it, before it is read.
+// What the head of an XML document states, before it is read.
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@ struct FileKind {
 // Looks at no more than the first 1000 bytes, without regard to case: a long comment in front of
 // the document hides it.
 FileKind SniffText(std::string_view text);
-// The same for a file as it lies there: one whose encoding isn't a kind of ASCII is no document.
+// The same for the bytes of a file: one whose encoding isn't a kind of ASCII is no document.
 FileKind SniffFile(const std::string& path);
 
 } // namespace XPJ

@@ -73,7 +73,7 @@ private:
     void WriteRate(ObjectHandle rate, int level);
     void WriteWholeOrReference(ObjectHandle node, const XmemlField& field, int level);
     void WriteAudioOfFile(ObjectHandle audio, int level);
-    void WriteChannel(ObjectHandle audio, const FileAudioLayout& form, std::int64_t index,
+    void WriteChannel(ObjectHandle audio, const FileAudioLayout& layout, std::int64_t index,
                       int level);
     void WriteLine(Name name, std::string_view value, int level);
     void WriteOptional(ObjectHandle node, Name name, int level);
@@ -313,41 +313,42 @@ void XmemlWriter::WriteAudioOfFile(ObjectHandle audio, int level)
 {
     if (!audio || level >= kMaxNesting)
         return;
-    const FileAudioLayout* form = nullptr;
+    const FileAudioLayout* layout = nullptr;
     for (const FileAudioLayout& candidate : kFileAudioLayouts)
         if (HasValue(audio, "channeltype") &&
             candidate.channelType == IntProperty(audio, "channeltype"))
-            form = &candidate;
+            layout = &candidate;
     const std::int64_t channels = IntProperty(audio, "channelcount");
     std::int64_t count = 1;
-    if (form && form->channelsPerElement == 1)
+    if (layout && layout->channelsPerElement == 1)
         count = channels;
-    else if (form && form->channelsPerElement > 1)
-        count = (channels - 1) / form->channelsPerElement + 1;
+    else if (layout && layout->channelsPerElement > 1)
+        count = (channels - 1) / layout->channelsPerElement + 1;
 
     for (std::int64_t i = 0; i < count && !IsCancelled(); ++i) {
         WriteStart("audio", level);
         WriteWhole(audio.GetChild(Name("samplecharacteristics")), "samplecharacteristics",
                    level + 1);
-        if (form)
-            WriteChannel(audio, *form, i, level + 1);
+        if (layout)
+            WriteChannel(audio, *layout, i, level + 1);
         WriteEnd("audio", level);
     }
 }
 
-void XmemlWriter::WriteChannel(ObjectHandle audio, const FileAudioLayout& form, std::int64_t index,
-                               int level)
+void XmemlWriter::WriteChannel(ObjectHandle audio, const FileAudioLayout& layout,
+                               std::int64_t index, int level)
 {
-    const std::int64_t channels =
-        form.channelsPerElement != 0 ? form.channelsPerElement : IntProperty(audio, "channelcount");
+    const std::int64_t channels = layout.channelsPerElement != 0
+                                      ? layout.channelsPerElement
+                                      : IntProperty(audio, "channelcount");
     WriteLine("channelcount", IntToString(channels), level);
-    if (form.pairLayout)
+    if (layout.pairLayout)
         WriteLine("layout", "stereo", level);
-    if (!form.sourceChannel || level >= kMaxNesting)
+    if (!layout.sourceChannel || level >= kMaxNesting)
         return;
     WriteStart("audiochannel", level);
     WriteLine("sourcechannel", IntToString(index + 1), level + 1);
-    if (form.pairLayout)
+    if (layout.pairLayout)
         WriteLine("channellabel", index % 2 == 0 ? "left" : "right", level + 1);
     WriteEnd("audiochannel", level);
 }

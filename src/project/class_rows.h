@@ -36,7 +36,7 @@ enum class RowKind : std::uint8_t {
     MarkerRecord, // the JSON record of a marker
 
     ReadLeaf, // not written
-    ReadPart, // not written; other classes say what it holds
+    ReadPart, // not written; other classes state its fields
 };
 
 struct BodyRow {
@@ -52,7 +52,7 @@ struct BodyRow {
 };
 
 // How rows are written in the table.
-namespace Rows {
+namespace ClassRows {
 
 constexpr BodyRow Part(Name tag, unsigned version)
 {
@@ -177,6 +177,6 @@ constexpr BodyRow MarkerRecord(Name tag)
     return {.kind = RowKind::MarkerRecord, .tag = tag};
 }
 
-} // namespace Rows
+} // namespace ClassRows
 
 } // namespace XPJ
