@@ -110,9 +110,8 @@ void RegisterChannel(ExportContext& context, const TrackPlace& track, const Item
 
 EffectContext EffectsOf(ExportContext& context, const TrackPlace& track, const ItemRecord& record)
 {
-    return EffectContextAt(context,
-                           PlaceOfItem(track, Int64Property(ItemEdges(record.item), "Start"),
-                                       record.subClip.GetProperty("Name")),
+    return EffectContextOf(context, track, Int64Property(ItemEdges(record.item), "Start"),
+                           record.subClip.GetProperty("Name"),
                            context.inTicks ? 1 : record.timing.rate);
 }
 

@@ -6,6 +6,8 @@
 
 namespace XPJ::RVX {
 
+namespace {
+
 EffectContext EffectContextAt(ExportContext& context, const ItemPlace& place, Ticks frameTicks)
 {
     return {.document = context.document,
@@ -14,6 +16,22 @@ EffectContext EffectContextAt(ExportContext& context, const ItemPlace& place, Ti
             .frameTicks = frameTicks,
             .isHandOff = context.vl2snMode,
             .exportTransformEffect = context.exportTransformEffect};
+}
+
+} // namespace
+
+EffectContext EffectContextOf(ExportContext& context, const TrackPlace& track, Ticks start,
+                              std::string_view clipName, Ticks frameTicks)
+{
+    EffectContext effects =
+        EffectContextAt(context,
+                        {.sequence = track.sequence.sequence.GetProperty("Name"),
+                         .clip = clipName,
+                         .trackKind = track.kind == MediaType::Video ? 1 : 2,
+                         .trackIndex = track.index},
+                        frameTicks);
+    effects.time = [&track, start] { return FormatItemTime(track.sequence, start); };
+    return effects;
 }
 
 void TranslateMasterEffects(ExportContext& context, ObjectHandle masterClip, Ticks frameTicks,

@@ -2,12 +2,15 @@
 #pragma once
 
 #include "effects/effect_context.h"
-#include "export/export_context.h"
+#include "export/item_place.h"
+
+#include <string_view>
 
 namespace XPJ::RVX {
 
-// Issues are entered at `place`; keyframes count in `frameTicks`, 1 for ticks.
-EffectContext EffectContextAt(ExportContext& context, const ItemPlace& place, Ticks frameTicks);
+// Of what starts at `start` on the track. Keyframes count in `frameTicks`, 1 for ticks.
+EffectContext EffectContextOf(ExportContext& context, const TrackPlace& track, Ticks start,
+                              std::string_view clipName, Ticks frameTicks);
 
 // The effects of the video of a master, on its `file`.
 void TranslateMasterEffects(ExportContext& context, ObjectHandle masterClip, Ticks frameTicks,

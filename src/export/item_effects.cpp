@@ -40,8 +40,8 @@ void ExportVideoEffects(ExportContext& context, const TrackPlace& track, const I
                         ObjectHandle element)
 {
     const Ticks start = Int64Property(ItemEdges(record.item), "Start");
-    EffectContext effects = EffectContextAt(
-        context, PlaceOfItem(track, start, record.subClip.GetProperty("Name")), record.timing.rate);
+    EffectContext effects = EffectContextOf(context, track, start,
+                                            record.subClip.GetProperty("Name"), record.timing.rate);
     effects.sequenceFrame = FrameOfSequence(context, track.sequence.sequence);
     effects.clipFrame = FrameOfItem(context, record).value_or(FrameSize());
     VideoChainToXmeml(effects, ChainOfOwner(ItemCore(record.item)), element);

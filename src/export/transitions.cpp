@@ -49,8 +49,8 @@ void TranslateTransition(ExportContext& context, TrackPlace& track, ObjectHandle
     if (HasValue(core, "Alignment"))
         result.SetProperty("cutPointTicks", TickText(Int64Property(core, "Alignment")));
 
-    result.AddChild(TransitionToXmeml(EffectContextAt(context, PlaceOfItem(track, start, {}), rate),
-                                      track.kind, transition));
+    result.AddChild(TransitionToXmeml(EffectContextOf(context, track, start, {}, rate), track.kind,
+                                      transition));
     track.Add(result);
     track.lastTransition = transition;
 }
