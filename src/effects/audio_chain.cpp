@@ -10,13 +10,13 @@ namespace XPJ {
 namespace {
 
 // What the filters of an item come to, in the order of the chain.
-std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemSound& sound,
+std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemAudio& audio,
                                        ConstHandle item)
 {
     ObjectHandle volume;
     std::vector<ObjectHandle> components(1);
     ForEachEffect(item, [&](ConstHandle effect) {
-        const ObjectHandle component = TranslateAudioFilter(context, sound, effect);
+        const ObjectHandle component = TranslateAudioFilter(context, audio, effect);
         if (!component)
             return;
         if (!volume && AudioEffectId(effect) == kAudioLevels.xmeml.id)
@@ -24,20 +24,20 @@ std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemS
         else
             components.push_back(component);
     });
-    components.front() = volume ? volume : MakeNeutralVolume(context, sound);
+    components.front() = volume ? volume : MakeNeutralVolume(context, audio);
     components.front().SetPropertyShared("Intrinsic", "true");
     return components;
 }
 
 } // namespace
 
-ObjectHandle BuildAudioChain(const EffectContext& context, const ItemSound& sound, ConstHandle item)
+ObjectHandle BuildAudioChain(const EffectContext& context, const ItemAudio& audio, ConstHandle item)
 {
     const ObjectHandle chain = context.document.NewObject("AudioComponentChain");
     chain.SetProperty("FrameRate", TickText(context.sampleTicks));
-    chain.SetProperty("ChannelType", IntToString(sound.channelType));
+    chain.SetProperty("ChannelType", IntToString(audio.channelType));
     int id = 1;
-    for (const ObjectHandle component : ComponentsOf(context, sound, item)) {
+    for (const ObjectHandle component : ComponentsOf(context, audio, item)) {
         component.SetProperty("ID", IntToString(id++));
         chain.AddChild("Component", component);
     }

@@ -9,7 +9,7 @@ namespace XPJ {
 
 // A new AudioComponentChain from the `filter`s of an item. The volume of the clip, which every clip
 // has, is first with `ID` 1; further levels and the filters follow in document order.
-ObjectHandle BuildAudioChain(const EffectContext& context, const ItemSound& sound,
+ObjectHandle BuildAudioChain(const EffectContext& context, const ItemAudio& audio,
                              ConstHandle item);
 
 } // namespace XPJ

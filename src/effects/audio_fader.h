@@ -14,7 +14,7 @@ struct FaderFormat {
 };
 
 // A new AudioComponentChain whose fader is neutral and not muted: a mute is a field of the track.
-ObjectHandle MakeFaderChain(Document& document, const FaderFormat& form);
+ObjectHandle MakeFaderChain(Document& document, const FaderFormat& format);
 
 // Moves the fader of a chain by the level filter of `owner`, a `track` or the `audio` of a
 // sequence. Other filters of an owner act on nothing that a fader has.

@@ -269,16 +269,16 @@ ConstHandle FindAudioEffect(ConstHandle owner, std::string_view effectId)
     return found;
 }
 
-ObjectHandle MakeNeutralVolume(const EffectContext& context, const ItemSound& sound)
+ObjectHandle MakeNeutralVolume(const EffectContext& context, const ItemAudio& audio)
 {
-    const ObjectHandle component = MakeComponent(context, sound.channelType, kAudioLevels, {});
+    const ObjectHandle component = MakeComponent(context, audio.channelType, kAudioLevels, {});
     for (const AudioParamRow& row : kLevelParams)
         component.AddChild("Param", IsLevel(row) ? MakeLevelParam(context, row, {}, 0, nullptr)
                                                  : MakeParamOfRow(context, row, {}, {}));
     return component;
 }
 
-ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemSound& sound,
+ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemAudio& audio,
                                   ConstHandle effect)
 {
     const std::string_view effectId = AudioEffectId(effect);
@@ -289,7 +289,7 @@ ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemSound&
             context.AddIssue(ImportIssue::EffectNotTranslated, EffectName(effect));
         return {};
     }
-    const ObjectHandle component = MakeComponent(context, sound.channelType, *row, effect);
+    const ObjectHandle component = MakeComponent(context, audio.channelType, *row, effect);
     bool clamped = false;
     for (const AudioParamRow& param : row->params) {
         if (param.scale == AudioScale::None) {
@@ -300,7 +300,7 @@ ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemSound&
         // A name alone is not enough for a level that is not there.
         const bool isLevel = IsLevel(param) && (source || HasValue(effect, "effectid"));
         const ObjectHandle result =
-            isLevel ? MakeLevelParam(context, param, source, sound.delayFrames, &clamped)
+            isLevel ? MakeLevelParam(context, param, source, audio.delayFrames, &clamped)
                     : MakeScaledParam(context, param, source);
         if (!result) {
             context.AddIssue(row->refusal, EffectName(effect));

@@ -69,18 +69,18 @@ ConstHandle FindAudioEffect(ConstHandle owner, std::string_view effectId);
 // ---- To a project
 
 // What the audio of an item is, beside what the context states of the item.
-struct ItemSound {
+struct ItemAudio {
     int channelType = 0;          // 0 mono, 1 stereo, 2 5.1, 3 adaptive
     std::int64_t delayFrames = 0; // `mediadelay` of the item, with which its levels move
     bool stereoSource = false;    // its file holds stereo
 };
 
 // The AudioFilterComponent of a volume that changes nothing.
-ObjectHandle MakeNeutralVolume(const EffectContext& context, const ItemSound& sound);
+ObjectHandle MakeNeutralVolume(const EffectContext& context, const ItemAudio& audio);
 
 // The AudioFilterComponent of one `effect`. Null for what is not translated or lacks a parameter,
 // which is reported, and for what is not a part of a chain, such as the pan.
-ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemSound& sound,
+ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemAudio& audio,
                                   ConstHandle effect);
 
 // ---- To `xmeml`. Keyframes count in `frameTicks` of the context.

@@ -68,22 +68,22 @@ double Bound(ConstHandle source, Name key, double missing)
 }
 
 // Keyframes of other systems run the other way round than their start values.
-Clamp ClampOf(ConstHandle source, const ItemSound& sound)
+Clamp ClampOf(ConstHandle source, const ItemAudio& audio)
 {
     const double min = Bound(source, "valuemin", -1.0);
     const double max = Bound(source, "valuemax", 1.0);
-    return {.offsetFrames = sound.delayFrames,
+    return {.offsetFrames = audio.delayFrames,
             .valueOffset = -min,
             .valueFactor = 1.0 / (max - min),
             .invert = source.GetProperty("authoringApp") != "VelaPro",
             .reals = RecordReals::Audio};
 }
 
-std::string StartPan(ConstHandle source, const ItemSound& sound, Clamp clamp)
+std::string StartPan(ConstHandle source, const ItemAudio& audio, Clamp clamp)
 {
     const std::string_view value = StaticValue(source, {});
     if (value.empty())
-        return std::string(sound.stereoSource ? kCenter : kLeft);
+        return std::string(audio.stereoSource ? kCenter : kLeft);
     clamp.invert = false;
     return NumberText(ClampedValue(ParseDouble(value), clamp));
 }
@@ -98,7 +98,7 @@ ConstHandle FirstParam(ConstHandle processor)
 
 } // namespace
 
-ObjectHandle TranslatePan(const EffectContext& context, const ItemSound& sound, ConstHandle item)
+ObjectHandle TranslatePan(const EffectContext& context, const ItemAudio& audio, ConstHandle item)
 {
     const ConstHandle effect = FindAudioEffect(item, kAudioPan.xmeml.id);
     if (!effect)
@@ -110,8 +110,8 @@ ObjectHandle TranslatePan(const EffectContext& context, const ItemSound& sound, 
         context.AddIssue(ImportIssue::InvalidPanFilterParameters, EffectName(effect));
         return {};
     }
-    const Clamp clamp = ClampOf(source, sound);
-    const ObjectHandle param = MakePanParam(context.document, StartPan(source, sound, clamp));
+    const Clamp clamp = ClampOf(source, audio);
+    const ObjectHandle param = MakePanParam(context.document, StartPan(source, audio, clamp));
     SetKeyframes(param, ClampedKeyframes(source, context.frameTicks, clamp));
     return param;
 }

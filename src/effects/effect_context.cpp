@@ -17,12 +17,14 @@ double Ratio(int clip, int sequence)
     return clip > 0 && sequence > 0 ? static_cast<double>(clip) / sequence : 1.0;
 }
 
-void Enter(IssueSet& issues, const ItemPlace& place, int kind, std::string_view subject)
+void Enter(const EffectContext& context, int kind, std::string_view subject)
 {
-    TranslationIssue issue = IssueAt(place);
+    TranslationIssue issue = IssueAt(context.place);
+    if (context.time)
+        issue.time = context.time();
     issue.kind = kind;
     issue.subject = subject;
-    issues.insert(std::move(issue));
+    context.issues.insert(std::move(issue));
 }
 
 } // namespace
@@ -77,12 +79,12 @@ double EffectContext::AspectRatio() const
 
 void EffectContext::AddIssue(ImportIssue kind, std::string_view subject) const
 {
-    Enter(issues, place, static_cast<int>(kind), subject);
+    Enter(*this, static_cast<int>(kind), subject);
 }
 
 void EffectContext::AddIssue(ExportIssue kind, std::string_view subject) const
 {
-    Enter(issues, place, static_cast<int>(kind), subject);
+    Enter(*this, static_cast<int>(kind), subject);
 }
 
 } // namespace XPJ

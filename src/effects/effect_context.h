@@ -6,6 +6,7 @@
 #include "core/translation_issue.h"
 #include "tree/object.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -40,8 +41,9 @@ struct EffectContext {
     Document& document; // the result's; new nodes are made in it
     IssueSet& issues;
     ItemPlace place = {};
-    Ticks frameTicks = kNtscFrameTicks;  // the unit in which the item's keyframes count
-    Ticks sampleTicks = kSampleTicks48k; // of the item's audio
+    std::function<std::string()> time = {}; // of the place, where it is computed for issues only
+    Ticks frameTicks = kNtscFrameTicks;     // the unit in which the item's keyframes count
+    Ticks sampleTicks = kSampleTicks48k;    // of the item's audio
     FrameSize sequenceFrame = {};
     FrameSize clipFrame = {};
     // Size of the file's frame over that which the camera recorded, where its raw footage is

@@ -1,5 +1,5 @@
-// All effects that the converter knows, walked over the tables that translate them: what becomes of
-// each, its name for people, the values at which it changes nothing.
+// All effects that the converter knows, collected from the tables that translate them: the outcome
+// of each, its name for people, the values at which it changes nothing.
 #pragma once
 
 #include "effects/effect_row.h"
@@ -38,7 +38,7 @@ struct EffectListing {
     std::string_view userName = {};  // the same in both families; empty: each document's own
     std::vector<NeutralValue> neutralValues = {}; // of effects that editors write for every clip
     bool isTransition = false;
-    bool isListed = true; // not another form of the effect before it
+    bool isListed = true; // false for a variant of the effect before it
 };
 
 // All that the tables hold, in the order of the list of effects.

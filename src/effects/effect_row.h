@@ -11,7 +11,7 @@
 //    .note = "key mode and softness are lost",
 //    .params = kLumaKeyParams}
 //
-// A rule of its own is a function in place of those of the rows.
+// An effect with rules of its own has functions instead of those of the rows.
 #pragma once
 
 #include "effects/effect_context.h"

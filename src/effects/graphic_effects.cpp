@@ -30,7 +30,7 @@ ObjectHandle MakeGraphicParam(Document& document, const GraphicParams& params, i
         return MakeKeptBlob(document, parameter, parameter.GetProperty("name"), kBlobControl);
     const int index = id - params.blobs - 1;
     return MakeKeptParam(document, parameter,
-                         index < kTransformCount ? ClassOfControl(kGraphicTransform[index].control)
+                         index < kTransformCount ? ClassOf(kGraphicTransform[index].kind)
                                                  : kSliderClass);
 }
 

@@ -40,30 +40,17 @@ inline constexpr EffectRow kGraphicShape = {
 inline constexpr int kTextBlobs = 1;  // the source text
 inline constexpr int kShapeBlobs = 2; // path and appearance
 
-struct GraphicTransformRow {
-    std::string_view name;
-    int control;
-    std::string_view lower;
-    std::string_view upper;
-    std::string_view value; // empty: the position
-};
-
-inline constexpr int kGroupStart = 11;
-inline constexpr int kPoint = 6;
-inline constexpr int kNumber = 2;
-inline constexpr int kCheckBox = 4;
-inline constexpr int kGroupEnd = 12;
-
-inline constexpr GraphicTransformRow kGraphicTransform[] = {
-    {"Transform", kGroupStart, "false", "false", "false"},
-    {"Position", kPoint, "", "", ""},
-    {"Scale", kNumber, "0.", "4000", "100.0"},
-    {"Horizontal Scale", kNumber, "0.", "4000", "100.0"},
-    {" ", kCheckBox, "false", "true", "true"}, // uniform scale
-    {"Rotation", kNumber, "-32768", "32768", "0."},
-    {"Opacity", kNumber, "0.", "100.", "100.0"},
-    {"Anchor Point", kPoint, "", "", "0.5:0.5"},
-    {"", kGroupEnd, "false", "false", "false"},
+// Ids count from that of the last blob.
+inline constexpr ParamRow kGraphicTransform[] = {
+    {1, ParamKind::Separator11, "Transform", "false", "false", "false"},
+    {2, ParamKind::Point, "Position"}, // as the title or shape states it
+    {3, ParamKind::Scalar, "Scale", "100.0", "0.", "4000"},
+    {4, ParamKind::Scalar, "Horizontal Scale", "100.0", "0.", "4000"},
+    {5, ParamKind::CheckBox, " ", "true", "false", "true"}, // uniform scale
+    {6, ParamKind::Scalar, "Rotation", "0.", "-32768", "32768"},
+    {7, ParamKind::Scalar, "Opacity", "100.0", "0.", "100."},
+    {8, ParamKind::Point, "Anchor Point", "0.5:0.5"},
+    {9, ParamKind::Separator12, "", "false", "false", "false"},
 };
 
 } // namespace XPJ

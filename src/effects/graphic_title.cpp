@@ -28,17 +28,16 @@ void AddTransform(Document& document, ObjectHandle effect, int blobs, const Poin
 {
     const std::string center =
         PointText({position.horiz + kFrameCenter.horiz, position.vert + kFrameCenter.vert});
-    int id = blobs + 1;
-    for (const GraphicTransformRow& row : kGraphicTransform) {
+    for (const ParamRow& row : kGraphicTransform) {
         const std::string_view value = row.value.empty() ? center : row.value;
         const ObjectHandle parameter =
             AddParameter(document, effect,
-                         {.id = IntToString(id++),
+                         {.id = IntToString(blobs + row.id),
                           .name = row.name,
-                          .value = row.control == kPoint ? PointStartKeyframeText(value)
-                                                         : StartKeyframeText(value)});
+                          .value = row.kind == ParamKind::Point ? PointStartKeyframeText(value)
+                                                                : StartKeyframeText(value)});
         parameter.SetPropertyShared("IsTimeVarying", "false");
-        parameter.SetProperty("ParameterControlType", IntToString(row.control));
+        parameter.SetPropertyShared("ParameterControlType", ControlOf(row.kind));
         if (row.lower.empty())
             continue;
         parameter.SetPropertyShared("LowerBound", row.lower);

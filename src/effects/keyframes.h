@@ -39,7 +39,7 @@ std::string PointStartKeyframeText(std::string_view point);
 
 // ---- From `xmeml`: the `Keyframes` text of a `parameter`, empty without keyframes
 
-// How the four reals of a record are spelled.
+// How the four reals of a record are written.
 enum class RecordReals {
     Ordinary, // 0,0.166667,0,0.166667
     Audio,    // 0.0,0.166666666666666657414808,...
@@ -58,7 +58,8 @@ std::string MappedKeyframes(ConstHandle parameter, Ticks frameTicks,
 // (value + valueOffset) * valueFactor within lower..upper, after that turned round if `invert`.
 struct Clamp {
     std::int64_t offsetFrames = 0;
-    std::int64_t cutFrame = std::numeric_limits<std::int64_t>::max(); // a hold record stands here
+    std::int64_t cutFrame =
+        std::numeric_limits<std::int64_t>::max(); // where a hold record is inserted
     double valueOffset = 0;
     double valueFactor = 1;
     double lower = 0;
@@ -81,7 +82,7 @@ struct AnchorAndPosition {
     std::string position;
 };
 
-// A centre that moves with its anchor point: keyframes of `centerOffset` and `center` are taken
+// A center that moves with its anchor point: keyframes of `centerOffset` and `center` are taken
 // pair by pair. `center` may be null.
 AnchorAndPosition PairedPointKeyframes(ConstHandle centerOffset, ConstHandle center,
                                        Ticks frameTicks, double horizontalFactor,

@@ -19,7 +19,7 @@ constexpr std::size_t kFirstColor = 268500994;
 constexpr std::size_t kBackground = 4098; // number of its shader
 constexpr std::size_t kColorTexture = 4097;
 
-constexpr double kFirstBase = 142.293; // where the first line stands
+constexpr double kFirstBase = 142.293; // of the first line
 constexpr double kLineDistance = 100;  // on 480 lines
 
 constexpr std::string_view kAlignments[] = {"left", "center", "right"};
@@ -43,7 +43,7 @@ struct Shader {
     int colorOption = 4;
     int glintSize = 10;
     int glint = 250;      // each channel
-    Color color = {};    // alpha is not used
+    Color color = {};     // alpha is not used
     int transparency = 0; // of the color
 };
 
@@ -150,19 +150,19 @@ std::string TextLines(const Title& title)
 {
     const std::size_t last = LineCount(title);
     std::string text;
-    std::size_t line = 0;
+    std::size_t number = 0;
     std::size_t reference = kFirstFont;
     for (const TitleText& part : title.texts) {
-        for (const std::string_view words : part.lines) {
-            const std::string content = WellFormedText(words);
-            const double above = static_cast<double>(line) * kLineDistance * title.Scale();
-            ++line;
+        for (const std::string_view line : part.lines) {
+            const std::string content = WellFormedText(line);
+            const double above = static_cast<double>(number) * kLineDistance * title.Scale();
+            ++number;
             Append(
-                text, kTextLine, fmt::arg("line", line),
+                text, kTextLine, fmt::arg("line", number),
                 fmt::arg("base", NumberText(kFirstBase + above)),
                 fmt::arg("posX", NumberText(title.position.horiz)),
                 fmt::arg("alignment", kAlignments[static_cast<std::size_t>(part.font.alignment)]),
-                fmt::arg("marker", line < last ? " TXMarker=\"Booyah\"" : ""),
+                fmt::arg("marker", number < last ? " TXMarker=\"Booyah\"" : ""),
                 fmt::arg("text", content), fmt::arg("count", ToUTF16(UnescapeXML(content)).size()),
                 fmt::arg("reference", reference));
         }

@@ -1,5 +1,5 @@
 // A line names a description and a style by number; the style names a shader for its face, and the
-// shader holds the color. All three lists may stand anywhere in the document.
+// shader holds the color. All three lists may be anywhere in the document.
 #include "effects/legacy_title_reader.h"
 
 #include "core/numbers.h"
@@ -32,8 +32,8 @@ struct Line {
     int style = 0;
 };
 
-// Takes a document's tags and texts in turn. Nothing is nested in itself, so that the tag last
-// opened tells what a text means.
+// Takes the tags and texts of a document in turn. Nothing is nested in itself, so that the tag
+// opened last defines what a text means.
 class Reader {
 public:
     void Open(std::string_view name, std::string_view attributes)

@@ -1,4 +1,4 @@
-// The words of a legacy title document, for people: what a title says and how it looks.
+// The texts of a legacy title document, as people read them: lines and how they look.
 #pragma once
 
 #include "effects/values.h"
@@ -15,7 +15,7 @@ struct LegacyTitleText {
     std::string family; // of the font
     std::string style;  // "Bold"
     int height = 0;     // of the letters, in lines of the frame
-    Color color;       // opaque
+    Color color;        // opaque
 };
 
 // The texts of a document in their order; neighboring lines of one look are one text. Empty for

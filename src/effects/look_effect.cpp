@@ -48,9 +48,9 @@ const StoredLook* OpenLook(const EffectContext& context, const std::string& path
     const StoredLook* const look =
         context.lookFiles ? context.lookFiles->Open(path, UnescapeXML(name)) : nullptr;
     if (!look) {
-        EffectContext place = context;
-        place.place.clip = path;
-        place.AddIssue(ImportIssue::MissingLookLUT);
+        EffectContext ofFile = context;
+        ofFile.place.clip = path;
+        ofFile.AddIssue(ImportIssue::MissingLookLUT);
     }
     return look;
 }

@@ -11,7 +11,7 @@ namespace XPJ {
 
 namespace {
 
-// What becomes of the value that a caller gives.
+// How the value of a caller is used.
 enum class ValueRule {
     Scalar,
     Fixed, // that of the kind is used
@@ -95,7 +95,7 @@ int UsualControl(std::string_view classId)
     return 0;
 }
 
-// The positive sign is meant: a flip's parameter differs from all others.
+// The positive sign is intended: the parameter of a flip differs from all others.
 constexpr std::string_view kEmptyBlobPosition = "91445760000000000";
 constexpr std::string_view kBlobPosition = "-91445760000000000";
 
@@ -139,6 +139,16 @@ void SetSwitches(ObjectHandle param, bool discontinuous)
 }
 
 } // namespace
+
+std::string_view ClassOf(ParamKind kind)
+{
+    return kParamBuilders[static_cast<std::size_t>(kind)].classId;
+}
+
+std::string_view ControlOf(ParamKind kind)
+{
+    return kParamBuilders[static_cast<std::size_t>(kind)].control;
+}
 
 std::string_view ClassOfControl(int control)
 {

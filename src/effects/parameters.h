@@ -41,6 +41,10 @@ enum class ParamKind {
     Speed,
 };
 
+// The class of a kind, and the control that shows it; empty for the control of a choice.
+std::string_view ClassOf(ParamKind kind);
+std::string_view ControlOf(ParamKind kind);
+
 // What a caller gives. A field that the kind fixes is ignored; an empty value or bound leaves the
 // kind's own, if it has one.
 struct ParamFields {

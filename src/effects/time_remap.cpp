@@ -72,7 +72,7 @@ struct GraphNode {
     std::int64_t when = 0;
     double value = 0;
     int kind = 0;
-    ObjectHandle keyframe; // what becomes of it
+    ObjectHandle keyframe; // the written one
 
     GraphPoint Point() const { return {static_cast<double>(when), value}; }
 };

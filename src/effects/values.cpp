@@ -9,15 +9,6 @@
 
 namespace XPJ {
 
-namespace {
-
-std::uint64_t PackedChannel(int channel)
-{
-    return static_cast<std::uint64_t>(std::clamp(channel, 0, 255)) * 256;
-}
-
-} // namespace
-
 std::string NumberText(double value)
 {
     return value == 0 || !std::isfinite(value) ? "0" : DoubleToString(value);
@@ -31,13 +22,6 @@ std::string ScaledText(std::string_view text, double factor)
 std::string PointText(const Point& point)
 {
     return NumberText(point.horiz) + ":" + NumberText(point.vert);
-}
-
-std::string PackedColor(const Color& color)
-{
-    constexpr std::uint64_t kOpaque = 0xFF00;
-    return UintToString(kOpaque << 48 | PackedChannel(color.red) << 32 |
-                        PackedChannel(color.green) << 16 | PackedChannel(color.blue));
 }
 
 std::string_view RawValue(ConstHandle node)

@@ -41,10 +41,6 @@ struct Color {
     friend bool operator==(const Color&, const Color&) = default;
 };
 
-// Opaque, 16 bits a channel, as an unsigned decimal number. Channels are limited to 0 to 255.
-//   PackedColor({255, 255, 255}) == "18374966859414961920"
-std::string PackedColor(const Color& color);
-
 // Text of the child `value`, else the property `value`, which generated nodes have.
 std::string_view RawValue(ConstHandle node);
 // The same without blanks at both ends; empty means that there is no value.

@@ -52,9 +52,8 @@ void AddLink(Document& document, LinkGroups& links, TrackItem item, const LinkTa
 
 EffectContext EffectsOf(ExportContext& context, const TrackContext& track, const ItemRecord& record)
 {
-    return EffectContextAt(
-        context, PlaceOfItem(track, record.Start(), record.subClip.GetProperty("Name")),
-        record.timing.unit == TimeUnit::Ticks ? 1 : record.timing.rate);
+    return EffectContextOf(context, track, record.Start(), record.subClip.GetProperty("Name"),
+                           record.timing.unit == TimeUnit::Ticks ? 1 : record.timing.rate);
 }
 
 NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, TrackContext& track,

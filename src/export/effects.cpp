@@ -6,6 +6,8 @@
 
 namespace XPJ::RVX {
 
+namespace {
+
 EffectContext EffectContextAt(ExportContext& context, const ItemPlace& place, Ticks frameTicks)
 {
     return {.document = context.document,
@@ -16,14 +18,30 @@ EffectContext EffectContextAt(ExportContext& context, const ItemPlace& place, Ti
             .exportTransformEffect = context.options.exportTransformEffect};
 }
 
-void TranslateMasterEffects(ExportContext& context, ObjectHandle masterClip, Ticks frameTicks,
+} // namespace
+
+EffectContext EffectContextOf(ExportContext& context, const TrackContext& track, Ticks start,
+                              std::string_view clipName, Ticks frameTicks)
+{
+    EffectContext effects =
+        EffectContextAt(context,
+                        {.sequence = track.sequence.sequence.GetProperty("Name"),
+                         .clip = clipName,
+                         .trackKind = track.type == MediaType::Video ? 1 : 2,
+                         .trackIndex = track.index},
+                        frameTicks);
+    effects.time = [&track, start] { return FormatItemTime(track.sequence, start); };
+    return effects;
+}
+
+void TranslateMasterEffects(ExportContext& context, MasterClip masterClip, Ticks frameTicks,
                             ObjectHandle file)
 {
     FiltersToXmeml(EffectContextAt(context, {.clip = masterClip.GetProperty("Name")}, frameTicks),
                    VideoChainOfMaster(masterClip), file);
 }
 
-void ReportMasterAudioEffects(ExportContext& context, ObjectHandle masterClip)
+void ReportMasterAudioEffects(ExportContext& context, MasterClip masterClip)
 {
     constexpr int kAudio = 2;
     const ItemPlace place = {.clip = masterClip.GetProperty("Name"), .trackKind = kAudio};

@@ -2,18 +2,21 @@
 #pragma once
 
 #include "effects/effect_context.h"
-#include "export/export_context.h"
+#include "export/track_context.h"
+
+#include <string_view>
 
 namespace XPJ::RVX {
 
-// Issues are entered at `place`; keyframes count in `frameTicks`, 1 for ticks.
-EffectContext EffectContextAt(ExportContext& context, const ItemPlace& place, Ticks frameTicks);
+// Of what starts at `start` on the track. Keyframes count in `frameTicks`, 1 for ticks.
+EffectContext EffectContextOf(ExportContext& context, const TrackContext& track, Ticks start,
+                              std::string_view clipName, Ticks frameTicks);
 
 // The effects of the video of a master, on its `file`.
-void TranslateMasterEffects(ExportContext& context, ObjectHandle masterClip, Ticks frameTicks,
+void TranslateMasterEffects(ExportContext& context, MasterClip masterClip, Ticks frameTicks,
                             ObjectHandle file);
 // Reports the effects of a master's audio that documents have no term for. A `file` can't hold any
 // effect of its audio.
-void ReportMasterAudioEffects(ExportContext& context, ObjectHandle masterClip);
+void ReportMasterAudioEffects(ExportContext& context, MasterClip masterClip);
 
 } // namespace XPJ::RVX

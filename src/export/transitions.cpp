@@ -48,8 +48,8 @@ void TranslateTransition(ExportContext& context, TrackContext& track, ConstHandl
     if (HasValue(core, "Alignment"))
         result.SetProperty("cutPointTicks", TickText(Int64Property(core, "Alignment")));
 
-    result.AddChild(TransitionToXmeml(EffectContextAt(context, PlaceOfItem(track, start, {}), rate),
-                                      track.type, transition));
+    result.AddChild(TransitionToXmeml(EffectContextOf(context, track, start, {}, rate), track.type,
+                                      transition));
     track.Add(result);
     track.lastTransition = transition;
 }

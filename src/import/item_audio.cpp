@@ -17,7 +17,7 @@ namespace XPJ {
 
 namespace {
 
-ItemSound SoundOfItem(const ImportState& state, ObjectHandle item, int channelType)
+ItemAudio SoundOfItem(const ImportState& state, ObjectHandle item, int channelType)
 {
     const ObjectHandle file = FileOfItem(state, item);
     const int kind = file ? AudioKindOfFile(file).kind : kUnknownChannels;
@@ -51,7 +51,7 @@ void AddItemSound(const TrackContext& context, ObjectHandle item, Frames start, 
     const SequenceContext& sequence = context.sequence;
     const ObjectHandle master = FindPath(trackItem, {"SubClip", "MasterClip"});
     const EffectContext effects = ContextOfItem(context, item, master, start);
-    const ItemSound sound = SoundOfItem(sequence.state, item, channelType);
+    const ItemAudio sound = SoundOfItem(sequence.state, item, channelType);
     trackItem.AddChild("Components", BuildAudioChain(effects, sound, item));
     if (CanPan(context, channelType, trackType))
         trackItem.AddChild("Panner", MakeItemPanner(sequence.state.document,

@@ -1,4 +1,4 @@
-// What becomes of effects, as a table for the documentation.
+// The outcome for each effect, as a table for the documentation.
 #pragma once
 
 #include <string>

@@ -2,7 +2,7 @@
 // title document, the text document of a graphic.
 #pragma once
 
-#include "effects/effect_context.h"
+#include "effects/graphic_effects.h"
 #include "inspect/timeline.h"
 #include "project/accessors.h"
 #include "tree/object.h"
@@ -14,8 +14,8 @@
 namespace XPJ::Inspection {
 
 // The effect of a graphic text in XML documents, and its component in projects.
-inline constexpr std::string_view kTextEffect = "GraphicAndType";
-inline constexpr std::string_view kTextComponent = "KX.ORRN Text";
+inline constexpr std::string_view kTextEffect = kGraphicText.xmeml.id;
+inline constexpr std::string_view kTextComponent = kGraphicText.project.match;
 
 // Of a `generatoritem` that is a title; empty for any other. `frame` is that of its sequence.
 std::vector<TitleText> TextsOfGenerator(ObjectHandle generator, const FrameSize& frame);

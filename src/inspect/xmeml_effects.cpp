@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "effects/keyframes.h"
+#include "effects/time_remap.h"
 #include "effects/title_reader.h"
 #include "effects/values.h"
 #include "inspect/effect_names.h"
@@ -12,7 +13,7 @@ namespace XPJ::Inspection {
 
 namespace {
 
-constexpr std::string_view kSpeedEffect = "timeremap";
+constexpr std::string_view kSpeedEffect = kTimeRemap.xmeml.id;
 
 // Points and colors have a child for each part.
 std::string ValueText(ObjectHandle node)
