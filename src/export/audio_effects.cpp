@@ -186,9 +186,9 @@ void TranslateAudioComponents(ExportContext& context, const TrackContext& track,
         if (const AudioEffectRow* const row = FindRow(context, matchName))
             TranslateComponent(context, *row, rates, component, element);
         else
-            AddItemIssue(context, track, Int64Property(ItemEdges(record.item), "Start"),
-                         ExportIssue::EffectNotTranslated, record.subClip.GetProperty("Name"),
-                         matchName);
+            AddIssue(context, ExportIssue::EffectNotTranslated,
+                     PlaceOfItem(track, record.Start(), record.subClip.GetProperty("Name")),
+                     matchName);
     }
 }
 

@@ -204,10 +204,10 @@ void TranslateTransition(ExportContext& context, TrackContext& track, ConstHandl
                                        : RowOf(kAudioTransitions, matchName, context.IsHandOff());
     result.AddChild(TranslateEffect(context, row, track.type, transition));
     if (IsOther(row))
-        AddItemIssue(context, track, start,
-                     isVideo ? ExportIssue::CrossDissolveTransitionNotTranslated
-                             : ExportIssue::TransitionNotSupported,
-                     {}, core.GetProperty("DisplayName"));
+        AddIssue(context,
+                 isVideo ? ExportIssue::CrossDissolveTransitionNotTranslated
+                         : ExportIssue::TransitionNotSupported,
+                 PlaceOfItem(track, start, {}), core.GetProperty("DisplayName"));
     track.Add(result);
     track.lastTransition = transition;
 }

@@ -61,7 +61,7 @@ void Report(ExportContext& context, const EffectOwner& owner, ExportIssue kind,
             std::string_view subject)
 {
     if (owner.track)
-        AddItemIssue(context, *owner.track, owner.start, kind, owner.clipName, subject);
+        AddIssue(context, kind, PlaceOfItem(*owner.track, owner.start, owner.clipName), subject);
     else
         AddIssue(context, kind,
                  {.clip = owner.clipName,

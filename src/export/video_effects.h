@@ -1,4 +1,4 @@
-// The picture effects of a track item or of a file.
+// Video effects of items and of files.
 #pragma once
 
 #include "export/items.h"

@@ -53,8 +53,8 @@ void ExportCompositeMode(ExportContext& context, const EffectOwner& owner,
         return;
     element.SetPropertyShared("compositemode", *mode);
     if (mode->empty())
-        AddItemIssue(context, *owner.track, owner.start, ExportIssue::CompositeModeNotSupported,
-                     owner.clipName);
+        AddIssue(context, ExportIssue::CompositeModeNotSupported,
+                 PlaceOfItem(*owner.track, owner.start, owner.clipName));
 }
 
 // An item of a video track that is being written.
@@ -146,7 +146,7 @@ NestedSequence VideoItem::TranslateClip()
     return source.nested;
 }
 
-// A generator is described by its one effect: it has no room for filters, markers or notes.
+// A generator is described by its one effect: it has neither filters nor markers nor comments.
 void VideoItem::TranslateMatte()
 {
     element = context.document.NewObject("generatoritem");

@@ -8,6 +8,7 @@
 #include "inspect/read_timelines.h"
 #include "inspect/titles.h"
 #include "project/accessors.h"
+#include "project/logging_fields.h"
 #include "project/marker_record.h"
 #include "project/side_tables.h"
 
@@ -119,7 +120,7 @@ private:
         Entry entry{.depth = depth,
                     .name = UnescapeXML(ItemName(item)),
                     .label = UnescapeXML(LabelNameOf(
-                        ItemProperties(item).GetProperty("Column.PropertyText.Label")))};
+                        ItemProperties(item).GetProperty(kItemLabelKey)))};
         if (item.GetName() == "ClipProjectItem") {
             const MasterClip master = MasterOfItem(item);
             const ConstHandle clip = MainClip(master);
@@ -215,7 +216,7 @@ private:
                   .speedKeyframes = ReadProjectSpeedKeyframes(clip),
                   .enabled = !IsTrue(ItemCore(node), "IsMuted"),
                   .label = UnescapeXML(
-                      LabelNameOf(ClipProperties(clip).GetProperty("hfl.clip.label.name"))),
+                      LabelNameOf(ClipProperties(clip).GetProperty(kClipLabelKey))),
                   .sourceForm = sequenceForm};
         if (kind == MediaType::Audio && HasValue(clip, "SecondaryIndex"))
             item.channel = static_cast<int>(
