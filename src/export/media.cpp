@@ -1,7 +1,6 @@
 #include "export/media.h"
 
 #include "core/numbers.h"
-#include "export/rates.h"
 
 #include <algorithm>
 #include <string_view>

@@ -2,7 +2,6 @@
 #include "core/frame_rate.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "export/rates.h"
 #include "inspect/node_numbers.h"
 #include "inspect/project_effects.h"
 #include "inspect/read_timelines.h"
@@ -17,8 +16,6 @@
 #include <unordered_map>
 
 namespace XPJ::Inspection {
-
-using namespace RVX;
 
 namespace {
 
