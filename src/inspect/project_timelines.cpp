@@ -116,8 +116,8 @@ private:
     {
         Entry entry{.depth = depth,
                     .name = UnescapeXML(ItemName(item)),
-                    .label = UnescapeXML(LabelNameOf(
-                        ItemProperties(item).GetProperty(kItemLabelKey)))};
+                    .label =
+                        UnescapeXML(LabelNameOf(ItemProperties(item).GetProperty(kItemLabelKey)))};
         if (item.GetName() == "ClipProjectItem") {
             const MasterClip master = MasterOfItem(item);
             const ConstHandle clip = MainClip(master);
@@ -212,8 +212,8 @@ private:
                   .frameBlending = IntProperty(clip, "TimeInterpolationType") != 0,
                   .speedKeyframes = ReadProjectSpeedKeyframes(clip),
                   .enabled = !IsTrue(ItemCore(node), "IsMuted"),
-                  .label = UnescapeXML(
-                      LabelNameOf(ClipProperties(clip).GetProperty(kClipLabelKey))),
+                  .label =
+                      UnescapeXML(LabelNameOf(ClipProperties(clip).GetProperty(kClipLabelKey))),
                   .sourceForm = sequenceForm};
         if (kind == MediaType::Audio && HasValue(clip, "SecondaryIndex"))
             item.channel = static_cast<int>(
