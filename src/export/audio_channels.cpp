@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
+#include "project/channel_types.h"
 
 #include <algorithm>
 #include <array>
@@ -14,11 +15,9 @@ namespace XPJ::RVX {
 
 namespace {
 
+// `channeltype` of documents.
 constexpr int kStereoPairs = 6;
-constexpr int kAdaptive = 7;
-
-// `ChannelType` of a project's vector for an adaptive one.
-constexpr int kAdaptiveVector = 3;
+constexpr int kAdaptiveLayout = 7;
 
 // No file has more. A damaged project may name the same channels any number of times, and every one
 // would become a track whose item links to all the others.
@@ -52,7 +51,7 @@ int TypeOfFirstVector(MasterClip masterClip)
 {
     for (const ConstHandle vector : ChannelVectorsOf(masterClip)) {
         const int type = IntProperty(vector, "ChannelType");
-        return type == kAdaptiveVector ? kAdaptive : type;
+        return type == kAdaptiveType ? kAdaptiveLayout : type;
     }
     return kMonoLayout;
 }
@@ -138,7 +137,7 @@ ChannelLayout ChannelLayoutOf(MasterClip masterClip)
     if (static_cast<std::size_t>(layout.count) == 2 * sourceClips)
         layout.type = kStereoPairs;
     else if (sourceClips == 1 && layout.count > 1)
-        layout.type = kAdaptive;
+        layout.type = kAdaptiveLayout;
     return layout;
 }
 

@@ -8,16 +8,17 @@
 #include "export/clip_media.h"
 #include "export/effects.h"
 #include "export/item_source.h"
+#include "project/channel_types.h"
 
 namespace XPJ::RVX {
 
 namespace {
 
+// `velaChannelType` of a clip with so many channels.
 std::string_view ChannelTypeName(int contents)
 {
-    if (contents < 2)
-        return "mono";
-    return contents == 2 ? "stereo" : "adaptive";
+    const ChannelType type = contents < 2 ? kMonoType : contents == 2 ? kStereoType : kAdaptiveType;
+    return ChannelTypeOf(type).itemName;
 }
 
 // From 1. Streams of discrete files are counted from 1 already.

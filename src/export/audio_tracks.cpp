@@ -6,6 +6,7 @@
 #include "effects/parameters.h"
 #include "export/audio_channels.h"
 #include "platform/platform.h"
+#include "project/channel_types.h"
 
 #include <algorithm>
 #include <bit>
@@ -15,32 +16,6 @@
 namespace XPJ::RVX {
 
 namespace {
-
-constexpr int kStereoType = 1;
-constexpr int kAdaptiveType = 3;
-
-struct ChannelTypeRow {
-    int type;
-    int channels;
-    std::string_view name; // `velaTrackType`
-};
-
-// Any other type counts as the first.
-constexpr ChannelTypeRow kChannelTypes[] = {
-    {0, 1, "Mono"},
-    {kStereoType, 2, "Stereo"},
-    {2, 6, "5.1"},
-    {kAdaptiveType, kMaxChannels, "SixteenChannel"},
-};
-
-const ChannelTypeRow& ChannelTypeOf(ConstHandle audioTrack)
-{
-    const int type = IntProperty(audioTrack, "ChannelType");
-    for (const ChannelTypeRow& row : kChannelTypes)
-        if (row.type == type)
-            return row;
-    return kChannelTypes[0];
-}
 
 // What the tracks of one group share.
 struct AudioGroup {
@@ -102,7 +77,7 @@ AudioTrack ReadTrack(const ExportContext& context, const AudioGroup& group,
     AudioTrack track{.track = projectTrack,
                      .audioTrack = audioTrack,
                      .index = index,
-                     .type = ChannelTypeOf(audioTrack),
+                     .type = ChannelTypeOf(IntProperty(audioTrack, "ChannelType")),
                      .items = {}};
     for (const ConstHandle item : TrackItemsOf(projectTrack))
         track.items.push_back({TrackItem(item), UsedChannels(TrackItem(item))});
@@ -133,7 +108,7 @@ void WriteExplodedState(const AudioTrack& track, int channel, ObjectHandle eleme
         element.SetPropertyShared("hardpan", "TRUE");
     element.SetProperty("currentExplodedTrackIndex", IntToString(channel));
     element.SetProperty("totalExplodedTrackCount", IntToString(track.exploded));
-    element.SetPropertyShared("velaTrackType", track.type.name);
+    element.SetPropertyShared("velaTrackType", track.type.trackName);
 }
 
 // A track of one channel takes all items, also those that state nothing about channels.
@@ -230,7 +205,9 @@ ObjectHandle WriteOutputs(Document& document, int count)
 
 int OutputCountOf(const AudioGroup& group, ConstHandle masterTrack)
 {
-    return masterTrack ? ChannelCountOf(ChannelTypeOf(masterTrack), group.adaptiveChannels) : 2;
+    return masterTrack ? ChannelCountOf(ChannelTypeOf(IntProperty(masterTrack, "ChannelType")),
+                                        group.adaptiveChannels)
+                       : 2;
 }
 
 } // namespace

@@ -40,7 +40,7 @@ bool IsStill(const FileStreams& source)
     return IsTrue(source.video, "IsStill");
 }
 
-// For people: the title of the medium, else the name of the clip, else the path.
+// For people: the title of the media, else the name of the clip, else the path.
 std::string_view NameOf(const FileStreams& source)
 {
     if (HasValue(source.media, "Title"))

@@ -3,32 +3,13 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "export/rates.h"
+#include "project/video_formats.h"
 
-#include <charconv>
-#include <cstdint>
 #include <string>
-#include <system_error>
 
 namespace XPJ::RVX {
 
 namespace {
-
-struct PixelAspectRow {
-    std::int64_t width;
-    std::int64_t height;
-    int frameHeight; // 0: any
-    PixelAspect aspect;
-};
-
-constexpr PixelAspectRow kPixelAspects[] = {
-    // the first match counts
-    {3, 2, 0, {"HD-(1280x1080)", false}}, {10, 11, 0, {"NTSC-601", false}},
-    {40, 33, 0, {"NTSC-601", true}},      {768, 702, 0, {"PAL-601", false}},
-    {1024, 702, 0, {"PAL-601", true}},    {4, 3, 720, {"HD-(960x720)", false}},
-    {4, 3, 960, {"HD-(960x720)", false}}, {4, 3, 0, {"HD-(1440x1080)", false}},
-};
-
-constexpr PixelAspect kSquare = {"square", false};
 
 // The codec block field by field; nothing of a project changes it.
 struct CodecField {
@@ -60,24 +41,9 @@ void SetFields(ObjectHandle node, const CodecField (&fields)[N])
         node.SetPropertyShared(field.name, field.value);
 }
 
-// False unless the whole text is a number above 0.
-bool ReadPart(std::string_view text, std::int32_t& part)
-{
-    const char* const end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, part);
-    return read.ec == std::errc() && read.ptr == end && part > 0;
-}
-
 std::string_view UpperTrue(bool value)
 {
     return value ? "TRUE" : "FALSE";
-}
-
-std::string_view FieldDominance(std::string_view fieldType)
-{
-    if (fieldType == "0")
-        return "none";
-    return fieldType == "1" ? "upper" : "lower";
 }
 
 // The numbers of `AlphaType` that matter here.
@@ -128,21 +94,6 @@ std::string_view PixelAspectOf(ConstHandle videoStream)
                : OriginalPixelAspectOf(videoStream);
 }
 
-PixelAspect PixelAspectName(std::string_view ratio, int height)
-{
-    const std::size_t comma = ratio.find(',');
-    std::int32_t horizontal = 0;
-    std::int32_t vertical = 0;
-    if (comma == ratio.npos || !ReadPart(ratio.substr(0, comma), horizontal) ||
-        !ReadPart(ratio.substr(comma + 1), vertical))
-        return kSquare;
-    for (const PixelAspectRow& row : kPixelAspects)
-        if (horizontal * row.height == vertical * row.width &&
-            (row.frameHeight == 0 || row.frameHeight == height))
-            return row.aspect;
-    return kSquare;
-}
-
 ObjectHandle WriteSampleCharacteristics(Document& document, const VideoFormat& format)
 {
     const ObjectHandle result = document.NewObject("samplecharacteristics");
@@ -158,7 +109,7 @@ ObjectHandle WriteSampleCharacteristics(Document& document, const VideoFormat& f
         result.SetProperty("velaOriginalPAR", original.name);
         result.SetProperty("velaOriginalIsAnamorphic", UpperTrue(original.anamorphic));
     }
-    result.SetProperty("fielddominance", FieldDominance(format.fieldType));
+    result.SetProperty("fielddominance", FieldDominanceOf(format.fieldType));
     return result;
 }
 

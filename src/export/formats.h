@@ -24,14 +24,6 @@ FrameSize FrameSizeOf(std::string_view frameRect);
 std::string_view OriginalPixelAspectOf(ConstHandle videoStream);
 std::string_view PixelAspectOf(ConstHandle videoStream);
 
-struct PixelAspect {
-    std::string_view name; // "NTSC-601"
-    bool anamorphic = false;
-};
-
-// The name of a ratio "n,d". The height distinguishes two formats of the ratio 4:3.
-PixelAspect PixelAspectName(std::string_view ratio, int height);
-
 // `samplecharacteristics` with `rate`.
 ObjectHandle WriteSampleCharacteristics(Document& document, const VideoFormat& format);
 

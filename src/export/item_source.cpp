@@ -7,7 +7,7 @@ namespace XPJ::RVX {
 
 namespace {
 
-// Gives the id of the file.
+// The result is the id of the file.
 std::string_view WriteMediaFile(ExportContext& context, Catalogs& catalogs,
                                 const ItemRecord& record, ObjectHandle element)
 {
@@ -44,8 +44,8 @@ ItemSource WriteItemSource(ExportContext& context, Catalogs& catalogs, const Tra
     if (record.media)
         source.linkKey = WriteMediaFile(context, catalogs, record, element);
     else if (IsTrue(ClipCore(record.clip), "IsMulticam"))
-        AddItemIssue(context, track, record.Start(), ExportIssue::MulticamExportNotSupported,
-                     record.name);
+        AddIssue(context, ExportIssue::MulticamExportNotSupported,
+                 PlaceOfItem(track, record.Start(), record.name));
     else if (record.sequence)
         source = WriteSequence(context, catalogs.sequences, record, element);
     else

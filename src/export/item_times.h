@@ -8,7 +8,7 @@
 
 namespace XPJ::RVX {
 
-// Counts in `unit`, unless said to be ticks.
+// Numbers are in `unit`, those that are not named ticks.
 struct ItemTiming {
     TimeUnit unit = TimeUnit::Frames;
     Ticks rate = kNtscFrameTicks; // ticks a frame: of its media, else of the sequence

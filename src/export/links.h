@@ -40,7 +40,7 @@ public:
     // what it shows, empty if that has none.
     void Add(Document& document, TrackItem item, const LinkTarget& target, std::string_view source);
 
-    // The last pass: gives every added element a `link` to each one of its group that shows the
+    // The last pass: adds to every element a `link` to each one of its group that shows the
     // same source, itself included, in the order of the group.
     void WriteLinks() const;
 

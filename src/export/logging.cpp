@@ -2,66 +2,29 @@
 
 #include "core/frame_rate.h"
 #include "core/text.h"
+#include "project/logging_fields.h"
 #include "project/side_tables.h"
+
+#include <span>
 
 namespace XPJ::RVX {
 
 namespace {
 
-struct CopiedKey {
-    Name from;
-    Name to;
-};
-
-constexpr CopiedKey kLoggingKeys[] = {
-    {"Description", "description"},
-    {"Scene", "scene"},
-    {"ShotTake", "shottake"},
-    {"LogNote", "lognote"},
-};
-
-constexpr CopiedKey kRollKeys[] = {
-    {"FilmCameraRoll", "cameraroll"},
-    {"FilmDailyRoll", "dailyroll"},
-    {"FilmLabRoll", "labroll"},
-};
-
-constexpr CopiedKey kKeycodeKeys[] = {
-    {"FilmKeycodeFeetFrames", "feetframes"},
-    {"FilmKeycodePerfoffset", "perfoffset"},
-    {"FilmKeycodePrefix", "prefix"},
-    {"FilmKeycodeReversed", "reversed"},
-};
-
-constexpr CopiedKey kCommentKeys[] = {
-    {"Master_95_Comment_95_1", "mastercomment1"}, {"Master_95_Comment_95_2", "mastercomment2"},
-    {"Master_95_Comment_95_3", "mastercomment3"}, {"Master_95_Comment_95_4", "mastercomment4"},
-    {"Clip_95_Comment_95_A", "clipcommenta"},     {"Clip_95_Comment_95_B", "clipcommentb"},
-};
-
 // The host's own column has no field in a document, but makes `comments` appear.
 constexpr Name kCommentColumn = "Column.PropertyText.Comment";
 
-// `TimecodeFormat` of the two ways to count without dropped numbers.
-constexpr int kNonDrop2997 = 103;
-constexpr int kNonDrop5994 = 107;
-
-// True if the record had any of the keys.
-template <std::size_t N>
-bool CopyKeys(ConstHandle info, const CopiedKey (&keys)[N], ObjectHandle to)
+// True if the record had any of the fields.
+bool WriteFields(ConstHandle info, std::span<const LoggingField> fields, ObjectHandle element)
 {
     bool any = false;
-    for (const CopiedKey& key : keys) {
-        CopyProperty(info, key.from, to, key.to);
-        any = any || info.HasProperty(key.from);
+    for (const LoggingField& field : fields) {
+        if (field.isImportedOnly)
+            continue;
+        CopyProperty(info, field.key, element, field.element);
+        any = any || info.HasProperty(field.key);
     }
     return any;
-}
-
-bool MayDrop(Ticks frameTicks)
-{
-    const FrameRate rate = RateOfFrame(frameTicks);
-    return rate.ntsc && (rate.timebase == 30 || rate.timebase == 60);
 }
 
 void CompleteTimecode(Document& document, ConstHandle info, FileTimecode& timecode)
@@ -72,10 +35,11 @@ void CompleteTimecode(Document& document, ConstHandle info, FileTimecode& timeco
         timecode.element.AddChild(reel);
         timecode.hasReel = true;
     }
-    if (HasValue(info, "TimecodeFormat") && MayDrop(timecode.frameTicks)) {
+    const bool mayDrop = TimecodeFormOf(timecode.frameTicks, 0).drop;
+    if (mayDrop && HasValue(info, "TimecodeFormat")) {
         const int format = IntProperty(info, "TimecodeFormat");
-        const bool isNonDrop = format == kNonDrop2997 || format == kNonDrop5994;
-        timecode.element.SetPropertyShared("displayformat", isNonDrop ? "NDF" : "DF");
+        const bool drops = TimecodeFormOf(timecode.frameTicks, format).drop;
+        timecode.element.SetPropertyShared("displayformat", drops ? "DF" : "NDF");
     }
 }
 
@@ -83,8 +47,8 @@ void WriteFilmData(Document& document, ConstHandle info, ObjectHandle element)
 {
     const ObjectHandle filmData = document.NewObject("filmdata");
     const ObjectHandle keycode = document.NewObject("keycode");
-    const bool hasRolls = CopyKeys(info, kRollKeys, filmData);
-    const bool hasKeycode = CopyKeys(info, kKeycodeKeys, keycode);
+    const bool hasRolls = WriteFields(info, FilmFields(), filmData);
+    const bool hasKeycode = WriteFields(info, KeycodeFields(), keycode);
     if (hasKeycode)
         filmData.AddChild(keycode);
     if (hasRolls || hasKeycode)
@@ -111,7 +75,7 @@ void TranslateLoggingInfo(Document& document, MasterClip masterClip, FileRecord*
     if (!info)
         return;
     const ObjectHandle written = document.NewObject("logginginfo");
-    CopyKeys(info, kLoggingKeys, written);
+    WriteFields(info, LoggingFields(), written);
     element.AddChild(written);
     if (file)
         CompleteTimecode(document, info, file->timecode);
@@ -120,18 +84,18 @@ void TranslateLoggingInfo(Document& document, MasterClip masterClip, FileRecord*
 
 bool WriteItemLabel(Document& document, ConstHandle itemProperties, ObjectHandle element)
 {
-    return WriteLabel(document, itemProperties, "Column.PropertyText.Label", element);
+    return WriteLabel(document, itemProperties, kItemLabelKey, element);
 }
 
 bool WriteClipLabel(Document& document, ConstHandle clipProperties, ObjectHandle element)
 {
-    return WriteLabel(document, clipProperties, "hfl.clip.label.name", element);
+    return WriteLabel(document, clipProperties, kClipLabelKey, element);
 }
 
 void WriteComments(Document& document, ConstHandle itemProperties, ObjectHandle element)
 {
     const ObjectHandle comments = document.NewObject("comments");
-    const bool hasComments = CopyKeys(itemProperties, kCommentKeys, comments);
+    const bool hasComments = WriteFields(itemProperties, CommentFields(), comments);
     if (hasComments || itemProperties.HasProperty(kCommentColumn))
         element.AddChild(comments);
 }

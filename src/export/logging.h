@@ -1,4 +1,4 @@
-// What people note about clips: logging and film data, comments, labels.
+// What users record about clips: logging and film data, comments, labels.
 #pragma once
 
 #include "export/catalogs.h"

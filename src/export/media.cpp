@@ -1,7 +1,6 @@
 #include "export/media.h"
 
 #include "core/numbers.h"
-#include "export/rates.h"
 
 #include <algorithm>
 #include <string_view>
@@ -10,41 +9,12 @@ namespace XPJ::RVX {
 
 namespace {
 
-// Media that the host generates have a four-character code as a path, as a decimal number.
-struct GeneratedCode {
-    std::int64_t code;
-    MediaKind kind;
-};
-
-constexpr GeneratedCode kGeneratedCodes[] = {
-    {1129270354, MediaKind::ColorMatte},  // "COLR"
-    {1196574294, MediaKind::Graphic},     // "GRFV"
-    {1111577171, MediaKind::BarsAndTone}, // "BARS"
-    {1414091852, MediaKind::Title},       // "TITL"
-};
-
 Ticks TicksOr(ConstHandle node, Name key, Ticks missing)
 {
     return HasValue(node, key) ? Int64Property(node, key) : missing;
 }
 
 } // namespace
-
-std::string_view MediaPath(Media media)
-{
-    return media.GetProperty(media.HasProperty("FilePath") ? "FilePath" : "ActualMediaFilePath");
-}
-
-MediaKind MediaKindOf(Media media)
-{
-    const std::string_view path = MediaPath(media);
-    if (path.find_first_of("/\\") != path.npos)
-        return MediaKind::File;
-    for (const GeneratedCode& row : kGeneratedCodes)
-        if (ParseInt64(path) == row.code)
-            return row.kind;
-    return MediaKind::Synthetic;
-}
 
 bool IsWrittenAsClip(Media media)
 {

@@ -1,23 +1,11 @@
-// Media behind master clips: what kind they are, how they count, and the part that a clip shows.
+// Media behind master clips: how they are written, how they count, and the part that a clip shows.
 #pragma once
 
-#include "export/export_context.h"
+#include "core/ticks.h"
+#include "project/media_kinds.h"
 
 namespace XPJ::RVX {
 
-// What stands behind a Media.
-enum class MediaKind {
-    File,
-    ColorMatte,
-    Graphic,
-    BarsAndTone,
-    Title,     // a legacy title document
-    Synthetic, // a generator without a counterpart
-};
-
-MediaKind MediaKindOf(Media media);
-// The path of a Media, a code in digits for one that the host generates.
-std::string_view MediaPath(Media media);
 // True for a Media that a `clip` is written for.
 bool IsWrittenAsClip(Media media);
 // True where the video of a Media is a stream of captions.

@@ -3,8 +3,6 @@
 #include "core/frame_rate.h"
 #include "core/numbers.h"
 
-#include <limits>
-
 namespace XPJ::RVX {
 
 std::int64_t TimeOf(TimeUnit unit, Ticks ticks, Ticks frameTicks)
@@ -15,11 +13,6 @@ std::int64_t TimeOf(TimeUnit unit, Ticks ticks, Ticks frameTicks)
 std::string TimeText(TimeUnit unit, Ticks ticks, Ticks frameTicks)
 {
     return IntToString(TimeOf(unit, ticks, frameTicks));
-}
-
-bool IsRate(Ticks frameTicks)
-{
-    return frameTicks > 0 && frameTicks != std::numeric_limits<Ticks>::max();
 }
 
 ObjectHandle WriteRate(Document& document, Ticks frameTicks, TimeUnit unit)

@@ -12,10 +12,6 @@ namespace XPJ::RVX {
 std::int64_t TimeOf(TimeUnit unit, Ticks ticks, Ticks frameTicks);
 std::string TimeText(TimeUnit unit, Ticks ticks, Ticks frameTicks);
 
-// False for a length that no document can mean: 0 or less, or the largest number, which states
-// that there is none.
-bool IsRate(Ticks frameTicks);
-
 // A `rate`; one of ticks has the `timebase` alone, with the ticks of a second.
 ObjectHandle WriteRate(Document& document, Ticks frameTicks, TimeUnit unit = TimeUnit::Frames);
 

@@ -22,10 +22,4 @@ ItemPlace PlaceOfItem(const TrackContext& track, Ticks start, std::string_view c
             .time = FormatItemTime(track.sequence, start)};
 }
 
-void AddItemIssue(ExportContext& context, const TrackContext& track, Ticks start, ExportIssue kind,
-                  std::string_view clipName, std::string_view subject)
-{
-    AddIssue(context, kind, PlaceOfItem(track, start, clipName), subject);
-}
-
 } // namespace XPJ::RVX

@@ -44,12 +44,8 @@ struct ItemPart {
 // The sequence's timecode at a time in it.
 std::string FormatItemTime(const SequenceContext& context, Ticks start);
 
-// The place of what starts at `start` on the track.
+// The location of what starts at `start` on the track, for issues.
 ItemPlace PlaceOfItem(const TrackContext& track, Ticks start, std::string_view clipName);
-
-// Adds an issue about what starts at `start` on the track.
-void AddItemIssue(ExportContext& context, const TrackContext& track, Ticks start, ExportIssue kind,
-                  std::string_view clipName, std::string_view subject = {});
 
 // A sequence, and the master that leads to it.
 struct ShownSequence {

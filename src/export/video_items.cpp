@@ -105,7 +105,7 @@ NestedSequence VideoItem::TranslateClip()
     return source.nested;
 }
 
-// A generator is described by its one effect: it has no room for filters, markers or notes.
+// A generator is described by its one effect: it has neither filters nor markers nor comments.
 void VideoItem::TranslateMatte()
 {
     element = context.document.NewObject("generatoritem");

@@ -3,12 +3,12 @@
 #include "core/host_properties.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "export/rates.h"
 #include "inspect/node_numbers.h"
 #include "inspect/project_effects.h"
 #include "inspect/read_timelines.h"
 #include "inspect/titles.h"
 #include "project/accessors.h"
+#include "project/logging_fields.h"
 #include "project/marker_record.h"
 #include "tree/reading.h"
 
@@ -17,8 +17,6 @@
 #include <unordered_map>
 
 namespace XPJ::Inspection {
-
-using namespace RVX;
 
 namespace {
 
@@ -119,8 +117,8 @@ private:
     {
         Entry entry{.depth = depth,
                     .name = UnescapeXML(ItemName(item)),
-                    .label = UnescapeXML(LabelNameOf(
-                        ItemProperties(item).GetProperty("Column.PropertyText.Label")))};
+                    .label =
+                        UnescapeXML(LabelNameOf(ItemProperties(item).GetProperty(kItemLabelKey)))};
         if (item.GetName() == "ClipProjectItem") {
             const MasterClip master = MasterOfItem(item);
             const ConstHandle clip = MainClip(master);
@@ -215,8 +213,8 @@ private:
                   .frameBlending = IntProperty(clip, "TimeInterpolationType") != 0,
                   .speedKeyframes = ReadProjectSpeedKeyframes(clip),
                   .enabled = !IsTrue(ItemCore(node), "IsMuted"),
-                  .label = UnescapeXML(
-                      LabelNameOf(ClipProperties(clip).GetProperty("hfl.clip.label.name"))),
+                  .label =
+                      UnescapeXML(LabelNameOf(ClipProperties(clip).GetProperty(kClipLabelKey))),
                   .sourceFormat = sequenceFormat};
         if (kind == MediaType::Audio && HasValue(clip, "SecondaryIndex"))
             item.channel = static_cast<int>(

@@ -4,9 +4,9 @@
 #include "core/text.h"
 #include "effects/legacy_title_reader.h"
 #include "effects/title_reader.h"
-#include "export/media.h"
 #include "inspect/title_font_names.h"
 #include "project/accessors.h"
+#include "project/media_kinds.h"
 #include "text/text_document.h"
 
 #include <algorithm>
@@ -114,7 +114,7 @@ std::vector<TitleText> TextsOfChain(ConstHandle chain)
 std::vector<TitleText> TextsOfMedia(Media media)
 {
     std::vector<TitleText> texts;
-    if (!media || RVX::MediaKindOf(media) != RVX::MediaKind::Title)
+    if (!media || MediaKindOf(media) != MediaKind::Title)
         return texts;
     for (const LegacyTitleText& part :
          ReadLegacyTitle(DecodeBase64(media.GetProperty("ImporterPrefs"))))

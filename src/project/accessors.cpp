@@ -2,6 +2,8 @@
 
 #include "core/text.h"
 
+#include <limits>
+
 namespace XPJ {
 
 namespace {
@@ -15,6 +17,11 @@ ConstHandle FirstClipOfClass(MasterClip masterClip, std::string_view className)
 }
 
 } // namespace
+
+bool IsRate(Ticks frameTicks)
+{
+    return frameTicks > 0 && frameTicks != std::numeric_limits<Ticks>::max();
+}
 
 ConstHandle ItemList(ConstHandle item)
 {

@@ -35,6 +35,10 @@ struct Media : ConstHandle {
     explicit Media(ConstHandle node) : ConstHandle(node) {}
 };
 
+// False for a frame length that no project can mean: 0 or less, or the largest number, which states
+// that there is none.
+bool IsRate(Ticks frameTicks);
+
 // ---- Browser
 
 // The list of a root item or a bin; its children are ClipProjectItems, BinProjectItems and others.
