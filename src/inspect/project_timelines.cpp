@@ -162,7 +162,7 @@ private:
                           .start = Int64Property(properties, "MZ.ZeroPoint"),
                           .markers = ReadMarkers(node)};
         SetFrame(video.GetProperty("FrameRect"), sequence);
-        places_.clear();
+        items_.clear();
         for (const MediaType kind : {MediaType::Video, MediaType::Audio}) {
             int number = 0;
             for (const ObjectHandle& entry : GroupEntriesOf(node))
@@ -189,7 +189,7 @@ private:
             nodes, {}, [](ObjectHandle item) { return Int64Property(ItemEdges(item), "Start"); });
         NodeSet transitions;
         for (const ObjectHandle& item : nodes) {
-            places_.emplace(item.UniqueId(), ItemIndex{sequence.tracks.size(), track.items.size()});
+            items_.emplace(item.UniqueId(), ItemIndex{sequence.tracks.size(), track.items.size()});
             track.items.push_back(MakeItem(item, kind, sequence.format));
             for (const ObjectHandle& transition : {HeadTransitionOf(item), TailTransitionOf(item)})
                 if (transition && transitions.Insert(transition))
@@ -278,7 +278,7 @@ private:
         for (const ObjectHandle& link : LinksOf(node)) {
             std::vector<ItemIndex> group;
             for (const ObjectHandle& item : LinkedItemsOf(link))
-                if (const auto found = places_.find(item.UniqueId()); found != places_.end())
+                if (const auto found = items_.find(item.UniqueId()); found != items_.end())
                     group.push_back(found->second);
             std::ranges::sort(group);
             group.erase(std::unique(group.begin(), group.end()), group.end());
@@ -295,7 +295,7 @@ private:
     NodeNumbers sequences_;
     std::unordered_map<std::uint64_t, std::size_t> media_;  // by the Media's `uniqueId`
     std::unordered_map<std::uint64_t, std::size_t> titles_; // by the MasterClip's `uniqueId`
-    std::unordered_map<std::uint64_t, ItemIndex> places_;   // of the sequence at hand
+    std::unordered_map<std::uint64_t, ItemIndex> items_;    // of the sequence at hand
 };
 
 } // namespace

@@ -23,7 +23,7 @@ void AppendPrintable(std::string_view line, std::string& text)
         text += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? ' ' : c;
 }
 
-// `text` behind a blank, nothing for none.
+// `text` after two blanks and the label; nothing for an empty one.
 std::string Behind(std::string_view label, const std::string& text)
 {
     return text.empty() ? std::string() : fmt::format("  {}{}", label, text);
