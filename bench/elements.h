@@ -29,7 +29,7 @@ struct Rate {
     bool ntsc = false;
 };
 
-// A file of a camera: picture and two channels of sound, or only one of both.
+// A file of a camera: video and two channels of audio, or only one of both.
 struct MediaFile {
     std::string id;
     std::string name;
@@ -55,7 +55,7 @@ struct MasterClip {
     MediaFile file;
 };
 
-// A stretch of a master clip on a track; -1 stands for an edge under a transition.
+// A part of a master clip on a track; -1 is an edge under a transition.
 struct Item {
     std::string id;
     int in = -1;
@@ -64,7 +64,7 @@ struct Item {
     int end = -1;
 };
 
-// Three items that are moved as one: picture and the two sides of its sound.
+// Three items that are moved as one: video and the two channels of its audio.
 struct LinkedItems {
     std::string ids[3];
     int position = 1; // in each of their tracks, from 1
@@ -80,10 +80,10 @@ void WriteMarker(XmlText& xml, std::string_view name, std::string_view comment, 
 void WriteLinks(XmlText& xml, const LinkedItems& links);
 void WriteSourceTrack(XmlText& xml, bool isVideo, int trackIndex);
 
-// What stands before the file in every item of a track.
+// What comes before the file in every item of a track.
 void WriteItemHead(XmlText& xml, const MasterClip& clip, const Item& item);
 
-// A choice of picture filters: motion, blur, colour, opacity and speed, some with keyframes.
+// A choice of video filters: motion, blur, color, opacity and speed, some with keyframes.
 void WriteVideoFilters(XmlText& xml, Dice& dice, int duration);
 void WriteAudioFilters(XmlText& xml, Dice& dice, int duration, int channel);
 

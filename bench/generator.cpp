@@ -20,7 +20,7 @@ constexpr std::string_view kSubjects[] = {"Harbour wide",  "Skipper interview", 
 constexpr std::string_view kLabels[] = {"", "Good Take", "", "Best Take", "", "Interview"};
 constexpr std::string_view kTake[] = {"A", "B", "C", "D"};
 
-// What a cut of picture with its two channels of sound comes to, with a clip's share.
+// Bytes of a cut of video with its two channels of audio, with its share of a clip.
 constexpr std::size_t kBytesPerCut = 9400;
 constexpr int kCutsPerSequence = 60;
 constexpr int kCutsPerClip = 5;
@@ -223,7 +223,7 @@ std::vector<Cut> Generator::PlanCuts(std::vector<MasterClip>& clips, int count)
     return cuts;
 }
 
-// track: 0 is picture, 1 and 2 are the two sides of its sound.
+// track: 0 is video, 1 and 2 are the two channels of its audio.
 void Generator::WriteCut(const Cut& cut, int firstItem, int index, int track)
 {
     LinkedItems links;

@@ -16,7 +16,7 @@ enum class Shape {
     LongTrack,       // one track of `count` items
     NestedSequences, // one sequence with `count` sequences inside its items
     SequenceChain,   // `count` sequences, each of which holds the next by reference
-    MergedClips,     // `count` clips, each of a picture file and two sound files
+    MergedClips,     // `count` clips, each of a video file and two audio files
 };
 
 struct DocumentOptions {

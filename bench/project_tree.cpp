@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view kVideo = "228cda18-3625-4d2d-951e-348879e4ed93";
 constexpr std::string_view kAudio = "80b8e3d5-6dca-4195-aefb-cb5f407ab009";
-constexpr std::size_t kBytesPerCut = 16'800; // of text: a picture item, two sound items, a fifth
+constexpr std::size_t kBytesPerCut = 16'800; // of text: a video item, two audio items, a fifth
                                              // of a master clip
 constexpr int kCutsPerClip = 5;
 

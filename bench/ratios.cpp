@@ -108,7 +108,7 @@ void RunImport(const std::string& path, Stopwatch& watch)
     watch.SetBytes(std::filesystem::file_size(path));
 }
 
-// The project that the import makes of a document stands beside it.
+// Next to a document is the project that the import makes of it.
 std::string ProjectPath(const std::string& path)
 {
     return path + ".vlproj";

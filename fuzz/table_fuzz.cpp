@@ -1,5 +1,5 @@
-// A table that reads is sound, and the grading around it is written as a text that reads; from then
-// on it is written as the same bytes.
+// A table that can be read is valid, and the grading around it is written as a text that reads;
+// from then on it is written as the same bytes.
 #include "grading/look.h"
 
 #include <cstdlib>

@@ -1,5 +1,5 @@
 // Text and shape documents take any blob, and what was read comes back from what it is written as.
-// An input is taken as a blob, and as JSON inside a sound frame, which gets past the count.
+// An input is taken as a blob, and as JSON in a valid envelope, which gets past the count.
 #include "text/json_blob.h"
 #include "text/shape_path.h"
 #include "text/shape_style.h"

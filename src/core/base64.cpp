@@ -79,8 +79,8 @@ std::string DecodeBase64(std::string_view text)
     return bytes;
 }
 
-// A byte of the register comes to its top once in eight steps and is exchanged there for a new one,
-// so that the register is eight bytes that don't meet.
+// Every eighth step a byte of the register comes to its top and is replaced there by a new one, so
+// the register is eight independent bytes.
 std::uint32_t BlobChecksum(std::string_view bytes) noexcept
 {
     constexpr std::size_t kLanes = 8;
@@ -95,7 +95,7 @@ std::uint32_t BlobChecksum(std::string_view bytes) noexcept
             step(i + lane, lane);
     for (std::size_t lane = 0; i < bytes.size(); ++i, ++lane)
         step(i, lane);
-    // The four last ones, the newest lowest.
+    // The last four, the newest lowest.
     std::uint32_t checksum = 0;
     for (std::size_t last = kLanes - 4; last < kLanes; ++last)
         checksum = checksum << 8 | lanes[(bytes.size() + last) % kLanes];

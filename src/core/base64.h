@@ -1,4 +1,4 @@
-// Binary values in project documents: base64 text beside a checksum of the raw bytes.
+// Binary values in project documents: base64 text with a checksum of the raw bytes.
 #pragma once
 
 #include <cstdint>

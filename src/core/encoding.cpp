@@ -31,7 +31,7 @@ constexpr struct {
     {"\xFF\xFE"sv, "UTF-16LE"},
 };
 
-// The first "<" of a document without a mark, and an ASCII character behind it.
+// The first "<" of a document without a mark, and an ASCII character after it.
 constexpr struct {
     std::string_view start; // "x" for any byte but 0
     const char* encoding;
@@ -51,7 +51,7 @@ constexpr struct {
     {"x-sjis", "CP932"},          {"x-euc-jp", "EUC-JP"},
 };
 
-// These are UTF-8, or a part of it.
+// These are UTF-8, or a subset of it.
 constexpr std::string_view kUtf8Names[] = {"UTF-8", "UTF8", "US-ASCII", "ASCII"};
 
 class Converter {
@@ -71,10 +71,10 @@ public:
     }
 
     enum class Stop { End, Full, Bad };
-    // Converts from the start of `in`, and takes away what it has used.
+    // Converts from the start of `in`, and removes what it has used.
     Stop Convert(std::string_view& in, char*& out, std::size_t& room)
     {
-        char* bytes = const_cast<char*>(in.data()); // iconv leaves them alone
+        char* bytes = const_cast<char*>(in.data()); // iconv doesn't change them
         std::size_t left = in.size();
         const std::size_t result = iconv(handle_, &bytes, &left, &out, &room);
         const int error = errno;
@@ -83,7 +83,7 @@ public:
             return Stop::End;
         return error == E2BIG ? Stop::Full : Stop::Bad;
     }
-    // What a stateful encoding still holds back.
+    // What a stateful encoding still buffers.
     void Finish(char*& out, std::size_t& room) { iconv(handle_, nullptr, nullptr, &out, &room); }
 
 private:
@@ -106,7 +106,7 @@ std::string_view DeclarationOf(std::string_view bytes)
     return head.starts_with("<?xml") && end != head.npos ? head.substr(0, end) : ""sv;
 }
 
-// A name as XML has it: letters, digits, ".", "_", "-".
+// A name as XML allows it: letters, digits, ".", "_", "-".
 std::string_view DeclaredEncoding(std::string_view declaration)
 {
     constexpr std::string_view kKey = "encoding";
@@ -149,7 +149,7 @@ bool ReadsAsItself(Converter& converter, std::string_view declaration)
            std::string_view(text, sizeof(text) - room) == declaration;
 }
 
-// What the bytes are in, as the system calls it.
+// The encoding of the bytes, by the system's name.
 std::string EncodingOf(std::string_view bytes, EncodingFaults& faults)
 {
     for (const auto& row : kByteOrderMarks)
@@ -176,7 +176,7 @@ bool IsAscii(char byte)
     return static_cast<unsigned char>(byte) < 0x80;
 }
 
-// Length of what `text` starts with and is all ASCII.
+// Length of the ASCII text at the start of `text`.
 std::size_t AsciiLength(std::string_view text)
 {
     std::size_t i = 0;
@@ -190,7 +190,7 @@ std::size_t AsciiLength(std::string_view text)
     return i;
 }
 
-// Length of the character, beyond ASCII, that `text` starts with; 0 if that is none.
+// Length of the character beyond ASCII that `text` starts with; 0 if it is invalid.
 std::size_t CharacterLength(std::string_view text)
 {
     const auto lead = static_cast<unsigned char>(text.front());
@@ -209,7 +209,7 @@ void CountBadRun(std::string_view textBefore, EncodingFaults& faults)
 
 void CheckUtf8(std::string_view text, EncodingFaults& faults)
 {
-    bool isRun = false; // the byte before is a bad one
+    bool isRun = false; // the byte before is invalid
     for (std::size_t i = 0; i < text.size();) {
         const std::string_view rest = text.substr(i);
         const std::size_t length = IsAscii(text[i]) ? AsciiLength(rest) : CharacterLength(rest);
@@ -231,7 +231,7 @@ void Decode(std::string_view bytes, std::string& text, EncodingFaults& faults)
     const std::size_t unit = UnitSize(faults.encoding);
     Converter converter(faults.encoding.c_str());
     std::size_t size = 0;
-    bool isRun = false; // the byte before is a bad one
+    bool isRun = false; // the byte before is invalid
     text.resize(bytes.size() + bytes.size() / 2 + kLeastRoom);
     for (Converter::Stop stop = Converter::Stop::Full; stop != Converter::Stop::End;) {
         if (text.size() - size < kLeastRoom)

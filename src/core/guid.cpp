@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kTextSize = 36;
 
-bool IsDashPlace(std::size_t i)
+bool IsDashPosition(std::size_t i)
 {
     return i == 8 || i == 13 || i == 18 || i == 23;
 }
@@ -24,7 +24,7 @@ Guid StringToGUID(std::string_view text) noexcept
     Guid guid{};
     std::size_t digits = 0;
     for (std::size_t i = 0; i < kTextSize; ++i) {
-        if (IsDashPlace(i)) {
+        if (IsDashPosition(i)) {
             if (text[i] != '-')
                 return kZeroGuid;
             continue;

@@ -52,10 +52,7 @@ public:
         Stages stages(progress_, 8);
         stages.Run(2, [this] { return Read(); });
         stages.Run(2, [this] { return IsImport() ? Import() : Export(); });
-        stages.Run(2, [this] {
-            Report();
-            return request_.to->write(translated_, isHandOff_, progress_, streams_.output);
-        });
+        stages.Run(2, [this] { return Write(); });
         stages.Run(1, [this] { return ReleaseTree(translated_, progress_); });
         stages.Run(1, [this] { return ReleaseTree(source_, progress_); });
         return stages.Result();
@@ -66,12 +63,12 @@ private:
 
     int Read()
     {
-        DocumentNotes notes;
+        DocumentDetails details;
         const int result = request_.from->read({request_.inputPath, streams_.input}, progress_,
-                                               sourceDocument_, source_, notes);
-        AddEncodingIssues(notes.encoding, DirectionOf(request_), outcome_.issues);
-        isHandOff_ = request_.handOff.value_or(notes.isHandOff);
-        outcome_.stop = std::move(notes.stop);
+                                               sourceDocument_, source_, details);
+        AddEncodingIssues(details.encoding, DirectionOf(request_), outcome_.issues);
+        isHandOff_ = request_.handOff.value_or(details.isHandOff);
+        outcome_.stop = std::move(details.stop);
         return result;
     }
 
@@ -102,6 +99,13 @@ private:
         return outcome_.lacksSequence ? kNoFCPDataFound : result;
     }
 
+    int Write()
+    {
+        Report();
+        return request_.to->write(translated_, isHandOff_, progress_, streams_.output);
+    }
+
+    // First, since a project lists its report.
     void Report()
     {
         if (outcome_.issues.empty() || isHandOff_)

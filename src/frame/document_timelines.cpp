@@ -12,12 +12,12 @@ DocumentTimelines ReadTimelines(std::string_view bytes, std::string_view folder)
     DocumentTimelines timelines;
     Document document;
     ObjectHandle root;
-    DocumentNotes notes;
+    DocumentDetails details;
     const std::string_view text = DecodeInput(bytes, document, timelines.encoding);
-    timelines.result = FormatOfText(text).parse(text, document, root, notes);
-    timelines.stop = std::move(notes.stop);
+    timelines.result = FormatOfText(text).parse(text, document, root, details);
+    timelines.stop = std::move(details.stop);
     if (timelines.result == kSuccess)
-        timelines.project = Inspection::TimelinesOfTree(root, folder, notes.isHandOff);
+        timelines.project = Inspection::TimelinesOfTree(root, folder, details.isHandOff);
     return timelines;
 }
 

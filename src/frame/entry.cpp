@@ -20,7 +20,7 @@ using namespace std::chrono_literals;
 constexpr auto kImportInterval = 100ms;
 constexpr auto kExportInterval = 250ms;
 
-// The host's stream functions, held for the scope's life.
+// The host's stream functions, acquired for the scope's life.
 class ProjectSuite {
 public:
     explicit ProjectSuite(const BasicSuiteSource* source) : result_(Acquire(source)) {}
@@ -184,12 +184,12 @@ std::int32_t Export(ConverterContext& context)
         {.from = &FormatOf(TreeKind::Project),
          .to = &FormatOf(TreeKind::Xmeml),
          .outputPath = target.path,
-         .handOff = target.vl2snMode,
+         .handOff = target.isHandOff,
          .projectTitle = target.title,
          .sequenceGuid = StringToGUID({context.sequenceGuid, sizeof(context.sequenceGuid)}),
          .needsSequence = false},
         {.input = &input, .output = output});
-    if (!target.vl2snMode && showUI && GetPlatform().HasUserInterface())
+    if (!target.isHandOff && showUI && GetPlatform().HasUserInterface())
         RunUnderDialog(operation);
     else
         RunToEnd(operation, kExportInterval);
@@ -198,7 +198,7 @@ std::int32_t Export(ConverterContext& context)
     std::int32_t result = HostResult(inputBuffer.Status(), outcome.result);
     if (result == kVelaDone && !file.Commit())
         result = kVelaConversionFailed;
-    if (result == kVelaDone && !outcome.issues.empty() && !target.vl2snMode)
+    if (result == kVelaDone && !outcome.issues.empty() && !target.isHandOff)
         ShowMessage(Message::kTranslationReport, GetMessage(Message::kTranslationResultsXML),
                     showUI);
     return result;

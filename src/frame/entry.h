@@ -1,4 +1,4 @@
-// The selectors that a host calls; the exported functions are shells around these. They may throw.
+// The selectors that a host calls; the exported functions wrap these. They may throw.
 #pragma once
 
 #include <vela_fcpxml/plugin.h>

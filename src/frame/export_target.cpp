@@ -15,8 +15,8 @@ ExportTarget ExportTargetOf(std::string_view path)
     ExportTarget target;
     std::string_view name = FileNameOf(path);
     const std::size_t marker = name.find(kHandOffMarker);
-    target.vl2snMode = marker != name.npos;
-    if (target.vl2snMode)
+    target.isHandOff = marker != name.npos;
+    if (target.isHandOff)
         name.remove_prefix(marker + kHandOffMarker.size());
     target.path = std::string(FolderOf(path)).append(name);
     target.title = name.substr(0, name.rfind('.'));

@@ -9,7 +9,7 @@ namespace XPJ {
 struct ExportTarget {
     std::string path;
     std::string title;      // of the project; never empty
-    bool vl2snMode = false; // the name had the marker of the audio hand-off
+    bool isHandOff = false; // the name had the marker of the audio hand-off
 };
 
 // "/p/clip__Vl2Sn__final.xml" is the hand-off document "/p/final.xml" with the title "final".

@@ -1,4 +1,4 @@
-// The exported functions: shells that let no exception into the host.
+// The exported functions: wrappers that let no exception into the host.
 #include "core/conversion_result.h"
 #include "frame/console.h"
 #include "frame/entry.h"

@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 constexpr auto kCheckInterval = 50ms;
 constexpr int kChecksPerShow = 5; // progress each 250 ms
 
-// An output file and the stream on it.
+// An output file with its stream.
 class OutputFile {
 public:
     OutputFile(const std::string& path, StopCheck wantsStop)

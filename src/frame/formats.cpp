@@ -48,20 +48,21 @@ int ResultOfWrite(int writeResult)
 // ---- Final Cut Pro XML
 
 int ReadXmeml(const DocumentInput& input, Progress& progress, Document& document,
-              ObjectHandle& root, DocumentNotes& notes)
+              ObjectHandle& root, DocumentDetails& details)
 {
     XmemlReadNotes found;
     const int result = ReadFCPXML(input.path, progress, document, root, &found);
-    notes.stop = std::move(found.stop);
-    notes.encoding = std::move(found.encoding);
-    notes.isHandOff = found.kind.sn2vlMode;
+    details.stop = std::move(found.stop);
+    details.encoding = std::move(found.encoding);
+    details.isHandOff = found.kind.sn2vlMode;
     return ResultOfRead(result);
 }
 
-int ParseXmeml(std::string_view text, Document& document, ObjectHandle& root, DocumentNotes& notes)
+int ParseXmeml(std::string_view text, Document& document, ObjectHandle& root,
+               DocumentDetails& details)
 {
-    notes.isHandOff = SniffText(text).sn2vlMode;
-    return ResultOfRead(ParseFCPXML(text, document, root, &notes.stop));
+    details.isHandOff = SniffText(text).sn2vlMode;
+    return ResultOfRead(ParseFCPXML(text, document, root, &details.stop));
 }
 
 int WriteXmeml(ObjectHandle root, bool handOff, Progress& progress, std::ostream& output)
@@ -72,7 +73,7 @@ int WriteXmeml(ObjectHandle root, bool handOff, Progress& progress, std::ostream
 // ---- Vela project
 
 int ReadProjectFile(const std::string& path, Progress& progress, Document& document,
-                    ObjectHandle& root, DocumentNotes& notes)
+                    ObjectHandle& root, DocumentDetails& details)
 {
     CoreFile file;
     file.StopWhen([&progress] { return progress.IsCancelled(); });
@@ -80,26 +81,26 @@ int ReadProjectFile(const std::string& path, Progress& progress, Document& docum
     std::istream stream(&buffer);
     if (!file.Open(path, false))
         stream.setstate(std::ios::failbit);
-    const int result = ReadProjectDocument(stream, document, root, &notes);
+    const int result = ReadProjectDocument(stream, document, root, &details);
     if (file.Error() == 0)
         return ResultOfRead(result);
-    // What could be read may look whole, but isn't.
-    notes = {};
-    notes.stop.reason = ErrorText(file.Error());
+    // What could be read may look complete, but isn't.
+    details = {};
+    details.stop.reason = ErrorText(file.Error());
     return progress.IsCancelled() ? kAborted : kInputCouldNotBeOpened;
 }
 
 int ReadProject(const DocumentInput& input, Progress& progress, Document& document,
-                ObjectHandle& root, DocumentNotes& notes)
+                ObjectHandle& root, DocumentDetails& details)
 {
-    return input.stream ? ResultOfRead(ReadProjectDocument(*input.stream, document, root, &notes))
-                        : ReadProjectFile(input.path, progress, document, root, notes);
+    return input.stream ? ResultOfRead(ReadProjectDocument(*input.stream, document, root, &details))
+                        : ReadProjectFile(input.path, progress, document, root, details);
 }
 
 int ParseProject(std::string_view text, Document& document, ObjectHandle& root,
-                 DocumentNotes& notes)
+                 DocumentDetails& details)
 {
-    return ResultOfRead(ParseProjectDocument(text, document, root, &notes.stop));
+    return ResultOfRead(ParseProjectDocument(text, document, root, &details.stop));
 }
 
 int WriteProject(ObjectHandle root, bool handOff, Progress& progress, std::ostream& output)
@@ -152,7 +153,7 @@ const Format* FormatOfExtension(std::string_view extension)
 
 const Format& FormatOfText(std::string_view text)
 {
-    // Prologue and comments in front of the document element are short.
+    // The prologue and the comments before the document element are short.
     constexpr std::size_t kHead = 65536;
     const std::string_view head = text.substr(0, kHead);
     const auto opens = [head](const Format& format) { return HoldsStartTag(head, format.element); };

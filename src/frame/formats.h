@@ -12,17 +12,17 @@
 
 namespace XPJ {
 
-// Whose elements a tree has.
+// The vocabulary of a tree.
 enum class TreeKind { Xmeml, Project };
 
 // Where a document comes from.
 struct DocumentInput {
-    std::string path;               // of the file; relative paths of media count from its folder
+    std::string path{};             // of the file; relative paths of media count from its folder
     std::istream* stream = nullptr; // read instead of the file if it is given
 };
 
 // What was found beside the tree.
-struct DocumentNotes : ReadNotes {
+struct DocumentDetails : ReadNotes {
     bool isHandOff = false; // the document states the option of the audio hand-off
 };
 
@@ -35,10 +35,10 @@ struct Format {
 
     // Gives `root`, the node of the document element, with references bound.
     int (*read)(const DocumentInput& input, Progress& progress, Document& document,
-                ObjectHandle& root, DocumentNotes& notes);
+                ObjectHandle& root, DocumentDetails& details);
     // The same for UTF-8 text in memory, which must live as long as the document.
     int (*parse)(std::string_view text, Document& document, ObjectHandle& root,
-                 DocumentNotes& notes);
+                 DocumentDetails& details);
     // Writes the `project` that `root` holds, and flushes; the stream's errors are the caller's.
     int (*write)(ObjectHandle root, bool handOff, Progress& progress, std::ostream& output);
 };
@@ -48,7 +48,7 @@ std::span<const Format> AllFormats();
 const Format& FormatOf(TreeKind kind);
 // Null for an extension of no format; letters must match in case.
 const Format* FormatOfExtension(std::string_view extension);
-// By the document element, the first format where there is none that is known.
+// By the document element; the first format if none is known.
 const Format& FormatOfText(std::string_view text);
 
 } // namespace XPJ

@@ -7,10 +7,10 @@ namespace XPJ {
 
 namespace {
 
-// Nodes between two looks at the cancel button.
+// Nodes between two checks for cancellation.
 constexpr std::size_t kBatch = 256;
 
-// All that `root` leads to, itself first, each node once and behind a parent of its own.
+// All that `root` leads to, itself first, each node once and after a parent of its own.
 std::vector<ObjectHandle> CollectNodes(ObjectHandle root)
 {
     NodeSet seen;

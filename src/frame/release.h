@@ -1,4 +1,4 @@
-// The stepped release of a tree, which the user sees and may stop.
+// The release of a tree in steps, with progress and cancellation.
 #pragma once
 
 #include "core/conversion_result.h"

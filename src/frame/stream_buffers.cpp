@@ -52,7 +52,7 @@ std::streamsize FileWriterBuf::xsputn(const char* text, std::streamsize size)
         text += room;
         left -= room;
         WriteBlock();
-        // A last block that is just full stays in the buffer.
+        // A full last block stays in the buffer.
         const std::size_t direct = (left - 1) / kBlockSize * kBlockSize;
         std::size_t written = 0;
         if (direct > 0)
@@ -92,8 +92,8 @@ SuiteWriterBuf::~SuiteWriterBuf()
     Flush();
 }
 
-// Leaves the host's buffer empty, or no buffer at all after a failure. The context is read anew,
-// since a host may give another buffer after each block.
+// Leaves the host's buffer empty, or no buffer at all after a failure. The context is read again,
+// since a host may provide another buffer after each block.
 void SuiteWriterBuf::Flush()
 {
     const auto count = std::min(static_cast<std::size_t>(pptr() - pbase()),

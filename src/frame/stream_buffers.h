@@ -1,6 +1,6 @@
-// The stream buffers through which all bytes of a conversion pass: to a plain file, and to and from
-// a host's stream functions. None throws: failures are kept in `Status` or in the closed file, and
-// are checked when the operation has ended.
+// The stream buffers of a conversion: for plain files, and for a host's stream functions. None
+// throws: failures are kept in `Status` or in the closed file, and are checked when the operation
+// has ended.
 #pragma once
 
 #include "platform/files.h"
@@ -50,7 +50,7 @@ private:
     std::vector<char> buffer_ = std::vector<char>(kBlockSize);
 };
 
-// Fills the host's transfer buffer and hands it over when it is full. After a failure bytes are
+// Fills the host's transfer buffer and passes it on when it is full. After a failure bytes are
 // dropped.
 class SuiteWriterBuf final : public std::streambuf {
 public:

@@ -8,7 +8,7 @@
 
 namespace XPJ {
 
-// The library reads whole words where they lie, so it gets aligned blocks and nothing else until
+// The library reads whole machine words in place, so it gets aligned blocks and nothing else until
 // the end.
 class DigestStream::State {
 public:

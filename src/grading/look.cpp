@@ -13,7 +13,7 @@ namespace {
 
 using Layers = std::vector<CZvShaderParamStorage>;
 
-// A name from outside, so that it can stand in quotes and as a bare value.
+// A name from outside, made fit for quotes and for use as a bare value.
 std::string StorableName(std::string_view name)
 {
     std::string text(name);
@@ -47,7 +47,7 @@ bool IsNewStyle(const CZvGradingAnimation& animation)
     return !layers.empty() && EqualsIgnoreCase(layers.front().name, kGroupBeginLayer);
 }
 
-// In the place that is kept for it, else first.
+// At the position that is reserved for it, else first.
 void AddColorLayer(Layers& layers)
 {
     if (FindLayer(layers, kColorLayer) != layers.end())
@@ -61,7 +61,7 @@ void AddColorLayer(Layers& layers)
 
 // ---- Names
 
-// A name that only the animation has would come back as the grading's.
+// A name of the animation alone would be read back as that of the grading.
 void CompleteNames(CGrading& grading, std::string_view name)
 {
     if (grading.name.empty())

@@ -1,5 +1,5 @@
 // A look document is a `Gradiva` element, or the body of one. Elements come in any order, names in
-// any case; what is unknown is skipped with all that it holds, but not among properties.
+// any case; unknown ones are skipped with their contents, except among properties.
 #include "grading/look_reader.h"
 
 #include "core/guid.h"
@@ -129,7 +129,7 @@ void ReadProperties(CZvXMLFile& file, CZvPropertyList& list)
 
 // ---- The body
 
-// Leaves `guid` as it is for a text that is none.
+// Leaves `guid` unchanged if the text is not a GUID.
 void ReadGuid(std::string_view text, Guid& guid)
 {
     if (text.size() >= 2 && text.front() == '{' && text.back() == '}')
@@ -139,14 +139,15 @@ void ReadGuid(std::string_view text, Guid& guid)
         guid = read;
 }
 
-// What the body of a look has given so far.
+// What has been read of the body of a look.
 class BodyReader {
 public:
     BodyReader(CZvXMLFile& file, const Guid& guid) : file_(file) { grading_.guid = guid; }
 
     // False for a tag that the body of a look doesn't have.
     bool Take(std::string_view tag);
-    // A layer outside keyframes belongs to one at time 0, where the first of them stands.
+    // A layer outside keyframes belongs to one at time 0, which comes where the first such layer
+    // is.
     void TakeLooseLayer();
     CGrading Finish() { return std::move(grading_); }
 
@@ -231,7 +232,7 @@ CGrading ReadRootElement(CZvXMLFile& file, const Guid& guid)
 // Behind the first StartTag.
 CGrading ReadBodyWithoutRoot(CZvXMLFile& file, const Guid& guid)
 {
-    // A root and a keyframe come around its elements when it is written.
+    // Writing puts a root and a keyframe around its elements.
     file.LimitDepth(CZvXMLFile::kMaxDepth - 2);
     BodyReader body(file, guid);
     const auto take = [&](std::string_view tag) {

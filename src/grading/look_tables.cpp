@@ -48,7 +48,7 @@ bool ReadEntries(std::string_view digits, CZv3DLUT& table)
     return true;
 }
 
-// The eight digits of a float, to `place`; gives the place behind them.
+// Writes the eight digits of a float at `place`; gives the end of them.
 char* PutFloat(float value, char* place)
 {
     constexpr char kHex[] = "0123456789abcdef";
@@ -156,7 +156,7 @@ void ReadTableTail(std::string_view tail, CGrading& grading)
     constexpr std::size_t kHashSize = Digest().size();
     constexpr std::size_t kHeadSize = kHashSize + kWordSize;
     std::vector<ExternalTable>& references = grading.externalLUTs;
-    // Places of references, by the bytes of their hash and their file name.
+    // Positions of references, by the bytes of their hash and their file name.
     std::map<std::pair<std::string, std::string>, std::vector<std::size_t>> wanted;
     for (std::size_t i = 0; i < references.size(); ++i) {
         const auto& [hash, fileName] = references[i];

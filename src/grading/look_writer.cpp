@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kIndentStep = 2;
 
-// What a layer may state, in the order of its text.
+// Fields of a layer, in the order of its text.
 constexpr std::string_view kLayerFields[] = {"customname", "visible",    "lockedvisible", "opacity",
                                              "mask",       "vectormask", "linked"};
 

@@ -114,7 +114,7 @@ public:
         : context(edit), properties(list)
     {
         for (const CZvProperty& property : list.properties)
-            byName.emplace(property.name, property.value); // the first of a name counts
+            byName.emplace(property.name, property.value); // the first of each name wins
     }
 
     std::string Lookup(std::string_view name) const

@@ -1,5 +1,5 @@
-// A point whose eleven values all stand still is written with its numbers in the shortest form; one
-// that is animated in any of them keeps every value as it was read.
+// A point with eleven constant values is written with its numbers at their shortest; one that is
+// animated in any of them keeps every value as it was read.
 #include "grading/mask_text.h"
 
 #include "core/text.h"
@@ -53,7 +53,7 @@ constexpr std::string_view kCurve = "catmull-rom,value:";
 constexpr std::string_view kLine = "linear,value:";
 constexpr std::string_view kAtZero = "@0";
 
-// The tag as the table spells it; empty for one that is none of the table's.
+// The tag as the table spells it; empty if the table doesn't have it.
 template <typename Tags>
 std::string_view FindTag(const Tags& tags, std::string_view tag)
 {
@@ -64,7 +64,7 @@ std::string_view FindTag(const Tags& tags, std::string_view tag)
 
 // ---- Animation strings
 
-// A whole text that is one finite number.
+// A text that is one finite number and nothing else.
 template <typename Number>
 std::optional<Number> ParseNumber(std::string_view text)
 {
@@ -94,7 +94,7 @@ std::string_view FirstKey(std::string_view animation)
     return Trimmed(values.substr(0, values.find_first_of("@;")));
 }
 
-// What stands between the two; nothing if the text is none of the form.
+// The text between the two; nothing if either is missing.
 std::optional<std::string_view> Between(std::string_view prefix, std::string_view text,
                                         std::string_view suffix)
 {
@@ -106,7 +106,7 @@ std::optional<std::string_view> Between(std::string_view prefix, std::string_vie
     return text;
 }
 
-// The written form of a value that stands still; nothing for an animated one.
+// The text of a constant value; nothing for an animated one.
 std::optional<std::string> FixedText(PointValue kind, std::string_view animation)
 {
     const bool isSwitch = kind == PointValue::Switch;

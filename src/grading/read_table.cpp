@@ -31,7 +31,7 @@ constexpr TableReader kTableReaders[] = {
     {"LUT_SIZE text", true, MatchesSized, ReadSized},
 };
 
-// False with the fault's place, which stays 0:0 in binary formats.
+// False with the line and column of the fault, 0:0 in binary formats.
 bool ReadAs(const TableReader& reader, std::string_view bytes, CZv3DLUT& table, TextPlace& place)
 {
     TableSource source{bytes};

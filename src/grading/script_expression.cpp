@@ -79,7 +79,7 @@ ScriptError ScriptExpression::Finish(bool empty, int next)
                                                           : ScriptError::MissingRightInExpression;
 }
 
-// Where an operand is due.
+// Where an operand is expected.
 ScriptError ScriptExpression::Operand(int next)
 {
     if (IsScriptDigit(next) || next == '.')
@@ -103,7 +103,7 @@ ScriptError ScriptExpression::Operand(int next)
     }
 }
 
-// Behind an operand.
+// After an operand.
 ScriptError ScriptExpression::Operator(int next)
 {
     if (IsScriptDigit(next) || IsScriptLetter(next))
@@ -294,7 +294,7 @@ ScriptError ScriptExpression::RightParenthesis()
     return ScriptError::None;
 }
 
-// A function that folds is called for each argument behind its first, so that the stack stays flat.
+// A function that folds is called for each argument after its first, so that the stack stays flat.
 ScriptError ScriptExpression::EndArgument(Waiting& call)
 {
     const ScriptFunction& function = ScriptFunctionAt(call.operand);

@@ -14,7 +14,7 @@ double Sign(double x)
 {
     if (x > 0)
         return 1;
-    return x < 0 ? -1 : x; // a zero and not-a-number stay
+    return x < 0 ? -1 : x; // zero and not-a-number are returned as they are
 }
 
 double Clamp(double x, double low, double high)

@@ -73,7 +73,7 @@ std::size_t ScriptLexer::NameEnd(std::size_t place) const
     return place;
 }
 
-// Whose dots they are depends on what follows the name.
+// What the dots belong to depends on what follows the name.
 ScriptError ScriptLexer::TooManyDots()
 {
     while (IsNameCharacter(At(position)) || At(position) == '.')

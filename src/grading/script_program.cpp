@@ -23,7 +23,7 @@ public:
     double Pop() { return values[--depth]; }
     // The topmost `count`, the first pushed one first.
     double* Top(std::size_t count) { return &values[depth - count]; }
-    // Puts `value` in the place of the topmost `count`.
+    // Replaces the topmost `count` by `value`.
     void Replace(std::size_t count, double value)
     {
         depth -= count;

@@ -2,7 +2,7 @@
 //
 //   0    "3LUT"          all numbers little-endian, or "TUL3": big-endian
 //   6    n               16 bit; 2^n + 1 entries per axis
-//   8    data offset     32 bit; 0 stands for 808
+//   8    data offset     32 bit; 0 means 808
 //        entries         32 bit each: red in the ten highest bits, then green, then blue, two
 //        unused
 #include "grading/table_bytes.h"

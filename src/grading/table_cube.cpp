@@ -1,4 +1,4 @@
-// The text form most programs write, for 1D tables, 3D tables, and a 1D before a 3D table.
+// The text format that most programs write, for 1D tables, 3D tables, and a 1D before a 3D table.
 //
 //   TITLE "Dusk"
 //   LUT_3D_SIZE 2
@@ -8,8 +8,8 @@
 //   0.9 0 0.05
 //   ...                 size^3 lines, red running fastest; size lines for LUT_1D_SIZE
 //
-// Keywords come in any order and case, those nobody knows are passed over. DOMAIN_ is what the
-// file takes in, the domain of its first table; LUT_1D_INPUT_RANGE and LUT_3D_INPUT_RANGE give one
+// Keywords come in any order and case, unknown ones are skipped. DOMAIN_ is the
+// domain of the file's first table; LUT_1D_INPUT_RANGE and LUT_3D_INPUT_RANGE give one
 // pair for all axes of their table.
 #include "grading/table_text.h"
 
@@ -77,11 +77,11 @@ bool ReadKeyword(TableText& text, std::size_t at, CubeFile& file)
         return text.LineOf(stated(file.domain).min);
     if (text.Word("DOMAIN_MAX"))
         return text.LineOf(stated(file.domain).max);
-    text.SkipLine(); // TITLE, and words nobody knows
+    text.SkipLine(); // TITLE, and unknown keywords
     return true;
 }
 
-// Lines behind the last entry are ignored.
+// Lines after the last entry are ignored.
 bool ReadData(const TableSource& source, TableText& text, CubeFile& file)
 {
     const std::size_t count = file.Count();

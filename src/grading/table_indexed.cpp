@@ -3,7 +3,7 @@
 //   0 0 0 0              index, red, green, blue
 //   1 4 4 5
 //   ...
-//   255 1023 1023 1020   the greatest value tells that 1023 stands for 1
+//   255 1023 1023 1020   the greatest value shows that 1023 means 1
 #include "grading/table_text.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace {
 
 using Row = std::array<std::uint32_t, 4>;
 
-// What stands for 1, by the usual depths of 8, 10, 12 and 16 bits.
+// The value that means 1, by the usual depths of 8, 10, 12 and 16 bits.
 constexpr std::uint32_t kScales[] = {255, 1023, 4095, 65535};
 
 // The least scale that reaches `greatest`; 0 if none does.

@@ -30,7 +30,7 @@ std::size_t IndexOf(std::size_t line, std::size_t size)
 
 bool ReadHeader(TableText& text, CZv3DLUT& table, std::uint32_t& greatest)
 {
-    text.StartLine(); // the mark
+    text.StartLine(); // the signature
     text.SkipLine();
     std::array<std::uint32_t, 2> powers{};
     if (!text.StartLine() || !text.Word("Mesh") || !text.LineOf(powers))

@@ -1,12 +1,12 @@
-// The engine's own binary form. All numbers are little-endian.
+// The engine's own binary format. All numbers are little-endian.
 //
 //   "ZVTX" | "ZTX2" | "ZTX3"     4 bytes
 //   size, dimension, flags       32 bit each; the dimension is 1 or 3
 //   entries                      size^dimension times red, green, blue as 32-bit floats
 // and with flag 1, in "ZTX3" alone:
 //   domain                       six doubles: the least of red, green, blue, then the greatest
-//   count of sub-tables          32 bit; each is its length in 32 bit and a table of this form
-// Flag 2 marks enciphered tables, which are not read.
+//   count of sub-tables          32 bit; each is its length in 32 bit and a table of this format
+// Flag 2 is set for enciphered tables, which are not read.
 #include "grading/table_bytes.h"
 #include "grading/table_readers.h"
 

@@ -198,7 +198,7 @@ bool TableText::LineOf(std::vector<LUTEntry>& entries)
 
 bool HasRoom(const TableSource& source, std::uint64_t lines, std::uint64_t numbers)
 {
-    // A number takes a digit and what parts it from the next; the last line may lack its end.
+    // A number takes a digit and a separator; the last line may have no end.
     const std::uint64_t room = source.bytes.size() - source.at + 1;
     return lines <= room / (2 * numbers);
 }

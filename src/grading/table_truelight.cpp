@@ -120,7 +120,7 @@ bool ReadTruelight(TableSource& source, CZv3DLUT& table)
 {
     TableText text(source, Hash::Blank);
     TruelightFile file;
-    text.StartLine(); // the mark
+    text.StartLine(); // the signature
     text.SkipLine();
     while (text.StartLine() && !text.Word("End")) {
         if (!(text.AtNumber() ? ReadData(text, file) : ReadHeader(text, file)))

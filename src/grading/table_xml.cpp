@@ -11,7 +11,7 @@
 //   </look>
 //
 // Eight digits are one 32-bit float, lowest byte first; an entry has three or four. Whether the
-// table is 1D or 3D is not stated: the number of digits tells.
+// table is 1D or 3D is not stated: it follows from the number of digits.
 #include "core/text.h"
 #include "grading/element_reader.h"
 #include "grading/table_bytes.h"
@@ -43,7 +43,7 @@ std::uint32_t ReadSize(CZvXMLFile& file)
     return size;
 }
 
-// Three numbers, parted by blanks or commas.
+// Three numbers, separated by blanks or commas.
 void ReadCorner(CZvXMLFile& file, std::array<double, 3>& corner)
 {
     std::string text = ReadText(file);
@@ -109,7 +109,7 @@ bool MatchesXml(std::string_view bytes)
 {
     constexpr std::string_view kRoot = "<look>";
     TableSource source{bytes};
-    TableText text(source, Hash::Blank); // passes over a byte-order mark
+    TableText text(source, Hash::Blank); // skips a byte-order mark
     bytes.remove_prefix(source.at);
     if (!bytes.starts_with("<?xml"))
         return false;
@@ -120,7 +120,7 @@ bool MatchesXml(std::string_view bytes)
     return false;
 }
 
-// Faults go by exception, as the line and column are the XML reader's to tell.
+// Faults are exceptions, since the XML reader knows the line and column.
 bool ReadXml(TableSource& source, CZv3DLUT& table)
 {
     CZvXMLFile file;

@@ -17,7 +17,7 @@ namespace XPJ {
 
 namespace {
 
-// Drop frame leaves out frames 0 and 1 of each minute that is no multiple of ten.
+// Drop frame skips numbers 0 and 1 of each minute that is no multiple of ten.
 constexpr int kDropFrameRate = 30;
 constexpr int kDroppedEachMinute = 2;
 constexpr std::int64_t kFramesOfMinute = std::int64_t{60} * kDropFrameRate;
@@ -53,7 +53,7 @@ int RoundedRate(double fps)
     return LimitedInt(std::max<std::int64_t>(1, ToTicks(std::floor(fps + 0.5))));
 }
 
-// From `text` the piece before the next of `separators`, which are passed, too.
+// Takes from `text` the piece before the next of `separators`, and the separator.
 std::string_view TakePiece(std::string_view& text, std::string_view separators)
 {
     const std::size_t end = std::min(text.find_first_of(separators), text.size());
@@ -82,7 +82,7 @@ bool ReadRate(std::string_view text, double* rate)
     return true;
 }
 
-// What a text says, and what in it could not be read.
+// The value of a text, and what of it could not be read.
 struct ParsedText {
     int fields[kFields] = {};
     double fps = kDropFrameRate;
@@ -187,7 +187,7 @@ TimeCode TimeCode::Parse(std::string_view text)
 TimeCode TimeCode::FromFrames(std::int64_t frames, double fps, bool dropFrame)
 {
     const int rate = RoundedRate(fps);
-    // The magnitude of the lowest number fits, too.
+    // Also holds the magnitude of the lowest number.
     std::uint64_t count =
         frames < 0 ? 0 - static_cast<std::uint64_t>(frames) : static_cast<std::uint64_t>(frames);
     if (dropFrame && rate == kDropFrameRate) {

@@ -90,7 +90,7 @@ ComparedSubject SubjectOf(const TransitionOnTrack& entry)
             entry.transition->start};
 }
 
-// Whether there is a clip on either side, the clips themselves show.
+// The clips themselves show whether there is one on either side.
 std::string WithoutBlack(const std::string& alignment)
 {
     return alignment.substr(0, alignment.find("-black"));

@@ -147,7 +147,7 @@ private:
         if (TrackText(*left.track) != TrackText(*right.track))
             differences_.Add(subject, Change::Moved, "track", TrackText(*left.track),
                              TrackText(*right.track));
-        // An item that moves takes its end along.
+        // The end of an item that moves moves with it.
         const bool keepsLength = Minus(a.end, a.start) == Minus(b.end, b.start);
         differences_.CompareTimes(subject, "start", sequences_.left.format, a.start, b.start,
                                   keepsLength ? Change::Moved : Change::Changed);

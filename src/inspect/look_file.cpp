@@ -12,7 +12,7 @@ namespace XPJ::Inspection {
 
 namespace {
 
-// With these a look begins; the last two if it has no root.
+// The first element of a look; one of the last two if it has no root.
 constexpr std::string_view kLookElements[] = {"Gradiva", "keyframe", "shader"};
 constexpr std::string_view kDocumentElements[] = {"xmeml", "VelaData"};
 

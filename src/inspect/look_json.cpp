@@ -23,7 +23,7 @@ Json TableJson(const CZv3DLUT& table)
             {"subTables", std::move(subTables)}};
 }
 
-// Name, value and, of a small tree, what is below.
+// Name, value and, of a value with a structure, its children.
 Json ValuesJson(const CZvValues& values)
 {
     Json list = Json::array();

@@ -160,7 +160,7 @@ private:
                           .start = Int64Property(properties, "MZ.ZeroPoint"),
                           .markers = ReadMarkers(node)};
         SetFrame(video.GetProperty("FrameRect"), sequence);
-        places_.clear();
+        items_.clear();
         for (const MediaType kind : {MediaType::Video, MediaType::Audio}) {
             int number = 0;
             for (const ConstHandle& entry : GroupEntriesOf(node))
@@ -187,7 +187,7 @@ private:
             nodes, {}, [](TrackItem item) { return Int64Property(ItemEdges(item), "Start"); });
         NodeSet transitions;
         for (const ConstHandle& item : nodes) {
-            places_.emplace(item.UniqueId(), ItemIndex{sequence.tracks.size(), track.items.size()});
+            items_.emplace(item.UniqueId(), ItemIndex{sequence.tracks.size(), track.items.size()});
             track.items.push_back(MakeItem(item, kind, sequence.format));
             for (const ConstHandle& transition : {HeadTransitionOf(item), TailTransitionOf(item)})
                 if (transition && transitions.Insert(transition))
@@ -276,7 +276,7 @@ private:
         for (const ConstHandle& link : LinksOf(node)) {
             std::vector<ItemIndex> group;
             for (const ConstHandle& item : LinkedItemsOf(link))
-                if (const auto found = places_.find(item.UniqueId()); found != places_.end())
+                if (const auto found = items_.find(item.UniqueId()); found != items_.end())
                     group.push_back(found->second);
             std::ranges::sort(group);
             group.erase(std::unique(group.begin(), group.end()), group.end());
@@ -293,7 +293,7 @@ private:
     NodeNumbers<ConstHandle> sequences_;
     std::unordered_map<std::uint64_t, std::size_t> media_;  // by the Media's `uniqueId`
     std::unordered_map<std::uint64_t, std::size_t> titles_; // by the MasterClip's `uniqueId`
-    std::unordered_map<std::uint64_t, ItemIndex> places_;   // of the sequence at hand
+    std::unordered_map<std::uint64_t, ItemIndex> items_;    // of the sequence at hand
 };
 
 } // namespace

@@ -15,7 +15,7 @@ std::string Dump(const Json& json)
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
-// `at` is the timecode of the first frame of what the time counts in.
+// `at` is the timecode of the first frame of what the time counts from.
 Json TimeJson(const TimecodeFormat& format, Ticks time, Ticks at)
 {
     return {{"frame", format.Frames(time)},

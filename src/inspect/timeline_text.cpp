@@ -23,8 +23,8 @@ void AppendPrintable(std::string_view line, std::string& text)
         text += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? ' ' : c;
 }
 
-// `text` behind a blank, nothing for none.
-std::string Behind(std::string_view label, const std::string& text)
+// `text` after two blanks and the label; nothing for an empty one.
+std::string Labelled(std::string_view label, const std::string& text)
 {
     return text.empty() ? std::string() : fmt::format("  {}{}", label, text);
 }
@@ -39,7 +39,7 @@ public:
     std::string Write()
     {
         Line(0, "{} {}{}", project_.family == Family::Xmeml ? "xmeml" : "project", project_.version,
-             Behind("", project_.name.empty() ? "" : Quoted(project_.name)));
+             Labelled("", project_.name.empty() ? "" : Quoted(project_.name)));
         for (const Entry& entry : project_.entries)
             WriteEntry(entry);
         for (const Sequence& sequence : project_.sequences)
@@ -60,7 +60,7 @@ private:
     {
         constexpr std::string_view kKinds[] = {"bin", "clip", "sequence"};
         Line(entry.depth + 1, "{} {}{}{}", kKinds[static_cast<std::size_t>(entry.kind)],
-             Quoted(entry.name), Behind("label ", entry.label), MediaFileText(entry.mediaFile));
+             Quoted(entry.name), Labelled("label ", entry.label), MediaFileText(entry.mediaFile));
         if (entry.mediaFile != kNothing)
             WriteMarkers(entry.depth + 2, entry.markers,
                          project_.mediaFiles[entry.mediaFile].format, 0);
@@ -72,7 +72,7 @@ private:
         if (number == kNothing || project_.mediaFiles[number].path.empty())
             return {};
         const std::string& path = project_.mediaFiles[number].path;
-        return Behind("", path) + (isOnline_ && !isOnline_(path) ? " (offline)" : "");
+        return Labelled("", path) + (isOnline_ && !isOnline_(path) ? " (offline)" : "");
     }
 
     void WriteSequence(const Sequence& sequence)
@@ -82,7 +82,7 @@ private:
                                      ? fmt::format("{}x{}", sequence.width, sequence.height)
                                      : std::string();
         Line(0, "sequence {}{}  {} fps{}  starts {}  lasts {} ({} frames)", Quoted(sequence.name),
-             Behind("", size),
+             Labelled("", size),
              NumberText(static_cast<double>(kTicksPerSecond) /
                         static_cast<double>(sequence.format.ticks)),
              sequence.format.drop ? " drop" : "", sequence.format.Timecode(sequence.start),
@@ -124,7 +124,7 @@ private:
     {
         const bool isPlaced = item.start >= 0 && item.end >= 0;
         Line(2, "{}  {}{}{}", isPlaced ? RangeText(sequence, item.start, item.end) : "no place",
-             Quoted(item.name), item.enabled ? "" : "  disabled", Behind("label ", item.label));
+             Quoted(item.name), item.enabled ? "" : "  disabled", Labelled("label ", item.label));
         Line(3, "source {}{}", SourceLine(item), MediaFileText(item.mediaFile));
         if (item.title != kNothing)
             for (const TitleText& text : project_.titles[item.title])
@@ -185,7 +185,7 @@ private:
                 marker.duration == 0 ? ""
                                      : " - " + format.Timecode(AddTicks(from, marker.duration));
             Line(depth, "marker {}{} {}{}", format.Timecode(from), length, Quoted(marker.name),
-                 Behind("", marker.comment));
+                 Labelled("", marker.comment));
         }
     }
 

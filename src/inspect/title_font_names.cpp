@@ -13,7 +13,7 @@ struct Face {
     FontStyle style = FontStyle::Regular;
 };
 
-// A font as a generator names it, taken apart.
+// The parts of a font as a generator names it.
 Face FaceOf(std::string_view font)
 {
     for (const FontStyle style : {FontStyle::BoldItalic, FontStyle::Bold, FontStyle::Italic}) {
@@ -24,7 +24,7 @@ Face FaceOf(std::string_view font)
     return {font, FontStyle::Regular};
 }
 
-// Whether a generator's font became the other by the tables, without falling back.
+// Whether the tables make the other of a generator's font, without a fallback.
 bool Becomes(const std::string_view font, std::string_view other)
 {
     const Face face = FaceOf(font);

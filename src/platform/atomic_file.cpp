@@ -16,9 +16,9 @@ namespace XPJ {
 namespace {
 
 constexpr std::size_t kBlockSize = std::size_t{64} * 1024;
-// What of a name too long for an ending is left: short enough for every file system.
+// What is kept of a name that is too long for a suffix: short enough for every file system.
 constexpr std::size_t kShortName = 100;
-constexpr int kMaxLinks = 40; // as the system has it
+constexpr int kMaxLinks = 40; // the system's own limit
 
 std::filesystem::path LinkTarget(const std::filesystem::path& path)
 {
@@ -27,7 +27,7 @@ std::filesystem::path LinkTarget(const std::filesystem::path& path)
     return error ? std::filesystem::path() : path.parent_path() / target;
 }
 
-// The file behind a chain of links, whether or not it is there; the path itself without links.
+// The file at the end of a chain of links, existing or not; the path itself if it is no link.
 std::string ResolveLinks(const std::string& path)
 {
     std::error_code error;
@@ -35,7 +35,7 @@ std::string ResolveLinks(const std::string& path)
     if (!error)
         return resolved.string();
     if (FileExists(path) && ::access(path.c_str(), F_OK) == 0)
-        return path; // a file without a name of its own, behind /proc
+        return path; // a file without a name of its own, under /proc
     std::filesystem::path place = path;
     for (int i = 0; i < kMaxLinks; ++i) {
         const std::filesystem::path target = LinkTarget(place);
@@ -105,7 +105,7 @@ AtomicFile::AtomicFile(const std::string& path, StopCheck wantsStop)
         OpenTemporary(isThere ? status.st_mode & 07777 : 0);
 }
 
-// Permissions: those of the file that is there, 0 for none.
+// Permissions: those of the existing file, 0 without one.
 void AtomicFile::OpenTemporary(unsigned permissions)
 {
     const bool isThere = permissions != 0 || ::access(path_.c_str(), F_OK) == 0;
@@ -133,7 +133,7 @@ void AtomicFile::OpenIn(const std::string& folder, unsigned permissions)
     if (!file_.IsOpen())
         temporaryPath_.clear();
     else if (permissions != 0)
-        // A file that can't take the old one's permissions is still the better file.
+        // The new file is kept even if it can't get the old one's permissions.
         static_cast<void>(file_.SetPermissions(permissions));
 }
 
@@ -158,8 +158,8 @@ bool AtomicFile::Commit()
     return true;
 }
 
-// For a file whose name can't be given to another one: a mount point, a file in a folder that is
-// somebody else's.
+// For a file that can't be replaced by another one: a mount point, a file in a folder of another
+// user.
 bool AtomicFile::CopyOver()
 {
     CoreFile target;

@@ -25,7 +25,7 @@ std::mt19937_64 GeneratorFromEntropy()
 
 std::string Environment(const char* name)
 {
-    // Nobody in this process writes the environment.
+    // This process never writes the environment.
     const char* const value = std::getenv(name); // NOLINT(concurrency-mt-unsafe)
     return value ? value : "";
 }
@@ -43,7 +43,7 @@ bool IsFolder(const std::string& path)
     return !path.empty() && std::filesystem::is_directory(path, error);
 }
 
-// A path that goes into documents must hold wherever they are read.
+// A path that goes into documents must not depend on the current folder.
 std::string Absolute(const std::string& folder)
 {
     std::error_code error;

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kStopCheckInterval = 50; // ms
 
-// Pipes, terminals and devices: what may let a caller wait for its other end.
+// Pipes, terminals and devices, where a call may have to wait for the other end.
 bool MayWait(const std::string& path)
 {
     struct stat status {};
@@ -43,7 +43,7 @@ bool CoreFile::OpenForUpdate(const std::string& path)
 // Opening a pipe waits for its other end, too: with a stop check that is polled instead.
 bool CoreFile::OpenDescriptor(const std::string& path, int flags)
 {
-    constexpr mode_t kNewFile = 0666; // less the process's mask
+    constexpr mode_t kNewFile = 0666; // without the bits of the process's mask
     Close();
     error_ = 0;
     mayWait_ = MayWait(path);
@@ -110,7 +110,7 @@ bool CoreFile::Write(const void* buffer, std::size_t size, std::size_t& bytesWri
     return IsOpen();
 }
 
-// Returns when the descriptor can be read or written; false when it is not to be.
+// Returns when the descriptor can be read or written; false if the call is to fail.
 bool CoreFile::Await(short event)
 {
     pollfd poll{descriptor_, event, 0};

@@ -45,7 +45,7 @@ WriteSignalScope::WriteSignalScope()
 
 WriteSignalScope::~WriteSignalScope()
 {
-    const int error = errno; // the write's, which the caller is about to look at
+    const int error = errno; // of the write, for the caller
     sigset_t pending;
     sigpending(&pending);
     for (const int signal : kWriteSignals)

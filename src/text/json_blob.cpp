@@ -21,7 +21,7 @@ constexpr std::size_t kCountBytes = 8;
     throw std::runtime_error("JSON not well-formed");
 }
 
-// Follows the nesting of a text before anything is built from it.
+// Checks the nesting of a text before anything is built from it.
 class DepthGuard : public nlohmann::json_sax<Json> {
 public:
     bool null() override { return true; }
@@ -45,7 +45,7 @@ private:
     int depth_ = 0;
 };
 
-// The text behind the count, as UTF-8; lone surrogates become U+FFFD.
+// The text after the count, as UTF-8; lone surrogates become U+FFFD.
 std::string TextOf(std::string_view blob)
 {
     if (blob.size() < kCountBytes)

@@ -31,7 +31,7 @@ constexpr Key<StyleParam> kStyleKeys[] = {
     {"mFillOverStroke", &StyleParam::fillOverStroke},
 };
 
-// The compact form of a run states a color as one packed number. Read, never written.
+// A compact run has a color as one packed number. Read, never written.
 constexpr struct {
     std::string_view name;
     Channel StyleParam::*red, StyleParam::*green, StyleParam::*blue;
@@ -44,7 +44,7 @@ constexpr std::string_view kText = "mText";
 constexpr std::string_view kStyle = "mStyleParam";
 constexpr std::string_view kStyleValues = "mParamValues";
 
-// Channels beside a packed color win: they are what a writer of both would have computed it from.
+// Channels beside a packed color win: a writer of both would have computed it from them.
 void ReadStyle(const Json& object, StyleParam& style)
 {
     for (const auto& color : kPackedColors) {
@@ -60,8 +60,8 @@ void ReadStyle(const Json& object, StyleParam& style)
     ReadKeys<StyleParam>(object, kStyleKeys, style);
 }
 
-// Levels around a value where a run is written: root, frame, parameters, runs, run and style. The
-// compact form has one fewer.
+// Levels around a value where a run is written: root, envelope, parameters, runs, run and style.
+// The compact style has one fewer.
 constexpr int kMaxValueDepth = kMaxDepth - 6;
 
 int Depth(const Json& json)

@@ -26,8 +26,8 @@ struct Key {
     Member<T> member;
 };
 
-// Numbers of either kind are taken for either; what is out of a member's range becomes the nearest
-// that it can hold.
+// Numbers of either kind fit members of either kind; what is out of a member's range becomes the
+// nearest value in it.
 void ReadValue(const Json& json, int& value);
 void ReadValue(const Json& json, double& value);
 void ReadValue(const Json& json, bool& value);
@@ -53,7 +53,7 @@ void AppendValue(const std::vector<StyleParam>& value, std::string& json);
 // `"name":`
 void AppendName(std::string_view name, std::string& json);
 
-// Written only when there is something in it.
+// Written only if it isn't empty.
 inline bool IsOmitted(const std::vector<StyleParam>& sheet)
 {
     return sheet.empty();

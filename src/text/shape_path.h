@@ -28,7 +28,7 @@ struct ShapePath {
     // Four points from the top, clockwise.
     static ShapePath Ellipse(double width, double height);
 
-    // No points for a blob that is none.
+    // No points for an invalid blob.
     static ShapePath FromBlob(std::string_view blob);
     std::string serialize() const;
 };

@@ -23,7 +23,7 @@ struct ShapeStyle {
 
     bool operator==(const ShapeStyle&) const = default;
 
-    // The default style for a blob that is none.
+    // The default style for an invalid blob.
     static ShapeStyle FromBlob(std::string_view blob);
     std::string serialize() const;
 };

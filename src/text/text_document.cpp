@@ -12,7 +12,7 @@ namespace XPJ::GVE {
 
 namespace {
 
-// In the order of the written document; `mDefaultRun` and the box are required in a sound one.
+// In the order of the written document; `mDefaultRun` and the box are required in a valid one.
 constexpr Key<TextParameters> kTextKeys[] = {
     {"mWidth", &TextParameters::width},
     {"mHeight", &TextParameters::height},

@@ -1,4 +1,4 @@
-// Start and stop of the text services for a host that loads the converter more than once.
+// Start and stop of the text services, for a host that loads the converter more than once.
 #pragma once
 
 namespace XPJ::GVE {

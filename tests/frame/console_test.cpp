@@ -33,7 +33,6 @@ protected:
     std::ostringstream out_;
 };
 
-// Of a project to an XML document; other members as they come.
 ConversionRequest ExportRequest(std::string input, std::string output)
 {
     return {.from = &FormatOf(TreeKind::Project),
@@ -81,7 +80,7 @@ TEST_F(Console, ConvertsBothWays)
     EXPECT_EQ(folder_.FileCount(), 3u);
 }
 
-TEST_F(Console, SaysWhatWasFound)
+TEST_F(Console, PrintsIssues)
 {
     const std::string xml = folder_.Write("a.xml", kFutureXML);
     EXPECT_EQ(ConvertFile(ImportRequest(xml, folder_ / "a.vlproj"), out_), kSuccess);
@@ -92,7 +91,7 @@ TEST_F(Console, SaysWhatWasFound)
     EXPECT_TRUE(FileExists(outcome.reportPath));
 }
 
-TEST_F(Console, SaysWhatWentWrong)
+TEST_F(Console, PrintsTheReasonOfAFailure)
 {
     const std::string missing = folder_ / "none.xml";
     const std::string empty = folder_.Write("empty.xml", "<xmeml version=\"4\"></xmeml>");
@@ -125,7 +124,7 @@ TEST_F(Console, SaysWhatWentWrong)
     EXPECT_EQ(folder_.FileCount(), 4u);
 }
 
-TEST_F(Console, ASyntaxErrorKeepsItsPlace)
+TEST_F(Console, ASyntaxErrorKeepsItsPosition)
 {
     const std::string xml = folder_.Write("broken.xml", "<xmeml version=\"4\">\n<bin><<");
     const ConversionOutcome outcome = ConvertFiles(ImportRequest(xml, folder_ / "out"));
@@ -160,7 +159,7 @@ TEST_F(Console, ALossHasAReason)
               "No such file or directory");
 }
 
-// The audio hand-off is what the caller says, or the document where he says nothing.
+// The audio hand-off is what the caller requests, or what the document states.
 TEST_F(Console, NoticesTheHandOff)
 {
     const std::string xml = folder_.Write("a.xml", kHandOffFutureXML);
@@ -190,7 +189,7 @@ TEST_F(Console, AnUnlistedReportIsWrittenAllTheSame)
     }
 }
 
-TEST_F(Console, ASequenceThatIsNotThereIsAnError)
+TEST_F(Console, AMissingSequenceIsAnError)
 {
     const std::string project = folder_.Write("a.vlproj", kFutureProject);
     ConversionRequest request = ExportRequest(project, folder_ / "a.xml");
@@ -201,7 +200,7 @@ TEST_F(Console, ASequenceThatIsNotThereIsAnError)
     EXPECT_EQ(folder_.FileCount(), 1u); // no output, no report
 }
 
-TEST_F(Console, BadBytesAreFindingsInBothDirections)
+TEST_F(Console, InvalidBytesAreIssuesInBothDirections)
 {
     std::string xml = kSmallXML;
     xml.replace(xml.find("Rushes"), 6, "R\xF4shes");

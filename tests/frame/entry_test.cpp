@@ -80,7 +80,7 @@ TEST_F(Entry, ImportsThroughTheSuite)
     EXPECT_EQ(reports_.FileCount(), 0u);
 }
 
-TEST_F(Entry, AnImportWithFindingsEndsWithAReport)
+TEST_F(Entry, AnImportWithIssuesEndsWithAReport)
 {
     TestHost host(folder_.Write("a.xml", kFutureXML));
     EXPECT_EQ(Import(host), 0);
@@ -193,7 +193,7 @@ TEST_F(Entry, ExportsUnderADialog)
     EXPECT_EQ(platform_.dialogs.size(), 1u);
 }
 
-TEST_F(Entry, AnExportWithFindingsEndsWithAReportBesideTheFile)
+TEST_F(Entry, AnExportWithIssuesEndsWithAReportBesideTheFile)
 {
     TestHost host(folder_ / "a.xml", kFutureProject);
     EXPECT_EQ(Export(host), 0);

@@ -11,7 +11,7 @@ TEST(ExportTargetOf, TakesTheMarkOutOfTheName)
         const char* path;
         const char* target;
         const char* title;
-        bool vl2snMode;
+        bool isHandOff;
     } rows[] = {
         {"/p/clip.xml", "/p/clip.xml", "clip", false},
         {"/p/clip__Vl2Sn__final.xml", "/p/final.xml", "final", true},
@@ -22,11 +22,11 @@ TEST(ExportTargetOf, TakesTheMarkOutOfTheName)
         {"/p/clip__Vl2Sn__", "/p/", "Orrin Vela Pro Project", true},
         {"", "", "Orrin Vela Pro Project", false},
     };
-    for (const auto& [path, targetPath, title, vl2snMode] : rows) {
+    for (const auto& [path, targetPath, title, isHandOff] : rows) {
         const ExportTarget target = ExportTargetOf(path);
         EXPECT_EQ(target.path, targetPath) << path;
         EXPECT_EQ(target.title, title) << path;
-        EXPECT_EQ(target.vl2snMode, vl2snMode) << path;
+        EXPECT_EQ(target.isHandOff, isHandOff) << path;
     }
 }
 

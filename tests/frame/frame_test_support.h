@@ -19,7 +19,7 @@ namespace XPJ {
 inline constexpr char kSmallXML[] =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE xmeml>\n<xmeml version=\"4\"><project>"
     "<name>Pilot</name><children><bin><name>Rushes</name></bin></children></project></xmeml>\n";
-// A version that nobody knows: one finding.
+// An unknown version: one issue.
 inline constexpr char kFutureXML[] =
     "<xmeml version=\"9\"><project><name>Pilot</name><children></children></project></xmeml>";
 inline constexpr char kHandOffFutureXML[] =
@@ -32,7 +32,7 @@ inline constexpr char kFutureProject[] =
     "<VelaData Version=\"4\"><Project ObjectRef=\"1\"/><Project ObjectID=\"1\"></Project>"
     "</VelaData>";
 
-// Reports go to a folder of the test; what is shown is noted.
+// Reports go to a folder of the test; what would be shown is kept.
 class TestPlatform final : public DefaultPlatform {
 public:
     explicit TestPlatform(const TempFolder& reports) { SetReportFolder(reports.Path()); }

@@ -1,5 +1,5 @@
 #!/bin/bash
-# Each C listing of a document stands word for word in the example that it is taken from.
+# Each C listing of a document is, to the letter, in the example that it is taken from.
 #   listings_test.sh DOCUMENT SOURCE
 set -euo pipefail
 

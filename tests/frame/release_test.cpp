@@ -7,7 +7,7 @@
 namespace XPJ {
 namespace {
 
-// Shows where the bar of a whole run stands.
+// Shows how far a whole run is.
 class BarProgress final : public Progress {
 public:
     bool IsCancelled() override { return false; }

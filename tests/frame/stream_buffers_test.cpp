@@ -159,7 +159,7 @@ TEST(SuiteReaderBuf, ReadsToTheLastBlock)
         context.buffer = memory;
         context.bufferSize = sizeof(memory);
         SuiteReaderBuf buffer(context, suite);
-        EXPECT_EQ(reader.calls, 1u); // before anybody asks
+        EXPECT_EQ(reader.calls, 1u); // before it is needed
         std::istream stream(&buffer);
         const std::string text{std::istreambuf_iterator<char>(stream), {}};
         EXPECT_EQ(text, std::string(bytes, '\xFF')); // a byte 0xFF is not the end

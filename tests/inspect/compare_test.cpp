@@ -16,7 +16,7 @@ TEST(Compare, FindsNothingBetweenFamilies)
     EXPECT_EQ(DifferencesText(Compare(project, xml)), "No differences.\n");
 }
 
-// One change to a document, and the lines that tell of it.
+// One change to a document, and the lines that report it.
 struct ChangeRow {
     const char* from;
     const char* to;

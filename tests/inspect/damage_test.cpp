@@ -7,7 +7,7 @@
 namespace XPJ::Inspection {
 namespace {
 
-// Everything that can be asked of a document.
+// All that inspection does with a document.
 void Exercise(const std::string& text)
 {
     const DocumentTimelines timelines = ReadTimelines(text);

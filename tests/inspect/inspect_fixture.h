@@ -1,4 +1,4 @@
-// Two documents, one of each family, that tell of the same edit.
+// Two documents of the same edit, one of each family.
 #pragma once
 
 #include "frame/document_timelines.h"

@@ -75,7 +75,7 @@ TEST(CoreFile, KeepsWhatFailed)
     EXPECT_EQ(file.Error(), ENOSPC);
 }
 
-// A pipe that nobody writes to, reads from, or reads on.
+// A pipe without a writer, without a reader, or with one that stops reading.
 TEST(CoreFile, AWaitCanBeStopped)
 {
     const TempFolder folder;

@@ -15,7 +15,7 @@ void SetHandler(int number, void (*handler)(int))
 {
     struct sigaction action {};
     action.sa_handler = handler;
-    // Without SA_RESTART: what the waiting thread waits for is given up.
+    // Without SA_RESTART: the waiting thread's system call is interrupted.
     sigaction(number, &action, nullptr);
 }
 

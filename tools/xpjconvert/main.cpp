@@ -1,4 +1,4 @@
-// xpjconvert INPUT [OUTPUT]: converts one document, in the direction that its extension gives.
+// xpjconvert INPUT [OUTPUT]: converts one document, in the direction of its extension.
 #include "frame/console.h"
 #include "frame/file_conversion.h"
 #include "platform/default_platform.h"
@@ -87,7 +87,7 @@ void CompleteRequest(const ToolOptions& options, ConversionRequest& request)
     request.listsReport = !options.seed; // its name and folder don't follow from the input
     request.reportNames = NameStyle::Plain;
     if (!options.reportFolder.empty())
-        request.reportFolder = GetPlatform().DocumentsFolder(); // that folder, with its separator
+        request.reportFolder = GetPlatform().DocumentsFolder(); // made absolute, with its separator
 }
 
 int Run(int argc, char** argv)

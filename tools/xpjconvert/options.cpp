@@ -1,23 +1,38 @@
 #include "xpjconvert/options.h"
 
 #include <CLI/CLI.hpp>
+#include <fmt/format.h>
 
 namespace XPJ {
 namespace {
 
 constexpr const char* kDescription =
-    "Translates a Final Cut Pro XML document (.xml) into a Vela project (.vlproj), and back.";
+    "Converts a Final Cut Pro XML document into a Vela project, or back.";
 
 constexpr const char* kFooter = R"(
 Exit status:
-  0  converted                      5   the input could not be opened
-  2  no FCP data, no such sequence  6   unexpected error, output not written
-  3  out of memory                  10  --compare: they differ
-  4  no xmeml data in the input     64  wrong usage
-  A run that a signal stops ends by that signal.
+  0   converted
+  2   no FCP data in the input, or no such sequence
+  3   out of memory
+  4   no xmeml data in the input
+  5   the input could not be opened
+  6   unexpected error, or the output could not be written
+  10  --compare found differences
+  64  wrong usage
+  A run that is stopped by a signal ends with that signal.
 
 Environment:
-  VELA_DEBUG_DATABASE  a file of Key=Value lines, as with --set, which wins over it)";
+  VELA_DEBUG_DATABASE  names a file of KEY=VALUE lines for the debug database;
+                       --set overrides it)";
+
+// "Final Cut Pro XML (.xml), Vela project (.vlproj)"
+std::string FormatsText()
+{
+    std::string text;
+    for (const Format& format : AllFormats())
+        text += fmt::format("{}{} (.{})", text.empty() ? "" : ", ", format.name, format.extension);
+    return text;
+}
 
 std::string CheckKeyValue(const std::string& text)
 {
@@ -58,28 +73,30 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
     CLI::App app(kDescription, "xpjconvert");
     app.footer(kFooter);
     app.set_version_flag("--version", "xpjconvert " VELA_VERSION);
-    app.add_option("INPUT", options.request.inputPath, "A document, .xml or .vlproj");
+    app.add_option("INPUT", options.request.inputPath, "The document to convert: " + FormatsText());
     app.add_option("OUTPUT", options.request.outputPath,
-                   "What to write; without it a file in the current folder named after INPUT");
-    app.add_flag("-q,--quiet", options.quiet, "Only the closing line, and errors");
-    app.add_option("--seed", options.seed, "Same input, same bytes; the project lists no report")
+                   "The file to write; by default in the current folder, named after INPUT");
+    app.add_flag("-q,--quiet", options.quiet, "Print only the last line, and errors");
+    app.add_option("--seed", options.seed,
+                   "Same input, same output; the project doesn't list the report")
         ->option_text("N");
-    app.add_option("--set", entries, "Sets an entry of the debug database; may be repeated")
+    app.add_option("--set", entries, "Set an entry of the debug database; may be repeated")
         ->option_text("KEY=VALUE")
         ->allow_extra_args(false)
         ->check(CheckKeyValue);
-    app.add_option("--report-dir", options.reportFolder, "folder for the translation report")
+    app.add_option("--report-dir", options.reportFolder,
+                   "Write the translation report into this folder")
         ->option_text("DIR");
-    app.add_option("--sequence", sequence, ".vlproj only: converts one sequence")
+    app.add_option("--sequence", sequence, "Convert only this sequence of a .vlproj")
         ->option_text("GUID")
         ->check(CheckGuid);
-    app.add_flag("--handoff", handOff, ".vlproj only: the form for the audio editor");
-    app.add_flag("--inspect", options.inspect, "Prints what is in INPUT, and converts nothing");
+    app.add_flag("--handoff", handOff, "Convert a .vlproj for the hand-off to the audio editor");
+    app.add_flag("--inspect", options.inspect, "Print what is in INPUT instead of converting it");
     app.add_flag("--compare", options.compare,
-                 "Prints what differs from INPUT to OUTPUT, which is read as well");
+                 "Print the differences between INPUT and OUTPUT instead of converting");
     app.add_flag("--list-effects", options.listEffects,
-                 "Prints what becomes of each effect; needs no INPUT");
-    app.add_flag("--json", options.json, "--inspect and --compare: in a form for programs");
+                 "Print what becomes of each effect; needs no INPUT");
+    app.add_flag("--json", options.json, "With --inspect or --compare: print JSON");
 
     try {
         app.parse(argc, argv);

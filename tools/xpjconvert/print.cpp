@@ -24,7 +24,7 @@ void HoldStandardStreams()
 {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (fcntl(stream, F_GETFD) < 0 && errno == EBADF)
-            // The wrong way round: use of it still fails. It gets the lowest free number.
+            // With the wrong access, so that its use still fails. It gets the lowest free number.
             static_cast<void>(open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY));
 }
 

@@ -14,11 +14,11 @@ std::string AllOnline(const Project& project)
     return TreeText(project, [](const std::string&) { return true; });
 }
 
-TEST(Model, IsTheSameFromBothFamilies)
+TEST(Timelines, IsTheSameFromBothFamilies)
 {
     const std::string expected = DataText("edit.txt");
     EXPECT_EQ(AllOnline(Timelines(DataText("edit.xml"))), expected);
-    // What each family says in its own words: name, parameters of effects.
+    // Where the families differ: the name, parameters of effects.
     std::string inProject = Replaced(expected, "xmeml 4  \"Harbour\"", "project 3");
     inProject = Replaced(inProject, "radius 6", "Blurriness 6");
     inProject = Replaced(inProject, "level 0.5", "Level 0.25");
@@ -26,7 +26,7 @@ TEST(Model, IsTheSameFromBothFamilies)
 }
 
 // The values of one item, with those that a difference between the families would show in.
-TEST(Model, HoldsTimesAsTicks)
+TEST(Timelines, HoldsTimesAsTicks)
 {
     for (const char* name : {"edit.xml", "edit.vlproj"}) {
         SCOPED_TRACE(name);
@@ -48,7 +48,7 @@ TEST(Model, HoldsTimesAsTicks)
 }
 
 // Rates of items, sequences and their timecode in one document.
-TEST(Model, CountsInTheRateOfEachThing)
+TEST(Timelines, CountsInTheRateOfEachThing)
 {
     const Project project = Timelines(R"(<xmeml version="5"><sequence><name>Cut</name>
 <rate><timebase>30</timebase><ntsc>TRUE</ntsc></rate>
@@ -67,7 +67,7 @@ TEST(Model, CountsInTheRateOfEachThing)
     EXPECT_EQ(sequence.format.Timecode(kNtscFrameTicks + 5), "00;00;00;01+5t");
 }
 
-TEST(Model, IsWrittenAsJson)
+TEST(Timelines, IsWrittenAsJson)
 {
     const std::string text = TreeJson(Timelines(DataText("edit.xml")),
                                       [](const std::string& path) { return path.empty(); });
