@@ -1,6 +1,7 @@
 #include "grading/look.h"
 
 #include "grading/look_messages.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -227,29 +228,9 @@ TEST(Look, Properties)
 
 TEST(Look, SaysWhyItCannotBeRead)
 {
-    const struct {
-        std::string_view text;
-        std::string_view error;
-    } rows[] = {
-        {"", "Unexpected end of file while looking for <Gradiva> @1:1"},
-        {"<look></look>", "Expected <Gradiva> @1:1"},
-        {"<Gradiva>\n<keyframe/>\n</Gradiva>", "Empty <keyframe> tag in grading definition @2:1"},
-        {"<Gradiva>\n<keyframe>\n</keyframe></Gradiva>",
-         "Empty <keyframe> tag in grading definition @3:1"},
-        {"<Gradiva><properties>\n <other/></properties></Gradiva>",
-         "Unknown tag in property list definition @2:2"},
-        {"<Gradiva><properties><property>\n <other/></property></properties></Gradiva>",
-         "Unknown tag in property definition @2:2"},
-        {"<Gradiva><mask><data/></mask>\n<mask/></Gradiva>", "Expected one <mask> only @2:1"},
-        {"<Gradiva></Gradiva>\n</Gradiva>", "Unexpected end tag at root level @2:1"},
-        {"<Gradiva/><Gradiva/>", "Expected one <Gradiva> only @1:11"},
-        {"<Gradiva><name>a\nb</name></Gradiva>",
-         "Unexpected newline in value. Use \" \" to enclose values with newlines. @2:1"},
-        {"<Gradiva><lut><filename>a.cube</filename></lut></Gradiva>",
-         "Lookup table \"a.cube\" could not be loaded: unknown format. @1:42"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(Rewritten(row.text), row.error) << row.text;
+
+    for (const auto& row : ReadRows("grading/look_faults.txt", 2))
+        EXPECT_EQ(Rewritten(row[0]), row[1]) << row[0];
 }
 
 TEST(Look, MessagesAreDistinct)
