@@ -103,54 +103,6 @@ TEST(ProjectForms, Markers)
     }
 }
 
-TEST(ProjectForms, MasterClipMarksOnlyMergeComponents)
-{
-    Document d;
-    const ObjectHandle clip = Make(d, "VideoClip");
-    const ObjectHandle child = Make(d, "ChildClipIDSerializer", {{"ID", "1"}});
-    const ObjectHandle master = Make(d, "MasterClip",
-                                     {{"uid", "master-guid"},
-                                      {"Name", "text"},
-                                      {"Source.Monitor.Multicam.Enabled", "true"},
-                                      {"FCPMergedMasterKind", "V1A2"}},
-                                     {{"Clip", clip},
-                                      {"Clip", clip},
-                                      {"ChildClipID", child},
-                                      {"LoggingInfo", Make(d, "ClipLoggingInfo")}});
-    const std::string before =
-        R"(	<MasterClip ObjectUID="master-guid" ClassID="fb11c33a-b0a9-4465-aa94-b6d5db2628cf" Version="8">
-		<Node Version="1">
-			<Properties Version="1">
-)";
-    const std::string after =
-        R"(				<Source.Monitor.Multicam.Enabled>true</Source.Monitor.Multicam.Enabled>
-				<FCPMergedMasterKind>V1A2</FCPMergedMasterKind>
-			</Properties>
-		</Node>
-		<LoggingInfo ObjectRef="1"/>
-		<Clips Version="1">
-			<Clip Index="0" ObjectRef="2"/>
-			<Clip Index="1" ObjectRef="2"/>
-		</Clips>
-		<ChildClipIDs Version="1">
-			<ChildClipID Index="0" ObjectRef="3"/>
-		</ChildClipIDs>
-		<Name>text</Name>
-		<AudioPreset>00000000-0000-0000-0000-000000000000</AudioPreset>
-		<DefMappingID>00000000-0000-0000-0000-000000000000</DefMappingID>
-		<IsAdjustmentLayer>false</IsAdjustmentLayer>
-	</MasterClip>
-)";
-    EXPECT_EQ(WriteAlone(d, master), before + after);
-    master.SetProperty("MZ.MergeClip.ParentGUID", "parent");
-    EXPECT_EQ(
-        WriteAlone(d, master),
-        before +
-            R"(				<MZ.MergeClip.ParentGUID>parent</MZ.MergeClip.ParentGUID>
-				<MZ.MergeClipUtils.IsComponentMasterClip>true</MZ.MergeClipUtils.IsComponentMasterClip>
-)" + after);
-}
-
 TEST(ProjectForms, Blobs)
 {
     Document d;
@@ -184,52 +136,6 @@ TEST(ProjectForms, Blobs)
             R"(		<StartKeyframeValue Encoding="base64" Checksum="462261645">/wAA/wEAAAA=</StartKeyframeValue>
 	</ArbVideoComponentParam>
 )");
-}
-
-TEST(ProjectForms, Panners)
-{
-    Document d;
-    const ObjectHandle parameter = Make(d, "AudioComponentParam", {{"classid", "own-class"}});
-    const ObjectHandle panner =
-        Make(d, "MonoTo16ChannelPanProcessor",
-             {{"ID", "1"}, {"FrameRate", "5292000"}, {"Matrix", "m"}}, {{"Param", parameter}});
-    std::string entries = "{\"channellabel\": 0}";
-    for (int i = 1; i < 18; ++i)
-        entries += ", {\"channellabel\": 0}";
-    EXPECT_EQ(
-        WriteAlone(d, panner),
-        R"(	<MonoTo16ChannelPanProcessor ObjectID="2" ClassID="8c9778ad-af4e-4e98-99fe-542f4eda2dac" Version="2">
-		<DirectPanProcessor Version="2">
-			<PanProcessor Version="3">
-				<AudioComponent Version="3">
-					<Component Version="3">
-						<Intrinsic>false</Intrinsic>
-						<Params Version="1">
-							<Param Index="0" ObjectRef="1"/>
-						</Params>
-						<DisplayName></DisplayName>
-						<Bypass>false</Bypass>
-						<ID>1</ID>
-					</Component>
-					<AudioComponentType>0</AudioComponentType>
-					<FrameRate>5292000</FrameRate>
-					<AudioChannelLayout>{"SerializerWrappedObject": [{"channellabel": 0}]}</AudioChannelLayout>
-					<ChannelType>0</ChannelType>
-				</AudioComponent>
-				<OutputAudioChannelLayout>{"SerializerWrappedObject": [)" +
-            entries + R"(]}</OutputAudioChannelLayout>
-			</PanProcessor>
-			<Matrix>m</Matrix>
-		</DirectPanProcessor>
-	</MonoTo16ChannelPanProcessor>
-)");
-    EXPECT_EQ(WriteAlone(d, parameter),
-              "\t<AudioComponentParam ObjectID=\"1\" ClassID=\"own-class\" Version=\"9\">\n"
-              "\t</AudioComponentParam>\n");
-    EXPECT_EQ(WriteAlone(d, Make(d, "S51To16ChannelPanProcessor", {{"ID", "1"}})),
-              "\t<S51To16ChannelPanProcessor ObjectID=\"1\" "
-              "ClassID=\"F135F697-20E3-4a36-8EE1-355DEB9EA1AE\" Version=\"1\">\n"
-              "\t</S51To16ChannelPanProcessor>\n");
 }
 
 } // namespace
