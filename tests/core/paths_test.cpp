@@ -1,5 +1,7 @@
 #include "core/paths.h"
 
+#include "support/rows.h"
+
 #include <gtest/gtest.h>
 
 namespace XPJ {
@@ -23,35 +25,10 @@ TEST(Paths, UrlOfAPath)
 
 TEST(Paths, PathOfAUrl)
 {
-    const struct {
-        PathStyle style;
-        std::string_view url, base, path;
-    } kCases[] = {
-        {PathStyle::Windows, "file://localhost/C%3a/My%20Clip.mov", "", "C:\\My Clip.mov"},
-        {PathStyle::Windows, "file://localhost/Volumes/a.mov", "", "Volumes\\a.mov"},
-        {PathStyle::Windows, "file://srv/a.mov", "", "\\\\srv\\a.mov"},
-        {PathStyle::Windows, "a.mov", "D:\\proj\\x.xml", "D:\\proj\\a.mov"},
-        {PathStyle::Windows, "a.mov", "x.xml", "a.mov"},
-        {PathStyle::Windows, "eamedia:/x", "", "eamedia:/x"},
-        {PathStyle::Windows, "a%zz%20b", "", "a%zz%20b"},
-        {PathStyle::Posix, "file://localhost/Media/Day%202/b.mov", "", "/Media/Day 2/b.mov"},
-        {PathStyle::Posix, "file:///Volumes/a.mov", "", "/Volumes/a.mov"},
-        {PathStyle::Posix, "file://localhost/C%3a/My%20Clip.mov", "", "C:/My Clip.mov"},
-        {PathStyle::Posix, "file:///C:/a.mov", "", "C:/a.mov"},
-        {PathStyle::Posix, "file://srv/share/a.mov", "", "//srv/share/a.mov"},
-        {PathStyle::Posix, "a.mov", "/proj/", "/proj/a.mov"},
-        {PathStyle::Posix, "file:a.mov", "/proj/", "/proj/a.mov"},
-        {PathStyle::Posix, "a.mov", "", "a.mov"},
-        {PathStyle::Posix, "/a.mov", "/proj/", "/a.mov"},
-        {PathStyle::Posix, "http://host/a.mov", "/proj/", "http://host/a.mov"},
-        {PathStyle::Posix, "", "/proj/", ""},
-        // An escape needs two digits behind it; the first that lacks them ends the decoding.
-        {PathStyle::Posix, "/%41%4", "", "/A%4"},
-        {PathStyle::Posix, "/%41%", "", "/A%"},
-        {PathStyle::Posix, "/a%2541", "", "/a%41"},
-    };
-    for (const auto& row : kCases)
-        EXPECT_EQ(PathFromUrl(row.url, row.base, row.style), row.path) << row.url;
+    for (const auto& row : ReadRows("core/paths_of_urls.txt", 4)) {
+        const PathStyle style = row[0] == "Windows" ? PathStyle::Windows : PathStyle::Posix;
+        EXPECT_EQ(PathFromUrl(row[1], row[2], style), row[3]) << row[1];
+    }
 }
 
 TEST(Paths, UrlsOfLocalPathsComeBack)

@@ -1,6 +1,8 @@
 #include "grading/look.h"
 
 #include "grading/look_messages.h"
+#include "support/golden.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -65,30 +67,28 @@ std::string ColorLayer()
     return Layer("__VlColor", "      <visible>\"1\"</visible>\n      <opacity>\"1\"</opacity>\n");
 }
 
-TEST(Look, HeadIsWrittenInOneOrder)
+// One without an id has that of its bytes: MD5 of "<Gradiva/>".
+TEST(Look, AnIdIsMadeOfTheBytes)
 {
-    const struct {
-        std::string text;
-        std::string written;
-    } rows[] = {
-        {Stated(""), Written("")},
-        {"<?xml version=\"1.0\" ?>\n<!-- a look -->\n<GRADIVA><Version>7</Version><guid>{"
-         "01234567-89AB-CDEF-0123-456789ABCDEF}</guid><name>\"Dusk & \n<dawn>\"</name></gradiva>\n",
-         "<Gradiva>\n  <name>\"Dusk & \n<dawn>\"</name>\n  "
-         "<guid>\"01234567-89ab-cdef-0123-456789abcdef\"</guid>\n  <version>\"7\"</version>\n"
-         "  <properties>\n  </properties>\n</Gradiva>\n"},
-        {Stated("<name>a</name><name>b</name>"), Written("  <name>\"b\"</name>\n", "a")},
-        {Stated("<name>\"\"</name><name>b</name>"), Written("  <name>\"b\"</name>\n", "n")},
-        {Stated("<other>1<name>x</name></other><shader/>"), Written("")},
-        // One without an id has that of its bytes: MD5 of "<Gradiva/>".
-        {"<Gradiva/>", "<Gradiva>\n  <name>\"n\"</name>\n"
-                       "  <guid>\"76008b1c-9282-ca43-f65f-068e644e9be9\"</guid>\n"
-                       "  <version>\"1\"</version>\n  <properties>\n  </properties>\n"
-                       "</Gradiva>\n"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(Rewritten(row.text), row.written) << row.text;
+    EXPECT_EQ(Rewritten("<Gradiva/>"), "<Gradiva>\n  <name>\"n\"</name>\n"
+                                       "  <guid>\"76008b1c-9282-ca43-f65f-068e644e9be9\"</guid>\n"
+                                       "  <version>\"1\"</version>\n  <properties>\n"
+                                       "  </properties>\n</Gradiva>\n");
 }
+
+class LookCase : public testing::TestWithParam<std::filesystem::path> {};
+
+TEST_P(LookCase, IsWrittenInOneOrder)
+{
+    const std::string differences =
+        CheckGoldenCase(GetParam(), [](const GoldenSection& input, const GoldenSection&) {
+            return Rewritten(input.text);
+        });
+    EXPECT_TRUE(differences.empty()) << GetParam().string() << "\n" << differences;
+}
+
+INSTANTIATE_TEST_SUITE_P(Golden, LookCase, testing::ValuesIn(GoldenCases("grading")),
+                         GoldenCaseName);
 
 TEST(Look, NamesFromOutsideCanBeStored)
 {
@@ -96,60 +96,6 @@ TEST(Look, NamesFromOutsideCanBeStored)
     // Without any name, one of the animation alone would come back as the grading's.
     EXPECT_EQ(Rewritten(Stated("<name/><name>b</name>"), ""), Written("", "b"));
     EXPECT_EQ(Rewritten(Stated(""), "").find("<name>"), std::string::npos);
-}
-
-TEST(Look, KeyframesAndLayers)
-{
-    const std::string text = Stated(R"(
-  <keyframe>
-    <base>17</base> <time>"0.1"</time> <easein>1e-7x</easein> <easeout>0.30000000000000004</easeout>
-    <SelectedLayer>2</SelectedLayer> <tween>true</tween> <1dgrading><size>9</size></1dgrading>
-    <shader><name>__GroupBegin</name></shader>
-    <shader>
-      <parameters>
-        <Exposure>"catmull-rom,value:0.5,0.5@0"</Exposure>
-        <GrayOut>1</GrayOut>
-        <Curve>"x"<Point>"1" "2"</Point><Empty/></Curve>
-        <Exposure>:0@0;1@1</Exposure>
-      </parameters>
-      <linked>0</linked> <vectormask>v</vectormask> <mask>m</mask> <opacity>0.50</opacity>
-      <lockedvisible>1</lockedvisible> <visible>yes</visible> <customname>"My layer"</customname>
-      <name>BasicCorrection</name>
-    </shader>
-    <shader><name>__vlcolorplaceholder</name></shader>
-  </keyframe>)");
-    EXPECT_EQ(Rewritten(text), Written(R"(  <keyframe>
-    <time>"0.1"</time>
-    <tween>"true"</tween>
-    <easein>"1e-07"</easein>
-    <easeout>"0.3"</easeout>
-    <selectedlayer>"2"</selectedlayer>
-    <shader>
-      <name>"__GroupBegin"</name>
-      <parameters>
-      </parameters>
-    </shader>
-    <shader>
-      <name>"BasicCorrection"</name>
-      <customname>"My layer"</customname>
-      <visible>"yes"</visible>
-      <lockedvisible>"1"</lockedvisible>
-      <opacity>"0.5"</opacity>
-      <mask>"m"</mask>
-      <vectormask>"v"</vectormask>
-      <linked>"0"</linked>
-      <parameters>
-        <Exposure>"catmull-rom,value:0.5,0.5@0"</Exposure>
-        <Curve>
-          "x"
-          <Point>"1 2"</Point>
-          <Empty>""</Empty>
-        </Curve>
-        <Exposure>":0@0;1@1"</Exposure>
-      </parameters>
-    </shader>
-  </keyframe>
-)"));
 }
 
 TEST(Look, OldStyleGainsTheColorLayer)
@@ -204,52 +150,11 @@ TEST(Look, BodyWithoutRoot)
     EXPECT_EQ(layers("<look><data>1</data></look>"), "null");
 }
 
-TEST(Look, Properties)
-{
-    EXPECT_EQ(Rewritten(Stated("<properties><property><value>\"1 < 2\"</value><weak>TRUE</weak>"
-                               "<name>Comment</name></property><property/></properties>")),
-              "<Gradiva>\n  <name>\"n\"</name>\n  <guid>\"" + std::string(kGuid) +
-                  "\"</guid>\n  <version>\"1\"</version>\n" + R"(  <properties>
-    <property>
-      <name>"Comment"</name>
-      <value>"1 < 2"</value>
-      <weak>"1"</weak>
-    </property>
-    <property>
-      <name>""</name>
-      <value>""</value>
-      <weak>"0"</weak>
-    </property>
-  </properties>
-</Gradiva>
-)");
-}
-
 TEST(Look, SaysWhyItCannotBeRead)
 {
-    const struct {
-        std::string_view text;
-        std::string_view error;
-    } rows[] = {
-        {"", "Unexpected end of file while looking for <Gradiva> @1:1"},
-        {"<look></look>", "Expected <Gradiva> @1:1"},
-        {"<Gradiva>\n<keyframe/>\n</Gradiva>", "Empty <keyframe> tag in grading definition @2:1"},
-        {"<Gradiva>\n<keyframe>\n</keyframe></Gradiva>",
-         "Empty <keyframe> tag in grading definition @3:1"},
-        {"<Gradiva><properties>\n <other/></properties></Gradiva>",
-         "Unknown tag in property list definition @2:2"},
-        {"<Gradiva><properties><property>\n <other/></property></properties></Gradiva>",
-         "Unknown tag in property definition @2:2"},
-        {"<Gradiva><mask><data/></mask>\n<mask/></Gradiva>", "Expected one <mask> only @2:1"},
-        {"<Gradiva></Gradiva>\n</Gradiva>", "Unexpected end tag at root level @2:1"},
-        {"<Gradiva/><Gradiva/>", "Expected one <Gradiva> only @1:11"},
-        {"<Gradiva><name>a\nb</name></Gradiva>",
-         "Unexpected newline in value. Use \" \" to enclose values with newlines. @2:1"},
-        {"<Gradiva><lut><filename>a.cube</filename></lut></Gradiva>",
-         "Lookup table \"a.cube\" could not be loaded: unknown format. @1:42"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(Rewritten(row.text), row.error) << row.text;
+
+    for (const auto& row : ReadRows("grading/look_faults.txt", 2))
+        EXPECT_EQ(Rewritten(row[0]), row[1]) << row[0];
 }
 
 TEST(Look, MessagesAreDistinct)

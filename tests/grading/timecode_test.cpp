@@ -1,5 +1,7 @@
 #include "grading/timecode.h"
 
+#include "support/rows.h"
+
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -124,52 +126,12 @@ TEST(TimeCode, Text)
 
 TEST(TimeCode, Parsing)
 {
-    const struct {
-        std::string_view text;
-        std::string_view longText; // of what was read
-        std::string_view errors;
-    } kCases[] = {
-        {"01:02:03:04", "01:02:03:04 (30 fps)", ""},
-        {" \t-1:2:3:4", "-01:02:03:04 (30 fps)", ""},
-        {"01:02:03;04", "01:02:03:04 (30 fps)", ""},
-        {"01.02.03.04", "01:02:03:04 (30 fps)", ""},
-        {"01:02:03:04 (29.97 fps, DropFrame)", "01:02:03:04 (29.97 fps, DropFrame)", ""},
-        {"01:02:03:04(29.97fps,dropframe)", "01:02:03:04 (29.97 fps, DropFrame)", ""},
-        {"01:02:03:04\n24\tFPS\r", "01:02:03:04 (24 fps)", ""},
-        {"01:02:03:04 dropFRAME", "01:02:03:04 (30 fps, DropFrame)", ""},
-        {"01:02:03:04 (1e+06 fps)", "01:02:03:04 (1e+06 fps)", ""}, // as a long text has it
-        {"25:00:00:00", "25:00:00:00 (30 fps)", "TimeCode's Hour value exceeds 23 (25)\n"},
-        {"00:00:00:00 -5 fps", "00:00:00:00 (-5 fps)", "TimeCode's fps value is < 0 - invalid\n"},
-        {"", "00:00:00:00 (30 fps)", "Invalid timecode format string: ''\n"},
-        {"01:02:03", "00:00:00:00 (30 fps)", "Invalid timecode format string: '01:02:03'\n"},
-        {"1:2:3:4:5", "00:00:00:00 (30 fps)", "Invalid timecode format string: '1:2:3:4:5'\n"},
-        {"a:2:3:4", "00:02:03:04 (30 fps)", "Invalid timecode format string (hours): 'a'\n"},
-        {"1::3:4", "01:00:03:04 (30 fps)", "Invalid timecode format string (minutes): ''\n"},
-        {"1:2:-3:4", "01:02:00:04 (30 fps)", "Invalid timecode format string (seconds): '-3'\n"},
-        {"1:2:3:4f", "01:02:03:00 (30 fps)", "Invalid timecode format string (frames): '4f'\n"},
-        {"a:b:99:4", "00:00:99:04 (30 fps)",
-         "Invalid timecode format string (hours): 'a'\n"
-         "Invalid timecode format string (minutes): 'b'\n"
-         "TimeCode's Second value exceeds 59 (99)\n"},
-        {"1:2:3:4 25", "01:02:03:04 (30 fps)",
-         "Invalid fps specification in timecode format string: '25'\n"},
-        {"1:2:3:4 fps", "01:02:03:04 (30 fps)",
-         "Invalid fps specification in timecode format string: 'fps'\n"},
-        {"1:2:3:4 1.2.3 fps", "01:02:03:04 (30 fps)",
-         "Invalid fps specification in timecode format string: '1.2.3'\n"},
-        {"1:2:3:4 inf fps", "01:02:03:04 (30 fps)",
-         "Invalid fps specification in timecode format string: 'inf'\n"},
-        {"1:2:3:4 25 fps NonDrop", "01:02:03:04 (25 fps)",
-         "Invalid drop frame specification in timecode format string - expected DropFrame instead "
-         "of 'NonDrop'\n"},
-        {"1:2:3:4 30 fps DropFrame again", "01:02:03:04 (30 fps, DropFrame)",
-         "Invalid timecode format string: 'again'\n"},
-    };
-    for (const auto& row : kCases) {
-        const TimeCode timeCode = TimeCode::Parse(row.text);
-        EXPECT_EQ(timeCode.LongText(), row.longText) << row.text;
-        EXPECT_EQ(timeCode.errorText, row.errors) << row.text;
-        EXPECT_EQ(timeCode.hasError, !row.errors.empty()) << row.text;
+
+    for (const auto& row : ReadRows("grading/timecode_texts.txt", 3)) {
+        const TimeCode timeCode = TimeCode::Parse(row[0]);
+        EXPECT_EQ(timeCode.LongText(), row[1]) << row[0];
+        EXPECT_EQ(timeCode.errorText, row[2]) << row[0];
+        EXPECT_EQ(timeCode.hasError, !row[2].empty()) << row[0];
     }
     EXPECT_EQ(TimeCode::Parse("99999999999999999999:0:0:0").hour, std::numeric_limits<int>::max());
 }

@@ -106,7 +106,11 @@ TEST_P(ImportCase, GivesTheExpectedProject)
     EXPECT_TRUE(differences.empty()) << GetParam().string() << "\n" << differences;
 }
 
+// Documents, which the round trips take, too.
 INSTANTIATE_TEST_SUITE_P(Golden, ImportCase, testing::ValuesIn(GoldenCases("import")),
+                         GoldenCaseName);
+// Documents that show all cases of a rule at once.
+INSTANTIATE_TEST_SUITE_P(Rules, ImportCase, testing::ValuesIn(GoldenCases("import/rules")),
                          GoldenCaseName);
 
 } // namespace
