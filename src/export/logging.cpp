@@ -3,7 +3,7 @@
 #include "core/frame_rate.h"
 #include "core/text.h"
 #include "project/logging_fields.h"
-#include "project/side_tables.h"
+#include "core/host_properties.h"
 
 #include <span>
 

@@ -2,7 +2,7 @@
 
 #include "core/numbers.h"
 #include "effects/values.h"
-#include "import/item_times.h"
+#include "xmeml/item_times.h"
 #include "inspect/compare_parts.h"
 #include "inspect/matching.h"
 #include "inspect/title_differences.h"
