@@ -2,7 +2,6 @@
 
 #include "core/numbers.h"
 #include "effects/values.h"
-#include "xmeml/item_times.h"
 #include "inspect/matching.h"
 #include "inspect/title_differences.h"
 
@@ -256,7 +255,7 @@ private:
         if (TrackText(*left.track) != TrackText(*right.track))
             Add(place, Change::Moved, "track", TrackText(*left.track), TrackText(*right.track));
         // An item that moves takes its end along.
-        const bool keepsLength = Minus(a.end, a.start) == Minus(b.end, b.start);
+        const bool keepsLength = SubtractTicks(a.end, a.start) == SubtractTicks(b.end, b.start);
         CompareTimes(place, "start", left_.form, a.start, b.start,
                      keepsLength ? Change::Moved : Change::Changed);
         if (!keepsLength)

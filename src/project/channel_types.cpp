@@ -1,0 +1,49 @@
+#include "project/channel_types.h"
+
+#include <algorithm>
+
+namespace XPJ {
+
+namespace {
+
+constexpr ChannelTypeRow kChannelTypes[] = {
+    {kMonoType, 1, "Mono", "mono"},
+    {kStereoType, 2, "Stereo", "stereo"},
+    {kSurroundType, 6, "5.1", "5.1"},
+    {kAdaptiveType, kMaxAdaptiveChannels, "SixteenChannel", "adaptive"},
+};
+
+void AppendLabels(std::string_view label, int count, std::string& list)
+{
+    for (int i = 0; i < count; ++i)
+        list.append(list.empty() ? "" : ",").append("{\"channellabel\":").append(label).append("}");
+}
+
+} // namespace
+
+std::span<const ChannelTypeRow> ChannelTypes()
+{
+    return kChannelTypes;
+}
+
+int ChannelCountOf(int channelType)
+{
+    return kChannelTypes[std::clamp<int>(channelType, kMonoType, kAdaptiveType)].channels;
+}
+
+std::string ChannelLayoutText(int kind, int channels)
+{
+    std::string list;
+    const bool isPair = kind == kStereo || kind == kStereoPair;
+    if (isPair || (kind != kSurround51 && channels == 2))
+        for (const char* label : {"100", "101"})
+            AppendLabels(label, 1, list);
+    else if (kind == kSurround51)
+        for (const char* label : {"100", "101", "104", "105", "102", "103"})
+            AppendLabels(label, 1, list);
+    else
+        AppendLabels("0", channels, list);
+    return "{\"SerializerWrappedObject\":[" + list + "]}";
+}
+
+} // namespace XPJ
