@@ -38,6 +38,12 @@ Ticks AddTicks(Ticks a, Ticks b) noexcept
     return a < 0 ? kMinTicks : kMaxTicks;
 }
 
+Ticks SubtractTicks(Ticks a, Ticks b) noexcept
+{
+    constexpr Ticks kLowest = std::numeric_limits<Ticks>::min();
+    return AddTicks(a, b == kLowest ? std::numeric_limits<Ticks>::max() : -b);
+}
+
 Ticks DivTicksOr0(Ticks value, Ticks divisor) noexcept
 {
     if (divisor == 0)

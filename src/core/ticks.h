@@ -36,6 +36,8 @@ constexpr Ticks kStartKeyframeTime = -91445760000000000;
 Ticks MultiplyTicks(Ticks a, Ticks b) noexcept;
 // Sum clamped to the range of `Ticks`.
 Ticks AddTicks(Ticks a, Ticks b) noexcept;
+// Difference clamped to the range of `Ticks`.
+Ticks SubtractTicks(Ticks a, Ticks b) noexcept;
 
 // Quotient truncated towards zero; 0 for a divisor of 0. For the import.
 Ticks DivTicksOr0(Ticks value, Ticks divisor) noexcept;

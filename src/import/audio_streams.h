@@ -1,19 +1,15 @@
-// The sound of one `file`: how its `audio` elements are split into streams.
+// The audio of one `file`: how its `audio` elements are split into streams.
 #pragma once
 
-#include "import/streams.h"
+#include "import/import_state.h"
+#include "project/media.h"
+#include "xmeml/files.h"
 
 namespace XPJ {
 
-// What picture and sound of a file have in common.
-struct StreamRange {
-    Ticks duration = 0;
-    Boundaries boundaries;
-};
-
-// Appends the sound of `file` to `sources`. Where the picture's Media is there it carries the first
-// stream, and the marks of its camera format decide the split.
-void AddAudioStreams(const ImportState& state, ObjectHandle file, const StreamRange& range,
-                     FileSources& sources);
+// Appends the audio of `file` to `sources`, with the duration and boundaries of `range`. The Media
+// of the video, where there is one, carries the first stream, and its codec decides the split.
+void AddAudioStreams(const ImportState& state, FileElement file, const SourceFields& range,
+                     MediaSources& sources);
 
 } // namespace XPJ

@@ -1,10 +1,10 @@
 #include "import/bins.h"
 
+#include "import/clips.h"
 #include "import/item_issues.h"
 #include "import/logging.h"
-#include "import/master_clips.h"
-#include "import/multiclips.h"
-#include "import/sequences.h"
+#include "import/sequence_walk.h"
+#include "project/objects.h"
 
 #include <memory>
 #include <stack>
@@ -13,71 +13,64 @@ namespace XPJ {
 
 namespace {
 
-ObjectHandle MakeBinItem(const ImportState& state, ObjectHandle bin)
+ObjectHandle MakeBinItem(Document& document, ConstHandle bin)
 {
-    const ObjectHandle item = state.document.NewObject("BinProjectItem");
+    const ObjectHandle item = document.NewObject("BinProjectItem");
     AddUid(item);
     item.SetPropertyShared("Name", bin.GetProperty("name"));
     CopyLabel(bin, item, "Column.PropertyText.Label");
     return item;
 }
 
-// A clip that stands in two bins gets two project items of one master, on purpose.
-void TranslateClip(ImportState& state, ObjectHandle clip, ObjectHandle parentItem)
+// A clip in two bins has two project items of one master, on purpose.
+void TranslateEntry(Import& import, ConstHandle entry, ObjectHandle parentItem)
 {
-    const ObjectHandle multiclip = FindMulticlip(clip);
-    if (multiclip && !IsCollapsed(multiclip))
-        TranslateMulticlipItem(state, clip, parentItem);
-    else if (TranslateMasterClipItems(state, clip, parentItem) == 0)
-        AddSkipped(state, {.clip = clip.GetProperty("name")});
+    if (entry.GetName() == "clip") {
+        if (!TranslateClip(import, entry, parentItem))
+            AddSkipped(import, {.clip = entry.GetProperty("name")});
+    } else if (entry.GetName() == "sequence") {
+        TranslateSequence(import, entry, parentItem);
+    }
 }
 
-void TranslateChild(ImportState& state, ObjectHandle child, ObjectHandle parentItem)
-{
-    if (child.GetName() == "clip")
-        TranslateClip(state, child, parentItem);
-    else if (child.GetName() == "sequence")
-        TranslateSequence(state, child, parentItem);
-}
-
-std::size_t CountChildren(ObjectHandle node)
+std::size_t CountChildren(ConstHandle node)
 {
     std::size_t count = 0;
-    for ([[maybe_unused]] const ObjectHandle& child : node.GetChildren())
+    for ([[maybe_unused]] const ConstHandle& child : node.GetChildren())
         ++count;
     return count;
 }
 
-// A `children` on the way, and the item that takes what it holds. Bins nest far deeper than a
-// thread's stack may reach, so the open ones stand on a stack of these.
+// A list of entries on the way, and the item that their items belong to. Bins nest far deeper than
+// a thread's stack allows, so the open ones are kept on a stack of these.
 struct OpenList {
-    OpenList(Progress& progress, ObjectHandle children, ObjectHandle parentItem)
-        : stage(progress, 1, CountChildren(children)), next(children.GetChildren().begin()),
-          end(children.GetChildren().end()), item(parentItem)
+    OpenList(Progress& progress, ConstHandle entries, ObjectHandle parentItem)
+        : stage(progress, 1, CountChildren(entries)), next(entries.GetChildren().begin()),
+          end(entries.GetChildren().end()), item(parentItem)
     {
     }
 
     StageScope stage;
-    ChildRange::Iterator next;
-    ChildRange::Iterator end;
+    ConstChildRange::Iterator next;
+    ConstChildRange::Iterator end;
     ObjectHandle item;
 };
 
 using OpenLists = std::stack<std::unique_ptr<OpenList>>;
 
-// The next child of the innermost list. A bin opens its own list, and is counted, and hung on its
+// The next entry of the innermost list. A bin opens its own list, and is counted, and added to its
 // parent, when that is done. False when cancelled.
-bool TranslateNext(ImportState& state, OpenLists& lists)
+bool TranslateNext(Import& import, OpenLists& lists)
 {
     OpenList& list = *lists.top();
-    const ObjectHandle child = *list.next;
+    const ConstHandle entry = *list.next;
     ++list.next;
-    if (child.GetName() != "bin") {
-        TranslateChild(state, child, list.item);
+    if (entry.GetName() != "bin") {
+        TranslateEntry(import, entry, list.item);
         return list.stage.Step();
     }
-    const ObjectHandle item = MakeBinItem(state, child);
-    lists.push(std::make_unique<OpenList>(state.progress, child.GetChild("children"), item));
+    const ObjectHandle item = MakeBinItem(import.document, entry);
+    lists.push(std::make_unique<OpenList>(import.progress, entry.GetChild("children"), item));
     return true;
 }
 
@@ -95,14 +88,14 @@ bool CloseList(OpenLists& lists)
 } // namespace
 
 // A bin that a cancellation cuts short is dropped.
-bool TranslateChildren(ImportState& state, ObjectHandle children, ObjectHandle parentItem)
+bool TranslateEntries(Import& import, ConstHandle entries, ObjectHandle parentItem)
 {
     OpenLists lists;
-    lists.push(std::make_unique<OpenList>(state.progress, children, parentItem));
+    lists.push(std::make_unique<OpenList>(import.progress, entries, parentItem));
     bool goesOn = true;
     while (goesOn && !lists.empty()) {
         const OpenList& list = *lists.top();
-        goesOn = list.next != list.end ? TranslateNext(state, lists) : CloseList(lists);
+        goesOn = list.next != list.end ? TranslateNext(import, lists) : CloseList(lists);
     }
     while (!lists.empty())
         lists.pop(); // stages end from the inside out

@@ -1,12 +1,12 @@
 // The browser's tree: bins, and the clips and sequences in them.
 #pragma once
 
-#include "import/import_state.h"
+#include "import/import.h"
 
 namespace XPJ {
 
-// Translates what a `children` element holds into `parentItem`, a RootProjectItem or
-// BinProjectItem. False when cancelled.
-bool TranslateChildren(ImportState& state, ObjectHandle children, ObjectHandle parentItem);
+// Translates the children of an element, a `children` or what has its place, into `parentItem`, a
+// RootProjectItem or BinProjectItem. False when cancelled.
+bool TranslateEntries(Import& import, ConstHandle entries, ObjectHandle parentItem);
 
 } // namespace XPJ

@@ -1,11 +1,14 @@
 #include "import/collect.h"
 
 #include "core/numbers.h"
-#include "import/master_clips.h"
+#include "import/clips.h"
 #include "import/multiclips.h"
 #include "import/sequences.h"
+#include "xmeml/sequences.h"
 
+#include <string>
 #include <unordered_set>
+#include <vector>
 
 namespace XPJ {
 
@@ -33,35 +36,31 @@ private:
 };
 
 struct Collection {
-    // In post-order: a node comes after all that it holds.
-    std::vector<ObjectHandle> nodes;
+    // In post-order: a node comes after all its children.
+    std::vector<ConstHandle> nodes;
     IdMaker sequenceIds{"sequence-", 0};
-    // A "-" would mark a subclip's file, "Slug" at the start a slug.
+    // A "-" would mean a subclip's file, "Slug" at the start a slug.
     IdMaker fileIds{"unnamedfile", 1};
 };
 
-using Handler = void (*)(ImportState&, Collection&, ObjectHandle);
+using Handler = void (*)(Import&, Collection&, ConstHandle);
 
-void CollectFile(ImportState& state, Collection& collection, ObjectHandle file)
+void CollectFile(Import& import, Collection& collection, ConstHandle file)
 {
-    if (!file.HasChildren())
-        return;
-    if (!HasValue(file, "id"))
-        file.SetProperty("id", collection.fileIds.Make());
-    state.files.emplace(file.GetProperty("id"), file);
+    if (file.HasChildren())
+        import.files.Add(FileElement(file),
+                         HasValue(file, "id") ? std::string() : collection.fileIds.Make());
 }
 
-void CollectSequence(ImportState& state, Collection& collection, ObjectHandle sequence)
+void CollectSequence(Import& import, Collection& collection, ConstHandle sequence)
 {
     if (IsStillSequence(sequence))
         return;
     if (!HasValue(sequence, "id"))
-        sequence.SetProperty("id", collection.sequenceIds.Make());
-    const std::string_view id = sequence.GetProperty("id");
-    if (state.sequences.contains(id))
-        return;
-    if (const ObjectHandle master = MasterOfCollectedSequence(state, sequence))
-        state.sequences.emplace(id, master);
+        import.sequences.SetGeneratedId(sequence, collection.sequenceIds.Make());
+    const std::string_view id = import.sequences.IdOf(sequence);
+    if (!import.sequences.MasterOf(id))
+        import.sequences.AddMaster(id, MakeSequenceMaster(import, sequence));
 }
 
 struct CollectedTag {
@@ -70,14 +69,14 @@ struct CollectedTag {
 };
 
 constexpr CollectedTag kCollectedTags[] = {
-    {"clip", [](ImportState& state, Collection&, ObjectHandle clip) { CollectClip(state, clip); }},
+    {"clip", [](Import& import, Collection&, ConstHandle clip) { CollectClip(import, clip); }},
     {"file", CollectFile},
-    {"multiclip", [](ImportState& state, Collection&,
-                     ObjectHandle multiclip) { CollectMulticlip(state, multiclip); }},
+    {"multiclip", [](Import& import, Collection&,
+                     ConstHandle multiclip) { CollectMulticlip(import, multiclip); }},
     {"sequence", CollectSequence},
 };
 
-Handler HandlerOf(ObjectHandle node)
+Handler HandlerOf(ConstHandle node)
 {
     for (const CollectedTag& row : kCollectedTags)
         if (node.GetName() == row.tag)
@@ -85,7 +84,7 @@ Handler HandlerOf(ObjectHandle node)
     return nullptr;
 }
 
-void Enter(Collection& collection, ObjectHandle node)
+void Enter(Collection& collection, ConstHandle node)
 {
     if (!HandlerOf(node))
         return;
@@ -96,23 +95,23 @@ void Enter(Collection& collection, ObjectHandle node)
         collection.fileIds.Take(node.GetProperty("id"));
 }
 
-// Bound references make nodes hang in several places, so each is taken where it is met first. The
-// handlers change the tree, so they run when the walk is over.
-Collection Gather(ObjectHandle project)
+// Bound references give nodes several parents, so each is taken where it is met first. The handlers
+// run when the walk is over and all ids are known.
+Collection Gather(ConstHandle project)
 {
     struct Level {
-        ObjectHandle node;
-        ChildRange::Iterator next;
+        ConstHandle node;
+        ConstChildRange::Iterator next;
     };
     Collection collection;
     NodeSet visited;
     visited.Insert(project);
     std::vector<Level> levels{{project, project.GetChildren().begin()}};
-    const ChildRange::Iterator end = project.GetChildren().end();
+    const ConstChildRange::Iterator end = project.GetChildren().end();
     while (!levels.empty()) {
         Level& level = levels.back();
         if (level.next != end) {
-            const ObjectHandle child = *level.next;
+            const ConstHandle child = *level.next;
             ++level.next;
             if (visited.Insert(child))
                 levels.push_back({child, child.GetChildren().begin()});
@@ -126,12 +125,12 @@ Collection Gather(ObjectHandle project)
 
 } // namespace
 
-bool CollectReferences(ImportState& state, ObjectHandle project)
+bool CollectReferences(Import& import, ConstHandle project)
 {
     Collection collection = Gather(project);
-    StageScope stage(state.progress, 1, collection.nodes.size());
-    for (const ObjectHandle& node : collection.nodes) {
-        HandlerOf(node)(state, collection, node);
+    StageScope stage(import.progress, 1, collection.nodes.size());
+    for (const ConstHandle& node : collection.nodes) {
+        HandlerOf(node)(import, collection, node);
         if (!stage.Step())
             return false;
     }

@@ -2,12 +2,12 @@
 // translated, since documents refer forwards and across bins.
 #pragma once
 
-#include "import/import_state.h"
+#include "import/import.h"
 
 namespace XPJ {
 
-// Fills the maps of `state` from the tree under `project`. `file`s without an id and `sequence`s
-// without an id get one. False when cancelled.
-bool CollectReferences(ImportState& state, ObjectHandle project);
+// Fills the catalogs from the tree under `project`. `file`s and `sequence`s without an id get one
+// in their catalogs. False when cancelled.
+bool CollectReferences(Import& import, ConstHandle project);
 
 } // namespace XPJ

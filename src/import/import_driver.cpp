@@ -2,15 +2,17 @@
 
 #include "core/numbers.h"
 #include "core/paths.h"
-#include "core/text.h"
 #include "import/bins.h"
 #include "import/collect.h"
-#include "import/item_clips.h"
+#include "import/import.h"
 #include "import/links.h"
 #include "import/merge.h"
+#include "import/sequence_walk.h"
+#include "project/objects.h"
 #include "project/skeleton.h"
-#include "import/sequences.h"
-#include "platform/platform.h"
+
+#include <string>
+#include <utility>
 
 namespace XPJ {
 
@@ -19,7 +21,7 @@ namespace {
 constexpr int kFirstVersion = 1;
 constexpr int kLastVersion = 5;
 
-void CheckVersion(ObjectHandle root, IssueSet& issues)
+void CheckVersion(ConstHandle root, IssueSet& issues)
 {
     const int version = IntProperty(root, "version");
     if (version >= kFirstVersion && version <= kLastVersion)
@@ -31,99 +33,77 @@ void CheckVersion(ObjectHandle root, IssueSet& issues)
     issues.insert(issue);
 }
 
-// What stands in an element itself, as `children` of it would hold it.
-ObjectHandle ChildrenOf(Document& document, ObjectHandle element)
+// The bins, clips and sequences of a document: those of its first `project`, which may be without
+// a `children` around them, else of the document itself. Null when there are none.
+ConstHandle EntriesOf(ConstHandle root)
 {
-    const ObjectHandle children = document.NewObject("children");
-    for (const ObjectHandle& child : element.GetChildren())
-        children.AddChild(child);
-    return children;
+    const ConstHandle project = root.GetChild("project");
+    if (const ConstHandle children = project.GetChild("children"))
+        return children;
+    const ConstHandle container = project ? project : root;
+    return container.HasChildren() ? container : ConstHandle();
 }
 
-// Documents may hold bins, clips and sequences without a `project` around them.
-ObjectHandle MakeProjectAround(Document& document, ObjectHandle root)
+// Null, and true, for a project without entries. False when cancelled.
+bool TranslateRootItem(Import& import, ConstHandle entries, ObjectHandle& rootItem)
 {
-    const ObjectHandle project = document.NewObject("project");
-    project.SetProperty("Name", EscapeXML(GetMessage(Message::kFinalCutProProject)));
-    project.AddChild("children", ChildrenOf(document, root));
-    return project;
-}
-
-// The first `project`; null when the root holds nothing at all.
-ObjectHandle ProjectOf(Document& document, ObjectHandle root)
-{
-    if (const ObjectHandle project = root.GetChild("project")) {
-        // Some programs leave the `children` around a project's items out.
-        if (!project.GetChild("children") && project.HasChildren())
-            project.AddChild("children", ChildrenOf(document, project));
-        return project;
-    }
-    return root.HasChildren() ? MakeProjectAround(document, root) : ObjectHandle();
-}
-
-// Null, and true, for a project without `children`. False when cancelled.
-bool TranslateRootItem(ImportState& state, ObjectHandle& rootItem)
-{
-    const ObjectHandle children = state.project.GetChild("children");
-    if (!children)
+    if (!entries)
         return true;
-    rootItem = state.document.NewObject("RootProjectItem");
+    rootItem = import.document.NewObject("RootProjectItem");
     AddUid(rootItem);
-    rootItem.SetProperty("ID", "1000000");
-    if (!TranslateChildren(state, children, rootItem))
+    rootItem.SetPropertyShared("ID", "1000000");
+    if (!TranslateEntries(import, entries, rootItem))
         return false;
-    TranslateShownSequences(state, rootItem);
+    TranslateShownSequences(import, rootItem);
     return true;
 }
 
-int TranslateProject(ImportState& state, ObjectHandle project)
+int TranslateProject(Import& import, ConstHandle root, ObjectHandle project)
 {
-    StageScope stage(state.progress, 1, 3);
-    if (!CollectReferences(state, state.project) || !stage.Step())
+    const ConstHandle stated = root.GetChild("project");
+    StageScope stage(import.progress, 1, 3);
+    if (!CollectReferences(import, stated ? stated : root) || !stage.Step())
         return kAborted;
 
-    AddProjectSettings(state.document, project);
+    AddProjectSettings(import.document, project);
     ObjectHandle rootItem;
-    if (!TranslateRootItem(state, rootItem))
+    if (!TranslateRootItem(import, EntriesOf(root), rootItem))
         return kAborted;
     project.AddChild(rootItem);
     if (!stage.Step())
         return kAborted;
 
-    MergePass(state, rootItem);
+    MergePass(import, rootItem);
     if (!stage.Step())
         return kAborted;
-    LinkPass(state);
-    AttachClipIds(state);
+    LinkPass(import.document, import.links, import.sequences);
+    import.masters.AttachClipIds();
 
-    project.SetProperty("NextID", "1000001"); // the root item's is the last one given
-    project.SetProperty("NextSequenceID", IntToString(NewSequenceNumber(state)));
+    project.SetPropertyShared("NextID", "1000001"); // the root item's is the last one given
+    project.SetProperty("NextSequenceID", IntToString(import.sequences.NextNumber()));
     return kSuccess;
 }
 
 } // namespace
 
-int ImportDocument(ObjectHandle root, const ImportOptions& options, Progress& progress,
+int ImportDocument(ConstHandle root, const ImportOptions& options, Progress& progress,
                    Document& document, IssueSet& issues, ObjectHandle& projectDocument,
                    SkippedList* skipped)
 {
     CheckVersion(root, issues);
-
-    ImportState state(document, progress, issues);
-    state.sn2vlMode = options.sn2vlMode;
-    state.aafSupport = options.aafSupport;
-    state.settings = options.settings;
-    const std::string inputPath = AbsolutePath(options.inputPath);
-    state.documentDirectory = FolderOf(inputPath);
-    state.lookFiles.emplace(document, state.documentDirectory);
-    state.project = ProjectOf(document, root);
-    if (!state.project)
+    if (!root.HasChildren())
         return kNoFCPDataFound;
 
+    const std::string inputPath = AbsolutePath(options.inputPath);
+    Import import(ImportState{.document = document,
+                              .progress = progress,
+                              .issues = issues,
+                              .options = options,
+                              .folder = std::string(FolderOf(inputPath))});
     const ObjectHandle project = document.NewObject("Project");
-    const int result = TranslateProject(state, project);
+    const int result = TranslateProject(import, root, project);
     if (skipped != nullptr)
-        *skipped = std::move(state.skipped);
+        *skipped = std::move(import.skipped);
     if (result != kSuccess)
         return result;
     projectDocument = document.NewObject("Document");

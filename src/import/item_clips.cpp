@@ -1,15 +1,12 @@
 #include "import/item_clips.h"
 
 #include "core/numbers.h"
-#include "xmeml/formats.h"
+#include "import/item_masters.h"
 #include "import/logging.h"
 #include "import/markers.h"
-#include "import/master_builder.h"
-#include "import/master_clips.h"
-#include "xmeml/files.h"
-#include "import/multiclips.h"
+#include "project/clips.h"
+#include "project/synthetic_items.h"
 #include "xmeml/speed.h"
-#include "import/track_items.h"
 
 #include <algorithm>
 #include <optional>
@@ -18,7 +15,7 @@ namespace XPJ {
 
 namespace {
 
-ClipForm FormOf(ObjectHandle item, const ItemSpeed& speed)
+ClipFields FieldsOf(ConstHandle item, const ItemSpeed& speed)
 {
     return {.speed = speed.speed,
             .playBackwards = speed.playBackwards,
@@ -27,19 +24,19 @@ ClipForm FormOf(ObjectHandle item, const ItemSpeed& speed)
             .frameBlending = speed.frameBlending};
 }
 
-void AddMulticam(const ImportState& state, ObjectHandle item, ObjectHandle clip)
+void AddMulticam(const ActiveAngles& angles, ConstHandle item, ObjectHandle clip)
 {
-    const ObjectHandle multiclip = item.GetChild("multiclip");
+    const ConstHandle multiclip = item.GetChild("multiclip");
     if (!multiclip || IsCollapsed(multiclip))
         return;
     clip.SetPropertyShared("IsMulticam", "true");
-    clip.SetProperty("SelectedTrackIndex", IntToString(ActiveAngle(state, multiclip) - 1));
+    clip.SetProperty("SelectedTrackIndex", IntToString(angles.Of(multiclip).number - 1));
 }
 
-// A still stands as a sequence around the clip that it is taken from.
-void AddFrameHold(ObjectHandle item, Ticks sequenceTicks, ObjectHandle clip)
+// A still is stated as a sequence around the clip that it is taken from.
+void AddFrameHold(ConstHandle item, Ticks sequenceTicks, ObjectHandle clip)
 {
-    const ObjectHandle still = FindPath(item, {"sequence", "media", "video", "track", "clipitem"});
+    const ConstHandle still = FindPath(item, {"sequence", "media", "video", "track", "clipitem"});
     const Frames position = Int64Property(still, "stillframeoffset");
     if (!HasValue(still, "stillframeoffset") || position < 0)
         return;
@@ -48,57 +45,59 @@ void AddFrameHold(ObjectHandle item, Ticks sequenceTicks, ObjectHandle clip)
     clip.SetProperty("FrameHoldStart", TickText(MultiplyTicks(position, unit)));
 }
 
+// The part of the source that an item shows, as far as its times state it.
+struct SourceRange {
+    Ticks in = 0;
+    Ticks out = 0;
+};
+
 // A source starts at 0. An item that begins before it, begins with it; one that also ends before
 // it keeps its length.
-void AddPoints(const TrackContext& context, ObjectHandle item, const ItemTimes& times,
-               const ItemRates& rates, Ticks in, Ticks out, ObjectHandle clip)
+void AddPoints(const TrackContext& track, const ClipItem& item, const PlacedTimes& placed,
+               SourceRange range, ObjectHandle clip)
 {
-    if (in < 0) {
-        AddItemIssue(context, item, times.start, ImportIssue::InvalidInPoint);
-        in = 0;
+    const ItemTimes& times = placed.times;
+    const ItemRates& rates = placed.rates;
+    if (range.in < 0) {
+        AddItemIssue(track, item, times.start, ImportIssue::InvalidInPoint);
+        range.in = 0;
     }
-    if (out < 0) {
-        const Frames length = rates.ToItem(Minus(times.end, times.start));
-        out = AddTicks(in, ScaledTicks(length, rates.item, SpeedOfItem(item).speed));
+    if (range.out < 0) {
+        const Frames length = rates.ToItem(SubtractTicks(times.end, times.start));
+        range.out = AddTicks(range.in, ScaledTicks(length, rates.item, SpeedOfItem(item).speed));
     }
-    clip.SetProperty("InPoint", TickText(in));
-    clip.SetProperty("OutPoint", TickText(out));
+    clip.SetProperty("InPoint", TickText(range.in));
+    clip.SetProperty("OutPoint", TickText(range.out));
 }
 
-ObjectHandle MakeSubClip(const TrackContext& context, ObjectHandle item, ObjectHandle clip,
-                         ObjectHandle master)
+ObjectHandle MakeItemSubClip(Import& import, ConstHandle item, ObjectHandle clip, MasterClip master)
 {
-    ImportState& state = context.sequence.state;
-    const ObjectHandle result = state.document.NewObject("SubClip");
-    const ObjectHandle named = HasValue(item, "name") ? item : FileOfItem(state, item);
-    result.SetPropertyShared("Name", named.GetProperty("name"));
-    const ObjectHandle clipId = state.document.NewObject("ChildClipIDSerializer");
-    clipId.SetPropertyShared("ID", clip.GetProperty("ClipID"));
-    result.AddChild("Clip", clip);
-    result.AddChild("MasterClip", master);
-    result.AddChild("ChildClipID", clipId);
-    state.clipIds.push_back({master, clipId});
-    return result;
+    std::string_view name = item.GetProperty("name");
+    if (name.empty())
+        name = FileOfItem(import.files, item).GetProperty("name");
+    const SubClipParts parts = MakeSubClip(import.document, name, clip, master);
+    import.masters.AddClipId(master, parts.clipId);
+    return parts.subClip;
 }
 
-// The channel of its source that a `clipitem` means, from 0.
-int SourceTrackOf(ObjectHandle item, int trackIndex)
+// The channel of its source that a `clipitem` plays, from 0.
+int SourceChannelOf(ConstHandle item, int trackIndex)
 {
-    const ObjectHandle sourceTrack = item.GetChild("sourcetrack");
+    const ConstHandle sourceTrack = item.GetChild("sourcetrack");
     if (!HasValue(sourceTrack, "trackindex"))
         return trackIndex;
     return std::max(IntProperty(sourceTrack, "trackindex"), 1) - 1;
 }
 
-// The channels of a master, as an item asks for them.
-class ItemChannels {
+// The channels of a master by the numbers that items state.
+class MasterChannels {
 public:
-    explicit ItemChannels(ObjectHandle master) : channels_(ChannelsOf(master)) {}
+    explicit MasterChannels(MasterClip master) : channels_(master.Channels()) {}
 
     bool IsEmpty() const { return channels_.empty(); }
-    int Count() const { return static_cast<int>(channels_.size()); }
+    const std::vector<MasterChannel>& All() const { return channels_; }
     // Tracks beyond the channels of a file start over with its first.
-    int Reduce(int channel) const { return channel % Count(); }
+    int Reduce(int channel) const { return channel % static_cast<int>(channels_.size()); }
     const MasterChannel& At(int channel) const
     {
         return channels_[static_cast<std::size_t>(Reduce(channel))];
@@ -108,64 +107,61 @@ private:
     std::vector<MasterChannel> channels_;
 };
 
-// Channels of an item whose other channels lie on the following tracks: those of the items there
+// Channels of an item whose other channels are on the following tracks: those of the items there
 // that it is linked to, and on from the last one where links are missing.
-std::vector<int> LinkedChannels(const TrackContext& context, ObjectHandle item, int sourceTrack,
-                                const ItemChannels& source, std::size_t count)
+std::vector<int> LinkedChannels(const TrackContext& track, ConstHandle item,
+                                const MasterChannels& source, std::size_t count)
 {
     std::vector<int> channels;
-    const LinkIndex& index = context.sequence.links;
-    for (const ObjectHandle& link : item.GetChildren("link")) {
+    const LinkIndex& index = track.sequence.links;
+    for (const ConstHandle& link : item.GetChildren("link")) {
         if (channels.size() == count)
             break;
         const LinkKey target = index.TargetOf(link);
-        if (target.type == MediaType::Audio && target.track >= context.number &&
-            target.track <= context.lastNumber && index.ItemAt(target))
-            channels.push_back(source.Reduce(SourceTrackOf(index.ItemAt(target), context.index)));
+        if (target.type == MediaType::Audio && target.track >= track.number &&
+            target.track <= track.lastNumber && index.ItemAt(target))
+            channels.push_back(source.Reduce(SourceChannelOf(index.ItemAt(target), track.index)));
     }
-    int next = channels.empty() ? sourceTrack : channels.back() + 1;
+    int next =
+        channels.empty() ? source.Reduce(SourceChannelOf(item, track.index)) : channels.back() + 1;
     while (channels.size() < count)
         channels.push_back(next++);
     return channels;
 }
 
-bool FollowsLinks(const TrackContext& context, int channelType)
+bool FollowsLinks(const SequenceContext& sequence, int channelType)
 {
-    return (context.sequence.state.sn2vlMode || context.sequence.exploded) &&
+    return (sequence.import.options.sn2vlMode || sequence.exploded) &&
            (channelType == kStereoType || channelType == kSurroundType);
 }
 
-void AddItemChannels(const TrackContext& context, ObjectHandle item, int channelType,
-                     int sourceTrack, const ItemChannels& channels, ObjectHandle clip)
+void AddContent(Document& document, const MasterChannel& channel, ObjectHandle audioClip)
 {
-    Document& document = context.sequence.state.document;
-    const ObjectHandle source = clip.GetChild("Source");
-    const auto add = [&](const MasterChannel& entry) {
-        AddChannel(document, clip,
-                   static_cast<std::uint64_t>(Int64Property(entry.channel, "ChannelIndex")),
-                   source.HasChild("Sequence") ? source : entry.channel.GetChild("Content"));
-    };
+    const ObjectHandle source = audioClip.GetChild("Source");
+    AddChannel(document, audioClip,
+               static_cast<std::uint64_t>(Int64Property(channel.channel, "ChannelIndex")),
+               source.HasChild("Sequence") ? source : channel.channel.GetChild("Content"));
+}
+
+void AddItemChannels(const TrackContext& track, ConstHandle item, int channelType,
+                     const MasterChannels& channels, ObjectHandle clip)
+{
+    Document& document = track.sequence.import.document;
     if (channelType == kAdaptiveType) {
-        for (int i = 0; i < kMaxAdaptiveChannels; ++i)
-            if (i < channels.Count())
-                add(channels.At(i));
-            else
-                AddChannel(document, clip, kNoChannel, {});
-    } else if (FollowsLinks(context, channelType)) {
+        AddAdaptiveChannels(document, channels.All(), clip);
+    } else if (FollowsLinks(track.sequence, channelType)) {
         const auto count = static_cast<std::size_t>(ChannelCountOf(channelType));
-        for (const int channel : LinkedChannels(context, item, sourceTrack, channels, count))
-            add(channels.At(channel));
+        for (const int channel : LinkedChannels(track, item, channels, count))
+            AddContent(document, channels.At(channel), clip);
     } else {
-        add(channels.At(sourceTrack));
+        AddContent(document, channels.At(SourceChannelOf(item, track.index)), clip);
     }
 }
 
 // A point that an item of this system's own documents states exactly.
-std::optional<Ticks> ExactPoint(ObjectHandle item, Name key)
+std::optional<Ticks> ExactPoint(const StatedTime& time)
 {
-    if (HasValue(item, key) && Int64Property(item, key) != kNotStated)
-        return Int64Property(item, key);
-    return std::nullopt;
+    return time.IsStated() ? std::optional(time.value) : std::nullopt;
 }
 
 // Below 0 for every point before the source, also for one that scaling would round up to its start.
@@ -176,68 +172,77 @@ Ticks OutTicks(Frames out, Ticks frameTicks, double speed)
 
 } // namespace
 
-ObjectHandle MakeVideoSubClip(const TrackContext& context, ObjectHandle item,
-                              const ItemTimes& times, const ItemRates& rates)
+ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
+                              const PlacedTimes& placed)
 {
-    ImportState& state = context.sequence.state;
-    const ObjectHandle master = MasterForItem(state, item, MediaType::Video, context.index);
-    const ObjectHandle masterClip = VideoClipOf(master);
+    Import& import = track.sequence.import;
+    Document& document = import.document;
+    const MasterClip master = MasterForItem(import, item, MediaType::Video, track.index);
+    const ObjectHandle masterClip = master.VideoClip();
     if (!masterClip)
         return {};
+    const Ticks unit = placed.rates.item;
     const ItemSpeed speed = SpeedOfItem(item);
-    const ObjectHandle source =
-        SourceForItem(state, MediaType::Video, masterClip.GetChild("Source"), rates.item);
-    const ObjectHandle clip = MakeVideoClip(state.document, source, FormOf(item, speed));
+    const ObjectHandle source = SourceForItem(document, import.sequences, MediaType::Video,
+                                              masterClip.GetChild("Source"), unit);
+    const ObjectHandle clip = MakeVideoClip(document, source, FieldsOf(item, speed));
     CopyLabel(item, clip, "hfl.clip.label.name");
 
-    AddPoints(context, item, times, rates, ScaledTicks(times.in, rates.item, speed.speed),
-              OutTicks(times.out, rates.item, speed.speed), clip);
-    AddFrameHold(item, context.sequence.rates.edges, clip);
-    clip.AddChild("Markers", TranslateMarkers(state.document, item, rates.item));
-    AddMulticam(state, item, clip);
-    return MakeSubClip(context, item, clip, master);
+    AddPoints(track, item, placed,
+              {.in = ScaledTicks(placed.times.in, unit, speed.speed),
+               .out = OutTicks(placed.times.out, unit, speed.speed)},
+              clip);
+    AddFrameHold(item, track.sequence.rates.edges, clip);
+    clip.AddChild("Markers", TranslateMarkers(document, item, unit));
+    AddMulticam(import.angles, item, clip);
+    return MakeItemSubClip(import, item, clip, master);
 }
 
-ObjectHandle MakeAudioSubClip(const TrackContext& context, ObjectHandle item, int channelType,
-                              const ItemTimes& times, const ItemRates& rates)
+ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, int channelType,
+                              const PlacedTimes& placed)
 {
-    ImportState& state = context.sequence.state;
-    const ObjectHandle master = MasterForItem(state, item, MediaType::Audio, context.index);
-    const ItemChannels channels(master);
+    Import& import = track.sequence.import;
+    Document& document = import.document;
+    const MasterClip master = MasterForItem(import, item, MediaType::Audio, track.index);
+    const MasterChannels channels(master);
     if (channels.IsEmpty())
         return {};
+    const Ticks unit = placed.rates.item;
     const ItemSpeed speed = SpeedOfItem(item);
-    const int sourceTrack = channels.Reduce(SourceTrackOf(item, context.index));
-    const ObjectHandle source =
-        SourceForItem(state, MediaType::Audio, channels.At(sourceTrack).clip.GetChild("Source"),
-                      context.sequence.rates.audio);
-    const ObjectHandle clip = MakeAudioClip(state.document, source, FormOf(item, speed));
+    const int sourceChannel = channels.Reduce(SourceChannelOf(item, track.index));
+    const ObjectHandle source = SourceForItem(document, import.sequences, MediaType::Audio,
+                                              channels.At(sourceChannel).clip.GetChild("Source"),
+                                              track.sequence.rates.audio);
+    const ObjectHandle clip = MakeAudioClip(document, source, FieldsOf(item, speed));
     CopyLabel(item, clip, "hfl.clip.label.name");
 
     const Frames delay = Int64Property(item, "mediadelay");
-    const Frames in = AddTicks(times.in, delay);
-    const Frames out = AddTicks(times.out, delay);
-    AddPoints(context, item, times, rates,
-              ExactPoint(item, "velaTicksIn").value_or(ScaledTicks(in, rates.item, speed.speed)),
-              ExactPoint(item, "velaTicksOut").value_or(OutTicks(out, rates.item, speed.speed)),
+    const Ticks in = ScaledTicks(AddTicks(placed.times.in, delay), unit, speed.speed);
+    const Ticks out = OutTicks(AddTicks(placed.times.out, delay), unit, speed.speed);
+    AddPoints(track, item, placed,
+              {.in = ExactPoint(item.times.exactIn).value_or(in),
+               .out = ExactPoint(item.times.exactOut).value_or(out)},
               clip);
-    clip.SetProperty("SecondaryIndex", IntToString(sourceTrack));
+    const int channelCount = ChannelCountOf(channelType);
+    clip.SetProperty("SecondaryIndex", IntToString(sourceChannel));
     clip.SetPropertyShared("Gain", "1.0");
-    clip.AddChild("Markers", TranslateMarkers(state.document, item, rates.item));
+    clip.AddChild("Markers", TranslateMarkers(document, item, unit));
     clip.SetProperty("ChannelType", IntToString(channelType));
-    clip.SetProperty("NumChannels", IntToString(ChannelCountOf(channelType)));
-    clip.SetProperty("AudioChannelLayout",
-                     ChannelLayoutText(channelType, ChannelCountOf(channelType)));
-    AddMulticam(state, item, clip);
-    AddItemChannels(context, item, channelType, sourceTrack, channels, clip);
-    return MakeSubClip(context, item, clip, master);
+    clip.SetProperty("NumChannels", IntToString(channelCount));
+    clip.SetProperty("AudioChannelLayout", ChannelLayoutText(channelType, channelCount));
+    AddMulticam(import.angles, item, clip);
+    AddItemChannels(track, item, channelType, channels, clip);
+    return MakeItemSubClip(import, item, clip, master);
 }
 
-void AttachClipIds(ImportState& state)
+void AddAdaptiveChannels(Document& document, const std::vector<MasterChannel>& channels,
+                         ObjectHandle audioClip)
 {
-    for (const ImportState::ClipId& entry : state.clipIds)
-        entry.master.AddChild("ChildClipID", entry.id);
-    state.clipIds.clear();
+    for (std::size_t i = 0; i < kMaxAdaptiveChannels; ++i)
+        if (i < channels.size())
+            AddContent(document, channels[i], audioClip);
+        else
+            AddChannel(document, audioClip, kNoChannel, {});
 }
 
 } // namespace XPJ

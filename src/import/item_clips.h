@@ -1,19 +1,28 @@
 // SubClip: the part of a master clip that a track item shows.
 #pragma once
 
+#include "import/track_context.h"
 #include "xmeml/item_times.h"
-#include "import/tracks.h"
-#include "tree/object.h"
+
+#include <vector>
 
 namespace XPJ {
 
-// Null when the item has no master with a clip of the kind.
-ObjectHandle MakeVideoSubClip(const TrackContext& context, ObjectHandle item,
-                              const ItemTimes& times, const ItemRates& rates);
-ObjectHandle MakeAudioSubClip(const TrackContext& context, ObjectHandle item, int channelType,
-                              const ItemTimes& times, const ItemRates& rates);
+// The times of an item, none of which is missing any more, with the rates in which they count.
+struct PlacedTimes {
+    ItemTimes times;
+    ItemRates rates;
+};
 
-// Hangs the clip ids of all items on their masters, once all items are there.
-void AttachClipIds(ImportState& state);
+// Null when the item has no master with a clip of the type.
+ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
+                              const PlacedTimes& placed);
+ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, int channelType,
+                              const PlacedTimes& placed);
+
+// Appends all channels that an adaptive type may have to an AudioClip; those that the master lacks
+// are silent.
+void AddAdaptiveChannels(Document& document, const std::vector<MasterChannel>& channels,
+                         ObjectHandle audioClip);
 
 } // namespace XPJ

@@ -1,26 +1,22 @@
-// What translators of effects are told of a track item or a master, and the picture effects that
-// hang on them.
+// The effect chains of track items.
 #pragma once
 
-#include "effects/effect_context.h"
+#include "import/track_context.h"
 #include "xmeml/item_times.h"
-#include "import/tracks.h"
-#include "tree/object.h"
 
 namespace XPJ {
 
-// For an item that starts at a frame of its sequence, on a track of either type. `master` is the
-// MasterClip that it shows. `frameTicks` is 0 for a picture whose rate nobody states; sound then
-// counts in the sequence's frames.
-EffectContext ContextOfItem(const TrackContext& track, ObjectHandle item, ObjectHandle master,
-                            Frames start);
-
-// The VideoComponentChain of a picture item; a variable speed goes to the clip of its `subClip`.
-ObjectHandle MakeItemVideoChain(const TrackContext& track, ObjectHandle item, Frames start,
+// The VideoComponentChain of a video item; a variable speed goes to the clip of its `subClip`.
+ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item, Frames start,
                                 ObjectHandle subClip);
 
-// Hangs the filters of a browser `clip` and of its `file` on a new master.
-void AddMasterEffects(ImportState& state, ObjectHandle element, ObjectHandle file,
-                      ObjectHandle master);
+// The channel types of an audio item and of its track.
+struct ItemChannels {
+    int itemType = kMonoType;
+    int trackType = kStereoType;
+};
+// Gives an AudioClipTrackItem the chain of its item and, if it is panned, its panner.
+void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames start,
+                         const ItemChannels& channels, ObjectHandle trackItem);
 
 } // namespace XPJ

@@ -1,39 +1,28 @@
-// Findings at a place in a timeline.
+// Issues at an item of a timeline.
 #pragma once
 
-#include "core/ticks.h"
+#include "core/media_type.h"
 #include "effects/effect_context.h"
 #include "import/import_state.h"
-#include "xmeml/item_times.h"
+#include "xmeml/sequences.h"
 
-#include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace XPJ {
 
-// What tells a place in a `sequence`: its name, and the timecode of its frames. Read once, since a
-// sequence with many markers is wide.
-struct SequenceClock {
-    std::string_view name = {};
-    Ticks edges = kNtscFrameTicks;  // unit of item edges
-    Ticks frames = kNtscFrameTicks; // a frame
-    Frames first = 0;               // number of the first one
-    std::int64_t base = 30;         // numbers a second
-    bool drop = true;
-
-    std::string TimecodeOf(Frames start) const;
+// An item by its track, which counts from 0, and the edge, in units of edges, at which it starts.
+struct ItemPosition {
+    MediaType type = MediaType::Video;
+    int trackIndex = 0;
+    Frames start = 0;
 };
-SequenceClock ClockOf(const ImportState& state, ObjectHandle sequence);
+ItemPlace PlaceOfItem(const SequenceTimecode& timecode, std::string_view name,
+                      const ItemPosition& position);
 
-// The place of an item that starts at `start`, in units of edges. `trackIndex` counts from 0.
-ItemPlace PlaceOfItem(const SequenceClock& clock, ObjectHandle item, MediaType type, int trackIndex,
-                      Frames start);
-
-void AddItemIssue(ImportState& state, const ItemPlace& place, ImportIssue kind,
+void AddItemIssue(const ImportState& state, const ItemPlace& place, ImportIssue kind,
                   std::string_view subject = {});
 
-// Notes an item, a clip of a bin or a sequence that nothing could be made of.
+// Records an item, a clip of a bin or a sequence of which nothing could be made.
 void AddSkipped(ImportState& state, const ItemPlace& place);
 
 } // namespace XPJ

@@ -3,23 +3,26 @@
 #include "core/messages.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "xmeml/formats.h"
-#include "xmeml/files.h"
-#include "project/streams.h"
+#include "import/master_builder.h"
+#include "import/project_items.h"
 #include "platform/platform.h"
+#include "project/media.h"
 #include "tree/blob.h"
+#include "xmeml/formats.h"
 
-#include <algorithm>
 #include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace XPJ {
 
 namespace {
 
-void AppendWord(std::uint32_t word, std::string& bytes)
+void AppendField(std::uint32_t field, std::string& bytes)
 {
     for (int shift = 0; shift < 32; shift += 8)
-        bytes += static_cast<char>(word >> shift & 0xFF);
+        bytes += static_cast<char>(field >> shift & 0xFF);
 }
 
 // The still importer's settings: which layer of the file to show, all of them where there is one.
@@ -27,11 +30,11 @@ std::string LayerPrefs(int index, int count)
 {
     const bool isOneOfMany = count >= 2;
     std::string bytes;
-    for (const std::uint32_t word :
+    for (const std::uint32_t field :
          {std::uint32_t{9}, std::uint32_t{0x09090909},
           isOneOfMany ? static_cast<std::uint32_t>(index) : std::uint32_t{0xFFFFFFFF},
           std::uint32_t{1}, std::uint32_t{isOneOfMany}, std::uint32_t{0}, std::uint32_t{3}})
-        AppendWord(word, bytes);
+        AppendField(field, bytes);
     return bytes;
 }
 
@@ -42,41 +45,65 @@ std::string LayerName(int index, int count, std::string_view title)
     return EscapeXML(GetMessage(Message::kLayer, {IntToString(number)})).append("/").append(title);
 }
 
-ObjectHandle MakeLayerSource(const ImportState& state, ObjectHandle file, int index, int count,
-                             const FrameFormat& frame)
+struct Layer {
+    int index = 0; // as the file states it, from the top
+    std::string name;
+    ObjectHandle source; // VideoMediaSource
+};
+
+ObjectHandle MakeLayerSource(const ImportState& state, FileElement file, const FrameFormat& frame,
+                             std::string_view prefs)
 {
     Document& document = state.document;
-    const std::string path = PathOfFile(state, file);
+    const std::string path = PathOfFile(file, state.folder);
     const ObjectHandle media =
         MakeMedia(document, {.path = path, .title = file.GetProperty("name"), .infinite = true});
-    SetEncodedBlob(media, "ImporterPrefs", "ImporterPrefsChecksum", LayerPrefs(index, count));
-    if (count >= 2)
-        media.SetProperty("StreamNumber", IntToString(index));
-    media.AddChild("VideoStream", MakeVideoStream(document, {.kind = PictureKind::Generated,
+    SetEncodedBlob(media, "ImporterPrefs", "ImporterPrefsChecksum", prefs);
+    media.AddChild("VideoStream", MakeVideoStream(document, {.kind = VideoKind::Generated,
                                                              .frameTicks = kAnyFrameTicks,
                                                              .duration = kEndlessDuration,
                                                              .frame = frame,
                                                              .isStill = true}));
-    return MakeMediaSource(document, MediaType::Video, media, kNtscFrameTicks, kEndlessDuration);
+    return MakeMediaSource(document, media,
+                           {.rate = kNtscFrameTicks, .duration = kEndlessDuration});
+}
+
+std::vector<Layer> MakeLayers(const ImportState& state, const FileUse& use)
+{
+    const ConstChildRange videos = use.file.GetChild("media").GetChildren("video");
+    int count = 0;
+    for ([[maybe_unused]] const ConstHandle& video : videos)
+        ++count;
+    const FrameFormat frame = FrameOfFile(use.element, use.file, use.characteristics);
+    std::vector<Layer> layers;
+    for (const ConstHandle& video : videos) {
+        const int index = IntProperty(video, "layerindex");
+        const ObjectHandle source =
+            MakeLayerSource(state, use.file, frame, LayerPrefs(index, count));
+        if (count >= 2)
+            source.GetChild("Media").SetProperty("StreamNumber", IntToString(index));
+        layers.push_back({index, LayerName(index, count, use.element.GetProperty("name")), source});
+    }
+    return layers;
 }
 
 } // namespace
 
-std::vector<ImageLayer> MakeImageLayers(const ImportState& state, ObjectHandle element,
-                                        ObjectHandle file, ObjectHandle fallback)
+void TranslateLayers(Import& import, const ClipItem& element, const FileUse& use,
+                     ObjectHandle parentItem)
 {
-    const ChildRange videos = file.GetChild("media").GetChildren("video");
-    int count = 0;
-    for ([[maybe_unused]] const ObjectHandle& video : videos)
-        ++count;
-    const FrameFormat frame = FrameOfFile(element, file, fallback);
-    std::vector<ImageLayer> layers;
-    for (const ObjectHandle& video : videos) {
-        const int index = IntProperty(video, "layerindex");
-        layers.push_back({index, LayerName(index, count, element.GetProperty("name")),
-                          MakeLayerSource(state, file, index, count, frame)});
+    for (const Layer& layer : MakeLayers(import, use)) {
+        const MediaSources sources{.video = {layer.source}, .audio = {}};
+        const MasterClip master = BuildMasterClip(import, import.files, element,
+                                                  {.sources = sources, .name = layer.name});
+        if (RegisterMaster(import.masters.registry,
+                           {.masterClipId = element.GetProperty("masterclipid"),
+                            .mediaId = import.files.IdOf(use.file),
+                            .layer = layer.index},
+                           master))
+            MakeClipProjectItem(import, element, master, parentItem)
+                .SetProperty("Name", layer.name);
     }
-    return layers;
 }
 
 } // namespace XPJ

@@ -1,22 +1,15 @@
-// Layered stills: one file, and one Media with one source for each layer.
+// Layered stills: one file, and one Media and master for each layer.
 #pragma once
 
-#include "import/import_state.h"
-
-#include <string>
-#include <vector>
+#include "import/import.h"
+#include "import/streams.h"
+#include "xmeml/item_times.h"
 
 namespace XPJ {
 
-struct ImageLayer {
-    int index = 0; // as the file states it, from the top
-    std::string name;
-    ObjectHandle source; // VideoMediaSource
-};
-
-// The layers of a file (see IsLayeredImage) in document order. `fallback` is a
-// `samplecharacteristics` for the frame size; may be null.
-std::vector<ImageLayer> MakeImageLayers(const ImportState& state, ObjectHandle element,
-                                        ObjectHandle file, ObjectHandle fallback);
+// Makes a master and a project item in `parentItem` for each layer of a file (see IsLayeredImage)
+// that is not registered yet, in the order of the file.
+void TranslateLayers(Import& import, const ClipItem& element, const FileUse& use,
+                     ObjectHandle parentItem);
 
 } // namespace XPJ

@@ -1,10 +1,9 @@
 #include "import/logging.h"
 
-#include "core/host_properties.h"
-#include "core/text.h"
 #include "core/ticks.h"
-#include "xmeml/files.h"
-#include "xmeml/formats.h"
+#include "core/host_properties.h"
+#include "project/time_display.h"
+#include "xmeml/rates.h"
 
 #include <algorithm>
 #include <string>
@@ -49,23 +48,23 @@ constexpr CopiedKey kCommentKeys[] = {
 constexpr std::string_view kLabelMetadataKey = "hfl.clip.label.name";
 constexpr std::string_view kDefaultTimecodeFormat = "102";
 
-void CopyValue(ObjectHandle from, Name key, ObjectHandle to, Name newKey)
+void CopyValue(ConstHandle from, Name key, ObjectHandle to, Name newKey)
 {
     if (HasValue(from, key))
         CopyProperty(from, key, to, newKey);
 }
 
 template <std::size_t N>
-void CopyValues(ObjectHandle from, const CopiedKey (&keys)[N], ObjectHandle to)
+void CopyValues(ConstHandle from, const CopiedKey (&keys)[N], ObjectHandle to)
 {
     for (const CopiedKey& key : keys)
         CopyValue(from, key.from, to, key.to);
 }
 
-// The `timecode` of picture or of sound; one that doesn't say counts as of the picture.
-ObjectHandle TimecodeOf(ObjectHandle node, std::string_view source)
+// The `timecode` of video or of audio; one that states no source counts as of the video.
+ConstHandle TimecodeOf(ConstHandle node, std::string_view source)
 {
-    for (const ObjectHandle& timecode : node.GetChildren("timecode")) {
+    for (const ConstHandle& timecode : node.GetChildren("timecode")) {
         const std::string_view own = timecode.GetProperty("source");
         if ((own.empty() ? "source" : own) == source)
             return timecode;
@@ -73,20 +72,20 @@ ObjectHandle TimecodeOf(ObjectHandle node, std::string_view source)
     return {};
 }
 
-void AddNames(ObjectHandle file, ObjectHandle picture, ObjectHandle sound, bool isSequence,
+void AddNames(FileElement file, ConstHandle video, ConstHandle audio, bool isSequence,
               ObjectHandle info)
 {
-    const std::string_view title = TitleOfFile(file);
+    const std::string_view title = file.Title();
     if (!isSequence && !title.empty())
         info.SetProperty("ClipName", title);
     if (!info.HasProperty("TapeName"))
-        CopyValue(picture.GetChild("reel"), "name", info, "TapeName");
-    CopyValue(sound.GetChild("reel"), "name", info, "SoundRoll");
-    CopyValue(sound, "string", info, "SoundTimeCode");
+        CopyValue(video.GetChild("reel"), "name", info, "TapeName");
+    CopyValue(audio.GetChild("reel"), "name", info, "SoundRoll");
+    CopyValue(audio, "string", info, "SoundTimeCode");
 }
 
-// The range of the whole medium, in ticks of its timecode.
-void AddMediaRange(ObjectHandle element, ObjectHandle file, ObjectHandle timecode, Ticks frameTicks,
+// The range of the whole media file, in ticks of its timecode.
+void AddMediaRange(ConstHandle element, FileElement file, ConstHandle timecode, Ticks frameTicks,
                    ObjectHandle info)
 {
     const Ticks ownTicks = TicksOfRate(timecode.GetChild("rate"));
@@ -95,17 +94,17 @@ void AddMediaRange(ObjectHandle element, ObjectHandle file, ObjectHandle timecod
         info.SetProperty("MediaFrameRate", TickText(mediaTicks));
     if (!timecode || frameTicks == 0)
         return;
-    const ObjectHandle timed = HasValue(element, "duration") ? element : file;
+    const ConstHandle timed = HasValue(element, "duration") ? element : ConstHandle(file);
     const Ticks in = MultiplyTicks(Int64Property(timecode, "frame"), frameTicks);
     const Ticks duration = MultiplyTicks(Int64Property(timed, "duration"), frameTicks);
     info.SetProperty("MediaInPoint", TickText(in));
     info.SetProperty("MediaOutPoint", TickText(AddTicks(in, duration)));
 }
 
-std::string_view TimecodeFormatOf(ObjectHandle element, ObjectHandle file, Ticks frameTicks)
+std::string_view TimecodeFormatOf(ConstHandle element, FileElement file, Ticks frameTicks)
 {
-    const ObjectHandle ofFile = TimecodeOf(file, "source");
-    const ObjectHandle timecode = ofFile ? ofFile : TimecodeOf(element, "source");
+    const ConstHandle ofFile = TimecodeOf(file, "source");
+    const ConstHandle timecode = ofFile ? ofFile : TimecodeOf(element, "source");
     const Ticks ownTicks = TicksOfRate(timecode.GetChild("rate"));
     return TimeDisplayOf(IsNonDrop(timecode), ownTicks != 0 ? ownTicks : frameTicks);
 }
@@ -123,23 +122,23 @@ char LowerCase(char c)
 
 } // namespace
 
-ObjectHandle MakeLoggingInfo(const ImportState& state, ObjectHandle element)
+ObjectHandle MakeLoggingInfo(Document& document, const FileCatalog& files, ConstHandle element)
 {
-    const ObjectHandle info = state.document.NewObject("ClipLoggingInfo");
-    const ObjectHandle filmData = element.GetChild("filmdata");
+    const ObjectHandle info = document.NewObject("ClipLoggingInfo");
+    const ConstHandle filmData = element.GetChild("filmdata");
     CopyValues(element.GetChild("logginginfo"), kLoggingKeys, info);
     CopyValues(filmData, kFilmKeys, info);
     CopyValues(filmData.GetChild("keycode"), kKeycodeKeys, info);
 
     const bool isSequence = element.GetName() == "sequence";
-    const ObjectHandle file = FirstFileOf(state, element);
-    const ObjectHandle timed = isSequence ? element : file;
-    const ObjectHandle picture = TimecodeOf(timed, "source");
-    AddNames(file, picture, TimecodeOf(timed, "sound"), isSequence, info);
+    const FileElement file = FirstFileOf(files, element);
+    const ConstHandle timed = isSequence ? element : ConstHandle(file);
+    const ConstHandle video = TimecodeOf(timed, "source");
+    AddNames(file, video, TimecodeOf(timed, "sound"), isSequence, info);
 
     const Ticks ownTicks = TicksOfRate(element.GetChild("rate"));
     const Ticks frameTicks = ownTicks != 0 ? ownTicks : TicksOfRate(file.GetChild("rate"));
-    AddMediaRange(element, file, picture, frameTicks, info);
+    AddMediaRange(element, file, video, frameTicks, info);
     AddTimecodeFormat(TimecodeFormatOf(element, file, frameTicks), info);
     return info;
 }
@@ -151,14 +150,14 @@ ObjectHandle MakeDefaultLoggingInfo(Document& document)
     return info;
 }
 
-void CopyComments(ObjectHandle element, ObjectHandle target)
+void CopyComments(ConstHandle element, ObjectHandle target)
 {
-    const ObjectHandle comments = element.GetChild("comments");
+    const ConstHandle comments = element.GetChild("comments");
     for (const CopiedKey& key : kCommentKeys)
         CopyProperty(comments, key.from, target, key.to);
 }
 
-void CopyGoodFlag(ObjectHandle element, ObjectHandle target)
+void CopyGoodFlag(ConstHandle element, ObjectHandle target)
 {
     std::string good(element.GetChild("logginginfo").GetProperty("good"));
     std::ranges::transform(good, good.begin(), LowerCase);
@@ -166,19 +165,19 @@ void CopyGoodFlag(ObjectHandle element, ObjectHandle target)
         target.SetProperty("Column.PropertyBool.Good", good);
 }
 
-void CopyLabel(ObjectHandle element, ObjectHandle target, Name key)
+void CopyLabel(ConstHandle element, ObjectHandle target, Name key)
 {
     const std::string_view label = LabelKeyOf(element.GetChild("labels").GetProperty("label2"));
     if (!label.empty())
         target.SetProperty(key, label);
 }
 
-void CopyItemLabel(const ImportState& state, ObjectHandle element, ObjectHandle item)
+void CopyItemLabel(const FileCatalog& files, ConstHandle element, ObjectHandle item)
 {
     CopyLabel(element, item, "Column.PropertyText.Label");
     if (element.GetName() == "sequence")
         return;
-    const auto label = MetadataOf(FirstFileOf(state, element), kLabelMetadataKey);
+    const auto label = FirstFileOf(files, element).Metadata(kLabelMetadataKey);
     if (label && !label->empty())
         item.SetProperty("Column.PropertyText.Label", *label);
 }

@@ -1,26 +1,26 @@
-// The descriptive layer of clips: logging fields, comments, labels, the good flag.
+// Descriptions of clips: logging fields, comments, labels, the good flag.
 #pragma once
 
-#include "import/import_state.h"
 #include "tree/object.h"
+#include "xmeml/files.h"
 
 namespace XPJ {
 
 // A new ClipLoggingInfo for a `clip`, `clipitem` or `sequence`.
-ObjectHandle MakeLoggingInfo(const ImportState& state, ObjectHandle element);
+ObjectHandle MakeLoggingInfo(Document& document, const FileCatalog& files, ConstHandle element);
 
-// The one for clips that no element stands behind.
+// The one for clips without an element.
 ObjectHandle MakeDefaultLoggingInfo(Document& document);
 
 // Copies the `comments` of an element to a project item; present values are replaced.
-void CopyComments(ObjectHandle element, ObjectHandle target);
+void CopyComments(ConstHandle element, ObjectHandle target);
 
 // Copies `good` of the `logginginfo`, in lower case.
-void CopyGoodFlag(ObjectHandle element, ObjectHandle target);
+void CopyGoodFlag(ConstHandle element, ObjectHandle target);
 
-// Puts the key of the colour in `labels` under `key`; unknown colours write nothing.
-void CopyLabel(ObjectHandle element, ObjectHandle target, Name key);
+// Puts the key of the color in `labels` under `key`; unknown colors write nothing.
+void CopyLabel(ConstHandle element, ObjectHandle target, Name key);
 // The label of a ClipProjectItem: that of the metadata of the clip's first file wins.
-void CopyItemLabel(const ImportState& state, ObjectHandle element, ObjectHandle item);
+void CopyItemLabel(const FileCatalog& files, ConstHandle element, ObjectHandle item);
 
 } // namespace XPJ

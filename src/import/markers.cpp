@@ -1,9 +1,8 @@
 #include "import/markers.h"
 
 #include "core/numbers.h"
-#include "xmeml/formats.h"
+#include "xmeml/rates.h"
 
-#include <limits>
 #include <string>
 #include <string_view>
 
@@ -11,8 +10,8 @@ namespace XPJ {
 
 namespace {
 
-// How a comment marks a chapter; the blank and the entity belong to it.
-constexpr std::string_view kChapterMark = " &lt;CHAPTER";
+// How the comment of a chapter begins; the blank and the entity belong to it.
+constexpr std::string_view kChapterPrefix = " &lt;CHAPTER";
 constexpr std::string_view kQuoteEntity = "&quot;";
 
 // A document timed in ticks has frames of one tick.
@@ -28,34 +27,29 @@ std::string WithPlainQuotes(std::string_view text)
     return result;
 }
 
-Ticks Difference(Ticks a, Ticks b)
-{
-    return AddTicks(a, b == std::numeric_limits<Ticks>::min() ? std::numeric_limits<Ticks>::max()
-                                                              : -b);
-}
-
-// 0 for a marker without an end. Audio hand-off documents count lengths, not places, in samples.
-Ticks MarkerDuration(ObjectHandle marker, Ticks frameTicks)
+// 0 for a marker without an end. Audio hand-off documents count lengths in samples, but not
+// positions.
+Ticks MarkerDuration(ConstHandle marker, Ticks frameTicks)
 {
     const Ticks out = HasValue(marker, "out") ? Int64Property(marker, "out") : -1;
     if (out == -1)
         return 0;
     const Ticks unit = frameTicks == kTickFrame ? kSampleTicks48k : frameTicks;
-    return MultiplyTicks(Difference(out, Int64Property(marker, "in")), unit);
+    return MultiplyTicks(SubtractTicks(out, Int64Property(marker, "in")), unit);
 }
 
 void SetComment(std::string_view comment, ObjectHandle result)
 {
     if (comment.empty())
         return;
-    const bool isChapter = comment.starts_with(kChapterMark);
+    const bool isChapter = comment.starts_with(kChapterPrefix);
     if (isChapter)
-        comment.remove_prefix(kChapterMark.size());
+        comment.remove_prefix(kChapterPrefix.size());
     result.SetProperty("Type", isChapter ? "Sequence" : "Comment");
     result.SetProperty("Comment", comment);
 }
 
-ObjectHandle TranslateMarker(Document& document, ObjectHandle marker, Ticks frameTicks)
+ObjectHandle TranslateMarker(Document& document, ConstHandle marker, Ticks frameTicks)
 {
     const ObjectHandle result = document.NewObject("Marker");
     result.SetProperty("Name", WithPlainQuotes(marker.GetProperty("name")));
@@ -70,13 +64,13 @@ ObjectHandle TranslateMarker(Document& document, ObjectHandle marker, Ticks fram
 
 } // namespace
 
-ObjectHandle TranslateMarkers(Document& document, ObjectHandle element, Ticks defaultTicks)
+ObjectHandle TranslateMarkers(Document& document, ConstHandle element, Ticks defaultTicks)
 {
     const ObjectHandle markers = document.NewObject("Markers");
     const Ticks ownTicks = TicksOfRate(element.GetChild("rate"));
     const Ticks frameTicks = ownTicks != 0 ? ownTicks : defaultTicks;
     if (frameTicks != 0)
-        for (const ObjectHandle& marker : element.GetChildren("marker"))
+        for (const ConstHandle& marker : element.GetChildren("marker"))
             markers.AddChild("Marker", TranslateMarker(document, marker, frameTicks));
     return markers;
 }

@@ -1,41 +1,144 @@
 #include "import/master_catalog.h"
 
+#include "core/numbers.h"
+
 namespace XPJ {
 
-ObjectHandle MasterRegistry::Find(std::string_view masterClipId, std::string_view mediaId,
-                                  int layer, MediaType type) const
+namespace {
+
+template <class Map, class Key>
+MasterClip Lookup(const Map& map, const Key& key)
 {
-    if (mediaId.empty())
+    const auto found = map.find(key);
+    return found == map.end() ? MasterClip() : found->second;
+}
+
+} // namespace
+
+MasterClip MasterRegistry::Find(const MasterKey& key) const
+{
+    if (key.mediaId.empty())
         return {};
-    const auto media = media_.find(MediaKey(mediaId, layer, type));
+    const auto media = media_.find(MediaKey(key.mediaId, key.layer, key.type));
     if (media == media_.end())
         return {};
     const Masters& masters = media->second;
-    if (masterClipId.empty())
+    if (key.masterClipId.empty())
         return masters.begin()->second;
-    if (const auto exact = masters.find(masterClipId); exact != masters.end())
+    if (const auto exact = masters.find(key.masterClipId); exact != masters.end())
         return exact->second;
-    const auto forAny = masters.find(std::string_view());
-    return forAny != masters.end() ? forAny->second : ObjectHandle();
+    return Lookup(masters, std::string_view());
 }
 
-bool MasterRegistry::Add(std::string_view masterClipId, std::string_view mediaId, int layer,
-                         MediaType type, ObjectHandle master)
+bool MasterRegistry::Add(const MasterKey& key, MasterClip master)
 {
-    // An entry that `Find` answers with, the exact one or one that stands for any, takes the key.
-    if (mediaId.empty() || Find(masterClipId, mediaId, layer, type))
+    // An entry that `Find` gives, the exact one or one that serves any element, takes the key.
+    if (key.mediaId.empty() || Find(key))
         return false;
-    media_[MediaKey(mediaId, layer, type)].emplace(masterClipId, master);
+    media_[MediaKey(key.mediaId, key.layer, key.type)].emplace(key.masterClipId, master);
     return true;
 }
 
-std::vector<ObjectHandle> MasterRegistry::Entries() const
+std::vector<MasterClip> MasterRegistry::Entries() const
 {
-    std::vector<ObjectHandle> entries;
+    std::vector<MasterClip> entries;
     for (const auto& [key, masters] : media_)
         for (const auto& [masterClipId, master] : masters)
             entries.push_back(master);
     return entries;
+}
+
+ClipSignature SignatureOf(ConstHandle clip, std::string_view mediaId)
+{
+    return {mediaId,
+            clip.GetProperty("masterclipid"),
+            clip.GetProperty("name"),
+            clip.GetProperty("duration"),
+            clip.GetProperty("in"),
+            clip.GetProperty("out")};
+}
+
+std::string MergeKind::Text() const
+{
+    std::string text;
+    if (video > 0)
+        text += "V" + IntToString(video);
+    if (audio > 0)
+        text += "A" + IntToString(audio);
+    return isSubclip ? text + ",SUBCLIP" : text;
+}
+
+MasterClip MasterCatalog::BySignature(const ClipSignature& signature) const
+{
+    return Lookup(signatures_, signature);
+}
+
+bool MasterCatalog::HasSignature(const ClipSignature& signature) const
+{
+    return signatures_.contains(signature);
+}
+
+void MasterCatalog::AddSignature(const ClipSignature& signature, MasterClip master)
+{
+    signatures_.emplace(signature, master);
+}
+
+MasterClip MasterCatalog::OfMulticlip(std::string_view id) const
+{
+    return Lookup(multiclips_, id);
+}
+
+MasterClip MasterCatalog::EqualMulticlip(const std::string& content) const
+{
+    return Lookup(equalMulticlips_, content);
+}
+
+void MasterCatalog::AddMulticlip(std::string_view id, const std::string& content, MasterClip master)
+{
+    multiclips_.emplace(id, master);
+    if (!content.empty())
+        equalMulticlips_.emplace(content, master);
+}
+
+void MasterCatalog::AddComponent(const MergeComponent& component)
+{
+    components_.emplace(component.master.UniqueId(), component);
+    if (knownMergeIds_.insert(component.mergeId).second)
+        mergeIds_.push_back(component.mergeId);
+}
+
+const MergeComponent* MasterCatalog::ComponentOf(ConstHandle master) const
+{
+    const auto found = components_.find(master.UniqueId());
+    return found == components_.end() ? nullptr : &found->second;
+}
+
+void MasterCatalog::AddClipId(ObjectHandle master, ObjectHandle clipId)
+{
+    clipIds_.push_back({master, clipId});
+}
+
+void MasterCatalog::AttachClipIds()
+{
+    for (const ClipId& entry : clipIds_)
+        entry.master.AddChild("ChildClipID", entry.id);
+    clipIds_.clear();
+}
+
+bool RegisterMaster(MasterRegistry& registry, const RegisteredMedia& media, MasterClip master)
+{
+    const auto add = [&](MediaType type) {
+        return registry.Add({media.masterClipId, media.mediaId, media.layer, type}, master);
+    };
+    if (media.hasVideo && !add(MediaType::Video))
+        return false;
+    return !media.hasAudio || add(MediaType::Audio);
+}
+
+std::string_view MergeIdOf(ConstHandle clip)
+{
+    const std::string_view masterClipId = clip.GetProperty("masterclipid");
+    return masterClipId.empty() ? clip.GetProperty("id") : masterClipId;
 }
 
 } // namespace XPJ

@@ -1,43 +1,172 @@
-// Which master clip stands for which media: the index that every track item asks.
-//
-// A master is entered under a file (or generator) id, a layer index, a media type and the
-// `masterclipid` of who asked for it, which many documents leave out. An empty `masterclipid`
-// therefore stands for any: it finds the media's first master, and one that is entered without it
-// serves every asker and lets no other in.
-//
-//   registry.Add("m1", "f1", 0, MediaType::Video, master);
-//   registry.Find("", "f1", 0, MediaType::Video)   // master
-//   registry.Find("m2", "f1", 0, MediaType::Video) // none: m1 is another clip of that file
+// The master clips of an import: which of them shows which media, and which are parts of merged
+// clips.
 #pragma once
 
 #include "core/media_type.h"
+#include "project/master_clip.h"
 #include "tree/object.h"
 
+#include <compare>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace XPJ {
 
+// The media of a master: a file (or generator) id, a layer and a media type, as the element with a
+// `masterclipid` knows them.
+struct MasterKey {
+    std::string_view masterClipId;
+    std::string_view mediaId;
+    int layer = 0;
+    MediaType type = MediaType::Video;
+};
+
+// The masters by their keys. Many documents omit the `masterclipid`, so an empty one means any: it
+// finds the media's first master, and a master that is entered without it serves every element and
+// keeps the key taken.
+//
+//   registry.Add({"m1", "f1"}, master);
+//   registry.Find({"", "f1"})   // master
+//   registry.Find({"m2", "f1"}) // none: m1 is another clip of that file
 class MasterRegistry {
 public:
     // Null if there is none, and always for an empty media id.
-    ObjectHandle Find(std::string_view masterClipId, std::string_view mediaId, int layer,
-                      MediaType type) const;
+    MasterClip Find(const MasterKey& key) const;
     // False, and nothing is entered, when the key is taken or the media id is empty.
-    bool Add(std::string_view masterClipId, std::string_view mediaId, int layer, MediaType type,
-             ObjectHandle master);
-    // Every entry, by media id, layer, media type and `masterclipid`. A master with picture and
-    // sound is there twice.
-    std::vector<ObjectHandle> Entries() const;
+    bool Add(const MasterKey& key, MasterClip master);
+    // Every entry, by media id, layer, media type and `masterclipid`. A master with video and audio
+    // is there twice.
+    std::vector<MasterClip> Entries() const;
 
 private:
     using MediaKey = std::tuple<std::string, int, MediaType>;
-    using Masters = std::map<std::string, ObjectHandle, std::less<>>; // by `masterclipid`
+    using Masters = std::map<std::string, MasterClip, std::less<>>; // by `masterclipid`
 
     std::map<MediaKey, Masters> media_;
 };
+
+// What distinguishes a `clip` from other clips of the same media; the last five are the clip's own
+// values.
+struct ClipSignature {
+    std::string_view mediaId;
+    std::string_view masterClipId;
+    std::string_view name;
+    std::string_view duration;
+    std::string_view in;
+    std::string_view out;
+
+    friend auto operator<=>(const ClipSignature&, const ClipSignature&) = default;
+};
+ClipSignature SignatureOf(ConstHandle clip, std::string_view mediaId);
+
+// Sources of video and of audio, of a merged clip or of one of its parts. As text "V1A2,SUBCLIP".
+struct MergeKind {
+    int video = 0;
+    int audio = 0;
+    bool isSubclip = false;
+
+    std::string Text() const;
+};
+
+// A master that is one of the files of a clip with several.
+struct MergeComponent {
+    MasterClip master;
+    ConstHandle clip;
+    std::string_view mergeId;
+    std::string_view fileId;
+    int order = 0; // among the files of the clip
+    MergeKind kind;
+    bool hasCodec = false; // of a camera format that is known
+};
+
+// The item of a browser clip that is deferred until the merge pass knows whether its master is part
+// of a merged clip.
+struct DeferredItem {
+    ConstHandle clip;
+    MasterClip master;
+    ObjectHandle parentItem;
+};
+
+class MasterCatalog {
+public:
+    MasterRegistry registry;
+
+    // The master of a `clip` with one of its files or generators.
+    MasterClip BySignature(const ClipSignature& signature) const;
+    bool HasSignature(const ClipSignature& signature) const;
+    void AddSignature(const ClipSignature& signature, MasterClip master);
+
+    // The master of an uncollapsed multiclip, by the `id` of the `multiclip`.
+    MasterClip OfMulticlip(std::string_view id) const;
+    // False if the id is known. Multiclips of equal content, as `content` lists it, share the
+    // master of the first one; an empty `content` equals nothing.
+    bool HasMulticlip(std::string_view id) const { return multiclips_.contains(id); }
+    MasterClip EqualMulticlip(const std::string& content) const;
+    void AddMulticlip(std::string_view id, const std::string& content, MasterClip master);
+
+    void AddComponent(const MergeComponent& component);
+    // Null for a master that is no part of a merged clip.
+    const MergeComponent* ComponentOf(ConstHandle master) const;
+    bool IsMergeId(std::string_view id) const { return knownMergeIds_.contains(id); }
+    // In the order in which their first components were added.
+    const std::vector<std::string_view>& MergeIds() const { return mergeIds_; }
+
+    // True the first time: the layers of an image are translated once for each `masterclipid`.
+    bool BeginLayers(std::string_view masterClipId, std::string_view fileId)
+    {
+        return begunLayers_.emplace(masterClipId, fileId).second;
+    }
+
+    void Defer(std::string_view mergeId, const DeferredItem& item)
+    {
+        deferredItems_[mergeId].push_back(item);
+    }
+    const std::vector<DeferredItem>& DeferredItems(std::string_view mergeId)
+    {
+        return deferredItems_[mergeId];
+    }
+
+    // A master gets the `ChildClipID`s of its items at the end, so that no search in its children
+    // passes over those of all its items.
+    void AddClipId(ObjectHandle master, ObjectHandle clipId);
+    void AttachClipIds();
+
+private:
+    struct ClipId {
+        ObjectHandle master;
+        ObjectHandle id;
+    };
+
+    std::map<ClipSignature, MasterClip> signatures_;
+    std::unordered_map<std::string_view, MasterClip> multiclips_;
+    std::unordered_map<std::string, MasterClip> equalMulticlips_;
+    std::unordered_map<std::uint64_t, MergeComponent> components_; // by `uniqueId` of the master
+    std::vector<std::string_view> mergeIds_;
+    std::unordered_set<std::string_view> knownMergeIds_;
+    std::set<std::pair<std::string_view, std::string_view>> begunLayers_;
+    std::unordered_map<std::string_view, std::vector<DeferredItem>> deferredItems_;
+    std::vector<ClipId> clipIds_;
+};
+
+// Enters a master for its video, then for its audio. The first key that is taken ends it, with
+// false; the master that holds the key is the one to use.
+struct RegisteredMedia {
+    std::string_view masterClipId;
+    std::string_view mediaId;
+    int layer = 0;
+    bool hasVideo = true;
+    bool hasAudio = false;
+};
+bool RegisterMaster(MasterRegistry& registry, const RegisteredMedia& media, MasterClip master);
+
+// What a clip shares with others of one merged clip: its `masterclipid`, else its `id`.
+std::string_view MergeIdOf(ConstHandle clip);
 
 } // namespace XPJ

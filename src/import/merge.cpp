@@ -2,12 +2,14 @@
 
 #include "import/merged_master.h"
 #include "import/project_items.h"
-#include "platform/platform.h"
+#include "project/objects.h"
 
 #include <algorithm>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
 namespace XPJ {
 
@@ -18,95 +20,41 @@ constexpr std::string_view kMergedLabel = "BE.Prefs.LabelColors.1";
 // Parts of merged clips by merge id, in track order.
 class Candidates {
 public:
-    Candidates(const ImportState& state, ObjectHandle rootItem)
+    explicit Candidates(const MasterCatalog& masters)
     {
-        const std::string_view rootName = rootItem.GetProperty("Name");
         NodeSet seen;
-        for (const ObjectHandle& master : state.masterClips.Entries()) {
-            const std::string_view mergeId = master.GetProperty("FCPMergedMasterClipID");
-            const std::string_view name = master.GetProperty("Name");
-            const bool isRoot = !name.empty() && name == rootName;
-            if (!mergeId.empty() && !isRoot && seen.Insert(master))
-                Add(byMergeId_[mergeId], master);
-        }
+        for (const MasterClip& master : masters.registry.Entries())
+            if (const MergeComponent* const component = masters.ComponentOf(master);
+                component && seen.Insert(master))
+                Add(byMergeId_[component->mergeId], *component);
     }
 
-    std::vector<ObjectHandle> Of(std::string_view mergeId)
+    MergeComponents Of(std::string_view mergeId)
     {
-        std::vector<ObjectHandle> masters = std::move(byMergeId_[mergeId].masters);
-        std::ranges::stable_sort(masters, {}, [](ObjectHandle master) {
-            return IntProperty(master, "FCPMergedTrackOrderIndex");
-        });
-        return masters;
+        MergeComponents components = std::move(byMergeId_[mergeId].components);
+        std::ranges::stable_sort(components, {}, &MergeComponent::order);
+        return components;
     }
 
 private:
     struct Group {
-        std::vector<ObjectHandle> masters;
+        MergeComponents components;
         std::set<std::pair<std::string_view, std::string_view>> seen; // name, file id
     };
 
     // One master stands for each file of one name.
-    static void Add(Group& group, ObjectHandle master)
+    static void Add(Group& group, const MergeComponent& component)
     {
-        if (group.seen
-                .emplace(master.GetProperty("Name"), master.GetProperty("FCPMergedMasterFileID"))
-                .second)
-            group.masters.push_back(master);
+        if (group.seen.emplace(component.master.GetProperty("Name"), component.fileId).second)
+            group.components.push_back(component);
     }
 
     std::unordered_map<std::string_view, Group> byMergeId_;
 };
 
-// The project items of the parts, which leave their bins when all is merged.
-class RetiredItems {
-public:
-    explicit RetiredItems(ObjectHandle rootItem) : rootItem_(rootItem) {}
-
-    void Add(ObjectHandle master) { masters_.Insert(master); }
-
-    void RemoveFromBins()
-    {
-        std::vector<ObjectHandle> open{rootItem_};
-        while (!open.empty()) {
-            const ObjectHandle bin = open.back();
-            open.pop_back();
-            CleanBin(bin);
-            for (const ObjectHandle& item : bin.GetChildren("ProjectItem"))
-                if (item.GetName() == "BinProjectItem")
-                    open.push_back(item);
-        }
-    }
-
-private:
-    bool IsRetired(ObjectHandle item) const
-    {
-        return masters_.Contains(item.GetChild("MasterClip"));
-    }
-
-    void CleanBin(ObjectHandle bin) const
-    {
-        std::vector<ObjectHandle> kept;
-        bool isClean = true;
-        for (const ObjectHandle& item : bin.GetChildren("ProjectItem"))
-            if (IsRetired(item))
-                isClean = false;
-            else
-                kept.push_back(item);
-        if (isClean)
-            return;
-        bin.ClearChildren();
-        for (const ObjectHandle& item : kept)
-            bin.AddChild("ProjectItem", item);
-    }
-
-    ObjectHandle rootItem_;
-    NodeSet masters_;
-};
-
-void PlaceMergedItem(ImportState& state, ObjectHandle merged, ObjectHandle rootItem)
+void PlaceMergedItem(Document& document, MasterClip merged, ObjectHandle rootItem)
 {
-    const ObjectHandle item = state.document.NewObject("ClipProjectItem");
+    const ObjectHandle item = document.NewObject("ClipProjectItem");
     AddUid(item);
     item.SetPropertyShared("Name", merged.GetProperty("Name"));
     item.SetPropertyShared("Column.PropertyText.Label", kMergedLabel);
@@ -115,40 +63,71 @@ void PlaceMergedItem(ImportState& state, ObjectHandle merged, ObjectHandle rootI
 }
 
 // The host selects the parts of a merged clip together.
-void JoinSelection(const std::vector<ObjectHandle>& components)
+void JoinSelection(const MergeComponents& components)
 {
     const std::string instance = NewGuidText();
-    for (const ObjectHandle& component : components)
-        for (const ObjectHandle& clip : component.GetChildren("Clip"))
+    for (const MergeComponent& component : components)
+        for (const ObjectHandle& clip : component.master.GetChildren("Clip"))
             clip.AddProperty("BE.MasterClip.SelectionInstance", instance);
 }
 
-void RetireComponents(const std::vector<ObjectHandle>& components, RetiredItems& retired)
+void ReplaceComponents(const MergeComponents& components, NodeSet& replaced)
 {
-    for (const ObjectHandle& component : components) {
-        component.SetProperty("Name", std::string(component.GetProperty("Name")) + "_IGNORE");
-        retired.Add(component);
+    for (const MergeComponent& component : components) {
+        component.master.SetProperty("Name",
+                                     std::string(component.master.GetProperty("Name")) + "_IGNORE");
+        replaced.Insert(component.master);
+    }
+}
+
+void CleanBin(ObjectHandle bin, const NodeSet& replaced)
+{
+    std::vector<ObjectHandle> kept;
+    bool isClean = true;
+    for (const ObjectHandle& item : bin.GetChildren("ProjectItem"))
+        if (replaced.Contains(item.GetChild("MasterClip")))
+            isClean = false;
+        else
+            kept.push_back(item);
+    if (isClean)
+        return;
+    bin.ClearChildren();
+    for (const ObjectHandle& item : kept)
+        bin.AddChild("ProjectItem", item);
+}
+
+// The project items of parts leave their bins when all is merged.
+void RemoveFromBins(ObjectHandle rootItem, const NodeSet& replaced)
+{
+    std::vector<ObjectHandle> open{rootItem};
+    while (!open.empty()) {
+        const ObjectHandle bin = open.back();
+        open.pop_back();
+        CleanBin(bin, replaced);
+        for (const ObjectHandle& item : bin.GetChildren("ProjectItem"))
+            if (item.GetName() == "BinProjectItem")
+                open.push_back(item);
     }
 }
 
 } // namespace
 
-void MergePass(ImportState& state, ObjectHandle rootItem)
+void MergePass(Import& import, ObjectHandle rootItem)
 {
-    Candidates candidates(state, rootItem);
-    RetiredItems retired(rootItem);
-    for (const std::string_view mergeId : state.mergedClipIds.InOrder()) {
-        const std::vector<ObjectHandle> components = candidates.Of(mergeId);
-        const ObjectHandle merged =
-            components.size() < 2 ? ObjectHandle() : BuildMergedMaster(state, components);
+    Candidates candidates(import.masters);
+    NodeSet replaced;
+    for (const std::string_view mergeId : import.masters.MergeIds()) {
+        const MergeComponents components = candidates.Of(mergeId);
+        const MasterClip merged =
+            components.size() < 2 ? MasterClip() : BuildMergedMaster(import, components);
         if (merged) {
-            PlaceMergedItem(state, merged, rootItem);
+            PlaceMergedItem(import.document, merged, rootItem);
             JoinSelection(components);
-            RetireComponents(components, retired);
+            ReplaceComponents(components, replaced);
         }
-        PlaceHeldBackItems(state, mergeId);
+        PlaceDeferredItems(import, mergeId, replaced);
     }
-    retired.RemoveFromBins();
+    RemoveFromBins(rootItem, replaced);
 }
 
 } // namespace XPJ

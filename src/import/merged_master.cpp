@@ -1,47 +1,37 @@
+// A clip "m1" with the video file "v" and the audio files "a" and "b" becomes
+//
+//   master of "v" (V1)   V1  | v             |     Sequence of the merged clip: items of the parts'
+//   master of "a" (A1)   A1  | a          |        own clips, at the start that "m1" states
+//   master of "b" (A1)   A2      | b         |
+//
+//   merged master (V1A2): a VideoClip of the Sequence, and an AudioClip for each channel
 #include "import/merged_master.h"
 
 #include "core/numbers.h"
+#include "import/audio_tracks.h"
+#include "import/slugs.h"
 #include "project/channel_groups.h"
-#include "import/generators.h"
-#include "import/master_builder.h"
-#include "xmeml/files.h"
-#include "import/tracks.h"
+#include "project/clips.h"
+#include "project/media.h"
+#include "project/objects.h"
 #include "project/synthetic_items.h"
 
 #include <algorithm>
 #include <string>
+#include <unordered_map>
 
 namespace XPJ {
 
 namespace {
 
 constexpr std::string_view kMonoLayout = R"({"SerializerWrappedObject": [{"channellabel": 0}]})";
-// Frame of a merged clip without picture.
+// Frame of a merged clip without video.
 constexpr std::string_view kBlackRect = "0,0,1920,1080";
 constexpr std::string_view kBlackAspect = "1,1";
 
-// "V1A2,SUBCLIP": sources of picture and of sound.
-struct MergeKind {
-    bool hasVideo = false;
-    bool hasAudio = false;
-    int channels = 0; // of sound
-};
-
-MergeKind ReadKind(ObjectHandle component)
-{
-    const std::string_view text = component.GetProperty("FCPMergedMasterKind");
-    MergeKind kind;
-    kind.hasVideo = text.starts_with('V');
-    const std::size_t audio = kind.hasVideo ? 2 : 0;
-    kind.hasAudio = text.size() > audio && text[audio] == 'A';
-    if (kind.hasAudio)
-        kind.channels = ParseInt(text.substr(audio + 1));
-    return kind;
-}
-
-// A part in the list of picture or of sound, and its clip, which shows the merged Sequence.
+// A part in the list of video or of audio, and its clip, which shows the merged Sequence.
 struct Part {
-    ObjectHandle component;
+    const MergeComponent* component = nullptr;
     ObjectHandle own; // the component's first clip of the type
     ObjectHandle clip;
     int channels = 0;
@@ -53,51 +43,43 @@ struct Parts {
     Ticks duration = 0; // of the longest
 };
 
-ObjectHandle FirstClipOf(ObjectHandle master, MediaType type)
-{
-    for (const ObjectHandle& clip : master.GetChildren("Clip"))
-        if (clip.GetProperty("mediatype") == MediaTypeText(type))
-            return clip;
-    return {};
-}
-
 Ticks DurationOf(ObjectHandle clip)
 {
     return Int64Property(clip.GetChild("Source"), "OriginalDuration");
 }
 
-// A camera format that holds picture and sound together counts as picture alone.
-bool CountsAsSound(ObjectHandle component, const MergeKind& kind)
+// A camera format that holds video and audio together counts as video alone.
+bool CountsAsAudio(const MergeComponent& component)
 {
-    return kind.hasAudio && !(kind.hasVideo && HasValue(FirstSourceOf(component), "VelaCodec"));
+    return component.kind.audio > 0 && !(component.kind.video > 0 && component.hasCodec);
 }
 
-void AddPart(Document& document, ObjectHandle component, MediaType type, ObjectHandle sequence,
-             int channels, Parts& parts)
+void AddPart(Document& document, const MergeComponent& component, MediaType type,
+             ObjectHandle sequence, Parts& parts)
 {
-    const ObjectHandle own = FirstClipOf(component, type);
+    const ObjectHandle own = component.master.FirstClip(type);
     if (!own)
         return;
     parts.duration = std::max(parts.duration, DurationOf(own));
-    const ObjectHandle source = MakeSequenceSource(document, type, sequence,
-                                                   Int64Property(own, "FrameRate"), parts.duration);
+    const ObjectHandle source = MakeSequenceSource(
+        document, sequence,
+        {.type = type, .rate = Int64Property(own, "FrameRate"), .duration = parts.duration});
+    const int channels = component.kind.audio;
     if (type == MediaType::Video)
         parts.video.push_back(
-            {component, own, MakeVideoClip(document, source), std::max(channels, 1)});
+            {&component, own, MakeVideoClip(document, source), std::max(channels, 1)});
     else
-        parts.audio.push_back({component, own, MakeAudioClip(document, source), channels});
+        parts.audio.push_back({&component, own, MakeAudioClip(document, source), channels});
 }
 
-Parts CollectParts(Document& document, const std::vector<ObjectHandle>& components,
-                   ObjectHandle sequence)
+Parts CollectParts(Document& document, const MergeComponents& components, ObjectHandle sequence)
 {
     Parts parts;
-    for (const ObjectHandle& component : components) {
-        const MergeKind kind = ReadKind(component);
-        if (kind.hasVideo)
-            AddPart(document, component, MediaType::Video, sequence, kind.channels, parts);
-        if (CountsAsSound(component, kind))
-            AddPart(document, component, MediaType::Audio, sequence, kind.channels, parts);
+    for (const MergeComponent& component : components) {
+        if (component.kind.video > 0)
+            AddPart(document, component, MediaType::Video, sequence, parts);
+        if (CountsAsAudio(component))
+            AddPart(document, component, MediaType::Audio, sequence, parts);
     }
     for (const std::vector<Part>* list : {&parts.video, &parts.audio})
         for (const Part& part : *list)
@@ -105,11 +87,12 @@ Parts CollectParts(Document& document, const std::vector<ObjectHandle>& componen
     return parts;
 }
 
-void MarkComponent(Document& document, ObjectHandle component, ObjectHandle merged)
+// Makes a master a part of the merged clip.
+void SetParent(Document& document, MasterClip component, MasterClip merged)
 {
-    const ObjectHandle sound = FirstClipOf(component, MediaType::Audio);
+    const ObjectHandle audio = component.FirstClip(MediaType::Audio);
     const std::string_view stream =
-        FindPath(sound, {"Source", "Media"}).GetProperty("StreamNumber");
+        FindPath(audio, {"Source", "Media"}).GetProperty("StreamNumber");
     component.AddPropertyShared("MZ.MergeClip.ParentGUID", merged.GetProperty("uid"));
     component.AddPropertyShared("MZ.MergeClipUtils.AudioTrackNumberFromOriginalMergedClip",
                                 stream.empty() ? "0" : stream);
@@ -130,45 +113,41 @@ void MarkComponent(Document& document, ObjectHandle component, ObjectHandle merg
 // Where the files of a merged clip begin in it, in ticks. Parts of one clip come in a row.
 class StartTimes {
 public:
-    explicit StartTimes(const ImportState& state) : state_(state) {}
+    explicit StartTimes(const FileCatalog& files) : files_(files) {}
 
-    Ticks Of(ObjectHandle component)
+    Ticks Of(const MergeComponent& component)
     {
-        const auto clip = state_.componentClips.find(component.UniqueId());
-        if (clip == state_.componentClips.end())
-            return 0;
-        if (clip->second != clip_)
-            Read(clip->second);
-        const auto start = starts_.find(component.GetProperty("FCPMergedMasterFileID"));
+        if (component.clip != clip_)
+            Read(component.clip);
+        const auto start = starts_.find(component.fileId);
         return start == starts_.end() ? 0 : start->second;
     }
 
 private:
-    void Read(ObjectHandle clip)
+    void Read(ConstHandle clip)
     {
         clip_ = clip;
         starts_.clear();
         const Ticks unit = TicksOfRate(clip.GetChild("rate"));
-        const ObjectHandle media = clip.GetChild("media");
-        for (const ObjectHandle& medium : {media.GetChild("video"), media.GetChild("audio")})
-            for (const ObjectHandle& track : medium.GetChildren("track")) {
-                const ObjectHandle item = track.GetChild("clipitem");
+        const ConstHandle media = clip.GetChild("media");
+        for (const ConstHandle& medium : {media.GetChild("video"), media.GetChild("audio")})
+            for (const ConstHandle& track : medium.GetChildren("track")) {
+                const ConstHandle item = track.GetChild("clipitem");
                 const Ticks start = std::max<Ticks>(Int64Property(item, "start"), 0);
-                starts_.emplace(FileOfItem(state_, item).GetProperty("id"),
-                                MultiplyTicks(start, unit));
+                starts_.emplace(files_.IdOf(FileOfItem(files_, item)), MultiplyTicks(start, unit));
             }
     }
 
-    const ImportState& state_;
-    ObjectHandle clip_;
+    const FileCatalog& files_;
+    ConstHandle clip_;
     std::unordered_map<std::string_view, Ticks> starts_;
 };
 
-WholeItem ItemOf(const Part& part, ObjectHandle clip, Ticks start, int trackIndex)
+SyntheticItem ItemOf(const Part& part, ObjectHandle clip, Ticks start, int trackIndex)
 {
-    return {.name = part.component.GetProperty("Name"),
+    return {.name = part.component->master.GetProperty("Name"),
             .clip = clip,
-            .master = part.component,
+            .master = part.component->master,
             .trackIndex = trackIndex,
             .start = start,
             .end = AddTicks(start, DurationOf(part.own))};
@@ -189,89 +168,99 @@ Frame FrameOfParts(const std::vector<Part>& parts)
                                                  : stream.GetProperty("OriginalPAR")};
 }
 
-void AddVideoItem(Document& document, ObjectHandle group, int& trackCount, const WholeItem& item,
-                  const Frame& frame)
-{
-    const ObjectHandle track = MakeVideoTrack(document, trackCount, trackCount + 1);
-    track.AddChild("TrackItem", MakeWholeVideoItem(document, item, frame.rect, frame.aspect));
-    group.AddChild("Track", track);
-    ++trackCount;
-}
+// The group of the video, and how many tracks it has.
+class VideoGroup {
+public:
+    VideoGroup(Document& document, Ticks frameTicks, const Frame& frame)
+        : document_(document), frame_(frame),
+          group_(MakeVideoGroup(document, frameTicks, frame.rect, frame.aspect))
+    {
+        group_.SetPropertyShared("FieldType", "2");
+    }
 
-ObjectHandle MakePictureClip(Document& document, ObjectHandle source)
-{
-    const ObjectHandle clip = MakeVideoClip(document, source, {.inUse = true});
-    clip.AddChild("Markers", document.NewObject("Markers"));
-    return clip;
-}
+    void AddTrack(const SyntheticItem& item)
+    {
+        const ObjectHandle track = MakeVideoTrack(document_, trackCount_, trackCount_ + 1);
+        track.AddChild("TrackItem",
+                       MakeSyntheticVideoItem(document_, item, frame_.rect, frame_.aspect));
+        group_.AddChild("Track", track);
+        ++trackCount_;
+    }
+    ObjectHandle End() const
+    {
+        group_.SetProperty("NextTrackID", IntToString(trackCount_ + 1));
+        return group_;
+    }
 
-WholeItem BlackItem(ImportState& state, Ticks duration)
+private:
+    Document& document_;
+    Frame frame_;
+    ObjectHandle group_;
+    int trackCount_ = 0;
+};
+
+SyntheticItem BlackItem(Import& import, Ticks duration)
 {
-    if (!state.blackVideo)
-        state.blackVideo = MakeBlackMaster(state);
-    const ObjectHandle source = VideoClipOf(state.blackVideo).GetChild("Source");
-    return {.name = state.blackVideo.GetProperty("Name"),
-            .clip = MakePictureClip(state.document, source),
-            .master = state.blackVideo,
+    const MasterClip black = BlackMaster(import);
+    return {.name = black.GetProperty("Name"),
+            .clip = MakePlainVideoClip(import.document, black.VideoClip().GetChild("Source")),
+            .master = black,
             .end = duration};
 }
 
-ObjectHandle MakePicture(ImportState& state, const Parts& parts, StartTimes& starts)
+ObjectHandle MakeVideo(Import& import, const Parts& parts, StartTimes& starts)
 {
-    Document& document = state.document;
     const Ticks frameTicks =
         parts.video.empty() ? kNtscFrameTicks : Int64Property(parts.video.front().own, "FrameRate");
-    const Frame frame = FrameOfParts(parts.video);
-    const ObjectHandle group = MakeVideoGroup(document, frameTicks, frame.rect, frame.aspect);
-    group.SetPropertyShared("FieldType", "2");
-    int trackCount = 0;
+    VideoGroup group(import.document, frameTicks, FrameOfParts(parts.video));
     for (const Part& part : parts.video)
         for (int channel = 0; channel < part.channels; ++channel) {
-            const ObjectHandle clip = MakePictureClip(document, part.own.GetChild("Source"));
-            const WholeItem item = ItemOf(part, clip, starts.Of(part.component), 0);
-            AddVideoItem(document, group, trackCount, item, frame);
+            const ObjectHandle clip =
+                MakePlainVideoClip(import.document, part.own.GetChild("Source"));
+            group.AddTrack(ItemOf(part, clip, starts.Of(*part.component), 0));
         }
     if (parts.video.empty())
-        AddVideoItem(document, group, trackCount, BlackItem(state, parts.duration), frame);
-    group.SetProperty("NextTrackID", IntToString(trackCount + 1));
-    return group;
+        group.AddTrack(BlackItem(import, parts.duration));
+    return group.End();
 }
 
 // A mono clip of one channel.
-ObjectHandle MakeChannelClip(Document& document, ObjectHandle source, const ClipForm& form,
-                             std::uint64_t channelIndex, ObjectHandle content)
+ObjectHandle MakeChannelClip(Document& document, ObjectHandle source, const ClipFields& fields,
+                             std::uint64_t channelIndex)
 {
-    const ObjectHandle clip = MakeAudioClip(document, source, form);
+    const ObjectHandle clip = MakeAudioClip(document, source, fields);
     clip.SetPropertyShared("Gain", "1.0");
     clip.SetPropertyShared("Assign", "1");
     clip.SetPropertyShared("SecondaryIndex", "0");
-    AddChannel(document, clip, channelIndex, content);
+    AddChannel(document, clip, channelIndex, source);
     clip.AddChild("Markers", document.NewObject("Markers"));
     clip.SetPropertyShared("AudioChannelLayout", kMonoLayout);
     return clip;
 }
 
-struct Sound {
+// The audio of a merged clip: its group, and how many channels there are, each on a track.
+struct MergedAudio {
     ObjectHandle group;
     int channels = 0;
 };
 
-Sound MakeSound(const ImportState& state, const Parts& parts, StartTimes& starts)
+MergedAudio MakeAudio(const Import& import, const Parts& parts, StartTimes& starts)
 {
-    Document& document = state.document;
+    Document& document = import.document;
     const AudioGroup group = MakeAudioGroup(document, kSampleTicks48k, 1);
-    const PannerForm panner{.trackType = kMonoType, .handoff = state.sn2vlMode};
+    const PannerFields panner{.trackType = kMonoType, .handoff = import.options.sn2vlMode};
     int count = 0;
     for (const Part& part : parts.audio) {
-        const std::vector<MasterChannel> channels = ChannelsOf(part.component);
+        const std::vector<MasterChannel> channels = part.component->master.Channels();
         for (int i = 0; i < part.channels && i < std::ssize(channels); ++i, ++count) {
-            const MasterChannel& channel = channels[static_cast<std::size_t>(i)];
-            const ObjectHandle source = channel.clip.GetChild("Source");
-            const ObjectHandle clip = MakeChannelClip(document, source, {.inUse = true},
-                                                      static_cast<std::uint64_t>(i), source);
-            const WholeItem item = ItemOf(part, clip, starts.Of(part.component), count);
-            const ObjectHandle track = MakeAudioTrack(document, count, count + 2, panner);
-            track.AddChild("TrackItem", MakeWholeAudioItem(document, item, kSampleTicks48k));
+            const ObjectHandle source =
+                channels[static_cast<std::size_t>(i)].clip.GetChild("Source");
+            const ObjectHandle clip =
+                MakeChannelClip(document, source, {.inUse = true}, static_cast<std::uint64_t>(i));
+            const SyntheticItem item = ItemOf(part, clip, starts.Of(*part.component), count);
+            const ObjectHandle track =
+                MakeTrackWithFader(document, {.index = count, .id = count + 2, .panner = panner});
+            track.AddChild("TrackItem", MakeSyntheticAudioItem(document, item, kSampleTicks48k));
             AddAudioTrack(group, track);
         }
     }
@@ -280,35 +269,31 @@ Sound MakeSound(const ImportState& state, const Parts& parts, StartTimes& starts
     return {group.group, count};
 }
 
-std::string KindText(const Parts& parts, ObjectHandle first)
+MergeKind KindOf(const Parts& parts, const MergeComponent& first)
 {
-    std::string kind;
-    if (parts.audio.empty())
-        kind = "V1";
-    else if (!parts.video.empty())
-        kind = "V" + UintToString(parts.video.size());
-    if (!parts.audio.empty())
-        kind += "A" + UintToString(parts.audio.size());
-    const std::string_view ofFirst = first.GetProperty("FCPMergedMasterKind");
-    return ofFirst.find("SUBCLIP") == std::string_view::npos ? kind : kind + ",SUBCLIP";
+    MergeKind kind{.video = static_cast<int>(parts.video.size()),
+                   .audio = static_cast<int>(parts.audio.size()),
+                   .isSubclip = first.kind.isSubclip};
+    if (kind.audio == 0)
+        kind.video = 1;
+    return kind;
 }
 
-ObjectHandle MakeMergedSequence(ImportState& state, std::string_view name)
+ObjectHandle MakeMergedSequence(Import& import, std::string_view name)
 {
-    Document& document = state.document;
+    Document& document = import.document;
     const ObjectHandle sequence = document.NewObject("Sequence");
     sequence.SetPropertyShared("Name", name);
-    AddUid(sequence);
-    sequence.SetProperty("ID", IntToString(NewSequenceNumber(state)));
+    import.sequences.Begin(sequence);
     sequence.SetPropertyShared("BE.Sequence.IsMergedClip", "true");
     sequence.AddChild("Markers", document.NewObject("Markers"));
     sequence.AddChild("DVDMarkers", document.NewObject("DVDMarkers"));
     return sequence;
 }
 
-// The merged clip shows its Sequence: one clip for the picture, one for each channel.
+// The merged clip shows its Sequence: one clip for the video, one for each channel.
 void AddClips(Document& document, const Parts& parts, ObjectHandle sequence, int channels,
-              ObjectHandle merged)
+              MasterClip merged)
 {
     if (!parts.video.empty()) {
         const ObjectHandle clip = parts.video.front().clip;
@@ -317,47 +302,55 @@ void AddClips(Document& document, const Parts& parts, ObjectHandle sequence, int
     }
     if (channels == 0)
         return;
-    const ObjectHandle source =
-        MakeSequenceSource(document, MediaType::Audio, sequence, kSampleTicks48k, parts.duration);
+    const ObjectHandle source = MakeSequenceSource(
+        document, sequence,
+        {.type = MediaType::Audio, .rate = kSampleTicks48k, .duration = parts.duration});
     for (int i = 0; i < channels; ++i)
-        merged.AddChild(
-            "Clip", MakeChannelClip(document, source, {}, static_cast<std::uint64_t>(i), source));
+        merged.AddChild("Clip",
+                        MakeChannelClip(document, source, {}, static_cast<std::uint64_t>(i)));
+}
+
+MasterClip MakeMaster(Document& document, const MergeComponents& components, const Parts& parts,
+                      const MergeComponent& namesake)
+{
+    const MasterClip merged(document.NewObject("MasterClip"));
+    AddUid(merged);
+    merged.SetPropertyShared("Name", namesake.master.GetProperty("Name"));
+    merged.SetProperty("FCPMergedMasterClipID", namesake.mergeId);
+    merged.SetProperty("FCPMergedMasterKind", KindOf(parts, components.front()).Text());
+    for (const MergeComponent& component : components)
+        SetParent(document, component.master, merged);
+    merged.AddChild("LoggingInfo", components.front().master.GetChild("LoggingInfo"));
+    return merged;
 }
 
 } // namespace
 
-ObjectHandle BuildMergedMaster(ImportState& state, const std::vector<ObjectHandle>& components)
+MasterClip BuildMergedMaster(Import& import, const MergeComponents& components)
 {
-    Document& document = state.document;
-    const auto named = std::ranges::find_if(
-        components, [](ObjectHandle component) { return HasValue(component, "Name"); });
-    const ObjectHandle first = components.front();
-    const ObjectHandle namesake = named == components.end() ? first : *named;
+    Document& document = import.document;
+    const auto named = std::ranges::find_if(components, [](const MergeComponent& component) {
+        return HasValue(component.master, "Name");
+    });
+    const MergeComponent& namesake = named == components.end() ? components.front() : *named;
 
-    const ObjectHandle sequence = MakeMergedSequence(state, namesake.GetProperty("Name"));
+    const ObjectHandle sequence = MakeMergedSequence(import, namesake.master.GetProperty("Name"));
     const Parts parts = CollectParts(document, components, sequence);
     if (parts.video.empty() && parts.audio.empty())
         return {};
-    const ObjectHandle merged = document.NewObject("MasterClip");
-    AddUid(merged);
-    merged.SetPropertyShared("Name", namesake.GetProperty("Name"));
-    CopyProperty(namesake, "FCPMergedMasterClipID", merged, "FCPMergedMasterClipID");
-    merged.SetProperty("FCPMergedMasterKind", KindText(parts, first));
-    for (const ObjectHandle& component : components)
-        MarkComponent(document, component, merged);
-    merged.AddChild("LoggingInfo", first.GetChild("LoggingInfo"));
+    const MasterClip merged = MakeMaster(document, components, parts, namesake);
 
-    StartTimes starts(state);
-    sequence.AddChild("TrackGroup", MakePicture(state, parts, starts));
-    const Sound sound = MakeSound(state, parts, starts);
-    sequence.AddChild("TrackGroup", sound.group);
-    AddClips(document, parts, sequence, sound.channels, merged);
+    StartTimes starts(import.files);
+    sequence.AddChild("TrackGroup", MakeVideo(import, parts, starts));
+    const MergedAudio audio = MakeAudio(import, parts, starts);
+    sequence.AddChild("TrackGroup", audio.group);
+    AddClips(document, parts, sequence, audio.channels, merged);
     merged.AddChild("AudioComponentChain",
                     MakeEmptyAudioChain(document, kMonoType, TickText(kSampleTicks48k)));
     merged.AddChild("AudioClipChannelGroups",
-                    MakeChannelGroups(document, {.kind = kMono, .channels = sound.channels}));
+                    MakeChannelGroups(document, {.kind = kMono, .channels = audio.channels}));
 
-    const std::string_view format = first.GetChild("LoggingInfo").GetProperty("TimecodeFormat");
+    const std::string_view format = merged.GetChild("LoggingInfo").GetProperty("TimecodeFormat");
     if (!format.empty())
         sequence.SetPropertyShared("MZ.Sequence.VideoTimeDisplayFormat", format);
     return merged;

@@ -1,15 +1,16 @@
-// The merged clip itself: a Sequence that holds the parts, and the master that shows it.
+// The merged clip itself: a Sequence of the parts, and the master that shows it.
 #pragma once
 
-#include "import/import_state.h"
-#include "tree/object.h"
+#include "import/import.h"
 
 #include <vector>
 
 namespace XPJ {
 
-// Builds the merged clip of masters that NoteComponent marked, in track order, and marks them as
-// its parts. Null when none of them states picture or sound.
-ObjectHandle BuildMergedMaster(ImportState& state, const std::vector<ObjectHandle>& components);
+using MergeComponents = std::vector<MergeComponent>;
+
+// Builds the merged clip of components in track order, and makes them its parts. Null when none of
+// them has video or audio.
+MasterClip BuildMergedMaster(Import& import, const MergeComponents& components);
 
 } // namespace XPJ

@@ -1,21 +1,48 @@
 #include "import/multiclips.h"
 
-#include "core/text.h"
-#include "xmeml/formats.h"
+#include "core/numbers.h"
+#include "import/audio_tracks.h"
+#include "import/item_clips.h"
+#include "import/item_masters.h"
+#include "import/markers.h"
 #include "import/master_builder.h"
-#include "import/multiclip_sequence.h"
+#include "import/presets.h"
 #include "import/project_items.h"
+#include "import/slugs.h"
+#include "project/clips.h"
+#include "project/pixel_aspects.h"
+#include "core/host_properties.h"
+#include "project/synthetic_items.h"
+#include "xmeml/formats.h"
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 namespace XPJ {
 
 namespace {
 
+struct MulticlipContext {
+    Import& import;
+    ConstHandle multiclip;
+    ObjectHandle parentItem;
+    int number = 0; // `ID` of the Sequence
+    SequenceRates rates = {};
+    FrameFormat frame = {};
+};
+
+// An angle, as its two items need it.
+struct Angle {
+    ConstHandle clip;
+    ConstHandle item; // the first of its media
+    int index = 0;    // from 0
+    Ticks duration = 0;
+};
+
 // What equal multiclips have in common: their `masterclipid` and those of their angles, in order.
-// Empty where one of them is missing, since then none can be told to be equal.
-std::string EqualityKeyOf(ObjectHandle multiclip)
+// Empty where one of them is missing, since then none is known to be equal.
+std::string ContentOf(ConstHandle multiclip)
 {
     std::string key;
     const auto append = [&key](std::string_view id) {
@@ -24,136 +51,250 @@ std::string EqualityKeyOf(ObjectHandle multiclip)
     };
     if (!append(multiclip.GetProperty("masterclipid")))
         return {};
-    for (const ObjectHandle& angle : multiclip.GetChildren("angle"))
+    for (const ConstHandle& angle : multiclip.GetChildren("angle"))
         if (!append(angle.GetChild("clip").GetProperty("masterclipid")))
             return {};
     return key;
 }
 
-// Length of the longest angle in frames, and the most sound tracks of one.
-struct AngleExtent {
-    std::int64_t duration = 0;
-    int channels = 1;
-};
-
-AngleExtent ExtentOf(ObjectHandle multiclip)
+MasterClip MakeMulticlipMaster(Import& import, ConstHandle multiclip)
 {
-    AngleExtent extent;
-    for (const ObjectHandle& angle : multiclip.GetChildren("angle")) {
-        const ObjectHandle clip = angle.GetChild("clip");
-        extent.duration = std::max(extent.duration, Int64Property(clip, "duration"));
-        extent.channels = std::max(extent.channels, AudioTracksOfAngle(clip));
-    }
-    return extent;
-}
-
-ObjectHandle MakeMulticlipMaster(ImportState& state, ObjectHandle multiclip)
-{
-    Document& document = state.document;
+    Document& document = import.document;
     const SequenceRates rates = RatesOfMulticlip(multiclip);
-    const AngleExtent extent = ExtentOf(multiclip);
+    const AngleExtent extent = ExtentOfAngles(multiclip);
     const Ticks duration = MultiplyTicks(extent.duration, rates.video);
     const ObjectHandle sequence = document.NewObject("Sequence");
     sequence.SetPropertyShared("Name", multiclip.GetProperty("name"));
-    state.sequenceElements.emplace(sequence.UniqueId(), multiclip);
+    import.sequences.SetElement(sequence, multiclip);
 
-    FileSources sources;
+    MediaSources sources;
     sources.video.push_back(
-        MakeSequenceSource(document, MediaType::Video, sequence, rates.video, duration, 0));
+        MakeMasterSequenceSource(document, MediaType::Video, sequence, rates.video, duration));
     sources.audio.push_back(
-        MakeSequenceSource(document, MediaType::Audio, sequence, rates.audio, duration, 0));
-    return BuildMasterClip(state, multiclip, sources, {kAdaptive, extent.channels},
-                           {.wideMulticlip = true});
+        MakeMasterSequenceSource(document, MediaType::Audio, sequence, rates.audio, duration));
+    const AudioKind audio{kAdaptive, std::max(extent.audioTracks, 1)};
+    return BuildMasterClip(import, import.files, ClipItem(multiclip),
+                           {.sources = sources, .audio = audio, .isWide = true});
 }
 
-// The first angle that is active for the picture, else for the sound, else the first of all.
-AngleNote FindActiveAngle(ObjectHandle multiclip)
-{
-    for (const Name key : {Name("activevideoangle"), Name("activeaudioangle")}) {
-        int number = 1;
-        for (const ObjectHandle& angle : multiclip.GetChildren("angle")) {
-            if (IsTrue(angle, key))
-                return {number, angle.GetChild("clip")};
-            ++number;
-        }
-    }
-    return {1, FindPath(multiclip, {"angle", "clip"})};
-}
-
-AngleNote NoteOf(const ImportState& state, ObjectHandle multiclip)
-{
-    const auto noted = state.activeAngles.find(multiclip.UniqueId());
-    return noted != state.activeAngles.end() ? noted->second : FindActiveAngle(multiclip);
-}
-
-void AddMulticamProperties(ObjectHandle element, ObjectHandle multiclip, ObjectHandle master)
+void AddMulticamProperties(ConstHandle element, ConstHandle multiclip, ObjectHandle master)
 {
     master.AddPropertyShared("Source.Monitor.Multicam.Enabled", "true");
     master.AddPropertyShared("Source.Monitor.Multicam.SwitchCameraAudio", "true");
-    for (const ObjectHandle& node : {multiclip, element})
+    for (const ConstHandle& node : {multiclip, element})
         if (HasValue(node, "velaCameraNames"))
             master.AddPropertyShared("Source.Monitor.Multicam.CameraNamesOption",
                                      node.GetProperty("velaCameraNames"));
 }
 
+ConstHandle FirstAngleClip(ConstHandle multiclip)
+{
+    for (const ConstHandle& angle : multiclip.GetChildren("angle"))
+        if (const ConstHandle clip = angle.GetChild("clip"))
+            return clip;
+    return {};
+}
+
+FrameFormat FrameOfMulticlip(const FileCatalog& files, ConstHandle multiclip)
+{
+    FrameFormat own = FrameOfCharacteristics(multiclip.GetChild("samplecharacteristics"));
+    if (!own.rect.empty())
+        return own;
+    const ConstHandle clip = FirstAngleClip(multiclip);
+    const FrameFormat stated =
+        FrameOfCharacteristics(FindPath(clip, {"media", "video", "samplecharacteristics"}));
+    const FileElement file = FirstFileOf(files, clip);
+    return stated.rect.empty() && file ? FrameOfFile(clip, file, {}) : stated;
+}
+
+std::string_view FieldTypeOfMulticlip(const FileCatalog& files, ConstHandle multiclip)
+{
+    const ConstHandle clip = FirstAngleClip(multiclip);
+    ConstHandle characteristics = FindPath(clip, {"media", "video", "samplecharacteristics"});
+    if (!characteristics)
+        characteristics = FirstFileOf(files, clip).VideoCharacteristics();
+    const std::string_view own =
+        multiclip.GetChild("samplecharacteristics").GetProperty("fielddominance");
+    return FieldTypeOf(own.empty() ? characteristics.GetProperty("fielddominance") : own);
+}
+
+// The master of an angle: that of its clip, else of the item in it.
+MasterClip MasterOfAngle(const Import& import, const Angle& angle, MediaType type)
+{
+    const std::string_view fileId = import.files.IdOf(FileOfItem(import.files, angle.item));
+    if (const MasterClip ofClip = import.masters.BySignature(SignatureOf(angle.clip, fileId)))
+        return ofClip;
+    return MasterForItem(import, angle.item, type, 0);
+}
+
+SyntheticItem ItemOf(const Angle& angle, ObjectHandle clip, MasterClip master)
+{
+    return {.name = angle.clip.GetProperty("name"),
+            .clip = clip,
+            .master = master,
+            .trackIndex = angle.index,
+            .end = angle.duration};
+}
+
+ObjectHandle MarkersOf(const MulticlipContext& context, const Angle& angle)
+{
+    return TranslateMarkers(context.import.document, angle.item, context.rates.video);
+}
+
+// Null without a master, and for a slug, which shows nothing.
+ObjectHandle MakeAngleVideo(const MulticlipContext& context, const Angle& angle)
+{
+    Import& import = context.import;
+    if (import.files.IdOf(FileOfItem(import.files, angle.item)).starts_with("Slug"))
+        return {};
+    const MasterClip master = MasterOfAngle(import, angle, MediaType::Video);
+    const ObjectHandle masterClip = master.VideoClip();
+    if (!masterClip)
+        return {};
+    const ObjectHandle source = SourceForItem(import.document, import.sequences, MediaType::Video,
+                                              masterClip.GetChild("Source"), context.rates.video);
+    const ObjectHandle clip = MakeVideoClip(import.document, source, {.inUse = true});
+    clip.AddChild("Markers", MarkersOf(context, angle));
+    return MakeSyntheticVideoItem(import.document, ItemOf(angle, clip, master), context.frame.rect,
+                                  context.frame.par);
+}
+
+ObjectHandle MakeAngleAudio(const MulticlipContext& context, const Angle& angle)
+{
+    Import& import = context.import;
+    Document& document = import.document;
+    const MasterClip master = MasterOfAngle(import, angle, MediaType::Audio);
+    const std::vector<MasterChannel> channels = master.Channels();
+    if (channels.empty())
+        return {};
+    const ObjectHandle source =
+        SourceForItem(document, import.sequences, MediaType::Audio,
+                      channels.front().clip.GetChild("Source"), context.rates.audio);
+    const ObjectHandle clip = MakeAudioClip(document, source, {.inUse = true});
+    clip.SetPropertyShared("SecondaryIndex", "0");
+    clip.SetPropertyShared("Gain", "1.0");
+    clip.SetProperty("ChannelType", IntToString(kAdaptiveType));
+    clip.SetProperty("NumChannels", IntToString(kMaxAdaptiveChannels));
+    clip.SetProperty("AudioChannelLayout", ChannelLayoutText(kAdaptive, kMaxAdaptiveChannels));
+    clip.AddChild("Markers", MarkersOf(context, angle));
+    AddAdaptiveChannels(document, channels, clip);
+    SyntheticItem item = ItemOf(angle, clip, master);
+    item.channelType = kAdaptiveType;
+    return MakeSyntheticAudioItem(document, item, context.rates.audio);
+}
+
+void LinkAngle(const MulticlipContext& context, int index, ObjectHandle video, ObjectHandle audio)
+{
+    if (video && audio)
+        context.import.links.AddGroup({{{context.number, MediaType::Video, index + 1, 1}, video},
+                                       {{context.number, MediaType::Audio, index + 1, 1}, audio}});
+}
+
+// A slug has no master before an item needs it.
+void PrepareSlug(const MulticlipContext& context, const Angle& angle)
+{
+    const FileElement file = FileOfItem(context.import.files, angle.item);
+    if (file.IsSlug() && !MasterForItem(context.import, angle.item, MediaType::Audio, 0))
+        TranslateSlug(context.import, ClipItem(angle.clip), {angle.clip, file}, context.parentItem);
+}
+
+void AddAngle(const MulticlipContext& context, const Angle& angle, ObjectHandle videoGroup,
+              const AudioGroup& audioGroup)
+{
+    Document& document = context.import.document;
+    PrepareSlug(context, angle);
+    const ObjectHandle videoTrack = MakeVideoTrack(document, angle.index, angle.index + 1);
+    const ObjectHandle audioTrack =
+        MakeTrackWithFader(document, {.index = angle.index,
+                                      .id = angle.index + 2,
+                                      .panner = {.trackType = kAdaptiveType,
+                                                 .groupType = kAdaptiveType,
+                                                 .groupChannels = audioGroup.channels,
+                                                 .sampleTicks = context.rates.audio}});
+    const ObjectHandle video = MakeAngleVideo(context, angle);
+    const ObjectHandle audio = MakeAngleAudio(context, angle);
+    videoTrack.AddChild("TrackItem", video);
+    audioTrack.AddChild("TrackItem", audio);
+    LinkAngle(context, angle.index, video, audio);
+    videoGroup.AddChild("Track", videoTrack);
+    AddAudioTrack(audioGroup, audioTrack);
+}
+
+void AddAngles(const MulticlipContext& context, ObjectHandle sequence)
+{
+    Document& document = context.import.document;
+    const ObjectHandle videoGroup =
+        MakeVideoGroup(document, context.rates.video, context.frame.rect, context.frame.par);
+    videoGroup.SetPropertyShared("FieldType",
+                                 FieldTypeOfMulticlip(context.import.files, context.multiclip));
+    const int channels = ExtentOfAngles(context.multiclip).audioTracks;
+    const AudioGroup audioGroup =
+        MakeAudioGroup(document, context.rates.audio, channels, kAdaptiveType);
+    int index = 0;
+    for (const ConstHandle& node : context.multiclip.GetChildren("angle")) {
+        const ConstHandle clip = node.GetChild("clip");
+        if (!clip.HasChild("media"))
+            continue;
+        const Angle angle{clip, FirstClipItem(clip.GetChild("media")), index,
+                          MultiplyTicks(Int64Property(clip, "duration"), context.rates.video)};
+        AddAngle(context, angle, videoGroup, audioGroup);
+        ++index;
+    }
+    AddMasterTrack(document, audioGroup, index, kAdaptiveType, context.rates.audio);
+    videoGroup.SetProperty("NextTrackID", IntToString(index + 1));
+    audioGroup.group.SetProperty("NextTrackID", IntToString(index + 2));
+    sequence.AddChild("TrackGroup", videoGroup);
+    sequence.AddChild("TrackGroup", audioGroup.group);
+}
+
 } // namespace
 
-ObjectHandle FindMulticlip(ObjectHandle element)
+void CollectMulticlip(Import& import, ConstHandle multiclip)
 {
-    if (const ObjectHandle own = element.GetChild("multiclip"))
-        return own;
-    const ObjectHandle media = element.GetChild("media");
-    if (const ObjectHandle picture = FindPath(media, {"video", "track", "clipitem", "multiclip"}))
-        return picture;
-    return FindPath(media, {"audio", "track", "clipitem", "multiclip"});
-}
-
-int ActiveAngle(const ImportState& state, ObjectHandle multiclip)
-{
-    return NoteOf(state, multiclip).number;
-}
-
-ObjectHandle ActiveClip(const ImportState& state, ObjectHandle multiclip)
-{
-    return NoteOf(state, multiclip).clip;
-}
-
-bool IsCollapsed(ObjectHandle multiclip)
-{
-    return !EqualsIgnoreCase(multiclip.GetProperty("collapsed"), "FALSE");
-}
-
-void CollectMulticlip(ImportState& state, ObjectHandle multiclip)
-{
-    state.activeAngles.emplace(multiclip.UniqueId(), FindActiveAngle(multiclip));
+    import.angles.Add(multiclip);
+    MasterCatalog& masters = import.masters;
     const std::string_view id = multiclip.GetProperty("id");
-    if (IsCollapsed(multiclip) || id.empty() || state.multiclips.contains(id))
+    if (IsCollapsed(multiclip) || id.empty() || masters.HasMulticlip(id))
         return;
-    const std::string key = EqualityKeyOf(multiclip);
-    const auto equal = state.equalMulticlips.find(key);
-    if (equal != state.equalMulticlips.end()) {
-        state.multiclips.emplace(id, equal->second);
-        return;
-    }
-    const ObjectHandle master = MakeMulticlipMaster(state, multiclip);
-    state.multiclips.emplace(id, master);
-    if (!key.empty())
-        state.equalMulticlips.emplace(key, master);
+    const std::string content = ContentOf(multiclip);
+    const MasterClip equal = masters.EqualMulticlip(content);
+    masters.AddMulticlip(id, content, equal ? equal : MakeMulticlipMaster(import, multiclip));
 }
 
-void TranslateMulticlipItem(ImportState& state, ObjectHandle element, ObjectHandle parentItem)
+void TranslateMulticlipItem(Import& import, ConstHandle element, ObjectHandle parentItem)
 {
-    const ObjectHandle multiclip = FindMulticlip(element);
-    const auto known = state.multiclips.find(multiclip.GetProperty("id"));
-    if (known == state.multiclips.end())
+    const ConstHandle multiclip = FindMulticlip(element);
+    const MasterClip master = import.masters.OfMulticlip(multiclip.GetProperty("id"));
+    if (!master)
         return;
-    const ObjectHandle master = known->second;
-    const ObjectHandle sequence = SequenceOf(master);
-    if (!FillMulticlipSequence(state, multiclip, sequence, parentItem))
+    const ObjectHandle sequence = master.Sequence();
+    if (!FillMulticlipSequence(import, multiclip, sequence, parentItem))
         return;
     master.SetPropertyShared("Name", sequence.GetProperty("Name"));
     AddMulticamProperties(element, multiclip, master);
-    AddClipItem(state, element, master, element.GetProperty("masterclipid"), parentItem);
+    AddClipItem(import, element, master, parentItem);
+}
+
+bool FillMulticlipSequence(Import& import, ConstHandle multiclip, ObjectHandle sequence,
+                           ObjectHandle parentItem)
+{
+    MulticlipContext context{import, multiclip, parentItem};
+    context.number = import.sequences.Begin(sequence);
+    if (context.number == 0)
+        return false;
+    for (const Name& key : SequenceUIPropertyList())
+        if (multiclip.HasProperty(key))
+            sequence.SetPropertyShared(key, multiclip.GetProperty(key));
+    context.rates = RatesOfMulticlip(multiclip);
+    context.frame = FrameOfMulticlip(import.files, multiclip);
+    if (context.frame.rect.empty() || context.frame.par.empty())
+        return false;
+
+    AddAngles(context, sequence);
+    sequence.AddChild("Markers", TranslateMarkers(import.document, multiclip, context.rates.video));
+    sequence.AddChild("DVDMarkers", import.document.NewObject("DVDMarkers"));
+    PresetFromFormat(context.rates.video, context.frame, sequence);
+    return true;
 }
 
 } // namespace XPJ

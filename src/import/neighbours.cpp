@@ -1,8 +1,5 @@
 #include "import/neighbours.h"
 
-#include "import/item_issues.h"
-#include "xmeml/item_times.h"
-
 #include <algorithm>
 #include <iterator>
 #include <limits>
@@ -24,8 +21,7 @@ Ticks EndOf(ObjectHandle trackItem)
 // | outgoing |==|==| incoming |    == the transition, start..end
 //                ^                 the cut
 //
-// Items of a track do not overlap: the last one that starts before a time reaches over it, or none
-// does.
+// Items of a track do not overlap: the last one that starts before a time covers it, or none does.
 class NeighbourSearch {
 public:
     NeighbourSearch(const ItemsByStart& items, Ticks start, Ticks end,
@@ -64,7 +60,7 @@ private:
     // An item that starts with the transition goes out only where the cut can be at its end.
     bool GoesOut(ObjectHandle startingItem) const
     {
-        if (alignment_.cut == CutPlace::Start)
+        if (alignment_.cut == CutPosition::Start)
             return false;
         return !alignment_.hasIncoming || EndOf(startingItem) <= end_;
     }
@@ -80,12 +76,12 @@ private:
         if (found == items_.end())
             return found;
         const Ticks end = EndOf(found->second);
-        const bool reaches = alignment_.cut == CutPlace::End ? end > start_ : end >= start_;
+        const bool reaches = alignment_.cut == CutPosition::End ? end > start_ : end >= start_;
         return reaches ? found : items_.end();
     }
     Position Incoming() const
     {
-        if (alignment_.cut == CutPlace::End)
+        if (alignment_.cut == CutPosition::End)
             if (const Position next = FirstFrom(end_);
                 next != items_.end() && next->first.first == end_)
                 return next;
@@ -98,14 +94,14 @@ private:
     {
         const Position next = std::next(outgoing);
         const Ticks limit = next == items_.end() ? end_ : std::min(end_, next->first.first);
-        return std::max<Ticks>(Minus(limit, EndOf(outgoing->second)), 0);
+        return std::max<Ticks>(SubtractTicks(limit, EndOf(outgoing->second)), 0);
     }
     Ticks LackAtStart(Position incoming) const
     {
         const Ticks limit = incoming == items_.begin()
                                 ? start_
                                 : std::max(start_, EndOf(std::prev(incoming)->second));
-        return std::min<Ticks>(Minus(limit, incoming->first.first), 0);
+        return std::min<Ticks>(SubtractTicks(limit, incoming->first.first), 0);
     }
 
     const ItemsByStart& items_;
@@ -131,7 +127,7 @@ Ticks MediaBefore(ObjectHandle clip, Ticks unit, double speed)
 
 } // namespace
 
-ItemsByStart ItemsOfTrack(ObjectHandle projectTrack)
+ItemsByStart ItemsByStartOf(ObjectHandle projectTrack)
 {
     ItemsByStart items;
     for (const ObjectHandle& item : projectTrack.GetChildren("TrackItem"))
@@ -145,18 +141,19 @@ Neighbours FindNeighbours(const ItemsByStart& items, Ticks start, Ticks end,
     return NeighbourSearch(items, start, end, alignment).Find();
 }
 
-void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, ObjectHandle trackItem,
-                     Ticks delta, std::string_view transitionName)
+void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, Extension extension,
+                     std::string_view transitionName)
 {
-    if (delta == 0)
+    const ObjectHandle trackItem = extension.trackItem;
+    if (extension.delta == 0)
         return;
-    ImportState& state = context.sequence.state;
-    const Ticks unit = context.sequence.rates.edges;
+    SequenceContext& sequence = context.sequence;
+    const Ticks unit = sequence.rates.edges;
     const ObjectHandle subClip = trackItem.GetChild("SubClip");
     const ObjectHandle clip = subClip.GetChild("Clip");
     const double speed =
         HasValue(clip, "PlaybackSpeed") ? DoubleProperty(clip, "PlaybackSpeed") : 1.0;
-    delta = std::max(delta, -MediaBefore(clip, unit, speed));
+    const Ticks delta = std::max(extension.delta, -MediaBefore(clip, unit, speed));
     const Ticks shift = ScaledTicks(delta / unit, unit, speed);
 
     Ticks edge = 0;
@@ -168,12 +165,9 @@ void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, ObjectHan
     } else {
         edge = Move(trackItem, "End", delta);
         Move(clip, "OutPoint", shift);
-        context.sequence.end = std::max(context.sequence.end, edge);
+        sequence.end = std::max(sequence.end, edge);
     }
-    ItemPlace place =
-        PlaceOfItem(context.sequence.clock, trackItem, context.type, context.index, edge / unit);
-    place.clip = subClip.GetProperty("Name");
-    AddItemIssue(state, place,
+    AddItemIssue(sequence.import, PlaceOfItem(context, subClip.GetProperty("Name"), edge / unit),
                  delta < 0 ? ImportIssue::StartOfClipExtended : ImportIssue::EndOfClipExtended,
                  transitionName);
 }

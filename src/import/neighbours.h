@@ -1,8 +1,7 @@
 // The items beside a transition.
 #pragma once
 
-#include "xmeml/cut_points.h"
-#include "import/tracks.h"
+#include "import/track_context.h"
 #include "tree/object.h"
 
 #include <cstdint>
@@ -15,7 +14,7 @@ namespace XPJ {
 // The items of a project track by `Start`, in ticks; those that start together in the order in
 // which they were made.
 using ItemsByStart = std::map<std::pair<Ticks, std::uint64_t>, ObjectHandle>;
-ItemsByStart ItemsOfTrack(ObjectHandle projectTrack);
+ItemsByStart ItemsByStartOf(ObjectHandle projectTrack);
 
 // The items that a transition leads from and to. A delta is what an item lacks to reach as far as
 // the transition, in ticks: above 0 at the end of the outgoing one, below 0 at the start of the
@@ -29,10 +28,14 @@ struct Neighbours {
 Neighbours FindNeighbours(const ItemsByStart& items, Ticks start, Ticks end,
                           const TransitionAlignment& alignment);
 
-// Lengthens an item to where a transition ends, with a finding: by a negative `delta` (ticks) at
-// its start, by a positive one at its end. A start goes no further than there are media before it,
-// so that what is seen stays in step with what is heard.
-void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, ObjectHandle trackItem,
-                     Ticks delta, std::string_view transitionName);
+// Lengthens an item to where a transition ends, with an issue: by a negative `delta` (ticks) at its
+// start, by a positive one at its end. A start goes no further than there are media before it, so
+// that video and audio stay in sync.
+struct Extension {
+    ObjectHandle trackItem;
+    Ticks delta = 0;
+};
+void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, Extension extension,
+                     std::string_view transitionName);
 
 } // namespace XPJ

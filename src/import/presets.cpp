@@ -1,56 +1,19 @@
-// The format tables: aspect ratios, time display codes, preview presets.
+#include "import/presets.h"
+
 #include "core/frame_rate.h"
 #include "effects/effect_context.h"
+#include "project/time_display.h"
 #include "xmeml/formats.h"
+#include "xmeml/rates.h"
 
-#include <initializer_list>
 #include <string>
 
 namespace XPJ {
 
 namespace {
 
-// Names compare exactly.
-struct AspectRow {
-    std::string_view formatName;
-    std::string_view aspect;
-    std::string_view anamorphicAspect;
-};
-
-constexpr AspectRow kAspects[] = {
-    {"NTSC-601", "10,11", "40,33"},
-    {"NTSC-CCIR-601", "10,11", "40,33"},
-    {"PAL-601", "768,702", "1024,702"},
-    {"PAL-CCIR-601", "768,702", "1024,702"},
-    {"square", "1,1", "1,1"},
-    {"Square", "1,1", "1,1"},
-    {"DVCPROHD-720P", "1280,960", "1280,960"},
-    {"HD-(960x720)", "1280,960", "1280,960"},
-    {"DVCPROHD-1080i60", "1920,1280", "1920,1280"},
-    {"HD-(1280x1080)", "1920,1280", "1920,1280"},
-    {"DVCPROHD-1080i50", "1920,1440", "1920,1440"},
-    {"HD-(1440x1080)", "1920,1440", "1920,1440"},
-};
-
 constexpr Ticks kFilmFrameTicks = 10584000000;     // 24
 constexpr Ticks kNtscFilmFrameTicks = 10594584000; // 23.976
-
-struct TimeDisplayRow {
-    Ticks frameTicks;
-    std::string_view code;
-    std::string_view nonDropCode;
-};
-
-constexpr std::string_view kDefaultTimeDisplay = "102";
-constexpr TimeDisplayRow kTimeDisplays[] = {
-    {kNtscFrameTicks, "102", "103"}, {kPalFrameTicks, "101", "101"},
-    {kFilmFrameTicks, "100", "100"}, {kNtscFilmFrameTicks, "110", "110"},
-    {8467200000, "104", "104"}, // 30
-    {4233600000, "108", "108"}, // 60
-    {4237833600, "106", "107"}, // 59.94
-    {5080320000, "105", "105"}, // 50
-    {5297407770, "102", "102"}, // 48 as documents count it
-};
 
 // A preset names an editing mode of the host, a preset file in its folder, and that file's codec.
 struct Preset {
@@ -106,7 +69,7 @@ struct CodecRow {
 };
 
 // Codecs that are in no row (ProRes, DNxHD, H.264, Photo - JPEG, uncompressed) have no preset of
-// their own; the picture format decides then, as it does for a row's name at another timebase.
+// their own; the video format decides then, as it does for a row's name at another timebase.
 constexpr CodecRow kCodecs[] = {
     {"Apple DV - NTSC", &kDv24p, kAt24},
     {"Apple DV - NTSC", &kDvNtsc, kAt30},
@@ -250,23 +213,7 @@ void AddPreset(const Preset& preset, std::string_view timeDisplay, ObjectHandle 
 
 } // namespace
 
-std::string_view AspectOfFormat(std::string_view formatName, bool anamorphic)
-{
-    for (const AspectRow& row : kAspects)
-        if (row.formatName == formatName)
-            return anamorphic ? row.anamorphicAspect : row.aspect;
-    return "1,1";
-}
-
-std::string_view TimeDisplayOf(bool nonDrop, Ticks frameTicks)
-{
-    for (const TimeDisplayRow& row : kTimeDisplays)
-        if (row.frameTicks == frameTicks)
-            return nonDrop ? row.nonDropCode : row.code;
-    return kDefaultTimeDisplay;
-}
-
-void ChoosePreset(ObjectHandle sequence, Ticks videoTicks, ObjectHandle projectSequence)
+void ChoosePreset(ConstHandle sequence, Ticks videoTicks, ObjectHandle projectSequence)
 {
     const SequenceFormat format = ReadSequenceFormat(sequence).value_or(SequenceFormat());
     Ticks frameTicks = videoTicks;
@@ -278,17 +225,11 @@ void ChoosePreset(ObjectHandle sequence, Ticks videoTicks, ObjectHandle projectS
     AddPreset(*preset, TimeDisplayOf(nonDrop, frameTicks), projectSequence);
 }
 
-void PresetFromFormat(Ticks frameTicks, int width, int height, std::string_view formatName,
-                      ObjectHandle projectSequence)
-{
-    AddPreset(PresetOfFormat(frameTicks, width, height, formatName),
-              TimeDisplayOf(false, frameTicks), projectSequence);
-}
-
 void PresetFromFormat(Ticks frameTicks, const FrameFormat& frame, ObjectHandle projectSequence)
 {
     const FrameSize size = ParseFrameSize(frame.rect, frame.par);
-    PresetFromFormat(frameTicks, size.width, size.height, frame.formatName, projectSequence);
+    AddPreset(PresetOfFormat(frameTicks, size.width, size.height, frame.formatName),
+              TimeDisplayOf(false, frameTicks), projectSequence);
 }
 
 } // namespace XPJ

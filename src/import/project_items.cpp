@@ -1,21 +1,21 @@
 #include "import/project_items.h"
 
-#include "xmeml/formats.h"
 #include "import/logging.h"
-#include "import/master_builder.h"
-#include "xmeml/files.h"
+#include "project/media.h"
+#include "project/objects.h"
+#include "xmeml/rates.h"
 #include "xmeml/subclips.h"
 
 namespace XPJ {
 
 namespace {
 
-// Frame length in which a subclip counts; 0 for pictures that have none.
-Ticks SubclipTicksOf(ObjectHandle element, ObjectHandle master)
+// Frame length in which a subclip counts; 0 for video that has none.
+Ticks SubclipTicksOf(ConstHandle element, MasterClip master)
 {
-    const ObjectHandle picture = VideoClipOf(master).GetChild("Source");
+    const ObjectHandle video = master.VideoClip().GetChild("Source");
     const Ticks ticks =
-        picture ? Int64Property(picture, "FrameRate") : TicksOfRate(element.GetChild("rate"));
+        video ? Int64Property(video, "FrameRate") : TicksOfRate(element.GetChild("rate"));
     return ticks == kAnyFrameTicks ? 0 : ticks;
 }
 
@@ -25,11 +25,11 @@ void SetTicks(ObjectHandle source, Name key, Ticks ticks)
         source.SetProperty(key, TickText(ticks));
 }
 
-// A master that was built for another part of its medium takes the limits of this one.
-void LimitToSubclip(const ImportState& state, ObjectHandle element, ObjectHandle master)
+// A master that was built for another part of its media takes the limits of this one.
+void LimitToSubclip(const FileCatalog& files, ConstHandle element, MasterClip master)
 {
     const Ticks unit = SubclipTicksOf(element, master);
-    const SubclipRange part = ReadSubclipInfo(state, element);
+    const SubclipRange part = ReadSubclipInfo(files, element);
     if (unit == 0 || !part.IsKnown() || !part.hard)
         return;
     const Ticks start = MultiplyTicks(part.start, unit);
@@ -43,35 +43,16 @@ void LimitToSubclip(const ImportState& state, ObjectHandle element, ObjectHandle
     }
 }
 
-bool IsPartOfMergedClip(const ImportState& state, ObjectHandle clip, ObjectHandle master)
-{
-    if (state.mergedClipIds.Contains(MergeIdOf(clip)))
-        return true;
-    return clip.HasChild("subclipinfo") && HasValue(master, "FCPMergedMasterClipID");
-}
-
-void PlaceClipItem(ImportState& state, ObjectHandle clip, ObjectHandle master,
-                   std::string_view fileId, ObjectHandle parentItem)
-{
-    MakeClipProjectItem(state, clip, master, parentItem).SetProperty("id", fileId);
-}
-
 } // namespace
 
-std::string_view MergeIdOf(ObjectHandle clip)
-{
-    const std::string_view masterClipId = clip.GetProperty("masterclipid");
-    return masterClipId.empty() ? clip.GetProperty("id") : masterClipId;
-}
-
-ObjectHandle MakeClipProjectItem(ImportState& state, ObjectHandle element, ObjectHandle master,
+ObjectHandle MakeClipProjectItem(const Import& import, ConstHandle element, MasterClip master,
                                  ObjectHandle parentItem)
 {
-    const ObjectHandle item = state.document.NewObject("ClipProjectItem");
+    const ObjectHandle item = import.document.NewObject("ClipProjectItem");
     AddUid(item);
     item.SetPropertyShared("Name", element.GetProperty("name"));
-    CopyItemLabel(state, element, item);
-    LimitToSubclip(state, element, master);
+    CopyItemLabel(import.files, element, item);
+    LimitToSubclip(import.files, element, master);
     item.AddChild("MasterClip", master);
     CopyComments(element, item);
     CopyGoodFlag(element, item);
@@ -80,28 +61,23 @@ ObjectHandle MakeClipProjectItem(ImportState& state, ObjectHandle element, Objec
     return item;
 }
 
-void AddClipItem(ImportState& state, ObjectHandle clip, ObjectHandle master,
-                 std::string_view fileId, ObjectHandle parentItem)
+void AddClipItem(Import& import, ConstHandle clip, MasterClip master, ObjectHandle parentItem)
 {
     if (HasValue(clip, "name"))
         master.SetPropertyShared("Name", clip.GetProperty("name"));
-    if (IsPartOfMergedClip(state, clip, master)) {
-        const std::string_view ofMaster = master.GetProperty("FCPMergedMasterClipID");
-        state.heldBackItems[ofMaster.empty() ? MergeIdOf(clip) : ofMaster].push_back(
-            {clip, master, parentItem, fileId});
-        return;
-    }
-    PlaceClipItem(state, clip, master, fileId, parentItem);
+    const std::string_view mergeId = MergeIdOf(clip);
+    const MergeComponent* const component = import.masters.ComponentOf(master);
+    if (import.masters.IsMergeId(mergeId) || (component && clip.HasChild("subclipinfo")))
+        import.masters.Defer(component ? component->mergeId : mergeId, {clip, master, parentItem});
+    else
+        MakeClipProjectItem(import, clip, master, parentItem);
 }
 
-void PlaceHeldBackItems(ImportState& state, std::string_view mergeId)
+void PlaceDeferredItems(Import& import, std::string_view mergeId, const NodeSet& merged)
 {
-    const auto held = state.heldBackItems.find(mergeId);
-    if (held == state.heldBackItems.end())
-        return;
-    for (const HeldBackItem& item : held->second)
-        if (!HasValue(item.master, "MZ.MergeClip.ParentGUID"))
-            PlaceClipItem(state, item.clip, item.master, item.fileId, item.parentItem);
+    for (const DeferredItem& item : import.masters.DeferredItems(mergeId))
+        if (!merged.Contains(item.master))
+            MakeClipProjectItem(import, item.clip, item.master, item.parentItem);
 }
 
 } // namespace XPJ

@@ -1,218 +1,203 @@
-// The walk through what sequences refer to: every medium and sequence that an item needs is there,
-// and has its project item, before the sequence around it is filled.
-#include "xmeml/cut_points.h"
+#include "import/sequence_walk.h"
+
+#include "import/file_masters.h"
 #include "import/generators.h"
 #include "import/item_issues.h"
+#include "import/item_masters.h"
 #include "import/layered_images.h"
-#include "import/master_builder.h"
-#include "import/master_clips.h"
-#include "xmeml/files.h"
-#include "import/multiclip_sequence.h"
 #include "import/multiclips.h"
 #include "import/project_items.h"
 #include "import/sequences.h"
-#include "import/tracks.h"
+#include "import/slugs.h"
+#include "xmeml/cut_points.h"
+#include "xmeml/tracks.h"
+
+#include <type_traits>
+#include <vector>
 
 namespace XPJ {
 
 namespace {
 
-// An item of a sequence, in the order in which items are looked at: picture first.
+// An item of a sequence, in the order in which items are looked at: video first.
 struct TrackReference {
-    ObjectHandle item;
+    const ClipItem* item = nullptr;
     MediaType type = MediaType::Video;
     int trackIndex = 0; // among the project's tracks
-    bool exploded = false;
 };
 
 // A sequence on the way. Nested sequences are kept on a stack of these, since references let a
 // document nest them deeper than its own elements.
 struct SequenceWalk {
-    ObjectHandle sequence;
-    ObjectHandle characteristics; // of its picture
-    SequenceClock clock;
-    std::vector<TrackReference> references;
+    ConstHandle sequence;
+    ConstHandle characteristics; // of its video
+    SequenceTimecode timecode;
+    SequenceItems items;
+    std::vector<TrackReference> references; // into `items`
     std::size_t next = 0;
 };
+// Moving keeps the references, copying would not.
+static_assert(std::is_nothrow_move_constructible_v<SequenceWalk>);
 
-void AddReferences(ObjectHandle medium, MediaType type, SequenceWalk& walk)
+void AddReferences(ConstHandle medium, MediaType type,
+                   const std::vector<std::vector<ClipItem>>& tracks, SequenceWalk& walk)
 {
-    const bool exploded = IsTrue(medium, "explodedTracks");
     int index = 0;
-    for (const ObjectHandle& track : medium.GetChildren("track")) {
-        for (const ObjectHandle& item : track.GetChildren())
-            if (item.GetName() == "clipitem" || item.GetName() == "generatoritem")
-                walk.references.push_back({item, type, index, exploded});
+    auto items = tracks.begin();
+    for (const ConstHandle& track : medium.GetChildren("track")) {
+        for (const ClipItem& item : *items++)
+            walk.references.push_back({&item, type, index});
         if (type == MediaType::Video || !IsContinuationTrack(track))
             ++index;
     }
 }
 
-// Masters of the items on exploded tracks keep their channels together.
-void MarkExploded(ObjectHandle sequence, ObjectHandle media)
+SequenceWalk BeginWalk(const ImportOptions& options, ConstHandle sequence)
 {
-    if (!IsTrue(sequence, "explodedTracks"))
-        return;
-    for (const ObjectHandle& node : {media, media.GetChild("video"), media.GetChild("audio")})
-        node.SetPropertyShared("explodedTracks", "true");
-}
-
-SequenceWalk BeginWalk(const ImportState& state, ObjectHandle sequence)
-{
-    const ObjectHandle media = sequence.GetChild("media");
-    MarkExploded(sequence, media);
-    SequenceWalk walk;
-    walk.sequence = sequence;
-    walk.characteristics = CharacteristicsOf(sequence);
-    walk.clock = ClockOf(state, sequence);
-    NormaliseSequence(sequence, walk.clock.edges);
-    AddReferences(media.GetChild("video"), MediaType::Video, walk);
-    AddReferences(media.GetChild("audio"), MediaType::Audio, walk);
+    const SequenceRates rates = RatesOfSequence(sequence, options.sn2vlMode);
+    SequenceWalk walk{.sequence = sequence,
+                      .characteristics = CharacteristicsOf(sequence),
+                      .timecode = TimecodeOfSequence(sequence, rates),
+                      .items = ItemsOfSequence(sequence, rates.edges),
+                      .references = {}};
+    const ConstHandle media = sequence.GetChild("media");
+    AddReferences(media.GetChild("video"), MediaType::Video, walk.items.video, walk);
+    AddReferences(media.GetChild("audio"), MediaType::Audio, walk.items.audio, walk);
     return walk;
 }
 
-// A title's carrier stands in a bin only if it is a clip of its own there.
-bool NeedsProjectItem(ObjectHandle file)
+// The carrier of a title is in a bin only if it is a clip of its own there.
+bool NeedsProjectItem(FileElement file)
 {
     return file.GetProperty("mediaSource") != "GraphicAndType";
 }
 
-void TranslateFileReference(ImportState& state, const SequenceWalk& walk,
-                            const TrackReference& reference, ObjectHandle file,
-                            ObjectHandle parentItem)
+void TranslateFileReference(Import& import, const SequenceWalk& walk, const ClipItem& item,
+                            FileElement file, ObjectHandle parentItem)
 {
-    const ObjectHandle item = reference.item;
+    const MasterRegistry& registry = import.masters.registry;
     const std::string_view masterClipId = item.GetProperty("masterclipid");
-    const std::string_view fileId = file.GetProperty("id");
-    const ObjectHandle fallback = walk.characteristics;
-    if (state.masterClips.Find(masterClipId, fileId, 0, MediaType::Video))
+    const std::string_view fileId = import.files.IdOf(file);
+    const FileUse use{item, file, walk.characteristics};
+    if (registry.Find({masterClipId, fileId}))
         return;
-    if (IsSlug(file))
-        return TranslateSlugItem(state, item, file, parentItem, fallback);
-    if (IsLayeredImage(file)) {
-        // Registered layer by layer, so that the lookup above may miss it for ever.
-        if (state.layeredImages.emplace(masterClipId, fileId).second)
-            TranslateLayeredItem(state, item, file, parentItem, fallback);
+    if (file.IsSlug())
+        return TranslateSlug(import, item, use, parentItem);
+    if (file.IsLayeredImage()) {
+        // Registered layer by layer, so that the lookup above may never find it.
+        if (import.masters.BeginLayers(masterClipId, fileId))
+            TranslateLayers(import, item, use, parentItem);
         return;
     }
-    if (!state.masterClips.Find(masterClipId, fileId, 0, MediaType::Audio))
-        MasterClipForTrackItem(state, item, file, parentItem, fallback, reference.exploded,
-                               NeedsProjectItem(file));
+    if (registry.Find({masterClipId, fileId, 0, MediaType::Audio}))
+        return;
+    const FileMaster built = BuildFileMaster(import, item, use, IsExploded(walk.sequence));
+    if (built.isNew && NeedsProjectItem(file))
+        MakeClipProjectItem(import, item, built.master, parentItem);
 }
 
-void TranslateMulticlipReference(ImportState& state, ObjectHandle item, ObjectHandle parentItem)
+void TranslateMulticlipReference(Import& import, ConstHandle item, ObjectHandle parentItem)
 {
-    const ObjectHandle multiclip = item.GetChild("multiclip");
+    const ConstHandle multiclip = item.GetChild("multiclip");
     if (!multiclip || IsCollapsed(multiclip))
         return;
-    const auto master = state.multiclips.find(multiclip.GetProperty("id"));
-    if (master != state.multiclips.end() && !HasValue(SequenceOf(master->second), "uid"))
-        TranslateMulticlipItem(state, item, parentItem);
-}
-
-// The `sequence` or `multiclip` behind a Sequence; null for one that the import made up.
-ObjectHandle ElementOf(const ImportState& state, ObjectHandle projectSequence)
-{
-    const auto element = state.sequenceElements.find(projectSequence.UniqueId());
-    return element != state.sequenceElements.end() ? element->second : ObjectHandle();
+    const MasterClip master = import.masters.OfMulticlip(multiclip.GetProperty("id"));
+    if (master && !import.sequences.HasBegun(master.Sequence()))
+        TranslateMulticlipItem(import, item, parentItem);
 }
 
 // The `sequence` that an item without a file shows, if it is not filled yet.
-ObjectHandle UnfilledSequenceOf(const ImportState& state, const TrackReference& reference)
+ConstHandle UnfilledSequenceOf(const Import& import, const TrackReference& reference)
 {
     const ObjectHandle shown =
-        SequenceOf(MasterForItem(state, reference.item, reference.type, reference.trackIndex));
-    if (!shown || HasValue(shown, "uid"))
+        MasterForItem(import, *reference.item, reference.type, reference.trackIndex).Sequence();
+    if (!shown || import.sequences.HasBegun(shown))
         return {};
-    const ObjectHandle element = ElementOf(state, shown);
-    return element.GetName() == "sequence" ? element : ObjectHandle();
+    const ConstHandle element = import.sequences.ElementOf(shown);
+    return element.GetName() == "sequence" ? element : ConstHandle();
 }
 
-void TranslateGeneratorReference(ImportState& state, const SequenceWalk& walk,
+void TranslateGeneratorReference(Import& import, const SequenceWalk& walk,
                                  const TrackReference& reference, ObjectHandle parentItem)
 {
-    const ObjectHandle item = reference.item;
+    const ClipItem& item = *reference.item;
     const std::string_view id = item.GetProperty("id");
-    if (id.empty() ||
-        state.masterClips.Find(item.GetProperty("masterclipid"), id, 0, MediaType::Video))
+    if (id.empty() || import.masters.registry.Find({item.GetProperty("masterclipid"), id}))
         return;
-    const GeneratorResult result = TranslateGenerator(state, item, walk.sequence);
-    if (!result.translated && state.reportedGenerators.insert(item.UniqueId()).second)
-        AddItemIssue(state,
-                     PlaceOfItem(walk.clock, item, reference.type, reference.trackIndex,
-                                 Int64Property(item, "start")),
+    const GeneratorResult result = TranslateGenerator(import, item, walk.sequence);
+    if (!result.translated && import.generators.Report(item))
+        AddItemIssue(import,
+                     PlaceOfItem(walk.timecode, item.GetProperty("name"),
+                                 {reference.type, reference.trackIndex, item.times.start.value}),
                      ImportIssue::GeneratorNotTranslated2,
                      item.GetChild("effect").GetProperty("name"));
-    if (!result.master || !result.needsProjectItem)
-        return;
-    const ObjectHandle projectItem = MakeClipProjectItem(state, item, result.master, parentItem);
-    projectItem.SetPropertyShared("id", id);
+    if (result.master && result.needsProjectItem)
+        MakeClipProjectItem(import, item, result.master, parentItem);
 }
 
 // What an item refers to; the sequence that has to be translated first, if there is one.
-ObjectHandle TranslateReference(ImportState& state, const SequenceWalk& walk,
-                                const TrackReference& reference, ObjectHandle parentItem)
+ConstHandle TranslateReference(Import& import, const SequenceWalk& walk,
+                               const TrackReference& reference, ObjectHandle parentItem)
 {
-    if (reference.item.GetName() == "generatoritem") {
-        TranslateGeneratorReference(state, walk, reference, parentItem);
+    const ClipItem& item = *reference.item;
+    if (item.GetName() == "generatoritem") {
+        TranslateGeneratorReference(import, walk, reference, parentItem);
         return {};
     }
-    if (reference.item.HasChild("multiclip"))
-        TranslateMulticlipReference(state, reference.item, parentItem);
-    if (const ObjectHandle file = FileOfItem(state, reference.item)) {
-        TranslateFileReference(state, walk, reference, file, parentItem);
+    if (item.HasChild("multiclip"))
+        TranslateMulticlipReference(import, item, parentItem);
+    if (const FileElement file = FileOfItem(import.files, item)) {
+        TranslateFileReference(import, walk, item, file, parentItem);
         return {};
     }
-    return UnfilledSequenceOf(state, reference);
+    return UnfilledSequenceOf(import, reference);
 }
 
 // Fills the Sequence and makes its project item.
-void FinishSequence(ImportState& state, ObjectHandle sequence, ObjectHandle parentItem)
+void FinishSequence(Import& import, const SequenceWalk& walk, ObjectHandle parentItem)
 {
-    const auto master = state.sequences.find(sequence.GetProperty("id"));
-    if (master == state.sequences.end() || !FillSequence(state, sequence, master->second))
-        return;
-    const ObjectHandle item = MakeClipProjectItem(state, sequence, master->second, parentItem);
-    item.SetPropertyShared("id", sequence.GetProperty("id"));
+    const MasterClip master = import.sequences.MasterOf(import.sequences.IdOf(walk.sequence));
+    if (master && FillSequence(import, walk.sequence, walk.items, master))
+        MakeClipProjectItem(import, walk.sequence, master, parentItem);
 }
 
 } // namespace
 
-void TranslateSequence(ImportState& state, ObjectHandle sequence, ObjectHandle parentItem)
+void TranslateSequence(Import& import, ConstHandle sequence, ObjectHandle parentItem)
 {
     std::vector<SequenceWalk> walks;
-    const auto begin = [&](ObjectHandle element) {
-        if (state.begunSequences.Insert(element))
-            walks.push_back(BeginWalk(state, element));
+    const auto begin = [&](ConstHandle element) {
+        if (import.sequences.BeginElement(element))
+            walks.push_back(BeginWalk(import.options, element));
     };
     begin(sequence);
     while (!walks.empty()) {
         SequenceWalk& walk = walks.back();
         if (walk.next == walk.references.size()) {
-            FinishSequence(state, walk.sequence, parentItem);
+            FinishSequence(import, walk, parentItem);
             walks.pop_back();
             continue;
         }
         const TrackReference reference = walk.references[walk.next++];
-        if (const ObjectHandle nested = TranslateReference(state, walk, reference, parentItem)) {
-            if (state.progress.IsCancelled())
+        if (const ConstHandle nested = TranslateReference(import, walk, reference, parentItem)) {
+            if (import.progress.IsCancelled())
                 return;
             begin(nested);
         }
     }
 }
 
-void TranslateShownSequences(ImportState& state, ObjectHandle rootItem)
+void TranslateShownSequences(Import& import, ObjectHandle rootItem)
 {
     // What is filled here may show more of them.
-    for (std::size_t i = 0; i < state.shownSequences.size(); ++i) {
-        const ObjectHandle shown = state.shownSequences[i];
-        const ObjectHandle element = ElementOf(state, shown);
+    for (std::size_t i = 0; i < import.sequences.Shown().size(); ++i) {
+        const ObjectHandle shown = import.sequences.Shown()[i];
+        const ConstHandle element = import.sequences.ElementOf(shown);
         if (element.GetName() == "multiclip")
-            FillMulticlipSequence(state, element, shown, rootItem);
-        else if (!HasValue(shown, "uid"))
-            TranslateSequence(state, element, rootItem);
-        BeginSequence(state, shown); // what refers to it needs its `uid`
+            FillMulticlipSequence(import, element, shown, rootItem);
+        else if (!import.sequences.HasBegun(shown))
+            TranslateSequence(import, element, rootItem);
+        import.sequences.Begin(shown); // what refers to it needs its `uid`
     }
 }
 

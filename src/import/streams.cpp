@@ -1,10 +1,13 @@
 #include "import/streams.h"
 
+#include "core/numbers.h"
 #include "import/audio_streams.h"
-#include "xmeml/formats.h"
-#include "xmeml/files.h"
-#include "xmeml/subclips.h"
+#include "import/media.h"
+#include "project/pixel_aspects.h"
 #include "project/synthetic_media.h"
+#include "xmeml/formats.h"
+#include "xmeml/rates.h"
+#include "xmeml/subclips.h"
 
 #include <algorithm>
 
@@ -12,83 +15,77 @@ namespace XPJ {
 
 namespace {
 
-// Ticks a frame: of the element, else of the first file of its media, else of the file in hand.
-Ticks FrameTicksOf(const ImportState& state, ObjectHandle element, ObjectHandle file)
+// Ticks a frame: of the element, else of the first file of its media, else of the file itself.
+Ticks FrameTicksOf(const FileCatalog& files, const FileUse& use)
 {
-    for (const ObjectHandle& node : {element, FirstFileOf(state, element), file})
+    const ConstHandle first = FirstFileOf(files, use.element);
+    const ConstHandle own = use.file;
+    for (const ConstHandle& node : {use.element, first, own})
         if (const Ticks ticks = TicksOfRate(node.GetChild("rate")))
             return ticks;
     return 0;
 }
 
-StreamRange RangeOf(const ImportState& state, ObjectHandle element, ObjectHandle file,
-                    Ticks frameTicks)
+// Duration and boundaries that video and audio of the file have in common.
+SourceFields RangeOf(const ImportState& state, const FileCatalog& files, const FileUse& use,
+                     Ticks frameTicks)
 {
-    const ObjectHandle timed = HasValue(file, "duration") ? file : element;
-    StreamRange range;
-    const std::int64_t frames = std::max<std::int64_t>(Int64Property(timed, "duration"), 0);
-    range.duration = MultiplyTicks(frames, frameTicks);
-    const SubclipRange part = ReadSubclipInfo(state, element);
-    if (part.IsKnown())
-        range.boundaries = {MultiplyTicks(part.start, frameTicks),
-                            MultiplyTicks(part.end, frameTicks), part.hard && !state.aafSupport};
+    const std::string_view stated = HasValue(use.file, "duration")
+                                        ? use.file.GetProperty("duration")
+                                        : use.element.GetProperty("duration");
+    SourceFields range;
+    range.duration = MultiplyTicks(std::max<std::int64_t>(ParseInt64(stated), 0), frameTicks);
+    const SubclipRange part = ReadSubclipInfo(files, use.element);
+    if (part.IsKnown()) {
+        range.start = MultiplyTicks(part.start, frameTicks);
+        range.end = MultiplyTicks(part.end, frameTicks);
+        range.hard = part.hard && !state.options.aafSupport;
+    }
     return range;
 }
 
-void AddVideoStream(const ImportState& state, ObjectHandle element, ObjectHandle file,
-                    const FrameFormat& frame, Ticks frameTicks, const StreamRange& range,
-                    FileSources& sources)
+void AddVideoStream(const ImportState& state, const FileUse& use, const FrameFormat& frame,
+                    const SourceFields& range, MediaSources& sources)
 {
-    const ObjectHandle video = FindPath(file, {"media", "video"});
-    const std::string_view dominance =
-        video.GetChild("samplecharacteristics").GetProperty("fielddominance");
-    const ObjectHandle media = MakeMedia(state, file);
-    media.AddChild("VideoStream",
-                   MakeVideoStream(state.document, {.frameTicks = frameTicks,
-                                                    .duration = range.duration,
-                                                    .frame = frame,
-                                                    .fieldType = FieldTypeOf(dominance),
-                                                    .isStill = IsTrue(video, "stillframe") ||
-                                                               IsTrue(element, "stillframe")}));
-    const ObjectHandle source = MakeMediaSource(state.document, MediaType::Video, media, frameTicks,
-                                                range.duration, range.boundaries);
-    CopyProperty(media, "VelaCodec", source, "VelaCodec");
-    sources.video.push_back(source);
-}
-
-// Pictures that the host makes run on without a rate too.
-FileSources SyntheticSources(const ImportState& state, SyntheticKind kind, Ticks frameTicks,
-                             const FrameFormat& frame)
-{
-    return MakeSyntheticSources(state, kind, frameTicks != 0 ? frameTicks : kNtscFrameTicks, frame);
+    const ConstHandle video = FindPath(use.file, {"media", "video"});
+    const ConstHandle characteristics = video.GetChild("samplecharacteristics");
+    const ObjectHandle media = MakeMediaOfFile(state, use.file);
+    media.AddChild(
+        "VideoStream",
+        MakeVideoStream(
+            state.document,
+            {.frameTicks = range.rate,
+             .duration = range.duration,
+             .frame = frame,
+             .fieldType = FieldTypeOf(characteristics.GetProperty("fielddominance")),
+             .isStill = IsTrue(video, "stillframe") || IsTrue(use.element, "stillframe")}));
+    sources.video.push_back(MakeMediaSource(state.document, media, range));
+    sources.codec = characteristics.GetProperty("VelaCodec");
 }
 
 } // namespace
 
-ObjectHandle FileSources::VideoMedia() const
+MediaSources MakeFileSources(const ImportState& state, const FileCatalog& files, const FileUse& use)
 {
-    return video.empty() ? ObjectHandle() : video.front().GetChild("Media");
-}
+    const Ticks frameTicks = FrameTicksOf(files, use);
+    const FrameFormat frame = FrameOfFile(use.element, use.file, use.characteristics);
+    if (use.file.IsBarsAndTone() || use.file.IsGraphic())
+        return MakeSyntheticSources(state.document,
+                                    use.file.IsGraphic() ? SyntheticKind::Graphic
+                                                         : SyntheticKind::BarsAndTone,
+                                    // generated video runs on without a rate too
+                                    frameTicks != 0 ? frameTicks : kNtscFrameTicks, frame);
 
-FileSources AddFileStreams(const ImportState& state, ObjectHandle element, ObjectHandle file,
-                           ObjectHandle fallback)
-{
-    const Ticks frameTicks = FrameTicksOf(state, element, file);
-    const FrameFormat frame = FrameOfFile(element, file, fallback);
-    if (IsBarsAndTone(file))
-        return SyntheticSources(state, SyntheticKind::BarsAndTone, frameTicks, frame);
-    if (IsGraphic(file))
-        return SyntheticSources(state, SyntheticKind::Graphic, frameTicks, frame);
-
-    FileSources sources;
-    const ObjectHandle media = file.GetChild("media");
+    MediaSources sources;
+    const ConstHandle media = use.file.GetChild("media");
     if (frameTicks == 0 || !media)
         return sources;
-    const StreamRange range = RangeOf(state, element, file, frameTicks);
+    SourceFields range = RangeOf(state, files, use, frameTicks);
+    range.rate = frameTicks;
     if (media.HasChild("video"))
-        AddVideoStream(state, element, file, frame, frameTicks, range, sources);
+        AddVideoStream(state, use, frame, range, sources);
     if (media.HasChild("audio"))
-        AddAudioStreams(state, file, range, sources);
+        AddAudioStreams(state, use.file, range, sources);
     return sources;
 }
 

@@ -1,35 +1,23 @@
-// One `file` as Media with streams, and the sources that master clips point at.
+// One `file` as Media with streams, and the sources that master clips refer to.
 #pragma once
 
 #include "import/import_state.h"
-#include "project/streams.h"
+#include "project/media.h"
 #include "tree/object.h"
-
-#include <vector>
+#include "xmeml/files.h"
 
 namespace XPJ {
 
-struct FileSources {
-    std::vector<ObjectHandle> video;
-    std::vector<ObjectHandle> audio;
-
-    bool IsEmpty() const { return video.empty() && audio.empty(); }
-    // Media of the first picture source; null without one.
-    ObjectHandle VideoMedia() const;
+// What shows a file: a `clip`, `clipitem` or `generatoritem`. `characteristics` gives the frame
+// size if the file states none: that of the sequence around a track item, null for a clip.
+struct FileUse {
+    ConstHandle element;
+    FileElement file;
+    ConstHandle characteristics = {};
 };
 
-// Makes the Media and sources of one file of a `clip` or `clipitem`; none without a rate or
-// `media`. `fallback` is a `samplecharacteristics` that gives the frame size if the file states
-// none; may be null. Not for layered images.
-FileSources AddFileStreams(const ImportState& state, ObjectHandle element, ObjectHandle file,
-                           ObjectHandle fallback);
-
-struct AudioKind {
-    int kind = kUnknownChannels; // a ChannelKind
-    int channels = 0;            // of the first `audio`, within what a medium may have
-};
-
-// What a file's `media` states of its sound as a whole.
-AudioKind AudioKindOfFile(ObjectHandle file);
+// Makes the Media and sources of a file; none without a rate or `media`. Not for layered images.
+MediaSources MakeFileSources(const ImportState& state, const FileCatalog& files,
+                             const FileUse& use);
 
 } // namespace XPJ

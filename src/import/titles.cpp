@@ -3,6 +3,7 @@
 #include "effects/graphic_title.h"
 #include "effects/title_reader.h"
 #include "effects/video_chain.h"
+#include "import/effect_source.h"
 
 #include <algorithm>
 
@@ -11,76 +12,75 @@ namespace XPJ {
 namespace {
 
 // The generator clip that an item is of, else the item itself.
-std::string_view KeyOf(ObjectHandle generator)
+std::string_view KeyOf(ConstHandle generator)
 {
     const std::string_view masterClipId = generator.GetProperty("masterclipid");
     return masterClipId.empty() ? generator.GetProperty("id") : masterClipId;
 }
 
-bool IsTitle(ObjectHandle generator)
+bool IsText(ConstHandle generator)
 {
-    return IsShape(generator) || IsTextTitle(generator);
+    return IsTextTitle(EffectSource::Of(generator));
 }
 
-// Whether it leaves open what it shows: without an effect, or with that of a title without words.
-bool IsBare(ObjectHandle generator)
+bool IsShapeOf(ConstHandle generator)
 {
-    const ObjectHandle effect = generator.GetChild("effect");
+    return IsShape(EffectSource::Of(generator));
+}
+
+// True for a generator without an effect, or with that of a title without words.
+bool StatesNothing(ConstHandle generator)
+{
+    const ConstHandle effect = generator.GetChild("effect");
     if (!effect)
         return true;
-    if (!IsTextTitle(generator))
-        return IsShape(generator) && !effect.HasChild("parameter");
+    if (!IsText(generator))
+        return IsShapeOf(generator) && !effect.HasChild("parameter");
     const auto isStated = [](const TitleText& text) {
         return std::ranges::any_of(text.lines, [](std::string_view line) { return !line.empty(); });
     };
-    return std::ranges::none_of(ReadTitle(generator, {}).texts, isStated);
-}
-
-// The generator that states what an item shows: another one of its clip if it is bare itself.
-ObjectHandle SourceOfTitle(const ImportState& state, ObjectHandle item)
-{
-    const auto known = state.titles.find(KeyOf(item));
-    return known != state.titles.end() && IsBare(item) ? known->second : item;
+    return std::ranges::none_of(ReadTitle(EffectSource::Of(generator), {}).texts, isStated);
 }
 
 } // namespace
 
-bool IsGraphicTitle(const ImportState& state, ObjectHandle generator)
+bool TitleCatalog::IsGraphic(ConstHandle generator) const
 {
-    const ObjectHandle source = SourceOfTitle(state, generator);
-    return IsShape(source) || (state.settings.convertTitles && IsTextTitle(source));
+    const ConstHandle source = SourceOf(generator);
+    return IsShapeOf(source) || (convertTitles_ && IsText(source));
 }
 
-void RegisterTitle(ImportState& state, ObjectHandle generator)
+void TitleCatalog::Add(ConstHandle generator)
 {
     const std::string_view key = KeyOf(generator);
-    if (!key.empty() && !state.titles.contains(key) && IsTitle(generator) && !IsBare(generator))
-        state.titles.emplace(key, generator);
+    const bool isTitle = IsShapeOf(generator) || IsText(generator);
+    if (!key.empty() && !titles_.contains(key) && isTitle && !StatesNothing(generator))
+        titles_.emplace(key, generator);
 }
 
-void AddTitleToMaster(ImportState& state, ObjectHandle generator, const FrameSize& frame,
-                      ObjectHandle master)
+ConstHandle TitleCatalog::SourceOf(ConstHandle item) const
 {
-    if (!state.titledMasters.Insert(master))
+    const auto known = titles_.find(KeyOf(item));
+    return known != titles_.end() && StatesNothing(item) ? known->second : item;
+}
+
+void AddTitleToMaster(const ImportState& state, TitleCatalog& titles, ConstHandle generator,
+                      const FrameSize& frame, MasterClip master)
+{
+    if (!titles.AddTitledMaster(master))
         return;
     const EffectContext context{.document = state.document, .issues = state.issues};
-    AddMasterChainEffect(context,
-                         MakeGraphicEffect(state.document, SourceOfTitle(state, generator), frame),
-                         master.GetChild("VideoComponentChain"));
+    const ObjectHandle effect =
+        MakeGraphicEffect(state.document, EffectSource::Of(titles.SourceOf(generator)), frame);
+    AddMasterChainEffect(context, effect, master.GetChild("VideoComponentChain"));
 }
 
-bool HasTitle(const ImportState& state, ObjectHandle master)
+ObjectHandle TitleOfItem(Document& document, const TitleCatalog& titles, ConstHandle item,
+                         const FrameSize& frame, ConstHandle master)
 {
-    return state.titledMasters.Contains(master);
-}
-
-ObjectHandle TitleOfItem(const ImportState& state, ObjectHandle item, const FrameSize& frame,
-                         ObjectHandle master)
-{
-    if (item.GetName() != "generatoritem" || HasTitle(state, master) ||
-        !IsGraphicTitle(state, item))
+    if (item.GetName() != "generatoritem" || titles.IsTitled(master) || !titles.IsGraphic(item))
         return {};
-    return MakeGraphicEffect(state.document, SourceOfTitle(state, item), frame);
+    return MakeGraphicEffect(document, EffectSource::Of(titles.SourceOf(item)), frame);
 }
 
 } // namespace XPJ

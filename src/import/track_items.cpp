@@ -1,125 +1,102 @@
 #include "import/track_items.h"
 
 #include "core/numbers.h"
-#include "core/text.h"
 #include "import/item_clips.h"
 #include "import/item_effects.h"
-#include "import/item_issues.h"
-#include "import/item_audio.h"
-#include "xmeml/files.h"
-#include "project/synthetic_items.h"
-#include "platform/platform.h"
+#include "project/objects.h"
+#include "xmeml/flags.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace XPJ {
 
 namespace {
 
-ItemTimes TimesOf(const TrackContext& context, ObjectHandle item, const ItemRates& rates)
+// Nothing, with an issue, for an item that is not in the sequence. Audio starts inside its source;
+// the in point of a video is corrected later, with an issue.
+std::optional<PlacedTimes> PlacedTimesOf(const TrackContext& track, const ClipItem& item)
 {
-    if (item.GetName() != "generatoritem")
-        return TimesOfClip(item, rates);
-    const ObjectHandle file = FileOfItem(context.sequence.state, item);
-    return TimesOfGenerator(item, rates, Int64Property(file, "duration"));
+    PlacedTimes placed;
+    placed.rates = RatesOfItem(item, track.sequence.rates.edges);
+    if (item.GetName() == "generatoritem") {
+        const FileElement file = FileOfItem(track.sequence.import.files, item);
+        placed.times = TimesOfGenerator(item, placed.rates, Int64Property(file, "duration"));
+    } else {
+        placed.times = TimesOfClip(item, placed.rates);
+    }
+    const ItemTimes& times = placed.times;
+    const bool hasSource = track.type == MediaType::Video || times.out > times.in;
+    if (times.start >= 0 && times.end >= 0 && hasSource)
+        return placed;
+    AddItemIssue(track, item, times.start, ImportIssue::InvalidStartEnd);
+    return std::nullopt;
 }
 
-// The values that items of both kinds begin with.
-ObjectHandle MakeItem(const TrackContext& context, Name className, ObjectHandle item,
+// The values that items of both types begin with.
+ObjectHandle MakeItem(const TrackContext& track, Name className, ConstHandle item,
                       const ItemTimes& times)
 {
-    const Ticks unit = context.sequence.rates.edges;
-    const Ticks end = MultiplyTicks(times.end, unit);
-    const ObjectHandle result = context.sequence.state.document.NewObject(className);
-    result.SetPropertyShared("MediaType", MediaTypeText(context.type));
-    result.SetProperty("TrackIndex", IntToString(context.index));
-    result.SetPropertyShared(
-        "IsMuted", EqualsIgnoreCase(item.GetProperty("enabled"), "FALSE") ? "true" : "false");
-    result.SetProperty("Start", TickText(MultiplyTicks(times.start, unit)));
+    SequenceContext& sequence = track.sequence;
+    const Ticks end = MultiplyTicks(times.end, sequence.rates.edges);
+    const ObjectHandle result = sequence.import.document.NewObject(className);
+    result.SetPropertyShared("MediaType", MediaTypeText(track.type));
+    result.SetProperty("TrackIndex", IntToString(track.index));
+    result.SetPropertyShared("IsMuted", BoolText(!IsEnabled(item)));
+    result.SetProperty("Start", TickText(MultiplyTicks(times.start, sequence.rates.edges)));
     result.SetProperty("End", TickText(end));
-    context.sequence.end = std::max(context.sequence.end, end);
+    sequence.end = std::max(sequence.end, end);
     return result;
 }
 
-// Sound starts inside its source; a picture's in point is put right later, with a finding.
-bool HasPlace(const TrackContext& context, const ItemTimes& times)
+ObjectHandle Skip(const TrackContext& track, ConstHandle item, Frames start)
 {
-    if (times.start < 0 || times.end < 0)
-        return false;
-    return context.type == MediaType::Video || times.out > times.in;
-}
-
-ObjectHandle Skip(const TrackContext& context, ObjectHandle item, Frames start)
-{
-    AddSkipped(context.sequence.state,
-               PlaceOfItem(context.sequence.clock, item, context.type, context.index, start));
+    AddSkipped(track.sequence.import, PlaceOfItem(track, item.GetProperty("name"), start));
     return {};
 }
 
-struct ChannelTypeName {
-    std::string_view name;
-    int type;
-};
-
-constexpr ChannelTypeName kChannelTypeNames[] = {
-    {"mono", kMonoType},
-    {"stereo", kStereoType},
-    {"5.1", kSurroundType},
-    {"adaptive", kAdaptiveType},
-};
-
-int ItemChannelType(const ImportState& state, ObjectHandle item, int trackType)
+int ItemChannelType(const ImportOptions& options, ConstHandle item, int trackType)
 {
-    for (const ChannelTypeName& row : kChannelTypeNames)
-        if (item.GetProperty("velaChannelType") == row.name)
+    const std::string_view name = item.GetProperty("velaChannelType");
+    for (const ChannelTypeRow& row : ChannelTypes())
+        if (name == row.itemName)
             return row.type;
-    return state.sn2vlMode ? trackType : kMonoType;
+    return options.sn2vlMode ? trackType : kMonoType;
 }
 
 } // namespace
 
-void AddItemIssue(const TrackContext& context, ObjectHandle item, Frames start, ImportIssue kind)
+ObjectHandle TranslateVideoItem(const TrackContext& track, const ClipItem& item)
 {
-    AddItemIssue(context.sequence.state,
-                 PlaceOfItem(context.sequence.clock, item, context.type, context.index, start),
-                 kind);
-}
-
-ObjectHandle TranslateVideoItem(const TrackContext& context, ObjectHandle item)
-{
-    const ItemRates rates = RatesOfItem(item, context.sequence.rates.edges);
-    const ItemTimes times = TimesOf(context, item, rates);
-    if (!HasPlace(context, times)) {
-        AddItemIssue(context, item, times.start, ImportIssue::InvalidStartEnd);
+    const std::optional<PlacedTimes> placed = PlacedTimesOf(track, item);
+    if (!placed)
         return {};
-    }
-    const ObjectHandle subClip = MakeVideoSubClip(context, item, times, rates);
+    const Frames start = placed->times.start;
+    const ObjectHandle subClip = MakeVideoSubClip(track, item, *placed);
     if (!subClip)
-        return Skip(context, item, times.start);
-    const ObjectHandle result = MakeItem(context, "VideoClipTrackItem", item, times);
-    result.SetProperty("FrameRect", context.sequence.frameRect);
-    result.SetProperty("PixelAspectRatio", context.sequence.aspect);
+        return Skip(track, item, start);
+    const ObjectHandle result = MakeItem(track, "VideoClipTrackItem", item, placed->times);
+    result.SetProperty("FrameRect", track.sequence.frame.rect);
+    result.SetProperty("PixelAspectRatio", track.sequence.frame.par);
     result.AddChild("SubClip", subClip);
-    result.AddChild("Components", MakeItemVideoChain(context, item, times.start, subClip));
+    result.AddChild("Components", MakeItemVideoChain(track, item, start, subClip));
     return result;
 }
 
-ObjectHandle TranslateAudioItem(const TrackContext& context, ObjectHandle item, int trackType)
+ObjectHandle TranslateAudioItem(const TrackContext& track, const ClipItem& item, int trackType)
 {
-    const ItemRates rates = RatesOfItem(item, context.sequence.rates.edges);
-    const ItemTimes times = TimesOf(context, item, rates);
-    if (!HasPlace(context, times)) {
-        AddItemIssue(context, item, times.start, ImportIssue::InvalidStartEnd);
+    const std::optional<PlacedTimes> placed = PlacedTimesOf(track, item);
+    if (!placed)
         return {};
-    }
-    const int channelType = ItemChannelType(context.sequence.state, item, trackType);
-    const ObjectHandle subClip = MakeAudioSubClip(context, item, channelType, times, rates);
+    const Frames start = placed->times.start;
+    const int type = ItemChannelType(track.sequence.import.options, item, trackType);
+    const ObjectHandle subClip = MakeAudioSubClip(track, item, type, *placed);
     if (!subClip)
-        return Skip(context, item, times.start);
-    const ObjectHandle result = MakeItem(context, "AudioClipTrackItem", item, times);
+        return Skip(track, item, start);
+    const ObjectHandle result = MakeItem(track, "AudioClipTrackItem", item, placed->times);
     result.SetProperty("ID", NewGuidText());
     result.AddChild("SubClip", subClip);
-    AddItemSound(context, item, times.start, channelType, trackType, result);
+    AddItemAudioEffects(track, item, start, {.itemType = type, .trackType = trackType}, result);
     return result;
 }
 

@@ -1,54 +1,44 @@
 #include "import/tracks.h"
 
-#include "core/host_properties.h"
 #include "core/numbers.h"
-#include "core/text.h"
 #include "effects/audio_fader.h"
-#include "xmeml/formats.h"
-#include "import/item_audio.h"
-#include "xmeml/files.h"
-#include "import/streams.h"
+#include "import/audio_tracks.h"
+#include "import/effect_source.h"
 #include "import/track_items.h"
 #include "import/transitions.h"
-#include "project/synthetic_items.h"
 #include "platform/platform.h"
+#include "project/objects.h"
+#include "project/pixel_aspects.h"
+#include "core/host_properties.h"
+#include "xmeml/file_audio.h"
+#include "xmeml/flags.h"
+#include "xmeml/tracks.h"
 
 #include <algorithm>
+#include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 namespace XPJ {
 
 namespace {
 
 constexpr int kFirstVideoId = 1;
-constexpr int kMasterTrackId = 1;
 constexpr int kFirstAudioId = 2;
-
-struct TrackTypeName {
-    std::string_view name;
-    int type;
-};
-
-constexpr TrackTypeName kTrackTypeNames[] = {
-    {"Stereo", kStereoType},
-    {"5.1", kSurroundType},
-    {"SixteenChannel", kAdaptiveType},
-    {"Mono", kMonoType},
-};
 
 int NamedType(std::string_view name)
 {
-    for (const TrackTypeName& row : kTrackTypeNames)
-        if (name == row.name)
+    for (const ChannelTypeRow& row : ChannelTypes())
+        if (name == row.trackName)
             return row.type;
     return kStereoType;
 }
 
 // Type of a track in an audio hand-off: that of its first item, else by the number of channels.
-int HandoffType(const ImportState& state, ObjectHandle track)
+int HandoffType(const FileCatalog& files, ConstHandle track)
 {
-    const ObjectHandle file = FileOfItem(state, track.GetChild("clipitem"));
+    const FileElement file = FileOfItem(files, track.GetChild("clipitem"));
     const int kind = file ? AudioKindOfFile(file).kind : kUnknownChannels;
     if (kind != kUnknownChannels)
         return kind == kAdaptive ? kAdaptiveType : kind == kStereoPair ? kStereoType : kind;
@@ -62,21 +52,28 @@ int HandoffType(const ImportState& state, ObjectHandle track)
     }
 }
 
-void SetFlags(ObjectHandle track, ObjectHandle result)
+// ChannelType of an audio `track`.
+int TrackChannelType(const Import& import, ConstHandle track)
 {
-    const bool isOff = EqualsIgnoreCase(track.GetProperty("enabled"), "FALSE");
-    result.SetPropertyShared("IsLocked", IsTrue(track, "locked") ? "true" : "false");
-    result.SetPropertyShared("IsMuted", isOff ? "true" : "false");
+    if (import.options.sn2vlMode)
+        return HandoffType(import.files, track);
+    const std::string_view name = track.GetProperty("velaTrackType");
+    const bool isCancelled = name == "Mono" && IntProperty(track, "totalExplodedTrackCount") == 1;
+    if (!name.empty() && !isCancelled)
+        return NamedType(name);
+    return HasFlag(track, "monotrack") ? kMonoType : kStereoType;
 }
 
-void CopyTrackProperties(ObjectHandle track, ObjectHandle result)
+void CopyTrackProperties(ConstHandle track, ObjectHandle result)
 {
+    result.SetPropertyShared("IsLocked", BoolText(IsTrue(track, "locked")));
+    result.SetPropertyShared("IsMuted", BoolText(!IsEnabled(track)));
     for (const Name& key : TrackUIPropertyList())
         if (track.HasProperty(key))
             result.AddPropertyShared(key, track.GetProperty(key));
 }
 
-// Names of a hand-off's tracks are told apart by numbers.
+// Tracks of a hand-off that share a name are numbered.
 class TrackNames {
 public:
     std::string Take(std::string_view name)
@@ -93,182 +90,104 @@ private:
     std::unordered_map<std::string_view, int> lastNumbers_;
 };
 
-// Transitions count as positions, and find their neighbours once all items are there.
+EffectContext ContextOfLevel(const SequenceContext& sequence, const ItemPlace& place)
+{
+    return {.document = sequence.import.document,
+            .issues = sequence.import.issues,
+            .place = place,
+            .frameTicks = sequence.rates.edges,
+            .sampleTicks = sequence.rates.audio};
+}
+
+// Moves the fader of a project's track as the level filter of a `track` states.
+void ApplyTrackLevel(const TrackContext& context, ConstHandle track, ObjectHandle result)
+{
+    ItemPlace place = PlaceOfItem(context, track.GetProperty("name"), 0);
+    // Few tracks have a name; all have a number.
+    const std::string number =
+        GetMessage(Message::kAudioTrack, {IntToString(std::int64_t{context.index} + 1)});
+    if (place.clip.empty())
+        place.clip = number;
+    ApplyFaderLevel(ContextOfLevel(context.sequence, place), EffectSource::Of(track),
+                    result.GetChild("Components"));
+}
+
+// The same for the master track, whose level is stated by the `audio` of a sequence.
+void ApplyMasterLevel(const SequenceContext& context, ConstHandle audio, ObjectHandle masterTrack)
+{
+    const ItemPlace place = {.sequence = context.timecode.name,
+                             .clip = context.timecode.name, // the whole of it
+                             .time = context.timecode.TextOf(0)};
+    ApplyFaderLevel(ContextOfLevel(context, place), EffectSource::Of(audio),
+                    masterTrack.GetChild("Components"));
+}
+
+// Transitions find their neighbours once all items are there.
 template <typename Translator>
-void TranslateItems(const TrackContext& context, ObjectHandle track, ObjectHandle result,
+void TranslateItems(const TrackContext& context, ConstHandle track,
+                    const std::vector<ClipItem>& items, ObjectHandle result,
                     const Translator& translate)
 {
-    ImportState& state = context.sequence.state;
-    int position = 0;
-    for (const ObjectHandle& item : track.GetChildren()) {
-        if (!IsTrackItem(item))
-            continue;
-        ++position;
-        if (item.GetName() == "transitionitem")
-            continue;
+    const SequenceContext& sequence = context.sequence;
+    for (const ClipItem& item : items) {
         const ObjectHandle trackItem = translate(item);
         if (!trackItem)
             continue;
         result.AddChild("TrackItem", trackItem);
-        AddLinkRecord(
-            state, context.sequence.links, item,
-            KeyOfItem(item, context.type, context.sequence.number, context.number, position),
-            trackItem);
+        const LinkKey key = KeyOfItem(item, {.sequenceNumber = sequence.number,
+                                             .type = context.type,
+                                             .track = context.number,
+                                             .position = item.position});
+        sequence.import.links.Add(sequence.links, item, {key, trackItem});
     }
     TranslateTransitions(context, track, result);
 }
 
-ObjectHandle TranslateVideoTrack(const TrackContext& context, ObjectHandle track)
+ObjectHandle TranslateVideoTrack(const TrackContext& context, ConstHandle track)
 {
-    const ObjectHandle result =
-        MakeVideoTrack(context.sequence.state.document, context.index, context.id);
-    SetFlags(track, result);
+    const SequenceContext& sequence = context.sequence;
+    const ObjectHandle result = MakeVideoTrack(sequence.import.document, context.index, context.id);
     CopyTrackProperties(track, result);
-    TranslateItems(context, track, result,
-                   [&](ObjectHandle item) { return TranslateVideoItem(context, item); });
+    TranslateItems(context, track,
+                   sequence.items.video[static_cast<std::size_t>(context.number) - 1], result,
+                   [&](const ClipItem& item) { return TranslateVideoItem(context, item); });
     return result;
 }
 
-ObjectHandle TranslateAudioTrack(const TrackContext& context, ObjectHandle track)
+ObjectHandle TranslateAudioTrack(const TrackContext& context, ConstHandle track)
 {
-    const ImportState& state = context.sequence.state;
-    const int type = TrackChannelType(state, track);
-    const ObjectHandle result =
-        MakeAudioTrack(state.document, context.index, context.id,
-                       {.trackType = type,
-                        .groupType = context.sequence.groupType,
-                        .groupChannels = context.sequence.groupChannels,
-                        .sampleTicks = context.sequence.rates.audio,
-                        .outputChannel = IntProperty(track, "outputchannelindex", -1),
-                        .handoff = state.sn2vlMode});
-    SetFlags(track, result);
+    const SequenceContext& sequence = context.sequence;
+    const Import& import = sequence.import;
+    const int type = TrackChannelType(import, track);
+    const ObjectHandle result = MakeTrackWithFader(
+        import.document, {.index = context.index,
+                          .id = context.id,
+                          .panner = {.trackType = type,
+                                     .groupType = sequence.groupType,
+                                     .groupChannels = sequence.groupChannels,
+                                     .sampleTicks = sequence.rates.audio,
+                                     .outputChannel = IntProperty(track, "outputchannelindex", -1),
+                                     .handoff = import.options.sn2vlMode}});
     CopyTrackProperties(track, result);
     ApplyTrackLevel(context, track, result);
-    TranslateItems(context, track, result,
-                   [&](ObjectHandle item) { return TranslateAudioItem(context, item, type); });
+    TranslateItems(context, track,
+                   sequence.items.audio[static_cast<std::size_t>(context.number) - 1], result,
+                   [&](const ClipItem& item) { return TranslateAudioItem(context, item, type); });
     return result;
-}
-
-ObjectHandle MakeFader(Document& document, int channelType, int groupChannels, Ticks sampleTicks)
-{
-    const int channels = channelType == kAdaptiveType ? groupChannels : ChannelCountOf(channelType);
-    return MakeFaderChain(
-        document, {.channelType = channelType, .channels = channels, .sampleTicks = sampleTicks});
-}
-
-// An audio track with the numbers of the continuations that follow it.
-struct AudioTrackRange {
-    ObjectHandle track;
-    int number = 0;
-    int lastNumber = 0;
-};
-
-std::vector<AudioTrackRange> AudioTracksOf(ObjectHandle audio)
-{
-    std::vector<AudioTrackRange> ranges;
-    int number = 0;
-    for (const ObjectHandle& track : audio.GetChildren("track")) {
-        ++number;
-        if (!IsContinuationTrack(track))
-            ranges.push_back({track, number, number});
-        else if (!ranges.empty())
-            ranges.back().lastNumber = number;
-    }
-    return ranges;
 }
 
 } // namespace
 
-bool IsContinuationTrack(ObjectHandle track)
+ObjectHandle TranslateVideoTracks(SequenceContext& context, ConstHandle video)
 {
-    return HasValue(track, "velaTrackType") &&
-           track.GetProperty("currentExplodedTrackIndex") != "0";
-}
-
-int TrackChannelType(const ImportState& state, ObjectHandle track)
-{
-    if (state.sn2vlMode)
-        return HandoffType(state, track);
-    const std::string_view name = track.GetProperty("velaTrackType");
-    const bool isCancelled = name == "Mono" && IntProperty(track, "totalExplodedTrackCount") == 1;
-    if (!name.empty() && !isCancelled)
-        return NamedType(name);
-    return HasFlag(track, "monotrack") ? kMonoType : kStereoType;
-}
-
-ObjectHandle MakeVideoTrack(Document& document, int index, int id)
-{
-    const ObjectHandle track = document.NewObject("VideoClipTrack");
-    track.SetProperty("Index", IntToString(index));
-    track.SetProperty("ID", IntToString(id));
-    track.SetPropertyShared("IsLocked", "false");
-    track.SetPropertyShared("IsMuted", "false");
-    return track;
-}
-
-ObjectHandle MakeAudioTrack(Document& document, int index, int id, const PannerForm& panner)
-{
-    const ObjectHandle track = document.NewObject("AudioClipTrack");
-    track.SetProperty("Index", IntToString(index));
-    track.SetProperty("ID", IntToString(id));
-    track.SetProperty("ChannelType", IntToString(panner.trackType));
-    track.SetProperty("FrameRate", TickText(panner.sampleTicks));
-    track.SetPropertyShared("IsMuted", "false");
-    track.SetPropertyShared("IsLocked", "false");
-    track.SetProperty("AudioTrackID", NewGuidText());
-    track.SetPropertyShared("Assign", "1");
-    track.SetPropertyShared("NextPannerID", kNextPannerId);
-    track.AddChild("Components",
-                   MakeFader(document, panner.trackType, panner.groupChannels, panner.sampleTicks));
-    track.AddChild("Panner", MakeTrackPanner(document, panner));
-    return track;
-}
-
-AudioGroup MakeAudioGroup(Document& document, Ticks sampleTicks, int channels, int inletType)
-{
-    AudioGroup result{document.NewObject("AudioTrackGroup"), document.NewObject("AudioTrackInlet"),
-                      channels};
-    result.group.SetProperty("ID", NewGuidText());
-    result.group.SetPropertyShared("mediatype", MediaTypeText(MediaType::Audio));
-    result.group.SetProperty("FrameRate", TickText(sampleTicks));
-    result.group.SetProperty("NumAdaptiveChannels", IntToString(channels));
-    result.inlet.SetProperty("FrameRate", TickText(sampleTicks));
-    result.inlet.SetProperty("ChannelType", IntToString(inletType));
-    return result;
-}
-
-void AddAudioTrack(const AudioGroup& group, ObjectHandle track)
-{
-    group.group.AddChild("Track", track);
-    group.inlet.AddChild("Source", track);
-}
-
-void AddMasterTrack(Document& document, const AudioGroup& group, int trackCount, int groupType,
-                    Ticks sampleTicks)
-{
-    const ObjectHandle master = document.NewObject("AudioMixTrack");
-    master.SetProperty("Index", IntToString(trackCount));
-    master.SetProperty("ID", IntToString(kMasterTrackId));
-    master.SetProperty("AudioTrackID", NewGuidText());
-    master.SetProperty("ChannelType", IntToString(groupType));
-    master.SetProperty("FrameRate", TickText(sampleTicks));
-    master.SetPropertyShared("NextPannerID", kNextPannerId);
-    master.AddChild("Components", MakeFader(document, groupType, group.channels, sampleTicks));
-    master.AddChild("Panner", MakeDefaultPanner(document, groupType, groupType, sampleTicks));
-    master.AddChild("Inlet", group.inlet);
-    group.group.AddChild("MasterTrack", master);
-}
-
-ObjectHandle TranslateVideoTracks(SequenceContext& context, ObjectHandle video)
-{
-    Document& document = context.state.document;
+    Document& document = context.import.document;
     const ObjectHandle group =
-        MakeVideoGroup(document, context.rates.video, context.frameRect, context.aspect);
-    if (const ObjectHandle characteristics = CharacteristicsOf(context.sequence))
+        MakeVideoGroup(document, context.rates.video, context.frame.rect, context.frame.par);
+    if (const ConstHandle characteristics = CharacteristicsOf(context.sequence))
         group.SetProperty("FieldType", FieldTypeOf(characteristics.GetProperty("fielddominance")));
 
     TrackContext track{.sequence = context, .type = MediaType::Video, .id = kFirstVideoId};
-    for (const ObjectHandle& element : video.GetChildren("track")) {
+    for (const ConstHandle& element : video.GetChildren("track")) {
         track.number = track.lastNumber = track.index + 1;
         group.AddChild("Track", TranslateVideoTrack(track, element));
         ++track.index;
@@ -280,9 +199,9 @@ ObjectHandle TranslateVideoTracks(SequenceContext& context, ObjectHandle video)
     return group;
 }
 
-ObjectHandle TranslateAudioTracks(SequenceContext& context, ObjectHandle audio, int outputs)
+ObjectHandle TranslateAudioTracks(SequenceContext& context, ConstHandle audio, int outputs)
 {
-    Document& document = context.state.document;
+    Document& document = context.import.document;
     const Ticks sampleTicks = context.rates.audio;
     context.groupChannels = context.groupType == kAdaptiveType
                                 ? std::min(outputs, kMaxAdaptiveChannels)
@@ -294,15 +213,17 @@ ObjectHandle TranslateAudioTracks(SequenceContext& context, ObjectHandle audio, 
         track.number = range.number;
         track.lastNumber = range.lastNumber;
         const ObjectHandle result = TranslateAudioTrack(track, range.track);
-        if (context.state.sn2vlMode)
+        if (context.import.options.sn2vlMode)
             result.SetProperty("MZ.TrackName", names.Take(range.track.GetProperty("name")));
         AddAudioTrack(group, result);
         ++track.index;
         ++track.id;
     }
     if (track.index == 0) {
-        const PannerForm panner{.groupType = context.groupType, .sampleTicks = sampleTicks};
-        AddAudioTrack(group, MakeAudioTrack(document, track.index, track.id++, panner));
+        const PannerFields panner{.groupType = context.groupType, .sampleTicks = sampleTicks};
+        AddAudioTrack(
+            group, MakeTrackWithFader(document,
+                                      {.index = track.index, .id = track.id++, .panner = panner}));
         ++track.index;
     }
     group.group.SetProperty("NextTrackID", IntToString(track.id));

@@ -3,7 +3,6 @@
 #include "inspect/compare_items.h"
 #include "inspect/compare_parts.h"
 #include "inspect/difference_list.h"
-#include "xmeml/item_times.h"
 #include "inspect/matching.h"
 
 #include <utility>

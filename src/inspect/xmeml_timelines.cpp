@@ -2,24 +2,24 @@
 #include "core/frame_rate.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "xmeml/cut_points.h"
-#include "xmeml/formats.h"
-#include "import/generators.h"
-#include "import/import_state.h"
-#include "xmeml/item_times.h"
-#include "import/links.h"
-#include "xmeml/files.h"
-#include "import/multiclips.h"
-#include "import/sequences.h"
-#include "xmeml/speed.h"
-#include "import/tracks.h"
+#include "effects/effect_context.h"
+#include "import/effect_source.h"
 #include "inspect/effect_names.h"
 #include "inspect/link_groups.h"
 #include "inspect/node_numbers.h"
 #include "inspect/read_timelines.h"
 #include "inspect/titles.h"
 #include "inspect/xmeml_effects.h"
+#include "project/time_display.h"
 #include "tree/reading.h"
+#include "xmeml/cut_points.h"
+#include "xmeml/files.h"
+#include "xmeml/formats.h"
+#include "xmeml/links.h"
+#include "xmeml/multiclips.h"
+#include "xmeml/sequences.h"
+#include "xmeml/speed.h"
+#include "xmeml/tracks.h"
 
 #include <algorithm>
 #include <map>
@@ -29,18 +29,18 @@ namespace XPJ::Inspection {
 
 namespace {
 
-std::string TextOf(ObjectHandle node, Name key)
+std::string TextOf(ConstHandle node, Name key)
 {
     return UnescapeXML(node.GetProperty(key));
 }
 
-std::string LabelOf(ObjectHandle node)
+std::string LabelOf(ConstHandle node)
 {
     return TextOf(node.GetChild("labels"), "label2");
 }
 
 // Documents of the audio hand-off count in ticks, and show the frames of the timecode.
-Ticks ShownFrame(Ticks frameTicks, ObjectHandle timecode)
+Ticks ShownFrame(Ticks frameTicks, ConstHandle timecode)
 {
     if (frameTicks != 1)
         return frameTicks;
@@ -48,7 +48,7 @@ Ticks ShownFrame(Ticks frameTicks, ObjectHandle timecode)
     return shown < 2 ? kNtscFrameTicks : shown;
 }
 
-TimecodeFormat FormatOf(Ticks unit, ObjectHandle timecode)
+TimecodeFormat FormatOf(Ticks unit, ConstHandle timecode)
 {
     const Ticks frameTicks = ShownFrame(unit, timecode);
     if (frameTicks <= 0)
@@ -58,7 +58,7 @@ TimecodeFormat FormatOf(Ticks unit, ObjectHandle timecode)
 }
 
 // Of the first frame: a count in the timecode's own rate, else in that of what it belongs to.
-Ticks StartOf(ObjectHandle timecode, Ticks frameTicks)
+Ticks StartOf(ConstHandle timecode, Ticks frameTicks)
 {
     const Ticks own = TicksOfRate(timecode.GetChild("rate"));
     return MultiplyTicks(Int64Property(timecode, "frame"), own > 0 ? own : frameTicks);
@@ -72,15 +72,15 @@ Ticks StartOfSequence(ObjectHandle timecode, Ticks frameTicks)
                            : MultiplyTicks(Int64Property(timecode, "frame"), frameTicks);
 }
 
-std::vector<Marker> ReadMarkers(ObjectHandle element, Ticks frameTicks)
+std::vector<Marker> ReadMarkers(ConstHandle element, Ticks frameTicks)
 {
     std::vector<Marker> markers;
-    for (const ObjectHandle& node : element.GetChildren("marker")) {
+    for (const ConstHandle& node : element.GetChildren("marker")) {
         const Frames in = Int64Property(node, "in");
         const Frames out = HasValue(node, "out") ? Int64Property(node, "out") : kNotStated;
         markers.push_back(
             {.start = MultiplyTicks(in, frameTicks),
-             .duration = out == kNotStated ? 0 : MultiplyTicks(Minus(out, in), frameTicks),
+             .duration = out == kNotStated ? 0 : MultiplyTicks(SubtractTicks(out, in), frameTicks),
              .name = TextOf(node, "name"),
              .comment = TextOf(node, "comment")});
     }
@@ -96,10 +96,8 @@ struct ReadItem {
 
 class XmemlTimelines {
 public:
-    XmemlTimelines(std::string_view folder, bool isHandOff)
+    XmemlTimelines(std::string_view folder, bool isHandOff) : folder_(folder), isHandOff_(isHandOff)
     {
-        state_.sn2vlMode = isHandOff;
-        state_.documentDirectory = folder;
         project_.family = Family::Xmeml;
     }
 
@@ -129,7 +127,7 @@ private:
             if (!seen.Insert(node))
                 continue;
             if (node.GetName() == "file" && HasValue(node, "id") && node.HasChildren())
-                state_.files.emplace(node.GetProperty("id"), node);
+                files_.Add(FileElement(node));
             for (const ObjectHandle& child : node.GetChildren())
                 waiting.push_back(child);
         }
@@ -155,7 +153,7 @@ private:
                 AddEntries(children, {}, depth + 1);
         } else if (node.GetName() == "clip" && node.HasChildren()) {
             entry.kind = EntryKind::Clip;
-            entry.mediaFile = MediaFileOf(FirstFileOf(state_, node));
+            entry.mediaFile = MediaFileOf(FirstFileOf(files_, node));
             entry.markers = ReadMarkers(node, RatesOfItem(node, kNtscFrameTicks).item);
             project_.entries.push_back(std::move(entry));
         } else if (node.GetName() == "sequence" && node.HasChildren()) {
@@ -165,33 +163,32 @@ private:
         }
     }
 
-    std::size_t MediaFileOf(ObjectHandle file)
+    std::size_t MediaFileOf(FileElement file)
     {
         if (!file)
             return kNothing;
         const auto [entry, isNew] = media_.emplace(file.UniqueId(), project_.mediaFiles.size());
         if (isNew) {
-            const ObjectHandle timecode = file.GetChild("timecode");
+            const ConstHandle timecode = file.GetChild("timecode");
             const TimecodeFormat format = FormatOf(TicksOfRate(file.GetChild("rate")), timecode);
-            project_.mediaFiles.push_back({.name = UnescapeXML(TitleOfFile(file)),
-                                           .path = UnescapeXML(PathOfFile(state_, file)),
-                                           .format = format,
-                                           .start = StartOf(timecode, format.ticks)});
+            project_.mediaFiles.push_back({.name = UnescapeXML(file.Title()),
+                                      .path = UnescapeXML(PathOfFile(file, folder_)),
+                                      .format = format,
+                                      .start = StartOf(timecode, format.ticks)});
         }
         return entry->second;
     }
 
     Sequence ReadSequence(ObjectHandle node)
     {
-        const SequenceRates rates = RatesOfSequence(state_, node);
+        const SequenceRates rates = RatesOfSequence(node, isHandOff_);
         const Ticks unit = rates.edges > 0 ? rates.edges : kNtscFrameTicks;
-        NormaliseSequence(node, unit);
-        const FrameFormat frame = FrameOfOwner(node);
+        const TimecodeFormatat frame = FrameOfOwner(node);
         titleFrame_ = ParseFrameSize(frame.rect, frame.par);
         Sequence sequence{.name = TextOf(node, "name"),
                           .format = FormatOf(unit, node.GetChild("timecode")),
                           .start = StartOfSequence(node.GetChild("timecode"), unit)};
-        const ObjectHandle characteristics = CharacteristicsOf(node);
+        const ConstHandle characteristics = CharacteristicsOf(node);
         sequence.width = IntProperty(characteristics, "width");
         sequence.height = IntProperty(characteristics, "height");
         const Ticks own = TicksOfRate(node.GetChild("rate"));
@@ -250,36 +247,39 @@ private:
     std::vector<ReadItem> ReadTrack(ObjectHandle node, MediaType type, int number, Ticks unit,
                                     Track& track)
     {
+        const std::vector<ClipItem> clipItems = ItemsOfTrack(node, unit);
         track.name =
             TextOf(node, node.HasProperty("MZ.TrackName") ? Name("MZ.TrackName") : Name("name"));
         track.enabled = !EqualsIgnoreCase(node.GetProperty("enabled"), "FALSE");
         track.locked = IsTrue(node, "locked");
         std::vector<ReadItem> items;
-        int position = 0;
+        auto clipItem = clipItems.begin();
         for (const ObjectHandle& child : node.GetChildren()) {
             if (!IsTrackItem(child))
                 continue;
-            ++position;
-            if (child.GetName() == "transitionitem")
+            if (child.GetName() == "transitionitem") {
                 track.transitions.push_back(ReadXmemlTransition(child, unit));
-            else
-                items.push_back({MakeItem(child, type, unit), child,
-                                 KeyOfItem(child, type, 0, number, position)});
+                continue;
+            }
+            const LinkKey key{.type = type, .track = number, .position = clipItem->position};
+            items.push_back({MakeItem(child, *clipItem, type, unit), child, KeyOfItem(child, key)});
+            ++clipItem;
         }
         std::ranges::stable_sort(items, {}, [](const ReadItem& read) { return read.item.start; });
         std::ranges::stable_sort(track.transitions, {}, &Transition::start);
         return items;
     }
 
-    Item MakeItem(ObjectHandle node, MediaType type, Ticks unit)
+    Item MakeItem(ObjectHandle node, const ClipItem& clipItem, MediaType type, Ticks unit)
     {
         const ItemRates rates = RatesOfItem(node, unit);
-        const ObjectHandle file = FileOfItem(state_, node);
-        const ItemTimes times = node.GetName() == "generatoritem"
-                                    ? TimesOfGenerator(node, rates, Int64Property(file, "duration"))
-                                    : TimesOfClip(node, rates);
+        const FileElement file = FileOfItem(files_, node);
+        const ItemTimes times =
+            node.GetName() == "generatoritem"
+                ? TimesOfGenerator(clipItem, rates, Int64Property(file, "duration"))
+                : TimesOfClip(clipItem, rates);
         const ItemSpeed speed = SpeedOfItem(node);
-        Item item{.name = TextOf(HasValue(node, "name") ? node : file, "name"),
+        Item item{.name = HasValue(node, "name") ? TextOf(node, "name") : TextOf(file, "name"),
                   .start = MultiplyTicks(times.start, unit),
                   .end = MultiplyTicks(times.end, unit),
                   .speed = speed.speed,
@@ -290,7 +290,7 @@ private:
                   .compositeMode = PlainForm(node.GetProperty("compositemode")),
                   .label = LabelOf(node),
                   .sourceFormat = FormatOf(rates.item, file.GetChild("timecode"))};
-        SetRange(node, type, times, rates, item);
+        SetRange(clipItem, type, times, rates, item);
         if (type == MediaType::Audio)
             item.channel = IntProperty(node.GetChild("sourcetrack"), "trackindex");
         SetSource(node, file, item);
@@ -303,25 +303,24 @@ private:
 
     // Points count in played frames; audio may state them exactly. Video without an out point ends
     // with the item.
-    static void SetRange(ObjectHandle node, MediaType type, const ItemTimes& times,
+    static void SetRange(const ClipItem& node, MediaType type, const ItemTimes& times,
                          const ItemRates& rates, Item& item)
     {
         const bool isAudio = type == MediaType::Audio;
         const Frames delay = isAudio ? Int64Property(node, "mediadelay") : 0;
-        const auto pointOf = [&](Name exactKey, Frames frames) {
-            const bool isExact =
-                isAudio && HasValue(node, exactKey) && Int64Property(node, exactKey) != kNotStated;
-            return isExact ? Int64Property(node, exactKey)
-                           : ScaledTicks(AddTicks(frames, delay), rates.item, item.speed);
+        const auto pointOf = [&](const StatedTime& exact, Frames frames) {
+            return isAudio && exact.IsStated()
+                       ? exact.value
+                       : ScaledTicks(AddTicks(frames, delay), rates.item, item.speed);
         };
-        item.in = std::max<Ticks>(pointOf("velaTicksIn", times.in), 0);
-        const Frames length = rates.ToItem(Minus(times.end, times.start));
+        item.in = std::max<Ticks>(pointOf(node.times.exactIn, times.in), 0);
+        const Frames length = rates.ToItem(SubtractTicks(times.end, times.start));
         item.out = !isAudio && times.out < 0
                        ? AddTicks(item.in, ScaledTicks(length, rates.item, item.speed))
-                       : pointOf("velaTicksOut", times.out);
+                       : pointOf(node.times.exactOut, times.out);
     }
 
-    void SetSource(ObjectHandle node, ObjectHandle file, Item& item)
+    void SetSource(ObjectHandle node, FileElement file, Item& item)
     {
         const ObjectHandle multiclip = node.GetChild("multiclip");
         if (multiclip && !IsCollapsed(multiclip)) {
@@ -330,7 +329,7 @@ private:
             return;
         }
         if (multiclip)
-            file = FirstFileOf(state_, ActiveClip(state_, multiclip));
+            file = FirstFileOf(files_, FindActiveAngle(multiclip).clip);
         if (file) {
             item.mediaFile = MediaFileOf(file);
             item.source = SourceKind::MediaFile;
@@ -354,7 +353,7 @@ private:
     }
 
     // A graphic's text is a filter of the item or of its file.
-    std::size_t TitleOf(ObjectHandle node, ObjectHandle file)
+    std::size_t TitleOf(ObjectHandle node, FileElement file)
     {
         if (node.GetName() == "generatoritem")
             return AddTitle(TextsOfGenerator(node, titleFrame_));
@@ -363,14 +362,13 @@ private:
             return own;
         const auto [entry, isNew] = titles_.emplace(file.UniqueId(), kNothing);
         if (isNew)
-            entry->second = AddTitle(TextsOfFilters(file));
+            entry->second = AddTitle(TextsOfFilters(EffectSource::Of(file)));
         return entry->second;
     }
 
-    Document scratch_;
-    SilentProgress progress_;
-    IssueSet issues_;
-    ImportState state_{scratch_, progress_, issues_}; // for the rules of the import
+    std::string_view folder_; // base of relative paths
+    bool isHandOff_;
+    FileCatalog files_;
     Project project_;
     NodeNumbers<ObjectHandle> sequences_;
     FrameSize titleFrame_;                                  // of the sequence at hand

@@ -14,8 +14,9 @@ struct KindRow {
 };
 
 constexpr KindRow kKindRows[] = {
-    {kMono, 1, 1, 0},       {kStereo, 2, 2, 1},   {kSurround51, 6, 6, 2},
-    {kStereoPair, 2, 1, 0}, {kAdaptive, 0, 1, 0}, // as many channels as stated
+    {kMono, 1, 1, kMonoType},           {kStereo, 2, 2, kStereoType},
+    {kSurround51, 6, 6, kSurroundType}, {kStereoPair, 2, 1, kMonoType},
+    {kAdaptive, 0, 1, kMonoType}, // as many channels as stated
 };
 
 const KindRow* RowOf(int kind)
@@ -26,34 +27,34 @@ const KindRow* RowOf(int kind)
     return nullptr;
 }
 
-struct ChannelPlace {
+struct ChannelPosition {
     int clip;
     int channel; // within the clip
 };
 
-ChannelPlace PlaceOf(const ChannelLayout& layout, int channel)
+ChannelPosition PositionOf(const ChannelGroups& fields, int channel)
 {
-    switch (layout.kind) {
+    switch (fields.kind) {
     case kStereo:
     case kStereoPair:
         return {channel / 2, channel % 2};
     case kMono:
-        return layout.isOneClip ? ChannelPlace{0, channel} : ChannelPlace{channel, 0};
+        return fields.isOneClip ? ChannelPosition{0, channel} : ChannelPosition{channel, 0};
     default:
         return {0, channel};
     }
 }
 
-ObjectHandle MakeGroup(Document& document, const ChannelLayout& layout, const KindRow& row,
+ObjectHandle MakeGroup(Document& document, const ChannelGroups& fields, const KindRow& row,
                        int first)
 {
     const ObjectHandle group = document.NewObject("ClipChannelVectorSerializer");
     group.SetProperty("ChannelType", IntToString(row.channelType));
     for (int channel = first; channel < first + row.groupSize; ++channel) {
-        const ChannelPlace place = PlaceOf(layout, channel);
+        const ChannelPosition position = PositionOf(fields, channel);
         const ObjectHandle item = document.NewObject("ClipChannelSerializer");
-        item.SetProperty("SourceClipIndex", IntToString(place.clip));
-        item.SetProperty("mSourceChannelIndex", IntToString(place.channel));
+        item.SetProperty("SourceClipIndex", IntToString(position.clip));
+        item.SetProperty("mSourceChannelIndex", IntToString(position.channel));
         group.AddChild("ClipChannelItem", item);
     }
     return group;
@@ -61,24 +62,24 @@ ObjectHandle MakeGroup(Document& document, const ChannelLayout& layout, const Ki
 
 } // namespace
 
-int ChannelsOfClip(const AudioKind& sound, bool isWide)
+int ChannelsOfClip(const AudioKind& audio, bool isWide)
 {
-    if (sound.kind == kAdaptive)
-        return isWide ? kWideChannels : sound.channels;
-    const KindRow* const row = RowOf(sound.kind);
+    if (audio.kind == kAdaptive)
+        return isWide ? kMaxAdaptiveChannels : audio.channels;
+    const KindRow* const row = RowOf(audio.kind);
     return row ? row->channelsOfClip : 0;
 }
 
-ObjectHandle MakeChannelGroups(Document& document, const ChannelLayout& layout)
+ObjectHandle MakeChannelGroups(Document& document, const ChannelGroups& fields)
 {
     const ObjectHandle groups = document.NewObject("ClipChannelGroupVectorSerializer");
-    const KindRow* const row = RowOf(layout.kind);
+    const KindRow* const row = RowOf(fields.kind);
     if (!row)
         return groups;
-    // Surround sound is shown by its first clip alone.
-    const int count = layout.kind == kSurround51 ? row->groupSize : layout.channels;
+    // Surround audio is shown by its first clip alone.
+    const int count = fields.kind == kSurround51 ? row->groupSize : fields.channels;
     for (int first = 0; first < count; first += row->groupSize)
-        groups.AddChild("ClipChannelVectorItem", MakeGroup(document, layout, *row, first));
+        groups.AddChild("ClipChannelVectorItem", MakeGroup(document, fields, *row, first));
     return groups;
 }
 

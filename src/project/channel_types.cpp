@@ -1,40 +1,63 @@
 #include "project/channel_types.h"
 
+#include <algorithm>
+
 namespace XPJ {
 
 namespace {
 
-constexpr ChannelTypeRow kRows[] = {
+constexpr ChannelTypeRow kChannelTypes[] = {
     {kMonoType, 1, "Mono", "mono"},
     {kStereoType, 2, "Stereo", "stereo"},
     {kSurroundType, 6, "5.1", "5.1"},
-    {kAdaptiveType, 32, "SixteenChannel", "adaptive"},
+    {kAdaptiveType, kMaxAdaptiveChannels, "SixteenChannel", "adaptive"},
 };
+
+void AppendLabels(std::string_view label, int count, std::string& list)
+{
+    for (int i = 0; i < count; ++i)
+        list.append(list.empty() ? "" : ",").append("{\"channellabel\":").append(label).append("}");
+}
 
 } // namespace
 
+std::span<const ChannelTypeRow> ChannelTypes()
+{
+    return kChannelTypes;
+}
+
 const ChannelTypeRow& ChannelTypeOf(int type)
 {
-    for (const ChannelTypeRow& row : kRows)
-        if (row.type == type)
-            return row;
-    return kRows[kMonoType];
+    const bool isKnown = type >= kMonoType && type <= kAdaptiveType;
+    return kChannelTypes[isKnown ? type : kMonoType];
 }
 
 const ChannelTypeRow* FindTrackType(std::string_view trackName)
 {
-    for (const ChannelTypeRow& row : kRows)
+    for (const ChannelTypeRow& row : kChannelTypes)
         if (row.trackName == trackName)
             return &row;
     return nullptr;
 }
 
-const ChannelTypeRow* FindItemType(std::string_view itemName)
+int ChannelCountOf(int channelType)
 {
-    for (const ChannelTypeRow& row : kRows)
-        if (row.itemName == itemName)
-            return &row;
-    return nullptr;
+    return kChannelTypes[std::clamp<int>(channelType, kMonoType, kAdaptiveType)].channels;
+}
+
+std::string ChannelLayoutText(int kind, int channels)
+{
+    std::string list;
+    const bool isPair = kind == kStereo || kind == kStereoPair;
+    if (isPair || (kind != kSurround51 && channels == 2))
+        for (const char* label : {"100", "101"})
+            AppendLabels(label, 1, list);
+    else if (kind == kSurround51)
+        for (const char* label : {"100", "101", "104", "105", "102", "103"})
+            AppendLabels(label, 1, list);
+    else
+        AppendLabels("0", channels, list);
+    return "{\"SerializerWrappedObject\":[" + list + "]}";
 }
 
 } // namespace XPJ

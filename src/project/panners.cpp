@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::string_view kPannerId = "4294967040";
 constexpr int kTypes = 4;
-constexpr int kChannelCounts[kTypes] = {1, 2, 6, kMaxAdaptiveChannels};
 
 // clang-format off
 constexpr Name kPannerClasses[kTypes][kTypes] = { // track type down, group type across
@@ -32,11 +31,11 @@ int Index(int channelType)
 }
 
 // A mono track in a mono group can be panned all the same, but not in a hand-off document.
-Name PannerClassOf(const PannerForm& form)
+Name PannerClassOf(const PannerFields& fields)
 {
-    if (form.trackType == kMonoType && form.groupType == kMonoType && !form.handoff)
+    if (fields.trackType == kMonoType && fields.groupType == kMonoType && !fields.handoff)
         return "MonoToStereoPanProcessor";
-    return kPannerClasses[Index(form.trackType)][Index(form.groupType)];
+    return kPannerClasses[Index(fields.trackType)][Index(fields.groupType)];
 }
 
 ObjectHandle MakePanner(Document& document, Name className, Ticks sampleTicks)
@@ -60,18 +59,18 @@ void AddAdaptiveTypes(int groupType, ObjectHandle panner)
     panner.SetProperty("NumChannels", IntToString(kMaxAdaptiveChannels));
     panner.SetProperty("OutputChannelType", IntToString(groupType));
     const bool isFixed = groupType >= kMonoType && groupType <= kSurroundType;
-    panner.SetProperty("NumOutputChannels", isFixed ? IntToString(kChannelCounts[groupType]) : "0");
+    panner.SetProperty("NumOutputChannels", isFixed ? IntToString(ChannelCountOf(groupType)) : "0");
 }
 
 // Channels are assigned in pairs: the left one of the pair that the track is sent to.
-void AddMatrix(const PannerForm& form, ObjectHandle panner)
+void AddMatrix(const PannerFields& fields, ObjectHandle panner)
 {
-    const int channel = std::max(form.outputChannel, 1) - 1;
+    const int channel = std::max(fields.outputChannel, 1) - 1;
     const std::string left = IntToString(channel - channel % 2);
-    if (form.trackType == kMonoType) {
+    if (fields.trackType == kMonoType) {
         panner.SetProperty("Matrix", "{\"SerializerWrappedObject\":[[0,[" + left + "]]]}");
         panner.SetProperty("AssignedChannel0", left);
-    } else if (form.trackType == kStereoType) {
+    } else if (fields.trackType == kStereoType) {
         const std::string right = IntToString(channel - channel % 2 + 1);
         panner.SetProperty("Matrix", "{\"SerializerWrappedObject\":[[0,[" + left + "]],[1,[" +
                                          right + "]]]}");
@@ -80,21 +79,16 @@ void AddMatrix(const PannerForm& form, ObjectHandle panner)
 
 } // namespace
 
-int ChannelCountOf(int channelType)
+ObjectHandle MakeTrackPanner(Document& document, const PannerFields& fields)
 {
-    return kChannelCounts[Index(channelType)];
-}
-
-ObjectHandle MakeTrackPanner(Document& document, const PannerForm& form)
-{
-    const Name className = PannerClassOf(form);
-    const ObjectHandle panner = MakePanner(document, className, form.sampleTicks);
+    const Name className = PannerClassOf(fields);
+    const ObjectHandle panner = MakePanner(document, className, fields.sampleTicks);
     if (className == "DefaultPanProcessor")
-        AddDefaultTypes(form.trackType, form.groupType, panner);
-    else if (form.trackType == kAdaptiveType)
-        AddAdaptiveTypes(form.groupType, panner);
-    else if (form.groupType == kAdaptiveType)
-        AddMatrix(form, panner);
+        AddDefaultTypes(fields.trackType, fields.groupType, panner);
+    else if (fields.trackType == kAdaptiveType)
+        AddAdaptiveTypes(fields.groupType, panner);
+    else if (fields.groupType == kAdaptiveType)
+        AddMatrix(fields, panner);
     return panner;
 }
 

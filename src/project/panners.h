@@ -2,25 +2,17 @@
 #pragma once
 
 #include "core/ticks.h"
+#include "project/channel_types.h"
 #include "tree/object.h"
 
 #include <string_view>
 
 namespace XPJ {
 
-// Channels of a track, an item or an audio track group. The numbers are part of the format.
-enum ChannelType : int { kMonoType = 0, kStereoType = 1, kSurroundType = 2, kAdaptiveType = 3 };
-
-// The most channels that an adaptive type may have.
-constexpr int kMaxAdaptiveChannels = 32;
-
-// The most channels that a track or an item of a type may have.
-int ChannelCountOf(int channelType);
-
 // `NextPannerID` of whatever has one panner.
 constexpr std::string_view kNextPannerId = "4294967279";
 
-struct PannerForm {
+struct PannerFields {
     int trackType = kStereoType;
     int groupType = kStereoType;
     int groupChannels = 2; // `NumAdaptiveChannels` of the group
@@ -29,13 +21,13 @@ struct PannerForm {
     bool handoff = false;   // the document is an audio hand-off
 };
 
-// The panner of an audio track, at rest.
-ObjectHandle MakeTrackPanner(Document& document, const PannerForm& form);
+// The neutral panner of an audio track.
+ObjectHandle MakeTrackPanner(Document& document, const PannerFields& fields);
 
 // The panner of a mono item on a stereo track, with its `pan` parameter; null without one.
 ObjectHandle MakeItemPanner(Document& document, ObjectHandle pan, Ticks sampleTicks);
 
-// The panner that changes nothing, from one channel type to another.
+// The neutral panner from one channel type to another.
 ObjectHandle MakeDefaultPanner(Document& document, int inputType, int outputType,
                                Ticks sampleTicks);
 

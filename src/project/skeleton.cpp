@@ -1,5 +1,7 @@
 #include "project/skeleton.h"
 
+#include "project/frame_format.h"
+
 #include <span>
 
 namespace XPJ {
@@ -36,8 +38,8 @@ constexpr Setting kProjectSettings[] = {
 
 constexpr Setting kVideoSettings[] = {
     {"FrameRate",        "8475667200"}, // ticks of an NTSC frame
-    {"FrameSize",        "0,0,720,480"},
-    {"PixelAspectRatio", "10,11"},
+    {"FrameSize",        kDefaultFrameRect},
+    {"PixelAspectRatio", kDefaultPixelAspect},
     {"MaximumBitDepth",  "false"},
 };
 

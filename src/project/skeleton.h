@@ -1,5 +1,5 @@
-// The settings objects that every imported project starts with. The host wants them complete; none
-// follows from the input.
+// The settings objects that every new project starts with. The host requires all of them; none
+// depends on the input.
 #pragma once
 
 #include "tree/object.h"

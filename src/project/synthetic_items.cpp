@@ -1,31 +1,24 @@
 #include "project/synthetic_items.h"
 
+#include "core/media_type.h"
 #include "core/numbers.h"
-#include "xmeml/item_times.h"
-#include "project/panners.h"
 #include "platform/platform.h"
+#include "project/panners.h"
 
 namespace XPJ {
 
 namespace {
 
-// The clip's id stands on the master too, where the host looks for it.
-ObjectHandle MakeSubClip(Document& document, const WholeItem& item)
+ObjectHandle MakeWholeSubClip(Document& document, const SyntheticItem& item)
 {
-    const ObjectHandle childId = document.NewObject("ChildClipIDSerializer");
-    childId.SetPropertyShared("ID", item.clip.GetProperty("ClipID"));
-    const ObjectHandle subClip = document.NewObject("SubClip");
-    subClip.SetProperty("Name", item.name);
-    subClip.AddChild("Clip", item.clip);
-    subClip.AddChild("MasterClip", item.master);
-    subClip.AddChild("ChildClipID", childId);
-    item.master.AddChild("ChildClipID", childId);
+    const SubClipParts parts = MakeSubClip(document, item.name, item.clip, item.master);
+    item.master.AddChild("ChildClipID", parts.clipId);
     item.clip.AddPropertyShared("InPoint", "0");
-    item.clip.AddProperty("OutPoint", TickText(Minus(item.end, item.start)));
-    return subClip;
+    item.clip.AddProperty("OutPoint", TickText(SubtractTicks(item.end, item.start)));
+    return parts.subClip;
 }
 
-void FillItem(Document& document, const WholeItem& item, MediaType type, ObjectHandle trackItem)
+void FillItem(Document& document, const SyntheticItem& item, MediaType type, ObjectHandle trackItem)
 {
     trackItem.SetPropertyShared("MediaType", MediaTypeText(type));
     trackItem.SetProperty("TrackIndex", IntToString(item.trackIndex));
@@ -33,13 +26,13 @@ void FillItem(Document& document, const WholeItem& item, MediaType type, ObjectH
     trackItem.SetProperty("Start", TickText(item.start));
     trackItem.SetProperty("End", TickText(item.end));
     trackItem.SetPropertyShared("LinkRefCount", "0");
-    trackItem.AddChild("SubClip", MakeSubClip(document, item));
+    trackItem.AddChild("SubClip", MakeWholeSubClip(document, item));
 }
 
 } // namespace
 
-ObjectHandle MakeWholeVideoItem(Document& document, const WholeItem& item,
-                                std::string_view frameRect, std::string_view aspect)
+ObjectHandle MakeSyntheticVideoItem(Document& document, const SyntheticItem& item,
+                                    std::string_view frameRect, std::string_view aspect)
 {
     const ObjectHandle result = document.NewObject("VideoClipTrackItem");
     FillItem(document, item, MediaType::Video, result);
@@ -49,7 +42,8 @@ ObjectHandle MakeWholeVideoItem(Document& document, const WholeItem& item,
     return result;
 }
 
-ObjectHandle MakeWholeAudioItem(Document& document, const WholeItem& item, Ticks sampleTicks)
+ObjectHandle MakeSyntheticAudioItem(Document& document, const SyntheticItem& item,
+                                    Ticks sampleTicks)
 {
     const ObjectHandle result = document.NewObject("AudioClipTrackItem");
     FillItem(document, item, MediaType::Audio, result);
@@ -80,15 +74,17 @@ ObjectHandle MakeEmptyAudioChain(Document& document, int channelType, std::strin
     return chain;
 }
 
-ObjectHandle MakeVideoGroup(Document& document, Ticks frameTicks, std::string_view frameRect,
-                            std::string_view aspect)
+SubClipParts MakeSubClip(Document& document, std::string_view name, ObjectHandle clip,
+                         ObjectHandle master)
 {
-    const ObjectHandle group = document.NewObject("VideoTrackGroup");
-    group.SetPropertyShared("mediatype", MediaTypeText(MediaType::Video));
-    group.SetProperty("FrameRate", TickText(frameTicks));
-    group.SetProperty("FrameRect", frameRect);
-    group.SetProperty("PixelAspectRatio", aspect);
-    return group;
+    const SubClipParts parts{document.NewObject("SubClip"),
+                             document.NewObject("ChildClipIDSerializer")};
+    parts.clipId.SetPropertyShared("ID", clip.GetProperty("ClipID"));
+    parts.subClip.SetProperty("Name", name);
+    parts.subClip.AddChild("Clip", clip);
+    parts.subClip.AddChild("MasterClip", master);
+    parts.subClip.AddChild("ChildClipID", parts.clipId);
+    return parts;
 }
 
 } // namespace XPJ

@@ -1,8 +1,7 @@
-// Track items that no item of a document stands behind: black, the angles of a multiclip, the parts
-// of a merged clip. Each shows the whole of its clip, without effects.
+// Track items without an item of a document: black, the angles of a multiclip, the parts of a
+// merged clip. Each shows the whole of its clip, without effects.
 #pragma once
 
-#include "core/media_type.h"
 #include "core/ticks.h"
 #include "tree/object.h"
 
@@ -10,27 +9,32 @@
 
 namespace XPJ {
 
-struct WholeItem {
+struct SyntheticItem {
     std::string_view name = {};
     ObjectHandle clip = {}; // VideoClip or AudioClip
     ObjectHandle master = {};
     int trackIndex = 0; // from 0
     Ticks start = 0;
     Ticks end = 0;
-    int channelType = 0; // of sound
+    int channelType = 0; // of audio
 };
 
-ObjectHandle MakeWholeVideoItem(Document& document, const WholeItem& item,
-                                std::string_view frameRect, std::string_view aspect);
-// With a panner that changes nothing. Ticks a sample.
-ObjectHandle MakeWholeAudioItem(Document& document, const WholeItem& item, Ticks sampleTicks);
+ObjectHandle MakeSyntheticVideoItem(Document& document, const SyntheticItem& item,
+                                    std::string_view frameRect, std::string_view aspect);
+// With a neutral panner. Ticks a sample.
+ObjectHandle MakeSyntheticAudioItem(Document& document, const SyntheticItem& item,
+                                    Ticks sampleTicks);
 
 // Effect chains without effects.
 ObjectHandle MakeEmptyVideoChain(Document& document);
 ObjectHandle MakeEmptyAudioChain(Document& document, int channelType, std::string_view frameRate);
 
-// A VideoTrackGroup without tracks.
-ObjectHandle MakeVideoGroup(Document& document, Ticks frameTicks, std::string_view frameRect,
-                            std::string_view aspect);
+// A SubClip of a master, named, with the id of its clip; the id belongs to the master as well.
+struct SubClipParts {
+    ObjectHandle subClip;
+    ObjectHandle clipId;
+};
+SubClipParts MakeSubClip(Document& document, std::string_view name, ObjectHandle clip,
+                         ObjectHandle master);
 
 } // namespace XPJ

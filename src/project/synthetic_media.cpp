@@ -1,6 +1,6 @@
 #include "project/synthetic_media.h"
 
-#include "xmeml/files.h"
+#include "project/channel_types.h"
 #include "tree/blob.h"
 
 #include <string>
@@ -36,34 +36,34 @@ const SyntheticRow& RowOf(SyntheticKind kind)
 
 } // namespace
 
-FileSources MakeSyntheticSources(const ImportState& state, SyntheticKind kind, Ticks frameTicks,
-                                 const FrameFormat& frame)
+MediaSources MakeSyntheticSources(Document& document, SyntheticKind kind, Ticks frameTicks,
+                                  const FrameFormat& frame)
 {
     const SyntheticRow& row = RowOf(kind);
-    Document& document = state.document;
     const ObjectHandle media = MakeMedia(
         document,
         {.importer = kSyntheticImporter, .path = row.path, .title = row.title, .infinite = true});
-    PictureStream picture{.kind = PictureKind::Generated,
-                          .frameTicks = frameTicks,
-                          .duration = kEndlessDuration,
-                          .frame = frame,
-                          .isStill = true};
+    VideoStreamFields video{.kind = VideoKind::Generated,
+                            .frameTicks = frameTicks,
+                            .duration = kEndlessDuration,
+                            .frame = frame,
+                            .isStill = true};
     if (row.fitsAnyFrame) {
-        picture.frameTicks = kAnyFrameTicks;
-        picture.frame = {};
-        picture.frame.rect = FrameRectText(720, 480);
-        picture.frame.par = "10,11";
+        video.frameTicks = kAnyFrameTicks;
+        video.frame = {};
+        video.frame.rect = kDefaultFrameRect;
+        video.frame.par = kDefaultPixelAspect;
     }
-    media.AddChild("VideoStream", MakeVideoStream(document, picture));
-    FileSources sources;
+    media.AddChild("VideoStream", MakeVideoStream(document, video));
+    MediaSources sources;
     sources.video.push_back(
-        MakeMediaSource(document, MediaType::Video, media, picture.frameTicks, kEndlessDuration));
+        MakeMediaSource(document, media, {.rate = video.frameTicks, .duration = kEndlessDuration}));
     if (kind == SyntheticKind::BarsAndTone) {
         media.AddChild("AudioStream",
                        MakeAudioStream(document, kSampleTicks48k, kEndlessDuration, kStereo, 2));
-        sources.audio.push_back(
-            MakeMediaSource(document, MediaType::Audio, media, kSampleTicks48k, kEndlessDuration));
+        sources.audio.push_back(MakeMediaSource(
+            document, media,
+            {.type = MediaType::Audio, .rate = kSampleTicks48k, .duration = kEndlessDuration}));
     }
     return sources;
 }

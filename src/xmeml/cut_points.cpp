@@ -1,125 +1,136 @@
 #include "xmeml/cut_points.h"
 
-#include "core/numbers.h"
-#include "xmeml/item_times.h"
+#include "xmeml/tracks.h"
 
 namespace XPJ {
 
 namespace {
 
+constexpr TransitionAlignment kAlignments[] = {
+    // clang-format off
+    // name         cut                  outgoing incoming
+    {"center",      CutPosition::Middle, true,    true},
+    {"start",       CutPosition::Start,  true,    true},
+    {"start-black", CutPosition::Start,  false,   true},
+    {"end",         CutPosition::End,    true,    true},
+    {"end-black",   CutPosition::End,    true,    false},
+    // clang-format on
+};
+
 // | previous |==|==| next |    == `transitionitem`, from..to
 //         from  ^  to          the cut, counted from `from`
 struct Transition {
-    ObjectHandle node;
+    ConstHandle node;
     Frames from = 0;
     Frames to = 0;
 
-    explicit Transition(ObjectHandle transition)
+    explicit Transition(ConstHandle transition)
         : node(transition), from(Int64Property(transition, "start")),
           to(Int64Property(transition, "end"))
     {
     }
-    Frames Length() const { return Minus(to, from); }
+    Frames Length() const { return SubtractTicks(to, from); }
 };
 
-constexpr TransitionAlignment kAlignments[] = {
-    // clang-format off
-    // name         cut               outgoing incoming
-    {"center",      CutPlace::Middle, true,    true},
-    {"start",       CutPlace::Start,  true,    true},
-    {"start-black", CutPlace::Start,  false,   true},
-    {"end",         CutPlace::End,    true,    true},
-    {"end-black",   CutPlace::End,    true,    false},
-    // clang-format on
-};
-
-// A transition that states no alignment is centred, also for who reads it later.
+// A transition that states no alignment is centered.
 const TransitionAlignment* AlignmentOf(const Transition& transition)
 {
-    if (!HasValue(transition.node, "alignment"))
-        transition.node.SetPropertyShared("alignment", "center");
-    return FindAlignment(transition.node.GetProperty("alignment"));
+    return FindAlignment(HasValue(transition.node, "alignment")
+                             ? transition.node.GetProperty("alignment")
+                             : "center");
 }
 
-// A clip or generator beside a transition.
-class EdgeItem {
+// A time in the source, in frames of the item and, where it is stated, exactly in ticks.
+struct SourcePoint {
+    StatedTime& frames;
+    StatedTime& exact;
+};
+
+// The edges of a clip or generator beside a transition.
+class ItemEdges {
 public:
-    EdgeItem(ObjectHandle item, Ticks sequenceTicks)
-        : item_(item), rates_(RatesOfItem(item, sequenceTicks))
+    ItemEdges(ClipItem& item, Ticks sequenceTicks)
+        : item_(item), times_(item.times), rates_(RatesOfItem(item, sequenceTicks))
     {
     }
 
-    Frames Get(Name key) const { return Int64Property(item_, key); }
-    void Set(Name key, Frames value) const { item_.SetProperty(key, IntToString(value)); }
-    bool IsStated(Name key) const { return HasValue(item_, key) && Get(key) != kNotStated; }
+    StatedTimes& Times() const { return times_; }
+    SourcePoint In() const { return {times_.in, times_.exactIn}; }
+    SourcePoint Out() const { return {times_.out, times_.exactOut}; }
 
-    // Moves a time in the source, and its exact form in ticks, as far as the edge moves: by whole
-    // frames of the sequence, or sound would slip against its place. Where the exact form is stated
-    // the other was cut down from it to a frame of the item.
-    void Shift(Name key, Name exactKey, Frames frames) const
+    // Moves a time in the source as far as the edge moves: by whole frames of the sequence, or
+    // audio would slip against its cut. Where the exact form is stated the other was cut down from
+    // it to a frame of the item.
+    void Shift(SourcePoint point, Frames frames) const
     {
-        const bool wasCutDown = IsStated(exactKey) && rates_.item != rates_.sequence;
-        if (Get(key) != kNotStated)
-            Set(key,
-                AddTicks(Get(key),
-                         wasCutDown ? DivideUp(MultiplyTicks(frames, rates_.sequence), rates_.item)
-                                    : rates_.ToItem(frames)));
-        if (IsStated(exactKey))
-            Set(exactKey, AddTicks(Get(exactKey), MultiplyTicks(frames, rates_.sequence)));
+        const Ticks ticks = MultiplyTicks(frames, rates_.sequence);
+        const bool wasCutDown = point.exact.IsStated() && rates_.item != rates_.sequence;
+        if (point.frames.value != kNotStated)
+            point.frames.Set(AddTicks(point.frames.value, wasCutDown ? DivideUp(ticks, rates_.item)
+                                                                     : rates_.ToItem(frames)));
+        if (point.exact.IsStated())
+            point.exact.Set(AddTicks(point.exact.value, ticks));
     }
     // Sets a time in the source by its distance from the other one.
-    void Place(Name key, Name exactKey, Name fromKey, Name exactFromKey, Frames frames) const
+    void Place(SourcePoint point, SourcePoint from, Frames frames) const
     {
-        if (Get(key) != kNotStated && Get(fromKey) != kNotStated)
-            Set(key, AddTicks(Get(fromKey), rates_.ToItem(frames)));
-        if (IsStated(exactKey) && IsStated(exactFromKey))
-            Set(exactKey, AddTicks(Get(exactFromKey), MultiplyTicks(frames, rates_.sequence)));
+        if (point.frames.value != kNotStated && from.frames.value != kNotStated)
+            point.frames.Set(AddTicks(from.frames.value, rates_.ToItem(frames)));
+        if (point.exact.IsStated() && from.exact.IsStated())
+            point.exact.Set(AddTicks(from.exact.value, MultiplyTicks(frames, rates_.sequence)));
     }
 
     // This system's own documents count the edges of such items in the item's frames.
-    void CountEdgesInSequence() const
+    void CountInSequence() const
     {
-        if (!HasValue(item_, "velaTicksIn") || rates_.item == rates_.sequence)
+        if (!times_.exactIn.isPresent || rates_.item == rates_.sequence)
             return;
-        CountInSequence("start", "velaTicksStart");
-        CountInSequence("end", "velaTicksEnd");
+        CountInSequence(times_.start, "velaTicksStart");
+        CountInSequence(times_.end, "velaTicksEnd");
     }
 
 private:
-    void CountInSequence(Name key, Name exactKey) const
+    void CountInSequence(StatedTime& time, Name exactKey) const
     {
-        if (IsStated(key))
-            Set(key,
-                DivideUp(IsStated(exactKey) ? Get(exactKey) : MultiplyTicks(Get(key), rates_.item),
-                         rates_.sequence));
+        if (!time.IsStated())
+            return;
+        const bool isExact =
+            HasValue(item_, exactKey) && Int64Property(item_, exactKey) != kNotStated;
+        time.Set(DivideUp(isExact ? Int64Property(item_, exactKey)
+                                  : MultiplyTicks(time.value, rates_.item),
+                          rates_.sequence));
     }
     static Frames DivideUp(Ticks ticks, Ticks frameTicks)
     {
         return ticks / frameTicks + (ticks % frameTicks > 0 ? 1 : 0);
     }
 
-    ObjectHandle item_;
+    const ClipItem& item_;
+    StatedTimes& times_;
     ItemRates rates_;
 };
 
-class TrackNormaliser {
+class TrackWalk {
 public:
-    explicit TrackNormaliser(Ticks sequenceTicks) : sequenceTicks_(sequenceTicks) {}
+    explicit TrackWalk(Ticks sequenceTicks) : sequenceTicks_(sequenceTicks) {}
 
-    void AddTransition(ObjectHandle node)
+    void AddTransition(ConstHandle node)
     {
-        pending_ = node;
-        if (previous_ && EdgeItem(previous_, sequenceTicks_).Get("end") == kNotStated)
-            EndItem(EdgeItem(previous_, sequenceTicks_), Transition(node));
+        ++position_;
+        transition_ = node;
+        if (!items_.empty() && items_.back().times.end.value == kNotStated)
+            EndItem(ItemEdges(items_.back(), sequenceTicks_), Transition(node));
     }
-    void AddItem(ObjectHandle node)
+    void AddItem(ConstHandle node)
     {
-        const EdgeItem item(node, sequenceTicks_);
-        item.CountEdgesInSequence();
-        if (pending_ && item.Get("start") == kNotStated)
-            StartItem(item, Transition(pending_));
-        previous_ = node;
+        ClipItem& item = items_.emplace_back(node);
+        item.position = ++position_;
+        const ItemEdges edges(item, sequenceTicks_);
+        edges.CountInSequence();
+        if (transition_ && item.times.start.value == kNotStated)
+            StartItem(edges, Transition(transition_));
     }
+    std::vector<ClipItem> Take() { return std::move(items_); }
 
 private:
     // The cut that a transition states, if it is inside it.
@@ -131,50 +142,51 @@ private:
         return cut > 0 && cut < transition.Length();
     }
 
-    // How far the item before the cut reaches beyond it: to the end of the transition. A cut that
-    // is stated without an exact out point counts as far on both sides.
-    static Frames Handle(const EdgeItem& item, const Transition& transition, Frames cut)
+    // The handle of the item before the cut: to the end of the transition. A cut that is stated
+    // without an exact out point counts the same on both sides.
+    static Frames HandleOf(const ItemEdges& item, const Transition& transition, Frames cut)
     {
         const bool isExact =
-            item.IsStated("velaTicksOut") && HasValue(transition.node, "cutPointTicks");
-        return isExact ? Minus(transition.Length(), cut) : cut;
+            item.Times().exactOut.IsStated() && HasValue(transition.node, "cutPointTicks");
+        return isExact ? SubtractTicks(transition.Length(), cut) : cut;
     }
 
-    void EndAt(const EdgeItem& item, const Transition& transition, Frames cut, Frames handle) const
+    static void EndAt(const ItemEdges& item, const Transition& transition, Frames cut,
+                      Frames handle)
     {
-        item.Set("end", AddTicks(transition.from, cut));
-        item.Shift("out", "velaTicksOut", Minus(0, handle));
+        item.Times().end.Set(AddTicks(transition.from, cut));
+        item.Shift(item.Out(), SubtractTicks(0, handle));
     }
-    void StartAt(const EdgeItem& item, const Transition& transition, Frames cut) const
+    static void StartAt(const ItemEdges& item, const Transition& transition, Frames cut)
     {
-        item.Set("start", AddTicks(transition.from, cut));
-        item.Shift("in", "velaTicksIn", cut);
+        item.Times().start.Set(AddTicks(transition.from, cut));
+        item.Shift(item.In(), cut);
     }
 
     // The item before a transition.
-    void EndItem(const EdgeItem& item, const Transition& transition) const
+    void EndItem(const ItemEdges& item, const Transition& transition) const
     {
         Frames cut = 0;
         if (StatedCut(transition, cut))
-            return EndAt(item, transition, cut, Handle(item, transition, cut));
+            return EndAt(item, transition, cut, HandleOf(item, transition, cut));
         const TransitionAlignment* const alignment = AlignmentOf(transition);
         if (!alignment)
             return;
         switch (alignment->cut) {
-        case CutPlace::Middle:
+        case CutPosition::Middle:
             cut = transition.Length() / 2;
-            return EndAt(item, transition, cut, Minus(transition.Length(), cut));
-        case CutPlace::Start:
-            item.Set("end", transition.from);
-            return item.Place("out", "velaTicksOut", "in", "velaTicksIn",
-                              Minus(transition.from, item.Get("start")));
-        case CutPlace::End:
-            return item.Set("end", transition.to);
+            return EndAt(item, transition, cut, SubtractTicks(transition.Length(), cut));
+        case CutPosition::Start:
+            item.Times().end.Set(transition.from);
+            return item.Place(item.Out(), item.In(),
+                              SubtractTicks(transition.from, item.Times().start.value));
+        case CutPosition::End:
+            return item.Times().end.Set(transition.to);
         }
     }
 
     // The item after it.
-    void StartItem(const EdgeItem& item, const Transition& transition) const
+    void StartItem(const ItemEdges& item, const Transition& transition) const
     {
         Frames cut = 0;
         if (StatedCut(transition, cut))
@@ -183,31 +195,39 @@ private:
         if (!alignment)
             return;
         switch (alignment->cut) {
-        case CutPlace::Middle:
+        case CutPosition::Middle:
             return StartAt(item, transition, transition.Length() / 2);
-        case CutPlace::Start:
-            return item.Set("start", transition.from);
-        case CutPlace::End:
-            item.Set("start", transition.to);
+        case CutPosition::Start:
+            return item.Times().start.Set(transition.from);
+        case CutPosition::End:
+            item.Times().start.Set(transition.to);
             return StartBehind(item, transition);
         }
     }
 
     // The item shows only what comes after the transition.
-    void StartBehind(const EdgeItem& item, const Transition& transition) const
+    static void StartBehind(const ItemEdges& item, const Transition& transition)
     {
-        const Frames length = transition.Length();
-        if (!item.IsStated("end"))
-            item.Shift("in", "velaTicksIn", length);
+        const StatedTime end = item.Times().end;
+        if (!end.IsStated())
+            item.Shift(item.In(), transition.Length());
         else
-            item.Place("in", "velaTicksIn", "out", "velaTicksOut",
-                       Minus(transition.to, item.Get("end")));
+            item.Place(item.In(), item.Out(), SubtractTicks(transition.to, end.value));
     }
 
     Ticks sequenceTicks_;
-    ObjectHandle previous_;
-    ObjectHandle pending_;
+    std::vector<ClipItem> items_;
+    ConstHandle transition_; // the last one so far
+    int position_ = 0;
 };
+
+std::vector<std::vector<ClipItem>> ItemsOfTracks(ConstHandle medium, Ticks sequenceTicks)
+{
+    std::vector<std::vector<ClipItem>> tracks;
+    for (const ConstHandle& track : medium.GetChildren("track"))
+        tracks.push_back(ItemsOfTrack(track, sequenceTicks));
+    return tracks;
+}
 
 } // namespace
 
@@ -219,23 +239,23 @@ const TransitionAlignment* FindAlignment(std::string_view name)
     return nullptr;
 }
 
-void NormaliseTrack(ObjectHandle track, Ticks sequenceTicks)
+std::vector<ClipItem> ItemsOfTrack(ConstHandle track, Ticks sequenceTicks)
 {
-    TrackNormaliser normaliser(sequenceTicks);
-    for (const ObjectHandle& child : track.GetChildren()) {
+    TrackWalk walk(sequenceTicks);
+    for (const ConstHandle& child : track.GetChildren()) {
         if (child.GetName() == "transitionitem")
-            normaliser.AddTransition(child);
-        else if (child.GetName() == "clipitem" || child.GetName() == "generatoritem")
-            normaliser.AddItem(child);
+            walk.AddTransition(child);
+        else if (IsTrackItem(child))
+            walk.AddItem(child);
     }
+    return walk.Take();
 }
 
-void NormaliseSequence(ObjectHandle sequence, Ticks sequenceTicks)
+SequenceItems ItemsOfSequence(ConstHandle sequence, Ticks sequenceTicks)
 {
-    const ObjectHandle media = sequence.GetChild("media");
-    for (const ObjectHandle& medium : {media.GetChild("video"), media.GetChild("audio")})
-        for (const ObjectHandle& track : medium.GetChildren("track"))
-            NormaliseTrack(track, sequenceTicks);
+    const ConstHandle media = sequence.GetChild("media");
+    return {ItemsOfTracks(media.GetChild("video"), sequenceTicks),
+            ItemsOfTracks(media.GetChild("audio"), sequenceTicks)};
 }
 
 } // namespace XPJ

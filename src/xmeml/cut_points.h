@@ -1,20 +1,29 @@
-// Edges of items at transitions: documents leave them out there, and they follow from where in the
+// Edges of items at transitions: documents omit them there, and they follow from where in the
 // transition the cut is.
+//
+// A centered transition of 20 frames from 100 on, between two items of the sequence's rate:
+//
+//   | start 40, end -1 |==== 100..120 ====| start -1, end 200 |    stated
+//     in 0, out 80                          in 10, out 110
+//   | 40..110          |     cut 110      | 110..200          |    the edges
+//     in 0, out 70                          in 20, out 110
 #pragma once
 
 #include "core/ticks.h"
 #include "tree/object.h"
+#include "xmeml/item_times.h"
 
 #include <string_view>
+#include <vector>
 
 namespace XPJ {
 
-// What the `alignment` of a `transitionitem` says of its cut, and of the sides that it may have.
-enum class CutPlace { Start, Middle, End };
+// What the `alignment` of a `transitionitem` states of its cut, and of the sides that it may have.
+enum class CutPosition { Start, Middle, End };
 
 struct TransitionAlignment {
     std::string_view name;
-    CutPlace cut;
+    CutPosition cut;
     bool hasOutgoing;
     bool hasIncoming;
 };
@@ -22,11 +31,15 @@ struct TransitionAlignment {
 // Null for an unknown name.
 const TransitionAlignment* FindAlignment(std::string_view name);
 
-// Writes the missing `start`s, `end`s and what hangs on them into the items of a `track`. After it
-// all edges count in the sequence's frames, `sequenceTicks` each. To be run once.
-void NormaliseTrack(ObjectHandle track, Ticks sequenceTicks);
+// The clips and generators of a `track` in its order, with the edges that its transitions imply.
+// All edges count in the sequence's frames, `sequenceTicks` each.
+std::vector<ClipItem> ItemsOfTrack(ConstHandle track, Ticks sequenceTicks);
 
-// The same for every track of a `sequence`.
-void NormaliseSequence(ObjectHandle sequence, Ticks sequenceTicks);
+// Those of all tracks of a `sequence`, by track.
+struct SequenceItems {
+    std::vector<std::vector<ClipItem>> video;
+    std::vector<std::vector<ClipItem>> audio;
+};
+SequenceItems ItemsOfSequence(ConstHandle sequence, Ticks sequenceTicks);
 
 } // namespace XPJ

@@ -2,8 +2,6 @@
 
 #include "core/paths.h"
 #include "core/text.h"
-#include "core/ticks.h"
-#include "tree/blob.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -20,37 +18,6 @@ constexpr std::string_view kBarsAndToneSources[] = {
     "BarsAndToneHD720p", "BarsAndTonePALFull",   "BarsAndTonePAL",
 };
 
-// Files in order of first sight.
-class FileList {
-public:
-    void AddTracks(const ImportState& state, ObjectHandle medium)
-    {
-        for (const ObjectHandle& track : medium.GetChildren("track")) {
-            const ObjectHandle file = FileOfItem(state, track.GetChild("clipitem"));
-            if (file && seen_.insert(file.UniqueId()).second)
-                files_.push_back(file);
-        }
-    }
-    std::vector<ObjectHandle> Take() { return std::move(files_); }
-
-private:
-    std::vector<ObjectHandle> files_;
-    std::unordered_set<std::uint64_t> seen_;
-};
-
-// The host keeps these settings as UTF-16 text, escaped twice in the document.
-void AddImporterPrefs(ObjectHandle file, ObjectHandle media)
-{
-    const std::string_view data =
-        FindPath(file, {"media", "video"}).GetProperty("MediaAssociationData");
-    std::string bytes;
-    for (const char16_t unit : ToUTF16(UnescapeXML(UnescapeXML(data)))) {
-        bytes += static_cast<char>(unit & 0xFF);
-        bytes += static_cast<char>(unit >> 8);
-    }
-    SetEncodedBlob(media, "ImporterPrefs", "ImporterPrefsChecksum", bytes);
-}
-
 // In a path, unlike a document's text, what looks like an entity is none.
 std::string EscapePath(std::string_view path)
 {
@@ -65,140 +32,128 @@ std::string EscapePath(std::string_view path)
 
 } // namespace
 
-ObjectHandle ResolveFile(const ImportState& state, ObjectHandle file)
+std::optional<std::string_view> FileElement::Metadata(std::string_view key) const
 {
-    if (!HasValue(file, "id"))
-        return file;
-    const auto found = state.files.find(file.GetProperty("id"));
-    return found == state.files.end() ? ObjectHandle() : found->second;
-}
-
-ObjectHandle FileOfItem(const ImportState& state, ObjectHandle item)
-{
-    if (const ObjectHandle file = ResolveFile(state, item.GetChild("file")))
-        return file;
-    const ObjectHandle still = FindPath(item, {"sequence", "media", "video", "track", "clipitem"});
-    return HasValue(still, "stillframeoffset") ? ResolveFile(state, still.GetChild("file"))
-                                               : ObjectHandle();
-}
-
-std::vector<ObjectHandle> FilesOfMedia(const ImportState& state, ObjectHandle media)
-{
-    FileList list;
-    list.AddTracks(state, media.GetChild("video"));
-    list.AddTracks(state, media.GetChild("audio"));
-    return list.Take();
-}
-
-std::vector<ObjectHandle> FilesOfMedia(const ImportState& state, ObjectHandle media, MediaType type)
-{
-    FileList list;
-    list.AddTracks(state,
-                   type == MediaType::Video ? media.GetChild("video") : media.GetChild("audio"));
-    return list.Take();
-}
-
-ObjectHandle FirstFileOf(const ImportState& state, ObjectHandle element)
-{
-    const ObjectHandle media = element.GetChild("media");
-    for (const ObjectHandle& medium : {media.GetChild("video"), media.GetChild("audio")})
-        for (const ObjectHandle& track : medium.GetChildren("track"))
-            if (const ObjectHandle file = FileOfItem(state, track.GetChild("clipitem")))
-                return file;
-    return FileOfItem(state, element);
-}
-
-ObjectHandle FirstClipItem(ObjectHandle media)
-{
-    if (const ObjectHandle item = FindPath(media, {"video", "track", "clipitem"}))
-        return item;
-    return FindPath(media, {"audio", "track", "clipitem"});
-}
-
-std::optional<std::string_view> MetadataOf(ObjectHandle file, std::string_view key)
-{
-    for (const ObjectHandle& entry : file.GetChildren("metadata"))
+    for (const ConstHandle& entry : GetChildren("metadata"))
         if (entry.GetProperty("key") == key)
             return entry.GetProperty("value");
     return std::nullopt;
 }
 
-bool HasFlag(ObjectHandle node, Name key)
+ConstHandle FileElement::VideoCharacteristics() const
 {
-    return node.HasProperty(key) && !EqualsIgnoreCase(node.GetProperty(key), "false");
+    return FindPath(*this, {"media", "video", "samplecharacteristics"});
 }
 
-bool IsRedFile(ObjectHandle file)
+std::string_view FileElement::Title() const
 {
-    return MetadataOf(file, kRedPathKey).has_value();
+    const std::string_view redTitle = Metadata(kRedTitleKey).value_or("");
+    return redTitle.empty() ? GetProperty("name") : redTitle;
 }
 
-bool IsLayeredImage(ObjectHandle file)
+bool FileElement::IsRed() const
 {
-    const std::string_view url = file.GetProperty("pathurl");
-    return (url.empty() ? file.GetProperty("name") : url).ends_with(".lyd");
+    return Metadata(kRedPathKey).has_value();
 }
 
-bool IsBarsAndTone(ObjectHandle file)
+bool FileElement::IsLayeredImage() const
 {
-    return std::ranges::find(kBarsAndToneSources, file.GetProperty("mediaSource")) !=
+    const std::string_view url = GetProperty("pathurl");
+    return (url.empty() ? GetProperty("name") : url).ends_with(".lyd");
+}
+
+bool FileElement::IsBarsAndTone() const
+{
+    return std::ranges::find(kBarsAndToneSources, GetProperty("mediaSource")) !=
            std::end(kBarsAndToneSources);
 }
 
-bool IsGraphic(ObjectHandle file)
+bool FileElement::IsGraphic() const
 {
-    const std::string_view source = file.GetProperty("mediaSource");
+    const std::string_view source = GetProperty("mediaSource");
     return source == "GraphicAndType" || source == "GraphicAndTypeMaster";
 }
 
-std::string PathOfFile(const ImportState& state, ObjectHandle file)
+bool FileElement::IsSlug() const
 {
-    const std::string_view redPath = MetadataOf(file, kRedPathKey).value_or("");
+    return GetProperty("mediaSource") == "Slug";
+}
+
+void FileCatalog::Add(FileElement file, std::string_view generatedId)
+{
+    if (!HasValue(file, "id"))
+        generatedIds_.emplace(file.UniqueId(), generatedId);
+    else
+        byId_.emplace(file.GetProperty("id"), file);
+}
+
+FileElement FileCatalog::Resolve(ConstHandle file) const
+{
+    const std::string_view id = file.GetProperty("id");
+    if (id.empty())
+        return FileElement(file);
+    const auto found = byId_.find(id);
+    return found == byId_.end() ? FileElement() : found->second;
+}
+
+std::string_view FileCatalog::IdOf(FileElement file) const
+{
+    const std::string_view stated = file.GetProperty("id");
+    if (!stated.empty() || generatedIds_.empty())
+        return stated;
+    const auto generated = generatedIds_.find(file.UniqueId());
+    return generated == generatedIds_.end() ? stated : generated->second;
+}
+
+FileElement FileOfItem(const FileCatalog& files, ConstHandle item)
+{
+    if (const FileElement file = files.Resolve(item.GetChild("file")))
+        return file;
+    const ConstHandle still = FindPath(item, {"sequence", "media", "video", "track", "clipitem"});
+    return HasValue(still, "stillframeoffset") ? files.Resolve(still.GetChild("file"))
+                                               : FileElement();
+}
+
+std::vector<FileElement> FilesOfMedia(const FileCatalog& files, ConstHandle media)
+{
+    std::vector<FileElement> result;
+    std::unordered_set<std::uint64_t> seen;
+    for (const ConstHandle& medium : {media.GetChild("video"), media.GetChild("audio")})
+        for (const ConstHandle& track : medium.GetChildren("track")) {
+            const FileElement file = FileOfItem(files, track.GetChild("clipitem"));
+            if (file && seen.insert(file.UniqueId()).second)
+                result.push_back(file);
+        }
+    return result;
+}
+
+FileElement FirstFileOf(const FileCatalog& files, ConstHandle element)
+{
+    const ConstHandle media = element.GetChild("media");
+    for (const ConstHandle& medium : {media.GetChild("video"), media.GetChild("audio")})
+        for (const ConstHandle& track : medium.GetChildren("track"))
+            if (const FileElement file = FileOfItem(files, track.GetChild("clipitem")))
+                return file;
+    return FileOfItem(files, element);
+}
+
+ConstHandle FirstClipItem(ConstHandle media)
+{
+    if (const ConstHandle item = FindPath(media, {"video", "track", "clipitem"}))
+        return item;
+    return FindPath(media, {"audio", "track", "clipitem"});
+}
+
+std::string PathOfFile(FileElement file, std::string_view folder)
+{
+    const std::string_view redPath = file.Metadata(kRedPathKey).value_or("");
     if (!redPath.empty())
         return std::string(redPath);
     const std::string_view url = file.GetProperty("pathurl");
     if (url.empty())
         return {};
     // Decoding may bring out characters that the project's text may not hold.
-    return EscapePath(PathFromUrl(UnescapeXML(url), state.documentDirectory));
-}
-
-std::string_view TitleOfFile(ObjectHandle file)
-{
-    const std::string_view redTitle = MetadataOf(file, kRedTitleKey).value_or("");
-    return redTitle.empty() ? file.GetProperty("name") : redTitle;
-}
-
-ObjectHandle MakeMedia(const ImportState& state, ObjectHandle file)
-{
-    const std::string path = PathOfFile(state, file);
-    const ObjectHandle media =
-        MakeMedia(state.document, {.path = path, .title = TitleOfFile(file)});
-    AddImporterPrefs(file, media);
-    const ObjectHandle characteristics =
-        FindPath(file, {"media", "video", "samplecharacteristics"});
-    if (HasValue(characteristics, "VelaCodec"))
-        CopyProperty(characteristics, "VelaCodec", media, "VelaCodec");
-    return media;
-}
-
-ObjectHandle MakeMedia(Document& document, const MediaForm& form)
-{
-    const ObjectHandle media = document.NewObject("Media");
-    AddUid(media);
-    media.SetProperty("ImplementationID", form.importer);
-    media.SetProperty("FilePath", form.path);
-    media.SetProperty("Title", form.title);
-    media.SetProperty("Infinite", form.infinite ? "true" : "false");
-    media.SetProperty("Start", "0");
-    media.SetProperty("SingleAudioChannel", "-1");
-    media.SetProperty("IgnoreAudio", "false");
-    media.SetProperty("IgnoreVideo", "false");
-    media.SetProperty("ConformedAudioRate", TickText(kSampleTicks48k));
-    media.SetProperty("CaptureStatus", "0");
-    media.SetProperty("OfflineReason", "0");
-    media.SetProperty("AlternateStart", "0");
-    return media;
+    return EscapePath(PathFromUrl(UnescapeXML(url), folder));
 }
 
 } // namespace XPJ

@@ -1,66 +1,73 @@
-// The `file`s behind clips, and the Media that projects make of them.
+// The `file`s behind clips.
 //
-// A `file` is defined once, with its content; elsewhere it stands as an empty element of the same
-// id. Nothing here opens a file: offline media is translated like any other.
+// A `file` is defined once, with its content; elsewhere an empty element of the same id refers to
+// it. Nothing here opens a file: offline media is translated like any other.
 #pragma once
 
-#include "import/import_state.h"
 #include "tree/object.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace XPJ {
 
-// The defining `file` for one that may be a reference; null if its id is unknown.
-ObjectHandle ResolveFile(const ImportState& state, ObjectHandle file);
+class FileElement : public ConstHandle {
+public:
+    FileElement() = default;
+    explicit FileElement(ConstHandle node) : ConstHandle(node) {}
+
+    // The value under `key` in the `metadata`; nothing if the key is not there.
+    std::optional<std::string_view> Metadata(std::string_view key) const;
+    // The `samplecharacteristics` of its video; null without one.
+    ConstHandle VideoCharacteristics() const;
+    std::string_view Title() const;
+
+    // Footage of a camera whose clips are folders: the metadata states path and title.
+    bool IsRed() const;
+    // A still in layers, each of which becomes a clip.
+    bool IsLayeredImage() const;
+    bool IsBarsAndTone() const;
+    // The carrier of a title or shape.
+    bool IsGraphic() const;
+    // A gap in the cut that is a clip of its own.
+    bool IsSlug() const;
+};
+
+// The files that a document defines, by id.
+class FileCatalog {
+public:
+    // The first definition of an id counts. `generatedId` is that of a file that states none.
+    void Add(FileElement file, std::string_view generatedId = {});
+
+    // The defining `file` for one that may be a reference; null if its id is unknown.
+    FileElement Resolve(ConstHandle file) const;
+    // The stated or generated id; empty for a file that has neither.
+    std::string_view IdOf(FileElement file) const;
+
+private:
+    std::unordered_map<std::string_view, FileElement> byId_;
+    std::unordered_map<std::uint64_t, std::string> generatedIds_; // by `uniqueId`
+};
 
 // The `file` of a `clip` or `clipitem`: its own, else that of the still that its `sequence` wraps.
-ObjectHandle FileOfItem(const ImportState& state, ObjectHandle item);
+FileElement FileOfItem(const FileCatalog& files, ConstHandle item);
 
-// The files that the tracks of a `media` use, each once, those of picture tracks first. A track
+// The files that the tracks of a `media` use, each once, those of video tracks first. A track
 // counts by its first `clipitem`.
-std::vector<ObjectHandle> FilesOfMedia(const ImportState& state, ObjectHandle media);
-// The same for the picture or the sound tracks alone.
-std::vector<ObjectHandle> FilesOfMedia(const ImportState& state, ObjectHandle media,
-                                       MediaType type);
+std::vector<FileElement> FilesOfMedia(const FileCatalog& files, ConstHandle media);
 
 // The first file of an element's `media`, else its own; null without one.
-ObjectHandle FirstFileOf(const ImportState& state, ObjectHandle element);
+FileElement FirstFileOf(const FileCatalog& files, ConstHandle element);
 
-// The first `clipitem` of the first picture track of `media`, else of the first sound track.
-ObjectHandle FirstClipItem(ObjectHandle media);
+// The first `clipitem` of the first video track of `media`, else of the first audio track.
+ConstHandle FirstClipItem(ConstHandle media);
 
-// The value under `key` in the `metadata` of a file; nothing if the key is not there.
-std::optional<std::string_view> MetadataOf(ObjectHandle file, std::string_view key);
-
-// An attribute that counts as set when it is there, unless it says "false".
-bool HasFlag(ObjectHandle node, Name key);
-
-// Footage of a camera whose clips are folders: path and title stand in the file's metadata.
-bool IsRedFile(ObjectHandle file);
-// A still in layers, each of which becomes a clip.
-bool IsLayeredImage(ObjectHandle file);
-bool IsBarsAndTone(ObjectHandle file);
-// The carrier of a title or shape.
-bool IsGraphic(ObjectHandle file);
-
-// Local path, escaped for the tree; empty without a `pathurl`.
-std::string PathOfFile(const ImportState& state, ObjectHandle file);
-std::string_view TitleOfFile(ObjectHandle file);
-
-// A new Media without streams.
-ObjectHandle MakeMedia(const ImportState& state, ObjectHandle file);
-
-// What tells kinds of Media apart.
-struct MediaForm {
-    std::string_view importer = "1fa18bfa-255c-44b1-ad73-56bcd99fceaf";
-    std::string_view path;
-    std::string_view title;
-    bool infinite = false; // the picture has no end
-};
-ObjectHandle MakeMedia(Document& document, const MediaForm& form);
+// Local path, escaped for the tree; empty without a `pathurl`. `folder` is the base of relative
+// ones, with its last separator.
+std::string PathOfFile(FileElement file, std::string_view folder);
 
 } // namespace XPJ

@@ -1,15 +1,21 @@
 #include "xmeml/formats.h"
 
-#include "core/frame_rate.h"
 #include "core/numbers.h"
-#include "core/text.h"
-#include "xmeml/files.h"
+#include "core/ticks.h"
+#include "project/pixel_aspects.h"
+#include "xmeml/rates.h"
 
-#include <algorithm>
+#include <string>
 
 namespace XPJ {
 
 namespace {
+
+// "0,0,width,height"
+std::string FrameRectText(int width, int height)
+{
+    return "0,0," + IntToString(width) + "," + IntToString(height);
+}
 
 struct Size {
     int width = 0;
@@ -20,24 +26,24 @@ struct Size {
 
 constexpr Size kDefaultSize{720, 480};
 
-Size SizeOf(ObjectHandle node)
+Size SizeOf(ConstHandle node)
 {
     return {IntProperty(node, "width"), IntProperty(node, "height")};
 }
 
 // The first `clipitem` that there is: lower tracks may be empty or hold other things.
-ObjectHandle FirstPictureItem(ObjectHandle sequence)
+ConstHandle FirstVideoItem(ConstHandle sequence)
 {
-    for (const ObjectHandle& track : FindPath(sequence, {"media", "video"}).GetChildren("track"))
-        if (const ObjectHandle item = track.GetChild("clipitem"))
+    for (const ConstHandle& track : FindPath(sequence, {"media", "video"}).GetChildren("track"))
+        if (const ConstHandle item = track.GetChild("clipitem"))
             return item;
     return {};
 }
 
 // For sequences that state no size: that of the first file, else of DV.
-Size FallbackSize(ObjectHandle sequence)
+Size FallbackSize(ConstHandle sequence)
 {
-    const Size file = SizeOf(FirstPictureItem(sequence).GetChild("file"));
+    const Size file = SizeOf(FirstVideoItem(sequence).GetChild("file"));
     Size size = file.IsKnown() ? file : kDefaultSize;
     const Size stated = SizeOf(FindPath(sequence, {"media", "video", "samplecharacteristics"}));
     if (stated.width > 0)
@@ -49,7 +55,7 @@ Size FallbackSize(ObjectHandle sequence)
 
 // The timebase by which a format is guessed. Documents timed in ticks state that of their timecode
 // beside it.
-std::int64_t GuessTimebase(ObjectHandle sequence)
+std::int64_t GuessTimebase(ConstHandle sequence)
 {
     const std::int64_t timebase = Int64Property(sequence.GetChild("rate"), "timebase");
     if (timebase != kTicksPerSecond)
@@ -59,7 +65,7 @@ std::int64_t GuessTimebase(ObjectHandle sequence)
 }
 
 // A sequence without `samplecharacteristics` counts as DV of its rate.
-SequenceFormat GuessFormat(ObjectHandle sequence, SequenceFormat format)
+SequenceFormat GuessFormat(ConstHandle sequence, SequenceFormat format)
 {
     const Size size = FallbackSize(sequence);
     format.width = size.width;
@@ -82,7 +88,7 @@ SequenceFormat GuessFormat(ObjectHandle sequence, SequenceFormat format)
     return format;
 }
 
-SequenceFormat StatedFormat(ObjectHandle sequence, ObjectHandle characteristics, ObjectHandle rate,
+SequenceFormat StatedFormat(ConstHandle sequence, ConstHandle characteristics, ConstHandle rate,
                             SequenceFormat format)
 {
     const Size fallback = FallbackSize(sequence);
@@ -96,31 +102,31 @@ SequenceFormat StatedFormat(ObjectHandle sequence, ObjectHandle characteristics,
         format.formatName = characteristics.GetProperty("pixelaspectratio");
     else if (!format.ntsc)
         format.formatName = "PAL-601"; // high definition too
-    const ObjectHandle codec = characteristics.GetChild("codec");
+    const ConstHandle codec = characteristics.GetChild("codec");
     format.codecName = codec.GetProperty("name");
     format.codecTypeName =
         FindPath(codec, {"appspecificdata", "data", "qtcodec"}).GetProperty("codectypename");
     return format;
 }
 
-// A ratio's name as it stands on the element that is asked first, else on the item.
+// A ratio by the name that the characteristics state, else the item.
 struct NamedAspect {
     std::string_view name;
     std::string_view aspect;
 };
 
-NamedAspect ReadAspect(ObjectHandle characteristics, ObjectHandle item, Name ratioKey,
+NamedAspect ReadAspect(ConstHandle characteristics, ConstHandle item, Name ratioKey,
                        Name anamorphicKey)
 {
-    const ObjectHandle from = HasValue(characteristics, ratioKey) ? characteristics : item;
+    const ConstHandle from = HasValue(characteristics, ratioKey) ? characteristics : item;
     if (!HasValue(from, ratioKey))
         return {};
-    const ObjectHandle flag = HasValue(from, anamorphicKey) ? from : item;
+    const ConstHandle flag = HasValue(from, anamorphicKey) ? from : item;
     const std::string_view name = from.GetProperty(ratioKey);
     return {name, AspectOfFormat(name, IsTrue(flag, anamorphicKey))};
 }
 
-FrameFormat FrameOf(ObjectHandle characteristics, ObjectHandle item, Size size)
+FrameFormat FrameOf(ConstHandle characteristics, ConstHandle item, Size size)
 {
     const NamedAspect aspect = ReadAspect(characteristics, item, "pixelaspectratio", "anamorphic");
     const NamedAspect original =
@@ -135,11 +141,11 @@ FrameFormat FrameOf(ObjectHandle characteristics, ObjectHandle item, Size size)
 
 } // namespace
 
-std::optional<SequenceFormat> ReadSequenceFormat(ObjectHandle sequence)
+std::optional<SequenceFormat> ReadSequenceFormat(ConstHandle sequence)
 {
-    const ObjectHandle ownRate = sequence.GetChild("rate");
-    const ObjectHandle format = FindPath(sequence, {"media", "video", "format"});
-    const ObjectHandle characteristics = format.GetChild("samplecharacteristics");
+    const ConstHandle ownRate = sequence.GetChild("rate");
+    const ConstHandle format = FindPath(sequence, {"media", "video", "format"});
+    const ConstHandle characteristics = format.GetChild("samplecharacteristics");
     if (!sequence.HasChild("media"))
         return std::nullopt;
 
@@ -147,14 +153,14 @@ std::optional<SequenceFormat> ReadSequenceFormat(ObjectHandle sequence)
     start.nonDrop = IsNonDrop(sequence.GetChild("timecode"));
     if (!characteristics)
         return ownRate ? std::optional(GuessFormat(sequence, start)) : std::nullopt;
-    for (const ObjectHandle& rate :
+    for (const ConstHandle& rate :
          {characteristics.GetChild("rate"), format.GetChild("rate"), ownRate})
         if (rate)
             return StatedFormat(sequence, characteristics, rate, start);
     return std::nullopt;
 }
 
-FrameFormat FrameOfSequence(ObjectHandle sequence)
+FrameFormat FrameOfSequence(ConstHandle sequence)
 {
     const std::optional<SequenceFormat> format = ReadSequenceFormat(sequence);
     FrameFormat frame;
@@ -166,53 +172,48 @@ FrameFormat FrameOfSequence(ObjectHandle sequence)
     return frame;
 }
 
-FrameFormat FrameOfItem(const ImportState& state, ObjectHandle item, ObjectHandle fallback)
+FrameFormat FrameOfFile(ConstHandle item, FileElement file, ConstHandle fallback)
 {
-    const ObjectHandle file = FileOfItem(state, item);
-    return file ? FrameOfFile(item, file, fallback) : FrameOfSequence(item.GetChild("sequence"));
-}
-
-FrameFormat FrameOfFile(ObjectHandle item, ObjectHandle file, ObjectHandle fallback)
-{
-    const ObjectHandle characteristics =
-        FindPath(file, {"media", "video", "samplecharacteristics"});
+    const ConstHandle characteristics = file.VideoCharacteristics();
     Size size = SizeOf(characteristics);
     if (!size.IsKnown())
         size = SizeOf(fallback);
     return FrameOf(characteristics, item, size.IsKnown() ? size : kDefaultSize);
 }
 
-FrameFormat FrameOfCharacteristics(ObjectHandle characteristics)
+FrameFormat FrameOfCharacteristics(ConstHandle characteristics)
 {
     const Size size = SizeOf(characteristics);
     return size.IsKnown() ? FrameOf(characteristics, {}, size) : FrameFormat();
 }
 
-std::string_view StatedAspect(ObjectHandle characteristics, ObjectHandle item)
+std::string_view AspectOfFormat(std::string_view formatName, bool anamorphic)
+{
+    for (const PixelAspectRow& row : PixelAspects())
+        if (row.name == formatName)
+            return anamorphic ? row.anamorphicAspect : row.aspect;
+    return "1,1";
+}
+
+std::string_view StatedAspect(ConstHandle characteristics, ConstHandle item)
 {
     return ReadAspect(characteristics, item, "pixelaspectratio", "anamorphic").aspect;
 }
 
-std::string FrameRectText(int width, int height)
+FrameFormat FrameOfOwner(ConstHandle owner)
 {
-    return "0,0," + IntToString(width) + "," + IntToString(height);
-}
-
-Ticks TicksOfRate(ObjectHandle rate)
-{
-    Ticks ticks = 0;
-    FrameTicks(Int64Property(rate, "timebase"), IsTrue(rate, "ntsc"), &ticks);
-    return std::max<Ticks>(ticks, 0);
-}
-
-std::string_view FieldTypeOf(std::string_view fieldDominance)
-{
-    return fieldDominance == "upper" ? "1" : fieldDominance == "lower" ? "2" : "0";
-}
-
-bool IsNonDrop(ObjectHandle timecode)
-{
-    return EqualsIgnoreCase(timecode.GetProperty("displayformat"), "NDF");
+    FrameFormat frame;
+    if (owner.GetName() == "sequence")
+        frame = FrameOfSequence(owner);
+    for (const ConstHandle& node :
+         {FindPath(owner, {"media", "video", "format"}), FindPath(owner, {"media", "video"})})
+        if (frame.rect.empty())
+            frame = FrameOfCharacteristics(node.GetChild("samplecharacteristics"));
+    if (frame.rect.empty()) {
+        frame.rect = kDefaultFrameRect;
+        frame.par = kDefaultPixelAspect;
+    }
+    return frame;
 }
 
 } // namespace XPJ

@@ -1,25 +1,17 @@
 #include "xmeml/item_times.h"
 
-#include "xmeml/formats.h"
+#include "core/numbers.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace XPJ {
 
 namespace {
 
-// `frames` of one length as frames of another one, to the nearest.
-Frames Convert(Frames frames, Ticks from, Ticks to)
+StatedTime ReadTime(ConstHandle element, Name key)
 {
-    if (from == to || to <= 0)
-        return frames;
-    const Ticks ticks = MultiplyTicks(frames, from);
-    const Frames whole = ticks / to;
-    const Ticks rest = ticks % to;
-    if (rest >= to - rest)
-        return whole + 1;
-    return -rest >= to + rest ? whole - 1 : whole;
+    const std::string_view text = element.GetProperty(key);
+    return {ParseInt64(text), !text.empty()};
 }
 
 Ticks RoundUp(Ticks ticks, Ticks unit)
@@ -34,50 +26,38 @@ Ticks RoundUp(Ticks ticks, Ticks unit)
 void FillIn(ItemTimes& t, const ItemRates& rates)
 {
     const auto isKnown = [](Frames time) { return time != kNotStated; };
-    const auto itemLength = [&] { return rates.ToSequence(Minus(t.out, t.in)); };
-    const auto placeLength = [&] { return rates.ToItem(Minus(t.end, t.start)); };
+    const auto sourceLength = [&] { return rates.ToSequence(SubtractTicks(t.out, t.in)); };
+    const auto cutLength = [&] { return rates.ToItem(SubtractTicks(t.end, t.start)); };
 
     if (!isKnown(t.end)) {
         if (isKnown(t.start) && isKnown(t.in) && isKnown(t.out))
-            t.end = AddTicks(itemLength(), t.start);
+            t.end = AddTicks(sourceLength(), t.start);
         return;
     }
     if (isKnown(t.start) && !isKnown(t.in) && isKnown(t.out))
-        t.in = Minus(t.out, placeLength());
+        t.in = SubtractTicks(t.out, cutLength());
     if (isKnown(t.start) && isKnown(t.in) && !isKnown(t.out))
-        t.out = AddTicks(t.in, placeLength());
+        t.out = AddTicks(t.in, cutLength());
     if (!isKnown(t.start) && isKnown(t.in) && isKnown(t.out))
-        t.start = Minus(t.end, itemLength());
+        t.start = SubtractTicks(t.end, sourceLength());
 }
 
 } // namespace
 
-Frames Minus(Frames a, Frames b) noexcept
+StatedTimes ReadStatedTimes(ConstHandle element)
 {
-    constexpr Frames kLowest = std::numeric_limits<Frames>::min();
-    return AddTicks(a, b == kLowest ? std::numeric_limits<Frames>::max() : -b);
+    return {.start = ReadTime(element, "start"),
+            .end = ReadTime(element, "end"),
+            .in = ReadTime(element, "in"),
+            .out = ReadTime(element, "out"),
+            .exactIn = ReadTime(element, "velaTicksIn"),
+            .exactOut = ReadTime(element, "velaTicksOut")};
 }
 
-Frames ItemRates::ToSequence(Frames itemFrames) const
+ItemTimes TimesOfClip(const ClipItem& item, const ItemRates& rates)
 {
-    return Convert(itemFrames, item, sequence);
-}
-
-Frames ItemRates::ToItem(Frames sequenceFrames) const
-{
-    return Convert(sequenceFrames, sequence, item);
-}
-
-ItemRates RatesOfItem(ObjectHandle item, Ticks sequenceTicks)
-{
-    const Ticks own = TicksOfRate(item.GetChild("rate"));
-    return {.sequence = sequenceTicks, .item = own > 0 ? own : sequenceTicks};
-}
-
-ItemTimes TimesOfClip(ObjectHandle item, const ItemRates& rates)
-{
-    ItemTimes times{Int64Property(item, "start"), Int64Property(item, "end"),
-                    Int64Property(item, "in"), Int64Property(item, "out")};
+    const StatedTimes& stated = item.times;
+    ItemTimes times{stated.start.value, stated.end.value, stated.in.value, stated.out.value};
     if (times.in == 0 && times.out == 0)
         times.out = kNotStated;
     FillIn(times, rates);
@@ -92,19 +72,19 @@ ItemTimes TimesOfClip(ObjectHandle item, const ItemRates& rates)
 
 // A generator's `duration` is all that it could give, often minutes; the cut is what is stated as
 // edges.
-ItemTimes TimesOfGenerator(ObjectHandle item, const ItemRates& rates, Frames fileFrames)
+ItemTimes TimesOfGenerator(const ClipItem& item, const ItemRates& rates, Frames fileFrames)
 {
-    const Frames start = Int64Property(item, "start");
-    const Frames end = Int64Property(item, "end");
-    const Frames in = HasValue(item, "in") ? Int64Property(item, "in") : 0;
+    const Frames start = item.times.start.value;
+    const Frames end = item.times.end.value;
     const bool hasEdges = start != kNotStated && end != kNotStated;
     Frames length = 0; // in frames of the sequence
-    for (const Frames limit : {rates.ToSequence(Int64Property(item, "duration")),
-                               rates.ToSequence(fileFrames), hasEdges ? Minus(end, start) : 0})
+    for (const Frames limit :
+         {rates.ToSequence(Int64Property(item, "duration")), rates.ToSequence(fileFrames),
+          hasEdges ? SubtractTicks(end, start) : 0})
         if (limit > 0)
             length = length > 0 ? std::min(length, limit) : limit;
 
-    ItemTimes times{.start = start, .in = std::max<Frames>(in, 0)};
+    ItemTimes times{.start = start, .in = std::max<Frames>(item.times.in.value, 0)};
     times.end = start == kNotStated ? kNotStated : AddTicks(start, length);
     times.out = AddTicks(times.in, rates.ToItem(length));
     return times;

@@ -7,30 +7,45 @@
 
 #include "core/ticks.h"
 #include "tree/object.h"
+#include "xmeml/rates.h"
 
 #include <cstdint>
+#include <string_view>
 
 namespace XPJ {
 
-using Frames = std::int64_t;
+// A time as an element states it. An absent one counts as 0.
+struct StatedTime {
+    std::int64_t value = 0;
+    bool isPresent = false;
 
-constexpr Frames kNotStated = -1;
-
-// Difference, clamped to the range.
-Frames Minus(Frames a, Frames b) noexcept;
-
-// Ticks a frame of a sequence and of one of its items.
-struct ItemRates {
-    Ticks sequence = kNtscFrameTicks;
-    Ticks item = kNtscFrameTicks;
-
-    // A length in the other's frames, to the nearest one.
-    Frames ToSequence(Frames itemFrames) const;
-    Frames ToItem(Frames sequenceFrames) const;
+    bool IsStated() const { return isPresent && value != kNotStated; }
+    void Set(std::int64_t newValue) { *this = {newValue, true}; }
 };
 
-// An item without a rate counts in the sequence's.
-ItemRates RatesOfItem(ObjectHandle item, Ticks sequenceTicks);
+struct StatedTimes {
+    StatedTime start;
+    StatedTime end;
+    StatedTime in;
+    StatedTime out;
+    // In and out in ticks, which documents of this system state beside the frames.
+    StatedTime exactIn;
+    StatedTime exactOut;
+};
+StatedTimes ReadStatedTimes(ConstHandle element);
+
+// A `clipitem` or `generatoritem` with its times, which its track may have completed. A `clip` that
+// stands for an item has those that it states itself.
+class ClipItem : public ConstHandle {
+public:
+    ClipItem() = default;
+    explicit ClipItem(ConstHandle element) : ConstHandle(element), times(ReadStatedTimes(element))
+    {
+    }
+
+    StatedTimes times;
+    int position = 0; // on its track, from 1; transitions count
+};
 
 struct ItemTimes {
     Frames start = 0;
@@ -40,11 +55,11 @@ struct ItemTimes {
 };
 
 // The times of a `clipitem`; what is missing is filled in from the others, as far as they suffice.
-ItemTimes TimesOfClip(ObjectHandle item, const ItemRates& rates);
+ItemTimes TimesOfClip(const ClipItem& item, const ItemRates& rates);
 
 // The times of a `generatoritem`, whose source has no length of its own. `fileFrames` is the length
 // of its file, 0 without one.
-ItemTimes TimesOfGenerator(ObjectHandle item, const ItemRates& rates, Frames fileFrames);
+ItemTimes TimesOfGenerator(const ClipItem& item, const ItemRates& rates, Frames fileFrames);
 
 // A time in the source of a clip that plays at `speed`, up to the next whole frame.
 //   ScaledTicks(3, 8475667200, 0.5) == 2 * 8475667200

@@ -2,7 +2,7 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
-#include "effects/values.h"
+#include "xmeml/flags.h"
 
 #include <cmath>
 #include <string_view>
@@ -14,49 +14,58 @@ namespace {
 constexpr double kPercent = 100.0;
 
 // The `effect` of the first filter that is on.
-ObjectHandle TimeRemapOf(ObjectHandle item)
+ConstHandle TimeRemapOf(ConstHandle item)
 {
-    for (const ObjectHandle& filter : item.GetChildren("filter")) {
-        const ObjectHandle effect = filter.GetChild("effect");
-        if (effect.GetProperty("effectid") == "timeremap" &&
-            !EqualsIgnoreCase(filter.GetProperty("enabled"), "FALSE"))
+    for (const ConstHandle& filter : item.GetChildren("filter")) {
+        const ConstHandle effect = filter.GetChild("effect");
+        if (effect.GetProperty("effectid") == "timeremap" && IsEnabled(filter))
             return effect;
     }
     return {};
 }
 
-bool IsSwitchedOn(ObjectHandle parameter)
+// Text of the child `value`, else the property `value`, without blanks at its ends.
+std::string_view ValueOf(ConstHandle node)
 {
-    return EqualsIgnoreCase(PlainValue(parameter), "true");
+    const std::string_view text = Trimmed(node.GetChild("value").GetProperty("value"));
+    return text.empty() ? Trimmed(node.GetProperty("value")) : text;
+}
+
+bool IsSwitchedOn(ConstHandle parameter)
+{
+    return EqualsIgnoreCase(ValueOf(parameter), "true");
 }
 
 // The slope of a graph at the keyframe where its clip ends; 1 without one.
-double GraphSpeed(ObjectHandle graph)
+double GraphSpeed(ConstHandle graph)
 {
     double speed = 1.0;
-    for (const ObjectHandle& keyframe : graph.GetChildren("keyframe")) {
+    for (const ConstHandle& keyframe : graph.GetChildren("keyframe")) {
         const double when = DoubleProperty(keyframe, "when");
         if (IsTrue(keyframe, "speedkfout") && when != 0.0)
-            speed = ParseDouble(PlainValue(keyframe)) / when;
+            speed = ParseDouble(ValueOf(keyframe)) / when;
     }
     return speed;
 }
 
 } // namespace
 
-ItemSpeed SpeedOfItem(ObjectHandle item)
+ItemSpeed SpeedOfItem(ConstHandle item)
 {
     ItemSpeed result;
-    for (const ObjectHandle& parameter : TimeRemapOf(item).GetChildren("parameter")) {
+    ConstHandle graph;
+    for (const ConstHandle& parameter : TimeRemapOf(item).GetChildren("parameter")) {
         const std::string_view id = parameter.GetProperty("parameterid");
         if (id == "speed")
-            result.speed = ParseDouble(PlainValue(parameter)) / kPercent;
+            result.speed = ParseDouble(ValueOf(parameter)) / kPercent;
         else if (id == "reverse")
             result.playBackwards = IsSwitchedOn(parameter);
         else if (id == "frameblending")
             result.frameBlending = IsSwitchedOn(parameter);
+        else if (id == "graphdict")
+            graph = parameter;
     }
-    const double graphSpeed = GraphSpeed(FindParameter(TimeRemapOf(item), "graphdict"));
+    const double graphSpeed = GraphSpeed(graph);
     if (graphSpeed != 1.0 && !result.playBackwards)
         result.speed = graphSpeed;
     if (result.speed < 0.0) {

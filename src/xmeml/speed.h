@@ -1,4 +1,4 @@
-// Constant speed of a track item, as its `timeremap` filter states it.
+// Constant speed of a track item as its `timeremap` filter states it.
 #pragma once
 
 #include "tree/object.h"
@@ -11,6 +11,6 @@ struct ItemSpeed {
     bool frameBlending = false;
 };
 
-ItemSpeed SpeedOfItem(ObjectHandle item);
+ItemSpeed SpeedOfItem(ConstHandle item);
 
 } // namespace XPJ

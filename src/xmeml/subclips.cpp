@@ -1,17 +1,15 @@
 #include "xmeml/subclips.h"
 
 #include "core/ticks.h"
-#include "xmeml/files.h"
-
 namespace XPJ {
 
 namespace {
 
-// The length of a clip's first item; where it states none that of the clip, of the medium last.
-std::int64_t DurationOf(const ImportState& state, ObjectHandle clip, ObjectHandle item)
+// The length of a clip's first item; where it states none that of the clip, of the file last.
+std::int64_t DurationOf(const FileCatalog& files, ConstHandle clip, ConstHandle item)
 {
-    for (const ObjectHandle& node :
-         {item, clip, FileOfItem(state, item), item.GetChild("sequence")})
+    const ConstHandle file = FileOfItem(files, item);
+    for (const ConstHandle& node : {item, clip, file, item.GetChild("sequence")})
         if (HasValue(node, "duration"))
             return Int64Property(node, "duration");
     return 0;
@@ -19,14 +17,14 @@ std::int64_t DurationOf(const ImportState& state, ObjectHandle clip, ObjectHandl
 
 } // namespace
 
-SubclipRange ReadSubclipInfo(const ImportState& state, ObjectHandle element)
+SubclipRange ReadSubclipInfo(const FileCatalog& files, ConstHandle element)
 {
     if (element.GetName() == "sequence")
         return {};
-    const ObjectHandle inner = FirstClipItem(element.GetChild("media"));
-    const ObjectHandle soft = HasValue(element, "velaSoftStartOffset") ? element : inner;
-    const ObjectHandle info = element.HasChild("subclipinfo") ? element.GetChild("subclipinfo")
-                                                              : inner.GetChild("subclipinfo");
+    const ConstHandle inner = FirstClipItem(element.GetChild("media"));
+    const ConstHandle soft = HasValue(element, "velaSoftStartOffset") ? element : inner;
+    const ConstHandle info = element.HasChild("subclipinfo") ? element.GetChild("subclipinfo")
+                                                             : inner.GetChild("subclipinfo");
     SubclipRange range;
     if (HasValue(soft, "velaSoftStartOffset")) {
         range.start = Int64Property(soft, "velaSoftStartOffset");
@@ -37,7 +35,7 @@ SubclipRange ReadSubclipInfo(const ImportState& state, ObjectHandle element)
     } else {
         return range;
     }
-    range.end = AddTicks(range.start, DurationOf(state, element, inner ? inner : element));
+    range.end = AddTicks(range.start, DurationOf(files, element, inner ? inner : element));
     return range;
 }
 

@@ -1,7 +1,8 @@
-// Subclips: clips that stand for a part of a longer clip.
+// Subclips: clips of a part of a longer clip.
 #pragma once
 
-#include "import/import_state.h"
+#include "tree/object.h"
+#include "xmeml/files.h"
 
 #include <cstdint>
 
@@ -19,6 +20,6 @@ struct SubclipRange {
 
 // Soft offsets win over `subclipinfo`; each is taken from a `clip` or `clipitem` itself, else from
 // the first `clipitem` of its `media`. A `sequence` is no part of anything, whatever its items are.
-SubclipRange ReadSubclipInfo(const ImportState& state, ObjectHandle element);
+SubclipRange ReadSubclipInfo(const FileCatalog& files, ConstHandle element);
 
 } // namespace XPJ

@@ -1,0 +1,83 @@
+#include "import/item_masters.h"
+
+#include <algorithm>
+
+namespace XPJ {
+
+namespace {
+
+MasterClip FindFile(const Import& import, const MediaQuery& query, ConstHandle item)
+{
+    if (const FileElement file = FileOfItem(import.files, item))
+        return FindMedia(import.masters.registry, query, import.files.IdOf(file));
+    return {};
+}
+
+MasterClip FindReferenced(const Import& import, const MediaQuery& query, ConstHandle item)
+{
+    const ConstHandle nested = item.GetChild("sequence");
+    if (const MasterClip master = import.sequences.MasterOf(import.sequences.IdOf(nested)))
+        return master;
+    const std::string_view fileId = item.GetProperty("fileid");
+    if (const MasterClip master = FindMedia(import.masters.registry, query, fileId))
+        return master;
+    return import.sequences.MasterOf(item.GetProperty("sequenceid"));
+}
+
+MasterClip FindInMedia(const Import& import, const MediaQuery& query, ConstHandle item)
+{
+    for (const FileElement& file : FilesOfMedia(import.files, item.GetChild("media")))
+        if (const MasterClip master =
+                FindMedia(import.masters.registry, query, import.files.IdOf(file)))
+            return master;
+    return {};
+}
+
+MasterClip FindSelf(const Import& import, const MediaQuery& query, ConstHandle item)
+{
+    const std::string_view id = item.GetProperty("id");
+    if (const MasterClip master =
+            import.masters.registry.Find({query.masterClipId, id, 0, query.type}))
+        return master;
+    return import.sequences.MasterOf(id);
+}
+
+using Search = MasterClip (*)(const Import&, const MediaQuery&, ConstHandle);
+constexpr Search kSearches[] = {FindFile, FindReferenced, FindInMedia, FindSelf};
+
+} // namespace
+
+MasterClip FindMedia(const MasterRegistry& registry, const MediaQuery& query,
+                     std::string_view mediaId)
+{
+    for (const int index : {query.sourceTrack, query.trackIndex, 0})
+        if (index >= 0)
+            if (const MasterClip master =
+                    registry.Find({query.masterClipId, mediaId, index, query.type}))
+                return master;
+    return registry.Find({{}, mediaId, 0, query.type});
+}
+
+int SourceTrackOf(ConstHandle item)
+{
+    return std::max(IntProperty(item.GetChild("sourcetrack"), "trackindex"), 0) - 1;
+}
+
+MasterClip MasterForItem(const Import& import, ConstHandle item, MediaType type, int trackIndex)
+{
+    if (const ConstHandle multiclip = FindMulticlip(item)) {
+        if (!IsCollapsed(multiclip))
+            return import.masters.OfMulticlip(multiclip.GetProperty("id"));
+        item = import.angles.Of(multiclip).clip;
+    }
+    const MediaQuery query{.masterClipId = item.GetProperty("masterclipid"),
+                           .type = type,
+                           .sourceTrack = SourceTrackOf(item),
+                           .trackIndex = trackIndex};
+    for (const Search search : kSearches)
+        if (const MasterClip master = search(import, query, item))
+            return master.FirstClip(type) ? master : MasterClip();
+    return {};
+}
+
+} // namespace XPJ

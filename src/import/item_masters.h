@@ -1,0 +1,27 @@
+// The master clip that an item, or a clip, means.
+#pragma once
+
+#include "import/import.h"
+
+namespace XPJ {
+
+// How an element asks for the master of a media file. Layers are registered under their own index,
+// everything else under 0: an item looks for its source track, then for its index in the sequence,
+// then for the media as a whole.
+struct MediaQuery {
+    std::string_view masterClipId;
+    MediaType type = MediaType::Video;
+    int sourceTrack = -1; // from 0; -1 without one
+    int trackIndex = 0;   // from 0
+};
+MasterClip FindMedia(const MasterRegistry& registry, const MediaQuery& query,
+                     std::string_view mediaId);
+
+// `trackindex` of a `sourcetrack`, from 0; -1 without one.
+int SourceTrackOf(ConstHandle item);
+
+// The master that a `clipitem`, `generatoritem` or `clip` shows on a track of a type; null if there
+// is none. `trackIndex` counts from 0.
+MasterClip MasterForItem(const Import& import, ConstHandle item, MediaType type, int trackIndex);
+
+} // namespace XPJ

@@ -1,0 +1,53 @@
+// What the items of one sequence, and of one track, share while they are translated.
+#pragma once
+
+#include "core/ticks.h"
+#include "import/import.h"
+#include "import/item_issues.h"
+#include "project/channel_types.h"
+#include "project/frame_format.h"
+#include "xmeml/cut_points.h"
+#include "xmeml/links.h"
+#include "xmeml/sequences.h"
+
+#include <string_view>
+
+namespace XPJ {
+
+struct SequenceContext {
+    Import& import;
+    ConstHandle sequence;       // the `sequence` element
+    const SequenceItems& items; // of its tracks
+    int number = 0;             // `ID` of the Sequence
+    SequenceRates rates = {};
+    SequenceTimecode timecode = {};
+    FrameFormat frame = {};
+    int groupType = kStereoType; // ChannelType of the audio track group
+    int groupChannels = 2;       // its `NumAdaptiveChannels`
+    bool exploded = false;       // multichannel audio is on several mono tracks
+    LinkIndex links = {};
+    Ticks end = 0; // of the last item so far
+};
+
+struct TrackContext {
+    SequenceContext& sequence;
+    MediaType type = MediaType::Video;
+    int number = 1;     // among the document's tracks of the type, from 1; skipped ones count
+    int lastNumber = 1; // of its last continuation
+    int index = 0;      // among the project's tracks, from 0
+    int id = 1;
+};
+
+// An item that starts at a frame of the sequence.
+inline ItemPlace PlaceOfItem(const TrackContext& track, std::string_view name, Frames start)
+{
+    return PlaceOfItem(track.sequence.timecode, name, {track.type, track.index, start});
+}
+
+inline void AddItemIssue(const TrackContext& track, ConstHandle item, Frames start,
+                         ImportIssue kind)
+{
+    AddItemIssue(track.sequence.import, PlaceOfItem(track, item.GetProperty("name"), start), kind);
+}
+
+} // namespace XPJ

@@ -1,0 +1,33 @@
+// A MasterClip as a builder left it, before the host has nested its parts: what its clips show.
+#pragma once
+
+#include "core/media_type.h"
+#include "tree/object.h"
+
+#include <vector>
+
+namespace XPJ {
+
+// A channel of a master's audio. All channels of all its AudioClips are one list, whether the clips
+// hold one each or several.
+struct MasterChannel {
+    ObjectHandle clip;
+    ObjectHandle channel; // SecondaryContent
+};
+
+class MasterClip : public ObjectHandle {
+public:
+    MasterClip() = default;
+    explicit MasterClip(ObjectHandle node) : ObjectHandle(node) {}
+
+    // The first VideoClip or AudioClip; null without one.
+    ObjectHandle FirstClip(MediaType type) const;
+    ObjectHandle VideoClip() const { return FirstClip(MediaType::Video); }
+    // Source of the first clip of either type.
+    ObjectHandle FirstSource() const { return GetChild("Clip").GetChild("Source"); }
+    // The Sequence that it shows; null for a master of media.
+    ObjectHandle Sequence() const { return FirstSource().GetChild("Sequence"); }
+    std::vector<MasterChannel> Channels() const;
+};
+
+} // namespace XPJ
