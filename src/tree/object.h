@@ -2,9 +2,8 @@
 //
 // A node has a name, properties (text to text) and ordered named children. One `Document` owns the
 // arena in which its nodes and values live; an `ObjectHandle` is a plain pointer into it, a
-// `ConstHandle` one that only reads. Trees may
-// share nodes, also between documents, and may hold cycles: every document of a conversion lives to
-// the conversion's end.
+// `ConstHandle` one that only reads. Trees may share nodes, also between documents, and may hold
+// cycles: every document of a conversion lives to the conversion's end.
 //
 //   Document document;
 //   ObjectHandle marker = document.NewObject("Marker");
@@ -63,7 +62,7 @@ struct Object {
 };
 
 // The children of a node, all or those of one name. Appending while walking is allowed: the walk
-// then reaches what was appended.
+// then comes to what was appended.
 template <class Handle>
 class BasicChildRange {
 public:
@@ -222,7 +221,7 @@ public:
 
 private:
     std::pmr::monotonic_buffer_resource arena_{65536};
-    std::forward_list<std::string> adopted_; // a node each: short texts stay in place
+    std::forward_list<std::string> adopted_; // a list node each: short texts don't move
 };
 
 // A set of nodes by identity, one bit a node: for walks that take each node once.

@@ -85,11 +85,12 @@ std::string ReadText(const FieldUse& use)
 
 std::string NamesText(const XmemlAttribute& attribute)
 {
-    std::string names;
-    const auto list = attribute.list ? attribute.list() : std::span<const Name>(&attribute.name, 1);
-    for (const Name& name : list)
-        names.append(names.empty() ? "" : ", ").append(Quoted(name.View()));
-    return (attribute.isLeafToo ? "attribute or element " : "attribute ") + names;
+    std::string text = attribute.isLeafToo ? "attribute or element " : "attribute ";
+    if (!attribute.list)
+        return text + Quoted(attribute.name.View());
+    const std::span<const Name> names = attribute.list();
+    return text + Quoted(names.front().View()) + " and " + std::to_string(names.size() - 1) +
+           " more of `src/core/host_properties.cpp`";
 }
 
 std::string NameText(const XmemlField& field)
