@@ -148,7 +148,7 @@ private:
             differences_.Add(subject, Change::Moved, "track", TrackText(*left.track),
                              TrackText(*right.track));
         // The end of an item that moves moves with it.
-        const bool keepsLength = Minus(a.end, a.start) == Minus(b.end, b.start);
+        const bool keepsLength = SubtractTicks(a.end, a.start) == SubtractTicks(b.end, b.start);
         differences_.CompareTimes(subject, "start", sequences_.left.format, a.start, b.start,
                                   keepsLength ? Change::Moved : Change::Changed);
         if (!keepsLength)
