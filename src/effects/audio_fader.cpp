@@ -2,7 +2,6 @@
 
 #include "core/numbers.h"
 #include "effects/audio_filters.h"
-#include "effects/effect_walk.h"
 #include "effects/keyframes.h"
 #include "effects/parameters.h"
 #include "effects/values.h"

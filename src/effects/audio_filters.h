@@ -38,13 +38,13 @@ enum class AudioExport { Always, Ordinary, HandOff };
 
 struct AudioFilterRow {
     XmemlEffect xmeml;
-    AudioMatchNames project = {};                           // empty: not a part of a chain
-    std::string_view name = {};                             // for people
-    std::span<const AudioParamRow> params = {};             // in the order of the component
+    AudioMatchNames project = {};               // empty: not a part of a chain
+    std::string_view name = {};                 // for people
+    std::span<const AudioParamRow> params = {}; // in the order of the component
+    std::string_view note = {};
+    Outcome outcome = Outcome::CarriedOver;
     ImportIssue refusal = ImportIssue::EffectNotTranslated; // of an effect that lacks a parameter
     AudioExport exported = AudioExport::Always;
-    Outcome outcome = Outcome::CarriedOver;
-    std::string_view note = {};
     bool isOfTrack = false; // a fader, not an effect of a clip
 };
 

@@ -33,10 +33,10 @@ void AddVideoEffects(Listings& list)
             EffectListing{.family = row.isIntrinsic ? "Intrinsic" : "Video filter",
                           .name = row.isIntrinsic ? row.xmeml.name : row.xmeml.id,
                           .effectId = row.xmeml.id,
-                          .outcome = row.outcome,
                           .note = row.note,
                           .matchName = row.project.match,
                           .userName = row.name,
+                          .outcome = row.outcome,
                           .isListed = !row.xmeml.id.empty()});
         if (row.isIntrinsic && !row.name.empty())
             listing.name = row.name;
@@ -67,8 +67,8 @@ void AddTransitions(std::string_view family, MediaType type, Listings& list)
     list.push_back({.family = family,
                     .name = "any other",
                     .effectId = {},
-                    .outcome = Outcome::Approximated,
                     .note = OtherTransition(type).project.display,
+                    .outcome = Outcome::Approximated,
                     .isTransition = true});
 }
 
@@ -78,8 +78,8 @@ void AddGenerators(Listings& list)
         EffectListing& listing = list.emplace_back(EffectListing{.family = "Generator",
                                                                  .name = row.id,
                                                                  .effectId = row.id,
-                                                                 .outcome = Outcome::Approximated,
-                                                                 .note = row.note});
+                                                                 .note = row.note,
+                                                                 .outcome = Outcome::Approximated});
         for (const std::string_view part : row.parts)
             listing.parameters.push_back({.name = part});
     }
@@ -92,10 +92,10 @@ void AddAudioFilters(Listings& list)
             EffectListing{.family = row.isOfTrack ? "Audio track" : "Audio filter",
                           .name = row.xmeml.name,
                           .effectId = row.xmeml.id,
-                          .outcome = row.outcome,
                           .note = row.note,
                           .matchName = row.project.Stem(),
-                          .userName = row.name});
+                          .userName = row.name,
+                          .outcome = row.outcome});
         for (const AudioParamRow& param : row.params)
             AddParam(param.param, listing);
     }

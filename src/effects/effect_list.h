@@ -29,7 +29,6 @@ struct EffectListing {
     std::string_view family; // "Video filter"
     std::string_view name;
     std::string_view effectId; // empty where effects are known by their name alone
-    Outcome outcome = Outcome::CarriedOver;
     std::vector<ListedParameter> parameters = {};
     std::string_view note = {}; // what is lost, or on what the outcome depends
 
@@ -37,6 +36,7 @@ struct EffectListing {
     std::string_view matchName = {}; // or how it begins: audio effects have one a channel type
     std::string_view userName = {};  // the same in both families; empty: each document's own
     std::vector<NeutralValue> neutralValues = {}; // of effects that editors write for every clip
+    Outcome outcome = Outcome::CarriedOver;
     bool isTransition = false;
     bool isListed = true; // false for a variant of the effect before it
 };

@@ -41,7 +41,7 @@ struct Color {
     friend bool operator==(const Color&, const Color&) = default;
 };
 
-// Text of the child `value`, else the property `value`, which generated nodes have.
+// The text of a value: of the child of that name, or of the property, as generated nodes have it.
 std::string_view RawValue(ConstHandle node);
 // The same without blanks at both ends; empty means that there is no value.
 std::string_view PlainValue(ConstHandle node);

@@ -7,7 +7,7 @@
 #include "effects/values.h"
 
 #include <algorithm>
-#include <ranges>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -106,14 +106,17 @@ std::string TransitionNameOfMatch(std::string_view matchName, std::string_view d
 bool IsNeutral(const Effect& effect)
 {
     // The volume of a clip and its gain have one name.
-    auto rows = std::views::filter(KnownEffects(), [&](const EffectListing& row) {
+    const std::vector<EffectListing>& known = KnownEffects();
+    const auto isOfEffect = [&](const EffectListing& row) {
         return row.userName == effect.name && !row.neutralValues.empty();
-    });
-    return !rows.empty() && std::ranges::all_of(effect.parameters, [&](const Parameter& parameter) {
-        return IsStill(parameter) && std::ranges::any_of(rows, [&](const EffectListing& row) {
-                   return HasNeutralValue(row, parameter);
+    };
+    const auto isNeutral = [&](const Parameter& parameter) {
+        return IsStill(parameter) && std::ranges::any_of(known, [&](const EffectListing& row) {
+                   return isOfEffect(row) && HasNeutralValue(row, parameter);
                });
-    });
+    };
+    return std::ranges::any_of(known, isOfEffect) &&
+           std::ranges::all_of(effect.parameters, isNeutral);
 }
 
 std::string PlainForm(std::string_view value)
