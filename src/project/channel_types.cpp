@@ -8,7 +8,7 @@ constexpr ChannelTypeRow kRows[] = {
     {kMonoType, 1, "Mono", "mono"},
     {kStereoType, 2, "Stereo", "stereo"},
     {kSurroundType, 6, "5.1", "5.1"},
-    {kAdaptiveType, 32, "SixteenChannel", "adaptive"},
+    {kAdaptiveType, kMaxTrackChannels, "SixteenChannel", "adaptive"},
 };
 
 } // namespace

@@ -9,9 +9,12 @@ namespace XPJ {
 // `ChannelType` of a project's tracks, clips and panners.
 enum ChannelType : int { kMonoType = 0, kStereoType = 1, kSurroundType = 2, kAdaptiveType = 3 };
 
+// The most channels that a track may have: those of an adaptive one.
+constexpr int kMaxTrackChannels = 32;
+
 struct ChannelTypeRow {
     int type;
-    int channels;               // of an adaptive track: the most
+    int channels;
     std::string_view trackName; // `velaTrackType`
     std::string_view itemName;  // `velaChannelType`
 };
