@@ -2,7 +2,6 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
-#include "project/channel_types.h"
 
 #include <algorithm>
 #include <array>
@@ -172,7 +171,7 @@ std::uint32_t UsedChannels(TrackItem item)
     std::uint32_t used = 0;
     int channel = 0;
     for (const ConstHandle content : SecondaryContentsOf(ClipOfSubClip(SubClipOf(item)))) {
-        if (channel == kMaxChannels)
+        if (channel == kMaxTrackChannels)
             break;
         if (IsUsed(content))
             used |= 1U << channel;

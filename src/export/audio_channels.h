@@ -3,15 +3,13 @@
 #pragma once
 
 #include "project/accessors.h"
+#include "project/channel_types.h"
 
 #include <cstdint>
 #include <string_view>
 #include <vector>
 
 namespace XPJ::RVX {
-
-// The most channels that a track may have.
-constexpr int kMaxChannels = 32;
 
 // ---- Masters
 

@@ -20,7 +20,7 @@ namespace {
 // What the tracks of one group share.
 struct AudioGroup {
     SequenceContext sequence;
-    int adaptiveChannels = kMaxChannels;
+    int adaptiveChannels = kMaxTrackChannels;
     OutputChannels outputs;
     ObjectHandle element;               // `audio`
     std::vector<OpenTrack> tracks = {}; // the written ones
@@ -44,8 +44,8 @@ struct AudioTrack {
 int AdaptiveChannelsOf(ConstHandle group)
 {
     return HasValue(group, "NumAdaptiveChannels")
-               ? std::clamp(IntProperty(group, "NumAdaptiveChannels"), 1, kMaxChannels)
-               : kMaxChannels;
+               ? std::clamp(IntProperty(group, "NumAdaptiveChannels"), 1, kMaxTrackChannels)
+               : kMaxTrackChannels;
 }
 
 int ChannelCountOf(const ChannelTypeRow& type, int adaptiveChannels)

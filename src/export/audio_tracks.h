@@ -1,9 +1,9 @@
 // Groups and tracks of audio. A project's track carries several channels, a written one carries
 // one: each track is exploded into as many as it has channels, except in the hand-off document.
 //
-//   project            document                        hand-off
-//   1 stereo           1 left of 1, 2 right of 1       1 with 2 channels
-//   2 mono             3                               2
+//   of the project     written                         in a hand-off
+//   track 1, stereo    tracks 1 (left), 2 (right)      track 1 with 2 channels
+//   track 2, mono      track 3                         track 2
 #pragma once
 
 #include "export/tracks.h"

@@ -238,7 +238,7 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
 void AddAdaptiveChannels(Document& document, const std::vector<MasterChannel>& channels,
                          ObjectHandle audioClip)
 {
-    for (std::size_t i = 0; i < kMaxAdaptiveChannels; ++i)
+    for (std::size_t i = 0; i < kMaxTrackChannels; ++i)
         if (i < channels.size())
             AddContent(document, channels[i], audioClip);
         else

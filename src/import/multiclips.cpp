@@ -174,8 +174,8 @@ ObjectHandle MakeAngleAudio(const MulticlipContext& context, const Angle& angle)
     clip.SetPropertyShared("SecondaryIndex", "0");
     clip.SetPropertyShared("Gain", "1.0");
     clip.SetProperty("ChannelType", IntToString(kAdaptiveType));
-    clip.SetProperty("NumChannels", IntToString(kMaxAdaptiveChannels));
-    clip.SetProperty("AudioChannelLayout", ChannelLayoutText(kAdaptive, kMaxAdaptiveChannels));
+    clip.SetProperty("NumChannels", IntToString(kMaxTrackChannels));
+    clip.SetProperty("AudioChannelLayout", ChannelLayoutText(kAdaptive, kMaxTrackChannels));
     clip.AddChild("Markers", MarkersOf(context, angle));
     AddAdaptiveChannels(document, channels, clip);
     SyntheticItem item = ItemOf(angle, clip, master);

@@ -204,7 +204,7 @@ ObjectHandle TranslateAudioTracks(SequenceContext& context, ConstHandle audio, i
     Document& document = context.import.document;
     const Ticks sampleTicks = context.rates.audio;
     context.groupChannels = context.groupType == kAdaptiveType
-                                ? std::min(outputs, kMaxAdaptiveChannels)
+                                ? std::min(outputs, kMaxTrackChannels)
                                 : ChannelCountOf(context.groupType);
     const AudioGroup group = MakeAudioGroup(document, sampleTicks, context.groupChannels);
     TrackNames names;

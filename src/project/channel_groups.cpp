@@ -65,7 +65,7 @@ ObjectHandle MakeGroup(Document& document, const ChannelGroups& fields, const Ki
 int ChannelsOfClip(const AudioKind& audio, bool isWide)
 {
     if (audio.kind == kAdaptive)
-        return isWide ? kMaxAdaptiveChannels : audio.channels;
+        return isWide ? kMaxTrackChannels : audio.channels;
     const KindRow* const row = RowOf(audio.kind);
     return row ? row->channelsOfClip : 0;
 }

@@ -10,7 +10,7 @@ constexpr ChannelTypeRow kChannelTypes[] = {
     {kMonoType, 1, "Mono", "mono"},
     {kStereoType, 2, "Stereo", "stereo"},
     {kSurroundType, 6, "5.1", "5.1"},
-    {kAdaptiveType, kMaxAdaptiveChannels, "SixteenChannel", "adaptive"},
+    {kAdaptiveType, kMaxTrackChannels, "SixteenChannel", "adaptive"},
 };
 
 void AppendLabels(std::string_view label, int count, std::string& list)

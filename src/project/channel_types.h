@@ -11,8 +11,8 @@ namespace XPJ {
 // part of the format.
 enum ChannelType : int { kMonoType = 0, kStereoType = 1, kSurroundType = 2, kAdaptiveType = 3 };
 
-// The most channels that an adaptive type may have.
-constexpr int kMaxAdaptiveChannels = 32;
+// The most channels that a track may have: those of an adaptive one.
+constexpr int kMaxTrackChannels = 32;
 
 struct ChannelTypeRow {
     int type; // a ChannelType

@@ -56,7 +56,7 @@ void AddDefaultTypes(int inputType, int outputType, ObjectHandle panner)
 void AddAdaptiveTypes(int groupType, ObjectHandle panner)
 {
     panner.SetProperty("ChannelType", IntToString(kAdaptiveType));
-    panner.SetProperty("NumChannels", IntToString(kMaxAdaptiveChannels));
+    panner.SetProperty("NumChannels", IntToString(kMaxTrackChannels));
     panner.SetProperty("OutputChannelType", IntToString(groupType));
     const bool isFixed = groupType >= kMonoType && groupType <= kSurroundType;
     panner.SetProperty("NumOutputChannels", isFixed ? IntToString(ChannelCountOf(groupType)) : "0");
