@@ -1,4 +1,4 @@
-// Exports as a whole where a case has no say: stopping, growth, circles, rates that cannot be.
+// Exports as a whole beyond what a case can show: stopping, growth, circles, rates that cannot be.
 #include "core/progress.h"
 #include "export/export_driver.h"
 #include "project/reader.h"

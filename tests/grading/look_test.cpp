@@ -168,7 +168,7 @@ TEST(Look, MessagesAreDistinct)
     EXPECT_EQ(LookMessageKey(static_cast<LookMessage>(kLookMessageCount)), "");
 }
 
-// Whatever is cut off: the look reads, or a message says why not.
+// Whatever is cut off: the look reads, or a message states why not.
 TEST(Look, MayEndAnywhere)
 {
     const std::string whole =

@@ -1,5 +1,7 @@
 #include "grading/mask_text.h"
 
+#include "support/rows.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -77,29 +79,11 @@ TEST(Mask, FixedPointsAreWrittenInShort)
 
 TEST(Mask, OneAnimatedValueKeepsThemAll)
 {
-    const struct {
-        std::string_view tag;
-        std::string_view value;
-        bool isFixed;
-    } rows[] = {
-        {"inner", "catmull-rom,value:1,2@0", true},
-        {"inner", "catmull-rom,value:1,2@1", false},
-        {"inner", "catmull-rom,value:1,2@0;3,4@1", false},
-        {"inner", "linear,value:1,2@0", false},
-        {"inner", ":1,2@0;3,4@1", false},
-        {"inner", "1,2", false},
-        {"falloffweight", "catmull-rom,value:2.5@0", true},
-        {"falloffweight", "catmull-rom,value:nan@0", false},
-        {"falloffweight", "linear,value:1@0", false},
-        {"spline", "linear,value:0@0", true},
-        {"spline", "linear,value:0.5@0", false},
-        {"detached", "step,value:1@0", false},
-    };
-    for (const auto& row : rows) {
-        const std::string written = Rewritten(MaskOf(Point(row.tag, row.value)));
+    for (const auto& row : ReadRows("grading/mask_values.txt", 3)) {
+        const std::string written = Rewritten(MaskOf(Point(row[0], row[1])));
         const bool hasAsRead = written.find("0.50,-1e-3") != written.npos;
-        EXPECT_EQ(hasAsRead, !row.isFixed) << row.tag << " " << row.value;
-        const std::string line = "<" + std::string(row.tag) + ">\"" + std::string(row.value) + "\"";
+        EXPECT_EQ(hasAsRead, row[2] == "false") << row[0] << " " << row[1];
+        const std::string line = "<" + row[0] + ">\"" + row[1] + "\"";
         EXPECT_NE(written.find(line), written.npos) << written;
         EXPECT_EQ(Rewritten(written), written);
     }

@@ -1,5 +1,7 @@
 #include "import/formats.h"
 
+#include "support/rows.h"
+
 #include "import/xmeml_fixture.h"
 
 #include <gtest/gtest.h>
@@ -129,67 +131,22 @@ TEST_F(FormatsTest, TheFirstItemOnAnyTrackGivesTheSize)
 
 TEST_F(FormatsTest, PresetByCodec)
 {
-    struct Case {
-        std::string codec;
-        int timebase;
-        std::string_view file;
-        std::string_view modeStart; // of the editing mode
-    };
-    const Case cases[] = {
-        {Codec("Apple DV - NTSC"), 24, "Quicktime DV 24p.epr", "38110ea1"},
-        {Codec("Apple DV/DVCPRO - NTSC"), 30, "QuickTime DV NTSC.epr", "795454d9"},
-        {Codec("Apple DV - NTSC"), 25, "QuickTime.epr", "795454d9"},
-        {Codec("Apple DVCPRO - PAL"), 60, "QuickTime DV PAL.epr", "04be6e19"},
-        {Codec("Apple DV100 Compressor", "DVCPRO HD (720p60)"), 60, "P2 720p 60Hz DVCPROHD.epr",
-         "079a6181"},
-        {Codec("Apple DV100 Compressor", "DVCPRO HD (1080i60)"), 30,
-         "P2 1080i-1080p 60Hz DVCPROHD.epr", "5b1734e9"},
-        {Codec("Apple DV100 Compressor", "DVCPRO HD (1080i60)"), 60, "QuickTime.epr", "795454d9"},
-        {Codec("Apple DV100 Compressor"), 30, "QuickTime.epr", "795454d9"},
-        {Codec("Apple MPEG IMX 525/50"), 30, "P2 DVCPRO50 NTSC.epr", "1fad0335"},
-        {Codec("Apple HDV 1080p25"), 25, "I-Frame Only MPEG.epr", "6c808930"},
-        {Codec("Apple XDCAM HD 1080i60 (35 Mb/s VBR)"), 30, "I-Frame Only MPEG.epr", "5ecab962"},
-        {Codec("Apple XDCAM HD 1080i60"), 30, "QuickTime.epr", "795454d9"},
-        {Codec("Apple XDCAM EX 1080i60 (35 Mb/s VBR)"), 30, "I-Frame Only MPEG.epr", "d10b5335"},
-        {Codec("Apple XDCAM EX 1080i50 (35 Mb/s VBR)"), 25, "I-Frame Only MPEG.epr", "5ecab962"},
-        {Codec("Apple XDCAM HD422 720p60 (50 Mb/s CBR)"), 60, "I-Frame Only MPEG.epr", "c7a20157"},
-        {Codec("Apple XDCAM HD422 1080p24 (50 Mb/s CBR)"), 24, "I-Frame Only MPEG.epr", "bcb27263"},
-        {Codec("Apple ProRes 422"), 24, "QuickTime.epr", "795454d9"},
-    };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.codec + " " + std::to_string(row.timebase));
-        EXPECT_EQ(PresetOf(SequenceOf(Rate(row.timebase, true) + row.codec)), row.file);
-        EXPECT_TRUE(EditingMode().starts_with(row.modeStart)) << EditingMode();
+    for (const auto& row : ReadRows("import/presets_by_codec.txt", 5)) {
+        SCOPED_TRACE(row[0] + " " + row[2]);
+        EXPECT_EQ(PresetOf(SequenceOf(Rate(std::stoi(row[2]), true) + Codec(row[0], row[1]))),
+                  row[3]);
+        EXPECT_TRUE(EditingMode().starts_with(row[4])) << EditingMode();
     }
 }
 
 TEST_F(FormatsTest, PresetByPictureFormat)
 {
-    struct Case {
-        Ticks ticks;
-        int width;
-        int height;
-        std::string_view formatName;
-        std::string_view modeStart;
-    };
-    constexpr Case cases[] = {
-        {10594584000, 720, 480, "NTSC-601", "38110ea1"},
-        {kPalFrameTicks, 720, 480, "NTSC-601", "795454d9"},
-        {kNtscFrameTicks, 1920, 1080, "square", "5ecab962"},
-        {8467200000, 1920, 1080, "square", "e7961389"},
-        {kPalFrameTicks, 1440, 1080, "Square", "e7961389"},
-        {kPalFrameTicks, 960, 720, "DVCPROHD-720P", "08dc3274"},
-        {kNtscFrameTicks, 960, 720, "DVCPROHD-720P", "079a6181"},
-        {kNtscFrameTicks, 1280, 720, "HD-(1280x1080)", "c7198254"},
-        {kNtscFrameTicks, 1440, 1080, "HD-(1440x1080)", "a3d8b249"},
-        {10584000000, 1440, 1080, "HD-(1440x1080)", "6c808930"},
-        {kNtscFrameTicks, 640, 480, "square", "795454d9"},
-    };
-    for (const Case& row : cases) {
+    for (const auto& row : ReadRows("import/presets_by_format.txt", 5)) {
         const ObjectHandle sequence = document_.NewObject("Sequence");
-        PresetFromFormat(row.ticks, row.width, row.height, row.formatName, sequence);
-        EXPECT_TRUE(sequence.GetProperty("MZ.Sequence.EditingModeGUID").starts_with(row.modeStart))
-            << row.formatName << " " << row.ticks;
+        PresetFromFormat(std::stoll(row[0]), std::stoi(row[1]), std::stoi(row[2]), row[3],
+                         sequence);
+        EXPECT_TRUE(sequence.GetProperty("MZ.Sequence.EditingModeGUID").starts_with(row[4]))
+            << row[3] << " " << row[0];
     }
 }
 

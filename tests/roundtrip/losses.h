@@ -1,4 +1,4 @@
-// What does not survive the way through both forms, by design.
+// What does not survive the way through both documents, by design.
 #pragma once
 
 #include <span>
@@ -8,9 +8,9 @@
 namespace XPJ {
 
 struct Loss {
-    std::string_view document;   // file name without extension; "*" for all
-    std::string_view difference; // as the comparison words it; "*" stands for any text
-    std::string_view why;
+    std::string document;   // file name without extension; "*" for all
+    std::string difference; // as the comparison words it; "*" stands for any text
+    std::string why;
 };
 
 // Between a project and what comes back when its XML document is imported.

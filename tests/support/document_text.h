@@ -46,7 +46,7 @@ private:
     std::map<std::string, const Element*, std::less<>> objects_;
 };
 
-// A project as cases write it: an object stands where it is referred to first, with its class in
+// A project as cases write it: an object is where it is referred to first, with its class in
 // `is`. <Source is="VideoMediaSource">...</Source> becomes <Source ObjectRef="901"/> and an object;
 // one with an `ObjectID` or `ObjectUID` of its own keeps it.
 std::string FlatProject(std::string_view nested);

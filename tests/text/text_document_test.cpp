@@ -1,5 +1,7 @@
 #include "text/text_document.h"
 
+#include "support/rows.h"
+
 #include "text/blob_text.h"
 #include "text/text_services.h"
 
@@ -41,27 +43,9 @@ TEST(TextDocument, ExactText)
 // Each key with a value of its own kind, as it is written back.
 TEST(TextDocument, EveryKeyIsReadAndWritten)
 {
-    const char* const kParameters[] = {
-        R"("mWidth":640)",
-        R"("mHeight":-3)",
-        R"("mAlignment":6)",
-        R"("mLeading":1.25)",
-        R"("mTabWidth":1e+16)",
-        R"("mStyleSheet":[{"mParamValues":["A",1.5,0.25,0.5,0.75,false,1.0,0.5,0.125,true,2.0,3.0,4.0,5.0,6.0,[1,{"a":null}]]}])",
-        R"("mIsVerticalText":true)",
-        R"("mShadowColor":16711680)",
-        R"("mShadowVisible":true)",
-        R"("mShadowOpacity":50.0)",
-        R"("mShadowAngle":-45.5)",
-        R"("mShadowOffset":3.0)",
-        R"("mShadowBlur":0.1)",
-        R"("mIndic":true)",
-        R"("mRTL":true)",
-        R"("mLigatures":true)",
-        R"("mHindiDigits":true)",
-    };
     const std::string defaults = Document().serialize();
-    for (const std::string parameter : kParameters) {
+    for (const auto& row : ReadRows("text/parameters.txt", 1)) {
+        const std::string& parameter = row[0];
         const Document document(TextBlob(parameter));
         const std::string text = AsciiOf(document.serialize());
         EXPECT_NE(text.find(parameter), std::string::npos) << parameter << " in " << text;
@@ -69,14 +53,8 @@ TEST(TextDocument, EveryKeyIsReadAndWritten)
         EXPECT_EQ(Document(document.serialize()).Parameters(), document.Parameters()) << parameter;
     }
 
-    const char* const kStyle[] = {
-        R"("mFontName":"Times-Roman")", R"("mFontSize":12.5)",      R"("mFillRed":0.5)",
-        R"("mFillGreen":0.25)",         R"("mFillBlue":0.75)",      R"("mFillVisible":false)",
-        R"("mStrokeRed":0.5)",          R"("mStrokeGreen":0.25)",   R"("mStrokeBlue":0.75)",
-        R"("mStrokeVisible":true)",     R"("mStrokeWidth":2.0)",    R"("mKerning":1.0)",
-        R"("mTracking":2.5)",           R"("mTsumi":3.5)",          R"("mBaselineShift":-4.0)",
-        R"("mFillOverStroke":"under")", R"("mFillOverStroke":null)"};
-    for (const std::string key : kStyle) {
+    for (const auto& row : ReadRows("text/style_keys.txt", 1)) {
+        const std::string& key = row[0];
         const std::string object = '{' + key + '}';
         for (const std::string& parameters :
              {R"("mDefaultRun":)" + object, R"("mDefaultRun":{"mStyleParam":)" + object + '}',
@@ -110,27 +88,9 @@ TEST(TextDocument, KeysThatAreMissingKeepTheirDefaults)
 
 TEST(TextDocument, NumbersOfEitherKindAndRange)
 {
-    const struct {
-        const char* parameters;
-        const char* written;
-    } kCases[] = {
-        {R"("mWidth":2.9)", R"("mWidth":2,)"},
-        {R"("mWidth":-2.9)", R"("mWidth":-2,)"},
-        {R"("mWidth":1e300)", R"("mWidth":2147483647,)"},
-        {R"("mWidth":-99999999999)", R"("mWidth":-2147483648,)"},
-        {R"("mTabWidth":18446744073709551615)", R"("mTabWidth":1.8446744073709552e+19,)"},
-        {R"("mTabWidth":7)", R"("mTabWidth":7.0,)"},
-        {R"("mTabWidth":0.00001)", R"("mTabWidth":1e-05,)"},
-        {R"("mTabWidth":100000)", R"("mTabWidth":100000.0,)"},
-        {R"("mTabWidth":0.30000000000000004)", R"("mTabWidth":0.30000000000000004,)"},
-        {R"("mTabWidth":5e-324)", R"("mTabWidth":5e-324,)"},
-        {R"("mTabWidth":9007199254740993.0)", R"("mTabWidth":9007199254740992.0,)"},
-        {R"("mShadowColor":-1)", R"("mShadowColor":0,)"},
-        {R"("mShadowColor":1e10)", R"("mShadowColor":4294967295,)"},
-    };
-    for (const auto& row : kCases) {
-        const std::string text = AsciiOf(Document(TextBlob(row.parameters)).serialize());
-        EXPECT_NE(text.find(row.written), std::string::npos) << row.parameters << " in " << text;
+    for (const auto& row : ReadRows("text/numbers.txt", 2)) {
+        const std::string text = AsciiOf(Document(TextBlob(row[0])).serialize());
+        EXPECT_NE(text.find(row[1]), std::string::npos) << row[0] << " in " << text;
     }
 }
 
