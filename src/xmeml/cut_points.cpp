@@ -59,7 +59,7 @@ public:
     SourcePoint Out() const { return {times_.out, times_.exactOut}; }
 
     // Moves a time in the source as far as the edge moves: by whole frames of the sequence, or
-    // audio would slip against its cut. Where the exact form is stated the other was cut down from
+    // audio would slip against its cut. Where the exact value is stated the other was cut down from
     // it to a frame of the item.
     void Shift(SourcePoint point, Frames frames) const
     {
@@ -221,10 +221,10 @@ private:
     int position_ = 0;
 };
 
-std::vector<std::vector<ClipItem>> ItemsOfTracks(ConstHandle medium, Ticks sequenceTicks)
+std::vector<std::vector<ClipItem>> ItemsOfTracks(ConstHandle group, Ticks sequenceTicks)
 {
     std::vector<std::vector<ClipItem>> tracks;
-    for (const ConstHandle& track : medium.GetChildren("track"))
+    for (const ConstHandle& track : group.GetChildren("track"))
         tracks.push_back(ItemsOfTrack(track, sequenceTicks));
     return tracks;
 }
