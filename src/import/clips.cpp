@@ -51,7 +51,7 @@ void AddComponent(Import& import, ConstHandle clip, const FileUse& use, const Fi
     import.masters.AddComponent(component);
 }
 
-// A file of a clip with several: its number among them. Below 0 for a clip with one file.
+// The order of a file that is no component of a merged clip.
 constexpr int kNoComponent = -1;
 
 // Builds the master of one of a clip's files, unless another clip's serves, and enters the clip's
