@@ -15,20 +15,18 @@ ObjectHandle MakeFader(Document& document, int channelType, int groupChannels, T
 
 } // namespace
 
-ObjectHandle MakeTrackWithFader(Document& document, const AudioTrackFields& fields)
+ObjectHandle MakeTrackWithFader(Document& document, AudioTrackFields fields)
 {
     const PannerFields& panner = fields.panner;
-    const ObjectHandle track = MakeAudioTrack(document, fields);
-    track.AddChild("Components",
-                   MakeFader(document, panner.trackType, panner.groupChannels, panner.sampleTicks));
-    return track;
+    fields.fader = MakeFader(document, panner.trackType, panner.groupChannels, panner.sampleTicks);
+    return MakeAudioTrack(document, fields);
 }
 
-void AddMasterTrack(Document& document, const AudioGroup& group, int trackCount, int groupType,
-                    Ticks sampleTicks)
+void AddMasterWithFader(Document& document, const AudioGroup& group, int trackCount, int groupType,
+                        Ticks sampleTicks)
 {
-    MakeMasterTrack(document, group, trackCount, groupType, sampleTicks)
-        .AddChild("Components", MakeFader(document, groupType, group.channels, sampleTicks));
+    const ObjectHandle fader = MakeFader(document, groupType, group.channels, sampleTicks);
+    AddMasterTrack(document, group, {trackCount, groupType, sampleTicks, fader});
 }
 
 } // namespace XPJ

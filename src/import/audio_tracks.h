@@ -6,10 +6,10 @@
 namespace XPJ {
 
 // Unlocked and audible, with a neutral fader.
-ObjectHandle MakeTrackWithFader(Document& document, const AudioTrackFields& fields);
+ObjectHandle MakeTrackWithFader(Document& document, AudioTrackFields fields);
 
 // Ends a group of `trackCount` tracks with its master track, which has a neutral fader.
-void AddMasterTrack(Document& document, const AudioGroup& group, int trackCount, int groupType,
-                    Ticks sampleTicks);
+void AddMasterWithFader(Document& document, const AudioGroup& group, int trackCount, int groupType,
+                        Ticks sampleTicks);
 
 } // namespace XPJ

@@ -5,7 +5,7 @@
 
 namespace XPJ {
 
-// Translates the children of an element, a `children` or what has its place, into `parentItem`, a
+// Translates the children of an element, a `children` or one that lacks it, into `parentItem`, a
 // RootProjectItem or BinProjectItem. False when cancelled.
 bool TranslateEntries(Import& import, ConstHandle entries, ObjectHandle parentItem);
 

@@ -1,7 +1,6 @@
 #include "import/clips.h"
 
 #include "core/numbers.h"
-#include "import/file_masters.h"
 #include "import/generators.h"
 #include "import/item_masters.h"
 #include "import/layered_images.h"
@@ -52,7 +51,7 @@ void AddComponent(Import& import, ConstHandle clip, const FileUse& use, const Fi
     import.masters.AddComponent(component);
 }
 
-// A file of a clip with several: its number among them. Below 0 for a clip with one file.
+// The order of a file that is no component of a merged clip.
 constexpr int kNoComponent = -1;
 
 // Builds the master of one of a clip's files, unless another clip's serves, and enters the clip's
@@ -99,8 +98,8 @@ void CollectMediaFiles(Import& import, ConstHandle clip, ConstHandle media)
 
 ConstHandle FirstGenerator(ConstHandle media)
 {
-    for (const ConstHandle& medium : {media.GetChild("video"), media.GetChild("audio")})
-        for (const ConstHandle& track : medium.GetChildren("track"))
+    for (const ConstHandle& group : {media.GetChild("video"), media.GetChild("audio")})
+        for (const ConstHandle& track : group.GetChildren("track"))
             if (const ConstHandle generator = track.GetChild("generatoritem"))
                 return generator;
     return {};
@@ -153,9 +152,9 @@ public:
     const std::vector<ClipFile>& Files() const { return files_; }
 
 private:
-    void AddTracks(const FileCatalog& files, ConstHandle medium, MediaType type)
+    void AddTracks(const FileCatalog& files, ConstHandle group, MediaType type)
     {
-        for (const ConstHandle& track : medium.GetChildren("track")) {
+        for (const ConstHandle& track : group.GetChildren("track")) {
             const ConstHandle item = track.GetChild("clipitem");
             Add({FileOfItem(files, item), item, type});
         }

@@ -144,7 +144,7 @@ GeneratorResult TranslateGraphic(Import& import, const ClipItem& item, ConstHand
     return {master, true, isMasterEffect};
 }
 
-// Transparent video takes the place of what nothing is known of.
+// Transparent video replaces what nothing is known of.
 GeneratorResult TranslateUnknown(Import& import, const ClipItem& item)
 {
     const MediaSources sources =

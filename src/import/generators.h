@@ -1,4 +1,4 @@
-// Generators: mattes, titles and shapes, and what takes the place of those that nothing is known
+// Generators: mattes, titles and shapes. Transparent video replaces those that nothing is known
 // of.
 #pragma once
 

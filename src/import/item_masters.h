@@ -1,7 +1,10 @@
-// The master clip that an item, or a clip, means.
+// The master clip that an item, or a clip, means, and a new one for a file that has none yet.
 #pragma once
 
 #include "import/import.h"
+#include "import/streams.h"
+#include "project/media.h"
+#include "xmeml/item_times.h"
 
 namespace XPJ {
 
@@ -23,5 +26,16 @@ int SourceTrackOf(ConstHandle item);
 // The master that a `clipitem`, `generatoritem` or `clip` shows on a track of a type; null if there
 // is none. `trackIndex` counts from 0.
 MasterClip MasterForItem(const Import& import, ConstHandle item, MediaType type, int trackIndex);
+
+// A newly built master and the one that the registry holds, which differ when the key was taken.
+struct FileMaster {
+    MasterClip master; // null if the file has no streams
+    MediaSources sources;
+    bool isNew = false;
+};
+
+// Builds the master of a file and registers it. `exploded`: the tracks of the element are.
+FileMaster BuildFileMaster(Import& import, const ClipItem& element, const FileUse& use,
+                           bool exploded);
 
 } // namespace XPJ

@@ -105,12 +105,12 @@ bool AddAudio(Document& document, const ClipItem& element, const MasterFields& f
 void AddVideoMarkers(Document& document, ConstHandle element, bool hasAudio, MasterClip master)
 {
     const Ticks unit = PointTicksOf(element, master.VideoClip());
-    ConstHandle marked = hasAudio ? ConstHandle() : element;
+    ConstHandle owner = hasAudio ? ConstHandle() : element;
     for (const ObjectHandle& clip : master.GetChildren("Clip")) {
         if (clip.GetName() != "VideoClip")
             break;
-        clip.AddChild("Markers", TranslateMarkers(document, marked, unit));
-        marked = {};
+        clip.AddChild("Markers", TranslateMarkers(document, owner, unit));
+        owner = {};
     }
 }
 

@@ -42,7 +42,7 @@ private:
         std::set<std::pair<std::string_view, std::string_view>> seen; // name, file id
     };
 
-    // One master stands for each file of one name.
+    // One master represents each file of one name.
     static void Add(Group& group, const MergeComponent& component)
     {
         if (group.seen.emplace(component.master.GetProperty("Name"), component.fileId).second)

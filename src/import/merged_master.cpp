@@ -130,8 +130,8 @@ private:
         starts_.clear();
         const Ticks unit = TicksOfRate(clip.GetChild("rate"));
         const ConstHandle media = clip.GetChild("media");
-        for (const ConstHandle& medium : {media.GetChild("video"), media.GetChild("audio")})
-            for (const ConstHandle& track : medium.GetChildren("track")) {
+        for (const ConstHandle& group : {media.GetChild("video"), media.GetChild("audio")})
+            for (const ConstHandle& track : group.GetChildren("track")) {
                 const ConstHandle item = track.GetChild("clipitem");
                 const Ticks start = std::max<Ticks>(Int64Property(item, "start"), 0);
                 starts_.emplace(files_.IdOf(FileOfItem(files_, item)), MultiplyTicks(start, unit));
@@ -265,7 +265,7 @@ MergedAudio MakeAudio(const Import& import, const Parts& parts, StartTimes& star
         }
     }
     group.group.SetProperty("NextTrackID", IntToString(count + 2));
-    AddMasterTrack(document, group, count, kStereoType, kSampleTicks48k);
+    AddMasterWithFader(document, group, count, kStereoType, kSampleTicks48k);
     return {group.group, count};
 }
 

@@ -240,7 +240,7 @@ void AddAngles(const MulticlipContext& context, ObjectHandle sequence)
         AddAngle(context, angle, videoGroup, audioGroup);
         ++index;
     }
-    AddMasterTrack(document, audioGroup, index, kAdaptiveType, context.rates.audio);
+    AddMasterWithFader(document, audioGroup, index, kAdaptiveType, context.rates.audio);
     videoGroup.SetProperty("NextTrackID", IntToString(index + 1));
     audioGroup.group.SetProperty("NextTrackID", IntToString(index + 2));
     sequence.AddChild("TrackGroup", videoGroup);

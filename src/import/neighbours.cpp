@@ -76,8 +76,8 @@ private:
         if (found == items_.end())
             return found;
         const Ticks end = EndOf(found->second);
-        const bool reaches = alignment_.cut == CutPosition::End ? end > start_ : end >= start_;
-        return reaches ? found : items_.end();
+        const bool touches = alignment_.cut == CutPosition::End ? end > start_ : end >= start_;
+        return touches ? found : items_.end();
     }
     Position Incoming() const
     {

@@ -16,7 +16,7 @@ namespace XPJ {
 using ItemsByStart = std::map<std::pair<Ticks, std::uint64_t>, ObjectHandle>;
 ItemsByStart ItemsByStartOf(ObjectHandle projectTrack);
 
-// The items that a transition leads from and to. A delta is what an item lacks to reach as far as
+// The items that a transition leads from and to. A delta is what an item lacks to extend as far as
 // the transition, in ticks: above 0 at the end of the outgoing one, below 0 at the start of the
 // incoming one.
 struct Neighbours {

@@ -1,6 +1,5 @@
 #include "import/sequence_walk.h"
 
-#include "import/file_masters.h"
 #include "import/generators.h"
 #include "import/item_issues.h"
 #include "import/item_masters.h"
@@ -39,12 +38,12 @@ struct SequenceWalk {
 // Moving keeps the references, copying would not.
 static_assert(std::is_nothrow_move_constructible_v<SequenceWalk>);
 
-void AddReferences(ConstHandle medium, MediaType type,
+void AddReferences(ConstHandle group, MediaType type,
                    const std::vector<std::vector<ClipItem>>& tracks, SequenceWalk& walk)
 {
     int index = 0;
     auto items = tracks.begin();
-    for (const ConstHandle& track : medium.GetChildren("track")) {
+    for (const ConstHandle& track : group.GetChildren("track")) {
         for (const ClipItem& item : *items++)
             walk.references.push_back({&item, type, index});
         if (type == MediaType::Video || !IsContinuationTrack(track))

@@ -50,7 +50,7 @@ ObjectHandle MakeSlugAudio(Document& document, bool isHandoff)
     AddAudioTrack(group, MakeTrackWithFader(
                              document, {.index = 0, .id = 2, .panner = {.handoff = isHandoff}}));
     group.group.SetPropertyShared("NextTrackID", "3");
-    AddMasterTrack(document, group, 1, kStereoType, kSampleTicks48k);
+    AddMasterWithFader(document, group, 1, kStereoType, kSampleTicks48k);
     return group.group;
 }
 

@@ -28,7 +28,7 @@ bool IsShapeOf(ConstHandle generator)
     return IsShape(EffectSource::Of(generator));
 }
 
-// True for a generator without an effect, or with that of a title without words.
+// True for a generator without an effect, or with that of a title without text.
 bool StatesNothing(ConstHandle generator)
 {
     const ConstHandle effect = generator.GetChild("effect");

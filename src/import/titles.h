@@ -19,7 +19,7 @@ public:
     // Shapes always become graphics, text generators by the setting. A generator without an effect
     // is what another one of its clip was added as.
     bool IsGraphic(ConstHandle generator) const;
-    // Keeps a generator for other items of its clip that state no words of their own.
+    // Keeps a generator for other items of its clip that state no text of their own.
     void Add(ConstHandle generator);
     // The generator that states what an item shows: another one of its clip if it states nothing
     // itself.
@@ -31,7 +31,7 @@ public:
 
 private:
     bool convertTitles_;
-    // The first generator that states the words of a clip, by `masterclipid`, else `id`.
+    // The first generator that states the text of a clip, by `masterclipid`, else `id`.
     std::unordered_map<std::string_view, ConstHandle> titles_;
     NodeSet titledMasters_;
 };

@@ -227,7 +227,7 @@ ObjectHandle TranslateAudioTracks(SequenceContext& context, ConstHandle audio, i
         ++track.index;
     }
     group.group.SetProperty("NextTrackID", IntToString(track.id));
-    AddMasterTrack(document, group, track.index, context.groupType, sampleTicks);
+    AddMasterWithFader(document, group, track.index, context.groupType, sampleTicks);
     ApplyMasterLevel(context, audio, group.group.GetChild("MasterTrack"));
     return group.group;
 }

@@ -71,7 +71,7 @@ struct MediaSources {
     int sharedChannels = 1;      // of the one audio source of a codec that holds all channels
 
     bool IsEmpty() const { return video.empty() && audio.empty(); }
-    // Media of the first video source; null without one.
+    // The Media that the first video source plays, if any.
     ObjectHandle VideoMedia() const
     {
         return video.empty() ? ObjectHandle() : video.front().GetChild("Media");

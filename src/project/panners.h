@@ -1,4 +1,4 @@
-// Panners: how the channels of a track or item reach those of the audio track group.
+// Panners: how the channels of a track or item are sent to those of the audio track group.
 #pragma once
 
 #include "core/ticks.h"

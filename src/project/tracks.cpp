@@ -35,6 +35,7 @@ ObjectHandle MakeAudioTrack(Document& document, const AudioTrackFields& fields)
     track.SetProperty("AudioTrackID", NewGuidText());
     track.SetPropertyShared("Assign", "1");
     track.SetPropertyShared("NextPannerID", kNextPannerId);
+    track.AddChild("Components", fields.fader);
     track.AddChild("Panner", MakeTrackPanner(document, panner));
     return track;
 }
@@ -69,20 +70,20 @@ void AddAudioTrack(const AudioGroup& group, ObjectHandle track)
     group.inlet.AddChild("Source", track);
 }
 
-ObjectHandle MakeMasterTrack(Document& document, const AudioGroup& group, int trackCount,
-                             int groupType, Ticks sampleTicks)
+void AddMasterTrack(Document& document, const AudioGroup& group, const MasterTrackFields& fields)
 {
+    const int type = fields.groupType;
     const ObjectHandle master = document.NewObject("AudioMixTrack");
-    master.SetProperty("Index", IntToString(trackCount));
+    master.SetProperty("Index", IntToString(fields.index));
     master.SetProperty("ID", IntToString(kMasterTrackId));
     master.SetProperty("AudioTrackID", NewGuidText());
-    master.SetProperty("ChannelType", IntToString(groupType));
-    master.SetProperty("FrameRate", TickText(sampleTicks));
+    master.SetProperty("ChannelType", IntToString(type));
+    master.SetProperty("FrameRate", TickText(fields.sampleTicks));
     master.SetPropertyShared("NextPannerID", kNextPannerId);
-    master.AddChild("Panner", MakeDefaultPanner(document, groupType, groupType, sampleTicks));
+    master.AddChild("Components", fields.fader);
+    master.AddChild("Panner", MakeDefaultPanner(document, type, type, fields.sampleTicks));
     master.AddChild("Inlet", group.inlet);
     group.group.AddChild("MasterTrack", master);
-    return master;
 }
 
 } // namespace XPJ

@@ -16,8 +16,9 @@ struct AudioTrackFields {
     int index = 0; // from 0
     int id = 0;
     PannerFields panner = {};
+    ObjectHandle fader = {}; // its chain of components
 };
-// Unlocked and audible; without the fader, which the effects make.
+// Unlocked and audible.
 ObjectHandle MakeAudioTrack(Document& document, const AudioTrackFields& fields);
 
 // A VideoTrackGroup without tracks.
@@ -32,8 +33,13 @@ struct AudioGroup {
 AudioGroup MakeAudioGroup(Document& document, Ticks sampleTicks, int channels,
                           int inletType = kMonoType);
 void AddAudioTrack(const AudioGroup& group, ObjectHandle track);
-// The master track of a group of `trackCount` tracks, without its fader.
-ObjectHandle MakeMasterTrack(Document& document, const AudioGroup& group, int trackCount,
-                             int groupType, Ticks sampleTicks);
+// Ends a group with its master track; `index` is the number of tracks before it.
+struct MasterTrackFields {
+    int index = 0;
+    int groupType = kStereoType;
+    Ticks sampleTicks = kSampleTicks48k;
+    ObjectHandle fader = {};
+};
+void AddMasterTrack(Document& document, const AudioGroup& group, const MasterTrackFields& fields);
 
 } // namespace XPJ

@@ -2,6 +2,9 @@
 
 #include "xmeml/tracks.h"
 
+#include <unordered_map>
+#include <utility>
+
 namespace XPJ {
 
 namespace {
@@ -59,7 +62,7 @@ public:
     SourcePoint Out() const { return {times_.out, times_.exactOut}; }
 
     // Moves a time in the source as far as the edge moves: by whole frames of the sequence, or
-    // audio would slip against its cut. Where the exact form is stated the other was cut down from
+    // audio would slip against its cut. Where the exact value is stated the other was cut down from
     // it to a frame of the item.
     void Shift(SourcePoint point, Frames frames) const
     {
@@ -125,14 +128,33 @@ public:
     {
         ClipItem& item = items_.emplace_back(node);
         item.position = ++position_;
+        if (!seen_.Insert(node))
+            item.times = TimesOfRepeated(node);
+        if (!latest_.empty())
+            latest_[node.UniqueId()] = items_.size() - 1;
         const ItemEdges edges(item, sequenceTicks_);
         edges.CountInSequence();
         if (transition_ && item.times.start.value == kNotStated)
             StartItem(edges, Transition(transition_));
     }
-    std::vector<ClipItem> Take() { return std::move(items_); }
+    std::vector<ClipItem> Take()
+    {
+        if (!latest_.empty())
+            for (ClipItem& item : items_)
+                item.times = items_[latest_.at(item.UniqueId())].times;
+        return std::move(items_);
+    }
 
 private:
+    // A reference repeats an item, which has one set of times wherever it is on the track.
+    const StatedTimes& TimesOfRepeated(ConstHandle node)
+    {
+        if (latest_.empty())
+            for (std::size_t i = 0; i + 1 < items_.size(); ++i)
+                latest_[items_[i].UniqueId()] = i;
+        return items_[latest_.at(node.UniqueId())].times;
+    }
+
     // The cut that a transition states, if it is inside it.
     bool StatedCut(const Transition& transition, Frames& cut) const
     {
@@ -218,13 +240,16 @@ private:
     Ticks sequenceTicks_;
     std::vector<ClipItem> items_;
     ConstHandle transition_; // the last one so far
+    NodeSet seen_;
+    // By `uniqueId` the last item of each node; empty while no item is repeated.
+    std::unordered_map<std::uint64_t, std::size_t> latest_;
     int position_ = 0;
 };
 
-std::vector<std::vector<ClipItem>> ItemsOfTracks(ConstHandle medium, Ticks sequenceTicks)
+std::vector<std::vector<ClipItem>> ItemsOfTracks(ConstHandle group, Ticks sequenceTicks)
 {
     std::vector<std::vector<ClipItem>> tracks;
-    for (const ConstHandle& track : medium.GetChildren("track"))
+    for (const ConstHandle& track : group.GetChildren("track"))
         tracks.push_back(ItemsOfTrack(track, sequenceTicks));
     return tracks;
 }

@@ -118,8 +118,8 @@ std::vector<FileElement> FilesOfMedia(const FileCatalog& files, ConstHandle medi
 {
     std::vector<FileElement> result;
     std::unordered_set<std::uint64_t> seen;
-    for (const ConstHandle& medium : {media.GetChild("video"), media.GetChild("audio")})
-        for (const ConstHandle& track : medium.GetChildren("track")) {
+    for (const ConstHandle& group : {media.GetChild("video"), media.GetChild("audio")})
+        for (const ConstHandle& track : group.GetChildren("track")) {
             const FileElement file = FileOfItem(files, track.GetChild("clipitem"));
             if (file && seen.insert(file.UniqueId()).second)
                 result.push_back(file);
@@ -130,8 +130,8 @@ std::vector<FileElement> FilesOfMedia(const FileCatalog& files, ConstHandle medi
 FileElement FirstFileOf(const FileCatalog& files, ConstHandle element)
 {
     const ConstHandle media = element.GetChild("media");
-    for (const ConstHandle& medium : {media.GetChild("video"), media.GetChild("audio")})
-        for (const ConstHandle& track : medium.GetChildren("track"))
+    for (const ConstHandle& group : {media.GetChild("video"), media.GetChild("audio")})
+        for (const ConstHandle& track : group.GetChildren("track"))
             if (const FileElement file = FileOfItem(files, track.GetChild("clipitem")))
                 return file;
     return FileOfItem(files, element);

@@ -35,7 +35,7 @@ struct StatedTimes {
 StatedTimes ReadStatedTimes(ConstHandle element);
 
 // A `clipitem` or `generatoritem` with its times, which its track may have completed. A `clip` that
-// stands for an item has those that it states itself.
+// is used like an item has those that it states itself.
 class ClipItem : public ConstHandle {
 public:
     ClipItem() = default;

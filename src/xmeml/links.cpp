@@ -22,10 +22,10 @@ LinkIndex::LinkIndex(ConstHandle sequence, int sequenceNumber) : sequenceNumber_
     AddTracks(media.GetChild("audio"), MediaType::Audio);
 }
 
-void LinkIndex::AddTracks(ConstHandle medium, MediaType type)
+void LinkIndex::AddTracks(ConstHandle group, MediaType type)
 {
     Tracks& tracks = items_[static_cast<std::size_t>(type)];
-    for (const ConstHandle& track : medium.GetChildren("track")) {
+    for (const ConstHandle& track : group.GetChildren("track")) {
         std::vector<ConstHandle>& items = tracks.emplace_back();
         for (const ConstHandle& item : track.GetChildren()) {
             if (!IsTrackItem(item))

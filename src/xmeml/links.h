@@ -34,7 +34,7 @@ public:
     ConstHandle ItemAt(const LinkKey& key) const;
 
 private:
-    void AddTracks(ConstHandle medium, MediaType type);
+    void AddTracks(ConstHandle group, MediaType type);
 
     int sequenceNumber_ = 0;
     std::unordered_map<std::string_view, LinkKey> byId_;

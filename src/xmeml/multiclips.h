@@ -9,7 +9,7 @@
 
 namespace XPJ {
 
-// The `multiclip` of a clip or track item: its own child, else that of the first item on the first
+// The `multiclip` of a clip or track item: a child of it, else of the item that opens the first
 // video or audio track of its `media`. Null if there is none.
 ConstHandle FindMulticlip(ConstHandle element);
 

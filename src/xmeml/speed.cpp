@@ -24,7 +24,7 @@ ConstHandle TimeRemapOf(ConstHandle item)
     return {};
 }
 
-// Text of the child `value`, else the property `value`, without blanks at its ends.
+// What `value` holds, a child or a property, without blanks at its ends.
 std::string_view ValueOf(ConstHandle node)
 {
     const std::string_view text = Trimmed(node.GetChild("value").GetProperty("value"));
