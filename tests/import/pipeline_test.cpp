@@ -1,4 +1,4 @@
-// Imports as a whole beyond what a case can show: stopping, growth, circles, files that can't be read.
+// Imports as a whole beyond what a case can show: stopping, growth, circles, unreadable files.
 #include "core/progress.h"
 #include "import/import_driver.h"
 #include "project/writer.h"
