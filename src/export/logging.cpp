@@ -35,10 +35,10 @@ void CompleteTimecode(Document& document, ConstHandle info, FileTimecode& timeco
         timecode.element.AddChild(reel);
         timecode.hasReel = true;
     }
-    const bool mayDrop = TimecodeFormOf(timecode.frameTicks, 0).drop;
+    const bool mayDrop = TimecodeBaseOf(timecode.frameTicks, 0).drop;
     if (mayDrop && HasValue(info, "TimecodeFormat")) {
         const int format = IntProperty(info, "TimecodeFormat");
-        const bool drops = TimecodeFormOf(timecode.frameTicks, format).drop;
+        const bool drops = TimecodeBaseOf(timecode.frameTicks, format).drop;
         timecode.element.SetPropertyShared("displayformat", drops ? "DF" : "NDF");
     }
 }

@@ -2,7 +2,6 @@
 
 #include "core/frame_rate.h"
 #include "effects/video_chain.h"
-#include "import/effect_source.h"
 #include "project/media.h"
 #include "xmeml/formats.h"
 
@@ -124,7 +123,7 @@ void AddMasterEffects(Import& import, ConstHandle element, FileElement file, Mas
                                     .place = place,
                                     .frameTicks = frameTicks,
                                     .lookFiles = &import.lookFiles};
-        AddMasterChainEffects(context, EffectSource::Of(owner), chain);
+        AddMasterChainEffects(context, owner, chain);
     }
 }
 

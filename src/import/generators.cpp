@@ -2,7 +2,6 @@
 
 #include "effects/legacy_title.h"
 #include "effects/title_reader.h"
-#include "import/effect_source.h"
 #include "import/master_builder.h"
 #include "project/media.h"
 #include "project/synthetic_media.h"
@@ -70,7 +69,7 @@ GeneratorRoute RouteOf(const TitleCatalog& titles, ConstHandle item)
         return GeneratorRoute::ColorMatte;
     if (titles.IsGraphic(item))
         return GeneratorRoute::Graphic;
-    return IsTextTitle(EffectSource::Of(item)) ? GeneratorRoute::LegacyTitle
+    return IsTextTitle(item) ? GeneratorRoute::LegacyTitle
                                                : GeneratorRoute::Unknown;
 }
 
@@ -122,7 +121,7 @@ MediaSources MakeTitleSources(Document& document, const Title& title, Ticks fram
 GeneratorResult TranslateLegacyTitle(Import& import, const ClipItem& item, ConstHandle owner)
 {
     const FrameFormat& frame = import.generators.FrameOf(owner);
-    const Title title = ReadTitle(EffectSource::Of(item), ParseFrameSize(frame.rect, frame.par));
+    const Title title = ReadTitle(item, ParseFrameSize(frame.rect, frame.par));
     return {RegisterGenerator(import, item,
                               MakeTitleSources(import.document, title, FrameTicksOf(item), frame)),
             true};

@@ -5,7 +5,6 @@
 #include "effects/audio_pan.h"
 #include "effects/video_chain.h"
 #include "import/effect_contexts.h"
-#include "import/effect_source.h"
 #include "project/panners.h"
 #include "xmeml/file_audio.h"
 
@@ -13,7 +12,7 @@ namespace XPJ {
 
 namespace {
 
-ItemSound AudioOfItem(const FileCatalog& files, ConstHandle item, int channelType)
+ItemAudio AudioOfItem(const FileCatalog& files, ConstHandle item, int channelType)
 {
     const FileElement file = FileOfItem(files, item);
     const int kind = file ? AudioKindOfFile(file).kind : kUnknownChannels;
@@ -40,7 +39,7 @@ ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item,
     const EffectContext context = ContextOfItem(track, item, master, start);
     const ObjectHandle title =
         TitleOfItem(import.document, import.titles, item, context.sequenceFrame, master);
-    return BuildSequenceChain(context, EffectSource::Of(item), subClip,
+    return BuildSequenceChain(context, item, subClip,
                               IntToString(track.sequence.number), title);
 }
 
@@ -51,8 +50,8 @@ void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames
     Document& document = sequence.import.document;
     const MasterClip master(FindPath(trackItem, {"SubClip", "MasterClip"}));
     const EffectContext effects = ContextOfItem(track, item, master, start);
-    const ItemSound audio = AudioOfItem(sequence.import.files, item, channels.itemType);
-    const ObjectHandle source = EffectSource::Of(item);
+    const ItemAudio audio = AudioOfItem(sequence.import.files, item, channels.itemType);
+    const ConstHandle source = item;
     trackItem.AddChild("Components", BuildAudioChain(effects, audio, source));
     if (CanPan(sequence, channels))
         trackItem.AddChild("Panner", MakeItemPanner(document, TranslatePan(effects, audio, source),

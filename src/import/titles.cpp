@@ -3,7 +3,6 @@
 #include "effects/graphic_title.h"
 #include "effects/title_reader.h"
 #include "effects/video_chain.h"
-#include "import/effect_source.h"
 
 #include <algorithm>
 
@@ -20,12 +19,12 @@ std::string_view KeyOf(ConstHandle generator)
 
 bool IsText(ConstHandle generator)
 {
-    return IsTextTitle(EffectSource::Of(generator));
+    return IsTextTitle(generator);
 }
 
 bool IsShapeOf(ConstHandle generator)
 {
-    return IsShape(EffectSource::Of(generator));
+    return IsShape(generator);
 }
 
 // True for a generator without an effect, or with that of a title without text.
@@ -39,7 +38,7 @@ bool StatesNothing(ConstHandle generator)
     const auto isStated = [](const TitleText& text) {
         return std::ranges::any_of(text.lines, [](std::string_view line) { return !line.empty(); });
     };
-    return std::ranges::none_of(ReadTitle(EffectSource::Of(generator), {}).texts, isStated);
+    return std::ranges::none_of(ReadTitle(generator, {}).texts, isStated);
 }
 
 } // namespace
@@ -71,7 +70,7 @@ void AddTitleToMaster(const ImportState& state, TitleCatalog& titles, ConstHandl
         return;
     const EffectContext context{.document = state.document, .issues = state.issues};
     const ObjectHandle effect =
-        MakeGraphicEffect(state.document, EffectSource::Of(titles.SourceOf(generator)), frame);
+        MakeGraphicEffect(state.document, titles.SourceOf(generator), frame);
     AddMasterChainEffect(context, effect, master.GetChild("VideoComponentChain"));
 }
 
@@ -80,7 +79,7 @@ ObjectHandle TitleOfItem(Document& document, const TitleCatalog& titles, ConstHa
 {
     if (item.GetName() != "generatoritem" || titles.IsTitled(master) || !titles.IsGraphic(item))
         return {};
-    return MakeGraphicEffect(document, EffectSource::Of(titles.SourceOf(item)), frame);
+    return MakeGraphicEffect(document, titles.SourceOf(item), frame);
 }
 
 } // namespace XPJ

@@ -3,7 +3,6 @@
 #include "core/numbers.h"
 #include "effects/audio_fader.h"
 #include "import/audio_tracks.h"
-#include "import/effect_source.h"
 #include "import/track_items.h"
 #include "import/transitions.h"
 #include "platform/platform.h"
@@ -108,7 +107,7 @@ void ApplyTrackLevel(const TrackContext& context, ConstHandle track, ObjectHandl
         GetMessage(Message::kAudioTrack, {IntToString(std::int64_t{context.index} + 1)});
     if (place.clip.empty())
         place.clip = number;
-    ApplyFaderLevel(ContextOfLevel(context.sequence, place), EffectSource::Of(track),
+    ApplyFaderLevel(ContextOfLevel(context.sequence, place), track,
                     result.GetChild("Components"));
 }
 
@@ -118,7 +117,7 @@ void ApplyMasterLevel(const SequenceContext& context, ConstHandle audio, ObjectH
     const ItemPlace place = {.sequence = context.timecode.name,
                              .clip = context.timecode.name, // the whole of it
                              .time = context.timecode.TextOf(0)};
-    ApplyFaderLevel(ContextOfLevel(context, place), EffectSource::Of(audio),
+    ApplyFaderLevel(ContextOfLevel(context, place), audio,
                     masterTrack.GetChild("Components"));
 }
 

@@ -3,7 +3,6 @@
 #include "core/numbers.h"
 #include "effects/parameters.h"
 #include "effects/transitions.h"
-#include "import/effect_source.h"
 #include "import/neighbours.h"
 #include "project/objects.h"
 
@@ -40,7 +39,7 @@ ObjectHandle MakeTransition(const TrackContext& context, ConstHandle item, int c
                                 .frameTicks = sequence.rates.video,
                                 .sampleTicks = sequence.rates.audio};
     const bool isVideo = context.type == MediaType::Video;
-    const ObjectHandle effect = EffectSource::Of(item.GetChild("effect"));
+    const ConstHandle effect = item.GetChild("effect");
     const ObjectHandle result =
         isVideo ? MakeVideoTransition(effects, effect) : MakeAudioTransition(effects, effect);
     const Ticks unit = sequence.rates.edges;
@@ -83,7 +82,7 @@ void Attach(const TrackContext& context, ConstHandle item, ObjectHandle transiti
     transition.SetProperty("Alignment",
                            CutText(item, found, alignment.cut, SubtractTicks(end, start)));
 
-    const std::string_view name = EffectName(EffectSource::Of(item.GetChild("effect")));
+    const std::string_view name = EffectName(item.GetChild("effect"));
     ExtendNeighbour(context, items, {found.outgoing, found.outgoingDelta}, name);
     ExtendNeighbour(context, items, {found.incoming, found.incomingDelta}, name);
 }

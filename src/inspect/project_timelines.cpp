@@ -132,7 +132,7 @@ private:
         project_.entries.push_back(std::move(entry));
     }
 
-    std::size_t MediaFileOf(ConstHandle media)
+    std::size_t MediaFileOf(Media media)
     {
         if (!media)
             return kNothing;
@@ -186,7 +186,7 @@ private:
         std::ranges::stable_sort(
             nodes, {}, [](TrackItem item) { return Int64Property(ItemEdges(item), "Start"); });
         NodeSet transitions;
-        for (const ConstHandle& item : nodes) {
+        for (const TrackItem& item : nodes) {
             items_.emplace(item.UniqueId(), ItemIndex{sequence.tracks.size(), track.items.size()});
             track.items.push_back(MakeItem(item, kind, sequence.format));
             for (const ConstHandle& transition : {HeadTransitionOf(item), TailTransitionOf(item)})
@@ -197,7 +197,7 @@ private:
         sequence.tracks.push_back(std::move(track));
     }
 
-    Item MakeItem(ConstHandle node, MediaType kind, const TimecodeFormat& sequenceFormat)
+    Item MakeItem(TrackItem node, MediaType kind, const TimecodeFormat& sequenceFormat)
     {
         const ConstHandle edges = ItemEdges(node);
         const ConstHandle subClip = SubClipOf(node);
@@ -236,7 +236,7 @@ private:
             item.sourceName = TextOf(sequence, "Name");
             if (!isMulticam && !IsMergedSequence(sequence))
                 sequences_.NumberOf(sequence);
-        } else if (const ConstHandle media = MediaOfSource(source)) {
+        } else if (const Media media = MediaOfSource(source)) {
             item.mediaFile = MediaFileOf(media);
             const MediaFile& file = project_.mediaFiles[item.mediaFile];
             item.source = IsMadeByEditor(media.GetProperty("FilePath")) ? SourceKind::Generator
@@ -256,7 +256,7 @@ private:
     }
 
     // A graphic's text is on the item or on its master clip, a title document in the Media.
-    std::size_t TitleOf(ConstHandle node, ConstHandle clip)
+    std::size_t TitleOf(TrackItem node, ConstHandle clip)
     {
         const std::size_t own = AddTitle(TextsOfChain(ChainOfOwner(ItemCore(node))));
         const MasterClip master = MasterOfSubClip(SubClipOf(node));

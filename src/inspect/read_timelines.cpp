@@ -2,7 +2,7 @@
 
 namespace XPJ::Inspection {
 
-Project TimelinesOfTree(ObjectHandle root, std::string_view folder, bool isHandOff)
+Project TimelinesOfTree(ConstHandle root, std::string_view folder, bool isHandOff)
 {
     return root.GetName() == "VelaData" ? ReadProjectTimelines(root)
                                         : ReadXmemlTimelines(root, folder, isHandOff);

@@ -14,10 +14,10 @@ namespace XPJ::Inspection {
 //
 // Edges that an XML document leaves to its transitions are written into its tree: to be called once
 // for a tree, and not before an import of it.
-Project TimelinesOfTree(ObjectHandle root, std::string_view folder = {}, bool isHandOff = false);
+Project TimelinesOfTree(ConstHandle root, std::string_view folder = {}, bool isHandOff = false);
 
 // Of one family each.
-Project ReadXmemlTimelines(ObjectHandle xmeml, std::string_view folder, bool isHandOff);
+Project ReadXmemlTimelines(ConstHandle xmeml, std::string_view folder, bool isHandOff);
 Project ReadProjectTimelines(ConstHandle velaData);
 
 } // namespace XPJ::Inspection

@@ -73,7 +73,7 @@ void AddTextDocument(std::string_view base64, std::vector<TitleText>& texts)
 
 } // namespace
 
-std::vector<TitleText> TextsOfGenerator(ObjectHandle generator, const FrameSize& frame)
+std::vector<TitleText> TextsOfGenerator(ConstHandle generator, const FrameSize& frame)
 {
     if (!IsTextTitle(generator))
         return {};
@@ -87,11 +87,11 @@ std::vector<TitleText> TextsOfGenerator(ObjectHandle generator, const FrameSize&
     return texts;
 }
 
-std::vector<TitleText> TextsOfFilters(ObjectHandle owner)
+std::vector<TitleText> TextsOfFilters(ConstHandle owner)
 {
     std::vector<TitleText> texts;
-    for (const ObjectHandle& filter : owner.GetChildren("filter")) {
-        const ObjectHandle effect = filter.GetChild("effect");
+    for (const ConstHandle& filter : owner.GetChildren("filter")) {
+        const ConstHandle effect = filter.GetChild("effect");
         if (effect.GetProperty("effectid") == kTextEffect)
             AddTextDocument(RawValue(FindParameter(effect, kTextParameter)), texts);
     }

@@ -18,10 +18,10 @@ inline constexpr std::string_view kTextEffect = kGraphicText.xmeml.id;
 inline constexpr std::string_view kTextComponent = kGraphicText.project.match;
 
 // Of a `generatoritem` that is a title; empty for any other. `frame` is that of its sequence.
-std::vector<TitleText> TextsOfGenerator(ObjectHandle generator, const FrameSize& frame);
+std::vector<TitleText> TextsOfGenerator(ConstHandle generator, const FrameSize& frame);
 
 // Of the graphic texts among the `filter`s of a `clipitem` or `file`.
-std::vector<TitleText> TextsOfFilters(ObjectHandle owner);
+std::vector<TitleText> TextsOfFilters(ConstHandle owner);
 
 // Of the graphic texts in the component chain of a track item or master clip.
 std::vector<TitleText> TextsOfChain(ConstHandle chain);

@@ -16,7 +16,7 @@ namespace {
 constexpr std::string_view kSpeedEffect = kTimeRemap.xmeml.id;
 
 // Points and colors have a child for each part.
-std::string ValueText(ObjectHandle node)
+std::string ValueText(ConstHandle node)
 {
     std::string parts;
     for (const Name& key :
@@ -26,13 +26,13 @@ std::string ValueText(ObjectHandle node)
     return PlainForm(parts.empty() ? PlainValue(node) : std::string_view(parts));
 }
 
-std::vector<Parameter> ReadParameters(ObjectHandle effect, Ticks frameTicks)
+std::vector<Parameter> ReadParameters(ConstHandle effect, Ticks frameTicks)
 {
     std::vector<Parameter> parameters;
-    for (const ObjectHandle& node : effect.GetChildren("parameter")) {
+    for (const ConstHandle& node : effect.GetChildren("parameter")) {
         const std::string_view id = node.GetProperty("parameterid");
         Parameter parameter{PlainForm(id.empty() ? node.GetProperty("name") : id), ValueText(node)};
-        for (const ObjectHandle& keyframe : node.GetChildren("keyframe"))
+        for (const ConstHandle& keyframe : node.GetChildren("keyframe"))
             parameter.keyframes.push_back(
                 {MultiplyTicks(Int64Property(keyframe, "when"), frameTicks), ValueText(keyframe)});
         parameters.push_back(std::move(parameter));
@@ -40,7 +40,7 @@ std::vector<Parameter> ReadParameters(ObjectHandle effect, Ticks frameTicks)
     return parameters;
 }
 
-Effect ReadEffect(ObjectHandle effect, Ticks frameTicks)
+Effect ReadEffect(ConstHandle effect, Ticks frameTicks)
 {
     return {.name = EffectNameOfId(effect.GetProperty("effectid"), effect.GetProperty("name")),
             .enabled = !IsTrue(effect, "velaBypass"),
@@ -49,22 +49,22 @@ Effect ReadEffect(ObjectHandle effect, Ticks frameTicks)
 }
 
 // A gain of 1 is written as an effect without a name.
-bool IsNothing(ObjectHandle effect)
+bool IsNothing(ConstHandle effect)
 {
     return !HasValue(effect, "effectid") && !HasValue(effect, "name");
 }
 
 } // namespace
 
-std::vector<Effect> ReadXmemlEffects(ObjectHandle item, Ticks frameTicks)
+std::vector<Effect> ReadXmemlEffects(ConstHandle item, Ticks frameTicks)
 {
     std::vector<Effect> effects;
     if (item.GetName() == "generatoritem" && item.HasChild("effect")) {
         effects.push_back(ReadEffect(item.GetChild("effect"), frameTicks));
         effects.back().isTitle = IsTextTitle(item);
     }
-    for (const ObjectHandle& filter : item.GetChildren("filter")) {
-        const ObjectHandle effect = filter.GetChild("effect");
+    for (const ConstHandle& filter : item.GetChildren("filter")) {
+        const ConstHandle effect = filter.GetChild("effect");
         if (IsNothing(effect) || effect.GetProperty("effectid") == kSpeedEffect)
             continue;
         Effect read = ReadEffect(effect, frameTicks);
@@ -76,11 +76,11 @@ std::vector<Effect> ReadXmemlEffects(ObjectHandle item, Ticks frameTicks)
     return effects;
 }
 
-std::vector<Keyframe> ReadXmemlSpeedKeyframes(ObjectHandle item, Ticks frameTicks)
+std::vector<Keyframe> ReadXmemlSpeedKeyframes(ConstHandle item, Ticks frameTicks)
 {
     std::vector<Keyframe> keyframes;
-    for (const ObjectHandle& filter : item.GetChildren("filter")) {
-        const ObjectHandle effect = filter.GetChild("effect");
+    for (const ConstHandle& filter : item.GetChildren("filter")) {
+        const ConstHandle effect = filter.GetChild("effect");
         if (effect.GetProperty("effectid") != kSpeedEffect ||
             ParseInt(PlainValue(FindParameter(effect, "variablespeed"))) <= 0)
             continue;
@@ -92,9 +92,9 @@ std::vector<Keyframe> ReadXmemlSpeedKeyframes(ObjectHandle item, Ticks frameTick
     return keyframes;
 }
 
-Transition ReadXmemlTransition(ObjectHandle transitionItem, Ticks frameTicks)
+Transition ReadXmemlTransition(ConstHandle transitionItem, Ticks frameTicks)
 {
-    const ObjectHandle effect = transitionItem.GetChild("effect");
+    const ConstHandle effect = transitionItem.GetChild("effect");
     const std::string_view alignment = transitionItem.GetProperty("alignment");
     return {.name = TransitionNameOfId(effect.GetProperty("effectid"), effect.GetProperty("name")),
             .start = MultiplyTicks(Int64Property(transitionItem, "start"), frameTicks),

@@ -3,7 +3,6 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "effects/effect_context.h"
-#include "import/effect_source.h"
 #include "inspect/effect_names.h"
 #include "inspect/link_groups.h"
 #include "inspect/node_numbers.h"
@@ -66,7 +65,7 @@ Ticks StartOf(ConstHandle timecode, Ticks frameTicks)
 
 // A sequence keeps the number that its timecode starts with, whatever rate that was stated at. Only
 // where its frames are ticks does the timecode count in frames of its own.
-Ticks StartOfSequence(ObjectHandle timecode, Ticks frameTicks)
+Ticks StartOfSequence(ConstHandle timecode, Ticks frameTicks)
 {
     return frameTicks == 1 ? StartOf(timecode, frameTicks)
                            : MultiplyTicks(Int64Property(timecode, "frame"), frameTicks);
@@ -90,7 +89,7 @@ std::vector<Marker> ReadMarkers(ConstHandle element, Ticks frameTicks)
 // An item with what is needed to find its links.
 struct ReadItem {
     Item item;
-    ObjectHandle node;
+    ConstHandle node;
     LinkKey key;
 };
 
@@ -101,13 +100,13 @@ public:
         project_.family = Family::Xmeml;
     }
 
-    Project Read(ObjectHandle xmeml)
+    Project Read(ConstHandle xmeml)
     {
         project_.version = TextOf(xmeml, "version");
         project_.name = TextOf(xmeml.GetChild("project"), "name");
         FindFiles(xmeml);
-        for (const ObjectHandle& node : xmeml.GetChildren())
-            AddEntries(node.GetName() == "project" ? node.GetChild("children") : ObjectHandle(),
+        for (const ConstHandle& node : xmeml.GetChildren())
+            AddEntries(node.GetName() == "project" ? node.GetChild("children") : ConstHandle(),
                        node, 0);
         // A sequence may use others, which then come at the end.
         for (std::size_t i = 0; i < sequences_.Size(); ++i)
@@ -117,39 +116,39 @@ public:
 
 private:
     // Files are defined anywhere and named by id.
-    void FindFiles(ObjectHandle root)
+    void FindFiles(ConstHandle root)
     {
         NodeSet seen;
-        std::vector<ObjectHandle> waiting{root};
+        std::vector<ConstHandle> waiting{root};
         while (!waiting.empty()) {
-            const ObjectHandle node = waiting.back();
+            const ConstHandle node = waiting.back();
             waiting.pop_back();
             if (!seen.Insert(node))
                 continue;
             if (node.GetName() == "file" && HasValue(node, "id") && node.HasChildren())
                 files_.Add(FileElement(node));
-            for (const ObjectHandle& child : node.GetChildren())
+            for (const ConstHandle& child : node.GetChildren())
                 waiting.push_back(child);
         }
     }
 
     // The entries of a list, or a single one.
-    void AddEntries(ObjectHandle list, ObjectHandle single, int depth)
+    void AddEntries(ConstHandle list, ConstHandle single, int depth)
     {
         if (depth >= kMaxNesting)
             return;
         if (!list)
             return AddEntry(single, depth);
-        for (const ObjectHandle& node : list.GetChildren())
+        for (const ConstHandle& node : list.GetChildren())
             AddEntry(node, depth);
     }
 
-    void AddEntry(ObjectHandle node, int depth)
+    void AddEntry(ConstHandle node, int depth)
     {
         Entry entry{.depth = depth, .name = TextOf(node, "name"), .label = LabelOf(node)};
         if (node.GetName() == "bin") {
             project_.entries.push_back(std::move(entry));
-            if (const ObjectHandle children = node.GetChild("children"))
+            if (const ConstHandle children = node.GetChild("children"))
                 AddEntries(children, {}, depth + 1);
         } else if (node.GetName() == "clip" && node.HasChildren()) {
             entry.kind = EntryKind::Clip;
@@ -179,11 +178,11 @@ private:
         return entry->second;
     }
 
-    Sequence ReadSequence(ObjectHandle node)
+    Sequence ReadSequence(ConstHandle node)
     {
         const SequenceRates rates = RatesOfSequence(node, isHandOff_);
         const Ticks unit = rates.edges > 0 ? rates.edges : kNtscFrameTicks;
-        const TimecodeFormatat frame = FrameOfOwner(node);
+        const FrameFormat frame = FrameOfOwner(node);
         titleFrame_ = ParseFrameSize(frame.rect, frame.par);
         Sequence sequence{.name = TextOf(node, "name"),
                           .format = FormatOf(unit, node.GetChild("timecode")),
@@ -197,15 +196,15 @@ private:
         return sequence;
     }
 
-    void ReadTracks(ObjectHandle node, Ticks unit, Sequence& sequence)
+    void ReadTracks(ConstHandle node, Ticks unit, Sequence& sequence)
     {
         std::map<LinkKey, ItemIndex> byKey;
-        std::vector<std::pair<ItemIndex, ObjectHandle>> linked;
-        const ObjectHandle media = node.GetChild("media");
+        std::vector<std::pair<ItemIndex, ConstHandle>> linked;
+        const ConstHandle media = node.GetChild("media");
         for (const MediaType type : {MediaType::Video, MediaType::Audio}) {
             int stated = 0; // as links count
             int kept = 0;
-            for (const ObjectHandle& trackNode :
+            for (const ConstHandle& trackNode :
                  media.GetChild(type == MediaType::Video ? "video" : "audio")
                      .GetChildren("track")) {
                 ++stated;
@@ -229,12 +228,12 @@ private:
     }
 
     static void ReadLinks(const LinkIndex& links, const std::map<LinkKey, ItemIndex>& byKey,
-                          const std::vector<std::pair<ItemIndex, ObjectHandle>>& linked,
+                          const std::vector<std::pair<ItemIndex, ConstHandle>>& linked,
                           Sequence& sequence)
     {
         LinkGroups groups;
         for (const auto& [index, node] : linked)
-            for (const ObjectHandle& link : node.GetChildren("link"))
+            for (const ConstHandle& link : node.GetChildren("link"))
                 if (const auto found = byKey.find(links.TargetOf(link)); found != byKey.end())
                     groups.Join(index, found->second);
         sequence.links = groups.Groups();
@@ -244,7 +243,7 @@ private:
     }
 
     // Its items by start; the transitions go into `track`.
-    std::vector<ReadItem> ReadTrack(ObjectHandle node, MediaType type, int number, Ticks unit,
+    std::vector<ReadItem> ReadTrack(ConstHandle node, MediaType type, int number, Ticks unit,
                                     Track& track)
     {
         const std::vector<ClipItem> clipItems = ItemsOfTrack(node, unit);
@@ -254,7 +253,7 @@ private:
         track.locked = IsTrue(node, "locked");
         std::vector<ReadItem> items;
         auto clipItem = clipItems.begin();
-        for (const ObjectHandle& child : node.GetChildren()) {
+        for (const ConstHandle& child : node.GetChildren()) {
             if (!IsTrackItem(child))
                 continue;
             if (child.GetName() == "transitionitem") {
@@ -270,7 +269,7 @@ private:
         return items;
     }
 
-    Item MakeItem(ObjectHandle node, const ClipItem& clipItem, MediaType type, Ticks unit)
+    Item MakeItem(ConstHandle node, const ClipItem& clipItem, MediaType type, Ticks unit)
     {
         const ItemRates rates = RatesOfItem(node, unit);
         const FileElement file = FileOfItem(files_, node);
@@ -320,9 +319,9 @@ private:
                        : pointOf(node.times.exactOut, times.out);
     }
 
-    void SetSource(ObjectHandle node, FileElement file, Item& item)
+    void SetSource(ConstHandle node, FileElement file, Item& item)
     {
-        const ObjectHandle multiclip = node.GetChild("multiclip");
+        const ConstHandle multiclip = node.GetChild("multiclip");
         if (multiclip && !IsCollapsed(multiclip)) {
             item.source = SourceKind::Multiclip;
             item.sourceName = TextOf(multiclip, "name");
@@ -334,7 +333,7 @@ private:
             item.mediaFile = MediaFileOf(file);
             item.source = SourceKind::MediaFile;
             item.sourceName = project_.mediaFiles[item.mediaFile].name;
-        } else if (const ObjectHandle nested = node.GetChild("sequence")) {
+        } else if (const ConstHandle nested = node.GetChild("sequence")) {
             sequences_.NumberOf(nested);
             item.source = SourceKind::Sequence;
             item.sourceName = TextOf(nested, "name");
@@ -353,7 +352,7 @@ private:
     }
 
     // A graphic's text is a filter of the item or of its file.
-    std::size_t TitleOf(ObjectHandle node, FileElement file)
+    std::size_t TitleOf(ConstHandle node, FileElement file)
     {
         if (node.GetName() == "generatoritem")
             return AddTitle(TextsOfGenerator(node, titleFrame_));
@@ -362,7 +361,7 @@ private:
             return own;
         const auto [entry, isNew] = titles_.emplace(file.UniqueId(), kNothing);
         if (isNew)
-            entry->second = AddTitle(TextsOfFilters(EffectSource::Of(file)));
+            entry->second = AddTitle(TextsOfFilters(file));
         return entry->second;
     }
 
@@ -370,7 +369,7 @@ private:
     bool isHandOff_;
     FileCatalog files_;
     Project project_;
-    NodeNumbers<ObjectHandle> sequences_;
+    NodeNumbers<ConstHandle> sequences_;
     FrameSize titleFrame_;                                  // of the sequence at hand
     std::unordered_map<std::uint64_t, std::size_t> media_;  // by the file's `uniqueId`
     std::unordered_map<std::uint64_t, std::size_t> titles_; // likewise
@@ -378,7 +377,7 @@ private:
 
 } // namespace
 
-Project ReadXmemlTimelines(ObjectHandle xmeml, std::string_view folder, bool isHandOff)
+Project ReadXmemlTimelines(ConstHandle xmeml, std::string_view folder, bool isHandOff)
 {
     return XmemlTimelines(folder, isHandOff).Read(xmeml);
 }
