@@ -2,8 +2,8 @@
 // outputs tracks send theirs.
 #pragma once
 
+#include "core/channel_types.h"
 #include "project/accessors.h"
-#include "project/channel_types.h"
 
 #include <cstdint>
 #include <string_view>

@@ -1,5 +1,6 @@
 #include "export/audio_items.h"
 
+#include "core/channel_types.h"
 #include "core/numbers.h"
 #include "effects/audio_filters.h"
 #include "effects/audio_pan.h"
@@ -8,7 +9,6 @@
 #include "export/clip_media.h"
 #include "export/effects.h"
 #include "export/item_source.h"
-#include "project/channel_types.h"
 
 namespace XPJ::RVX {
 

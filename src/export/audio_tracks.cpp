@@ -1,12 +1,12 @@
 #include "export/audio_tracks.h"
 
+#include "core/channel_types.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "effects/audio_fader.h"
 #include "effects/parameters.h"
 #include "export/audio_channels.h"
 #include "platform/platform.h"
-#include "project/channel_types.h"
 
 #include <algorithm>
 #include <bit>

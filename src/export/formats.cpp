@@ -2,8 +2,8 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
+#include "core/video_formats.h"
 #include "export/rates.h"
-#include "project/video_formats.h"
 
 #include <string>
 

@@ -1,9 +1,9 @@
 #include "export/logging.h"
 
 #include "core/frame_rate.h"
-#include "core/text.h"
-#include "project/logging_fields.h"
 #include "core/host_properties.h"
+#include "core/logging_fields.h"
+#include "core/text.h"
 
 #include <span>
 

@@ -59,7 +59,7 @@ constexpr int kNoComponent = -1;
 void BuildMaster(Import& import, ConstHandle clip, FileElement file, int order)
 {
     const std::string_view fileId = import.files.IdOf(file);
-    MasterClip master = import.masters.registry.Find(
+    BuiltMaster master = import.masters.registry.Find(
         {clip.GetProperty("masterclipid"), fileId, 0, LeadingTypeOf(file)});
     if (!master) {
         const FileUse use{clip, file};
@@ -169,17 +169,17 @@ private:
     std::unordered_set<std::uint64_t> seen_;
 };
 
-MasterClip FindForClip(const Import& import, ConstHandle clip, const ClipFile& entry)
+BuiltMaster FindForClip(const Import& import, ConstHandle clip, const ClipFile& entry)
 {
     const std::string_view fileId = import.files.IdOf(entry.file);
-    if (const MasterClip master = import.masters.BySignature(SignatureOf(clip, fileId)))
+    if (const BuiltMaster master = import.masters.BySignature(SignatureOf(clip, fileId)))
         return master;
     const ConstHandle sourceTrack = entry.item.GetChild("sourcetrack");
     const bool isLayer = sourceTrack.GetProperty("mediatype") == "video";
     MediaQuery query{.masterClipId = clip.GetProperty("masterclipid"),
                      .type = entry.type,
                      .sourceTrack = isLayer ? SourceTrackOf(entry.item) : -1};
-    if (const MasterClip master = FindMedia(import.masters.registry, query, fileId))
+    if (const BuiltMaster master = FindMedia(import.masters.registry, query, fileId))
         return master;
     query.type = entry.type == MediaType::Video ? MediaType::Audio : MediaType::Video;
     return FindMedia(import.masters.registry, query, fileId);
@@ -189,7 +189,7 @@ MasterClip FindForClip(const Import& import, ConstHandle clip, const ClipFile& e
 bool AddFileItem(Import& import, ConstHandle clip, const ClipFile& entry, ObjectHandle parentItem)
 {
     const FileUse ofClip{clip, entry.file};
-    MasterClip master = FindForClip(import, clip, entry);
+    BuiltMaster master = FindForClip(import, clip, entry);
     if (!master && entry.file.IsSlug()) {
         TranslateSlug(import, ClipItem(clip), ofClip, parentItem);
         return true;
@@ -216,7 +216,7 @@ bool AddFilelessItem(Import& import, ConstHandle clip, ObjectHandle parentItem)
     const ConstHandle media = clip.GetChild("media");
     if (const ConstHandle generator = FirstGenerator(media)) {
         const std::string_view id = generator.GetProperty("id");
-        MasterClip master = import.masters.BySignature(SignatureOf(clip, id));
+        BuiltMaster master = import.masters.BySignature(SignatureOf(clip, id));
         if (!master)
             master = import.masters.registry.Find({clip.GetProperty("masterclipid"), id});
         if (!master)

@@ -13,7 +13,7 @@ namespace {
 
 // Ticks a frame of the owner of a filter, else of the video of its master; 0 if neither states a
 // rate. Video that fits any frame counts in frames of `anyFrameTicks`.
-Ticks FilterTicks(ConstHandle owner, MasterClip master, Ticks anyFrameTicks)
+Ticks FilterTicks(ConstHandle owner, BuiltMaster master, Ticks anyFrameTicks)
 {
     if (const ConstHandle rate = owner.GetChild("rate")) {
         Ticks ticks = kNtscFrameTicks;
@@ -46,7 +46,7 @@ FrameSize FrameOfFileItem(ConstHandle item, const FileFormat& file, const FrameS
 }
 
 // The frame of what an item without a file shows; without a size for video that fits any frame.
-FrameSize FrameOfMaster(MasterClip master, const FrameSize& unknown)
+FrameSize FrameOfMaster(BuiltMaster master, const FrameSize& unknown)
 {
     const ObjectHandle clip = master.VideoClip();
     if (Int64Property(clip, "FrameRate") == kAnyFrameTicks)
@@ -57,7 +57,7 @@ FrameSize FrameOfMaster(MasterClip master, const FrameSize& unknown)
     return ParseFrameSize(stream.GetProperty("FrameRect"), stream.GetProperty(aspect));
 }
 
-void SetFrames(const TrackContext& track, ConstHandle item, MasterClip master,
+void SetFrames(const TrackContext& track, ConstHandle item, BuiltMaster master,
                EffectContext& context)
 {
     Import& import = track.sequence.import;
@@ -87,7 +87,7 @@ Ticks SampleTicksOf(Import& import, ConstHandle item)
 
 } // namespace
 
-EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item, MasterClip master,
+EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item, BuiltMaster master,
                             Frames start)
 {
     const SequenceContext& sequence = track.sequence;
@@ -107,7 +107,7 @@ EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item, Mas
     return context;
 }
 
-void AddMasterEffects(Import& import, ConstHandle element, FileElement file, MasterClip master)
+void AddMasterEffects(Import& import, ConstHandle element, FileElement file, BuiltMaster master)
 {
     const ObjectHandle chain = master.GetChild("VideoComponentChain");
     if (!chain)

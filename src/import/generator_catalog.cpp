@@ -12,13 +12,13 @@ const FrameFormat& GeneratorCatalog::FrameOf(ConstHandle owner)
     return entry->second;
 }
 
-MasterClip GeneratorCatalog::MasterOf(ConstHandle generator) const
+BuiltMaster GeneratorCatalog::MasterOf(ConstHandle generator) const
 {
     const auto known = masters_.find(generator.UniqueId());
-    return known == masters_.end() ? MasterClip() : known->second;
+    return known == masters_.end() ? BuiltMaster() : known->second;
 }
 
-void GeneratorCatalog::Add(ConstHandle generator, MasterClip master)
+void GeneratorCatalog::Add(ConstHandle generator, BuiltMaster master)
 {
     masters_.emplace(generator.UniqueId(), master);
 }

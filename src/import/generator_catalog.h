@@ -1,7 +1,7 @@
 // The generators of an import that have been met, and what was made of them.
 #pragma once
 
-#include "project/frame_format.h"
+#include "core/frame_format.h"
 #include "project/master_clip.h"
 #include "tree/object.h"
 
@@ -20,16 +20,16 @@ public:
     bool Report(ConstHandle generator) { return reported_.Insert(generator); }
 
     // Null for one that was not translated yet.
-    MasterClip MasterOf(ConstHandle generator) const;
-    void Add(ConstHandle generator, MasterClip master);
+    BuiltMaster MasterOf(ConstHandle generator) const;
+    void Add(ConstHandle generator, BuiltMaster master);
 
     // The master of the black clip behind slugs, once made.
-    MasterClip blackVideo;
+    BuiltMaster blackVideo;
 
 private:
     std::unordered_map<std::uint64_t, FrameFormat> frames_; // by `uniqueId` of the owner
     NodeSet reported_;
-    std::unordered_map<std::uint64_t, MasterClip> masters_; // by `uniqueId` of the generator
+    std::unordered_map<std::uint64_t, BuiltMaster> masters_; // by `uniqueId` of the generator
 };
 
 } // namespace XPJ

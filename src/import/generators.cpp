@@ -15,7 +15,6 @@ namespace XPJ {
 namespace {
 
 constexpr std::string_view kTitleImporter = "ad0be7ce-e015-4877-9777-93c98f30dcac";
-constexpr std::string_view kTitlePath = "1414091852"; // "TITL" read as a number
 
 struct ColorEffect {
     std::string_view effectId;
@@ -69,18 +68,17 @@ GeneratorRoute RouteOf(const TitleCatalog& titles, ConstHandle item)
         return GeneratorRoute::ColorMatte;
     if (titles.IsGraphic(item))
         return GeneratorRoute::Graphic;
-    return IsTextTitle(item) ? GeneratorRoute::LegacyTitle
-                                               : GeneratorRoute::Unknown;
+    return IsTextTitle(item) ? GeneratorRoute::LegacyTitle : GeneratorRoute::Unknown;
 }
 
-MasterClip RegisterGenerator(Import& import, const ClipItem& item, const MediaSources& sources)
+BuiltMaster RegisterGenerator(Import& import, const ClipItem& item, const MediaSources& sources)
 {
     MasterRegistry& registry = import.masters.registry;
     const std::string_view masterClipId = item.GetProperty("masterclipid");
     const std::string_view id = item.GetProperty("id");
     RegisterMaster(registry, {.masterClipId = masterClipId, .mediaId = id},
                    BuildMasterClip(import, import.files, item, {.sources = sources}));
-    const MasterClip master = registry.Find({masterClipId, id});
+    const BuiltMaster master = registry.Find({masterClipId, id});
     if (master)
         import.generators.Add(item, master);
     return master;
@@ -92,7 +90,7 @@ GeneratorResult TranslateColorMatte(Import& import, const ClipItem& item, ConstH
     if (!color)
         return {};
     const MediaSources sources =
-        MakeSyntheticSources(import.document, SyntheticKind::ColorMatte, FrameTicksOf(item),
+        MakeSyntheticSources(import.document, MediaKind::ColorMatte, FrameTicksOf(item),
                              import.generators.FrameOf(owner));
     SetMatteColor(*color, sources.VideoMedia());
     return {RegisterGenerator(import, item, sources), true};
@@ -102,9 +100,10 @@ GeneratorResult TranslateColorMatte(Import& import, const ClipItem& item, ConstH
 MediaSources MakeTitleSources(Document& document, const Title& title, Ticks frameTicks,
                               const FrameFormat& frame)
 {
-    const ObjectHandle media = MakeMedia(
-        document,
-        {.importer = kTitleImporter, .path = kTitlePath, .title = title.name, .infinite = true});
+    const ObjectHandle media = MakeMedia(document, {.importer = kTitleImporter,
+                                                    .path = GeneratedPath(MediaKind::Title),
+                                                    .title = title.name,
+                                                    .infinite = true});
     SetEncodedBlob(media, "ImporterPrefs", "ImporterPrefsChecksum", LegacyTitleDocument(title));
     media.AddChild("VideoStream",
                    MakeVideoStream(document, {.kind = VideoKind::Generated,
@@ -132,9 +131,9 @@ GeneratorResult TranslateGraphic(Import& import, const ClipItem& item, ConstHand
 {
     const FrameFormat& frame = import.generators.FrameOf(owner);
     import.titles.Add(item);
-    const MasterClip master = RegisterGenerator(
+    const BuiltMaster master = RegisterGenerator(
         import, item,
-        MakeSyntheticSources(import.document, SyntheticKind::Graphic, FrameTicksOf(item), frame));
+        MakeSyntheticSources(import.document, MediaKind::Graphic, FrameTicksOf(item), frame));
     const bool isMasterEffect =
         import.options.settings.titlesAsMasterEffects || owner.GetName() != "sequence";
     if (master && isMasterEffect)
@@ -147,7 +146,7 @@ GeneratorResult TranslateGraphic(Import& import, const ClipItem& item, ConstHand
 GeneratorResult TranslateUnknown(Import& import, const ClipItem& item)
 {
     const MediaSources sources =
-        MakeSyntheticSources(import.document, SyntheticKind::TransparentVideo, 0, {});
+        MakeSyntheticSources(import.document, MediaKind::TransparentVideo, 0, {});
     return {RegisterGenerator(import, item, sources), false};
 }
 
@@ -156,7 +155,7 @@ GeneratorResult TranslateUnknown(Import& import, const ClipItem& item)
 GeneratorResult TranslateGenerator(Import& import, const ClipItem& item, ConstHandle owner)
 {
     const GeneratorRoute route = RouteOf(import.titles, item);
-    if (const MasterClip known = import.generators.MasterOf(item))
+    if (const BuiltMaster known = import.generators.MasterOf(item))
         return {known, route != GeneratorRoute::Unknown,
                 route != GeneratorRoute::Graphic || import.titles.IsTitled(known)};
     switch (route) {

@@ -70,7 +70,8 @@ void AddPoints(const TrackContext& track, const ClipItem& item, const PlacedTime
     clip.SetProperty("OutPoint", TickText(range.out));
 }
 
-ObjectHandle MakeItemSubClip(Import& import, ConstHandle item, ObjectHandle clip, MasterClip master)
+ObjectHandle MakeItemSubClip(Import& import, ConstHandle item, ObjectHandle clip,
+                             BuiltMaster master)
 {
     std::string_view name = item.GetProperty("name");
     if (name.empty())
@@ -92,7 +93,7 @@ int SourceChannelOf(ConstHandle item, int trackIndex)
 // The channels of a master by the numbers that items state.
 class MasterChannels {
 public:
-    explicit MasterChannels(MasterClip master) : channels_(master.Channels()) {}
+    explicit MasterChannels(BuiltMaster master) : channels_(master.Channels()) {}
 
     bool IsEmpty() const { return channels_.empty(); }
     const std::vector<MasterChannel>& All() const { return channels_; }
@@ -177,7 +178,7 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
 {
     Import& import = track.sequence.import;
     Document& document = import.document;
-    const MasterClip master = MasterForItem(import, item, MediaType::Video, track.index);
+    const BuiltMaster master = MasterForItem(import, item, MediaType::Video, track.index);
     const ObjectHandle masterClip = master.VideoClip();
     if (!masterClip)
         return {};
@@ -203,7 +204,7 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
 {
     Import& import = track.sequence.import;
     Document& document = import.document;
-    const MasterClip master = MasterForItem(import, item, MediaType::Audio, track.index);
+    const BuiltMaster master = MasterForItem(import, item, MediaType::Audio, track.index);
     const MasterChannels channels(master);
     if (channels.IsEmpty())
         return {};

@@ -35,12 +35,11 @@ ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item,
                                 ObjectHandle subClip)
 {
     const Import& import = track.sequence.import;
-    const MasterClip master(subClip.GetChild("MasterClip"));
+    const BuiltMaster master(subClip.GetChild("MasterClip"));
     const EffectContext context = ContextOfItem(track, item, master, start);
     const ObjectHandle title =
         TitleOfItem(import.document, import.titles, item, context.sequenceFrame, master);
-    return BuildSequenceChain(context, item, subClip,
-                              IntToString(track.sequence.number), title);
+    return BuildSequenceChain(context, item, subClip, IntToString(track.sequence.number), title);
 }
 
 void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames start,
@@ -48,7 +47,7 @@ void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames
 {
     const SequenceContext& sequence = track.sequence;
     Document& document = sequence.import.document;
-    const MasterClip master(FindPath(trackItem, {"SubClip", "MasterClip"}));
+    const BuiltMaster master(FindPath(trackItem, {"SubClip", "MasterClip"}));
     const EffectContext effects = ContextOfItem(track, item, master, start);
     const ItemAudio audio = AudioOfItem(sequence.import.files, item, channels.itemType);
     const ConstHandle source = item;

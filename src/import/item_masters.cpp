@@ -10,53 +10,53 @@ namespace XPJ {
 
 namespace {
 
-MasterClip FindFile(const Import& import, const MediaQuery& query, ConstHandle item)
+BuiltMaster FindFile(const Import& import, const MediaQuery& query, ConstHandle item)
 {
     if (const FileElement file = FileOfItem(import.files, item))
         return FindMedia(import.masters.registry, query, import.files.IdOf(file));
     return {};
 }
 
-MasterClip FindReferenced(const Import& import, const MediaQuery& query, ConstHandle item)
+BuiltMaster FindReferenced(const Import& import, const MediaQuery& query, ConstHandle item)
 {
     const ConstHandle nested = item.GetChild("sequence");
-    if (const MasterClip master = import.sequences.MasterOf(import.sequences.IdOf(nested)))
+    if (const BuiltMaster master = import.sequences.MasterOf(import.sequences.IdOf(nested)))
         return master;
     const std::string_view fileId = item.GetProperty("fileid");
-    if (const MasterClip master = FindMedia(import.masters.registry, query, fileId))
+    if (const BuiltMaster master = FindMedia(import.masters.registry, query, fileId))
         return master;
     return import.sequences.MasterOf(item.GetProperty("sequenceid"));
 }
 
-MasterClip FindInMedia(const Import& import, const MediaQuery& query, ConstHandle item)
+BuiltMaster FindInMedia(const Import& import, const MediaQuery& query, ConstHandle item)
 {
     for (const FileElement& file : FilesOfMedia(import.files, item.GetChild("media")))
-        if (const MasterClip master =
+        if (const BuiltMaster master =
                 FindMedia(import.masters.registry, query, import.files.IdOf(file)))
             return master;
     return {};
 }
 
-MasterClip FindSelf(const Import& import, const MediaQuery& query, ConstHandle item)
+BuiltMaster FindSelf(const Import& import, const MediaQuery& query, ConstHandle item)
 {
     const std::string_view id = item.GetProperty("id");
-    if (const MasterClip master =
+    if (const BuiltMaster master =
             import.masters.registry.Find({query.masterClipId, id, 0, query.type}))
         return master;
     return import.sequences.MasterOf(id);
 }
 
-using Search = MasterClip (*)(const Import&, const MediaQuery&, ConstHandle);
+using Search = BuiltMaster (*)(const Import&, const MediaQuery&, ConstHandle);
 constexpr Search kSearches[] = {FindFile, FindReferenced, FindInMedia, FindSelf};
 
 } // namespace
 
-MasterClip FindMedia(const MasterRegistry& registry, const MediaQuery& query,
-                     std::string_view mediaId)
+BuiltMaster FindMedia(const MasterRegistry& registry, const MediaQuery& query,
+                      std::string_view mediaId)
 {
     for (const int index : {query.sourceTrack, query.trackIndex, 0})
         if (index >= 0)
-            if (const MasterClip master =
+            if (const BuiltMaster master =
                     registry.Find({query.masterClipId, mediaId, index, query.type}))
                 return master;
     return registry.Find({{}, mediaId, 0, query.type});
@@ -67,7 +67,7 @@ int SourceTrackOf(ConstHandle item)
     return std::max(IntProperty(item.GetChild("sourcetrack"), "trackindex"), 0) - 1;
 }
 
-MasterClip MasterForItem(const Import& import, ConstHandle item, MediaType type, int trackIndex)
+BuiltMaster MasterForItem(const Import& import, ConstHandle item, MediaType type, int trackIndex)
 {
     if (const ConstHandle multiclip = FindMulticlip(item)) {
         if (!IsCollapsed(multiclip))
@@ -79,8 +79,8 @@ MasterClip MasterForItem(const Import& import, ConstHandle item, MediaType type,
                            .sourceTrack = SourceTrackOf(item),
                            .trackIndex = trackIndex};
     for (const Search search : kSearches)
-        if (const MasterClip master = search(import, query, item))
-            return master.FirstClip(type) ? master : MasterClip();
+        if (const BuiltMaster master = search(import, query, item))
+            return master.FirstClip(type) ? master : BuiltMaster();
     return {};
 }
 
@@ -92,7 +92,7 @@ FileMaster BuildFileMaster(Import& import, const ClipItem& element, const FileUs
     if (result.sources.IsEmpty())
         return result;
     const AudioKind audio = SplitStereo(import.options, AudioKindOfFile(use.file), exploded);
-    const MasterClip built =
+    const BuiltMaster built =
         BuildMasterClip(import, import.files, element, {.sources = result.sources, .audio = audio});
     MasterRegistry& registry = import.masters.registry;
     const std::string_view masterClipId = element.GetProperty("masterclipid");

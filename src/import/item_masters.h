@@ -17,19 +17,19 @@ struct MediaQuery {
     int sourceTrack = -1; // from 0; -1 without one
     int trackIndex = 0;   // from 0
 };
-MasterClip FindMedia(const MasterRegistry& registry, const MediaQuery& query,
-                     std::string_view mediaId);
+BuiltMaster FindMedia(const MasterRegistry& registry, const MediaQuery& query,
+                      std::string_view mediaId);
 
 // `trackindex` of a `sourcetrack`, from 0; -1 without one.
 int SourceTrackOf(ConstHandle item);
 
 // The master that a `clipitem`, `generatoritem` or `clip` shows on a track of a type; null if there
 // is none. `trackIndex` counts from 0.
-MasterClip MasterForItem(const Import& import, ConstHandle item, MediaType type, int trackIndex);
+BuiltMaster MasterForItem(const Import& import, ConstHandle item, MediaType type, int trackIndex);
 
 // A newly built master and the one that the registry holds, which differ when the key was taken.
 struct FileMaster {
-    MasterClip master; // null if the file has no streams
+    BuiltMaster master; // null if the file has no streams
     MediaSources sources;
     bool isNew = false;
 };

@@ -94,8 +94,8 @@ void TranslateLayers(Import& import, const ClipItem& element, const FileUse& use
 {
     for (const Layer& layer : MakeLayers(import, use)) {
         const MediaSources sources{.video = {layer.source}, .audio = {}};
-        const MasterClip master = BuildMasterClip(import, import.files, element,
-                                                  {.sources = sources, .name = layer.name});
+        const BuiltMaster master = BuildMasterClip(import, import.files, element,
+                                                   {.sources = sources, .name = layer.name});
         if (RegisterMaster(import.masters.registry,
                            {.masterClipId = element.GetProperty("masterclipid"),
                             .mediaId = import.files.IdOf(use.file),

@@ -1,51 +1,19 @@
 #include "import/logging.h"
 
-#include "core/ticks.h"
 #include "core/host_properties.h"
+#include "core/logging_fields.h"
+#include "core/ticks.h"
 #include "project/time_display.h"
 #include "xmeml/rates.h"
 
 #include <algorithm>
+#include <span>
 #include <string>
 
 namespace XPJ {
 
 namespace {
 
-struct CopiedKey {
-    Name from;
-    Name to;
-};
-
-constexpr CopiedKey kLoggingKeys[] = {
-    {"description", "Description"}, {"scene", "Scene"},     {"shottake", "ShotTake"},
-    {"lognote", "LogNote"},         {"tapeid", "TapeName"},
-};
-
-constexpr CopiedKey kFilmKeys[] = {
-    {"cameraroll", "FilmCameraRoll"},
-    {"dailyroll", "FilmDailyRoll"},
-    {"labroll", "FilmLabRoll"},
-};
-
-constexpr CopiedKey kKeycodeKeys[] = {
-    {"feetframes", "FilmKeycodeFeetFrames"},
-    {"perfoffset", "FilmKeycodePerfoffset"},
-    {"prefix", "FilmKeycodePrefix"},
-    {"reversed", "FilmKeycodeReversed"},
-};
-
-constexpr CopiedKey kCommentKeys[] = {
-    {"mastercomment1", "Master_95_Comment_95_1"},
-    {"mastercomment2", "Master_95_Comment_95_2"},
-    {"mastercomment3", "Master_95_Comment_95_3"},
-    {"mastercomment4", "Master_95_Comment_95_4"},
-    {"clipcommenta", "Clip_95_Comment_95_A"},
-    {"clipcommentb", "Clip_95_Comment_95_B"},
-    {"comment", "Comment"},
-};
-
-constexpr std::string_view kLabelMetadataKey = "hfl.clip.label.name";
 constexpr std::string_view kDefaultTimecodeFormat = "102";
 
 void CopyValue(ConstHandle from, Name key, ObjectHandle to, Name newKey)
@@ -54,11 +22,10 @@ void CopyValue(ConstHandle from, Name key, ObjectHandle to, Name newKey)
         CopyProperty(from, key, to, newKey);
 }
 
-template <std::size_t N>
-void CopyValues(ConstHandle from, const CopiedKey (&keys)[N], ObjectHandle to)
+void CopyValues(ConstHandle from, std::span<const LoggingField> fields, ObjectHandle to)
 {
-    for (const CopiedKey& key : keys)
-        CopyValue(from, key.from, to, key.to);
+    for (const LoggingField& field : fields)
+        CopyValue(from, field.element, to, field.key);
 }
 
 // The `timecode` of video or of audio; one that states no source counts as of the video.
@@ -126,9 +93,9 @@ ObjectHandle MakeLoggingInfo(Document& document, const FileCatalog& files, Const
 {
     const ObjectHandle info = document.NewObject("ClipLoggingInfo");
     const ConstHandle filmData = element.GetChild("filmdata");
-    CopyValues(element.GetChild("logginginfo"), kLoggingKeys, info);
-    CopyValues(filmData, kFilmKeys, info);
-    CopyValues(filmData.GetChild("keycode"), kKeycodeKeys, info);
+    CopyValues(element.GetChild("logginginfo"), LoggingFields(), info);
+    CopyValues(filmData, FilmFields(), info);
+    CopyValues(filmData.GetChild("keycode"), KeycodeFields(), info);
 
     const bool isSequence = element.GetName() == "sequence";
     const FileElement file = FirstFileOf(files, element);
@@ -153,8 +120,8 @@ ObjectHandle MakeDefaultLoggingInfo(Document& document)
 void CopyComments(ConstHandle element, ObjectHandle target)
 {
     const ConstHandle comments = element.GetChild("comments");
-    for (const CopiedKey& key : kCommentKeys)
-        CopyProperty(comments, key.from, target, key.to);
+    for (const LoggingField& field : CommentFields())
+        CopyProperty(comments, field.element, target, field.key);
 }
 
 void CopyGoodFlag(ConstHandle element, ObjectHandle target)
@@ -174,12 +141,12 @@ void CopyLabel(ConstHandle element, ObjectHandle target, Name key)
 
 void CopyItemLabel(const FileCatalog& files, ConstHandle element, ObjectHandle item)
 {
-    CopyLabel(element, item, "Column.PropertyText.Label");
+    CopyLabel(element, item, kItemLabelKey);
     if (element.GetName() == "sequence")
         return;
-    const auto label = FirstFileOf(files, element).Metadata(kLabelMetadataKey);
+    const auto label = FirstFileOf(files, element).Metadata(kClipLabelKey.View());
     if (label && !label->empty())
-        item.SetProperty("Column.PropertyText.Label", *label);
+        item.SetProperty(kItemLabelKey, *label);
 }
 
 } // namespace XPJ

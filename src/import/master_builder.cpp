@@ -77,7 +77,7 @@ ObjectHandle MakeMasterAudioClip(Document& document, const ClipItem& element, Ob
 
 // False when there is no audio to show.
 bool AddAudio(Document& document, const ClipItem& element, const MasterFields& fields,
-              MasterClip master)
+              BuiltMaster master)
 {
     const MediaSources& sources = fields.sources;
     if (fields.audio.kind < 0 || sources.audio.empty())
@@ -102,7 +102,7 @@ bool AddAudio(Document& document, const ClipItem& element, const MasterFields& f
 }
 
 // The markers of a clip belong to its audio, without audio to its first video.
-void AddVideoMarkers(Document& document, ConstHandle element, bool hasAudio, MasterClip master)
+void AddVideoMarkers(Document& document, ConstHandle element, bool hasAudio, BuiltMaster master)
 {
     const Ticks unit = PointTicksOf(element, master.VideoClip());
     ConstHandle owner = hasAudio ? ConstHandle() : element;
@@ -116,11 +116,11 @@ void AddVideoMarkers(Document& document, ConstHandle element, bool hasAudio, Mas
 
 } // namespace
 
-MasterClip BuildMasterClip(const ImportState& state, const FileCatalog& files,
-                           const ClipItem& element, const MasterFields& fields)
+BuiltMaster BuildMasterClip(const ImportState& state, const FileCatalog& files,
+                            const ClipItem& element, const MasterFields& fields)
 {
     Document& document = state.document;
-    const MasterClip master(document.NewObject("MasterClip"));
+    const BuiltMaster master(document.NewObject("MasterClip"));
     AddUid(master);
     master.SetProperty("Name", fields.name.empty() ? element.GetProperty("name") : fields.name);
     for (const ObjectHandle& source : fields.sources.video)

@@ -1,8 +1,8 @@
 // The master clip of an element: its clips, channels, points, markers and logging fields.
 #pragma once
 
+#include "core/channel_types.h"
 #include "import/import_state.h"
-#include "project/channel_types.h"
 #include "project/master_clip.h"
 #include "project/media.h"
 #include "xmeml/files.h"
@@ -21,8 +21,8 @@ struct MasterFields {
 };
 
 // A new MasterClip of an element, which is null for black video.
-MasterClip BuildMasterClip(const ImportState& state, const FileCatalog& files,
-                           const ClipItem& element, const MasterFields& fields);
+BuiltMaster BuildMasterClip(const ImportState& state, const FileCatalog& files,
+                            const ClipItem& element, const MasterFields& fields);
 
 // Stereo is held as two mono elements, unless the element's tracks are exploded or the document is
 // an audio hand-off.

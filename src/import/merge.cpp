@@ -23,7 +23,7 @@ public:
     explicit Candidates(const MasterCatalog& masters)
     {
         NodeSet seen;
-        for (const MasterClip& master : masters.registry.Entries())
+        for (const BuiltMaster& master : masters.registry.Entries())
             if (const MergeComponent* const component = masters.ComponentOf(master);
                 component && seen.Insert(master))
                 Add(byMergeId_[component->mergeId], *component);
@@ -52,7 +52,7 @@ private:
     std::unordered_map<std::string_view, Group> byMergeId_;
 };
 
-void PlaceMergedItem(Document& document, MasterClip merged, ObjectHandle rootItem)
+void PlaceMergedItem(Document& document, BuiltMaster merged, ObjectHandle rootItem)
 {
     const ObjectHandle item = document.NewObject("ClipProjectItem");
     AddUid(item);
@@ -118,8 +118,8 @@ void MergePass(Import& import, ObjectHandle rootItem)
     NodeSet replaced;
     for (const std::string_view mergeId : import.masters.MergeIds()) {
         const MergeComponents components = candidates.Of(mergeId);
-        const MasterClip merged =
-            components.size() < 2 ? MasterClip() : BuildMergedMaster(import, components);
+        const BuiltMaster merged =
+            components.size() < 2 ? BuiltMaster() : BuildMergedMaster(import, components);
         if (merged) {
             PlaceMergedItem(import.document, merged, rootItem);
             JoinSelection(components);

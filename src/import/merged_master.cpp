@@ -88,7 +88,7 @@ Parts CollectParts(Document& document, const MergeComponents& components, Object
 }
 
 // Makes a master a part of the merged clip.
-void SetParent(Document& document, MasterClip component, MasterClip merged)
+void SetParent(Document& document, BuiltMaster component, BuiltMaster merged)
 {
     const ObjectHandle audio = component.FirstClip(MediaType::Audio);
     const std::string_view stream =
@@ -201,7 +201,7 @@ private:
 
 SyntheticItem BlackItem(Import& import, Ticks duration)
 {
-    const MasterClip black = BlackMaster(import);
+    const BuiltMaster black = BlackMaster(import);
     return {.name = black.GetProperty("Name"),
             .clip = MakePlainVideoClip(import.document, black.VideoClip().GetChild("Source")),
             .master = black,
@@ -293,7 +293,7 @@ ObjectHandle MakeMergedSequence(Import& import, std::string_view name)
 
 // The merged clip shows its Sequence: one clip for the video, one for each channel.
 void AddClips(Document& document, const Parts& parts, ObjectHandle sequence, int channels,
-              MasterClip merged)
+              BuiltMaster merged)
 {
     if (!parts.video.empty()) {
         const ObjectHandle clip = parts.video.front().clip;
@@ -310,10 +310,10 @@ void AddClips(Document& document, const Parts& parts, ObjectHandle sequence, int
                         MakeChannelClip(document, source, {}, static_cast<std::uint64_t>(i)));
 }
 
-MasterClip MakeMaster(Document& document, const MergeComponents& components, const Parts& parts,
-                      const MergeComponent& namesake)
+BuiltMaster MakeMaster(Document& document, const MergeComponents& components, const Parts& parts,
+                       const MergeComponent& namesake)
 {
-    const MasterClip merged(document.NewObject("MasterClip"));
+    const BuiltMaster merged(document.NewObject("MasterClip"));
     AddUid(merged);
     merged.SetPropertyShared("Name", namesake.master.GetProperty("Name"));
     merged.SetProperty("FCPMergedMasterClipID", namesake.mergeId);
@@ -326,7 +326,7 @@ MasterClip MakeMaster(Document& document, const MergeComponents& components, con
 
 } // namespace
 
-MasterClip BuildMergedMaster(Import& import, const MergeComponents& components)
+BuiltMaster BuildMergedMaster(Import& import, const MergeComponents& components)
 {
     Document& document = import.document;
     const auto named = std::ranges::find_if(components, [](const MergeComponent& component) {
@@ -338,7 +338,7 @@ MasterClip BuildMergedMaster(Import& import, const MergeComponents& components)
     const Parts parts = CollectParts(document, components, sequence);
     if (parts.video.empty() && parts.audio.empty())
         return {};
-    const MasterClip merged = MakeMaster(document, components, parts, namesake);
+    const BuiltMaster merged = MakeMaster(document, components, parts, namesake);
 
     StartTimes starts(import.files);
     sequence.AddChild("TrackGroup", MakeVideo(import, parts, starts));

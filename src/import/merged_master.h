@@ -11,6 +11,6 @@ using MergeComponents = std::vector<MergeComponent>;
 
 // Builds the merged clip of components in track order, and makes them its parts. Null when none of
 // them has video or audio.
-MasterClip BuildMergedMaster(Import& import, const MergeComponents& components);
+BuiltMaster BuildMergedMaster(Import& import, const MergeComponents& components);
 
 } // namespace XPJ

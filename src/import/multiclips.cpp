@@ -1,6 +1,8 @@
 #include "import/multiclips.h"
 
+#include "core/host_properties.h"
 #include "core/numbers.h"
+#include "core/video_formats.h"
 #include "import/audio_tracks.h"
 #include "import/item_clips.h"
 #include "import/item_masters.h"
@@ -10,8 +12,6 @@
 #include "import/project_items.h"
 #include "import/slugs.h"
 #include "project/clips.h"
-#include "project/pixel_aspects.h"
-#include "core/host_properties.h"
 #include "project/synthetic_items.h"
 #include "xmeml/formats.h"
 
@@ -57,7 +57,7 @@ std::string ContentOf(ConstHandle multiclip)
     return key;
 }
 
-MasterClip MakeMulticlipMaster(Import& import, ConstHandle multiclip)
+BuiltMaster MakeMulticlipMaster(Import& import, ConstHandle multiclip)
 {
     Document& document = import.document;
     const SequenceRates rates = RatesOfMulticlip(multiclip);
@@ -115,19 +115,19 @@ std::string_view FieldTypeOfMulticlip(const FileCatalog& files, ConstHandle mult
         characteristics = FirstFileOf(files, clip).VideoCharacteristics();
     const std::string_view own =
         multiclip.GetChild("samplecharacteristics").GetProperty("fielddominance");
-    return FieldTypeOf(own.empty() ? characteristics.GetProperty("fielddominance") : own);
+    return FieldTypeOfDominance(own.empty() ? characteristics.GetProperty("fielddominance") : own);
 }
 
 // The master of an angle: that of its clip, else of the item in it.
-MasterClip MasterOfAngle(const Import& import, const Angle& angle, MediaType type)
+BuiltMaster MasterOfAngle(const Import& import, const Angle& angle, MediaType type)
 {
     const std::string_view fileId = import.files.IdOf(FileOfItem(import.files, angle.item));
-    if (const MasterClip ofClip = import.masters.BySignature(SignatureOf(angle.clip, fileId)))
+    if (const BuiltMaster ofClip = import.masters.BySignature(SignatureOf(angle.clip, fileId)))
         return ofClip;
     return MasterForItem(import, angle.item, type, 0);
 }
 
-SyntheticItem ItemOf(const Angle& angle, ObjectHandle clip, MasterClip master)
+SyntheticItem ItemOf(const Angle& angle, ObjectHandle clip, BuiltMaster master)
 {
     return {.name = angle.clip.GetProperty("name"),
             .clip = clip,
@@ -147,7 +147,7 @@ ObjectHandle MakeAngleVideo(const MulticlipContext& context, const Angle& angle)
     Import& import = context.import;
     if (import.files.IdOf(FileOfItem(import.files, angle.item)).starts_with("Slug"))
         return {};
-    const MasterClip master = MasterOfAngle(import, angle, MediaType::Video);
+    const BuiltMaster master = MasterOfAngle(import, angle, MediaType::Video);
     const ObjectHandle masterClip = master.VideoClip();
     if (!masterClip)
         return {};
@@ -163,7 +163,7 @@ ObjectHandle MakeAngleAudio(const MulticlipContext& context, const Angle& angle)
 {
     Import& import = context.import;
     Document& document = import.document;
-    const MasterClip master = MasterOfAngle(import, angle, MediaType::Audio);
+    const BuiltMaster master = MasterOfAngle(import, angle, MediaType::Audio);
     const std::vector<MasterChannel> channels = master.Channels();
     if (channels.empty())
         return {};
@@ -257,14 +257,14 @@ void CollectMulticlip(Import& import, ConstHandle multiclip)
     if (IsCollapsed(multiclip) || id.empty() || masters.HasMulticlip(id))
         return;
     const std::string content = ContentOf(multiclip);
-    const MasterClip equal = masters.EqualMulticlip(content);
+    const BuiltMaster equal = masters.EqualMulticlip(content);
     masters.AddMulticlip(id, content, equal ? equal : MakeMulticlipMaster(import, multiclip));
 }
 
 void TranslateMulticlipItem(Import& import, ConstHandle element, ObjectHandle parentItem)
 {
     const ConstHandle multiclip = FindMulticlip(element);
-    const MasterClip master = import.masters.OfMulticlip(multiclip.GetProperty("id"));
+    const BuiltMaster master = import.masters.OfMulticlip(multiclip.GetProperty("id"));
     if (!master)
         return;
     const ObjectHandle sequence = master.Sequence();

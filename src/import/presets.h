@@ -1,8 +1,8 @@
 // The preview preset of a sequence, by its codec, else by its video format.
 #pragma once
 
+#include "core/frame_format.h"
 #include "core/ticks.h"
-#include "project/frame_format.h"
 #include "tree/object.h"
 
 namespace XPJ {

@@ -11,7 +11,7 @@ namespace XPJ {
 namespace {
 
 // Frame length in which a subclip counts; 0 for video that has none.
-Ticks SubclipTicksOf(ConstHandle element, MasterClip master)
+Ticks SubclipTicksOf(ConstHandle element, BuiltMaster master)
 {
     const ObjectHandle video = master.VideoClip().GetChild("Source");
     const Ticks ticks =
@@ -26,7 +26,7 @@ void SetTicks(ObjectHandle source, Name key, Ticks ticks)
 }
 
 // A master that was built for another part of its media takes the limits of this one.
-void LimitToSubclip(const FileCatalog& files, ConstHandle element, MasterClip master)
+void LimitToSubclip(const FileCatalog& files, ConstHandle element, BuiltMaster master)
 {
     const Ticks unit = SubclipTicksOf(element, master);
     const SubclipRange part = ReadSubclipInfo(files, element);
@@ -45,7 +45,7 @@ void LimitToSubclip(const FileCatalog& files, ConstHandle element, MasterClip ma
 
 } // namespace
 
-ObjectHandle MakeClipProjectItem(const Import& import, ConstHandle element, MasterClip master,
+ObjectHandle MakeClipProjectItem(const Import& import, ConstHandle element, BuiltMaster master,
                                  ObjectHandle parentItem)
 {
     const ObjectHandle item = import.document.NewObject("ClipProjectItem");
@@ -61,7 +61,7 @@ ObjectHandle MakeClipProjectItem(const Import& import, ConstHandle element, Mast
     return item;
 }
 
-void AddClipItem(Import& import, ConstHandle clip, MasterClip master, ObjectHandle parentItem)
+void AddClipItem(Import& import, ConstHandle clip, BuiltMaster master, ObjectHandle parentItem)
 {
     if (HasValue(clip, "name"))
         master.SetPropertyShared("Name", clip.GetProperty("name"));

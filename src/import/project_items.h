@@ -10,12 +10,12 @@ namespace XPJ {
 
 // Adds a new item for a `clip`, `clipitem`, `generatoritem` or `sequence` to `parentItem`. Null
 // `element`: black video.
-ObjectHandle MakeClipProjectItem(const Import& import, ConstHandle element, MasterClip master,
+ObjectHandle MakeClipProjectItem(const Import& import, ConstHandle element, BuiltMaster master,
                                  ObjectHandle parentItem);
 
 // Adds the item of a browser `clip`, whose name the master takes. The item of a part of a merged
 // clip is deferred until the merge pass knows whether there will be one.
-void AddClipItem(Import& import, ConstHandle clip, MasterClip master, ObjectHandle parentItem);
+void AddClipItem(Import& import, ConstHandle clip, BuiltMaster master, ObjectHandle parentItem);
 
 // Makes the items that were deferred under a merge id, in their bins, but for those of masters in
 // `merged`.

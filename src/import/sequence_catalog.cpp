@@ -20,13 +20,13 @@ void SequenceCatalog::SetGeneratedId(ConstHandle sequence, std::string_view id)
     generatedIds_.emplace(sequence.UniqueId(), id);
 }
 
-MasterClip SequenceCatalog::MasterOf(std::string_view id) const
+BuiltMaster SequenceCatalog::MasterOf(std::string_view id) const
 {
     const auto found = masters_.find(id);
-    return found == masters_.end() ? MasterClip() : found->second;
+    return found == masters_.end() ? BuiltMaster() : found->second;
 }
 
-void SequenceCatalog::AddMaster(std::string_view id, MasterClip master)
+void SequenceCatalog::AddMaster(std::string_view id, BuiltMaster master)
 {
     masters_.emplace(id, master);
 }

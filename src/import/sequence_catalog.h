@@ -25,8 +25,8 @@ public:
     void SetGeneratedId(ConstHandle sequence, std::string_view id);
 
     // The master of a `sequence`, by id; null for an unknown or empty one.
-    MasterClip MasterOf(std::string_view id) const;
-    void AddMaster(std::string_view id, MasterClip master);
+    BuiltMaster MasterOf(std::string_view id) const;
+    void AddMaster(std::string_view id, BuiltMaster master);
 
     // The `sequence` or `multiclip` of a Sequence; null for one that the import generated.
     ConstHandle ElementOf(ConstHandle projectSequence) const;
@@ -50,7 +50,7 @@ public:
 
 private:
     std::unordered_map<std::uint64_t, std::string> generatedIds_; // by `uniqueId` of the element
-    std::unordered_map<std::string_view, MasterClip> masters_;
+    std::unordered_map<std::string_view, BuiltMaster> masters_;
     std::unordered_map<std::uint64_t, ConstHandle> elements_; // by `uniqueId` of the Sequence
     NodeSet begunElements_;
     NodeSet begun_;

@@ -100,7 +100,7 @@ void TranslateMulticlipReference(Import& import, ConstHandle item, ObjectHandle 
     const ConstHandle multiclip = item.GetChild("multiclip");
     if (!multiclip || IsCollapsed(multiclip))
         return;
-    const MasterClip master = import.masters.OfMulticlip(multiclip.GetProperty("id"));
+    const BuiltMaster master = import.masters.OfMulticlip(multiclip.GetProperty("id"));
     if (master && !import.sequences.HasBegun(master.Sequence()))
         TranslateMulticlipItem(import, item, parentItem);
 }
@@ -155,7 +155,7 @@ ConstHandle TranslateReference(Import& import, const SequenceWalk& walk,
 // Fills the Sequence and makes its project item.
 void FinishSequence(Import& import, const SequenceWalk& walk, ObjectHandle parentItem)
 {
-    const MasterClip master = import.sequences.MasterOf(import.sequences.IdOf(walk.sequence));
+    const BuiltMaster master = import.sequences.MasterOf(import.sequences.IdOf(walk.sequence));
     if (master && FillSequence(import, walk.sequence, walk.items, master))
         MakeClipProjectItem(import, walk.sequence, master, parentItem);
 }

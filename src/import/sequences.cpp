@@ -1,11 +1,11 @@
 #include "import/sequences.h"
 
+#include "core/host_properties.h"
 #include "import/markers.h"
 #include "import/master_builder.h"
 #include "import/presets.h"
 #include "import/tracks.h"
 #include "project/media.h"
-#include "core/host_properties.h"
 #include "xmeml/formats.h"
 
 namespace XPJ {
@@ -78,7 +78,7 @@ void SetLength(ConstHandle sequence, ObjectHandle master, Ticks end)
 
 } // namespace
 
-MasterClip MakeSequenceMaster(Import& import, ConstHandle sequence)
+BuiltMaster MakeSequenceMaster(Import& import, ConstHandle sequence)
 {
     Document& document = import.document;
     const SequenceRates rates = RatesOfSequence(sequence, import.options.sn2vlMode);
@@ -98,7 +98,7 @@ MasterClip MakeSequenceMaster(Import& import, ConstHandle sequence)
 }
 
 bool FillSequence(Import& import, ConstHandle sequence, const SequenceItems& items,
-                  MasterClip master)
+                  BuiltMaster master)
 {
     const ObjectHandle result = master.Sequence();
     SequenceContext context{.import = import, .sequence = sequence, .items = items};

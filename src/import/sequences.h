@@ -7,11 +7,11 @@
 namespace XPJ {
 
 // The MasterClip around a new, empty Sequence for a `sequence`.
-MasterClip MakeSequenceMaster(Import& import, ConstHandle sequence);
+BuiltMaster MakeSequenceMaster(Import& import, ConstHandle sequence);
 
 // Fills the Sequence of the `master` of a `sequence` element, whose items are given with their
 // edges. False if it was filled before or has no frame size.
 bool FillSequence(Import& import, ConstHandle sequence, const SequenceItems& items,
-                  MasterClip master);
+                  BuiltMaster master);
 
 } // namespace XPJ

@@ -20,7 +20,7 @@ constexpr std::string_view kBlackVideo = "Black Video";
 constexpr Ticks kSlugDuration = 3657830400000000; // 4 hours
 
 // The black clip; its item is made with the first slug.
-MasterClip BlackClipFor(Import& import, ObjectHandle parentItem)
+BuiltMaster BlackClipFor(Import& import, ObjectHandle parentItem)
 {
     if (!import.generators.blackVideo)
         MakeClipProjectItem(import, {}, BlackMaster(import), parentItem)
@@ -28,7 +28,7 @@ MasterClip BlackClipFor(Import& import, ObjectHandle parentItem)
     return import.generators.blackVideo;
 }
 
-ObjectHandle MakeSlugVideo(Document& document, MasterClip black, const FrameFormat& frame,
+ObjectHandle MakeSlugVideo(Document& document, BuiltMaster black, const FrameFormat& frame,
                            Ticks frameTicks)
 {
     const ObjectHandle clip = MakePlainVideoClip(document, black.VideoClip().GetChild("Source"));
@@ -54,7 +54,7 @@ ObjectHandle MakeSlugAudio(Document& document, bool isHandoff)
     return group.group;
 }
 
-ObjectHandle MakeSlugSequence(Import& import, MasterClip black, const FrameFormat& frame,
+ObjectHandle MakeSlugSequence(Import& import, BuiltMaster black, const FrameFormat& frame,
                               Ticks frameTicks)
 {
     Document& document = import.document;
@@ -78,7 +78,7 @@ void TranslateSlug(Import& import, const ClipItem& element, const FileUse& use,
     if (fileId.empty())
         return;
     Document& document = import.document;
-    const MasterClip black = BlackClipFor(import, parentItem);
+    const BuiltMaster black = BlackClipFor(import, parentItem);
     const Ticks stated = TicksOfRate(element.GetChild("rate"));
     const Ticks frameTicks = stated != 0 ? stated : kNtscFrameTicks;
     const FrameFormat frame = FrameOfFile(use.element, use.file, use.characteristics);
@@ -91,7 +91,7 @@ void TranslateSlug(Import& import, const ClipItem& element, const FileUse& use,
                                                      kSampleTicks48k, kSlugDuration));
     AudioKind audio = AudioKindOfFile(use.file);
     audio.kind = std::max<int>(audio.kind, kMono);
-    const MasterClip master =
+    const BuiltMaster master =
         BuildMasterClip(import, import.files, element,
                         {.sources = sources, .audio = SplitStereo(import.options, audio, false)});
     if (RegisterMaster(import.masters.registry,
@@ -102,12 +102,12 @@ void TranslateSlug(Import& import, const ClipItem& element, const FileUse& use,
         MakeClipProjectItem(import, element, master, parentItem);
 }
 
-MasterClip BlackMaster(Import& import)
+BuiltMaster BlackMaster(Import& import)
 {
-    MasterClip& black = import.generators.blackVideo;
+    BuiltMaster& black = import.generators.blackVideo;
     if (!black) {
         const MediaSources sources =
-            MakeSyntheticSources(import.document, SyntheticKind::BlackVideo, 0, {});
+            MakeSyntheticSources(import.document, MediaKind::BlackVideo, 0, {});
         black =
             BuildMasterClip(import, import.files, {}, {.sources = sources, .name = kBlackVideo});
     }

@@ -13,6 +13,6 @@ void TranslateSlug(Import& import, const ClipItem& element, const FileUse& use,
                    ObjectHandle parentItem);
 
 // The MasterClip of black, which the whole project shares; it has no project item of its own yet.
-MasterClip BlackMaster(Import& import);
+BuiltMaster BlackMaster(Import& import);
 
 } // namespace XPJ

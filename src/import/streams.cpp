@@ -1,9 +1,9 @@
 #include "import/streams.h"
 
+#include "core/channel_types.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "project/channel_types.h"
-#include "project/pixel_aspects.h"
+#include "core/video_formats.h"
 #include "project/synthetic_media.h"
 #include "tree/blob.h"
 #include "xmeml/file_audio.h"
@@ -228,7 +228,7 @@ void AddVideoStream(const ImportState& state, const FileUse& use, const FrameFor
             {.frameTicks = range.rate,
              .duration = range.duration,
              .frame = frame,
-             .fieldType = FieldTypeOf(characteristics.GetProperty("fielddominance")),
+             .fieldType = FieldTypeOfDominance(characteristics.GetProperty("fielddominance")),
              .isStill = IsTrue(video, "stillframe") || IsTrue(use.element, "stillframe")}));
     sources.video.push_back(MakeMediaSource(state.document, media, range));
     sources.codec = characteristics.GetProperty("VelaCodec");
@@ -241,11 +241,10 @@ MediaSources MakeFileSources(const ImportState& state, const FileCatalog& files,
     const Ticks frameTicks = FrameTicksOf(files, use);
     const FrameFormat frame = FrameOfFile(use.element, use.file, use.characteristics);
     if (use.file.IsBarsAndTone() || use.file.IsGraphic())
-        return MakeSyntheticSources(state.document,
-                                    use.file.IsGraphic() ? SyntheticKind::Graphic
-                                                         : SyntheticKind::BarsAndTone,
-                                    // generated video runs on without a rate too
-                                    frameTicks != 0 ? frameTicks : kNtscFrameTicks, frame);
+        return MakeSyntheticSources(
+            state.document, use.file.IsGraphic() ? MediaKind::Graphic : MediaKind::BarsAndTone,
+            // generated video runs on without a rate too
+            frameTicks != 0 ? frameTicks : kNtscFrameTicks, frame);
 
     MediaSources sources;
     const ConstHandle media = use.file.GetChild("media");

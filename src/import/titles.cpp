@@ -64,7 +64,7 @@ ConstHandle TitleCatalog::SourceOf(ConstHandle item) const
 }
 
 void AddTitleToMaster(const ImportState& state, TitleCatalog& titles, ConstHandle generator,
-                      const FrameSize& frame, MasterClip master)
+                      const FrameSize& frame, BuiltMaster master)
 {
     if (!titles.AddTitledMaster(master))
         return;

@@ -39,7 +39,7 @@ private:
 // Gives a master the effect of a generator. `frame` is that of the sequence or clip around the
 // generator.
 void AddTitleToMaster(const ImportState& state, TitleCatalog& titles, ConstHandle generator,
-                      const FrameSize& frame, MasterClip master);
+                      const FrameSize& frame, BuiltMaster master);
 
 // The effect that a track item of `master` has for its title, new in the project's document; null
 // for what is no graphic title.

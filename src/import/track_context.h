@@ -1,11 +1,11 @@
 // What the items of one sequence, and of one track, share while they are translated.
 #pragma once
 
+#include "core/channel_types.h"
+#include "core/frame_format.h"
 #include "core/ticks.h"
 #include "import/import.h"
 #include "import/item_issues.h"
-#include "project/channel_types.h"
-#include "project/frame_format.h"
 #include "xmeml/cut_points.h"
 #include "xmeml/links.h"
 #include "xmeml/sequences.h"

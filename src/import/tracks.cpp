@@ -1,14 +1,14 @@
 #include "import/tracks.h"
 
+#include "core/host_properties.h"
 #include "core/numbers.h"
+#include "core/video_formats.h"
 #include "effects/audio_fader.h"
 #include "import/audio_tracks.h"
 #include "import/track_items.h"
 #include "import/transitions.h"
 #include "platform/platform.h"
 #include "project/objects.h"
-#include "project/pixel_aspects.h"
-#include "core/host_properties.h"
 #include "xmeml/file_audio.h"
 #include "xmeml/flags.h"
 #include "xmeml/tracks.h"
@@ -107,8 +107,7 @@ void ApplyTrackLevel(const TrackContext& context, ConstHandle track, ObjectHandl
         GetMessage(Message::kAudioTrack, {IntToString(std::int64_t{context.index} + 1)});
     if (place.clip.empty())
         place.clip = number;
-    ApplyFaderLevel(ContextOfLevel(context.sequence, place), track,
-                    result.GetChild("Components"));
+    ApplyFaderLevel(ContextOfLevel(context.sequence, place), track, result.GetChild("Components"));
 }
 
 // The same for the master track, whose level is stated by the `audio` of a sequence.
@@ -117,8 +116,7 @@ void ApplyMasterLevel(const SequenceContext& context, ConstHandle audio, ObjectH
     const ItemPlace place = {.sequence = context.timecode.name,
                              .clip = context.timecode.name, // the whole of it
                              .time = context.timecode.TextOf(0)};
-    ApplyFaderLevel(ContextOfLevel(context, place), audio,
-                    masterTrack.GetChild("Components"));
+    ApplyFaderLevel(ContextOfLevel(context, place), audio, masterTrack.GetChild("Components"));
 }
 
 // Transitions find their neighbours once all items are there.
@@ -183,7 +181,8 @@ ObjectHandle TranslateVideoTracks(SequenceContext& context, ConstHandle video)
     const ObjectHandle group =
         MakeVideoGroup(document, context.rates.video, context.frame.rect, context.frame.par);
     if (const ConstHandle characteristics = CharacteristicsOf(context.sequence))
-        group.SetProperty("FieldType", FieldTypeOf(characteristics.GetProperty("fielddominance")));
+        group.SetProperty("FieldType",
+                          FieldTypeOfDominance(characteristics.GetProperty("fielddominance")));
 
     TrackContext track{.sequence = context, .type = MediaType::Video, .id = kFirstVideoId};
     for (const ConstHandle& element : video.GetChildren("track")) {

@@ -1,6 +1,7 @@
 // Projects as plain timelines.
 #include "core/frame_rate.h"
 #include "core/host_properties.h"
+#include "core/logging_fields.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "inspect/node_numbers.h"
@@ -8,7 +9,6 @@
 #include "inspect/read_timelines.h"
 #include "inspect/titles.h"
 #include "project/accessors.h"
-#include "project/logging_fields.h"
 #include "project/marker_record.h"
 #include "tree/reading.h"
 

@@ -1,7 +1,7 @@
 // The layout of a master's audio: channels of its clips, and the groups that the host shows.
 #pragma once
 
-#include "project/channel_types.h"
+#include "core/channel_types.h"
 #include "tree/object.h"
 
 namespace XPJ {

@@ -2,7 +2,7 @@
 
 namespace XPJ {
 
-ObjectHandle MasterClip::FirstClip(MediaType type) const
+ObjectHandle BuiltMaster::FirstClip(MediaType type) const
 {
     const std::string_view className = type == MediaType::Video ? "VideoClip" : "AudioClip";
     for (const ObjectHandle& clip : GetChildren("Clip"))
@@ -11,7 +11,7 @@ ObjectHandle MasterClip::FirstClip(MediaType type) const
     return {};
 }
 
-std::vector<MasterChannel> MasterClip::Channels() const
+std::vector<MasterChannel> BuiltMaster::Channels() const
 {
     std::vector<MasterChannel> channels;
     for (const ObjectHandle& clip : GetChildren("Clip"))

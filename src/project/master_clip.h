@@ -1,4 +1,5 @@
-// A MasterClip as a builder left it, before the host has nested its parts: what its clips show.
+// A MasterClip that a builder made, whose parts are still in one node: what its clips show. One
+// that was read from a document is a MasterClip of project/accessors.h.
 #pragma once
 
 #include "core/media_type.h"
@@ -15,10 +16,10 @@ struct MasterChannel {
     ObjectHandle channel; // SecondaryContent
 };
 
-class MasterClip : public ObjectHandle {
+class BuiltMaster : public ObjectHandle {
 public:
-    MasterClip() = default;
-    explicit MasterClip(ObjectHandle node) : ObjectHandle(node) {}
+    BuiltMaster() = default;
+    explicit BuiltMaster(ObjectHandle node) : ObjectHandle(node) {}
 
     // The first VideoClip or AudioClip; null without one.
     ObjectHandle FirstClip(MediaType type) const;

@@ -1,7 +1,7 @@
 #include "project/media.h"
 
+#include "core/channel_types.h"
 #include "core/numbers.h"
-#include "project/channel_types.h"
 #include "project/objects.h"
 
 namespace XPJ {

@@ -2,9 +2,9 @@
 // or to sequences. Durations and boundaries are in ticks, rates in ticks a frame or a sample.
 #pragma once
 
+#include "core/frame_format.h"
 #include "core/media_type.h"
 #include "core/ticks.h"
-#include "project/frame_format.h"
 #include "tree/object.h"
 
 #include <limits>

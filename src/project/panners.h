@@ -1,8 +1,8 @@
 // Panners: how the channels of a track or item are sent to those of the audio track group.
 #pragma once
 
+#include "core/channel_types.h"
 #include "core/ticks.h"
-#include "project/channel_types.h"
 #include "tree/object.h"
 
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "project/skeleton.h"
 
-#include "project/frame_format.h"
+#include "core/frame_format.h"
 
 #include <span>
 

@@ -1,6 +1,6 @@
 #include "project/synthetic_media.h"
 
-#include "project/channel_types.h"
+#include "core/channel_types.h"
 #include "tree/blob.h"
 
 #include <string>
@@ -12,21 +12,20 @@ namespace {
 constexpr std::string_view kSyntheticImporter = "42008e7a-de6f-4270-96de-7e287abb9b4b";
 
 struct SyntheticRow {
-    std::string_view path; // four characters as a number
     std::string_view title;
-    SyntheticKind kind;
+    MediaKind kind;
     bool fitsAnyFrame;
 };
 
 constexpr SyntheticRow kSyntheticRows[] = {
-    {"1111577171", "Bars and Tone", SyntheticKind::BarsAndTone, false},         // "BARS"
-    {"1112293707", "Black Video", SyntheticKind::BlackVideo, true},             // "BLAK"
-    {"1129270354", "Color Matte", SyntheticKind::ColorMatte, false},            // "COLR"
-    {"1196574294", "Graphic", SyntheticKind::Graphic, false},                   // "GRFV"
-    {"1414680150", "Transparent Video", SyntheticKind::TransparentVideo, true}, // "TRNV"
+    {"Bars and Tone", MediaKind::BarsAndTone, false},
+    {"Black Video", MediaKind::BlackVideo, true},
+    {"Color Matte", MediaKind::ColorMatte, false},
+    {"Graphic", MediaKind::Graphic, false},
+    {"Transparent Video", MediaKind::TransparentVideo, true},
 };
 
-const SyntheticRow& RowOf(SyntheticKind kind)
+const SyntheticRow& RowOf(MediaKind kind)
 {
     for (const SyntheticRow& row : kSyntheticRows)
         if (row.kind == kind)
@@ -36,13 +35,14 @@ const SyntheticRow& RowOf(SyntheticKind kind)
 
 } // namespace
 
-MediaSources MakeSyntheticSources(Document& document, SyntheticKind kind, Ticks frameTicks,
+MediaSources MakeSyntheticSources(Document& document, MediaKind kind, Ticks frameTicks,
                                   const FrameFormat& frame)
 {
     const SyntheticRow& row = RowOf(kind);
-    const ObjectHandle media = MakeMedia(
-        document,
-        {.importer = kSyntheticImporter, .path = row.path, .title = row.title, .infinite = true});
+    const ObjectHandle media = MakeMedia(document, {.importer = kSyntheticImporter,
+                                                    .path = GeneratedPath(kind),
+                                                    .title = row.title,
+                                                    .infinite = true});
     VideoStreamFields video{.kind = VideoKind::Generated,
                             .frameTicks = frameTicks,
                             .duration = kEndlessDuration,
@@ -58,7 +58,7 @@ MediaSources MakeSyntheticSources(Document& document, SyntheticKind kind, Ticks 
     MediaSources sources;
     sources.video.push_back(
         MakeMediaSource(document, media, {.rate = video.frameTicks, .duration = kEndlessDuration}));
-    if (kind == SyntheticKind::BarsAndTone) {
+    if (kind == MediaKind::BarsAndTone) {
         media.AddChild("AudioStream",
                        MakeAudioStream(document, kSampleTicks48k, kEndlessDuration, kStereo, 2));
         sources.audio.push_back(MakeMediaSource(

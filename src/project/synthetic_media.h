@@ -3,16 +3,16 @@
 #pragma once
 
 #include "project/media.h"
+#include "project/media_kinds.h"
 
 #include <cstdint>
 
 namespace XPJ {
 
-enum class SyntheticKind { BarsAndTone, BlackVideo, ColorMatte, Graphic, TransparentVideo };
-
-// Media and sources of a kind; bars and tone have audio too. `frameTicks` (ticks a frame) and
-// `frame` don't count for black and transparent video, which fit any sequence.
-MediaSources MakeSyntheticSources(Document& document, SyntheticKind kind, Ticks frameTicks,
+// Media and sources of a kind that the host generates, other than a title; bars and tone have audio
+// too. `frameTicks` (ticks a frame) and `frame` don't count for black and transparent video, which
+// fit any sequence.
+MediaSources MakeSyntheticSources(Document& document, MediaKind kind, Ticks frameTicks,
                                   const FrameFormat& frame);
 
 // Stores the color of a matte, channels of 0 to 255, in its Media.

@@ -1,8 +1,8 @@
 // The audio of a `file` as its `audio` elements state it.
 #pragma once
 
+#include "core/channel_types.h"
 #include "core/ticks.h"
-#include "project/channel_types.h"
 #include "xmeml/files.h"
 
 namespace XPJ {

@@ -2,7 +2,7 @@
 
 #include "core/numbers.h"
 #include "core/ticks.h"
-#include "project/pixel_aspects.h"
+#include "core/video_formats.h"
 #include "xmeml/rates.h"
 
 #include <string>
@@ -189,10 +189,7 @@ FrameFormat FrameOfCharacteristics(ConstHandle characteristics)
 
 std::string_view AspectOfFormat(std::string_view formatName, bool anamorphic)
 {
-    for (const PixelAspectRow& row : PixelAspects())
-        if (row.name == formatName)
-            return anamorphic ? row.anamorphicAspect : row.aspect;
-    return "1,1";
+    return PixelAspectRatio({formatName, anamorphic});
 }
 
 std::string_view StatedAspect(ConstHandle characteristics, ConstHandle item)

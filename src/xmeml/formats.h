@@ -4,7 +4,7 @@
 // and the name of a pixel aspect ratio; a project states a rectangle and a ratio.
 #pragma once
 
-#include "project/frame_format.h"
+#include "core/frame_format.h"
 #include "tree/object.h"
 #include "xmeml/files.h"
 

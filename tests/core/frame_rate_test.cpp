@@ -25,15 +25,15 @@ TEST(FrameRate, LengthOfEveryStatedRate)
 TEST(FrameRate, LengthsLeadBackToTheirRate)
 {
     for (const FrameRate& rate : {FrameRate{24, true},
-                                     {30, true},
-                                     {48, true},
-                                     {60, true},
-                                     {24, false},
-                                     {25, false},
-                                     {30, false},
-                                     {50, false},
-                                     {60, false},
-                                     {254016000000, false}}) {
+                                  {30, true},
+                                  {48, true},
+                                  {60, true},
+                                  {24, false},
+                                  {25, false},
+                                  {30, false},
+                                  {50, false},
+                                  {60, false},
+                                  {254016000000, false}}) {
         Ticks ticks = 0;
         ASSERT_TRUE(FrameTicks(rate.timebase, rate.ntsc, &ticks));
         EXPECT_EQ(RateOfFrame(ticks), rate) << rate.timebase;

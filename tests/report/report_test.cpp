@@ -43,7 +43,8 @@ TranslationIssue Issue(int kind)
 
 constexpr char kHead[] = "\tSequence <Cut &amp; 1> at 01:00:00:00, video track 2: ";
 
-// What is on no track: an effect of a media file is in no sequence, a fader may be that of all audio.
+// What is on no track: an effect of a media file is in no sequence, a fader may be that of all
+// audio.
 TEST(IssueReportText, WithoutATrack)
 {
     TranslationIssue issue = Issue(static_cast<int>(ExportIssue::ThreeWayApproximation));

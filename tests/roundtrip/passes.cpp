@@ -2,8 +2,8 @@
 
 #include "core/text.h"
 #include "export/export_driver.h"
-#include "import/import_driver.h"
 #include "frame/document_timelines.h"
+#include "import/import_driver.h"
 #include "project/reader.h"
 #include "project/writer.h"
 #include "support/golden.h"

@@ -242,8 +242,8 @@ std::string SkippedText(const SkippedList& skipped)
 {
     std::string text;
     for (const TranslationIssue& item : skipped)
-        text += fmt::format("sequence=\"{}\" clip=\"{}\" time=\"{}\"\n", item.sequence.text,
-                            item.clip.text, item.time);
+        text += fmt::format("sequence=\"{}\" clip=\"{}\" time=\"{}\"\n", item.sequence, item.clip,
+                            item.time);
     return text;
 }
 

@@ -1,8 +1,6 @@
-#include "import/formats.h"
+#include "xmeml/formats.h"
 
-#include "support/rows.h"
-
-#include "import/xmeml_fixture.h"
+#include "support/xmeml_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -11,31 +9,11 @@ namespace {
 
 class FormatsTest : public XmemlTest {
 protected:
-    // File name of the preset that a sequence gets.
-    std::string PresetOf(ObjectHandle sequence, Ticks videoTicks = kNtscFrameTicks)
-    {
-        project_ = document_.NewObject("Sequence");
-        ChoosePreset(sequence, videoTicks, project_);
-        const std::string_view path =
-            project_.GetProperty("MZ.Sequence.PreviewRenderingPresetPath");
-        return std::string(path.substr(path.rfind('/') + 1));
-    }
-    std::string_view EditingMode() const
-    {
-        return project_.GetProperty("MZ.Sequence.EditingModeGUID");
-    }
-    std::string_view TimeDisplay() const
-    {
-        return project_.GetProperty("MZ.Sequence.VideoTimeDisplayFormat");
-    }
-
     ObjectHandle SequenceOf(const std::string& characteristics, const std::string& further = "")
     {
         return ParseSequence(further + "<media><video><format><samplecharacteristics>" +
                              characteristics + "</samplecharacteristics></format></video></media>");
     }
-
-    ObjectHandle project_;
 };
 
 std::string Rate(int timebase, bool ntsc)
@@ -44,25 +22,15 @@ std::string Rate(int timebase, bool ntsc)
            (ntsc ? "TRUE" : "FALSE") + "</ntsc></rate>";
 }
 
-std::string Codec(const std::string& name, const std::string& typeName = "")
-{
-    return "<codec><name>" + name + "</name><appspecificdata><data><qtcodec><codectypename>" +
-           typeName + "</codectypename></qtcodec></data></appspecificdata></codec>";
-}
-
-TEST_F(FormatsTest, AspectsAndTimeDisplays)
+TEST_F(FormatsTest, AspectsOfNames)
 {
     EXPECT_EQ(AspectOfFormat("NTSC-601", false), "10,11");
     EXPECT_EQ(AspectOfFormat("PAL-CCIR-601", true), "1024,702");
     EXPECT_EQ(AspectOfFormat("HD-(1440x1080)", true), "1920,1440");
     EXPECT_EQ(AspectOfFormat("ntsc-601", true), "1,1");
-    EXPECT_EQ(TimeDisplayOf(true, kNtscFrameTicks), "103");
-    EXPECT_EQ(TimeDisplayOf(true, 8467200000), "104");
-    EXPECT_EQ(TimeDisplayOf(true, 4237833600), "107");
-    EXPECT_EQ(TimeDisplayOf(false, 1), "102");
 }
 
-TEST_F(FormatsTest, RateAndAspectComeFromTheNearestPlace)
+TEST_F(FormatsTest, RateAndAspectComeFromTheNearestElement)
 {
     const auto pal = ReadSequenceFormat(
         SequenceOf("<width>1920</width><height>1080</height>" + Rate(25, false), Rate(30, true)));
@@ -116,7 +84,6 @@ TEST_F(FormatsTest, MissingCharacteristicsCountAsDV)
     }
 }
 
-// Names, timebases and prefixes where a slip of the table would show.
 TEST_F(FormatsTest, TheFirstItemOnAnyTrackGivesTheSize)
 {
     const auto item = [](const char* width, const char* height) {
@@ -127,44 +94,6 @@ TEST_F(FormatsTest, TheFirstItemOnAnyTrackGivesTheSize)
         Rate(25, false) + "<media><video><track/><track><generatoritem/>" + item("1280", "720") +
         item("640", "360") + "</track><track>" + item("1920", "1080") + "</track></video></media>");
     EXPECT_EQ(FrameOfSequence(sequence).rect, "0,0,1280,720");
-}
-
-TEST_F(FormatsTest, PresetByCodec)
-{
-    for (const auto& row : ReadRows("import/presets_by_codec.txt", 5)) {
-        SCOPED_TRACE(row[0] + " " + row[2]);
-        EXPECT_EQ(PresetOf(SequenceOf(Rate(std::stoi(row[2]), true) + Codec(row[0], row[1]))),
-                  row[3]);
-        EXPECT_TRUE(EditingMode().starts_with(row[4])) << EditingMode();
-    }
-}
-
-TEST_F(FormatsTest, PresetByPictureFormat)
-{
-    for (const auto& row : ReadRows("import/presets_by_format.txt", 5)) {
-        const ObjectHandle sequence = document_.NewObject("Sequence");
-        PresetFromFormat(std::stoll(row[0]), std::stoi(row[1]), std::stoi(row[2]), row[3],
-                         sequence);
-        EXPECT_TRUE(sequence.GetProperty("MZ.Sequence.EditingModeGUID").starts_with(row[4]))
-            << row[3] << " " << row[0];
-    }
-}
-
-TEST_F(FormatsTest, PresetWithoutFormatGoesByTheSequenceRate)
-{
-    EXPECT_EQ(PresetOf(ParseSequence("<timecode><displayformat>ndf</displayformat></timecode>")),
-              "QuickTime.epr");
-    EXPECT_EQ(TimeDisplay(), "103");
-    PresetOf(SequenceOf(Rate(0, false)), kPalFrameTicks);
-    EXPECT_EQ(TimeDisplay(), "101");
-
-    // A preset that the document carried along stays, but for the time display.
-    project_ = document_.NewObject("Sequence");
-    project_.SetProperty("MZ.Sequence.EditingModeGUID", "mine");
-    project_.SetProperty("MZ.Sequence.VideoTimeDisplayFormat", "999");
-    ChoosePreset(SequenceOf(Rate(24, true) + Codec("Apple DV - NTSC")), kPalFrameTicks, project_);
-    EXPECT_EQ(EditingMode(), "mine");
-    EXPECT_EQ(TimeDisplay(), "110");
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "project/video_formats.h"
+#include "core/video_formats.h"
 
 #include <charconv>
 #include <cstdint>

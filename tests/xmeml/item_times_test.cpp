@@ -1,7 +1,7 @@
-#include "import/item_times.h"
+#include "xmeml/item_times.h"
 
-#include "import/speed.h"
-#include "import/xmeml_fixture.h"
+#include "support/xmeml_fixture.h"
+#include "xmeml/speed.h"
 
 #include <gtest/gtest.h>
 
@@ -49,7 +49,7 @@ TEST_F(ItemTimesTest, MissingTimesFollowFromTheOthers)
         const ObjectHandle sequence =
             ParseSequence("<media><video><track><clipitem>" + Elements(row.stated) +
                           "</clipitem></track></video></media>");
-        const ObjectHandle item = FindPath(sequence, {"media", "video", "track", "clipitem"});
+        const ClipItem item(FindPath(sequence, {"media", "video", "track", "clipitem"}));
         EXPECT_EQ(TimesText(TimesOfClip(item, RatesOfItem(item, kPalFrameTicks))), row.times)
             << row.stated;
     }
@@ -61,7 +61,7 @@ TEST_F(ItemTimesTest, SourceLengthsCountInTheItemsRate)
         ParseSequence("<media><video><track><clipitem><rate><timebase>50</timebase></rate>"
                       "<start>10</start><end>-1</end><in>20</in><out>120</out>"
                       "</clipitem></track></video></media>");
-    const ObjectHandle item = FindPath(sequence, {"media", "video", "track", "clipitem"});
+    const ClipItem item(FindPath(sequence, {"media", "video", "track", "clipitem"}));
     const ItemRates rates = RatesOfItem(item, kPalFrameTicks);
     EXPECT_EQ(TimesText(TimesOfClip(item, rates)), "10 60 20 120");
     EXPECT_EQ(rates.ToItem(7), 14);
@@ -80,7 +80,7 @@ TEST_F(ItemTimesTest, GeneratorsEndAtTheCut)
         const ObjectHandle sequence =
             ParseSequence("<media><video><track><generatoritem>" + Elements(row.stated) +
                           "</generatoritem></track></video></media>");
-        const ObjectHandle item = FindPath(sequence, {"media", "video", "track", "generatoritem"});
+        const ClipItem item(FindPath(sequence, {"media", "video", "track", "generatoritem"}));
         EXPECT_EQ(TimesText(TimesOfGenerator(item, RatesOfItem(item, kPalFrameTicks), 0)),
                   row.times)
             << row.stated;

@@ -1,4 +1,4 @@
-#include "project/channel_types.h"
+#include "core/channel_types.h"
 
 #include <algorithm>
 

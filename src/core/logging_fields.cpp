@@ -1,4 +1,4 @@
-#include "project/logging_fields.h"
+#include "core/logging_fields.h"
 
 namespace XPJ {
 

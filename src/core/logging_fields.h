@@ -2,7 +2,7 @@
 // it, for both directions.
 #pragma once
 
-#include "tree/object.h"
+#include "core/name.h"
 
 #include <span>
 

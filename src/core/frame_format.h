@@ -8,10 +8,10 @@ namespace XPJ {
 
 // All empty where no frame is known.
 struct FrameFormat {
-    std::string rect;             // "0,0,1920,1080"
-    std::string_view par;         // "10,11"
-    std::string_view originalPar; // the ratio before a user changed it, mostly empty
-    std::string_view formatName;  // the `xmeml` name of `par`
+    std::string rect = {};             // "0,0,1920,1080"
+    std::string_view par = {};         // "10,11"
+    std::string_view originalPar = {}; // the ratio before a user changed it, mostly empty
+    std::string_view formatName = {};  // the `xmeml` name of `par`
 };
 
 // The frame of what states none: DV at the NTSC rate.

@@ -1,6 +1,6 @@
-#include "import/cut_points.h"
+#include "xmeml/cut_points.h"
 
-#include "import/xmeml_fixture.h"
+#include "support/xmeml_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -16,34 +16,32 @@ std::string Item(const std::string& times)
 
 class CutPointsTest : public XmemlTest {
 protected:
-    // A transition from 100 to 120 between two items that leave their edges out.
+    // A transition from 100 to 120 between two items that omit their edges.
     void
-    Normalise(const std::string& transition,
-              const std::string& before = "<start>40</start><end>-1</end><in>0</in><out>80</out>",
-              const std::string& after = "<start>-1</start><end>200</end><in>10</in><out>110</out>")
+    Complete(const std::string& transition,
+             const std::string& before = "<start>40</start><end>-1</end><in>0</in><out>80</out>",
+             const std::string& after = "<start>-1</start><end>200</end><in>10</in><out>110</out>")
     {
         const ObjectHandle sequence = ParseSequence(
             "<rate><timebase>25</timebase></rate><media><video><track>" + Item(before) +
             "<transitionitem><start>100</start><end>120</end>" + transition + "</transitionitem>" +
             Item(after) + "</track></video></media>");
-        const ObjectHandle track = FindPath(sequence, {"media", "video", "track"});
-        NormaliseSequence(sequence, kFrame);
-        transition_ = track.GetChild("transitionitem");
-        before_ = track.GetChild("clipitem");
-        for (const ObjectHandle& item : track.GetChildren("clipitem"))
-            after_ = item;
+        const std::vector<ClipItem> items =
+            ItemsOfTrack(FindPath(sequence, {"media", "video", "track"}), kFrame);
+        ASSERT_EQ(items.size(), 2U);
+        before_ = items[0].times;
+        after_ = items[1].times;
     }
-    static std::string Times(ObjectHandle item)
+    static std::string Times(const StatedTimes& times)
     {
         std::string text;
-        for (const Name key : {Name("start"), Name("end"), Name("in"), Name("out")})
-            text.append(text.empty() ? "" : " ").append(item.GetProperty(key));
+        for (const StatedTime& time : {times.start, times.end, times.in, times.out})
+            text.append(text.empty() ? "" : " ").append(std::to_string(time.value));
         return text;
     }
 
-    ObjectHandle transition_;
-    ObjectHandle before_;
-    ObjectHandle after_;
+    StatedTimes before_;
+    StatedTimes after_;
 };
 
 TEST_F(CutPointsTest, EdgesFollowFromTheCut)
@@ -67,24 +65,22 @@ TEST_F(CutPointsTest, EdgesFollowFromTheCut)
         {"<cutPointTicks>50803200000</cutPointTicks>", "40 105 0 75", "105 200 15 110"},
     };
     for (const auto& row : kRows) {
-        Normalise(row.transition);
+        Complete(row.transition);
         EXPECT_EQ(Times(before_), row.before) << row.transition;
         EXPECT_EQ(Times(after_), row.after) << row.transition;
     }
-    Normalise("");
-    EXPECT_EQ(transition_.GetProperty("alignment"), "center");
 }
 
 TEST_F(CutPointsTest, StatedEdgesAndUnknownPointsStay)
 {
     const std::string stated = "<start>40</start><end>105</end><in>0</in><out>65</out>";
-    Normalise("<alignment>center</alignment>", stated,
-              "<start>-1</start><end>-1</end><in>-1</in><out>110</out>");
+    Complete("<alignment>center</alignment>", stated,
+             "<start>-1</start><end>-1</end><in>-1</in><out>110</out>");
     EXPECT_EQ(Times(before_), "40 105 0 65");
     EXPECT_EQ(Times(after_), "110 -1 -1 110"); // the transition counts all the same
 
-    Normalise("<alignment>end</alignment>", stated,
-              "<start>-1</start><end>-1</end><in>10</in><out>-1</out>");
+    Complete("<alignment>end</alignment>", stated,
+             "<start>-1</start><end>-1</end><in>10</in><out>-1</out>");
     EXPECT_EQ(Times(after_), "120 -1 30 -1");
 }
 
@@ -93,20 +89,20 @@ TEST_F(CutPointsTest, ExactPointsMoveWithTheEdges)
     const std::string exact =
         "<velaTicksIn>1000</velaTicksIn><velaTicksOut>900000000000</velaTicksOut>"
         "<in>0</in><out>80</out>";
-    Normalise("<cutPointTicks>50803200007</cutPointTicks>",
-              "<start>40</start><end>-1</end>" + exact, "<start>-1</start><end>200</end>" + exact);
+    Complete("<cutPointTicks>50803200007</cutPointTicks>", "<start>40</start><end>-1</end>" + exact,
+             "<start>-1</start><end>200</end>" + exact);
     EXPECT_EQ(Times(before_), "40 105 0 65"); // what is left of the transition is 15 frames
-    EXPECT_EQ(Int64Property(before_, "velaTicksOut"), 900000000000 - 15 * kFrame);
-    EXPECT_EQ(Int64Property(after_, "velaTicksIn"), 1000 + 5 * kFrame);
+    EXPECT_EQ(before_.exactOut.value, 900000000000 - 15 * kFrame);
+    EXPECT_EQ(after_.exactIn.value, 1000 + 5 * kFrame);
 
-    Normalise("<alignment>start</alignment>", "<start>40</start><end>-1</end>" + exact);
-    EXPECT_EQ(Int64Property(before_, "velaTicksOut"), 60 * kFrame + 1000);
+    Complete("<alignment>start</alignment>", "<start>40</start><end>-1</end>" + exact);
+    EXPECT_EQ(before_.exactOut.value, 60 * kFrame + 1000);
 }
 
 TEST_F(CutPointsTest, EdgesThatCountInTheItemsFramesBecomeTheSequences)
 {
-    Normalise("", "<rate><timebase>50</timebase></rate><velaTicksIn>0</velaTicksIn>"
-                  "<start>79</start><end>-1</end><in>0</in><out>160</out>");
+    Complete("", "<rate><timebase>50</timebase></rate><velaTicksIn>0</velaTicksIn>"
+                 "<start>79</start><end>-1</end><in>0</in><out>160</out>");
     EXPECT_EQ(Times(before_), "40 110 0 140"); // 79 is in the middle of frame 40
 }
 
@@ -114,8 +110,8 @@ TEST_F(CutPointsTest, DamagedNumbersDoNoHarm)
 {
     const std::string huge = "<start>-1</start><end>99999999999999999999</end>"
                              "<in>-99999999999999999999</in><out>99999999999999999999</out>";
-    Normalise("<alignment>end</alignment>", "<end>-1</end><in>-99999999999999999999</in>", huge);
-    Normalise("<cutPointTicks>9999999999999999999</cutPointTicks>", huge, huge);
+    Complete("<alignment>end</alignment>", "<end>-1</end><in>-99999999999999999999</in>", huge);
+    Complete("<cutPointTicks>9999999999999999999</cutPointTicks>", huge, huge);
     SUCCEED();
 }
 

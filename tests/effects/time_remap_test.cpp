@@ -1,4 +1,4 @@
-#include "export/time_remap.h"
+#include "effects/time_remap.h"
 
 #include "core/numbers.h"
 #include "effects/values.h"
@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-namespace XPJ::RVX {
+namespace XPJ {
 namespace {
 
 constexpr Ticks kFrame = kPalFrameTicks;
@@ -22,7 +22,7 @@ std::string Record(int frame, double source, int kind = 6)
 struct RemapCase {
     const char* what;
     std::string keyframes;
-    ItemTiming timing;
+    PlayedSpeed timing;
     const char* in;
     const char* out;
     const char* expected;
@@ -51,11 +51,11 @@ std::string GraphText(ObjectHandle graph)
     return text;
 }
 
-ItemTiming Timing(double speed, std::int64_t duration, double ratio)
+PlayedSpeed Timing(double speed, std::int64_t duration, double ratio)
 {
-    ItemTiming timing;
-    timing.rate = kFrame;
-    timing.speed = speed;
+    PlayedSpeed timing{.originalDuration = 10000};
+    timing.frameTicks = kFrame;
+    timing.factor = speed;
     timing.duration = duration;
     timing.ratio = ratio;
     return timing;
@@ -92,7 +92,7 @@ TEST(TimeRemap, GraphOfSpeeds)
         const ObjectHandle item = document.NewObject("clipitem");
         item.SetProperty("in", row.in);
         item.SetProperty("out", row.out);
-        ExportTimeRemap(document, row.timing, row.keyframes, MediaType::Video, item);
+        TimeRemapToXmeml(document, row.timing, row.keyframes, MediaType::Video, item);
         const ObjectHandle effect = FindPath(item, {"filter", "effect"});
         EXPECT_EQ(GraphText(FindParameter(effect, "graphdict")), row.expected) << row.what;
         EXPECT_EQ(PlainValue(FindParameter(effect, "variablespeed")),
@@ -104,9 +104,9 @@ TEST(TimeRemap, Switches)
 {
     Document document;
     const ObjectHandle item = document.NewObject("clipitem");
-    ItemTiming timing = Timing(0.25, 400, 0.25);
+    PlayedSpeed timing = Timing(0.25, 400, 0.25);
     timing.reverse = true;
-    ExportTimeRemap(document, timing, "", MediaType::Audio, item);
+    TimeRemapToXmeml(document, timing, "", MediaType::Audio, item);
     const ObjectHandle effect = FindPath(item, {"filter", "effect"});
     EXPECT_EQ(effect.GetProperty("mediatype"), "audio");
     EXPECT_EQ(PlainValue(FindParameter(effect, "speed")), "25");
@@ -128,18 +128,18 @@ TEST(TimeRemap, WholeNumbersKeepTheirDigits)
                             {9223372036854775807, 3, "0=0 3=9223372036854775807"}}) {
         Document document;
         const ObjectHandle item = document.NewObject("clipitem");
-        ItemTiming timing = Timing(0.5, row.duration, 0);
+        PlayedSpeed timing = Timing(0.5, row.duration, 0);
         timing.originalDuration = row.original;
         timing.ratio = static_cast<double>(row.original) / static_cast<double>(row.duration);
-        ExportTimeRemap(document, timing, "", MediaType::Audio, item);
+        TimeRemapToXmeml(document, timing, "", MediaType::Audio, item);
         const ObjectHandle graph = FindParameter(FindPath(item, {"filter", "effect"}), "graphdict");
         EXPECT_EQ(GraphText(graph), row.graph);
         EXPECT_EQ(graph.GetProperty("valuemax"), IntToString(row.original));
     }
     Document document;
     const ObjectHandle item = document.NewObject("clipitem");
-    ExportTimeRemap(document, Timing(1, 100, 1), Record(0, 0) + "10160640000,80000,6,0,0,0,0,0;",
-                    MediaType::Video, item);
+    TimeRemapToXmeml(document, Timing(1, 100, 1), Record(0, 0) + "10160640000,80000,6,0,0,0,0,0;",
+                     MediaType::Video, item);
     EXPECT_EQ(GraphText(FindParameter(FindPath(item, {"filter", "effect"}), "graphdict")),
               "0=0 1=2000000");
 }
@@ -157,8 +157,8 @@ TEST(TimeRemap, DamagedTimesStayNumbers)
         const ObjectHandle item = document.NewObject("clipitem");
         item.SetProperty("in", "-9223372036854775808");
         item.SetProperty("out", "3");
-        ExportTimeRemap(document, Timing(speed, 9223372036854775807, 1e300), keyframes,
-                        MediaType::Video, item);
+        TimeRemapToXmeml(document, Timing(speed, 9223372036854775807, 1e300), keyframes,
+                         MediaType::Video, item);
         const std::string text =
             GraphText(FindParameter(FindPath(item, {"filter", "effect"}), "graphdict"));
         EXPECT_EQ(text.find("nan"), text.npos) << text;
@@ -167,4 +167,4 @@ TEST(TimeRemap, DamagedTimesStayNumbers)
 }
 
 } // namespace
-} // namespace XPJ::RVX
+} // namespace XPJ
