@@ -126,7 +126,7 @@ private:
     Progress& progress_;
     ConversionOutcome& outcome_;
     bool isHandOff_ = false;
-    // Nodes of the one may be children in the other, so both live to the end.
+    // Values of the translated tree are parts of the source, so both live to the end.
     Document sourceDocument_;
     Document translatedDocument_;
     ObjectHandle source_;
