@@ -147,13 +147,13 @@ constexpr EffectRow kVideoEffects[] = {
      .params = kEightPointMatteParams},
     {.xmeml = {.id = "motionblur"},
      .outcome = Dropped,
-     .note = "without a finding at its defaults",
+     .note = "without an issue at its default values",
      .params = kMotionBlurParams,
      .toProject = DropNeutral,
      .toXmeml = nullptr},
     {.xmeml = {.id = "dropshadow"},
      .outcome = Dropped,
-     .note = "without a finding at its defaults",
+     .note = "without an issue at its default values",
      .params = kDropShadowParams,
      .toProject = DropNeutral,
      .toXmeml = nullptr},
@@ -199,12 +199,12 @@ std::string_view DisplayName(ConstHandle component)
 
 void ReportUnknown(const EffectContext& context, ConstHandle component)
 {
-    if (context.place.trackKind != kNoTrack) {
+    if (context.location.trackKind != kNoTrack) {
         context.AddIssue(ExportIssue::EffectNotTranslated, DisplayName(component));
         return;
     }
     EffectContext ofFile = context;
-    ofFile.place.trackKind = 1;
+    ofFile.location.trackKind = 1;
     ofFile.AddIssue(ExportIssue::EffectNotTranslatedHeadless, DisplayName(component));
 }
 

@@ -100,10 +100,10 @@ golden_sample() {
     local kept=$samples/../tests/data/samples sample=$1 name=$2 file
     shift 2
     expect_status 0 --seed 1 "$@" "$samples/$sample.xml" "$name.vlproj"
-    grep -v -e 'Progress: ' -e '^Wrote ' out >"$name.findings"
+    grep -v -e 'Progress: ' -e '^Wrote ' out >"$name.issues"
     expect_status 0 --seed 1 "$name.vlproj" "$name.back.xml"
-    grep -v -e 'Progress: ' -e '^Wrote ' out >"$name.back.findings"
-    for file in "$name".vlproj "$name".findings "$name".back.xml "$name".back.findings; do
+    grep -v -e 'Progress: ' -e '^Wrote ' out >"$name.back.issues"
+    for file in "$name".vlproj "$name".issues "$name".back.xml "$name".back.issues; do
         [ -z "${VELA_ACCEPT:-}" ] || cp "$file" "$kept/$file"
         diff -u "$kept/$file" "$file" | head -40
         expect_same "$kept/$file" "$file"
@@ -204,7 +204,7 @@ report() {
     ls documents/*.txt >reports 2>/dev/null
     expect_lines reports 1
     tail -1 out >closing
-    expect_text closing '1 finding'
+    expect_text closing '1 issue'
     expect_text closing "$(cat reports)"
     expect_text out 'version (9)'
 
@@ -228,7 +228,7 @@ report() {
     expect_status 0 --report-dir "$work/file/x" nine.xml
     expect_file nine.vlproj
     tail -1 out >closing
-    expect_text closing '1 finding'
+    expect_text closing '1 issue'
     expect_no_text closing .txt
 
     minimal >small.xml
@@ -306,7 +306,7 @@ encodings() {
     printf "${text/ENC/Klingon}" >klingon.xml
     expect_status 0 klingon.xml
     expect_text out 'Encoding (Klingon)'
-    expect_text out '1 finding,'
+    expect_text out '1 issue,'
     # A project, too.
     printf '<?xml version="1.0" encoding="windows-1252"?><VelaData Version="4\351"><Project ObjectID="1"></Project></VelaData>' >four.vlproj
     expect_status 0 four.vlproj

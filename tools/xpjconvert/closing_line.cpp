@@ -12,16 +12,16 @@ std::string Counted(std::size_t count, std::string_view noun)
     return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
-std::string FindingsText(const ConversionOutcome& outcome)
+std::string IssuesText(const ConversionOutcome& outcome)
 {
     if (outcome.issues.empty() && outcome.skipped.empty())
-        return outcome.stop.reason.empty() ? "nothing was lost" : "no findings";
+        return outcome.stop.reason.empty() ? "nothing was lost" : "no issues";
     std::string text;
     if (!outcome.skipped.empty())
-        text = Counted(outcome.skipped.size(), "item") + " left out for want of media";
+        text = Counted(outcome.skipped.size(), "item") + " skipped, without media";
     if (outcome.issues.empty())
         return text;
-    text += (text.empty() ? "" : ", ") + Counted(outcome.issues.size(), "finding");
+    text += (text.empty() ? "" : ", ") + Counted(outcome.issues.size(), "issue");
     if (outcome.reportPath.empty())
         return text + ", without a report file";
     return fmt::format("{}, listed in {}", text, outcome.reportPath);
@@ -44,7 +44,7 @@ std::string EncodingLines(const std::string& input, const EncodingFaults& faults
         lines += fmt::format("XPJConvert: {}: encoding \"{}\" is unknown, read as UTF-8.\n", input,
                              faults.unknown);
     if (faults.badRuns > 0)
-        lines += fmt::format("XPJConvert: {}:{}:{}: bytes that mean nothing in {}, in {}.\n", input,
+        lines += fmt::format("XPJConvert: {}:{}:{}: invalid bytes in {}, in {}.\n", input,
                              faults.firstLine, faults.firstColumn, faults.encoding,
                              Counted(faults.badRuns, "place"));
     return lines;
@@ -52,7 +52,7 @@ std::string EncodingLines(const std::string& input, const EncodingFaults& faults
 
 std::string SuccessLine(const ConversionRequest& request, const ConversionOutcome& outcome)
 {
-    return fmt::format("Wrote {}: {}\n", request.outputPath, FindingsText(outcome));
+    return fmt::format("Wrote {}: {}\n", request.outputPath, IssuesText(outcome));
 }
 
 std::string CutOffLine(const ConversionRequest& request, const ConversionOutcome& outcome)

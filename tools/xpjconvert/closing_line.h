@@ -15,7 +15,7 @@ std::string StopText(const std::string& input, const ReadStop& stop);
 std::string EncodingLines(const std::string& input, const EncodingFaults& faults);
 
 // What was written, how many issues there are, and where the report is.
-//   "Wrote cut.vlproj: 3 findings, listed in /home/a/Documents/FCP Translation Results ....txt"
+//   "Wrote cut.vlproj: 3 issues, listed in /home/a/Documents/FCP Translation Results ....txt"
 std::string SuccessLine(const ConversionRequest& request, const ConversionOutcome& outcome);
 
 // Warns of an input that ends inside an element; empty for a whole one.
