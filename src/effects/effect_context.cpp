@@ -19,7 +19,7 @@ double Ratio(int clip, int sequence)
 
 void Enter(const EffectContext& context, int kind, std::string_view subject)
 {
-    TranslationIssue issue = IssueAt(context.place);
+    TranslationIssue issue = IssueAt(context.location);
     if (context.time)
         issue.time = context.time();
     issue.kind = kind;
@@ -29,14 +29,14 @@ void Enter(const EffectContext& context, int kind, std::string_view subject)
 
 } // namespace
 
-TranslationIssue IssueAt(const ItemPlace& place)
+TranslationIssue IssueAt(const ItemLocation& location)
 {
     TranslationIssue issue;
-    issue.sequence = place.sequence;
-    issue.clip = place.clip;
-    issue.trackKind = place.trackKind;
-    issue.trackIndex = place.trackIndex;
-    issue.time = place.time;
+    issue.sequence = location.sequence;
+    issue.clip = location.clip;
+    issue.trackKind = location.trackKind;
+    issue.trackIndex = location.trackIndex;
+    issue.time = location.time;
     return issue;
 }
 

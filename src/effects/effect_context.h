@@ -13,7 +13,7 @@
 namespace XPJ {
 
 // The location of an item, for issues. The names live as long as the documents do.
-struct ItemPlace {
+struct ItemLocation {
     std::string_view sequence = {};
     std::string_view clip = {};
     int trackKind = kNoTrack; // 1 video, 2 audio
@@ -22,7 +22,7 @@ struct ItemPlace {
 };
 
 // An issue at a location, of no kind yet.
-TranslationIssue IssueAt(const ItemPlace& place);
+TranslationIssue IssueAt(const ItemLocation& location);
 
 // Width and height in pixels, width of a pixel over its height.
 struct FrameSize {
@@ -40,8 +40,8 @@ class LookFiles;
 struct EffectContext {
     Document& document; // the result's; new nodes are made in it
     IssueSet& issues;
-    ItemPlace place = {};
-    std::function<std::string()> time = {}; // of the place, where it is computed for issues only
+    ItemLocation location = {};
+    std::function<std::string()> time = {}; // of the location, where it is computed for issues only
     Ticks frameTicks = kNtscFrameTicks;     // the unit in which the item's keyframes count
     Ticks sampleTicks = kSampleTicks48k;    // of the item's audio
     FrameSize sequenceFrame = {};

@@ -49,7 +49,7 @@ const StoredLook* OpenLook(const EffectContext& context, const std::string& path
         context.lookFiles ? context.lookFiles->Open(path, UnescapeXML(name)) : nullptr;
     if (!look) {
         EffectContext ofFile = context;
-        ofFile.place.clip = path;
+        ofFile.location.clip = path;
         ofFile.AddIssue(ImportIssue::MissingLookLUT);
     }
     return look;

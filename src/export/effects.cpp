@@ -8,11 +8,12 @@ namespace XPJ::RVX {
 
 namespace {
 
-EffectContext EffectContextAt(ExportContext& context, const ItemPlace& place, Ticks frameTicks)
+EffectContext EffectContextAt(ExportContext& context, const ItemLocation& location,
+                              Ticks frameTicks)
 {
     return {.document = context.document,
             .issues = context.issues,
-            .place = place,
+            .location = location,
             .frameTicks = frameTicks,
             .isHandOff = context.IsHandOff(),
             .exportTransformEffect = context.options.exportTransformEffect};
@@ -44,8 +45,8 @@ void TranslateMasterEffects(ExportContext& context, MasterClip masterClip, Ticks
 void ReportMasterAudioEffects(ExportContext& context, MasterClip masterClip)
 {
     constexpr int kAudio = 2;
-    const ItemPlace place = {.clip = masterClip.GetProperty("Name"), .trackKind = kAudio};
-    ReportAudioChain(EffectContextAt(context, place, kNtscFrameTicks),
+    const ItemLocation location = {.clip = masterClip.GetProperty("Name"), .trackKind = kAudio};
+    ReportAudioChain(EffectContextAt(context, location, kNtscFrameTicks),
                      AudioChainOfMaster(masterClip), ExportIssue::EffectNotTranslatedHeadless);
 }
 

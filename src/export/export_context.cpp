@@ -15,17 +15,17 @@ std::string_view NewId(Document& document, std::string_view prefix, std::int64_t
     return document.Store(std::string(prefix) + IntToString(counter++));
 }
 
-void AddIssue(ExportContext& context, ExportIssue kind, const ItemPlace& place,
+void AddIssue(ExportContext& context, ExportIssue kind, const ItemLocation& location,
               std::string_view subject)
 {
-    EffectContext{.document = context.document, .issues = context.issues, .place = place}.AddIssue(
-        kind, subject);
+    EffectContext{.document = context.document, .issues = context.issues, .location = location}
+        .AddIssue(kind, subject);
 }
 
-void AddSkipped(ExportContext& context, TrackItem item, const ItemPlace& place)
+void AddSkipped(ExportContext& context, TrackItem item, const ItemLocation& location)
 {
     if (context.skippedItems.Insert(item))
-        context.skipped.push_back(IssueAt(place));
+        context.skipped.push_back(IssueAt(location));
 }
 
 } // namespace XPJ::RVX

@@ -54,10 +54,10 @@ struct ExportContext {
 //   NewId(context.document, "clipitem-", context.ids.clipItem)
 std::string_view NewId(Document& document, std::string_view prefix, std::int64_t& counter);
 
-void AddIssue(ExportContext& context, ExportIssue kind, const ItemPlace& place,
+void AddIssue(ExportContext& context, ExportIssue kind, const ItemLocation& location,
               std::string_view subject = {});
 
 // Lists an item that shows nothing which the project still has, once.
-void AddSkipped(ExportContext& context, TrackItem item, const ItemPlace& place);
+void AddSkipped(ExportContext& context, TrackItem item, const ItemLocation& location);
 
 } // namespace XPJ::RVX

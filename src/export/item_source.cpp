@@ -45,11 +45,11 @@ ItemSource WriteItemSource(ExportContext& context, Catalogs& catalogs, const Tra
         source.linkKey = WriteMediaFile(context, catalogs, record, element);
     else if (IsTrue(ClipCore(record.clip), "IsMulticam"))
         AddIssue(context, ExportIssue::MulticamExportNotSupported,
-                 PlaceOfItem(track, record.Start(), record.name));
+                 LocationOfItem(track, record.Start(), record.name));
     else if (record.sequence)
         source = WriteSequence(context, catalogs.sequences, record, element);
     else
-        AddSkipped(context, record.item, PlaceOfItem(track, record.Start(), record.name));
+        AddSkipped(context, record.item, LocationOfItem(track, record.Start(), record.name));
     if (!record.masterClipId.empty())
         source.linkKey = record.masterClipId;
     return source;

@@ -13,7 +13,7 @@ std::string FormatItemTime(const SequenceContext& context, Ticks start)
     return FormatTimecode(DivTicks(time, context.frameTicks), form.base, form.drop);
 }
 
-ItemPlace PlaceOfItem(const TrackContext& track, Ticks start, std::string_view clipName)
+ItemLocation LocationOfItem(const TrackContext& track, Ticks start, std::string_view clipName)
 {
     return {.sequence = track.sequence.sequence.GetProperty("Name"),
             .clip = clipName,

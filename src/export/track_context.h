@@ -45,7 +45,7 @@ struct ItemPart {
 std::string FormatItemTime(const SequenceContext& context, Ticks start);
 
 // The location of what starts at `start` on the track, for issues.
-ItemPlace PlaceOfItem(const TrackContext& track, Ticks start, std::string_view clipName);
+ItemLocation LocationOfItem(const TrackContext& track, Ticks start, std::string_view clipName);
 
 // A sequence, and the master that leads to it.
 struct ShownSequence {

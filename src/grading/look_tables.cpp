@@ -111,7 +111,7 @@ CZv3DLUT ReadInlineTable(CZvXMLFile& file)
 {
     CZv3DLUT table;
     std::string digits;
-    bool isSound = true;
+    bool isAudio = true;
     ReadElement(file, [&](std::string_view tag) {
         if (EqualsIgnoreCase(tag, "filename"))
             table.name = ReadText(file);
@@ -120,9 +120,9 @@ CZv3DLUT ReadInlineTable(CZvXMLFile& file)
         else if (EqualsIgnoreCase(tag, "size"))
             table.size = static_cast<std::uint32_t>(std::max(ParseInt(ReadText(file)), 0));
         else if (EqualsIgnoreCase(tag, "min"))
-            isSound &= ReadCorner(ReadText(file), table.min);
+            isAudio &= ReadCorner(ReadText(file), table.min);
         else if (EqualsIgnoreCase(tag, "max"))
-            isSound &= ReadCorner(ReadText(file), table.max);
+            isAudio &= ReadCorner(ReadText(file), table.max);
         else if (EqualsIgnoreCase(tag, "data"))
             digits = ReadText(file);
         else if (EqualsIgnoreCase(tag, "sublut"))
@@ -131,7 +131,7 @@ CZv3DLUT ReadInlineTable(CZvXMLFile& file)
             return false;
         return true;
     });
-    if (!isSound || !ReadEntries(digits, table))
+    if (!isAudio || !ReadEntries(digits, table))
         file.Fail(LookMessage::LookUpTableCouldNotBeLoadedUnknownFormat, table.name);
     return table;
 }

@@ -94,7 +94,7 @@ EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item, Bui
     Import& import = sequence.import;
     EffectContext context{.document = import.document,
                           .issues = import.issues,
-                          .place = PlaceOfItem(track, item.GetProperty("name"), start)};
+                          .location = LocationOfItem(track, item.GetProperty("name"), start)};
     context.frameTicks = FilterTicks(item, master, sequence.rates.video);
     context.lookFiles = &import.lookFiles;
     if (track.type == MediaType::Video) {
@@ -114,13 +114,13 @@ void AddMasterEffects(Import& import, ConstHandle element, FileElement file, Bui
         return;
     // The filters of a track item are its own, whichever master it brings.
     const ConstHandle clip = element.GetName() == "clip" ? element : ConstHandle();
-    const ItemPlace place{.clip = element.GetProperty("name")};
+    const ItemLocation location{.clip = element.GetProperty("name")};
     const ConstHandle ownFile = file;
     for (const ConstHandle& owner : {clip, ownFile}) {
         const Ticks frameTicks = FilterTicks(owner, master, kNtscFrameTicks);
         const EffectContext context{.document = import.document,
                                     .issues = import.issues,
-                                    .place = place,
+                                    .location = location,
                                     .frameTicks = frameTicks,
                                     .lookFiles = &import.lookFiles};
         AddMasterChainEffects(context, owner, chain);

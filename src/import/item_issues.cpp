@@ -2,8 +2,8 @@
 
 namespace XPJ {
 
-ItemPlace PlaceOfItem(const SequenceTimecode& timecode, std::string_view name,
-                      const ItemPosition& position)
+ItemLocation LocationOfItem(const SequenceTimecode& timecode, std::string_view name,
+                            const ItemPosition& position)
 {
     return {.sequence = timecode.name,
             .clip = name,
@@ -12,16 +12,16 @@ ItemPlace PlaceOfItem(const SequenceTimecode& timecode, std::string_view name,
             .time = timecode.TextOf(position.start)};
 }
 
-void AddItemIssue(const ImportState& state, const ItemPlace& place, ImportIssue kind,
+void AddItemIssue(const ImportState& state, const ItemLocation& location, ImportIssue kind,
                   std::string_view subject)
 {
-    EffectContext{.document = state.document, .issues = state.issues, .place = place}.AddIssue(
-        kind, subject);
+    EffectContext{.document = state.document, .issues = state.issues, .location = location}
+        .AddIssue(kind, subject);
 }
 
-void AddSkipped(ImportState& state, const ItemPlace& place)
+void AddSkipped(ImportState& state, const ItemLocation& location)
 {
-    state.skipped.push_back(IssueAt(place));
+    state.skipped.push_back(IssueAt(location));
 }
 
 } // namespace XPJ

@@ -16,13 +16,13 @@ struct ItemPosition {
     int trackIndex = 0;
     Frames start = 0;
 };
-ItemPlace PlaceOfItem(const SequenceTimecode& timecode, std::string_view name,
-                      const ItemPosition& position);
+ItemLocation LocationOfItem(const SequenceTimecode& timecode, std::string_view name,
+                            const ItemPosition& position);
 
-void AddItemIssue(const ImportState& state, const ItemPlace& place, ImportIssue kind,
+void AddItemIssue(const ImportState& state, const ItemLocation& location, ImportIssue kind,
                   std::string_view subject = {});
 
 // Records an item, a clip of a bin or a sequence of which nothing could be made.
-void AddSkipped(ImportState& state, const ItemPlace& place);
+void AddSkipped(ImportState& state, const ItemLocation& location);
 
 } // namespace XPJ

@@ -167,7 +167,7 @@ void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, Extension
         Move(clip, "OutPoint", shift);
         sequence.end = std::max(sequence.end, edge);
     }
-    AddItemIssue(sequence.import, PlaceOfItem(context, subClip.GetProperty("Name"), edge / unit),
+    AddItemIssue(sequence.import, LocationOfItem(context, subClip.GetProperty("Name"), edge / unit),
                  delta < 0 ? ImportIssue::StartOfClipExtended : ImportIssue::EndOfClipExtended,
                  transitionName);
 }

@@ -126,8 +126,8 @@ void TranslateGeneratorReference(Import& import, const SequenceWalk& walk,
     const GeneratorResult result = TranslateGenerator(import, item, walk.sequence);
     if (!result.translated && import.generators.Report(item))
         AddItemIssue(import,
-                     PlaceOfItem(walk.timecode, item.GetProperty("name"),
-                                 {reference.type, reference.trackIndex, item.times.start.value}),
+                     LocationOfItem(walk.timecode, item.GetProperty("name"),
+                                    {reference.type, reference.trackIndex, item.times.start.value}),
                      ImportIssue::GeneratorNotTranslated2,
                      item.GetChild("effect").GetProperty("name"));
     if (result.master && result.needsProjectItem)

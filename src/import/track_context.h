@@ -39,15 +39,16 @@ struct TrackContext {
 };
 
 // An item that starts at a frame of the sequence.
-inline ItemPlace PlaceOfItem(const TrackContext& track, std::string_view name, Frames start)
+inline ItemLocation LocationOfItem(const TrackContext& track, std::string_view name, Frames start)
 {
-    return PlaceOfItem(track.sequence.timecode, name, {track.type, track.index, start});
+    return LocationOfItem(track.sequence.timecode, name, {track.type, track.index, start});
 }
 
 inline void AddItemIssue(const TrackContext& track, ConstHandle item, Frames start,
                          ImportIssue kind)
 {
-    AddItemIssue(track.sequence.import, PlaceOfItem(track, item.GetProperty("name"), start), kind);
+    AddItemIssue(track.sequence.import, LocationOfItem(track, item.GetProperty("name"), start),
+                 kind);
 }
 
 } // namespace XPJ

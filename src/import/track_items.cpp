@@ -51,7 +51,7 @@ ObjectHandle MakeItem(const TrackContext& track, Name className, ConstHandle ite
 
 ObjectHandle Skip(const TrackContext& track, ConstHandle item, Frames start)
 {
-    AddSkipped(track.sequence.import, PlaceOfItem(track, item.GetProperty("name"), start));
+    AddSkipped(track.sequence.import, LocationOfItem(track, item.GetProperty("name"), start));
     return {};
 }
 

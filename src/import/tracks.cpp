@@ -89,11 +89,11 @@ private:
     std::unordered_map<std::string_view, int> lastNumbers_;
 };
 
-EffectContext ContextOfLevel(const SequenceContext& sequence, const ItemPlace& place)
+EffectContext ContextOfLevel(const SequenceContext& sequence, const ItemLocation& location)
 {
     return {.document = sequence.import.document,
             .issues = sequence.import.issues,
-            .place = place,
+            .location = location,
             .frameTicks = sequence.rates.edges,
             .sampleTicks = sequence.rates.audio};
 }
@@ -101,22 +101,23 @@ EffectContext ContextOfLevel(const SequenceContext& sequence, const ItemPlace& p
 // Moves the fader of a project's track as the level filter of a `track` states.
 void ApplyTrackLevel(const TrackContext& context, ConstHandle track, ObjectHandle result)
 {
-    ItemPlace place = PlaceOfItem(context, track.GetProperty("name"), 0);
+    ItemLocation location = LocationOfItem(context, track.GetProperty("name"), 0);
     // Few tracks have a name; all have a number.
     const std::string number =
         GetMessage(Message::kAudioTrack, {IntToString(std::int64_t{context.index} + 1)});
-    if (place.clip.empty())
-        place.clip = number;
-    ApplyFaderLevel(ContextOfLevel(context.sequence, place), track, result.GetChild("Components"));
+    if (location.clip.empty())
+        location.clip = number;
+    ApplyFaderLevel(ContextOfLevel(context.sequence, location), track,
+                    result.GetChild("Components"));
 }
 
 // The same for the master track, whose level is stated by the `audio` of a sequence.
 void ApplyMasterLevel(const SequenceContext& context, ConstHandle audio, ObjectHandle masterTrack)
 {
-    const ItemPlace place = {.sequence = context.timecode.name,
-                             .clip = context.timecode.name, // the whole of it
-                             .time = context.timecode.TextOf(0)};
-    ApplyFaderLevel(ContextOfLevel(context, place), audio, masterTrack.GetChild("Components"));
+    const ItemLocation location = {.sequence = context.timecode.name,
+                                   .clip = context.timecode.name, // the whole of it
+                                   .time = context.timecode.TextOf(0)};
+    ApplyFaderLevel(ContextOfLevel(context, location), audio, masterTrack.GetChild("Components"));
 }
 
 // Transitions find their neighbours once all items are there.

@@ -27,15 +27,15 @@ ObjectHandle MakeTransition(const TrackContext& context, ConstHandle item, int c
     const SequenceContext& sequence = context.sequence;
     const Frames start = Int64Property(item, "start");
     const Frames end = Int64Property(item, "end");
-    ItemPlace place = PlaceOfItem(context, item.GetProperty("name"), start);
+    ItemLocation location = LocationOfItem(context, item.GetProperty("name"), start);
     if (start < 0 || end < 0) {
-        place.clip = "transitionitem";
-        AddItemIssue(sequence.import, place, ImportIssue::InvalidStartEnd);
+        location.clip = "transitionitem";
+        AddItemIssue(sequence.import, location, ImportIssue::InvalidStartEnd);
         return {};
     }
     const EffectContext effects{.document = sequence.import.document,
                                 .issues = sequence.import.issues,
-                                .place = std::move(place),
+                                .location = std::move(location),
                                 .frameTicks = sequence.rates.video,
                                 .sampleTicks = sequence.rates.audio};
     const bool isVideo = context.type == MediaType::Video;
