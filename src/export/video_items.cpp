@@ -62,9 +62,8 @@ void VideoItem::WriteTimes()
 // Motion, opacity and the other effects, in the order of the document.
 void VideoItem::WriteEffects()
 {
-    EffectContext effects =
-        EffectContextOf(context, track, record.Start(), record.subClip.GetProperty("Name"),
-                        record.timing.rate);
+    EffectContext effects = EffectContextOf(context, track, record.Start(),
+                                            record.subClip.GetProperty("Name"), record.timing.rate);
     effects.sequenceFrame = catalogs.sequences.FrameOf(track.sequence.sequence);
     effects.clipFrame = FrameOfItem(catalogs.sequences, record).value_or(FrameSize());
     VideoChainToXmeml(effects, ChainOfOwner(ItemCore(record.item)), element);

@@ -2,10 +2,10 @@
 
 #include "core/numbers.h"
 #include "effects/values.h"
-#include "xmeml/item_times.h"
 #include "inspect/compare_parts.h"
 #include "inspect/matching.h"
 #include "inspect/title_differences.h"
+#include "xmeml/item_times.h"
 
 #include <algorithm>
 #include <map>

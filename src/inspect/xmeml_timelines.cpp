@@ -171,9 +171,9 @@ private:
             const ConstHandle timecode = file.GetChild("timecode");
             const TimecodeFormat format = FormatOf(TicksOfRate(file.GetChild("rate")), timecode);
             project_.mediaFiles.push_back({.name = UnescapeXML(file.Title()),
-                                      .path = UnescapeXML(PathOfFile(file, folder_)),
-                                      .format = format,
-                                      .start = StartOf(timecode, format.ticks)});
+                                           .path = UnescapeXML(PathOfFile(file, folder_)),
+                                           .format = format,
+                                           .start = StartOf(timecode, format.ticks)});
         }
         return entry->second;
     }
