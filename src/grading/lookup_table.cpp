@@ -53,7 +53,7 @@ std::size_t EntryCount(bool is3d, std::uint64_t size)
     return is3d ? size * size * size : size;
 }
 
-bool IsAudio(const CZv3DLUT& table)
+bool IsSound(const CZv3DLUT& table)
 {
     for (std::size_t axis = 0; axis < table.min.size(); ++axis) {
         const double min = table.min[axis];
@@ -63,7 +63,7 @@ bool IsAudio(const CZv3DLUT& table)
     }
     return !table.entries.empty() && table.entries.size() == EntryCount(table.is3d, table.size) &&
            std::ranges::all_of(table.entries, IsFinite) &&
-           std::ranges::all_of(table.subTables, IsAudio);
+           std::ranges::all_of(table.subTables, IsSound);
 }
 
 Digest TableHash(const CZv3DLUT& table)

@@ -57,6 +57,6 @@ std::size_t EntryCount(bool is3d, std::uint64_t size);
 
 // A finite domain with `min` below `max` on each axis, finite entries of the right count, and the
 // same for all sub-tables.
-bool IsAudio(const CZv3DLUT& table);
+bool IsSound(const CZv3DLUT& table);
 
 } // namespace XPJ

@@ -36,7 +36,7 @@ bool ReadAs(const TableReader& reader, std::string_view bytes, CZv3DLUT& table, 
 {
     TableSource source{bytes};
     try {
-        if (reader.read(source, table) && IsAudio(table))
+        if (reader.read(source, table) && IsSound(table))
             return true;
     } catch (const CZvError& fault) {
         place = {fault.line, fault.column};

@@ -99,7 +99,7 @@ void ReadLut(CZvXMLFile& file, CZv3DLUT& table)
             return false;
         return true;
     });
-    if (!SetEntries(bytes, table) || !IsAudio(table))
+    if (!SetEntries(bytes, table) || !IsSound(table))
         Fail(file);
 }
 
