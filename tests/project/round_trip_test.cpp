@@ -2,6 +2,7 @@
 // table says. A class is one node here, and a nest of parts when it is read.
 #include "gtest/gtest.h"
 
+#include "support/lost_names.h"
 #include "support/writer_test_support.h"
 
 #include "project/classes.h"
@@ -9,26 +10,9 @@
 #include "tree/reading.h"
 
 #include <algorithm>
-#include <map>
-#include <set>
 
 namespace XPJ {
 namespace {
-
-// Lost names by the class or element that holds them, sorted.
-using Losses = std::map<std::string, std::set<std::string>>;
-
-std::string Print(const Losses& losses)
-{
-    std::string text;
-    for (const auto& [holder, names] : losses) {
-        text += holder + ":";
-        for (const std::string& name : names)
-            text += " " + name;
-        text += "\n";
-    }
-    return text;
-}
 
 struct Mention {
     Name tag;

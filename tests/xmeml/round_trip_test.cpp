@@ -2,6 +2,7 @@
 // table says.
 #include "gtest/gtest.h"
 
+#include "support/lost_names.h"
 #include "support/writer_test_support.h"
 
 #include "tree/reading.h"
@@ -10,26 +11,10 @@
 #include "xmeml/writer.h"
 
 #include <algorithm>
-#include <map>
 #include <set>
 
 namespace XPJ {
 namespace {
-
-// Lost names by the element that holds them, sorted.
-using Losses = std::map<std::string, std::set<std::string>>;
-
-std::string Print(const Losses& losses)
-{
-    std::string text;
-    for (const auto& [holder, names] : losses) {
-        text += holder + ":";
-        for (const std::string& name : names)
-            text += " " + name;
-        text += "\n";
-    }
-    return text;
-}
 
 class XmemlTree {
 public:
