@@ -1,8 +1,12 @@
 #include "core/frame_rate.h"
 
+#include "core/text.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 namespace XPJ {
 
@@ -87,6 +91,32 @@ std::string FormatTimecode(std::int64_t frame, std::int64_t base, bool drop)
     const char mark = dropped > 0 ? ';' : ':';
     return fmt::format("{}{:02}{}{:02}{}{:02}{}{:02}", frame < 0 ? "-" : "", hours, mark, minutes,
                        mark, rest / perSecond, mark, rest % perSecond);
+}
+
+std::optional<std::int64_t> ParseTimecode(std::string_view text, std::int64_t base, bool drop)
+{
+    constexpr std::int64_t kMaxHours = 1000;
+    text = Trimmed(text);
+    std::array<std::int64_t, 4> numbers{};
+    for (std::int64_t& number : numbers) {
+        if (&number != numbers.data()) {
+            if (text.empty() || std::string_view(":;.").find(text.front()) == text.npos)
+                return std::nullopt;
+            text.remove_prefix(1);
+        }
+        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+        if (error != std::errc() || number < 0)
+            return std::nullopt;
+        text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+    }
+    const auto [hours, minutes, seconds, frames] = numbers;
+    const bool isTime = hours < kMaxHours && minutes < 60 && seconds < 60 && frames < base;
+    if (!text.empty() || !isTime || base > kTicksPerSecond)
+        return std::nullopt;
+    const std::int64_t minute = hours * 60 + minutes;
+    const auto dropped =
+        drop ? static_cast<std::int64_t>(DroppedNumbers(static_cast<std::uint64_t>(base))) : 0;
+    return (minute * 60 + seconds) * base + frames - dropped * (minute - minute / 10);
 }
 
 } // namespace XPJ

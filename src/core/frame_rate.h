@@ -4,7 +4,9 @@
 #include "core/ticks.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace XPJ {
 
@@ -39,5 +41,10 @@ TimecodeBase TimecodeBaseOf(Ticks frameTicks, int displayFormat);
 // leading "-". Numbers are dropped at base 30 and 60 only; a base below 1 counts as 1.
 //   FormatTimecode(1800, 30, true) == "00;01;00;02"
 std::string FormatTimecode(std::int64_t frame, std::int64_t base, bool drop);
+
+// The frame of such a text, with any of ":;." between its four numbers and blanks around it;
+// nothing for other text, a base below 1 or numbers that no clock shows.
+//   ParseTimecode("00:01:00;02", 30, true) == 1800
+std::optional<std::int64_t> ParseTimecode(std::string_view text, std::int64_t base, bool drop);
 
 } // namespace XPJ

@@ -1,6 +1,7 @@
 #include "frame/conversion.h"
 
 #include "core/paths.h"
+#include "dialects/dialects.h"
 #include "export/export_driver.h"
 #include "frame/release.h"
 #include "import/import_driver.h"
@@ -46,7 +47,7 @@ public:
     {
     }
 
-    // bytes -> tree -> translated tree -> bytes
+    // bytes -> tree -> dialects -> translated tree -> dialects -> bytes
     int Run()
     {
         Stages stages(progress_, 8);
@@ -69,7 +70,15 @@ private:
         AddEncodingIssues(details.encoding, DirectionOf(request_), outcome_.issues);
         isHandOff_ = request_.handOff.value_or(details.isHandOff);
         outcome_.stop = std::move(details.stop);
+        if (result == kSuccess && UsesDialects(*request_.from))
+            RestateAsMeant(sourceDocument_, source_, outcome_.assumptions);
         return result;
+    }
+
+    // The audio hand-off is a contract of two programs.
+    bool UsesDialects(const Format& format) const
+    {
+        return settings_.openInterchange && format.kind == TreeKind::Xmeml && !isHandOff_;
     }
 
     int Import()
@@ -77,7 +86,7 @@ private:
         const ImportOptions options{.inputPath = request_.inputPath,
                                     .sn2vlMode = isHandOff_,
                                     .aafSupport = request_.aafSupport,
-                                    .settings = ReadSettings()};
+                                    .settings = settings_};
         return ImportDocument(source_, options, progress_, translatedDocument_, outcome_.issues,
                               translated_, &outcome_.skipped);
     }
@@ -88,7 +97,7 @@ private:
                                          .outputPath = request_.outputPath,
                                          .vl2snMode = isHandOff_,
                                          .sequenceGuid = request_.sequenceGuid,
-                                         .exportTransformEffect = ReadSettings().exportTransform};
+                                         .exportTransformEffect = settings_.exportTransform};
         const int result =
             RVX::TranslateProjectDocument(source_, options, progress_, translatedDocument_,
                                           outcome_.issues, translated_, &outcome_.skipped);
@@ -101,6 +110,8 @@ private:
 
     int Write()
     {
+        if (UsesDialects(*request_.to))
+            RestateForOthers(translatedDocument_, translated_, outcome_.assumptions);
         Report();
         return request_.to->write(translated_, isHandOff_, progress_, streams_.output);
     }
@@ -125,6 +136,7 @@ private:
     const ConversionStreams& streams_;
     Progress& progress_;
     ConversionOutcome& outcome_;
+    const Settings settings_ = ReadSettings();
     bool isHandOff_ = false;
     // Values of the translated tree are parts of the source, so both live to the end.
     Document sourceDocument_;

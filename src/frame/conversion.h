@@ -7,6 +7,7 @@
 #include "core/guid.h"
 #include "core/progress.h"
 #include "core/translation_issue.h"
+#include "dialects/dialects.h"
 #include "frame/formats.h"
 #include "report/report.h"
 #include "tree/reading.h"
@@ -51,6 +52,7 @@ struct ConversionOutcome {
     int result = kUnexpectedError; // a ConversionResult
     IssueSet issues;
     SkippedList skipped;
+    AssumptionList assumptions; // of the dialect rules
     ReadStop stop;              // where reading stopped early, or why the input can't be used
     std::string reportPath;     // empty: no report was written
     bool lacksSequence = false; // the project doesn't have the requested sequence

@@ -8,7 +8,8 @@ Settings ReadSettings()
 {
     return {.convertTitles = DebugFlag("FCP.ConvertTitleToGraphicAndType"),
             .titlesAsMasterEffects = DebugFlag("FCP.ConvertTitleToGraphicAndTypeAsMasterEffects"),
-            .exportTransform = DebugFlag("FCPXML.ExportTransformEffect")};
+            .exportTransform = DebugFlag("FCPXML.ExportTransformEffect"),
+            .openInterchange = DebugFlag("FCP.OpenInterchange")};
 }
 
 } // namespace XPJ

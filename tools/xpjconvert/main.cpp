@@ -32,6 +32,8 @@ void PreparePlatform(const ToolOptions& options, DefaultPlatform& platform)
 {
     if (options.seed)
         platform.SeedGuids(*options.seed);
+    if (!options.strict)
+        platform.SetDebugEntry("FCP.OpenInterchange", "true");
     for (const auto& [key, value] : options.debugEntries)
         platform.SetDebugEntry(key, value);
     if (!options.reportFolder.empty()) {
@@ -48,6 +50,7 @@ void PrintLosses(const ConversionRequest& request, const ConversionOutcome& outc
     std::erase(text, '\r');
     Print(text);
     Print(SkippedText(outcome.skipped));
+    Print(AssumptionText(outcome.assumptions));
 }
 
 int Convert(const ConversionRequest& request, bool quiet)

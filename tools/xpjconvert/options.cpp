@@ -77,6 +77,8 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
     app.add_option("OUTPUT", options.request.outputPath,
                    "The file to write; by default in the current folder, named after INPUT");
     app.add_flag("-q,--quiet", options.quiet, "Print only the last line, and errors");
+    app.add_flag("--strict", options.strict,
+                 "Read and write to the letter, as the plug-in does in its host");
     app.add_option("--seed", options.seed,
                    "Same input, same output; the project doesn't list the report")
         ->option_text("N");

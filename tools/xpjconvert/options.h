@@ -19,6 +19,7 @@ constexpr int kDifferent = 10;
 struct ToolOptions {
     ConversionRequest request; // its formats are still to be set
     bool quiet = false;
+    bool strict = false; // without the rules for other programs' dialects
     std::optional<std::uint64_t> seed;
     std::vector<std::pair<std::string, std::string>> debugEntries;
     std::string reportFolder; // empty: where reports go by default

@@ -1,0 +1,70 @@
+// One run of all rules of a direction over a tree.
+#pragma once
+
+#include "dialects/dialects.h"
+#include "dialects/parts.h"
+
+#include <optional>
+#include <string_view>
+
+namespace XPJ {
+
+class DialectPass {
+public:
+    DialectPass(Document& document, ObjectHandle root, AssumptionList& assumptions)
+        : document_(document), root_(root), assumptions_(assumptions)
+    {
+    }
+
+    // Owns new nodes.
+    Document& Nodes() { return document_; }
+    ObjectHandle Root() const { return root_; }
+
+    // The tree's parts as they are when a rule first looks at them. A rule that adds or moves some
+    // comes before those that look.
+    const TreeParts& Parts()
+    {
+        if (!parts_)
+            parts_ = FindParts(root_);
+        return *parts_;
+    }
+
+    void Run(std::span<const DialectRule> rules)
+    {
+        for (const DialectRule& rule : rules)
+            if (rule.apply != nullptr) {
+                current_ = &rule;
+                rule.apply(*this);
+            }
+    }
+
+    // The current rule guessed something about the named file, clip or sequence.
+    void Assume(std::string_view subject)
+    {
+        assumptions_.push_back({current_, std::string(subject)});
+    }
+
+private:
+    Document& document_;
+    ObjectHandle root_;
+    AssumptionList& assumptions_;
+    std::optional<TreeParts> parts_;
+    const DialectRule* current_ = nullptr;
+};
+
+// A new child of `parent`.
+inline ObjectHandle AddNew(Document& document, ObjectHandle parent, Name name)
+{
+    const ObjectHandle child = document.NewObject(name);
+    parent.AddChild(child);
+    return child;
+}
+
+// The first child of that name, a new one if there is none.
+inline ObjectHandle GetOrAddChild(Document& document, ObjectHandle parent, Name name)
+{
+    const ObjectHandle child = parent.GetChild(name);
+    return child ? child : AddNew(document, parent, name);
+}
+
+} // namespace XPJ

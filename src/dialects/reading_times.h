@@ -1,0 +1,11 @@
+// Times that writers state in other ways.
+#pragma once
+
+#include "dialects/pass.h"
+
+namespace XPJ {
+
+// Gives each `timecode` that states a `string` alone its `frame`.
+void CountTimecodes(DialectPass& pass);
+
+} // namespace XPJ

@@ -1,0 +1,11 @@
+// The order and completeness of elements that other programs rely on.
+#pragma once
+
+#include "dialects/pass.h"
+
+namespace XPJ {
+
+// Removes each `filter` whose `effect` has neither name nor id.
+void RemoveNamelessEffects(DialectPass& pass);
+
+} // namespace XPJ
