@@ -46,8 +46,7 @@ private:
         } else if (name == "bin" || name == "project") {
             parts_.bins.push_back(visit.node);
         } else if (name == "file") {
-            if (visit.node.HasChildren())
-                parts_.files.push_back(visit.node);
+            parts_.files.push_back(visit.node);
             return; // its `media` has no tracks
         } else if (name == "video" || name == "audio") {
             inside.type = name == "video" ? MediaType::Video : MediaType::Audio;

@@ -20,8 +20,8 @@ public:
     Document& Nodes() { return document_; }
     ObjectHandle Root() const { return root_; }
 
-    // The tree's parts as they are when a rule first looks at them. A rule that adds or moves some
-    // comes before those that look.
+    // The tree's parts; a rule that adds or moves some calls `PartsChanged`.
+    void PartsChanged() { parts_.reset(); }
     const TreeParts& Parts()
     {
         if (!parts_)

@@ -1,6 +1,8 @@
 // What other writers mean: the rules between the reader and the import.
 #include "dialects/dialects.h"
 #include "dialects/pass.h"
+#include "dialects/reading_formats.h"
+#include "dialects/reading_media.h"
 #include "dialects/reading_times.h"
 
 namespace XPJ {
@@ -8,6 +10,28 @@ namespace XPJ {
 namespace {
 
 constexpr DialectRule kReadingRules[] = {
+    {.name = "clip without file",
+     .seen = "outlines and examples: a clip or an item with a name alone",
+     .does = "An offline file of that name; an item of a clip shows the file of that clip.",
+     .apply = AddMissingFiles},
+    {.name = "file without media",
+     .seen = "scripts and hand-made documents: a `file` with a path and a name",
+     .does =
+         "Offline media with the path, name, rate and length that are stated: video where it is "
+         "on video tracks, audio where it is on audio tracks, both in a bin. Channels are those "
+         "that the items name, else two.",
+     .apply = AddMissingMedia},
+    {.name = "file with half of its media",
+     .seen = "cuts made from edit decision lists: an audio item on a file that states video alone, "
+             "and the reverse",
+     .does = "The missing half is added.",
+     .apply = AddMissingHalves},
+    {.name = "sequence without rate or format",
+     .seen = "writers without `samplecharacteristics`, or with a `format` directly under `media`",
+     .does = "Rate, size and pixels are those that any part of the `media` states, else those of "
+             "the first file with a size on any track. Pixels are square unless something states "
+             "otherwise. Where nothing states a size it is 1920 by 1080.",
+     .apply = CompleteFormats},
     {.name = "timecode as text",
      .seen = "a `timecode` with a `string` and no `frame`",
      .does = "The frame is computed from the text, its rate and `displayformat`.",

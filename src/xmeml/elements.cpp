@@ -92,7 +92,9 @@ constexpr XmemlAttribute kMediaAttributes[] = {
     Present("hasStereoPairs", ReadOnly("pairs are written as `layout`")),
 };
 
-constexpr XmemlField kMedia[] = {Child("video"), Child("audio")};
+constexpr XmemlField kMedia[] = {
+    Child("video"), Child("audio"), Child("format", ReadOnly("written in `video`")),
+};
 
 constexpr XmemlField kVideo[] = {
     Leaf("duration"), Child("format"), Child("samplecharacteristics"), Each("track"),

@@ -1,0 +1,181 @@
+#include "dialects/reading_formats.h"
+
+#include "core/numbers.h"
+#include "dialects/file_uses.h"
+#include "xmeml/files.h"
+#include "xmeml/rates.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <vector>
+
+namespace XPJ {
+
+namespace {
+
+constexpr Name kFormatLeaves[] = {"width", "height", "pixelaspectratio", "anamorphic",
+                                  "fielddominance"};
+
+bool HasSize(ConstHandle characteristics)
+{
+    return IntProperty(characteristics, "width") > 0 && IntProperty(characteristics, "height") > 0;
+}
+
+// Copies what `to` doesn't state itself.
+void CopyFormat(ConstHandle from, ObjectHandle to)
+{
+    for (const Name leaf : kFormatLeaves)
+        if (!HasValue(to, leaf) && HasValue(from, leaf))
+            to.SetPropertyShared(leaf, from.GetProperty(leaf));
+}
+
+// The size of most that is cut today.
+void AssumeSize(ObjectHandle characteristics)
+{
+    characteristics.SetPropertyShared("width", "1920");
+    characteristics.SetPropertyShared("height", "1080");
+}
+
+// What a file states of its frame, in its `samplecharacteristics` or directly.
+ConstHandle FormatOfFile(FileElement file)
+{
+    const ConstHandle characteristics = file.VideoCharacteristics();
+    return HasSize(characteristics) || !HasSize(file) ? characteristics : file;
+}
+
+class Completion {
+public:
+    explicit Completion(DialectPass& pass) : pass_(pass)
+    {
+        for (const ItemPart& part : pass.Parts().items)
+            if (part.owner.GetName() == "sequence" && part.item.GetName() == "clipitem")
+                items_[part.owner.UniqueId()].push_back(part.item);
+        for (const ObjectHandle& file : pass.Parts().files)
+            if (HasContent(file))
+                files_.Add(FileElement(file));
+    }
+
+    void Complete(ObjectHandle sequence)
+    {
+        const bool hasRate = CompleteRate(sequence);
+        const bool hasSize = CompleteFormat(sequence);
+        if (!hasRate || !hasSize)
+            pass_.Assume(sequence.GetProperty("name"));
+    }
+
+private:
+    const std::vector<ObjectHandle>& ItemsOf(ConstHandle sequence)
+    {
+        return items_[sequence.UniqueId()];
+    }
+
+    // False where the document states no rate.
+    bool CompleteRate(ObjectHandle sequence)
+    {
+        if (TicksOfRate(sequence.GetChild("rate")) > 0)
+            return true;
+        std::vector<ObjectHandle> owners = {
+            sequence.GetChild("timecode"),
+            FindPath(sequence, {"media", "video", "format", "samplecharacteristics"})};
+        for (const ObjectHandle& item : ItemsOf(sequence)) {
+            owners.push_back(item);
+            owners.push_back(item.GetChild("file"));
+        }
+        for (const ObjectHandle& owner : owners)
+            if (const ObjectHandle rate = owner.GetChild("rate"); TicksOfRate(rate) > 0) {
+                sequence.RemoveChild(sequence.GetChild("rate"));
+                sequence.AddChild(rate);
+                return true;
+            }
+        sequence.RemoveChild(sequence.GetChild("rate"));
+        const ObjectHandle rate = AddNew(pass_.Nodes(), sequence, "rate");
+        rate.SetPropertyShared("timebase", "30");
+        rate.SetPropertyShared("ntsc", "TRUE");
+        return false;
+    }
+
+    // False where the size is a guess.
+    bool CompleteFormat(ObjectHandle sequence)
+    {
+        const ObjectHandle media = GetOrAddChild(pass_.Nodes(), sequence, "media");
+        const ObjectHandle video = GetOrAddChild(pass_.Nodes(), media, "video");
+        const ObjectHandle format = GetOrAddChild(pass_.Nodes(), video, "format");
+        const ObjectHandle characteristics =
+            GetOrAddChild(pass_.Nodes(), format, "samplecharacteristics");
+        CopyFormat(video.GetChild("samplecharacteristics"), characteristics);
+        CopyFormat(FindPath(media, {"format", "samplecharacteristics"}), characteristics);
+        const bool isStated = HasSize(characteristics);
+        const bool isFound = isStated || TakeSizeOfItems(sequence, characteristics);
+        if (!isFound)
+            AssumeSize(characteristics);
+        AssumeSquarePixels(characteristics);
+        return isStated || isFound;
+    }
+
+    // Of the first item whose file states a size.
+    bool TakeSizeOfItems(ConstHandle sequence, ObjectHandle characteristics)
+    {
+        for (const ObjectHandle& item : ItemsOf(sequence)) {
+            const ConstHandle format = FormatOfFile(FileOfItem(files_, item));
+            if (!HasSize(format))
+                continue;
+            characteristics.SetPropertyShared("width", format.GetProperty("width"));
+            characteristics.SetPropertyShared("height", format.GetProperty("height"));
+            CopyFormat(format, characteristics);
+            return true;
+        }
+        return false;
+    }
+
+    // The import guesses the pixels of standard definition by the rate; nothing larger has others
+    // than square ones unless it says so.
+    static void AssumeSquarePixels(ObjectHandle characteristics)
+    {
+        constexpr int kStandardWidth = 720;
+        constexpr int kStandardHeights[] = {480, 486, 576};
+        if (HasValue(characteristics, "pixelaspectratio"))
+            return;
+        const int height = IntProperty(characteristics, "height");
+        const bool isStandard = IntProperty(characteristics, "width") == kStandardWidth &&
+                                std::ranges::count(kStandardHeights, height) > 0;
+        if (!isStandard)
+            characteristics.SetPropertyShared("pixelaspectratio", "square");
+    }
+
+    DialectPass& pass_;
+    FileCatalog files_;
+    std::unordered_map<std::uint64_t, std::vector<ObjectHandle>> items_; // by sequence
+};
+
+// Video of unknown size fills the frame of the sequence that shows it: nothing states that it
+// should be scaled.
+void CompleteFile(DialectPass& pass, const FileUses& uses)
+{
+    for (const ObjectHandle& file : uses.definitions) {
+        const ObjectHandle video = FindPath(file, {"media", "video"});
+        if (!video || HasSize(video.GetChild("samplecharacteristics")))
+            continue;
+        const ObjectHandle characteristics =
+            GetOrAddChild(pass.Nodes(), video, "samplecharacteristics");
+        CopyFormat(file, characteristics);
+        if (HasSize(characteristics))
+            continue;
+        CopyFormat(FindPath(uses.sequence, {"media", "video", "format", "samplecharacteristics"}),
+                   characteristics);
+        if (!HasSize(characteristics))
+            AssumeSize(characteristics);
+    }
+}
+
+} // namespace
+
+void CompleteFormats(DialectPass& pass)
+{
+    Completion completion(pass);
+    for (const ObjectHandle& sequence : pass.Parts().sequences)
+        completion.Complete(sequence);
+    for (const FileUses& uses : FindFileUses(pass.Parts()))
+        CompleteFile(pass, uses);
+}
+
+} // namespace XPJ

@@ -1,0 +1,12 @@
+// Formats of sequences, and of files, that documents state in part or not at all.
+#pragma once
+
+#include "dialects/pass.h"
+
+namespace XPJ {
+
+// Gives each sequence a rate and a `samplecharacteristics` with size and pixel aspect, and each
+// file of video that states no size that of the sequence that shows it.
+void CompleteFormats(DialectPass& pass);
+
+} // namespace XPJ
