@@ -2,7 +2,9 @@
 #include "dialects/dialects.h"
 #include "dialects/pass.h"
 #include "dialects/reading_formats.h"
+#include "dialects/reading_items.h"
 #include "dialects/reading_media.h"
+#include "dialects/reading_structure.h"
 #include "dialects/reading_times.h"
 
 namespace XPJ {
@@ -10,6 +12,22 @@ namespace XPJ {
 namespace {
 
 constexpr DialectRule kReadingRules[] = {
+    {.name = "elements out of place",
+     .seen =
+         "entries beside a `project`, several `project`s, bins without `children`, items beside "
+         "`track`s",
+     .does = "Taken in, in document order: entries into the first project, items into a track of "
+             "their own.",
+     .apply = TakeInStrays},
+    {.name = "attributes as XML has them",
+     .seen = "the published examples: blanks around the `=` of an attribute; single quotes",
+     .does = "Read like any other.",
+     .file = "frame/conversion.cpp"},
+    {.name = "item in parts",
+     .seen = "the published examples: an item that repeats the id of an earlier one and states a "
+             "channel of it",
+     .does = "What it doesn't state is that of the earlier one.",
+     .apply = CompleteRepeatedItems},
     {.name = "clip without file",
      .seen = "outlines and examples: a clip or an item with a name alone",
      .does = "An offline file of that name; an item of a clip shows the file of that clip.",
@@ -32,8 +50,23 @@ constexpr DialectRule kReadingRules[] = {
              "the first file with a size on any track. Pixels are square unless something states "
              "otherwise. Where nothing states a size it is 1920 by 1080.",
      .apply = CompleteFormats},
+    {.name = "in and out of the file",
+     .seen =
+         "cuts of media with another rate than the sequence: `in` and `out` count in the file's "
+         "rate although the item states none, or the sequence's",
+     .does = "An item whose lengths agree in the file's rate alone counts in it.",
+     .apply = CountInFileRate},
+    {.name = "freeze on a track",
+     .seen = "any cut with a freeze frame, or with a video at speed 0",
+     .does = "The item holds its frame. A sequence stands for a still only if the freeze is all "
+             "that it has.",
+     .apply = HoldFrames},
+    {.name = "transition in part",
+     .seen = "transitions without `effect`, or with an `alignment` that the format doesn't have",
+     .does = "A plain dissolve or fade, in the middle of the cut.",
+     .apply = CompleteTransitions},
     {.name = "timecode as text",
-     .seen = "a `timecode` with a `string` and no `frame`",
+     .seen = "a `timecode` with a `string` and no `frame`, or with a `frame` that is always 0",
      .does = "The frame is computed from the text, its rate and `displayformat`.",
      .apply = CountTimecodes},
 };

@@ -3,9 +3,14 @@
 #include "core/frame_rate.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "xmeml/item_times.h"
 #include "xmeml/rates.h"
+#include "xmeml/speed.h"
 
+#include <cstdlib>
 #include <optional>
+#include <string_view>
+#include <unordered_map>
 
 namespace XPJ {
 
@@ -14,7 +19,7 @@ namespace {
 void CountTimecode(ObjectHandle owner)
 {
     const ObjectHandle timecode = owner.GetChild("timecode");
-    if (!timecode || HasValue(timecode, "frame"))
+    if (!timecode || Int64Property(timecode, "frame") != 0)
         return;
     const ConstHandle own = timecode.GetChild("rate");
     const ConstHandle rate = own ? own : owner.GetChild("rate");
@@ -26,7 +31,55 @@ void CountTimecode(ObjectHandle owner)
         timecode.SetProperty("frame", IntToString(*frame));
 }
 
+// ---- Rates
+
+// An item as its times state it, without an effect on its speed.
+bool HasPlainTimes(const ItemTimes& times, ConstHandle item)
+{
+    return times.start >= 0 && times.end > times.start && times.in >= 0 && times.out > times.in &&
+           SpeedOfItem(item).speed == 1.0;
+}
+
+bool CountsInFileRate(const ClipItem& item, Ticks sequenceTicks, Ticks fileTicks)
+{
+    const Ticks own = TicksOfRate(item.GetChild("rate"));
+    if (fileTicks <= 0 || sequenceTicks <= 0 || fileTicks == sequenceTicks ||
+        (own != 0 && own != sequenceTicks))
+        return false;
+    const StatedTimes& stated = item.times;
+    const ItemTimes times{stated.start.value, stated.end.value, stated.in.value, stated.out.value};
+    if (!HasPlainTimes(times, item))
+        return false;
+    const ItemRates rates{.sequence = sequenceTicks, .item = fileTicks};
+    const Frames cut = times.end - times.start;
+    const Frames source = times.out - times.in;
+    const Frames inFile = rates.ToItem(cut);
+    // Both ends may be rounded.
+    return std::abs(source - inFile) <= 1 && std::abs(source - inFile) < std::abs(source - cut);
+}
+
 } // namespace
+
+void CountInFileRate(DialectPass& pass)
+{
+    std::unordered_map<std::string_view, ObjectHandle> rates; // by id of the file
+    for (const ObjectHandle& file : pass.Parts().files)
+        if (file.HasChild("rate"))
+            rates.emplace(file.GetProperty("id"), file.GetChild("rate"));
+    for (const ItemPart& part : pass.Parts().items) {
+        if (part.item.GetName() != "clipitem" || part.owner.GetName() != "sequence")
+            continue;
+        const ObjectHandle file = part.item.GetChild("file");
+        const ObjectHandle rate =
+            file.HasChild("rate") ? file.GetChild("rate") : rates[file.GetProperty("id")];
+        if (!CountsInFileRate(ClipItem(part.item), TicksOfRate(part.owner.GetChild("rate")),
+                              TicksOfRate(rate)))
+            continue;
+        part.item.RemoveChild(part.item.GetChild("rate"));
+        part.item.AddChild(rate);
+        pass.Assume(part.item.GetProperty("name"));
+    }
+}
 
 void CountTimecodes(DialectPass& pass)
 {

@@ -65,8 +65,10 @@ private:
     int Read()
     {
         DocumentDetails details;
-        const int result = request_.from->read({request_.inputPath, streams_.input}, progress_,
-                                               sourceDocument_, source_, details);
+        const int result = request_.from->read({.path = request_.inputPath,
+                                                .stream = streams_.input,
+                                                .isOpen = settings_.openInterchange},
+                                               progress_, sourceDocument_, source_, details);
         AddEncodingIssues(details.encoding, DirectionOf(request_), outcome_.issues);
         isHandOff_ = request_.handOff.value_or(details.isHandOff);
         outcome_.stop = std::move(details.stop);

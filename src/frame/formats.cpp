@@ -51,7 +51,8 @@ int ReadXmeml(const DocumentInput& input, Progress& progress, Document& document
               ObjectHandle& root, DocumentDetails& details)
 {
     XmemlReadNotes found;
-    const int result = ReadFCPXML(input.path, progress, document, root, &found);
+    const ReadingManner manner = input.isOpen ? ReadingManner::Open : ReadingManner::Letter;
+    const int result = ReadFCPXML(input.path, progress, document, root, &found, manner);
     details.stop = std::move(found.stop);
     details.encoding = std::move(found.encoding);
     details.isHandOff = found.kind.sn2vlMode;

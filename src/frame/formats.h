@@ -19,6 +19,7 @@ enum class TreeKind { Xmeml, Project };
 struct DocumentInput {
     std::string path{};             // of the file; relative paths of media count from its folder
     std::istream* stream = nullptr; // read instead of the file if it is given
+    bool isOpen = false;            // `xmeml` is read in the open manner
 };
 
 // What was found beside the tree.

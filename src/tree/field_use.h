@@ -10,6 +10,7 @@ struct FieldUse {
     bool isRead = true;
     bool isUsed = true;
     bool isWritten = true;
+    bool isOpenOnly = false; // read in the open manner alone, else transparent
     std::string_view reason = {};
 };
 
@@ -17,6 +18,12 @@ struct FieldUse {
 constexpr FieldUse ReadOnly(std::string_view reason)
 {
     return {.isWritten = false, .reason = reason};
+}
+
+// A location where the format has no such field, but documents do.
+constexpr FieldUse Stray(std::string_view reason)
+{
+    return {.isWritten = false, .isOpenOnly = true, .reason = reason};
 }
 
 // Transparent for the reader.

@@ -1,5 +1,7 @@
 #include "tree/tokeniser.h"
 
+#include "core/text.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -365,6 +367,27 @@ bool GetAttribute(std::string_view attributes, std::string_view name, std::strin
         ++start;
     }
     return false;
+}
+
+bool GetXmlAttribute(std::string_view attributes, std::string_view name, std::string_view& value)
+{
+    while (true) {
+        const std::size_t equals = attributes.find('=');
+        if (equals == attributes.npos)
+            return false;
+        const std::string_view key = Trimmed(attributes.substr(0, equals));
+        const std::size_t open = attributes.find_first_of("\"'", equals);
+        if (open == attributes.npos)
+            return false;
+        const std::size_t close = attributes.find(attributes[open], open + 1);
+        if (key == name) {
+            value = attributes.substr(open + 1, close - open - 1);
+            return true;
+        }
+        if (close == attributes.npos)
+            return false;
+        attributes.remove_prefix(close + 1);
+    }
 }
 
 } // namespace XPJ

@@ -100,4 +100,11 @@ private:
 // no such text. A hit inside a longer attribute name counts, single quotes do not.
 bool GetAttribute(std::string_view attributes, std::string_view name, std::string_view& value);
 
+// The value of the attribute of that name as XML defines it: blanks may be around the "=", and both
+// kinds of quotes enclose values.
+bool GetXmlAttribute(std::string_view attributes, std::string_view name, std::string_view& value);
+
+// Either of them.
+using AttributeSearch = bool (*)(std::string_view, std::string_view, std::string_view&);
+
 } // namespace XPJ

@@ -41,9 +41,9 @@ void TextRuns::Append(std::string_view run, Document& document)
 }
 
 TreeReader::TreeReader(const ReadingTable& table, std::string_view input, Document& document,
-                       StageScope* stage)
-    : table_(table), input_(input), document_(document), tokens_(input, document, stage),
-      ids_(document)
+                       StageScope* stage, AttributeSearch findAttribute)
+    : table_(table), findAttribute_(findAttribute), input_(input), document_(document),
+      tokens_(input, document, stage), ids_(document)
 {
     open_.reserve(64);
     const Rule& root = table.Root();
@@ -207,13 +207,14 @@ void TreeReader::TakeEnd(const Element&, std::string_view) {}
 
 void TreeReader::TakeComplete(const Element&) {}
 
-void TreeReader::SetAttributes(const Rule& rule, std::string_view attributes, ObjectHandle node)
+void TreeReader::SetAttributes(const Rule& rule, std::string_view attributes,
+                               ObjectHandle node) const
 {
     if (attributes.empty())
         return;
     std::string_view value;
     for (const Name& name : rule.attributes)
-        if (GetAttribute(attributes, name.View(), value))
+        if (FindAttribute(attributes, name.View(), value))
             node.SetPropertyShared(name, value);
 }
 

@@ -28,7 +28,7 @@ private:
 class TreeReader {
 public:
     TreeReader(const ReadingTable& table, std::string_view input, Document& document,
-               StageScope* stage);
+               StageScope* stage, AttributeSearch findAttribute = GetAttribute);
     TreeReader(const TreeReader&) = delete;
     TreeReader& operator=(const TreeReader&) = delete;
 
@@ -61,7 +61,12 @@ protected:
     virtual void TakeComplete(const Element& element);
 
     // Attributes of the rule's list that the text has become properties of the node.
-    static void SetAttributes(const Rule& rule, std::string_view attributes, ObjectHandle node);
+    void SetAttributes(const Rule& rule, std::string_view attributes, ObjectHandle node) const;
+    bool FindAttribute(std::string_view attributes, std::string_view name,
+                       std::string_view& value) const
+    {
+        return findAttribute_(attributes, name, value);
+    }
 
     const ReadingTable& Table() const { return table_; }
     IdTable& Ids() { return ids_; }
@@ -78,6 +83,7 @@ private:
     void FillStop(ReadStop& stop) const;
 
     const ReadingTable& table_;
+    AttributeSearch findAttribute_;
     std::string_view input_;
     Document& document_;
     Tokeniser tokens_;

@@ -23,10 +23,10 @@ void AddAttributes(std::span<const XmemlAttribute> attributes, RuleSource& rule)
 }
 
 // Adds a row to the rule of its tag.
-void AddRow(const XmemlElement& element, RuleSource& rule)
+void AddRow(const XmemlElement& element, ReadingManner manner, RuleSource& rule)
 {
     for (const XmemlField& field : element.fields) {
-        if (!field.use.isRead)
+        if (!field.use.isRead || (field.use.isOpenOnly && manner == ReadingManner::Letter))
             continue;
         if (field.IsChild())
             rule.children.emplace_back(field.name.View());
@@ -40,13 +40,13 @@ void AddRow(const XmemlElement& element, RuleSource& rule)
 }
 
 // What is only written has no rule: no rule that is reached names it.
-std::vector<RuleSource> ReadRules()
+std::vector<RuleSource> ReadRules(ReadingManner manner)
 {
     std::vector<RuleSource> rules{{.name = "root", .tag = "root"}};
     for (std::size_t i = 0; i < rules.size(); ++i) {
         for (const XmemlElement& element : XmemlElements())
             if (element.tag == rules[i].tag)
-                AddRow(element, rules[i]);
+                AddRow(element, manner, rules[i]);
         for (const std::string& child : std::vector(rules[i].children))
             if (std::ranges::find(rules, child, &RuleSource::name) == rules.end())
                 rules.push_back({.name = child, .tag = FindXmemlElement(child)->tag});
@@ -56,10 +56,11 @@ std::vector<RuleSource> ReadRules()
 
 } // namespace
 
-const ReadingTable& XmemlReadingTable()
+const ReadingTable& XmemlReadingTable(ReadingManner manner)
 {
-    static const ReadingTable table(ReadRules());
-    return table;
+    static const ReadingTable letter(ReadRules(ReadingManner::Letter));
+    static const ReadingTable open(ReadRules(ReadingManner::Open));
+    return manner == ReadingManner::Open ? open : letter;
 }
 
 } // namespace XPJ

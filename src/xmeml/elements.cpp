@@ -28,6 +28,8 @@ constexpr std::string_view kRamp =
 constexpr std::string_view kNoRange = "a filter covers its whole item";
 constexpr std::string_view kByLayout = "channels are found by number and layout of the elements";
 constexpr std::string_view kExploded = "a track of each channel is written instead";
+constexpr std::string_view kInVideo = "written in `video`";
+constexpr std::string_view kInTrack = "written in a `track`";
 constexpr std::string_view kAngles = "a multiclip is written with sequences as angles";
 constexpr std::string_view kMasterFirst = "the clip that an item belongs to states it";
 
@@ -53,6 +55,8 @@ constexpr XmemlField kProject[] = {
 
 constexpr XmemlField kBin[] = {
     Required("name"), Child("labels"), Child("children"), Leaf("uuid", Skipped(kFreshIdentity)),
+    Child("bin", Stray(kInChildren)), ReferableChild("clip", "clipid", Stray(kInChildren)),
+    ReferableChild("sequence", "sequenceid", Stray(kInChildren)),
 };
 
 constexpr XmemlField kChildren[] = {
@@ -73,6 +77,7 @@ constexpr XmemlField kClip[] = {
     Child("filmdata"), Child("comments"), Child("labels"), Child("subclipinfo"), Each("marker"),
     Child("file", ReadOnly("written in the items of `media`")),
     Leaf("compositemode", Skipped("a clip outside a sequence covers nothing")),
+    Child("filter", Stray("written in the `file`")),
 };
 
 constexpr XmemlAttribute kSequenceAttributes[] = {
@@ -93,16 +98,19 @@ constexpr XmemlAttribute kMediaAttributes[] = {
 };
 
 constexpr XmemlField kMedia[] = {
-    Child("video"), Child("audio"), Child("format", ReadOnly("written in `video`")),
+    Child("video"), Child("audio"), Child("format", Stray(kInVideo)),
 };
 
 constexpr XmemlField kVideo[] = {
     Leaf("duration"), Child("format"), Child("samplecharacteristics"), Each("track"),
+    Child("clipitem", Stray(kInTrack)), Child("generatoritem", Stray(kInTrack)),
+    Child("transitionitem", Stray(kInTrack)),
 };
 
 constexpr XmemlField kAudio[] = {
     Leaf("numOutputChannels"), Child("format"), Child("samplecharacteristics"), Child("outputs"),
-    Each("track"), Each("filter"),
+    Each("track"), Each("filter"), Child("clipitem", Stray(kInTrack)),
+    Child("transitionitem", Stray(kInTrack)),
 };
 
 constexpr XmemlAttribute kTrackAttributes[] = {

@@ -38,7 +38,11 @@ std::span<const XmemlElement> XmemlElements();
 // Null for a name without a row.
 const XmemlElement* FindXmemlElement(std::string_view name);
 
+// How freely a document is read. In the open manner elements count where the format has none for
+// them (clip items beside `track`s), and attributes are written in any way that XML allows.
+enum class ReadingManner { Letter, Open };
+
 // What the reader takes: for each tag the fields of all its rows. Made at the first call.
-const ReadingTable& XmemlReadingTable();
+const ReadingTable& XmemlReadingTable(ReadingManner manner = ReadingManner::Letter);
 
 } // namespace XPJ

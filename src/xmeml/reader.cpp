@@ -40,8 +40,11 @@ std::vector<Referable> ReferablesOf(const ReadingTable& table)
 
 class FCPXMLReader final : public TreeReader {
 public:
-    FCPXMLReader(std::string_view input, Document& document, StageScope* stage)
-        : TreeReader(XmemlReadingTable(), input, document, stage), document_(document)
+    FCPXMLReader(std::string_view input, Document& document, StageScope* stage,
+                 ReadingManner manner)
+        : TreeReader(XmemlReadingTable(manner), input, document, stage,
+                     manner == ReadingManner::Open ? GetXmlAttribute : GetAttribute),
+          document_(document)
     {
     }
 
@@ -53,7 +56,7 @@ private:
         // A nested sequence that the document had in full before is a reference as well.
         if (current.rule->name == "clipitem" && EqualsIgnoreCase(tag.name, "sequence")) {
             std::string_view id;
-            if (GetAttribute(tag.attributes, "id", id) && Ids().Contains("sequence", id))
+            if (FindAttribute(tag.attributes, "id", id) && Ids().Contains("sequence", id))
                 Refer(current.node, "sequenceid", "sequence", id);
         }
         return false;
@@ -71,7 +74,7 @@ private:
         for (const XmemlField* field : referables_[current.rule->index].fields) {
             std::string_view id;
             if (EqualsIgnoreCase(tag.name, field->name.View()) &&
-                GetAttribute(tag.attributes, "id", id) && !id.empty()) {
+                FindAttribute(tag.attributes, "id", id) && !id.empty()) {
                 Refer(current.node, field->reference, field->name, id);
                 return true;
             }
@@ -114,13 +117,13 @@ private:
     }
 
     Document& document_;
-    std::vector<Referable> referables_ = ReferablesOf(XmemlReadingTable());
+    std::vector<Referable> referables_ = ReferablesOf(Table());
 };
 
 } // namespace
 
 int ReadFCPXML(const std::string& path, Progress& progress, Document& document, ObjectHandle& root,
-               XmemlReadNotes* notes)
+               XmemlReadNotes* notes, ReadingManner manner)
 {
     XmemlReadNotes unused;
     XmemlReadNotes& found = notes ? *notes : unused;
@@ -149,12 +152,13 @@ int ReadFCPXML(const std::string& path, Progress& progress, Document& document, 
     found.kind = SniffText(text);
     if (!stage && !text.empty())
         stage.emplace(progress, 1, stepsOf(text.size()));
-    return FCPXMLReader(text, document, stage ? &*stage : nullptr).Read(root, &found.stop);
+    return FCPXMLReader(text, document, stage ? &*stage : nullptr, manner).Read(root, &found.stop);
 }
 
-int ParseFCPXML(std::string_view text, Document& document, ObjectHandle& root, ReadStop* stop)
+int ParseFCPXML(std::string_view text, Document& document, ObjectHandle& root, ReadStop* stop,
+                ReadingManner manner)
 {
-    return FCPXMLReader(text, document, nullptr).Read(root, stop);
+    return FCPXMLReader(text, document, nullptr, manner).Read(root, stop);
 }
 
 } // namespace XPJ

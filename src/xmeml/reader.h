@@ -4,6 +4,7 @@
 #include "core/progress.h"
 #include "tree/object.h"
 #include "tree/reading.h"
+#include "xmeml/elements.h"
 #include "xmeml/sniff.h"
 
 #include <string>
@@ -19,10 +20,10 @@ struct XmemlReadNotes : ReadNotes {
 // `xmeml` node, with references by `id` bound. Each KB of file is a progress step when it comes in,
 // and one when it is parsed.
 int ReadFCPXML(const std::string& path, Progress& progress, Document& document, ObjectHandle& root,
-               XmemlReadNotes* notes = nullptr);
+               XmemlReadNotes* notes = nullptr, ReadingManner manner = ReadingManner::Letter);
 
 // The same for UTF-8 text in memory, which must live as long as the document; without progress.
 int ParseFCPXML(std::string_view text, Document& document, ObjectHandle& root,
-                ReadStop* stop = nullptr);
+                ReadStop* stop = nullptr, ReadingManner manner = ReadingManner::Letter);
 
 } // namespace XPJ

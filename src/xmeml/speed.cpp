@@ -72,7 +72,8 @@ ItemSpeed SpeedOfItem(ConstHandle item)
         result.speed = -result.speed;
         result.playBackwards = true;
     }
-    if (!std::isfinite(result.speed) || result.speed == 0.0)
+    result.isStopped = result.speed == 0.0;
+    if (!std::isfinite(result.speed) || result.isStopped)
         result.speed = 1.0;
     return result;
 }

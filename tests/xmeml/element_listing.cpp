@@ -80,6 +80,8 @@ std::string ReadText(const FieldUse& use)
 {
     if (!use.isRead)
         return "-";
+    if (use.isOpenOnly)
+        return "open";
     return use.isUsed ? "yes" : "skipped";
 }
 

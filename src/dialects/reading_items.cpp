@@ -1,0 +1,147 @@
+#include "dialects/reading_items.h"
+
+#include "core/numbers.h"
+#include "xmeml/cut_points.h"
+#include "xmeml/flags.h"
+#include "xmeml/speed.h"
+
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace XPJ {
+
+namespace {
+
+// ---- Items in parts
+
+constexpr Name kItemLeaves[] = {"name", "masterclipid", "duration", "start", "end", "in", "out"};
+
+bool StatesTimes(ConstHandle item)
+{
+    for (const Name time : {Name("start"), Name("end"), Name("in"), Name("out")})
+        if (HasValue(item, time))
+            return true;
+    return false;
+}
+
+// The reader numbers ids that are stated again: "a", "a_1".
+std::string_view StatedId(std::string_view id)
+{
+    const std::size_t number = id.find_last_not_of("0123456789");
+    const bool isNumbered = number != id.npos && number + 1 < id.size() && id[number] == '_';
+    return isNumbered ? id.substr(0, number) : id;
+}
+
+// ---- Held frames
+
+ObjectHandle SpeedFilter(ObjectHandle item)
+{
+    for (const ObjectHandle& filter : item.GetChildren("filter"))
+        if (filter.GetChild("effect").GetProperty("effectid") == "timeremap" && IsEnabled(filter))
+            return filter;
+    return {};
+}
+
+// The item shows frame `position` of its file, in its own frames.
+void Hold(DialectPass& pass, ObjectHandle item, std::string_view position)
+{
+    const ObjectHandle file = item.GetChild("file");
+    const ObjectHandle rate = item.GetChild("rate");
+    ObjectHandle still = item;
+    for (const Name name :
+         {Name("sequence"), Name("media"), Name("video"), Name("track"), Name("clipitem")})
+        still = AddNew(pass.Nodes(), still, name);
+    still.SetProperty("stillframeoffset", position);
+    still.AddChild(file);
+    still.AddChild(rate);
+    item.RemoveChild(file);
+    item.RemoveProperty("stillframeoffset");
+}
+
+// ---- Transitions
+
+struct PlainTransition {
+    std::string_view name;
+    std::string_view effectId;
+    std::string_view mediaType;
+};
+constexpr PlainTransition kDissolve{"Cross Dissolve", "Cross Dissolve", "video"};
+constexpr PlainTransition kFade{"Cross Fade (+3dB)", "KGAudioTransCrossFade3dB", "audio"};
+
+void AddPlainEffect(DialectPass& pass, const PlainTransition& plain, ObjectHandle transition)
+{
+    const ObjectHandle effect = AddNew(pass.Nodes(), transition, "effect");
+    effect.SetPropertyShared("name", plain.name);
+    effect.SetPropertyShared("effectid", plain.effectId);
+    effect.SetPropertyShared("effecttype", "transition");
+    effect.SetPropertyShared("mediatype", plain.mediaType);
+}
+
+} // namespace
+
+void CompleteRepeatedItems(DialectPass& pass)
+{
+    std::unordered_map<std::string_view, ObjectHandle> first;
+    for (const ItemPart& part : pass.Parts().items) {
+        const std::string_view id = part.item.GetProperty("id");
+        if (id.empty() || part.item.GetName() != "clipitem")
+            continue;
+        first.try_emplace(id, part.item);
+        const auto earlier = first.find(StatedId(id));
+        if (earlier == first.end() || earlier->second == part.item || StatesTimes(part.item))
+            continue;
+        const ObjectHandle whole = earlier->second;
+        for (const Name leaf : kItemLeaves)
+            if (!HasValue(part.item, leaf))
+                CopyProperty(whole, leaf, part.item, leaf);
+        if (!part.item.HasChild("rate"))
+            part.item.AddChild(whole.GetChild("rate"));
+        pass.Assume(whole.GetProperty("name"));
+    }
+}
+
+void HoldFrames(DialectPass& pass)
+{
+    std::unordered_map<std::uint64_t, int> itemCounts; // by owner
+    for (const ItemPart& part : pass.Parts().items)
+        ++itemCounts[part.owner.UniqueId()];
+    for (const ItemPart& part : pass.Parts().items) {
+        const ObjectHandle item = part.item;
+        const bool isOnTrack = item.GetName() == "clipitem" && part.owner.GetName() == "sequence" &&
+                               part.type == MediaType::Video && item.HasChild("file") &&
+                               !item.HasChild("sequence");
+        const bool isStill =
+            itemCounts[part.owner.UniqueId()] == 1 && HasValue(item, "stillframeoffset");
+        if (!isOnTrack || isStill)
+            continue;
+        const bool isFreeze = HasValue(item, "stillframeoffset");
+        const bool isStopped = SpeedOfItem(item).isStopped;
+        if (!isFreeze && !isStopped)
+            continue;
+        Hold(pass, item, item.GetProperty(isFreeze ? Name("stillframeoffset") : Name("in")));
+        if (isStopped)
+            item.RemoveChild(SpeedFilter(item));
+    }
+    pass.PartsChanged();
+}
+
+void CompleteTransitions(DialectPass& pass)
+{
+    for (const ItemPart& part : pass.Parts().items) {
+        const ObjectHandle item = part.item;
+        if (item.GetName() != "transitionitem")
+            continue;
+        const bool lacksEffect = !item.HasChild("effect");
+        const bool isUnknown =
+            HasValue(item, "alignment") && !FindAlignment(item.GetProperty("alignment"));
+        if (lacksEffect)
+            AddPlainEffect(pass, part.type == MediaType::Video ? kDissolve : kFade, item);
+        if (isUnknown)
+            item.SetPropertyShared("alignment", "center");
+        if (lacksEffect || isUnknown)
+            pass.Assume(part.owner.GetProperty("name"));
+    }
+}
+
+} // namespace XPJ
