@@ -52,6 +52,7 @@ private:
             inside.type = name == "video" ? MediaType::Video : MediaType::Audio;
         } else if (name == "track") {
             inside.track = visit.node;
+            parts_.tracks.push_back(visit.node);
         } else if (name == "clipitem" || name == "generatoritem" || name == "transitionitem") {
             parts_.items.push_back({visit.node, visit.track, visit.owner, visit.type});
         }

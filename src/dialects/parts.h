@@ -22,6 +22,7 @@ struct TreeParts {
     std::vector<ObjectHandle> clips; // of bins, and of the angles of multiclips
     std::vector<ObjectHandle> bins;  // with `project`s
     std::vector<ObjectHandle> files; // also those that only name an id
+    std::vector<ObjectHandle> tracks;
     std::vector<ItemPart> items;
 };
 TreeParts FindParts(ObjectHandle root);

@@ -4,6 +4,7 @@
 #include "dialects/reading_formats.h"
 #include "dialects/reading_items.h"
 #include "dialects/reading_media.h"
+#include "dialects/reading_numbers.h"
 #include "dialects/reading_structure.h"
 #include "dialects/reading_times.h"
 
@@ -65,6 +66,10 @@ constexpr DialectRule kReadingRules[] = {
      .seen = "transitions without `effect`, or with an `alignment` that the format doesn't have",
      .does = "A plain dissolve or fade, in the middle of the cut.",
      .apply = CompleteTransitions},
+    {.name = "decimal commas",
+     .seen = "effects written under a locale: a value of 0,5",
+     .does = "Read as 0.5, in parameters that are numbers.",
+     .apply = ReadDecimalCommas},
     {.name = "timecode as text",
      .seen = "a `timecode` with a `string` and no `frame`, or with a `frame` that is always 0",
      .does = "The frame is computed from the text, its rate and `displayformat`.",
