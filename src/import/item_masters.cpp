@@ -1,6 +1,6 @@
 #include "import/item_masters.h"
 
-#include "import/effect_contexts.h"
+#include "import/effects.h"
 #include "import/master_builder.h"
 #include "xmeml/file_audio.h"
 

@@ -1,8 +1,8 @@
 #include "import/track_items.h"
 
 #include "core/numbers.h"
+#include "import/effects.h"
 #include "import/item_clips.h"
-#include "import/item_effects.h"
 #include "project/objects.h"
 #include "xmeml/flags.h"
 

@@ -1,8 +1,13 @@
-#include "import/effect_contexts.h"
+#include "import/effects.h"
 
 #include "core/frame_rate.h"
+#include "core/numbers.h"
+#include "effects/audio_chain.h"
+#include "effects/audio_pan.h"
 #include "effects/video_chain.h"
 #include "project/media.h"
+#include "project/panners.h"
+#include "xmeml/file_audio.h"
 #include "xmeml/formats.h"
 
 #include <algorithm>
@@ -10,6 +15,8 @@
 namespace XPJ {
 
 namespace {
+
+// ---- What the translators of effects need to know of an item
 
 // Ticks a frame of the owner of a filter, else of the video of its master; 0 if neither states a
 // rate. Video that fits any frame counts in frames of `anyFrameTicks`.
@@ -85,8 +92,9 @@ Ticks SampleTicksOf(Import& import, ConstHandle item)
     return samples > 0 ? std::max<Ticks>(kTicksPerSecond / samples, 1) : kSampleTicks48k;
 }
 
-} // namespace
-
+// For an item on a track of either type that starts at a frame of its sequence. `master` is the
+// MasterClip that it shows. `frameTicks` is 0 for video whose rate is stated nowhere; audio then
+// counts in the sequence's frames.
 EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item, BuiltMaster master,
                             Frames start)
 {
@@ -105,6 +113,53 @@ EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item, Bui
         context.sampleTicks = SampleTicksOf(import, item);
     }
     return context;
+}
+
+// ---- Audio
+
+ItemAudio AudioOfItem(const FileCatalog& files, ConstHandle item, int channelType)
+{
+    const FileElement file = FileOfItem(files, item);
+    const int kind = file ? AudioKindOfFile(file).kind : kUnknownChannels;
+    return {.channelType = channelType,
+            .delayFrames = Int64Property(item, "mediadelay"),
+            .stereoSource = kind == kStereo || kind == kStereoPair};
+}
+
+// A mono item is panned between the channels of a stereo track, unless the track is assigned to
+// outputs itself.
+bool CanPan(const SequenceContext& sequence, const ItemChannels& channels)
+{
+    return channels.itemType == kMonoType && channels.trackType == kStereoType &&
+           sequence.groupType != kAdaptiveType;
+}
+
+} // namespace
+
+ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item, Frames start,
+                                ObjectHandle subClip)
+{
+    const Import& import = track.sequence.import;
+    const BuiltMaster master(subClip.GetChild("MasterClip"));
+    const EffectContext context = ContextOfItem(track, item, master, start);
+    const ObjectHandle title =
+        TitleOfItem(import.document, import.titles, item, context.sequenceFrame, master);
+    return BuildSequenceChain(context, item, subClip, IntToString(track.sequence.number), title);
+}
+
+void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames start,
+                         const ItemChannels& channels, ObjectHandle trackItem)
+{
+    const SequenceContext& sequence = track.sequence;
+    Document& document = sequence.import.document;
+    const BuiltMaster master(FindPath(trackItem, {"SubClip", "MasterClip"}));
+    const EffectContext effects = ContextOfItem(track, item, master, start);
+    const ItemAudio audio = AudioOfItem(sequence.import.files, item, channels.itemType);
+    const ConstHandle source = item;
+    trackItem.AddChild("Components", BuildAudioChain(effects, audio, source));
+    if (CanPan(sequence, channels))
+        trackItem.AddChild("Panner", MakeItemPanner(document, TranslatePan(effects, audio, source),
+                                                    sequence.rates.audio));
 }
 
 void AddMasterEffects(Import& import, ConstHandle element, FileElement file, BuiltMaster master)
