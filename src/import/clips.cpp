@@ -2,8 +2,8 @@
 
 #include "core/numbers.h"
 #include "import/generators.h"
-#include "import/item_masters.h"
 #include "import/layered_images.h"
+#include "import/masters.h"
 #include "import/multiclips.h"
 #include "import/project_items.h"
 #include "import/sequence_walk.h"

@@ -2,7 +2,7 @@
 
 #include "effects/legacy_title.h"
 #include "effects/title_reader.h"
-#include "import/master_builder.h"
+#include "import/masters.h"
 #include "project/media.h"
 #include "project/synthetic_media.h"
 #include "tree/blob.h"

@@ -1,9 +1,9 @@
 #include "import/item_clips.h"
 
 #include "core/numbers.h"
-#include "import/item_masters.h"
 #include "import/logging.h"
 #include "import/markers.h"
+#include "import/masters.h"
 #include "project/clips.h"
 #include "project/synthetic_items.h"
 #include "xmeml/speed.h"

@@ -3,7 +3,7 @@
 #include "core/messages.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "import/master_builder.h"
+#include "import/masters.h"
 #include "import/project_items.h"
 #include "platform/platform.h"
 #include "project/media.h"

@@ -2,7 +2,7 @@
 
 #include "core/host_properties.h"
 #include "import/markers.h"
-#include "import/master_builder.h"
+#include "import/masters.h"
 #include "import/presets.h"
 #include "import/tracks.h"
 #include "project/media.h"

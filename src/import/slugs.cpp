@@ -1,7 +1,7 @@
 #include "import/slugs.h"
 
 #include "import/audio_tracks.h"
-#include "import/master_builder.h"
+#include "import/masters.h"
 #include "import/presets.h"
 #include "import/project_items.h"
 #include "project/clips.h"

@@ -1,10 +1,15 @@
-// The master clip that an item, or a clip, means, and a new one for a file that has none yet.
+// The masters of clips, items and files: which one an element means, and how a new one is built.
 #pragma once
 
+#include "core/channel_types.h"
 #include "import/import.h"
 #include "import/streams.h"
+#include "project/master_clip.h"
 #include "project/media.h"
+#include "xmeml/files.h"
 #include "xmeml/item_times.h"
+
+#include <string_view>
 
 namespace XPJ {
 
@@ -26,6 +31,24 @@ int SourceTrackOf(ConstHandle item);
 // The master that a `clipitem`, `generatoritem` or `clip` shows on a track of a type; null if there
 // is none. `trackIndex` counts from 0.
 BuiltMaster MasterForItem(const Import& import, ConstHandle item, MediaType type, int trackIndex);
+
+// ---- New masters
+
+struct MasterFields {
+    const MediaSources& sources;
+    AudioKind audio = {};       // of kUnknownChannels: no audio
+    std::string_view name = {}; // empty: the `name` of the element
+    // All channels that an adaptive clip may have, whatever their number is.
+    bool isWide = false;
+};
+
+// A new MasterClip of an element, which is null for black video.
+BuiltMaster BuildMasterClip(const ImportState& state, const FileCatalog& files,
+                            const ClipItem& element, const MasterFields& fields);
+
+// Stereo is held as two mono elements, unless the element's tracks are exploded or the document is
+// an audio hand-off.
+AudioKind SplitStereo(const ImportOptions& options, AudioKind audio, bool exploded);
 
 // A newly built master and the one that the registry holds, which differ when the key was taken.
 struct FileMaster {
