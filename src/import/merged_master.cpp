@@ -8,8 +8,8 @@
 #include "import/merged_master.h"
 
 #include "core/numbers.h"
-#include "import/audio_tracks.h"
 #include "import/slugs.h"
+#include "import/tracks.h"
 #include "project/channel_groups.h"
 #include "project/clips.h"
 #include "project/media.h"

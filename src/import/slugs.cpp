@@ -1,9 +1,9 @@
 #include "import/slugs.h"
 
-#include "import/audio_tracks.h"
 #include "import/masters.h"
 #include "import/presets.h"
 #include "import/project_items.h"
+#include "import/tracks.h"
 #include "project/clips.h"
 #include "project/synthetic_items.h"
 #include "project/synthetic_media.h"

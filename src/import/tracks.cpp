@@ -4,7 +4,6 @@
 #include "core/numbers.h"
 #include "core/video_formats.h"
 #include "effects/audio_fader.h"
-#include "import/audio_tracks.h"
 #include "import/track_items.h"
 #include "import/transitions.h"
 #include "platform/platform.h"
@@ -25,6 +24,13 @@ namespace {
 
 constexpr int kFirstVideoId = 1;
 constexpr int kFirstAudioId = 2;
+
+ObjectHandle MakeFader(Document& document, int channelType, int groupChannels, Ticks sampleTicks)
+{
+    const int channels = channelType == kAdaptiveType ? groupChannels : ChannelCountOf(channelType);
+    return MakeFaderChain(
+        document, {.channelType = channelType, .channels = channels, .sampleTicks = sampleTicks});
+}
 
 int NamedType(std::string_view name)
 {
@@ -175,6 +181,20 @@ ObjectHandle TranslateAudioTrack(const TrackContext& context, ConstHandle track)
 }
 
 } // namespace
+
+ObjectHandle MakeTrackWithFader(Document& document, AudioTrackFields fields)
+{
+    const PannerFields& panner = fields.panner;
+    fields.fader = MakeFader(document, panner.trackType, panner.groupChannels, panner.sampleTicks);
+    return MakeAudioTrack(document, fields);
+}
+
+void AddMasterWithFader(Document& document, const AudioGroup& group, int trackCount, int groupType,
+                        Ticks sampleTicks)
+{
+    const ObjectHandle fader = MakeFader(document, groupType, group.channels, sampleTicks);
+    AddMasterTrack(document, group, {trackCount, groupType, sampleTicks, fader});
+}
 
 ObjectHandle TranslateVideoTracks(SequenceContext& context, ConstHandle video)
 {
