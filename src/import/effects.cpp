@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "effects/audio_chain.h"
 #include "effects/audio_pan.h"
+#include "effects/graphic_title.h"
 #include "effects/video_chain.h"
 #include "project/media.h"
 #include "project/panners.h"
@@ -113,6 +114,18 @@ EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item, Bui
         context.sampleTicks = SampleTicksOf(import, item);
     }
     return context;
+}
+
+// ---- Video
+
+// The effect that a track item of `master` has for its title, new in the project's document; null
+// for what is no graphic title.
+ObjectHandle TitleOfItem(Document& document, const TitleCatalog& titles, ConstHandle item,
+                         const FrameSize& frame, ConstHandle master)
+{
+    if (item.GetName() != "generatoritem" || titles.IsTitled(master) || !titles.IsGraphic(item))
+        return {};
+    return MakeGraphicEffect(document, titles.SourceOf(item), frame);
 }
 
 // ---- Audio

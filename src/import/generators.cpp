@@ -1,7 +1,9 @@
 #include "import/generators.h"
 
+#include "effects/graphic_title.h"
 #include "effects/legacy_title.h"
 #include "effects/title_reader.h"
+#include "effects/video_chain.h"
 #include "import/masters.h"
 #include "project/media.h"
 #include "project/synthetic_media.h"
@@ -124,6 +126,19 @@ GeneratorResult TranslateLegacyTitle(Import& import, const ClipItem& item, Const
     return {RegisterGenerator(import, item,
                               MakeTitleSources(import.document, title, FrameTicksOf(item), frame)),
             true};
+}
+
+// Gives a master the effect of a generator. `frame` is that of the sequence or clip around the
+// generator.
+void AddTitleToMaster(const ImportState& state, TitleCatalog& titles, ConstHandle generator,
+                      const FrameSize& frame, BuiltMaster master)
+{
+    if (!titles.AddTitledMaster(master))
+        return;
+    const EffectContext context{.document = state.document, .issues = state.issues};
+    const ObjectHandle effect =
+        MakeGraphicEffect(state.document, titles.SourceOf(generator), frame);
+    AddMasterChainEffect(context, effect, master.GetChild("VideoComponentChain"));
 }
 
 // In a bin the master carries the effect, on a track by the setting; only such a master is listed.

@@ -4,12 +4,10 @@
 #pragma once
 
 #include "effects/look_files.h"
-#include "import/generator_catalog.h"
+#include "import/catalogs.h"
 #include "import/import_state.h"
 #include "import/links.h"
 #include "import/master_catalog.h"
-#include "import/sequence_catalog.h"
-#include "import/titles.h"
 #include "xmeml/file_formats.h"
 #include "xmeml/files.h"
 #include "xmeml/multiclips.h"

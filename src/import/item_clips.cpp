@@ -5,6 +5,7 @@
 #include "import/markers.h"
 #include "import/masters.h"
 #include "project/clips.h"
+#include "project/media.h"
 #include "project/synthetic_items.h"
 #include "xmeml/speed.h"
 
@@ -234,6 +235,19 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
     AddMulticam(import.angles, item, clip);
     AddItemChannels(track, item, channelType, channels, clip);
     return MakeItemSubClip(import, item, clip, master);
+}
+
+ObjectHandle SourceForItem(Document& document, SequenceCatalog& sequences, MediaType type,
+                           ObjectHandle source, Ticks rateTicks)
+{
+    const ObjectHandle sequence = source.GetChild("Sequence");
+    if (!sequence)
+        return source;
+    if (!sequences.HasBegun(sequence))
+        sequences.AddShown(sequence);
+    return MakeSequenceSource(
+        document, sequence,
+        {.type = type, .rate = rateTicks, .duration = Int64Property(source, "OriginalDuration")});
 }
 
 void AddAdaptiveChannels(Document& document, const std::vector<MasterChannel>& channels,

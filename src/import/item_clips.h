@@ -20,6 +20,11 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
 ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, int channelType,
                               const PlacedTimes& placed);
 
+// The source that an item at a rate shows of a master's. Every item of a nested sequence has one of
+// its own.
+ObjectHandle SourceForItem(Document& document, SequenceCatalog& sequences, MediaType type,
+                           ObjectHandle source, Ticks rateTicks);
+
 // Appends all channels that an adaptive type may have to an AudioClip; those that the master lacks
 // are silent.
 void AddAdaptiveChannels(Document& document, const std::vector<MasterChannel>& channels,
