@@ -68,12 +68,12 @@ FrameSize FrameOfMaster(BuiltMaster master, const FrameSize& unknown)
 void SetFrames(const TrackContext& track, ConstHandle item, BuiltMaster master,
                EffectContext& context)
 {
-    Import& import = track.sequence.import;
+    ImportState& state = track.sequence.state;
     const FrameFormat& frame = track.sequence.frame;
     context.sequenceFrame = ParseFrameSize(frame.rect, frame.par);
     const FrameSize unknown{.pixelAspect = context.sequenceFrame.pixelAspect};
-    const FileElement file = FileOfItem(import.files, item);
-    const FileFormat format = file ? import.fileFormats.Of(file) : FileFormat();
+    const FileElement file = FileOfItem(state.files, item);
+    const FileFormat format = file ? state.fileFormats.Of(file) : FileFormat();
     if (const ObjectHandle sequence = master.Sequence())
         context.clipFrame = FrameOfGroup(sequence, unknown);
     else if (file)
@@ -85,11 +85,11 @@ void SetFrames(const TrackContext& track, ConstHandle item, BuiltMaster master,
 }
 
 // Ticks a sample of the audio of an item.
-Ticks SampleTicksOf(Import& import, ConstHandle item)
+Ticks SampleTicksOf(ImportState& state, ConstHandle item)
 {
-    const FileElement file = FileOfItem(import.files, item);
+    const FileElement file = FileOfItem(state.files, item);
     const std::int64_t samples =
-        file ? Int64Property(import.fileFormats.Of(file).audio, "samplerate") : 0;
+        file ? Int64Property(state.fileFormats.Of(file).audio, "samplerate") : 0;
     return samples > 0 ? std::max<Ticks>(kTicksPerSecond / samples, 1) : kSampleTicks48k;
 }
 
@@ -100,18 +100,18 @@ EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item, Bui
                             Frames start)
 {
     const SequenceContext& sequence = track.sequence;
-    Import& import = sequence.import;
-    EffectContext context{.document = import.document,
-                          .issues = import.issues,
+    ImportState& state = sequence.state;
+    EffectContext context{.document = state.document,
+                          .issues = state.issues,
                           .location = LocationOfItem(track, item.GetProperty("name"), start)};
     context.frameTicks = FilterTicks(item, master, sequence.rates.video);
-    context.lookFiles = &import.lookFiles;
+    context.lookFiles = &state.lookFiles;
     if (track.type == MediaType::Video) {
         SetFrames(track, item, master, context);
     } else {
         if (context.frameTicks == 0)
             context.frameTicks = sequence.rates.edges;
-        context.sampleTicks = SampleTicksOf(import, item);
+        context.sampleTicks = SampleTicksOf(state, item);
     }
     return context;
 }
@@ -152,11 +152,11 @@ bool CanPan(const SequenceContext& sequence, const ItemChannels& channels)
 ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item, Frames start,
                                 ObjectHandle subClip)
 {
-    const Import& import = track.sequence.import;
+    const ImportState& state = track.sequence.state;
     const BuiltMaster master(subClip.GetChild("MasterClip"));
     const EffectContext context = ContextOfItem(track, item, master, start);
     const ObjectHandle title =
-        TitleOfItem(import.document, import.titles, item, context.sequenceFrame, master);
+        TitleOfItem(state.document, state.titles, item, context.sequenceFrame, master);
     return BuildSequenceChain(context, item, subClip, IntToString(track.sequence.number), title);
 }
 
@@ -164,10 +164,10 @@ void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames
                          const ItemChannels& channels, ObjectHandle trackItem)
 {
     const SequenceContext& sequence = track.sequence;
-    Document& document = sequence.import.document;
+    Document& document = sequence.state.document;
     const BuiltMaster master(FindPath(trackItem, {"SubClip", "MasterClip"}));
     const EffectContext effects = ContextOfItem(track, item, master, start);
-    const ItemAudio audio = AudioOfItem(sequence.import.files, item, channels.itemType);
+    const ItemAudio audio = AudioOfItem(sequence.state.files, item, channels.itemType);
     const ConstHandle source = item;
     trackItem.AddChild("Components", BuildAudioChain(effects, audio, source));
     if (CanPan(sequence, channels))
@@ -175,7 +175,7 @@ void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames
                                                     sequence.rates.audio));
 }
 
-void AddMasterEffects(Import& import, ConstHandle element, FileElement file, BuiltMaster master)
+void AddMasterEffects(ImportState& state, ConstHandle element, FileElement file, BuiltMaster master)
 {
     const ObjectHandle chain = master.GetChild("VideoComponentChain");
     if (!chain)
@@ -186,11 +186,11 @@ void AddMasterEffects(Import& import, ConstHandle element, FileElement file, Bui
     const ConstHandle ownFile = file;
     for (const ConstHandle& owner : {clip, ownFile}) {
         const Ticks frameTicks = FilterTicks(owner, master, kNtscFrameTicks);
-        const EffectContext context{.document = import.document,
-                                    .issues = import.issues,
+        const EffectContext context{.document = state.document,
+                                    .issues = state.issues,
                                     .location = location,
                                     .frameTicks = frameTicks,
-                                    .lookFiles = &import.lookFiles};
+                                    .lookFiles = &state.lookFiles};
         AddMasterChainEffects(context, owner, chain);
     }
 }

@@ -20,6 +20,7 @@ void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames
                          const ItemChannels& channels, ObjectHandle trackItem);
 
 // Adds the filters of a browser `clip` and of its `file` to a new master.
-void AddMasterEffects(Import& import, ConstHandle element, FileElement file, BuiltMaster master);
+void AddMasterEffects(ImportState& state, ConstHandle element, FileElement file,
+                      BuiltMaster master);
 
 } // namespace XPJ

@@ -71,14 +71,14 @@ void AddPoints(const TrackContext& track, const ClipItem& item, const PlacedTime
     clip.SetProperty("OutPoint", TickText(range.out));
 }
 
-ObjectHandle MakeItemSubClip(Import& import, ConstHandle item, ObjectHandle clip,
+ObjectHandle MakeItemSubClip(ImportState& state, ConstHandle item, ObjectHandle clip,
                              BuiltMaster master)
 {
     std::string_view name = item.GetProperty("name");
     if (name.empty())
-        name = FileOfItem(import.files, item).GetProperty("name");
-    const SubClipParts parts = MakeSubClip(import.document, name, clip, master);
-    import.masters.AddClipId(master, parts.clipId);
+        name = FileOfItem(state.files, item).GetProperty("name");
+    const SubClipParts parts = MakeSubClip(state.document, name, clip, master);
+    state.masters.AddClipId(master, parts.clipId);
     return parts.subClip;
 }
 
@@ -133,7 +133,7 @@ std::vector<int> LinkedChannels(const TrackContext& track, ConstHandle item,
 
 bool FollowsLinks(const SequenceContext& sequence, int channelType)
 {
-    return (sequence.import.options.sn2vlMode || sequence.exploded) &&
+    return (sequence.state.options.sn2vlMode || sequence.exploded) &&
            (channelType == kStereoType || channelType == kSurroundType);
 }
 
@@ -148,7 +148,7 @@ void AddContent(Document& document, const MasterChannel& channel, ObjectHandle a
 void AddItemChannels(const TrackContext& track, ConstHandle item, int channelType,
                      const MasterChannels& channels, ObjectHandle clip)
 {
-    Document& document = track.sequence.import.document;
+    Document& document = track.sequence.state.document;
     if (channelType == kAdaptiveType) {
         AddAdaptiveChannels(document, channels.All(), clip);
     } else if (FollowsLinks(track.sequence, channelType)) {
@@ -177,15 +177,15 @@ Ticks OutTicks(Frames out, Ticks frameTicks, double speed)
 ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
                               const PlacedTimes& placed)
 {
-    Import& import = track.sequence.import;
-    Document& document = import.document;
-    const BuiltMaster master = MasterForItem(import, item, MediaType::Video, track.index);
+    ImportState& state = track.sequence.state;
+    Document& document = state.document;
+    const BuiltMaster master = MasterForItem(state, item, MediaType::Video, track.index);
     const ObjectHandle masterClip = master.VideoClip();
     if (!masterClip)
         return {};
     const Ticks unit = placed.rates.item;
     const ItemSpeed speed = SpeedOfItem(item);
-    const ObjectHandle source = SourceForItem(document, import.sequences, MediaType::Video,
+    const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Video,
                                               masterClip.GetChild("Source"), unit);
     const ObjectHandle clip = MakeVideoClip(document, source, FieldsOf(item, speed));
     CopyLabel(item, clip, "hfl.clip.label.name");
@@ -196,23 +196,23 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
               clip);
     AddFrameHold(item, track.sequence.rates.edges, clip);
     clip.AddChild("Markers", TranslateMarkers(document, item, unit));
-    AddMulticam(import.angles, item, clip);
-    return MakeItemSubClip(import, item, clip, master);
+    AddMulticam(state.angles, item, clip);
+    return MakeItemSubClip(state, item, clip, master);
 }
 
 ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, int channelType,
                               const PlacedTimes& placed)
 {
-    Import& import = track.sequence.import;
-    Document& document = import.document;
-    const BuiltMaster master = MasterForItem(import, item, MediaType::Audio, track.index);
+    ImportState& state = track.sequence.state;
+    Document& document = state.document;
+    const BuiltMaster master = MasterForItem(state, item, MediaType::Audio, track.index);
     const MasterChannels channels(master);
     if (channels.IsEmpty())
         return {};
     const Ticks unit = placed.rates.item;
     const ItemSpeed speed = SpeedOfItem(item);
     const int sourceChannel = channels.Reduce(SourceChannelOf(item, track.index));
-    const ObjectHandle source = SourceForItem(document, import.sequences, MediaType::Audio,
+    const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Audio,
                                               channels.At(sourceChannel).clip.GetChild("Source"),
                                               track.sequence.rates.audio);
     const ObjectHandle clip = MakeAudioClip(document, source, FieldsOf(item, speed));
@@ -232,9 +232,9 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
     clip.SetProperty("ChannelType", IntToString(channelType));
     clip.SetProperty("NumChannels", IntToString(channelCount));
     clip.SetProperty("AudioChannelLayout", ChannelLayoutText(channelType, channelCount));
-    AddMulticam(import.angles, item, clip);
+    AddMulticam(state.angles, item, clip);
     AddItemChannels(track, item, channelType, channels, clip);
-    return MakeItemSubClip(import, item, clip, master);
+    return MakeItemSubClip(state, item, clip, master);
 }
 
 ObjectHandle SourceForItem(Document& document, SequenceCatalog& sequences, MediaType type,

@@ -17,43 +17,43 @@ namespace {
 
 // ---- Which master an element means
 
-BuiltMaster FindFile(const Import& import, const MediaQuery& query, ConstHandle item)
+BuiltMaster FindFile(const ImportState& state, const MediaQuery& query, ConstHandle item)
 {
-    if (const FileElement file = FileOfItem(import.files, item))
-        return FindMedia(import.masters.registry, query, import.files.IdOf(file));
+    if (const FileElement file = FileOfItem(state.files, item))
+        return FindMedia(state.masters.registry, query, state.files.IdOf(file));
     return {};
 }
 
-BuiltMaster FindReferenced(const Import& import, const MediaQuery& query, ConstHandle item)
+BuiltMaster FindReferenced(const ImportState& state, const MediaQuery& query, ConstHandle item)
 {
     const ConstHandle nested = item.GetChild("sequence");
-    if (const BuiltMaster master = import.sequences.MasterOf(import.sequences.IdOf(nested)))
+    if (const BuiltMaster master = state.sequences.MasterOf(state.sequences.IdOf(nested)))
         return master;
     const std::string_view fileId = item.GetProperty("fileid");
-    if (const BuiltMaster master = FindMedia(import.masters.registry, query, fileId))
+    if (const BuiltMaster master = FindMedia(state.masters.registry, query, fileId))
         return master;
-    return import.sequences.MasterOf(item.GetProperty("sequenceid"));
+    return state.sequences.MasterOf(item.GetProperty("sequenceid"));
 }
 
-BuiltMaster FindInMedia(const Import& import, const MediaQuery& query, ConstHandle item)
+BuiltMaster FindInMedia(const ImportState& state, const MediaQuery& query, ConstHandle item)
 {
-    for (const FileElement& file : FilesOfMedia(import.files, item.GetChild("media")))
+    for (const FileElement& file : FilesOfMedia(state.files, item.GetChild("media")))
         if (const BuiltMaster master =
-                FindMedia(import.masters.registry, query, import.files.IdOf(file)))
+                FindMedia(state.masters.registry, query, state.files.IdOf(file)))
             return master;
     return {};
 }
 
-BuiltMaster FindSelf(const Import& import, const MediaQuery& query, ConstHandle item)
+BuiltMaster FindSelf(const ImportState& state, const MediaQuery& query, ConstHandle item)
 {
     const std::string_view id = item.GetProperty("id");
     if (const BuiltMaster master =
-            import.masters.registry.Find({query.masterClipId, id, 0, query.type}))
+            state.masters.registry.Find({query.masterClipId, id, 0, query.type}))
         return master;
-    return import.sequences.MasterOf(id);
+    return state.sequences.MasterOf(id);
 }
 
-using Search = BuiltMaster (*)(const Import&, const MediaQuery&, ConstHandle);
+using Search = BuiltMaster (*)(const ImportState&, const MediaQuery&, ConstHandle);
 constexpr Search kSearches[] = {FindFile, FindReferenced, FindInMedia, FindSelf};
 
 // ---- A new master
@@ -179,19 +179,20 @@ int SourceTrackOf(ConstHandle item)
     return std::max(IntProperty(item.GetChild("sourcetrack"), "trackindex"), 0) - 1;
 }
 
-BuiltMaster MasterForItem(const Import& import, ConstHandle item, MediaType type, int trackIndex)
+BuiltMaster MasterForItem(const ImportState& state, ConstHandle item, MediaType type,
+                          int trackIndex)
 {
     if (const ConstHandle multiclip = FindMulticlip(item)) {
         if (!IsCollapsed(multiclip))
-            return import.masters.OfMulticlip(multiclip.GetProperty("id"));
-        item = import.angles.Of(multiclip).clip;
+            return state.masters.OfMulticlip(multiclip.GetProperty("id"));
+        item = state.angles.Of(multiclip).clip;
     }
     const MediaQuery query{.masterClipId = item.GetProperty("masterclipid"),
                            .type = type,
                            .sourceTrack = SourceTrackOf(item),
                            .trackIndex = trackIndex};
     for (const Search search : kSearches)
-        if (const BuiltMaster master = search(import, query, item))
+        if (const BuiltMaster master = search(state, query, item))
             return master.FirstClip(type) ? master : BuiltMaster();
     return {};
 }
@@ -225,19 +226,19 @@ AudioKind SplitStereo(const ImportOptions& options, AudioKind audio, bool explod
     return audio;
 }
 
-FileMaster BuildFileMaster(Import& import, const ClipItem& element, const FileUse& use,
+FileMaster BuildFileMaster(ImportState& state, const ClipItem& element, const FileUse& use,
                            bool exploded)
 {
     FileMaster result;
-    result.sources = MakeFileSources(import, import.files, use);
+    result.sources = MakeFileSources(state, state.files, use);
     if (result.sources.IsEmpty())
         return result;
-    const AudioKind audio = SplitStereo(import.options, AudioKindOfFile(use.file), exploded);
+    const AudioKind audio = SplitStereo(state.options, AudioKindOfFile(use.file), exploded);
     const BuiltMaster built =
-        BuildMasterClip(import, import.files, element, {.sources = result.sources, .audio = audio});
-    MasterRegistry& registry = import.masters.registry;
+        BuildMasterClip(state, state.files, element, {.sources = result.sources, .audio = audio});
+    MasterRegistry& registry = state.masters.registry;
     const std::string_view masterClipId = element.GetProperty("masterclipid");
-    const std::string_view fileId = import.files.IdOf(use.file);
+    const std::string_view fileId = state.files.IdOf(use.file);
     const bool hasVideo = !result.sources.video.empty();
     RegisterMaster(registry,
                    {.masterClipId = masterClipId,
@@ -249,7 +250,7 @@ FileMaster BuildFileMaster(Import& import, const ClipItem& element, const FileUs
         registry.Find({masterClipId, fileId, 0, hasVideo ? MediaType::Video : MediaType::Audio});
     result.isNew = result.master == built;
     if (result.isNew)
-        AddMasterEffects(import, element, use.file, built);
+        AddMasterEffects(state, element, use.file, built);
     return result;
 }
 

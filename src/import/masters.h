@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/channel_types.h"
-#include "import/import.h"
+#include "import/import_state.h"
 #include "import/streams.h"
 #include "project/master_clip.h"
 #include "project/media.h"
@@ -30,7 +30,8 @@ int SourceTrackOf(ConstHandle item);
 
 // The master that a `clipitem`, `generatoritem` or `clip` shows on a track of a type; null if there
 // is none. `trackIndex` counts from 0.
-BuiltMaster MasterForItem(const Import& import, ConstHandle item, MediaType type, int trackIndex);
+BuiltMaster MasterForItem(const ImportState& state, ConstHandle item, MediaType type,
+                          int trackIndex);
 
 // ---- New masters
 
@@ -58,7 +59,7 @@ struct FileMaster {
 };
 
 // Builds the master of a file and registers it. `exploded`: the tracks of the element are.
-FileMaster BuildFileMaster(Import& import, const ClipItem& element, const FileUse& use,
+FileMaster BuildFileMaster(ImportState& state, const ClipItem& element, const FileUse& use,
                            bool exploded);
 
 } // namespace XPJ

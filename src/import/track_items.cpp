@@ -20,7 +20,7 @@ std::optional<PlacedTimes> PlacedTimesOf(const TrackContext& track, const ClipIt
     PlacedTimes placed;
     placed.rates = RatesOfItem(item, track.sequence.rates.edges);
     if (item.GetName() == "generatoritem") {
-        const FileElement file = FileOfItem(track.sequence.import.files, item);
+        const FileElement file = FileOfItem(track.sequence.state.files, item);
         placed.times = TimesOfGenerator(item, placed.rates, Int64Property(file, "duration"));
     } else {
         placed.times = TimesOfClip(item, placed.rates);
@@ -39,7 +39,7 @@ ObjectHandle MakeItem(const TrackContext& track, Name className, ConstHandle ite
 {
     SequenceContext& sequence = track.sequence;
     const Ticks end = MultiplyTicks(times.end, sequence.rates.edges);
-    const ObjectHandle result = sequence.import.document.NewObject(className);
+    const ObjectHandle result = sequence.state.document.NewObject(className);
     result.SetPropertyShared("MediaType", MediaTypeText(track.type));
     result.SetProperty("TrackIndex", IntToString(track.index));
     result.SetPropertyShared("IsMuted", BoolText(!IsEnabled(item)));
@@ -51,7 +51,7 @@ ObjectHandle MakeItem(const TrackContext& track, Name className, ConstHandle ite
 
 ObjectHandle Skip(const TrackContext& track, ConstHandle item, Frames start)
 {
-    AddSkipped(track.sequence.import, LocationOfItem(track, item.GetProperty("name"), start));
+    AddSkipped(track.sequence.state, LocationOfItem(track, item.GetProperty("name"), start));
     return {};
 }
 
@@ -89,7 +89,7 @@ ObjectHandle TranslateAudioItem(const TrackContext& track, const ClipItem& item,
     if (!placed)
         return {};
     const Frames start = placed->times.start;
-    const int type = ItemChannelType(track.sequence.import.options, item, trackType);
+    const int type = ItemChannelType(track.sequence.state.options, item, trackType);
     const ObjectHandle subClip = MakeAudioSubClip(track, item, type, *placed);
     if (!subClip)
         return Skip(track, item, start);

@@ -195,7 +195,7 @@ void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, Extension
         Move(clip, "OutPoint", shift);
         sequence.end = std::max(sequence.end, edge);
     }
-    AddItemIssue(sequence.import, LocationOfItem(context, subClip.GetProperty("Name"), edge / unit),
+    AddItemIssue(sequence.state, LocationOfItem(context, subClip.GetProperty("Name"), edge / unit),
                  delta < 0 ? ImportIssue::StartOfClipExtended : ImportIssue::EndOfClipExtended,
                  transitionName);
 }
@@ -219,11 +219,11 @@ ObjectHandle MakeTransition(const TrackContext& context, ConstHandle item, int c
     ItemLocation location = LocationOfItem(context, item.GetProperty("name"), start);
     if (start < 0 || end < 0) {
         location.clip = "transitionitem";
-        AddItemIssue(sequence.import, location, ImportIssue::InvalidStartEnd);
+        AddItemIssue(sequence.state, location, ImportIssue::InvalidStartEnd);
         return {};
     }
-    const EffectContext effects{.document = sequence.import.document,
-                                .issues = sequence.import.issues,
+    const EffectContext effects{.document = sequence.state.document,
+                                .issues = sequence.state.issues,
                                 .location = std::move(location),
                                 .frameTicks = sequence.rates.video,
                                 .sampleTicks = sequence.rates.audio};
