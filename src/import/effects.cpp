@@ -120,12 +120,13 @@ EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item, Bui
 
 // The effect that a track item of `master` has for its title, new in the project's document; null
 // for what is no graphic title.
-ObjectHandle TitleOfItem(Document& document, const TitleCatalog& titles, ConstHandle item,
-                         const FrameSize& frame, ConstHandle master)
+ObjectHandle TitleOfItem(const ImportState& state, ConstHandle item, const FrameSize& frame,
+                         ConstHandle master)
 {
+    const TitleCatalog& titles = state.titles;
     if (item.GetName() != "generatoritem" || titles.IsTitled(master) || !titles.IsGraphic(item))
         return {};
-    return MakeGraphicEffect(document, titles.SourceOf(item), frame);
+    return MakeGraphicEffect(state.document, titles.SourceOf(item), frame);
 }
 
 // ---- Audio
@@ -155,8 +156,7 @@ ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item,
     const ImportState& state = track.sequence.state;
     const BuiltMaster master(subClip.GetChild("MasterClip"));
     const EffectContext context = ContextOfItem(track, item, master, start);
-    const ObjectHandle title =
-        TitleOfItem(state.document, state.titles, item, context.sequenceFrame, master);
+    const ObjectHandle title = TitleOfItem(state, item, context.sequenceFrame, master);
     return BuildSequenceChain(context, item, subClip, IntToString(track.sequence.number), title);
 }
 

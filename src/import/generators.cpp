@@ -79,7 +79,7 @@ BuiltMaster RegisterGenerator(ImportState& state, const ClipItem& item, const Me
     const std::string_view masterClipId = item.GetProperty("masterclipid");
     const std::string_view id = item.GetProperty("id");
     RegisterMaster(registry, {.masterClipId = masterClipId, .mediaId = id},
-                   BuildMasterClip(state, state.files, item, {.sources = sources}));
+                   BuildMasterClip(state, item, {.sources = sources}));
     const BuiltMaster master = registry.Find({masterClipId, id});
     if (master)
         state.generators.Add(item, master);
@@ -129,14 +129,14 @@ GeneratorResult TranslateLegacyTitle(ImportState& state, const ClipItem& item, C
 
 // Gives a master the effect of a generator. `frame` is that of the sequence or clip around the
 // generator.
-void AddTitleToMaster(const ImportState& state, TitleCatalog& titles, ConstHandle generator,
-                      const FrameSize& frame, BuiltMaster master)
+void AddTitleToMaster(ImportState& state, ConstHandle generator, const FrameSize& frame,
+                      BuiltMaster master)
 {
-    if (!titles.AddTitledMaster(master))
+    if (!state.titles.AddTitledMaster(master))
         return;
     const EffectContext context{.document = state.document, .issues = state.issues};
     const ObjectHandle effect =
-        MakeGraphicEffect(state.document, titles.SourceOf(generator), frame);
+        MakeGraphicEffect(state.document, state.titles.SourceOf(generator), frame);
     AddMasterChainEffect(context, effect, master.GetChild("VideoComponentChain"));
 }
 
@@ -151,7 +151,7 @@ GeneratorResult TranslateGraphic(ImportState& state, const ClipItem& item, Const
     const bool isMasterEffect =
         state.options.settings.titlesAsMasterEffects || owner.GetName() != "sequence";
     if (master && isMasterEffect)
-        AddTitleToMaster(state, state.titles, item, ParseFrameSize(frame.rect, frame.par), master);
+        AddTitleToMaster(state, item, ParseFrameSize(frame.rect, frame.par), master);
     return {master, true, isMasterEffect};
 }
 

@@ -197,8 +197,8 @@ BuiltMaster MasterForItem(const ImportState& state, ConstHandle item, MediaType 
     return {};
 }
 
-BuiltMaster BuildMasterClip(const ImportState& state, const FileCatalog& files,
-                            const ClipItem& element, const MasterFields& fields)
+BuiltMaster BuildMasterClip(const ImportState& state, const ClipItem& element,
+                            const MasterFields& fields)
 {
     Document& document = state.document;
     const BuiltMaster master(document.NewObject("MasterClip"));
@@ -209,7 +209,7 @@ BuiltMaster BuildMasterClip(const ImportState& state, const FileCatalog& files,
     const bool hasAudio = AddAudio(document, element, fields, master);
     AddVideoMarkers(document, element, hasAudio, master);
 
-    master.AddChild("LoggingInfo", element ? MakeLoggingInfo(document, files, element)
+    master.AddChild("LoggingInfo", element ? MakeLoggingInfo(document, state.files, element)
                                            : MakeDefaultLoggingInfo(document));
     if (!fields.sources.video.empty()) {
         const ObjectHandle chain = document.NewObject("VideoComponentChain");
@@ -230,12 +230,12 @@ FileMaster BuildFileMaster(ImportState& state, const ClipItem& element, const Fi
                            bool exploded)
 {
     FileMaster result;
-    result.sources = MakeFileSources(state, state.files, use);
+    result.sources = MakeFileSources(state, use);
     if (result.sources.IsEmpty())
         return result;
     const AudioKind audio = SplitStereo(state.options, AudioKindOfFile(use.file), exploded);
     const BuiltMaster built =
-        BuildMasterClip(state, state.files, element, {.sources = result.sources, .audio = audio});
+        BuildMasterClip(state, element, {.sources = result.sources, .audio = audio});
     MasterRegistry& registry = state.masters.registry;
     const std::string_view masterClipId = element.GetProperty("masterclipid");
     const std::string_view fileId = state.files.IdOf(use.file);

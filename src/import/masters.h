@@ -44,8 +44,8 @@ struct MasterFields {
 };
 
 // A new MasterClip of an element, which is null for black video.
-BuiltMaster BuildMasterClip(const ImportState& state, const FileCatalog& files,
-                            const ClipItem& element, const MasterFields& fields);
+BuiltMaster BuildMasterClip(const ImportState& state, const ClipItem& element,
+                            const MasterFields& fields);
 
 // Stereo is held as two mono elements, unless the element's tracks are exploded or the document is
 // an audio hand-off.

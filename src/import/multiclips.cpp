@@ -72,7 +72,7 @@ BuiltMaster MakeMulticlipMaster(ImportState& state, ConstHandle multiclip)
     sources.audio.push_back(
         MakeMasterSequenceSource(document, MediaType::Audio, sequence, rates.audio, duration));
     const AudioKind audio{kAdaptive, std::max(extent.audioTracks, 1)};
-    return BuildMasterClip(state, state.files, ClipItem(multiclip),
+    return BuildMasterClip(state, ClipItem(multiclip),
                            {.sources = sources, .audio = audio, .isWide = true});
 }
 

@@ -92,7 +92,7 @@ BuiltMaster MakeSequenceMaster(ImportState& state, ConstHandle sequence)
         MakeMasterSequenceSource(document, MediaType::Video, result, rates.video, duration));
     sources.audio.push_back(
         MakeMasterSequenceSource(document, MediaType::Audio, result, rates.audio, duration));
-    return BuildMasterClip(state, state.files, ClipItem(sequence),
+    return BuildMasterClip(state, ClipItem(sequence),
                            {.sources = sources, .audio = AudioOfSequence(state.options, sequence)});
 }
 

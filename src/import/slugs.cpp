@@ -91,9 +91,8 @@ void TranslateSlug(ImportState& state, const ClipItem& element, const FileUse& u
                                                      kSampleTicks48k, kSlugDuration));
     AudioKind audio = AudioKindOfFile(use.file);
     audio.kind = std::max<int>(audio.kind, kMono);
-    const BuiltMaster master =
-        BuildMasterClip(state, state.files, element,
-                        {.sources = sources, .audio = SplitStereo(state.options, audio, false)});
+    const BuiltMaster master = BuildMasterClip(
+        state, element, {.sources = sources, .audio = SplitStereo(state.options, audio, false)});
     if (RegisterMaster(state.masters.registry,
                        {.masterClipId = element.GetProperty("masterclipid"),
                         .mediaId = fileId,
@@ -108,7 +107,7 @@ BuiltMaster BlackMaster(ImportState& state)
     if (!black) {
         const MediaSources sources =
             MakeSyntheticSources(state.document, MediaKind::BlackVideo, 0, {});
-        black = BuildMasterClip(state, state.files, {}, {.sources = sources, .name = kBlackVideo});
+        black = BuildMasterClip(state, {}, {.sources = sources, .name = kBlackVideo});
     }
     return black;
 }
