@@ -1,7 +1,7 @@
 #include "effects/audio_chain.h"
 
 #include "core/numbers.h"
-#include "effects/effect_walk.h"
+#include "effects/effect_elements.h"
 
 #include <vector>
 

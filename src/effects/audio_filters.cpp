@@ -1,7 +1,7 @@
 #include "effects/audio_filters.h"
 
 #include "core/numbers.h"
-#include "effects/effect_walk.h"
+#include "effects/effect_elements.h"
 #include "effects/keyframes.h"
 #include "effects/time_remap.h"
 #include "effects/values.h"

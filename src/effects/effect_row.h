@@ -15,9 +15,8 @@
 #pragma once
 
 #include "effects/effect_context.h"
+#include "effects/effect_elements.h"
 #include "effects/parameters.h"
-#include "effects/video_component.h"
-#include "effects/xmeml_filter.h"
 #include "tree/object.h"
 
 #include <span>

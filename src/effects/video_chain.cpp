@@ -3,7 +3,7 @@
 #include "core/numbers.h"
 #include "effects/basic_3d.h"
 #include "effects/distort.h"
-#include "effects/effect_walk.h"
+#include "effects/effect_elements.h"
 #include "effects/motion.h"
 #include "effects/neutral_values.h"
 #include "effects/opacity.h"

@@ -1,7 +1,7 @@
 #include "import/transitions.h"
 
 #include "core/numbers.h"
-#include "effects/parameters.h"
+#include "effects/effect_elements.h"
 #include "effects/transitions.h"
 #include "project/objects.h"
 
