@@ -1,7 +1,5 @@
 #include "effects/crop.h"
 
-#include "effects/neutral_values.h"
-
 namespace XPJ {
 
 namespace {

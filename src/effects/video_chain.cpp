@@ -5,7 +5,6 @@
 #include "effects/distort.h"
 #include "effects/effect_elements.h"
 #include "effects/motion.h"
-#include "effects/neutral_values.h"
 #include "effects/opacity.h"
 #include "effects/time_remap.h"
 #include "effects/video_effects.h"

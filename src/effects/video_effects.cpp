@@ -10,7 +10,6 @@
 #include "effects/keys_and_blur.h"
 #include "effects/look_effect.h"
 #include "effects/motion.h"
-#include "effects/neutral_values.h"
 #include "effects/opacity.h"
 #include "effects/time_remap.h"
 #include "project/accessors.h"
