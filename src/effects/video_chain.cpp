@@ -1,7 +1,6 @@
 #include "effects/video_chain.h"
 
 #include "core/numbers.h"
-#include "effects/basic_3d.h"
 #include "effects/distort.h"
 #include "effects/effect_elements.h"
 #include "effects/motion.h"

@@ -1,7 +1,6 @@
 #include "effects/video_effects.h"
 
 #include "core/numbers.h"
-#include "effects/basic_3d.h"
 #include "effects/color_corrector.h"
 #include "effects/distort.h"
 #include "effects/graphic_effects.h"
