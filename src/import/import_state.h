@@ -6,7 +6,7 @@
 #include "core/progress.h"
 #include "core/translation_issue.h"
 #include "effects/effect_context.h"
-#include "effects/look_files.h"
+#include "effects/look_effect.h"
 #include "import/catalogs.h"
 #include "import/links.h"
 #include "import/master_catalog.h"
