@@ -2,7 +2,7 @@
 
 #include "core/channel_types.h"
 #include "core/numbers.h"
-#include "effects/audio_filters.h"
+#include "effects/audio_chain.h"
 #include "effects/audio_pan.h"
 #include "effects/time_remap.h"
 #include "export/audio_channels.h"
