@@ -8,7 +8,7 @@
 #include "export/audio_channels.h"
 #include "export/clip_media.h"
 #include "export/effects.h"
-#include "export/item_source.h"
+#include "export/items.h"
 
 namespace XPJ::RVX {
 

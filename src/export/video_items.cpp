@@ -6,7 +6,7 @@
 #include "effects/video_chain.h"
 #include "export/effects.h"
 #include "export/formats.h"
-#include "export/item_source.h"
+#include "export/items.h"
 
 #include <optional>
 #include <string_view>
