@@ -141,7 +141,7 @@ ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemAudio&
     return component;
 }
 
-// What the filters of an item come to, in the order of the chain.
+// What the filters of an item become, in the order of the chain.
 std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemAudio& audio,
                                        ConstHandle item)
 {

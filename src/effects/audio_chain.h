@@ -1,5 +1,5 @@
-// The audio effects of a clip in both documents: of a project they are a chain, which begins with
-// the volume.
+// The audio effects of a clip: `filter`s of an item in `xmeml`, a chain in a project, which begins
+// with the volume.
 #pragma once
 
 #include "effects/audio_filters.h"

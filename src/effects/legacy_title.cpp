@@ -405,7 +405,7 @@ std::size_t LineCount(const Title& title)
     return count;
 }
 
-// What a document that is not well-formed holds in its text would spoil this one.
+// Texts of a source that is not well-formed are corrected, or this document would not be either.
 std::string TextLines(const Title& title)
 {
     const std::size_t last = LineCount(title);

@@ -17,7 +17,7 @@ constexpr int kMotionId = 1;
 constexpr int kOpacityId = 2;
 constexpr int kFirstFilterId = 3;
 
-// What the filters of an item come to.
+// What the filters of an item become.
 struct ItemEffects {
     const EffectContext& context;
     ConstHandle item;

@@ -43,8 +43,8 @@ void WriteClipOptions(Document& document, ItemRecord& record, ObjectHandle eleme
 
 // What an item shows: the file of its media, or a sequence.
 struct ItemSource {
-    std::string_view linkKey =
-        {};                     // items of a link group link when they show the same; may be empty
+    // Items of a link group are linked when they show the same; may be empty.
+    std::string_view linkKey = {};
     NestedSequence nested = {}; // to be written in the item
 };
 

@@ -40,8 +40,8 @@ std::size_t CountChildren(ConstHandle node)
     return count;
 }
 
-// A list of entries on the way, and the item that their items belong to. Bins nest far deeper than
-// a thread's stack allows, so the open ones are kept on a stack of these.
+// A list of entries that is being translated, and the item that their items belong to. Bins nest
+// far deeper than a thread's stack allows, so the open ones are kept on a stack of these.
 struct OpenList {
     OpenList(Progress& progress, ConstHandle entries, ObjectHandle parentItem)
         : stage(progress, 1, CountChildren(entries)), next(entries.GetChildren().begin()),

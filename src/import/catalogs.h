@@ -1,5 +1,5 @@
-// What the passes of an import find out of sequences, generators and titles, by the elements of the
-// document. Masters have a catalog in a file of its own.
+// What the passes of an import find out about sequences, generators and titles. The catalog of
+// masters is in a file of its own.
 #pragma once
 
 #include "core/frame_format.h"
@@ -63,7 +63,7 @@ private:
     std::vector<ObjectHandle> shown_;
 };
 
-// The generators of an import that have been met, and what was made of them.
+// The generators of an import: what was reported and what was made of them.
 class GeneratorCatalog {
 public:
     // The frame of the `sequence` or `clip` around generators: finding it passes over all items of

@@ -14,7 +14,7 @@ namespace XPJ {
 
 namespace {
 
-// Ids drawn from a running number that keep clear of those that the document uses.
+// Generated ids: a prefix and the next number that gives an id which the document does not use.
 class IdMaker {
 public:
     IdMaker(std::string_view prefix, unsigned first) : prefix_(prefix), number_(first) {}

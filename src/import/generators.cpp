@@ -155,7 +155,7 @@ GeneratorResult TranslateGraphic(ImportState& state, const ClipItem& item, Const
     return {master, true, isMasterEffect};
 }
 
-// Transparent video replaces what nothing is known of.
+// Transparent video replaces unknown generators.
 GeneratorResult TranslateUnknown(ImportState& state, const ClipItem& item)
 {
     const MediaSources sources =

@@ -54,11 +54,11 @@ struct SourceRange {
 
 // A source starts at 0. An item that begins before it, begins with it; one that also ends before
 // it keeps its length.
-void AddPoints(const TrackContext& track, const ClipItem& item, const PlacedTimes& placed,
+void AddPoints(const TrackContext& track, const ClipItem& item, const ItemTiming& timing,
                SourceRange range, ObjectHandle clip)
 {
-    const ItemTimes& times = placed.times;
-    const ItemRates& rates = placed.rates;
+    const ItemTimes& times = timing.times;
+    const ItemRates& rates = timing.rates;
     if (range.in < 0) {
         AddItemIssue(track, item, times.start, ImportIssue::InvalidInPoint);
         range.in = 0;
@@ -175,7 +175,7 @@ Ticks OutTicks(Frames out, Ticks frameTicks, double speed)
 } // namespace
 
 ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
-                              const PlacedTimes& placed)
+                              const ItemTiming& timing)
 {
     ImportState& state = track.sequence.state;
     Document& document = state.document;
@@ -183,16 +183,16 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
     const ObjectHandle masterClip = master.VideoClip();
     if (!masterClip)
         return {};
-    const Ticks unit = placed.rates.item;
+    const Ticks unit = timing.rates.item;
     const ItemSpeed speed = SpeedOfItem(item);
     const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Video,
                                               masterClip.GetChild("Source"), unit);
     const ObjectHandle clip = MakeVideoClip(document, source, FieldsOf(item, speed));
     CopyLabel(item, clip, "hfl.clip.label.name");
 
-    AddPoints(track, item, placed,
-              {.in = ScaledTicks(placed.times.in, unit, speed.speed),
-               .out = OutTicks(placed.times.out, unit, speed.speed)},
+    AddPoints(track, item, timing,
+              {.in = ScaledTicks(timing.times.in, unit, speed.speed),
+               .out = OutTicks(timing.times.out, unit, speed.speed)},
               clip);
     AddFrameHold(item, track.sequence.rates.edges, clip);
     clip.AddChild("Markers", TranslateMarkers(document, item, unit));
@@ -201,7 +201,7 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
 }
 
 ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, int channelType,
-                              const PlacedTimes& placed)
+                              const ItemTiming& timing)
 {
     ImportState& state = track.sequence.state;
     Document& document = state.document;
@@ -209,7 +209,7 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
     const MasterChannels channels(master);
     if (channels.IsEmpty())
         return {};
-    const Ticks unit = placed.rates.item;
+    const Ticks unit = timing.rates.item;
     const ItemSpeed speed = SpeedOfItem(item);
     const int sourceChannel = channels.Reduce(SourceChannelOf(item, track.index));
     const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Audio,
@@ -219,9 +219,9 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
     CopyLabel(item, clip, "hfl.clip.label.name");
 
     const Frames delay = Int64Property(item, "mediadelay");
-    const Ticks in = ScaledTicks(AddTicks(placed.times.in, delay), unit, speed.speed);
-    const Ticks out = OutTicks(AddTicks(placed.times.out, delay), unit, speed.speed);
-    AddPoints(track, item, placed,
+    const Ticks in = ScaledTicks(AddTicks(timing.times.in, delay), unit, speed.speed);
+    const Ticks out = OutTicks(AddTicks(timing.times.out, delay), unit, speed.speed);
+    AddPoints(track, item, timing,
               {.in = ExactPoint(item.times.exactIn).value_or(in),
                .out = ExactPoint(item.times.exactOut).value_or(out)},
               clip);

@@ -13,9 +13,9 @@
 
 namespace XPJ {
 
-// How an element asks for the master of a media file. Layers are registered under their own index,
-// everything else under 0: an item looks for its source track, then for its index in the sequence,
-// then for the media as a whole.
+// How an element looks up the master of a media file. Layers are registered under their own index,
+// everything else under 0: the lookup takes the item's source track, then its index in the
+// sequence, then 0.
 struct MediaQuery {
     std::string_view masterClipId;
     MediaType type = MediaType::Video;

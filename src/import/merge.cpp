@@ -52,7 +52,7 @@ private:
     std::unordered_map<std::string_view, Group> byMergeId_;
 };
 
-void PlaceMergedItem(Document& document, BuiltMaster merged, ObjectHandle rootItem)
+void AddMergedItem(Document& document, BuiltMaster merged, ObjectHandle rootItem)
 {
     const ObjectHandle item = document.NewObject("ClipProjectItem");
     AddUid(item);
@@ -121,11 +121,11 @@ void MergePass(ImportState& state, ObjectHandle rootItem)
         const BuiltMaster merged =
             components.size() < 2 ? BuiltMaster() : BuildMergedMaster(state, components);
         if (merged) {
-            PlaceMergedItem(state.document, merged, rootItem);
+            AddMergedItem(state.document, merged, rootItem);
             JoinSelection(components);
             ReplaceComponents(components, replaced);
         }
-        PlaceDeferredItems(state, mergeId, replaced);
+        AddDeferredItems(state, mergeId, replaced);
     }
     RemoveFromBins(rootItem, replaced);
 }

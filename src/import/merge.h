@@ -6,7 +6,7 @@
 namespace XPJ {
 
 // Joins the masters that carry the same merge id into one, shown by the last item of `rootItem`.
-// Without a root item (null) nothing is placed.
+// Without a root item (null) nothing is added.
 void MergePass(ImportState& state, ObjectHandle rootItem);
 
 } // namespace XPJ

@@ -73,7 +73,7 @@ void AddClipItem(ImportState& state, ConstHandle clip, BuiltMaster master, Objec
         MakeClipProjectItem(state, clip, master, parentItem);
 }
 
-void PlaceDeferredItems(ImportState& state, std::string_view mergeId, const NodeSet& merged)
+void AddDeferredItems(ImportState& state, std::string_view mergeId, const NodeSet& merged)
 {
     for (const DeferredItem& item : state.masters.DeferredItems(mergeId))
         if (!merged.Contains(item.master))

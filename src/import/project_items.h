@@ -19,6 +19,6 @@ void AddClipItem(ImportState& state, ConstHandle clip, BuiltMaster master, Objec
 
 // Makes the items that were deferred under a merge id, in their bins, but for those of masters in
 // `merged`.
-void PlaceDeferredItems(ImportState& state, std::string_view mergeId, const NodeSet& merged);
+void AddDeferredItems(ImportState& state, std::string_view mergeId, const NodeSet& merged);
 
 } // namespace XPJ

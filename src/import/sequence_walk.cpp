@@ -25,8 +25,8 @@ struct TrackReference {
     int trackIndex = 0; // among the project's tracks
 };
 
-// A sequence on the way. Nested sequences are kept on a stack of these, since references let a
-// document nest them deeper than its own elements.
+// A sequence whose references are being translated. Nested sequences are kept on a stack of these,
+// since references let a document nest them deeper than its own elements.
 struct SequenceWalk {
     ConstHandle sequence;
     ConstHandle characteristics; // of its video
@@ -65,7 +65,7 @@ SequenceWalk BeginWalk(const ImportOptions& options, ConstHandle sequence)
     return walk;
 }
 
-// The carrier of a title is in a bin only if it is a clip of its own there.
+// The media of a title is in a bin only if it is a clip of its own there.
 bool NeedsProjectItem(FileElement file)
 {
     return file.GetProperty("mediaSource") != "GraphicAndType";
