@@ -7,10 +7,10 @@ namespace XPJ::RVX {
 std::string FormatItemTime(const SequenceContext& context, Ticks start)
 {
     const ConstHandle properties = SequenceProperties(context.sequence);
-    const TimecodeBase form = TimecodeBaseOf(
+    const TimecodeBase counting = TimecodeBaseOf(
         context.frameTicks, IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat"));
     const Ticks time = AddTicks(Int64Property(properties, "MZ.ZeroPoint"), start);
-    return FormatTimecode(DivTicks(time, context.frameTicks), form.base, form.drop);
+    return FormatTimecode(DivTicks(time, context.frameTicks), counting.base, counting.drop);
 }
 
 ItemLocation LocationOfItem(const TrackContext& track, Ticks start, std::string_view clipName)
