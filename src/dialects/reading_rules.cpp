@@ -66,6 +66,16 @@ constexpr DialectRule kReadingRules[] = {
      .seen = "transitions without `effect`, or with an `alignment` that the format doesn't have",
      .does = "A plain dissolve or fade, in the middle of the cut.",
      .apply = CompleteTransitions},
+    {.name = "media of items",
+     .seen = "cuts of mixed rates without bins: the item counts in another rate than its file",
+     .does =
+         "Rate, length and start timecode of the media are the file's own; the rate of the item "
+         "counts the item.",
+     .file = "import/streams.cpp"},
+    {.name = "effects of browser clips",
+     .seen = "clips of a bin with a `filter` of their own, or on the item that shows their file",
+     .does = "They are effects of the master clip, as those of the file.",
+     .apply = TakeInClipFilters},
     {.name = "decimal commas",
      .seen = "effects written under a locale: a value of 0,5",
      .does = "Read as 0.5, in parameters that are numbers.",

@@ -113,4 +113,19 @@ void TakeInStrays(DialectPass& pass)
     pass.PartsChanged();
 }
 
+void TakeInClipFilters(DialectPass& pass)
+{
+    for (const ItemPart& part : pass.Parts().items) {
+        if (part.owner.GetName() != "clip" || part.type != MediaType::Video)
+            continue;
+        std::vector<ObjectHandle> filters;
+        for (const ObjectHandle& filter : part.item.GetChildren("filter"))
+            filters.push_back(filter);
+        for (const ObjectHandle& filter : filters) {
+            part.item.RemoveChild(filter);
+            part.owner.AddChild(filter);
+        }
+    }
+}
+
 } // namespace XPJ

@@ -89,23 +89,28 @@ char LowerCase(char c)
 
 } // namespace
 
-ObjectHandle MakeLoggingInfo(Document& document, const FileCatalog& files, ConstHandle element)
+ObjectHandle MakeLoggingInfo(const ImportState& state, ConstHandle element)
 {
-    const ObjectHandle info = document.NewObject("ClipLoggingInfo");
+    const ObjectHandle info = state.document.NewObject("ClipLoggingInfo");
     const ConstHandle filmData = element.GetChild("filmdata");
     CopyValues(element.GetChild("logginginfo"), LoggingFields(), info);
     CopyValues(filmData, FilmFields(), info);
     CopyValues(filmData.GetChild("keycode"), KeycodeFields(), info);
 
     const bool isSequence = element.GetName() == "sequence";
-    const FileElement file = FirstFileOf(files, element);
+    const FileElement file = FirstFileOf(state.files, element);
     const ConstHandle timed = isSequence ? element : ConstHandle(file);
     const ConstHandle video = TimecodeOf(timed, "source");
     AddNames(file, video, TimecodeOf(timed, "sound"), isSequence, info);
 
     const Ticks ownTicks = TicksOfRate(element.GetChild("rate"));
-    const Ticks frameTicks = ownTicks != 0 ? ownTicks : TicksOfRate(file.GetChild("rate"));
-    AddMediaRange(element, file, video, frameTicks, info);
+    const Ticks fileTicks = TicksOfRate(file.GetChild("rate"));
+    const Ticks frameTicks = ownTicks != 0 ? ownTicks : fileTicks;
+    const bool isOfFile = state.options.settings.openInterchange && fileTicks != 0;
+    if (isOfFile && HasValue(file, "duration"))
+        AddMediaRange(file, file, video, fileTicks, info);
+    else
+        AddMediaRange(element, file, video, frameTicks, info);
     AddTimecodeFormat(TimecodeFormatOf(element, file, frameTicks), info);
     return info;
 }

@@ -1,13 +1,15 @@
 // Descriptions of clips: logging fields, comments, labels, the good flag.
 #pragma once
 
+#include "import/import_state.h"
 #include "tree/object.h"
 #include "xmeml/files.h"
 
 namespace XPJ {
 
 // A new ClipLoggingInfo for a `clip`, `clipitem` or `sequence`.
-ObjectHandle MakeLoggingInfo(Document& document, const FileCatalog& files, ConstHandle element);
+// In open interchange length and start of its media are the file's own.
+ObjectHandle MakeLoggingInfo(const ImportState& state, ConstHandle element);
 
 // The one for clips without an element.
 ObjectHandle MakeDefaultLoggingInfo(Document& document);

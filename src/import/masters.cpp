@@ -58,13 +58,14 @@ constexpr Search kSearches[] = {FindFile, FindReferenced, FindInMedia, FindSelf}
 
 // ---- A new master
 
-// Video without a frame length of its own counts in that of the element.
-Ticks PointTicksOf(ConstHandle element, ObjectHandle clip)
+// Video without a frame length of its own counts in that of the element; in open interchange points
+// always do.
+Ticks PointTicksOf(const ImportState& state, ConstHandle element, ObjectHandle clip)
 {
     const Ticks own = Int64Property(clip, "FrameRate");
-    if (own != kAnyFrameTicks)
-        return own;
     const Ticks stated = TicksOfRate(element.GetChild("rate"));
+    if (own != kAnyFrameTicks && !(state.options.settings.openInterchange && stated != 0))
+        return own;
     return stated != 0 ? stated : kNtscFrameTicks;
 }
 
@@ -75,11 +76,12 @@ void AddPoint(const StatedTime& time, Ticks unit, ObjectHandle clip, Name key)
         clip.SetProperty(key, TickText(MultiplyTicks(time.value, unit)));
 }
 
-ObjectHandle MakeMasterVideoClip(Document& document, const ClipItem& element, ObjectHandle source)
+ObjectHandle MakeMasterVideoClip(const ImportState& state, const ClipItem& element,
+                                 ObjectHandle source)
 {
-    const ObjectHandle clip =
-        MakeVideoClip(document, source, {.scaleToFrameSize = IsTrue(element, "scaleToFrameSize")});
-    const Ticks unit = PointTicksOf(element, clip);
+    const ObjectHandle clip = MakeVideoClip(
+        state.document, source, {.scaleToFrameSize = IsTrue(element, "scaleToFrameSize")});
+    const Ticks unit = PointTicksOf(state, element, clip);
     AddPoint(element.times.in, unit, clip, "InPoint");
     AddPoint(element.times.out, unit, clip, "OutPoint");
     return clip;
@@ -149,14 +151,15 @@ bool AddAudio(Document& document, const ClipItem& element, const MasterFields& f
 }
 
 // The markers of a clip belong to its audio, without audio to its first video.
-void AddVideoMarkers(Document& document, ConstHandle element, bool hasAudio, BuiltMaster master)
+void AddVideoMarkers(const ImportState& state, ConstHandle element, bool hasAudio,
+                     BuiltMaster master)
 {
-    const Ticks unit = PointTicksOf(element, master.VideoClip());
+    const Ticks unit = PointTicksOf(state, element, master.VideoClip());
     ConstHandle owner = hasAudio ? ConstHandle() : element;
     for (const ObjectHandle& clip : master.GetChildren("Clip")) {
         if (clip.GetName() != "VideoClip")
             break;
-        clip.AddChild("Markers", TranslateMarkers(document, owner, unit));
+        clip.AddChild("Markers", TranslateMarkers(state.document, owner, unit));
         owner = {};
     }
 }
@@ -205,12 +208,12 @@ BuiltMaster BuildMasterClip(const ImportState& state, const ClipItem& element,
     AddUid(master);
     master.SetProperty("Name", fields.name.empty() ? element.GetProperty("name") : fields.name);
     for (const ObjectHandle& source : fields.sources.video)
-        master.AddChild("Clip", MakeMasterVideoClip(document, element, source));
+        master.AddChild("Clip", MakeMasterVideoClip(state, element, source));
     const bool hasAudio = AddAudio(document, element, fields, master);
-    AddVideoMarkers(document, element, hasAudio, master);
+    AddVideoMarkers(state, element, hasAudio, master);
 
-    master.AddChild("LoggingInfo", element ? MakeLoggingInfo(document, state.files, element)
-                                           : MakeDefaultLoggingInfo(document));
+    master.AddChild("LoggingInfo",
+                    element ? MakeLoggingInfo(state, element) : MakeDefaultLoggingInfo(document));
     if (!fields.sources.video.empty()) {
         const ObjectHandle chain = document.NewObject("VideoComponentChain");
         chain.SetPropertyShared("NextComponentID", "1");

@@ -186,25 +186,37 @@ private:
 
 // ---- Video and audio
 
-// Ticks a frame: of the element, else of the first file of its media, else of the file itself.
-Ticks FrameTicksOf(const FileCatalog& files, const FileUse& use)
+// Ticks a frame: of the element, else of the first file of its media, else of the file itself. In
+// open interchange a file that states its rate has it, whatever the elements count in that show it.
+Ticks FrameTicksOf(const ImportState& state, const FileUse& use)
 {
-    const ConstHandle first = FirstFileOf(files, use.element);
     const ConstHandle own = use.file;
-    for (const ConstHandle& node : {use.element, first, own})
+    const ConstHandle preferred = state.options.settings.openInterchange ? own : ConstHandle();
+    const ConstHandle first = FirstFileOf(state.files, use.element);
+    for (const ConstHandle& node : {preferred, use.element, first, own})
         if (const Ticks ticks = TicksOfRate(node.GetChild("rate")))
             return ticks;
     return 0;
 }
 
+// The length of the file, else of the element, in its own frames in open interchange.
+Ticks DurationOf(const ImportState& state, const FileUse& use, Ticks frameTicks)
+{
+    const bool isOfFile = HasValue(use.file, "duration");
+    const ConstHandle own = use.file;
+    const Frames frames = Int64Property(isOfFile ? own : use.element, "duration");
+    Ticks unit = frameTicks;
+    if (const Ticks counted = TicksOfRate(use.element.GetChild("rate"));
+        !isOfFile && counted > 0 && state.options.settings.openInterchange)
+        unit = counted;
+    return MultiplyTicks(std::max<Frames>(frames, 0), unit);
+}
+
 // Duration and boundaries that video and audio of the file have in common.
 SourceFields RangeOf(const ImportState& state, const FileUse& use, Ticks frameTicks)
 {
-    const std::string_view stated = HasValue(use.file, "duration")
-                                        ? use.file.GetProperty("duration")
-                                        : use.element.GetProperty("duration");
     SourceFields range;
-    range.duration = MultiplyTicks(std::max<std::int64_t>(ParseInt64(stated), 0), frameTicks);
+    range.duration = DurationOf(state, use, frameTicks);
     const SubclipRange part = ReadSubclipInfo(state.files, use.element);
     if (part.IsKnown()) {
         range.start = MultiplyTicks(part.start, frameTicks);
@@ -237,7 +249,7 @@ void AddVideoStream(const ImportState& state, const FileUse& use, const FrameFor
 
 MediaSources MakeFileSources(const ImportState& state, const FileUse& use)
 {
-    const Ticks frameTicks = FrameTicksOf(state.files, use);
+    const Ticks frameTicks = FrameTicksOf(state, use);
     const FrameFormat frame = FrameOfFile(use.element, use.file, use.characteristics);
     if (use.file.IsBarsAndTone() || use.file.IsGraphic())
         return MakeSyntheticSources(
