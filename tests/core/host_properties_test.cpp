@@ -27,7 +27,7 @@ TEST(HostProperties, PropertyNamesHaveTwoForms)
               "$$$/custom_xmp_schemas/s/property_name/Master Comment 1=Master Comment 1");
 }
 
-// A name in two places would be written twice.
+// A name in two lists would be written twice.
 TEST(HostProperties, ListsHoldEachNameOnce)
 {
     for (const auto list : {ColumnPropertyList(), SequenceUIPropertyList(), TrackUIPropertyList(),

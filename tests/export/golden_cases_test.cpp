@@ -37,7 +37,7 @@ ExportOptions OptionsOf(const GoldenSection& input)
     return options;
 }
 
-// A conversion that fails gives its result in place of the text.
+// A conversion that fails gives its result instead of the text.
 Exported Export(const GoldenSection& input)
 {
     SilentProgress progress;

@@ -43,7 +43,7 @@ std::string WithoutFolder(std::string text)
     return text;
 }
 
-// A conversion that fails gives its result in place of the project.
+// A conversion that fails gives its result instead of the project.
 Imported Import(const GoldenSection& input)
 {
     GoldenPlatform platform;

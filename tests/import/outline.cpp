@@ -11,7 +11,7 @@
 namespace XPJ {
 namespace {
 
-// What follows `key` up to one of `ends`, of all such places, joined by commas.
+// What follows `key` up to one of `ends`, wherever it is found, joined by commas.
 std::string FieldsOf(std::string_view json, std::string_view key, std::string_view ends)
 {
     std::string text;
@@ -73,7 +73,7 @@ private:
         for (const Element* const link : project_.List(sequence, "Link")) {
             std::string line = "link";
             for (const Element* const item : project_.List(*link, "TrackItem"))
-                line.append(" ").append(places_[item]);
+                line.append(" ").append(locations_[item]);
             AddLine(depth, line);
         }
         for (const Element* const group : {&video, &audio})
@@ -86,8 +86,9 @@ private:
     {
         int number = 0;
         for (const Element* const track : project_.List(group, "Track")) {
-            const std::string place = fmt::format("{}{}", kind, ++number);
-            std::string line = fmt::format("{} id {}", place, project_.Value(*track, "Track/ID"));
+            const std::string location = fmt::format("{}{}", kind, ++number);
+            std::string line =
+                fmt::format("{} id {}", location, project_.Value(*track, "Track/ID"));
             if (kind == 'A')
                 line += fmt::format(" type {} {}", project_.Value(*track, "ChannelType"),
                                     PannerText(project_.At(*track, "Panner")));
@@ -98,7 +99,7 @@ private:
                 line += fmt::format(" \"{}\"", name);
             int position = 0;
             for (const Element* const item : project_.List(*track, "TrackItem")) {
-                places_[item] = fmt::format("{}.{}", place, ++position);
+                locations_[item] = fmt::format("{}.{}", location, ++position);
                 line.append(position == 1 ? ": " : ", ").append(ItemText(*item, frameTicks));
             }
             AddLine(depth, line);
@@ -153,7 +154,7 @@ private:
         return text;
     }
 
-    // "A>B 90-110 cut 10": neighbours, place and cut in frames, and what is played.
+    // "A>B 90-110 cut 10": neighbours, range and cut in frames, and what is played.
     std::string TransitionText(const Element& track, const Element& transition,
                                std::int64_t frameTicks) const
     {
@@ -209,7 +210,7 @@ private:
     ProjectText project_;
     std::string text_;
     std::set<const Element*> seen_;
-    std::map<const Element*, std::string> places_; // "V1.2", by track item
+    std::map<const Element*, std::string> locations_; // "V1.2", by track item
 };
 
 // Ticks as a count of units; what is no count of them, or has no unit, stays as it is.

@@ -24,11 +24,11 @@ namespace {
 struct Source {
     std::string document;
     std::string text;
-    bool isHandOff = false; // in the audio editor's form
+    bool isHandOff = false; // a document of the audio editor
     bool isGolden = false;
 };
 
-// Golden inputs are brief and leave out where a file lies; a medium without a place is no medium.
+// Golden inputs are brief and state no paths; a file without a path has no media.
 void PlaceFiles(ObjectHandle element, int depth = 0)
 {
     constexpr int kDeepest = 100;

@@ -88,8 +88,8 @@ class Numbering {
 public:
     std::string NumberOf(std::string_view text)
     {
-        const auto place = numbers_.emplace(std::string(text), numbers_.size() + 1).first;
-        return UintToString(place->second);
+        const auto entry = numbers_.emplace(std::string(text), numbers_.size() + 1).first;
+        return UintToString(entry->second);
     }
 
 private:
@@ -196,22 +196,22 @@ std::string NormaliseIds(std::string_view text)
     Numbering objects;
     Numbering guids;
     std::string result;
-    for (std::size_t place = 0; place < text.size();) {
-        const std::string_view rest = text.substr(place);
+    for (std::size_t at = 0; at < text.size();) {
+        const std::string_view rest = text.substr(at);
         for (const std::string_view mark : {"ObjectID=\"", "ObjectRef=\""}) {
             if (!rest.starts_with(mark))
                 continue;
             const std::string_view value = rest.substr(mark.size());
             const std::string_view number = value.substr(0, value.find('"'));
             result.append(mark).append(objects.NumberOf(number));
-            place += mark.size() + number.size();
+            at += mark.size() + number.size();
         }
         if (rest.starts_with(kGuidMark)) {
             result.append("G").append(guids.NumberOf(rest.substr(0, kGuidSize)));
-            place += kGuidSize;
+            at += kGuidSize;
         }
-        if (place < text.size())
-            result += text[place++];
+        if (at < text.size())
+            result += text[at++];
     }
     return result;
 }

@@ -1,5 +1,5 @@
 // A tree made from the table of elements, written, read back and compared: what is lost is what the
-// table says.
+// table skips.
 #include "gtest/gtest.h"
 
 #include "support/lost_names.h"
@@ -36,7 +36,7 @@ public:
 private:
     std::string Text() { return "v" + std::to_string(++count_); }
 
-    // What the table says that the reader doesn't take.
+    // What the reader skips, by the table.
     void Expect(ObjectHandle node, Name name, const FieldUse& use)
     {
         if (!use.isRead)

@@ -18,7 +18,7 @@ std::string DocumentText(ObjectHandle root, bool vl2snMode = false)
     return output.str();
 }
 
-// An entry of the project's list, written with two tabs less than it stands at.
+// An entry of the project's list as it is written, without the two tabs of the list's own level.
 std::string WriteEntry(Document& d, ObjectHandle entry)
 {
     const ObjectHandle children = Make(d, "children", {}, {{Name(), entry}});
@@ -35,7 +35,7 @@ std::string WriteEntry(Document& d, ObjectHandle entry)
     return result;
 }
 
-// What stands in a `clip`'s media for a track of one item.
+// What a `clip` has in its media for a track of one item.
 std::string WriteItem(Document& d, ObjectHandle item)
 {
     const ObjectHandle track = Make(d, "track", {}, {{Name(), item}});
@@ -243,7 +243,7 @@ TEST(XmemlWriter, AudioOfAFile)
         const char* type;
         const char* count;
         int elements;
-        const char* last; // contents of the last one, tabs left out
+        const char* last; // contents of the last one, without tabs
     };
     const Row rows[] = {
         {"", "2", 1, ""},
