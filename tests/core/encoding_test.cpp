@@ -24,7 +24,7 @@ std::string Declared(const std::string& encoding, const std::string& content)
     return "<?xml version=\"1.0\" encoding=\"" + encoding + "\"?>" + content;
 }
 
-TEST(DecodeDocument, TellsTheEncoding)
+TEST(DecodeDocument, FindsTheEncoding)
 {
     const struct {
         std::string bytes;

@@ -18,7 +18,7 @@ TEST(HostProperties, LabelColorsMapBothWays)
     EXPECT_EQ(LabelNameOf("BE.Prefs.LabelColors.8"), "");
 }
 
-TEST(HostProperties, PropertyNamesHaveTwoForms)
+TEST(HostProperties, PropertyNamesHaveTwoSpellings)
 {
     EXPECT_EQ(PropertyLabel("Clip_95_Comment_95_A"), "Clip Comment A");
     EXPECT_EQ(XMPPropertyName("Clip_95_Comment_95_A"), "Clip_Comment_A");

@@ -27,7 +27,7 @@ void ExpectFault(std::string_view bytes, int line, int column, std::string_view 
     EXPECT_FALSE(ReadTable(bytes, "dusk.cube")) << what;
 }
 
-TEST(TableFaults, InOnePlaceOfASoundText)
+TEST(TableFaults, InOneSpotOfAValidText)
 {
     const std::map<std::string, std::string> samples = {
         {"Cube", CubeText()}, {"LineCube", LineCubeText()}, {"Truelight", TruelightText()},

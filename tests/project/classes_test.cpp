@@ -61,7 +61,7 @@ TEST(Classes, FieldsAreUsedOrSkippedWithAReason)
     }
 }
 
-TEST(Classes, WhatIsNotUsedInBothDirectionsSaysWhy)
+TEST(Classes, WhatIsNotUsedInBothDirectionsHasAReason)
 {
     const auto isPlain = [](const FieldUse& use) {
         return use.isRead && use.isUsed && use.isWritten;

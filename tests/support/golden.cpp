@@ -1,6 +1,7 @@
 #include "support/golden.h"
 
 #include "core/numbers.h"
+#include "tree/reading.h"
 
 #include <algorithm>
 #include <cctype>
@@ -97,6 +98,17 @@ private:
 };
 
 } // namespace
+
+std::string_view ArgumentOf(const GoldenSection& output, std::string_view key)
+{
+    const std::string_view arguments = output.arguments;
+    return arguments.starts_with(key) ? arguments.substr(key.size()) : std::string_view();
+}
+
+std::string FailureText(int read, int result)
+{
+    return read != kReadDone ? fmt::format("read {}\n", read) : fmt::format("result {}\n", result);
+}
 
 GoldenCase ParseGoldenCase(std::string_view text)
 {

@@ -84,7 +84,7 @@ TEST(Elements, FieldsAreUsedOrSkippedWithAReason)
     }
 }
 
-TEST(Elements, WhatIsNotUsedInBothDirectionsSaysWhy)
+TEST(Elements, WhatIsNotUsedInBothDirectionsHasAReason)
 {
     const auto isPlain = [](const FieldUse& use) {
         return use.isRead && use.isUsed && use.isWritten;

@@ -135,18 +135,24 @@ void Compare(ObjectHandle made, ObjectHandle read, Losses& losses)
     }
 }
 
+// The root of what is read into `read`.
+ObjectHandle WrittenAndRead(Document& d, ObjectHandle project, Document& read)
+{
+    SilentProgress progress;
+    std::ostringstream text;
+    WriteFCPXML(Make(d, "xmeml", {}, {{"project", project}}), progress, false, text);
+    ObjectHandle root;
+    EXPECT_EQ(ParseFCPXML(read.Store(text.str()), read, root), kReadDone);
+    return root;
+}
+
 TEST(RoundTrip, Xmeml)
 {
     Document d;
     Losses expected;
     const ObjectHandle project = XmemlTree(d, expected).Build("project");
-    SilentProgress progress;
-    std::ostringstream text;
-    WriteFCPXML(Make(d, "xmeml", {}, {{"project", project}}), progress, false, text);
     Document read;
-    ObjectHandle root;
-    const std::string bytes = text.str();
-    ASSERT_EQ(ParseFCPXML(bytes, read, root), kReadDone);
+    const ObjectHandle root = WrittenAndRead(d, project, read);
     Losses losses;
     Compare(project, root.GetChild(Name("project")), losses);
     EXPECT_EQ(Print(losses), Print(expected));
@@ -163,13 +169,8 @@ TEST(RoundTrip, PlainValues)
     const ObjectHandle sequence = Make(d, "sequence", {{"id", "s"}}, {{"filter", filter}});
     const ObjectHandle children = Make(d, "children", {}, {{"sequence", sequence}});
     const ObjectHandle project = Make(d, "project", {}, {{"children", children}});
-    SilentProgress progress;
-    std::ostringstream text;
-    WriteFCPXML(Make(d, "xmeml", {}, {{"project", project}}), progress, false, text);
     Document read;
-    ObjectHandle root;
-    const std::string bytes = text.str();
-    ASSERT_EQ(ParseFCPXML(bytes, read, root), kReadDone);
+    const ObjectHandle root = WrittenAndRead(d, project, read);
     const ObjectHandle back =
         FindPath(root, {"project", "children", "sequence", "filter", "effect", "parameter"});
     EXPECT_EQ(back.GetChild(Name("value")).GetProperty(Name("value")), "3");
