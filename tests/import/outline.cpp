@@ -23,6 +23,14 @@ std::string FieldsOf(std::string_view json, std::string_view key, std::string_vi
     return text;
 }
 
+// Behind `what`, a number that is not the usual one; "none" if there is none.
+std::string OtherThan(std::size_t usual, std::string_view what, const std::string& number)
+{
+    if (number == fmt::format("{}", usual))
+        return {};
+    return fmt::format(" {} {}", what, number.empty() ? "none" : number);
+}
+
 class Timelines {
 public:
     explicit Timelines(std::string_view text) : project_(text) {}
@@ -65,9 +73,11 @@ private:
         AddTracks(video, 'V', frameTicks, depth);
         AddTracks(audio, 'A', frameTicks, depth);
         AddLine(depth,
-                fmt::format("next {} {}, master {} of {} channels", value(video, "NextTrackID"),
+                fmt::format("next {} {}, master {} of {} channels{}", value(video, "NextTrackID"),
                             value(audio, "NextTrackID"), value(audio, "MasterTrack/ChannelType"),
-                            value(audio, "NumAdaptiveChannels")));
+                            value(audio, "NumAdaptiveChannels"),
+                            OtherThan(project_.List(audio, "Track").size(), "at",
+                                      value(audio, "MasterTrack/Index"))));
         for (const std::string& marker : Markers(sequence, frameTicks))
             AddLine(depth, "marker " + marker);
         for (const Element* const link : project_.List(sequence, "Link")) {
@@ -144,11 +154,14 @@ private:
             text += fmt::format(" remapped {}..{} {}", project_.Value(graph, "LowerBound"),
                                 project_.Value(graph, "UpperBound"),
                                 project_.Value(graph, "Keyframes"));
+        const std::vector<const Element*> channels = project_.List(clip, "SecondaryContentItem");
         if (clip.name == "AudioClip")
             text += " ch";
-        for (const Element* const channel : project_.List(clip, "SecondaryContentItem"))
+        for (const Element* const channel : channels)
             if (!project_.At(*channel, "Content").IsNone())
                 text += " " + project_.Value(*channel, "ChannelIndex");
+        if (project_.Value(clip, "ChannelType") == "3")
+            text += OtherThan(channels.size(), "of", project_.Value(clip, "NumChannels"));
         for (const std::string& marker : Markers(clip, frameTicks))
             text += " marker " + marker;
         return text;
