@@ -23,14 +23,6 @@ std::string FieldsOf(std::string_view json, std::string_view key, std::string_vi
     return text;
 }
 
-// Behind `what`, a number that is not the usual one; "none" if there is none.
-std::string OtherThan(std::size_t usual, std::string_view what, const std::string& number)
-{
-    if (number == fmt::format("{}", usual))
-        return {};
-    return fmt::format(" {} {}", what, number.empty() ? "none" : number);
-}
-
 class Timelines {
 public:
     explicit Timelines(std::string_view text) : project_(text) {}
@@ -72,12 +64,13 @@ private:
                                        value(sequence, "MZ.Sequence.VideoTimeDisplayFormat")));
         AddTracks(video, 'V', frameTicks, depth);
         AddTracks(audio, 'A', frameTicks, depth);
+        const std::string tracks = fmt::format("{}", project_.List(audio, "Track").size());
+        const std::string index = value(audio, "MasterTrack/Index"); // mostly behind all tracks
         AddLine(depth,
                 fmt::format("next {} {}, master {} of {} channels{}", value(video, "NextTrackID"),
                             value(audio, "NextTrackID"), value(audio, "MasterTrack/ChannelType"),
                             value(audio, "NumAdaptiveChannels"),
-                            OtherThan(project_.List(audio, "Track").size(), "at",
-                                      value(audio, "MasterTrack/Index"))));
+                            index == tracks ? "" : " at " + index));
         for (const std::string& marker : Markers(sequence, frameTicks))
             AddLine(depth, "marker " + marker);
         for (const Element* const link : project_.List(sequence, "Link")) {
@@ -154,14 +147,11 @@ private:
             text += fmt::format(" remapped {}..{} {}", project_.Value(graph, "LowerBound"),
                                 project_.Value(graph, "UpperBound"),
                                 project_.Value(graph, "Keyframes"));
-        const std::vector<const Element*> channels = project_.List(clip, "SecondaryContentItem");
         if (clip.name == "AudioClip")
             text += " ch";
-        for (const Element* const channel : channels)
+        for (const Element* const channel : project_.List(clip, "SecondaryContentItem"))
             if (!project_.At(*channel, "Content").IsNone())
                 text += " " + project_.Value(*channel, "ChannelIndex");
-        if (project_.Value(clip, "ChannelType") == "3")
-            text += OtherThan(channels.size(), "of", project_.Value(clip, "NumChannels"));
         for (const std::string& marker : Markers(clip, frameTicks))
             text += " marker " + marker;
         return text;
