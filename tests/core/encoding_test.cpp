@@ -8,12 +8,12 @@ namespace {
 using namespace std::string_literals;
 
 // ASCII text in units of `size` bytes, the given byte of each set.
-std::string Wide(std::string_view text, std::size_t size, std::size_t place)
+std::string Wide(std::string_view text, std::size_t size, std::size_t at)
 {
     std::string bytes;
     for (const char c : text) {
         std::string unit(size, '\0');
-        unit[place] = c;
+        unit[at] = c;
         bytes += unit;
     }
     return bytes;
@@ -24,7 +24,7 @@ std::string Declared(const std::string& encoding, const std::string& content)
     return "<?xml version=\"1.0\" encoding=\"" + encoding + "\"?>" + content;
 }
 
-TEST(DecodeDocument, TellsTheEncoding)
+TEST(DecodeDocument, FindsTheEncoding)
 {
     const struct {
         std::string bytes;
@@ -40,7 +40,7 @@ TEST(DecodeDocument, TellsTheEncoding)
         {"<?xml version='1.0' encoding = 'windows-1252' ?>\x80", "windows-1252", "\xE2\x82\xAC"},
         {Declared("x-mac-roman", "\x8E"), "MACINTOSH", "\xC3\xA9"},
         {Declared("Shift_JIS", "\x93\xFA\x96\x7B"), "Shift_JIS", "\xE6\x97\xA5\xE6\x9C\xAC"},
-        // Says what can't be.
+        // Claims what can't be.
         {Declared("UTF-16", "\xC3\xA9"), "UTF-8", "\xC3\xA9"},
         {Declared("EBCDIC-US", "\xC3\xA9"), "UTF-8", "\xC3\xA9"},
         {Declared("//TRANSLIT", "\xC3\xA9"), "UTF-8", "\xC3\xA9"},

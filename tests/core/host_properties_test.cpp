@@ -18,7 +18,7 @@ TEST(HostProperties, LabelColorsMapBothWays)
     EXPECT_EQ(LabelNameOf("BE.Prefs.LabelColors.8"), "");
 }
 
-TEST(HostProperties, PropertyNamesHaveTwoForms)
+TEST(HostProperties, PropertyNamesHaveTwoSpellings)
 {
     EXPECT_EQ(PropertyLabel("Clip_95_Comment_95_A"), "Clip Comment A");
     EXPECT_EQ(XMPPropertyName("Clip_95_Comment_95_A"), "Clip_Comment_A");
@@ -27,7 +27,7 @@ TEST(HostProperties, PropertyNamesHaveTwoForms)
               "$$$/custom_xmp_schemas/s/property_name/Master Comment 1=Master Comment 1");
 }
 
-// A name in two places would be written twice.
+// A name in two lists would be written twice.
 TEST(HostProperties, ListsHoldEachNameOnce)
 {
     for (const auto list : {ColumnPropertyList(), SequenceUIPropertyList(), TrackUIPropertyList(),

@@ -21,7 +21,7 @@ TranslationIssue Base()
 }
 
 // Each field decides before all that follow it.
-TEST(IssueOrder, ComparesPlaceFirst)
+TEST(IssueOrder, ComparesLocationFirst)
 {
     using Change = std::function<void(TranslationIssue&, int)>;
     const Change kFields[] = {

@@ -1,10 +1,7 @@
-#include "export/export_driver.h"
 #include "export/outline.h"
-#include "project/reader.h"
 #include "support/document_text.h"
+#include "support/export_text.h"
 #include "support/golden.h"
-#include "tree/reading.h"
-#include "xmeml/writer.h"
 
 #include <sstream>
 
@@ -13,13 +10,7 @@
 namespace XPJ::RVX {
 namespace {
 
-struct Exported {
-    std::string xmeml;
-    std::string issues;
-    std::string skipped;
-};
-
-// Words behind `%% project`, or `%% nested`: "vl2sn", "transform", "sequence=GUID".
+// The arguments of `%% project`, or `%% nested`: "vl2sn", "transform", "sequence=GUID".
 ExportOptions OptionsOf(const GoldenSection& input)
 {
     ExportOptions options;
@@ -37,39 +28,17 @@ ExportOptions OptionsOf(const GoldenSection& input)
     return options;
 }
 
-// A conversion that fails gives its result in place of the text.
+// A conversion that fails gives its result instead of the text.
 Exported Export(const GoldenSection& input)
 {
-    SilentProgress progress;
     IdCounters ids; // so that every case counts from 1
     ExportOptions options = OptionsOf(input);
     options.ids = &ids;
-    Document inputDocument;
-    ObjectHandle root;
-    std::istringstream text(input.name == "nested" ? FlatProject(input.text) : input.text);
-    const int read = ReadProjectDocument(text, inputDocument, root);
-    if (read != kReadDone)
-        return {"read " + std::to_string(read) + "\n", {}, {}};
-
-    Document document;
-    ObjectHandle xmeml;
-    IssueSet issues;
-    SkippedList skipped;
-    const int result =
-        TranslateProjectDocument(root, options, progress, document, issues, xmeml, &skipped);
-    const std::string issueText = IssueText(issues, Direction::Export);
-    if (result != kSuccess)
-        return {"result " + std::to_string(result) + "\n", issueText, {}};
-
-    std::ostringstream output;
-    WriteFCPXML(xmeml, progress, options.vl2snMode, output);
-    return {output.str(), issueText, SkippedText(skipped)};
-}
-
-std::string_view ArgumentOf(const GoldenSection& output, std::string_view key)
-{
-    const std::string_view arguments = output.arguments;
-    return arguments.starts_with(key) ? arguments.substr(key.size()) : std::string_view();
+    Exported exported =
+        ExportText(input.name == "nested" ? FlatProject(input.text) : input.text, options);
+    if (exported.xmeml.empty())
+        exported.xmeml = FailureText(exported.read, exported.result);
+    return exported;
 }
 
 std::string Produce(const GoldenSection& input, const GoldenSection& output)

@@ -1,15 +1,11 @@
 // Exports as a whole beyond what a case can show: stopping, growth, circles, rates that cannot be.
-#include "core/progress.h"
-#include "export/export_driver.h"
-#include "project/reader.h"
+#include "support/count_of.h"
 #include "support/document_text.h"
+#include "support/export_text.h"
 #include "support/test_progress.h"
-#include "tree/reading.h"
 #include "xmeml/reader.h"
-#include "xmeml/writer.h"
 
 #include <set>
-#include <sstream>
 #include <stdexcept>
 
 #include <gtest/gtest.h>
@@ -17,35 +13,11 @@
 namespace XPJ::RVX {
 namespace {
 
-struct Exported {
-    int result = 0;
-    std::string xmeml;
-};
-
-Exported Export(const std::string& project, Progress& progress)
+Exported Export(const std::string& project, Progress* progress = nullptr)
 {
-    std::istringstream text(project);
-    Document input;
-    Document document;
-    ObjectHandle root;
-    ObjectHandle xmeml;
-    IssueSet issues;
-    EXPECT_EQ(ReadProjectDocument(text, input, root), kReadDone);
     ExportOptions options;
     options.projectTitle = "A & <B> &amp; C";
-    const int result = TranslateProjectDocument(root, options, progress, document, issues, xmeml);
-    if (result != kSuccess)
-        return {result, {}};
-    std::ostringstream output;
-    SilentProgress silent;
-    EXPECT_EQ(WriteFCPXML(xmeml, silent, false, output), kWriteDone);
-    return {result, output.str()};
-}
-
-std::string ExportText(const std::string& project)
-{
-    SilentProgress progress;
-    return Export(project, progress).xmeml;
+    return ExportText(project, options, progress);
 }
 
 std::string ProjectOf(const std::string& items, const std::string& objects)
@@ -129,22 +101,17 @@ int CollectIds(const Element& element, std::multiset<std::string>& ids)
     return depth + 1;
 }
 
-TEST(Export, StopsAtEveryQuestion)
+TEST(Export, StopsAtEachCheck)
 {
     const std::string project = ProjectOf("<Item ObjectURef=\"b\"/>", Bin("b", "none"));
-    for (int question = 0; question < 3; ++question) {
-        TestProgress progress(question);
-        const Exported exported = Export(project, progress);
-        EXPECT_EQ(exported.result, kAborted) << question;
-        EXPECT_EQ(progress.OpenStages(), 0) << question;
-    }
+    const auto job = [&](Progress& progress) { return Export(project, &progress).result; };
+    EXPECT_GE(ExpectStopsAtEachCheck(job, kSuccess, kAborted).checks, 3u);
 }
 
 TEST(Export, ProjectsOfNothing)
 {
-    SilentProgress progress;
-    EXPECT_EQ(Export("<VelaData Version=\"3\"></VelaData>", progress).result, kNoFCPDataFound);
-    const Element project = ParseElements(ExportText(ProjectOf("", ""))).Child("project");
+    EXPECT_EQ(Export("<VelaData Version=\"3\"></VelaData>").result, kNoFCPDataFound);
+    const Element project = ParseElements(Export(ProjectOf("", "")).xmeml).Child("project");
     EXPECT_EQ(project.Child("name").text, "A &amp; &lt;B&gt; &amp; C");
     EXPECT_EQ(project.children.size(), 1u);
 }
@@ -156,11 +123,8 @@ TEST(Export, BinsMayNestDeepAndInACircle)
     std::string bins;
     for (int i = 0; i < kCount; ++i)
         bins += Bin("b" + std::to_string(i), "b" + std::to_string((i + 1) % kCount));
-    const std::string text = ExportText(ProjectOf("<Item ObjectURef=\"b0\"/>", bins));
-    std::size_t count = 0;
-    for (std::size_t at = text.find("<bin>"); at != text.npos; at = text.find("<bin>", at + 1))
-        ++count;
-    EXPECT_GE(count, static_cast<std::size_t>(kCount));
+    const std::string text = Export(ProjectOf("<Item ObjectURef=\"b0\"/>", bins)).xmeml;
+    EXPECT_GE(CountOf(text, "<bin>"), static_cast<std::size_t>(kCount));
     Document back;
     ObjectHandle read;
     EXPECT_EQ(ParseFCPXML(text, back, read), kReadDone);
@@ -169,7 +133,7 @@ TEST(Export, BinsMayNestDeepAndInACircle)
 TEST(Export, NestedSequencesAreWrittenOnceEachAndSideBySide)
 {
     constexpr std::size_t kCount = 500;
-    const std::string text = ExportText(CircleOf(kCount, "10160640000"));
+    const std::string text = Export(CircleOf(kCount, "10160640000")).xmeml;
     std::multiset<std::string> ids;
     EXPECT_LT(CollectIds(ParseElements(text), ids), 50);
     EXPECT_EQ(ids.size(), kCount);
@@ -180,7 +144,7 @@ TEST(Export, RatesThatCannotBe)
 {
     const auto faultOf = [](const std::string& project) -> std::string {
         try {
-            ExportText(project);
+            Export(project);
         } catch (const DocumentFault& fault) {
             return fault.what();
         }
@@ -192,7 +156,7 @@ TEST(Export, RatesThatCannotBe)
     EXPECT_EQ(faultOf(CircleOf(1, "0")), "sequence <Cut> has a frame length of 0");
     EXPECT_EQ(faultOf(CircleOf(1, "9223372036854775807")), "none");
     for (const char* const noRate : {"9223372036854775807", "-1"}) {
-        const Element document = ParseElements(ExportText(ClipProject(noRate, "5292000")));
+        const Element document = ParseElements(Export(ClipProject(noRate, "5292000")).xmeml);
         const Element& clip = document.Child("project").Child("children").Child("clip");
         EXPECT_EQ(clip.Child("in").text, "11") << noRate;
     }
@@ -202,7 +166,7 @@ TEST(Export, TwoExportsOfAProcessShareNoId)
 {
     const std::string project = ClipProject("8475667200", "5292000");
     const auto idOf = [&] {
-        const Element document = ParseElements(ExportText(project));
+        const Element document = ParseElements(Export(project).xmeml);
         return std::string(
             document.Child("project").Child("children").Child("clip").Attribute("id"));
     };

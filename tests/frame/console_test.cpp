@@ -15,15 +15,15 @@ namespace {
 class Console : public testing::Test {
 protected:
     // The lines that aren't about progress.
-    std::string Said()
+    std::string Printed()
     {
         std::istringstream lines(out_.str());
-        std::string said;
+        std::string printed;
         for (std::string line; std::getline(lines, line);)
             if (!line.starts_with("Progress: "))
-                said += line + "\n";
+                printed += line + "\n";
         out_.str("");
-        return said;
+        return printed;
     }
 
     TempFolder reports_;
@@ -72,10 +72,10 @@ TEST_F(Console, ConvertsBothWays)
     const std::string xml = folder_.Write("a.xml", kSmallXML);
     const std::string project = folder_ / "a.vlproj";
     EXPECT_EQ(ConvertFile(ImportRequest(xml, project), out_), kSuccess);
-    EXPECT_EQ(Said(), "");
+    EXPECT_EQ(Printed(), "");
     const std::string back = folder_ / "b.xml";
     EXPECT_EQ(ConvertByExtension({.inputPath = project, .outputPath = back}, out_), kSuccess);
-    EXPECT_EQ(Said(), "");
+    EXPECT_EQ(Printed(), "");
     EXPECT_NE(TempFolder::Read(back).find("<name>Vela Project</name>"), std::string::npos);
     EXPECT_EQ(folder_.FileCount(), 3u);
 }
@@ -84,8 +84,9 @@ TEST_F(Console, PrintsIssues)
 {
     const std::string xml = folder_.Write("a.xml", kFutureXML);
     EXPECT_EQ(ConvertFile(ImportRequest(xml, folder_ / "a.vlproj"), out_), kSuccess);
-    EXPECT_EQ(Said(), "Translation issue:\r\n\tFCP XML xmeml version (9) is not one we recognize "
-                      "(1-5), results may not be predictable.\r\n");
+    EXPECT_EQ(Printed(),
+              "Translation issue:\r\n\tFCP XML xmeml version (9) is not one we recognize "
+              "(1-5), results may not be predictable.\r\n");
     const ConversionOutcome outcome = ConvertFiles(ImportRequest(xml, folder_ / "b.vlproj"));
     EXPECT_EQ(outcome.issues.size(), 1u);
     EXPECT_TRUE(FileExists(outcome.reportPath));
@@ -101,7 +102,7 @@ TEST_F(Console, PrintsTheReasonOfAFailure)
     const struct {
         std::string input;
         int result;
-        std::string said;
+        std::string printed;
     } rows[] = {
         {missing, kInputCouldNotBeOpened, "The input file could not be opened.\n"},
         {empty, kNoFCPDataFound, "No FCP data found in input file.\n"},
@@ -115,10 +116,10 @@ TEST_F(Console, PrintsTheReasonOfAFailure)
         {folder_ / "none.vlproj", kInputCouldNotBeOpened, "The input file could not be opened.\n"},
     };
     const std::string output = folder_.Write("out", "old");
-    for (const auto& [input, result, said] : rows) {
+    for (const auto& [input, result, printed] : rows) {
         EXPECT_EQ(ConvertByExtension({.inputPath = input, .outputPath = output}, out_), result)
             << input;
-        EXPECT_EQ(Said(), "XPJConvert: " + said);
+        EXPECT_EQ(Printed(), "XPJConvert: " + printed);
         EXPECT_EQ(TempFolder::Read(output), "old");
     }
     EXPECT_EQ(folder_.FileCount(), 4u);
@@ -250,7 +251,7 @@ TEST_F(Console, TheHandOffIsAnnounced)
     EXPECT_EQ(ConvertByExtension(
                   {.inputPath = project, .outputPath = folder_ / "a.xml", .handOff = true}, out_),
               kSuccess);
-    EXPECT_EQ(Said(), "Processing for Sonara consumption...\n");
+    EXPECT_EQ(Printed(), "Processing for Sonara consumption...\n");
 }
 
 } // namespace

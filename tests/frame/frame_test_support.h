@@ -4,13 +4,13 @@
 #include "core/text.h"
 #include "platform/default_platform.h"
 #include "platform/platform.h"
+#include "support/fixed_time.h"
 #include "support/temp_folder.h"
 
 #include <vela_fcpxml/plugin.h>
 
 #include <algorithm>
 #include <cstring>
-#include <ctime>
 #include <string>
 #include <vector>
 
@@ -37,16 +37,7 @@ class TestPlatform final : public DefaultPlatform {
 public:
     explicit TestPlatform(const TempFolder& reports) { SetReportFolder(reports.Path()); }
 
-    std::chrono::system_clock::time_point Now() override
-    {
-        std::tm time{};
-        time.tm_year = 116;
-        time.tm_mday = 2;
-        time.tm_hour = 3;
-        time.tm_min = 4;
-        time.tm_isdst = -1;
-        return std::chrono::system_clock::from_time_t(std::mktime(&time));
-    }
+    std::chrono::system_clock::time_point Now() override { return FixedTime(); }
     bool HasUserInterface() override { return hasUserInterface; }
     void ShowMessageBox(const std::string& title, const std::string& text,
                         const std::string& button) override

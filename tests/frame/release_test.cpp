@@ -60,10 +60,10 @@ TEST(ReleaseTree, StopsWhenCancelled)
     const ObjectHandle root = document.NewObject("root");
     for (int i = 0; i < 1000; ++i)
         root.AddChild(document.NewObject("node"));
-    for (int check = 0; check < 4; ++check) {
+    for (unsigned check = 1; check <= 4; ++check) {
         TestProgress progress(check);
         EXPECT_EQ(ReleaseTree(root, progress), kAborted) << check;
-        EXPECT_EQ(progress.OpenStages(), 0) << check;
+        EXPECT_EQ(progress.open, 0u) << check;
         EXPECT_TRUE(root.HasChildren()) << check;
     }
     TestProgress progress;

@@ -190,7 +190,7 @@ TEST(LookTables, BehindTheDocument)
     EXPECT_EQ(shared->externalLUTs[0].fileName, "d c.cube");
 }
 
-TEST(LookTables, NamesThatCannotStandBareAreQuoted)
+TEST(LookTables, NamesThatNeedQuotesHaveThem)
 {
     for (const std::string_view name : {" a", "a ", "a<b", "a\nb", ""}) {
         const std::optional<CGrading> grading = ReadLookDocument(

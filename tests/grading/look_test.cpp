@@ -150,9 +150,8 @@ TEST(Look, BodyWithoutRoot)
     EXPECT_EQ(layers("<look><data>1</data></look>"), "null");
 }
 
-TEST(Look, SaysWhyItCannotBeRead)
+TEST(Look, StatesWhyItCannotBeRead)
 {
-
     for (const auto& row : ReadRows("grading/look_faults.txt", 2))
         EXPECT_EQ(Rewritten(row[0]), row[1]) << row[0];
 }
@@ -196,7 +195,7 @@ TEST(Look, DeepParametersOfALooseLayerComeBack)
     EXPECT_EQ(Rewritten(shader(61)).substr(0, 13), "Expected </a>");
 }
 
-TEST(Look, LongValuesComeBackWhole)
+TEST(Look, LongValuesComeBackInFull)
 {
     const std::string value(10'000'000, 'x');
     const std::optional<CGrading> grading =

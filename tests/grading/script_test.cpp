@@ -1,10 +1,9 @@
 #include "grading/script_parser.h"
 #include "grading/script_program.h"
 #include "support/rows.h"
+#include "support/small_stack.h"
 
 #include <gtest/gtest.h>
-
-#include <pthread.h>
 
 #include <array>
 #include <limits>
@@ -45,31 +44,20 @@ double Result(std::string_view script)
     return value;
 }
 
-std::string Repeated(std::string_view text, int count)
-{
-    std::string result;
-    for (int i = 0; i < count; ++i)
-        result += text;
-    return result;
-}
-
 TEST(Script, Expressions)
 {
-
     for (const auto& row : ReadRows("grading/script_values.txt", 2))
         EXPECT_DOUBLE_EQ(Result("two-1 = 0; x = " + row[0] + ";"), std::stod(row[1])) << row[0];
 }
 
 TEST(Script, Statements)
 {
-
     for (const auto& row : ReadRows("grading/script_statements.txt", 2))
         EXPECT_EQ(Result(row[0]), std::stod(row[1])) << row[0];
 }
 
 TEST(Script, Messages)
 {
-
     for (const auto& row : ReadRows("grading/script_messages.txt", 2))
         EXPECT_EQ(Message(row[0]), row[1]) << row[0];
 
@@ -150,10 +138,10 @@ TEST(Script, VectorsOfTheHost)
     EXPECT_TRUE(parser.Compile("e = e + 1;", error)) << "the host's name comes before a constant";
 }
 
-// Everything that nests or grows, on the smallest stack a host's thread may have.
-void* RunHugeScripts(void*)
+// Everything that nests or grows.
+void RunHugeScripts()
 {
-    constexpr int kDeep = 10000;
+    constexpr std::size_t kDeep = 10000;
     const std::string overflow = "An error occured while executing script: Unspecified error.";
     const struct {
         std::string script;
@@ -179,19 +167,11 @@ void* RunHugeScripts(void*)
     };
     for (const auto& row : kCases)
         EXPECT_EQ(Message(row.script), row.message) << row.script.substr(0, 40);
-    return nullptr;
 }
 
 TEST(Script, SizeNeverCostsTheThreadsStack)
 {
-    constexpr std::size_t kSmallStack = 0x40000;
-    pthread_attr_t attributes;
-    pthread_attr_init(&attributes);
-    ASSERT_EQ(pthread_attr_setstacksize(&attributes, kSmallStack), 0);
-    pthread_t thread{};
-    ASSERT_EQ(pthread_create(&thread, &attributes, RunHugeScripts, nullptr), 0);
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
+    RunOnSmallStack(RunHugeScripts);
 }
 
 TEST(Script, EveryPrefixEnds)

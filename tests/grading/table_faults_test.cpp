@@ -1,4 +1,4 @@
-// One fault in a sound file: no table, the message, and where it is in a text.
+// One fault in a valid file: no table, the message, and where it is in a text.
 #include "grading/lookup_table.h"
 
 #include "core/numbers.h"
@@ -27,7 +27,7 @@ void ExpectFault(std::string_view bytes, int line, int column, std::string_view 
     EXPECT_FALSE(ReadTable(bytes, "dusk.cube")) << what;
 }
 
-TEST(TableFaults, InOnePlaceOfASoundText)
+TEST(TableFaults, InOneSpotOfAValidText)
 {
     const std::map<std::string, std::string> samples = {
         {"Cube", CubeText()}, {"LineCube", LineCubeText()}, {"Truelight", TruelightText()},
@@ -63,10 +63,10 @@ TEST(TableFaults, Binary)
     const auto sections = [&line](const std::string& tail) {
         return NativeTable("ZTX3", 2, 1, 1, line + tail);
     };
-    const std::string sound[] = {NativeTable("ZVTX", 2, 3, 0, data), sections(domain + U32(0)),
+    const std::string valid[] = {NativeTable("ZVTX", 2, 3, 0, data), sections(domain + U32(0)),
                                  sections(domain + U32(1) + subLength + sub),
                                  PackedTable(6, 0, std::string(65 * 65 * 65 * 4, '\0'))};
-    for (const std::string& bytes : sound)
+    for (const std::string& bytes : valid)
         EXPECT_TRUE(ReadTable(bytes, ""));
 
     const struct {

@@ -1,4 +1,4 @@
-// Sound files of the eight table formats, and what is done to them.
+// Valid files of the eight table formats, and what is done to them.
 #pragma once
 
 #include "grading/lookup_table.h"
@@ -137,7 +137,7 @@ inline std::string SizedText()
     return "LUT_SIZE : 2 2 2\nentries = 8\n" + FloatLines(SampleCube());
 }
 
-// `text` with the first `from` replaced; all of it must not pass for a sound file any more.
+// `text` with the first `from` replaced; all of it must no longer be a valid file.
 inline std::string Replaced(std::string text, std::string_view from, std::string_view to)
 {
     const std::size_t at = text.find(from);

@@ -1,4 +1,4 @@
-// What sound files of each format give.
+// What valid files of each format give.
 #include "grading/lookup_table.h"
 #include "grading/transfer_curves.h"
 
@@ -92,7 +92,7 @@ TEST(TableFormats, LinesOfOneDimension)
     EXPECT_EQ(Text(native.entries), "0 0 0\n1 -2 3\n");
 }
 
-// The greatest value decides what stands for 1.
+// The greatest value decides which number is 1.
 TEST(TableFormats, IndexedLinesFindTheirDepth)
 {
     const struct {
@@ -217,7 +217,7 @@ TEST(TableFormats, LeniencyOfText)
     EXPECT_EQ(Text(Read(Replaced(SizedText(), " : 2", ":2")).entries), lines);
 }
 
-// The digits of an XML table tell its shape and whether an entry has a fourth number.
+// The digits of an XML table give its shape and whether an entry has a fourth number.
 TEST(TableFormats, XmlShapes)
 {
     const struct {

@@ -39,7 +39,7 @@ TEST(XMLFile, ReadsTagsAndValues)
         EXPECT_EQ(Tokens(row[0]), row[1]) << row[0];
 }
 
-TEST(XMLFile, SaysWhatIsWrongAndWhere)
+TEST(XMLFile, ReportsWhatIsWrongAndWhere)
 {
 
     for (const auto& row : ReadRows("grading/xml_faults.txt", 2))
@@ -60,7 +60,7 @@ TEST(XMLFile, NestsSixtyFourLevels)
     EXPECT_EQ(Tokens(deep), "Expected </a> @1:193");
 }
 
-TEST(XMLFile, SkipsElementsWhole)
+TEST(XMLFile, SkipsElementsWithTheirContents)
 {
     CZvXMLFile file;
     EXPECT_THROW(file.Next(), CZvError);

@@ -92,11 +92,11 @@ private:
         for (const auto& [group, kind] : {std::pair{&video, 'V'}, {&audio, 'A'}}) {
             int number = 0;
             for (const Element* const track : project_.List(*group, "Track")) {
-                const std::string place = fmt::format("{}{}", kind, ++number);
-                AddFader(place, *track, frameTicks);
+                const std::string location = fmt::format("{}{}", kind, ++number);
+                AddFader(location, *track, frameTicks);
                 int position = 0;
                 for (const Element* const item : project_.List(*track, "TrackItem")) {
-                    AddItem(fmt::format("{}.{}", place, ++position), *item, frameTicks);
+                    AddItem(fmt::format("{}.{}", location, ++position), *item, frameTicks);
                     shown.push_back(item);
                 }
             }
@@ -110,20 +110,21 @@ private:
     }
 
     // Faders at their default are not shown.
-    void AddFader(const std::string& place, const Element& track, std::int64_t frameTicks)
+    void AddFader(const std::string& location, const Element& track, std::int64_t frameTicks)
     {
         for (const Element* const component :
              project_.List(project_.At(track, "ComponentOwner/Components"), "Component"))
             for (const Element* const param : project_.List(*component, "Param"))
                 if (const std::string text = ParamText(*param, {}, frameTicks);
                     Value(*param, "Name") == "Volume" && text != "Volume=1.dB")
-                    text_ += place + " fader " + text + "\n";
+                    text_ += location + " fader " + text + "\n";
     }
 
-    void AddItem(const std::string& place, const Element& item, std::int64_t frameTicks)
+    void AddItem(const std::string& location, const Element& item, std::int64_t frameTicks)
     {
-        AddChain(fmt::format("{} \"{}\"", place, project_.At(item, "SubClip").Child("Name").text),
-                 project_.At(item, "ComponentOwner/Components"), frameTicks);
+        AddChain(
+            fmt::format("{} \"{}\"", location, project_.At(item, "SubClip").Child("Name").text),
+            project_.At(item, "ComponentOwner/Components"), frameTicks);
         const Element& panner = project_.At(item, "Panner");
         for (const Element* const param : project_.List(panner, "Param"))
             text_ += "    " + panner.name + " " + ParamText(*param, {}, frameTicks) + "\n";
@@ -151,11 +152,11 @@ private:
         for (const std::string_view key : {"DisplayName", "InstanceName"})
             if (const std::string name = Value(component, key); !name.empty())
                 text_ += fmt::format(" \"{}\"", name);
-        for (const auto& [key, word] : {std::pair{"Intrinsic", " intrinsic"},
+        for (const auto& [key, text] : {std::pair{"Intrinsic", " intrinsic"},
                                         {"Bypass", " bypassed"},
                                         {"ECP.Filter.Expanded", " expanded"}})
             if (Value(component, key) == "true")
-                text_ += word;
+                text_ += text;
         if (const std::string type = Value(component, "VideoFilterType"); type == "1")
             text_ += " of type 1";
         for (const Element& dependency : project_.At(component, "PluginDependencyMap").children)

@@ -1,25 +1,15 @@
-#include "import/import_driver.h"
 #include "import/outline.h"
-#include "project/writer.h"
 #include "support/golden.h"
-#include "tree/reading.h"
-#include "xmeml/reader.h"
+#include "support/import_text.h"
 
 #include <algorithm>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
 namespace XPJ {
 namespace {
 
-struct Imported {
-    std::string project;
-    std::string issues;
-    std::string skipped;
-};
-
-// Words behind `%% import` switch modes on: "aaf", "sn2vl", "titles" for titles as graphics,
+// The arguments of `%% import` switch modes on: "aaf", "sn2vl", "titles" for titles as graphics,
 // "on-masters" for graphics on master clips, "here" for a document in the folder of the case.
 ImportOptions OptionsOf(const GoldenSection& input)
 {
@@ -43,43 +33,22 @@ std::string WithoutFolder(std::string text)
     return text;
 }
 
-// A conversion that fails gives its result in place of the project.
+// A conversion that fails gives its result instead of the project.
 Imported Import(const GoldenSection& input)
 {
     GoldenPlatform platform;
     const PlatformScope scope(platform);
-    SilentProgress progress;
-    const ImportOptions options = OptionsOf(input);
-    Document inputDocument;
-    ObjectHandle root;
-    if (const int read = ParseFCPXML(input.text, inputDocument, root); read != kReadDone)
-        return {"read " + std::to_string(read) + "\n", {}, {}};
-
-    Document document;
-    ObjectHandle project;
-    IssueSet issues;
-    SkippedList skipped;
-    const int result = ImportDocument(root, options, progress, document, issues, project, &skipped);
-    const std::string issueText = IssueText(issues, Direction::Import);
-    if (result != kSuccess)
-        return {"result " + std::to_string(result) + "\n", issueText, {}};
-
-    std::ostringstream text;
-    WriteProjectDocument(project, progress, text, options.sn2vlMode);
-    return {text.str(), WithoutFolder(issueText), SkippedText(skipped)};
-}
-
-std::string_view ArgumentOf(const GoldenSection& output, std::string_view key)
-{
-    const std::string_view arguments = output.arguments;
-    return arguments.starts_with(key) ? arguments.substr(key.size()) : std::string_view();
+    Imported imported = ImportText(input.text, OptionsOf(input));
+    if (imported.project.empty())
+        imported.project = FailureText(imported.read, imported.result);
+    return imported;
 }
 
 std::string Produce(const GoldenSection& input, const GoldenSection& output)
 {
     const Imported imported = Import(input);
     if (output.name == "issues")
-        return imported.issues;
+        return WithoutFolder(imported.issues);
     if (output.name == "skipped")
         return imported.skipped;
     const std::string_view project =

@@ -11,7 +11,7 @@
 namespace XPJ {
 namespace {
 
-// What follows `key` up to one of `ends`, of all such places, joined by commas.
+// What follows `key` up to one of `ends`, wherever it is found, joined by commas.
 std::string FieldsOf(std::string_view json, std::string_view key, std::string_view ends)
 {
     std::string text;
@@ -64,16 +64,19 @@ private:
                                        value(sequence, "MZ.Sequence.VideoTimeDisplayFormat")));
         AddTracks(video, 'V', frameTicks, depth);
         AddTracks(audio, 'A', frameTicks, depth);
+        const std::string tracks = fmt::format("{}", project_.List(audio, "Track").size());
+        const std::string index = value(audio, "MasterTrack/Index"); // mostly behind all tracks
         AddLine(depth,
-                fmt::format("next {} {}, master {} of {} channels", value(video, "NextTrackID"),
+                fmt::format("next {} {}, master {} of {} channels{}", value(video, "NextTrackID"),
                             value(audio, "NextTrackID"), value(audio, "MasterTrack/ChannelType"),
-                            value(audio, "NumAdaptiveChannels")));
+                            value(audio, "NumAdaptiveChannels"),
+                            index == tracks ? "" : " at " + index));
         for (const std::string& marker : Markers(sequence, frameTicks))
             AddLine(depth, "marker " + marker);
         for (const Element* const link : project_.List(sequence, "Link")) {
             std::string line = "link";
             for (const Element* const item : project_.List(*link, "TrackItem"))
-                line.append(" ").append(places_[item]);
+                line.append(" ").append(locations_[item]);
             AddLine(depth, line);
         }
         for (const Element* const group : {&video, &audio})
@@ -86,8 +89,9 @@ private:
     {
         int number = 0;
         for (const Element* const track : project_.List(group, "Track")) {
-            const std::string place = fmt::format("{}{}", kind, ++number);
-            std::string line = fmt::format("{} id {}", place, project_.Value(*track, "Track/ID"));
+            const std::string location = fmt::format("{}{}", kind, ++number);
+            std::string line =
+                fmt::format("{} id {}", location, project_.Value(*track, "Track/ID"));
             if (kind == 'A')
                 line += fmt::format(" type {} {}", project_.Value(*track, "ChannelType"),
                                     PannerText(project_.At(*track, "Panner")));
@@ -98,7 +102,7 @@ private:
                 line += fmt::format(" \"{}\"", name);
             int position = 0;
             for (const Element* const item : project_.List(*track, "TrackItem")) {
-                places_[item] = fmt::format("{}.{}", place, ++position);
+                locations_[item] = fmt::format("{}.{}", location, ++position);
                 line.append(position == 1 ? ": " : ", ").append(ItemText(*item, frameTicks));
             }
             AddLine(depth, line);
@@ -153,7 +157,7 @@ private:
         return text;
     }
 
-    // "A>B 90-110 cut 10": neighbours, place and cut in frames, and what is played.
+    // "A>B 90-110 cut 10": neighbours, range and cut in frames, and what is played.
     std::string TransitionText(const Element& track, const Element& transition,
                                std::int64_t frameTicks) const
     {
@@ -209,7 +213,7 @@ private:
     ProjectText project_;
     std::string text_;
     std::set<const Element*> seen_;
-    std::map<const Element*, std::string> places_; // "V1.2", by track item
+    std::map<const Element*, std::string> locations_; // "V1.2", by track item
 };
 
 // Ticks as a count of units; what is no count of them, or has no unit, stays as it is.

@@ -30,7 +30,7 @@ const Element& SequenceOfMaster(const ProjectText& project, const Element& maste
 using ItemVisitor = std::function<void(const Element& item, const Element& bin, std::size_t depth)>;
 void VisitItems(const ProjectText& project, const ItemVisitor& visit);
 
-// A blob in readable words.
+// A blob as readable text.
 std::string BlobText(std::string_view matchName, std::string_view name, std::string_view base64);
 
 } // namespace XPJ

@@ -10,7 +10,7 @@ namespace XPJ::Inspection {
 namespace {
 
 // With VELA_ACCEPT=1 in the environment the table in docs/effects.md is written anew.
-TEST(EffectTable, StandsInTheDocumentation)
+TEST(EffectTable, IsInTheDocumentation)
 {
     std::ifstream file(VELA_DOCS "/effects.md");
     std::ostringstream content;

@@ -29,7 +29,7 @@ LookFile Read(std::string_view bytes)
     return file.value_or(LookFile());
 }
 
-TEST(LookFile, IsToldByItsContents)
+TEST(LookFile, IsRecognisedByItsContents)
 {
     const struct {
         std::string_view bytes;
@@ -100,7 +100,7 @@ TEST(LookFile, Json)
     EXPECT_EQ(table["subTables"][0]["entries"], 8);
 }
 
-TEST(LookFile, FaultsHaveTheirPlace)
+TEST(LookFile, FaultsHaveALocation)
 {
     CZvError error;
     EXPECT_FALSE(ReadLookFile("<Gradiva>\n<keyframe>\n</keyframe>\n</Gradiva>", "x", error));

@@ -1,14 +1,11 @@
 #include "inspect/titles.h"
 
-#include "import/import_driver.h"
 #include "inspect/compare.h"
 #include "inspect/timeline_json.h"
 #include "inspect/timeline_text.h"
 #include "inspect/title_font_names.h"
 #include "inspect_fixture.h"
-#include "project/writer.h"
-#include "tree/reading.h"
-#include "xmeml/reader.h"
+#include "support/import_text.h"
 
 #include <nlohmann/json.hpp>
 
@@ -38,19 +35,9 @@ constexpr Settings kSettings[] = {
 
 std::string Imported(const std::string& xmeml, const Settings& settings)
 {
-    Document source;
-    ObjectHandle root;
-    EXPECT_EQ(ParseFCPXML(xmeml, source, root), kReadDone);
     ImportOptions options;
     options.settings = settings;
-    SilentProgress progress;
-    IssueSet issues;
-    Document document;
-    ObjectHandle project;
-    EXPECT_EQ(ImportDocument(root, options, progress, document, issues, project), kSuccess);
-    std::ostringstream text;
-    WriteProjectDocument(project, progress, text, false);
-    return text.str();
+    return ImportText(xmeml, options).project;
 }
 
 // "title: a -> b; title font: c -> d"
@@ -64,7 +51,7 @@ std::string TitleDifferencesText(const std::vector<Difference>& differences)
     return text;
 }
 
-TEST(Titles, SayTheSameInEveryForm)
+TEST(Titles, AreTheSameInEveryDocument)
 {
     const Project document = Timelines(kDocument);
     ASSERT_EQ(document.titles.size(), 1U);
@@ -115,7 +102,7 @@ TEST(Titles, DifferencesBetweenThem)
               "title font: Unheard Of Bold -> LucidaGrande");
 }
 
-TEST(Titles, AreListedInBothForms)
+TEST(Titles, AreListedAsTextAndAsJson)
 {
     const Project project = Timelines(kDocument);
     const std::string text = TreeText(project, {});
@@ -127,7 +114,7 @@ TEST(Titles, AreListedInBothForms)
     EXPECT_EQ(json["titles"][0][1]["color"], "#ffcc00");
 }
 
-TEST(Titles, PreviewsAreShortAndWhole)
+TEST(Titles, PreviewsEndBetweenCharacters)
 {
     EXPECT_EQ(PreviewOf({.text = "a\n\nb"}), "a /  / b");
     std::string text;
@@ -137,7 +124,7 @@ TEST(Titles, PreviewsAreShortAndWhole)
     EXPECT_EQ(preview, text.substr(0, 198) + "...");
 }
 
-TEST(Titles, FontsInTheWordsOfTwoDocuments)
+TEST(Titles, FontsByTheNamesOfTwoDocuments)
 {
     const struct {
         const char* a;

@@ -19,7 +19,7 @@ void WriteText(AtomicFile& file, std::string_view text)
     file.File().Write(text.data(), text.size(), count);
 }
 
-TEST(AtomicFile, AppearsWholeOrNotAtAll)
+TEST(AtomicFile, AppearsCompleteOrNotAtAll)
 {
     const TempFolder folder;
     const std::string path = folder / "clip.xml";
@@ -87,7 +87,7 @@ TEST(AtomicFile, RefusesWhatCannotBeWritten)
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
 }
 
-TEST(AtomicFile, TellsWhy)
+TEST(AtomicFile, GivesTheReason)
 {
     const TempFolder folder;
     const struct {

@@ -29,7 +29,7 @@ void ForEachField(std::span<const BodyRow> rows, Use use)
     }
 }
 
-// A field that is read is used by a translation, or its row says why it is not. A name stands for
+// A field that is read is used by a translation, or its row gives the reason. A name is
 // all fields of that name.
 TEST(Classes, FieldsAreUsedOrSkippedWithAReason)
 {
@@ -61,7 +61,7 @@ TEST(Classes, FieldsAreUsedOrSkippedWithAReason)
     }
 }
 
-TEST(Classes, WhatIsNotUsedInBothDirectionsSaysWhy)
+TEST(Classes, WhatIsNotUsedInBothDirectionsHasAReason)
 {
     const auto isPlain = [](const FieldUse& use) {
         return use.isRead && use.isUsed && use.isWritten;

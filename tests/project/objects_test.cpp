@@ -8,7 +8,7 @@
 namespace XPJ {
 namespace {
 
-TEST(ProjectForms, OneAudioLayout)
+TEST(ProjectObjects, OneAudioLayout)
 {
     struct Row {
         const char* layout; // "" for none
@@ -50,7 +50,7 @@ TEST(ProjectForms, OneAudioLayout)
     }
 }
 
-TEST(ProjectForms, Markers)
+TEST(ProjectObjects, Markers)
 {
     const CountingPlatform platform;
     Document d;
@@ -105,7 +105,7 @@ TEST(ProjectForms, Markers)
     }
 }
 
-TEST(ProjectForms, Blobs)
+TEST(ProjectObjects, Blobs)
 {
     Document d;
     const ObjectHandle media = Make(d, "Media", {{"uid", "g"}, {"Title", "t"}});

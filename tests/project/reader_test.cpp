@@ -83,7 +83,7 @@ TEST(ProjectReader, AttributesOfObjects)
         "    Sequence Name=\"N\" BE.Sequence.IsMergedClip=\"true\" UIDObject=\"s\"\n");
 }
 
-TEST(ProjectReader, BlobTextIsKeptAsItStands)
+TEST(ProjectReader, BlobTextIsKeptAsItIs)
 {
     EXPECT_EQ(ProjectOutline("<ArbVideoComponentParam ObjectID=\"1\"><Name>P</Name>"
                              "<StartKeyframeValue Encoding=\"base64\" Checksum=\"7\">\n\tAAAA\n\t"

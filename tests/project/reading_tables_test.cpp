@@ -30,7 +30,7 @@ TEST(ReadingTables, EveryRuleIsReached)
     }
 }
 
-TEST(ReadingTables, TagsAreFoundAndTellApart)
+TEST(ReadingTables, TagsAreFoundAndDiffer)
 {
     for (const ReadingTable* table : kTables) {
         for (std::size_t i = 0; i < table->Tags().size(); ++i)

@@ -1,5 +1,5 @@
 // Objects made from the table of classes, written, read back and compared: what is lost is what the
-// table says. A class is one node here, and a nest of parts when it is read.
+// table skips. A class is one node here, and a nest of parts when it is read.
 #include "gtest/gtest.h"
 
 #include "support/lost_names.h"

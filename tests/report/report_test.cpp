@@ -1,12 +1,13 @@
 #include "platform/default_platform.h"
 #include "platform/platform.h"
 #include "report/report.h"
+#include "support/fixed_time.h"
+#include "support/rows.h"
 #include "support/temp_folder.h"
 #include "support/tree.h"
 
 #include <gtest/gtest.h>
 
-#include <ctime>
 #include <set>
 #include <thread>
 
@@ -16,16 +17,7 @@ namespace {
 // A platform whose time doesn't pass.
 class StoppedClock final : public DefaultPlatform {
 public:
-    std::chrono::system_clock::time_point Now() override
-    {
-        std::tm time{};
-        time.tm_year = 116;
-        time.tm_mday = 2;
-        time.tm_hour = 3;
-        time.tm_min = 4;
-        time.tm_isdst = -1;
-        return std::chrono::system_clock::from_time_t(std::mktime(&time));
-    }
+    std::chrono::system_clock::time_point Now() override { return FixedTime(); }
 };
 
 TranslationIssue Issue(int kind)
@@ -41,7 +33,7 @@ TranslationIssue Issue(int kind)
     return issue;
 }
 
-constexpr char kHead[] = "\tSequence <Cut &amp; 1> at 01:00:00:00, video track 2: ";
+const std::string kHead = "\tSequence <Cut &amp; 1> at 01:00:00:00, video track 2: ";
 
 // What is on no track: an effect of a media file is in no sequence, a fader may be that of all
 // audio.
@@ -61,85 +53,14 @@ TEST(IssueReportText, WithoutATrack)
 
 TEST(IssueReportText, EveryKind)
 {
-    const std::string head = kHead;
-    const struct {
-        Direction direction;
-        int kind;
-        std::string line;
-    } rows[] = {
-        {Direction::Import, 1,
-         head + "Generator Item <Sepia> not translated, Transparent Video used as a placeholder."},
-        {Direction::Import, 2,
-         "\tGenerator Item (Sepia) not translated for clip <Cut &amp; 1>, Transparent Video used "
-         "as a placeholder."},
-        {Direction::Import, 3, head + "Effect <Sepia> on Clip <A> not translated."},
-        {Direction::Import, 4,
-         head + "3-Way Color Corrector on Clip <A>: translation is approximate and should be "
-                "reviewed."},
-        {Direction::Import, 5, head + "Composite mode <Sepia> on Clip <A> not supported."},
-        {Direction::Import, 6,
-         head + "Transition <Sepia> not translated, Constant Power used instead."},
-        {Direction::Import, 7,
-         head + "Transition <Sepia> not translated, Cross Dissolve used instead."},
-        {Direction::Import, 8,
-         head + "Dip To Color transition has no equivalent, Dip To Black used instead."},
-        {Direction::Import, 9,
-         head + "Effect <Sepia> on Clip <A> had audio levels above +6db which had to be clamped "
-                "at +6db."},
-        {Direction::Import, 10,
-         head + "Multiclip <A> uses more than 4 inputs. Consider collapsing the multiclip in "
-                "FCP."},
-        {Direction::Import, 11,
-         "\tFCP XML xmeml version (01:00:00:00) is not one we recognize (1-5), results may not be "
-         "predictable."},
-        {Direction::Import, 12,
-         head + "Start of clip extended to include entire transition; alignment changed to "
-                "\"start at cut.\""},
-        {Direction::Import, 13,
-         head + "End of clip extended to include entire transition; alignment changed to \"end "
-                "at cut.\""},
-        {Direction::Import, 14,
-         head + "Low Pass filter found without required parameters, skipped."},
-        {Direction::Import, 15,
-         head + "High Pass filter found without required parameters, skipped."},
-        {Direction::Import, 16,
-         head + "Band Pass filter found without required parameters, skipped."},
-        {Direction::Import, 17, head + "Pan filter found without required parameters, skipped."},
-        {Direction::Import, 18, "\tInvalid in-point on clipitem. In-point was reset to 0."},
-        {Direction::Import, 19,
-         "\tCould not open referenced Gradiva file <A>. Effect will be omitted."},
-        {Direction::Import, 20, "Track item <A> has invalid start/end and will be skipped."},
-        {Direction::Import, 21,
-         "\tBytes that mean nothing in the encoding Sepia were replaced, at 01:00:00:00."},
-        {Direction::Import, 22,
-         "\tEncoding (Sepia) is not one we recognize, the document was read as UTF-8."},
-        {Direction::Export, 1,
-         "\tVela Pro xml version (01:00:00:00) is not the version we were expecting (3), results "
-         "may not be predictable."},
-        {Direction::Export, 2, "\tSynthetic Item (A) not translated, Slug used as a placeholder."},
-        {Direction::Export, 3, head + "Effect <Sepia> on Clip <A> not translated."},
-        {Direction::Export, 4, head + "Composite mode on Clip <A> not supported."},
-        {Direction::Export, 5,
-         head + "Transition <Sepia> not translated, Cross Fade ( 0db) used instead."},
-        {Direction::Export, 6,
-         head + "Transition <Sepia> not translated, Cross Dissolve used instead."},
-        {Direction::Export, 7,
-         head + "3-Way Color Corrector on Clip <A>: translation is approximate and should be "
-                "reviewed."},
-        {Direction::Export, 8, "\tMerged clip <A> exported as a sequence."},
-        {Direction::Export, 9,
-         head + "Track item <A> was skipped because multicam sequences are not supported in FCP "
-                "XML export."},
-        {Direction::Export, 10, "\tEffect <Sepia> on Clip <A> not translated."},
-        {Direction::Export, 11,
-         "\tBytes that mean nothing in the encoding Sepia were replaced, at 01:00:00:00."},
-        {Direction::Export, 12,
-         "\tEncoding (Sepia) is not one we recognize, the document was read as UTF-8."},
-    };
-    for (const auto& [direction, kind, line] : rows)
-        EXPECT_EQ(IssueReportText({Issue(kind)}, direction),
-                  "Translation issue:\r\n" + line + "\r\n")
-            << kind;
+    for (const auto& row : ReadRows("report/issue_lines.txt", 3)) {
+        const Direction direction = row[0] == "import" ? Direction::Import : Direction::Export;
+        const std::string& line = row[2];
+        EXPECT_EQ(IssueReportText({Issue(std::stoi(row[1]))}, direction),
+                  "Translation issue:\r\n" +
+                      (line.starts_with('@') ? kHead + line.substr(1) : line) + "\r\n")
+            << row[0] << " " << row[1];
+    }
     for (const int kind : {0, -1, 23, 1 << 30})
         EXPECT_EQ(IssueReportText({Issue(kind)}, Direction::Import), "") << kind;
     EXPECT_EQ(IssueReportText({Issue(13)}, Direction::Export), "");
@@ -157,7 +78,7 @@ TEST(IssueReportText, SortsAndJoinsIssues)
               "Translation issue:\r\n\tSequence <Cut &amp; 1> at 00:59:59:29, video track 2: "
               "Dip To Color transition has no equivalent, Dip To Black used instead.\r\n"
               "Translation issue:\r\n" +
-                  std::string(kHead) +
+                  kHead +
                   "Effect <Sepia> on Clip <A> not translated.\r\n"
                   "Translation issue:\r\n\tSequence <Cut &amp; 1> at 01:00:00:00, audio track 2: "
                   "Effect <Sepia> on Clip <A> not translated.\r\n");

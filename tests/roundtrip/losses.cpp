@@ -14,7 +14,7 @@ std::vector<Loss> ReadLosses(std::string_view name)
     return losses;
 }
 
-// "*" stands for any text, also none.
+// "*" matches any text, also none.
 bool Matches(std::string_view text, std::string_view pattern)
 {
     std::size_t star = pattern.npos; // the last one met

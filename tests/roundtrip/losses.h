@@ -9,7 +9,7 @@ namespace XPJ {
 
 struct Loss {
     std::string document;   // file name without extension; "*" for all
-    std::string difference; // as the comparison words it; "*" stands for any text
+    std::string difference; // a line of the comparison; "*" matches any text
     std::string why;
 };
 

@@ -1,21 +1,15 @@
 #include "roundtrip/passes.h"
 
 #include "core/text.h"
-#include "export/export_driver.h"
 #include "frame/document_timelines.h"
-#include "import/import_driver.h"
-#include "project/reader.h"
-#include "project/writer.h"
+#include "support/export_text.h"
 #include "support/golden.h"
-#include "tree/reading.h"
+#include "support/import_text.h"
 #include "xmeml/reader.h"
-#include "xmeml/writer.h"
 
 #include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <sstream>
-#include <string_view>
 
 namespace XPJ {
 
@@ -24,11 +18,11 @@ namespace {
 struct Source {
     std::string document;
     std::string text;
-    bool isHandOff = false; // in the audio editor's form
+    bool isHandOff = false; // a document of the audio editor
     bool isGolden = false;
 };
 
-// Golden inputs are brief and leave out where a file lies; a medium without a place is no medium.
+// Golden inputs are brief and state no paths; a file without a path has no media.
 void PlaceFiles(ObjectHandle element, int depth = 0)
 {
     constexpr int kDeepest = 100;
@@ -44,45 +38,27 @@ void PlaceFiles(ObjectHandle element, int depth = 0)
 // Empty for a document that the import refuses.
 std::string Import(const Source& source)
 {
-    SilentProgress progress;
-    Document inputDocument;
+    Document document;
     ObjectHandle root;
-    if (ParseFCPXML(source.text, inputDocument, root) != kReadDone)
+    if (ParseFCPXML(source.text, document, root) != kReadDone)
         return {};
     if (source.isGolden)
         PlaceFiles(root);
     ImportOptions options;
     options.inputPath = "/documents/case.xml";
     options.sn2vlMode = source.isHandOff;
-    Document document;
-    ObjectHandle project;
-    IssueSet issues;
-    if (ImportDocument(root, options, progress, document, issues, project) != kSuccess)
-        return {};
-    std::ostringstream text;
-    WriteProjectDocument(project, progress, text, source.isHandOff);
-    return text.str();
+    return ImportTree(root, options).project;
 }
 
 std::string Export(const std::string& project, bool isHandOff)
 {
-    SilentProgress progress;
     RVX::IdCounters ids; // so that every document counts from 1
     RVX::ExportOptions options;
     options.vl2snMode = isHandOff;
     options.ids = &ids;
-    Document inputDocument;
-    ObjectHandle root;
-    std::istringstream input(project);
-    EXPECT_EQ(ReadProjectDocument(input, inputDocument, root), kReadDone);
-    Document document;
-    ObjectHandle xmeml;
-    IssueSet issues;
-    EXPECT_EQ(RVX::TranslateProjectDocument(root, options, progress, document, issues, xmeml),
-              kSuccess);
-    std::ostringstream text;
-    WriteFCPXML(xmeml, progress, isHandOff, text);
-    return text.str();
+    const RVX::Exported exported = RVX::ExportText(project, options);
+    EXPECT_FALSE(exported.xmeml.empty()) << FailureText(exported.read, exported.result);
+    return exported.xmeml;
 }
 
 Inspection::Project Timelines(const std::string& text)

@@ -1,4 +1,4 @@
-// A document taken from form to form: XML, project, XML, project, XML.
+// A document converted back and forth: XML, project, XML, project, XML.
 #pragma once
 
 #include "inspect/timeline.h"
@@ -17,8 +17,8 @@ struct Passes {
     Inspection::Project returnedXmeml;
 };
 
-// The samples, the inputs of the import's golden cases, and the documents made for this test. What
-// the import refuses is left out.
+// The samples, the inputs of the import's golden cases, and the documents made for this test, but
+// for those that the import refuses.
 std::vector<Passes> PassesOfAllDocuments();
 
 } // namespace XPJ

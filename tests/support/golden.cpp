@@ -1,6 +1,7 @@
 #include "support/golden.h"
 
 #include "core/numbers.h"
+#include "tree/reading.h"
 
 #include <algorithm>
 #include <cctype>
@@ -88,8 +89,8 @@ class Numbering {
 public:
     std::string NumberOf(std::string_view text)
     {
-        const auto place = numbers_.emplace(std::string(text), numbers_.size() + 1).first;
-        return UintToString(place->second);
+        const auto entry = numbers_.emplace(std::string(text), numbers_.size() + 1).first;
+        return UintToString(entry->second);
     }
 
 private:
@@ -97,6 +98,17 @@ private:
 };
 
 } // namespace
+
+std::string_view ArgumentOf(const GoldenSection& output, std::string_view key)
+{
+    const std::string_view arguments = output.arguments;
+    return arguments.starts_with(key) ? arguments.substr(key.size()) : std::string_view();
+}
+
+std::string FailureText(int read, int result)
+{
+    return read != kReadDone ? fmt::format("read {}\n", read) : fmt::format("result {}\n", result);
+}
 
 GoldenCase ParseGoldenCase(std::string_view text)
 {
@@ -196,22 +208,22 @@ std::string NormaliseIds(std::string_view text)
     Numbering objects;
     Numbering guids;
     std::string result;
-    for (std::size_t place = 0; place < text.size();) {
-        const std::string_view rest = text.substr(place);
+    for (std::size_t at = 0; at < text.size();) {
+        const std::string_view rest = text.substr(at);
         for (const std::string_view mark : {"ObjectID=\"", "ObjectRef=\""}) {
             if (!rest.starts_with(mark))
                 continue;
             const std::string_view value = rest.substr(mark.size());
             const std::string_view number = value.substr(0, value.find('"'));
             result.append(mark).append(objects.NumberOf(number));
-            place += mark.size() + number.size();
+            at += mark.size() + number.size();
         }
         if (rest.starts_with(kGuidMark)) {
             result.append("G").append(guids.NumberOf(rest.substr(0, kGuidSize)));
-            place += kGuidSize;
+            at += kGuidSize;
         }
-        if (place < text.size())
-            result += text[place++];
+        if (at < text.size())
+            result += text[at++];
     }
     return result;
 }

@@ -32,6 +32,12 @@ struct GoldenSection {
     std::string text;      // whole lines
 };
 
+// What follows `key` in the arguments of an output, "only=" say.
+std::string_view ArgumentOf(const GoldenSection& output, std::string_view key);
+
+// "read 2" or "result 6" for a conversion that failed.
+std::string FailureText(int read, int result);
+
 struct GoldenCase {
     std::string comment;
     std::vector<GoldenSection> sections;

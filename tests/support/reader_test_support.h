@@ -1,4 +1,4 @@
-// A tree as text, so that a test says what it reads and what comes out.
+// A tree as text, so that a test shows what it reads and what comes out.
 #pragma once
 
 #include "project/reader.h"

@@ -4,13 +4,14 @@
 #include "core/progress.h"
 #include "platform/platform.h"
 #include "project/writer.h"
+#include "support/count_of.h"
+#include "support/test_progress.h"
 #include "tree/object.h"
 
 #include <initializer_list>
 #include <optional>
 #include <sstream>
 #include <string>
-#include <vector>
 
 namespace XPJ {
 
@@ -51,29 +52,6 @@ public:
 private:
     std::uint8_t count_ = 0;
     PlatformScope scope_{*this};
-};
-
-// Cancels from the n-th question on; counts what was advanced in each stage.
-class TestProgress final : public Progress {
-public:
-    explicit TestProgress(unsigned cancelAt = 0) : cancelAt_(cancelAt) {}
-
-    bool IsCancelled() override { return ++checks == cancelAt_; }
-    unsigned BeginStage(unsigned, unsigned total) override
-    {
-        totals.push_back(total);
-        return ++open;
-    }
-    void Advance(unsigned, unsigned count) override { advanced += count; }
-    void EndStage(unsigned) override { --open; }
-
-    unsigned checks = 0;
-    unsigned open = 0;
-    unsigned advanced = 0;
-    std::vector<unsigned> totals;
-
-private:
-    unsigned cancelAt_;
 };
 
 inline std::string ProjectText(ObjectHandle document, bool sn2vlMode = false)

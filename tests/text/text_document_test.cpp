@@ -127,23 +127,23 @@ TEST(TextDocument, ColorsPackedOrByChannel)
 
 TEST(TextDocument, WhatIsNoDocumentIsTheDefault)
 {
-    const std::string sound = TextBlob(R"("mWidth":7)");
-    ASSERT_EQ(Document(sound).Parameters().width, 7);
+    const std::string good = TextBlob(R"("mWidth":7)");
+    ASSERT_EQ(Document(good).Parameters().width, 7);
 
-    const std::string json = AsciiOf(sound);
+    const std::string json = AsciiOf(good);
     const std::string nested =
         R"("mDefaultRun":{"mFillOverStroke":)" + std::string(70, '[') + std::string(70, ']') + '}';
     const struct {
         const char* fault;
         std::string blob;
     } kCases[] = {
-        {"no count", sound.substr(0, 7)},
-        {"no text", sound.substr(0, 8)},
-        {"odd length", sound.substr(0, sound.size() - 1)},
+        {"no count", good.substr(0, 7)},
+        {"no text", good.substr(0, 8)},
+        {"odd length", good.substr(0, good.size() - 1)},
         {"count beyond the bytes", BlobOf(json, static_cast<std::int64_t>(2 * json.size() + 2))},
         {"odd count", BlobOf(json, static_cast<std::int64_t>(2 * json.size() - 1))},
         {"largest count", BlobOf(json, std::numeric_limits<std::int64_t>::max())},
-        {"all bits of the count", std::string(8, '\xff') + sound.substr(8)},
+        {"all bits of the count", std::string(8, '\xff') + good.substr(8)},
         {"count of zero", BlobOf(json, 0)},
         {"cut off", BlobOf(json.substr(0, json.size() - 1))},
         {"more behind", BlobOf(json + '}')},
@@ -160,7 +160,7 @@ TEST(TextDocument, WhatIsNoDocumentIsTheDefault)
         EXPECT_EQ(Document(row.blob).Parameters(), TextParameters()) << row.fault;
 
     // Bytes behind the count are no fault.
-    EXPECT_EQ(Document(sound + "xyz").Parameters().width, 7);
+    EXPECT_EQ(Document(good + "xyz").Parameters().width, 7);
 }
 
 // 64 levels are read, and come back; a value so deep that it couldn't be written is passed over.

@@ -135,7 +135,7 @@ output() {
     expect_file sub/small.vlproj
 }
 
-# What can't be read: file, reason, place; and nothing under the output's name.
+# What can't be read: file, reason, location; and nothing under the output's name.
 unreadable() {
     expect_status 5 absent.xml
     expect_text err absent.xml
@@ -152,7 +152,7 @@ unreadable() {
     expect_no_file broken.vlproj
     expect_no_file broken.vlproj.part
 
-    # Cut off: what came before is converted, and the tool says so.
+    # Truncated: what came before is converted, and the tool reports it.
     printf '<xmeml version="5">\n<bin>\n<name>A</name><children></bin>' >cut.xml
     expect_status 0 cut.xml
     expect_text err 'cut.xml:3:'
@@ -267,7 +267,7 @@ parallel_reports() {
     expect_text out '(151).txt'
 }
 
-# Names in the tool's words and in its report are as people write them.
+# Names in the tool's messages and in its report are as people write them.
 plain_names() {
     one_clip 0 | sed -e 's/version="5"/version="4"/' -e 's|<name>Cut</name>|<name>Q\&amp;A</name>|' \
         -e 's|</clipitem>|<filter><effect><name>Tom \&amp; Co</name><effectid>Tom</effectid><effecttype>filter</effecttype><mediatype>video</mediatype></effect></filter>&|' >names.xml
@@ -291,7 +291,7 @@ encodings() {
         expect_text out 'Café €'
         expect_status 0 --compare enc.xml enc.xml
     done
-    # Errors have their places in the text.
+    # Errors have their locations in the text.
     printf '<?xml version="1.0" encoding="UTF-16"?>\n<xmeml>\n<bin>< <' |
         iconv -f UTF-8 -t UTF-16LE >broken.xml
     expect_status 6 broken.xml
@@ -327,7 +327,7 @@ handoff_documents() {
     expect_text out '25 fps'
     expect_text out '00:00:04:00 - 00:00:06:00  "A"'
     expect_status 0 --compare ticks.xml frames.xml
-    # The form that the tool itself writes for the audio editor.
+    # The format that the tool itself writes for the audio editor.
     sed 's/sn2vl/vl2sn/g' ticks.xml >back.xml
     expect_status 0 --inspect back.xml
     expect_text out '25 fps'

@@ -11,7 +11,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-// Each row stands for a corner of the state table.
+// Each row is a corner case of the state table.
 constexpr std::string_view kInputs[] = {
     "",
     "text without a tag",

@@ -61,7 +61,7 @@ std::vector<ReadField> ReadFields()
     return fields;
 }
 
-// A field that is read is used by a translation, or its row says why it is not. A name stands for
+// A field that is read is used by a translation, or its row gives the reason. A name is
 // all fields of that name.
 TEST(Elements, FieldsAreUsedOrSkippedWithAReason)
 {
@@ -84,7 +84,7 @@ TEST(Elements, FieldsAreUsedOrSkippedWithAReason)
     }
 }
 
-TEST(Elements, WhatIsNotUsedInBothDirectionsSaysWhy)
+TEST(Elements, WhatIsNotUsedInBothDirectionsHasAReason)
 {
     const auto isPlain = [](const FieldUse& use) {
         return use.isRead && use.isUsed && use.isWritten;

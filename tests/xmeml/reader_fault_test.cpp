@@ -1,49 +1,11 @@
 #include "support/reader_test_support.h"
+#include "support/temp_folder.h"
+#include "support/test_progress.h"
 
 #include <chrono>
-#include <cstdio>
-#include <fstream>
-#include <vector>
 
 namespace XPJ {
 namespace {
-
-class TemporaryFile {
-public:
-    explicit TemporaryFile(const std::string& text)
-        : path_(testing::TempDir() + "vela_reader_test.xml")
-    {
-        std::ofstream(path_, std::ios::binary) << text;
-    }
-    ~TemporaryFile() { std::remove(path_.c_str()); }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    const std::string& Path() const { return path_; }
-
-private:
-    std::string path_;
-};
-
-// Notes what it is told, and cancels after a number of steps.
-class NotingProgress final : public Progress {
-public:
-    explicit NotingProgress(unsigned cancelAt = 0) : cancelAt_(cancelAt) {}
-    bool IsCancelled() override { return cancelAt_ != 0 && steps >= cancelAt_; }
-    unsigned BeginStage(unsigned, unsigned total) override
-    {
-        totals.push_back(total);
-        return ++open;
-    }
-    void Advance(unsigned, unsigned count) override { steps += count; }
-    void EndStage(unsigned) override { --open; }
-
-    std::vector<unsigned> totals;
-    unsigned steps = 0;
-    unsigned open = 0;
-
-private:
-    unsigned cancelAt_;
-};
 
 std::string NestedBins(int levels, const std::string& core)
 {
@@ -56,7 +18,7 @@ std::string NestedBins(int levels, const std::string& core)
     return text + "</xmeml>";
 }
 
-TEST(ReaderFaults, SyntaxErrorsTellTheirPlace)
+TEST(ReaderFaults, SyntaxErrorsHaveALocation)
 {
     const struct {
         const char* text;
@@ -82,7 +44,7 @@ TEST(ReaderFaults, SyntaxErrorsTellTheirPlace)
     }
 }
 
-TEST(ReaderFaults, CutOffInputSaysSo)
+TEST(ReaderFaults, TruncatedInputHasAReason)
 {
     const struct {
         const char* text;
@@ -136,7 +98,7 @@ TEST(ReaderFaults, InputsThatCannotBeRead)
     for (const auto& row : kCases) {
         Document document;
         ObjectHandle root;
-        NotingProgress progress;
+        TestProgress progress;
         XmemlReadNotes notes;
         EXPECT_EQ(ReadFCPXML(row.path, progress, document, root, &notes), kReadNoInput);
         EXPECT_EQ(notes.stop.reason, row.reason);
@@ -169,30 +131,28 @@ TEST(ReaderFaults, ProgressIsTwoStepsAKilobyte)
 {
     const std::string text =
         "<xmeml><bin><name>" + std::string(5000, 'x') + "</name></bin></xmeml>";
-    const TemporaryFile file(text);
-    Document document;
-    ObjectHandle root;
-    NotingProgress whole;
-    ASSERT_EQ(ReadFCPXML(file.Path(), whole, document, root), kReadDone);
-    EXPECT_EQ(root.GetChild("bin").GetProperty("name").size(), 5000u);
+    const TempFolder folder;
+    const std::string path = folder.Write("long.xml", text);
+    const auto job = [&path](Progress& progress) {
+        Document document;
+        ObjectHandle root;
+        const int result = ReadFCPXML(path, progress, document, root);
+        EXPECT_EQ(root.GetChild("bin").GetProperty("name").size(), result == kReadDone ? 5000u : 0);
+        return result;
+    };
+    const TestProgress whole = ExpectStopsAtEachCheck(job, kReadDone, kReadCancelled);
+    EXPECT_GE(whole.checks, 6u);
     EXPECT_EQ(whole.totals, std::vector<unsigned>{10});
-    EXPECT_EQ(whole.steps, 10u);
-    EXPECT_EQ(whole.open, 0u);
-    for (const unsigned step : {5u, 6u, 8u, 10u}) {
-        NotingProgress cancelled(step);
-        EXPECT_EQ(ReadFCPXML(file.Path(), cancelled, document, root), kReadCancelled);
-        EXPECT_EQ(cancelled.steps, step);
-        EXPECT_EQ(cancelled.open, 0u);
-    }
+    EXPECT_EQ(whole.advanced, 10u);
 }
 
 TEST(ReaderFaults, EmptyFileHasNoStage)
 {
-    const TemporaryFile file("");
+    const TempFolder folder;
     Document document;
     ObjectHandle root;
-    NotingProgress progress;
-    EXPECT_EQ(ReadFCPXML(file.Path(), progress, document, root), kReadNoElement);
+    TestProgress progress;
+    EXPECT_EQ(ReadFCPXML(folder.Write("empty.xml", ""), progress, document, root), kReadNoElement);
     EXPECT_TRUE(progress.totals.empty());
 }
 

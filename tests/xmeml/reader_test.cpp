@@ -51,7 +51,7 @@ TEST(FCPXMLReader, AttributesBecomeProperties)
          "media></sequence>",
          "sequence id=\"s\" TL.SQHeaderWidth=\"9\"\n    media\n        video\n"
          "            track hardpan=\"2\" MZ.TrackTargeted=\"1\" MZ.TrackName=\"V\"\n"},
-        // A self-closed `media` tells of the one around it and ends nothing.
+        // A self-closed `media` belongs to the one around it and ends nothing.
         {"<clip><media hasStereoPairs=\"1\"><media "
          "hasDiscreteStreams=\"0\"/><video/></media></clip>",
          "clip\n    media hasStereoPairs=\"1\" hasDiscreteStreams=\"0\"\n        video\n"},
@@ -61,7 +61,7 @@ TEST(FCPXMLReader, AttributesBecomeProperties)
 TEST(FCPXMLReader, ReferencesAreBoundAtTheEnd)
 {
     ExpectOutlines({
-        // Before and behind its definition, in each of the forms.
+        // Before and behind its definition, spelled each way.
         {"<sequence><media><video><track><clipitem><file id=\"f\"/></clipitem>"
          "<clipitem><file id=\"f\"><rate/></file></clipitem>"
          "<clipitem><file id=\"f\"></file></clipitem></track></video></media></sequence>",

@@ -18,7 +18,7 @@ std::string DocumentText(ObjectHandle root, bool vl2snMode = false)
     return output.str();
 }
 
-// An entry of the project's list, written with two tabs less than it stands at.
+// An entry of the project's list as it is written, without the two tabs of the list's own level.
 std::string WriteEntry(Document& d, ObjectHandle entry)
 {
     const ObjectHandle children = Make(d, "children", {}, {{Name(), entry}});
@@ -35,7 +35,7 @@ std::string WriteEntry(Document& d, ObjectHandle entry)
     return result;
 }
 
-// What stands in a `clip`'s media for a track of one item.
+// What a `clip` has in its media for a track of one item.
 std::string WriteItem(Document& d, ObjectHandle item)
 {
     const ObjectHandle track = Make(d, "track", {}, {{Name(), item}});
@@ -242,8 +242,8 @@ TEST(XmemlWriter, AudioOfAFile)
     struct Row {
         const char* type;
         const char* count;
-        int elements;
-        const char* last; // contents of the last one, tabs left out
+        std::size_t elements;
+        const char* last; // contents of the last one, without tabs
     };
     const Row rows[] = {
         {"", "2", 1, ""},
@@ -275,9 +275,7 @@ TEST(XmemlWriter, AudioOfAFile)
         std::string text = WriteItem(d, Make(d, "clipitem", {}, {{"file", file}}));
         std::erase_if(text, [](char c) { return c == '\t' || c == '\n'; });
 
-        int elements = 0;
-        for (std::size_t i = text.find("<audio>"); i != text.npos; i = text.find("<audio>", i + 1))
-            ++elements;
+        const std::size_t elements = CountOf(text, "<audio>");
         EXPECT_EQ(elements, row.elements);
         const std::string end =
             "</samplecharacteristics>" + std::string(row.last) + "</audio></media>";
@@ -295,10 +293,7 @@ TEST(XmemlWriter, NestingEndsWhereReadersStop)
     }
     const ObjectHandle project = Make(d, "project", {}, {{"children", children}});
     const std::string text = DocumentText(Make(d, "xmeml", {}, {{"project", project}}));
-    std::size_t bins = 0;
-    for (std::size_t i = text.find("<bin>"); i != text.npos; i = text.find("<bin>", i + 1))
-        ++bins;
-    EXPECT_EQ(bins, (kMaxNesting - 1) / 2u);
+    EXPECT_EQ(CountOf(text, "<bin>"), (kMaxNesting - 1) / 2u);
     Document back;
     ObjectHandle root;
     EXPECT_EQ(ParseFCPXML(text, back, root), kReadDone);
@@ -314,18 +309,13 @@ TEST(XmemlWriter, CancelsAtEachCheck)
     const ObjectHandle project = Make(d, "project", {}, {{"children", children}});
     const ObjectHandle root = Make(d, "xmeml", {}, {{"project", project}});
 
-    TestProgress whole;
-    std::ostringstream output;
-    EXPECT_EQ(WriteFCPXML(root, whole, false, output), kWriteDone);
+    const auto job = [&root](Progress& progress) {
+        std::ostringstream output;
+        return WriteFCPXML(root, progress, false, output);
+    };
+    const TestProgress whole = ExpectStopsAtEachCheck(job, kWriteDone, kWriteCancelled);
     EXPECT_EQ(whole.totals, std::vector<unsigned>{3});
     EXPECT_EQ(whole.advanced, 3u);
-    for (unsigned check = 1; check <= whole.checks; ++check) {
-        TestProgress progress(check);
-        std::ostringstream part;
-        EXPECT_EQ(WriteFCPXML(root, progress, false, part), kWriteCancelled);
-        EXPECT_EQ(progress.checks, check) << "goes no further";
-        EXPECT_EQ(progress.open, 0u);
-    }
 }
 
 } // namespace
