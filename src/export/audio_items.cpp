@@ -83,7 +83,7 @@ NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, Tra
     WriteSubclipOffsets(context.document, record.boundaries, record.timing.rate, element);
     AudioChainToXmeml(effects, ChainOfOwner(ItemCore(record.item)), element);
     PanToXmeml(effects, PanProcessorOf(record.item), element);
-    WriteRange(record.clip, 1.0, record.timing, element);
+    WriteRange(record.clip, MediaType::Audio, record.timing, element);
     WriteDuration(record.clip, record.timing, element);
     if (record.timing.speed != 1.0 || record.timing.reverse)
         TimeRemapToXmeml(context.document, PlayedSpeedOf(record.timing), {}, MediaType::Audio,
@@ -97,7 +97,7 @@ NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, Tra
 NestedSequence TranslateAudioItem(ExportContext& context, Catalogs& catalogs, TrackContext& track,
                                   const ItemPart& part)
 {
-    ItemRecord record = ReadItem(catalogs.masters, track, part.item);
+    ItemRecord record = ReadItem(context, catalogs, track, part.item);
     if (!record.subClip)
         return {};
     TranslateHeadTransition(context, track, part.item);
