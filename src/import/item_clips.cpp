@@ -189,10 +189,12 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
     const ObjectHandle clip = MakeVideoClip(document, source, FieldsOf(item, speed));
     CopyLabel(item, clip, "hfl.clip.label.name");
 
-    AddPoints(track, item, placed,
-              {.in = ScaledTicks(placed.times.in, unit, speed.speed),
-               .out = OutTicks(placed.times.out, unit, speed.speed)},
-              clip);
+    SourceRange range{.in = ScaledTicks(placed.times.in, unit, speed.speed),
+                      .out = OutTicks(placed.times.out, unit, speed.speed)};
+    if (import.options.settings.openInterchange)
+        range = {.in = ExactPoint(item.times.exactIn).value_or(range.in),
+                 .out = ExactPoint(item.times.exactOut).value_or(range.out)};
+    AddPoints(track, item, placed, range, clip);
     AddFrameHold(item, track.sequence.rates.edges, clip);
     clip.AddChild("Markers", TranslateMarkers(document, item, unit));
     AddMulticam(import.angles, item, clip);
