@@ -334,6 +334,7 @@ constexpr XmemlField kKeyframe[] = {
     Leaf("speedvirtualkf"), Leaf("origvalue", WriteOnly(kOthers)), Leaf("speedkfin"),
     Leaf("speedkfout"), Leaf("speedkfstart", ForOthers(kRamp)),
     Leaf("speedkfend", ForOthers(kRamp)), Leaf("velaRampStart"), Leaf("velaRampEnd"),
+    Leaf("velaHold"),
     Child("outbez", WriteOnly(kOthers)), Child("inbez", WriteOnly(kOthers)),
     Child("interpolation", ReadOnly("written once, in the parameter")),
 };
