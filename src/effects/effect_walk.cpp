@@ -8,7 +8,8 @@ namespace XPJ {
 ConstHandle ActiveEffect(ConstHandle filter)
 {
     const ConstHandle effect = filter.GetChild("effect");
-    const bool isOff = EqualsIgnoreCase(filter.GetProperty("enabled"), "false");
+    const bool isOff =
+        EqualsIgnoreCase(filter.GetProperty("enabled"), "false") && !IsTrue(effect, "velaBypass");
     return isOff || EffectName(effect).empty() ? ConstHandle() : effect;
 }
 

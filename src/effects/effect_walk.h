@@ -5,8 +5,8 @@
 
 namespace XPJ {
 
-// The `effect` of a `filter`; null if the filter is off, or if its effect states neither its name
-// nor its id, as that of a clip with a plain gain.
+// The `effect` of a `filter`; null if the filter is off without being kept as a bypassed one, or if
+// its effect states neither its name nor its id, as that of a clip with a plain gain.
 ConstHandle ActiveEffect(ConstHandle filter);
 
 // Calls `use(effect)` for each active effect, in document order.

@@ -304,7 +304,7 @@ constexpr XmemlField kChannel[] = {Required("index")};
 
 constexpr XmemlField kFilter[] = {
     Child("effect"),
-    Leaf("enabled", ReadOnly("written as `velaBypass`")),
+    Leaf("enabled"),
     Leaf("start", Skipped(kNoRange)), Leaf("end", Skipped(kNoRange)),
 };
 
