@@ -15,7 +15,12 @@ std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemA
 {
     ObjectHandle volume;
     std::vector<ObjectHandle> components(1);
+    // The first Gain filter of an item that states its gain is that gain, which its clip has.
+    const ConstHandle gain =
+        HasValue(item, "velaGain") ? FindAudioEffect(item, kAudioGain.xmeml.id) : ConstHandle();
     ForEachEffect(item, [&](ConstHandle effect) {
+        if (effect == gain)
+            return;
         const ObjectHandle component = TranslateAudioFilter(context, audio, effect);
         if (!component)
             return;

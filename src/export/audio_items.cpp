@@ -42,6 +42,12 @@ std::int64_t SourceTrack(const ExportContext& context, MasterCatalog& masters,
     return AddTicks(Int64Property(media, "StreamNumber"), audio.firstStream == 1 ? 0 : 1);
 }
 
+// A clip whose gain changes its level has a Gain filter, which states the gain in decibels.
+bool HasGain(ConstHandle clip)
+{
+    return clip.HasProperty("Gain") && DoubleProperty(clip, "Gain") != 1.0;
+}
+
 // The channels of an item find each other by their group, also without a link in the project.
 void AddLink(Document& document, LinkGroups& links, TrackItem item, const LinkTarget& target,
              std::string_view source)
@@ -68,6 +74,8 @@ NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, Tra
         element.SetProperty("channelcount", IntToString(contents));
     WriteItemHead(context, catalogs.masters, record, element);
     GainToXmeml(effects, record.clip, MediaKindOf(record.media) == MediaKind::BarsAndTone, element);
+    if (context.options.openInterchange && HasGain(record.clip))
+        element.SetPropertyShared("velaGain", record.clip.GetProperty("Gain"));
     WriteClipOptions(context.document, record, element);
     const ItemSource source = WriteItemSource(context, catalogs, track, record, element);
     AddLink(context.document, catalogs.links, record.item,

@@ -228,7 +228,8 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
               clip);
     const int channelCount = ChannelCountOf(channelType);
     clip.SetProperty("SecondaryIndex", IntToString(sourceChannel));
-    clip.SetPropertyShared("Gain", "1.0");
+    clip.SetPropertyShared("Gain", HasValue(item, "velaGain") ? item.GetProperty("velaGain")
+                                                              : std::string_view("1.0"));
     clip.AddChild("Markers", TranslateMarkers(document, item, unit));
     clip.SetProperty("ChannelType", IntToString(channelType));
     clip.SetProperty("NumChannels", IntToString(channelCount));

@@ -125,7 +125,7 @@ constexpr XmemlAttribute kClipItemAttributes[] = {
     Present("PannerKeyframes", WriteOnly(kPanFilter)),
     Present("PannerStartKeyframe", WriteOnly(kPanFilter)),
     Present("PannerIsInverted", WriteOnly(kPanFilter)),
-    Present("PannerName", WriteOnly(kPanFilter)), Present("velaChannelType"),
+    Present("PannerName", WriteOnly(kPanFilter)), Present("velaChannelType"), Present("velaGain"),
 };
 
 constexpr XmemlField kClipItem[] = {
