@@ -36,6 +36,10 @@ constexpr DialectRule kWritingRules[] = {
      .does = "Keyframes of faders are written, and filters of tracks and of the master that "
              "documents have an effect for; others are issues.",
      .file = "export/audio_tracks.cpp"},
+    {.name = "audio filters of clips",
+     .seen = "browser clips with effects that act wherever they are used",
+     .does = "Those that documents have an effect for are written on the items of the `clip`.",
+     .file = "export/clip_media.cpp"},
     {.name = "audio tracks",
      .seen = "documents with mono tracks, which a project has as stereo tracks of mono clips",
      .does = "A track is written as as many as its items play channels, without empty ones.",
