@@ -5,6 +5,7 @@
 #include "tree/object.h"
 
 #include <string_view>
+#include <vector>
 
 namespace XPJ {
 
@@ -19,6 +20,9 @@ struct EffectKey {
                                             : effect.GetProperty("name") == name;
     }
 };
+
+inline constexpr EffectKey kPanEffect = {"audiopan", "Audio Pan"};
+inline constexpr EffectKey kGainEffect = {"{61756678, 4761696e, 4b657947}", "Gain"};
 
 // Calls `use(owner)` for what has filters: the items, then the tracks of sequences and clips and
 // their audio as a whole, then the files.

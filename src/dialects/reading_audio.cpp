@@ -13,9 +13,7 @@ namespace XPJ {
 
 namespace {
 
-constexpr EffectKey kGain = {"{61756678, 4761696e, 4b657947}", "Gain"};
 constexpr std::string_view kGainParameter = "Gain(dB)";
-constexpr EffectKey kPan = {"audiopan", "Audio Pan"};
 
 std::string FactorOfDecibels(std::string_view text)
 {
@@ -52,7 +50,7 @@ ObjectHandle FirstGain(ObjectHandle item)
 {
     for (const ObjectHandle& filter : item.GetChildren("filter"))
         if (const ObjectHandle effect = filter.GetChild("effect");
-            IsEnabled(filter) && kGain.Matches(effect))
+            IsEnabled(filter) && kGainEffect.Matches(effect))
             return effect;
     return {};
 }
@@ -86,7 +84,7 @@ void ReadGains(DialectPass& pass)
     }
     ForEachFilter(pass.Parts(), [&](const ObjectHandle& filter) {
         const ObjectHandle effect = filter.GetChild("effect");
-        if (kGain.Matches(effect) && !gainsOfClips.Contains(effect))
+        if (kGainEffect.Matches(effect) && !gainsOfClips.Contains(effect))
             ToFactors(effect);
     });
 }
@@ -95,7 +93,7 @@ void ReadPans(DialectPass& pass)
 {
     ForEachFilter(pass.Parts(), [](const ObjectHandle& filter) {
         const ObjectHandle effect = filter.GetChild("effect");
-        if (kPan.Matches(effect))
+        if (kPanEffect.Matches(effect))
             for (const ObjectHandle& parameter : effect.GetChildren("parameter"))
                 parameter.SetPropertyShared("authoringApp", "VelaPro");
     });

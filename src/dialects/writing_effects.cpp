@@ -10,8 +10,6 @@ namespace XPJ {
 
 namespace {
 
-constexpr EffectKey kPan = {"audiopan", "Audio Pan"};
-
 bool IsHeld(ConstHandle keyframe)
 {
     return keyframe.HasProperty("isHeld");
@@ -64,7 +62,7 @@ void NamePans(DialectPass& pass)
 {
     ForEachFilter(pass.Parts(), [](const ObjectHandle& filter) {
         const ObjectHandle effect = filter.GetChild("effect");
-        if (kPan.Matches(effect))
+        if (kPanEffect.Matches(effect))
             ForEachParameter(effect, "level", [](const ObjectHandle& parameter) {
                 parameter.SetPropertyShared("parameterid", "pan");
             });
