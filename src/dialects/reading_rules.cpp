@@ -1,6 +1,7 @@
 // What other writers mean: the rules between the reader and the import.
 #include "dialects/dialects.h"
 #include "dialects/pass.h"
+#include "dialects/reading_audio.h"
 #include "dialects/reading_formats.h"
 #include "dialects/reading_items.h"
 #include "dialects/reading_media.h"
@@ -84,6 +85,25 @@ constexpr DialectRule kReadingRules[] = {
      .seen = "a `timecode` with a `string` and no `frame`, or with a `frame` that is always 0",
      .does = "The frame is computed from the text, its rate and `displayformat`.",
      .apply = CountTimecodes},
+    // Times, audio and effects
+    {.name = "gain in decibels",
+     .seen = "the Gain filter",
+     .does = "0 dB leaves the level as it is, -6 dB is about half of it. One value is the gain of "
+             "the clip; a gain with keyframes is a volume effect, as those of tracks are.",
+     .apply = ReadGains},
+    {.name = "pan keyframes",
+     .seen = "all writers: -1 is left in keyframes as in static values",
+     .does = "The keyframes are not inverted.",
+     .apply = ReadPans},
+    {.name = "filters of tracks",
+     .seen = "`track`s, and the `audio` of sequences, with filters beside their level",
+     .does = "They become effects of the track or of the master.",
+     .file = "import/tracks.cpp"},
+    {.name = "exact points of video",
+     .seen = "documents of this system",
+     .does = "`velaTicksIn` and `velaTicksOut` count for video as they do for audio: a clip with "
+             "another speed keeps its frames.",
+     .file = "import/item_clips.cpp"},
 };
 
 } // namespace

@@ -147,7 +147,12 @@ std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemA
 {
     ObjectHandle volume;
     std::vector<ObjectHandle> components(1);
+    // The first Gain filter of an item that states its gain is that gain, which its clip has.
+    const ConstHandle gain =
+        HasValue(item, "velaGain") ? FindAudioEffect(item, kAudioGain.xmeml.id) : ConstHandle();
     ForEachEffect(item, [&](ConstHandle effect) {
+        if (effect == gain)
+            return;
         const ObjectHandle component = TranslateAudioFilter(context, audio, effect);
         if (!component)
             return;
@@ -190,6 +195,30 @@ void ComponentToXmeml(const EffectContext& context, const AudioFilterRow& row,
     }
 }
 
+void FilterToXmeml(const EffectContext& context, ConstHandle component, ObjectHandle element)
+{
+    const std::string_view matchName = ComponentMatchName(component);
+    if (const AudioFilterRow* const row = FindWritten(context, matchName))
+        ComponentToXmeml(context, *row, component, element);
+    else
+        context.AddIssue(ExportIssue::EffectNotTranslated, matchName);
+}
+
+EffectContext ContextOfChain(const EffectContext& context, ConstHandle chain)
+{
+    EffectContext result = context;
+    if (const Ticks sample = Int64Property(chain, "FrameRate");
+        sample > 0 && sample != std::numeric_limits<Ticks>::max())
+        result.sampleTicks = sample;
+    return result;
+}
+
+// Fader and meter of a track are parts of its chain.
+bool IsFilter(ConstHandle component)
+{
+    return !(component.GetName() == "AudioFader" || component.GetName() == "AudioMeter");
+}
+
 } // namespace
 
 ObjectHandle BuildAudioChain(const EffectContext& context, const ItemAudio& audio, ConstHandle item)
@@ -206,18 +235,27 @@ ObjectHandle BuildAudioChain(const EffectContext& context, const ItemAudio& audi
     return chain;
 }
 
+bool HasAudioFilters(ConstHandle chain)
+{
+    for (const ConstHandle component : ComponentsOf(chain))
+        if (IsFilter(component))
+            return true;
+    return false;
+}
+
 void AudioChainToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle element)
 {
-    EffectContext ofChain = context;
-    if (const Ticks sample = Int64Property(chain, "FrameRate"); IsRate(sample))
-        ofChain.sampleTicks = sample;
-    for (const ConstHandle component : ComponentsOf(chain)) {
-        const std::string_view matchName = ComponentMatchName(component);
-        if (const AudioFilterRow* const row = FindWritten(context, matchName))
-            ComponentToXmeml(ofChain, *row, component, element);
-        else
-            context.AddIssue(ExportIssue::EffectNotTranslated, matchName);
-    }
+    const EffectContext ofChain = ContextOfChain(context, chain);
+    for (const ConstHandle component : ComponentsOf(chain))
+        FilterToXmeml(ofChain, component, element);
+}
+
+void TrackFiltersToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle element)
+{
+    const EffectContext ofChain = ContextOfChain(context, chain);
+    for (const ConstHandle component : ComponentsOf(chain))
+        if (IsFilter(component))
+            FilterToXmeml(ofChain, component, element);
 }
 
 void ReportAudioChain(const EffectContext& context, ConstHandle chain, ExportIssue kind)

@@ -26,9 +26,14 @@ ObjectHandle BuildAudioChain(const EffectContext& context, const ItemAudio& audi
 
 // ---- To `xmeml`. Keyframes count in `frameTicks` of the context.
 
+// True for the chain of a track that has more than fader and meter.
+bool HasAudioFilters(ConstHandle chain);
+
 // Puts a `filter` on `element` for every component of a clip's chain; what documents have no term
 // for is reported.
 void AudioChainToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle element);
+// The same for the chain of a track, without its fader and its meter.
+void TrackFiltersToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle element);
 
 // Reports the components that documents have no term for, for a chain that can't be written.
 void ReportAudioChain(const EffectContext& context, ConstHandle chain, ExportIssue kind);

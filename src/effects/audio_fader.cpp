@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "effects/audio_filters.h"
+#include "effects/effect_walk.h"
 #include "effects/keyframes.h"
 #include "effects/parameters.h"
 #include "effects/values.h"
@@ -95,6 +96,36 @@ void FaderToXmeml(Document& document, ConstHandle volume, ObjectHandle owner)
     if (value != kNeutral)
         AddParameter(document, LevelParam(), NumberText(LevelOfFader(value)),
                      AddFilter(document, kAudioLevels.xmeml, owner));
+}
+
+void AddTrackFilters(const EffectContext& context, ConstHandle owner, ObjectHandle chain)
+{
+    const ItemAudio audio{.channelType = IntProperty(chain, "ChannelType")};
+    const ConstHandle fader = FindAudioEffect(owner, kAudioLevels.xmeml.id);
+    int id = IntProperty(chain, "NextComponentID");
+    ForEachEffect(owner, [&](ConstHandle effect) {
+        if (effect == fader)
+            return;
+        if (const ObjectHandle component = TranslateAudioFilter(context, audio, effect)) {
+            component.SetProperty("ID", IntToString(id++));
+            chain.AddChild("Component", component);
+        }
+    });
+    chain.SetProperty("NextComponentID", IntToString(id));
+}
+
+void TrackEffectsToXmeml(const EffectContext& context, ConstHandle chain, ConstHandle volume,
+                         ObjectHandle owner)
+{
+    const double value = CurrentNumber(volume, kNeutral);
+    const std::string_view keyframes = volume.GetProperty("Keyframes");
+    if (value != kNeutral || !keyframes.empty() || HasAudioFilters(chain)) {
+        const ObjectHandle parameter =
+            AddParameter(context.document, LevelParam(), NumberText(LevelOfFader(value)),
+                         AddFilter(context.document, kAudioLevels.xmeml, owner));
+        WriteKeyframes(context.document, parameter, keyframes, context.frameTicks, LevelOfFader);
+    }
+    TrackFiltersToXmeml(context, chain, owner);
 }
 
 } // namespace XPJ

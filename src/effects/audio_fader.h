@@ -20,7 +20,16 @@ ObjectHandle MakeFaderChain(Document& document, const FaderFormat& format);
 // sequence. Other filters of an owner act on nothing that a fader has.
 void ApplyFaderLevel(const EffectContext& context, ConstHandle owner, ObjectHandle chain);
 
+// The filters of `owner` beside its level, as further components of a chain with a fader.
+void AddTrackFilters(const EffectContext& context, ConstHandle owner, ObjectHandle chain);
+
 // Puts the volume of a fader on a `track` or `audio`, unless it is neutral.
 void FaderToXmeml(Document& document, ConstHandle volume, ObjectHandle owner);
+
+// The same with the keyframes of the volume, and with the filters of the chain around the fader. A
+// fader before filters is written also when it is neutral: the first level of an owner is its
+// fader's.
+void TrackEffectsToXmeml(const EffectContext& context, ConstHandle chain, ConstHandle volume,
+                         ObjectHandle owner);
 
 } // namespace XPJ

@@ -29,7 +29,8 @@ std::string_view EffectName(ConstHandle effect)
 ConstHandle ActiveEffect(ConstHandle filter)
 {
     const ConstHandle effect = filter.GetChild("effect");
-    const bool isOff = EqualsIgnoreCase(filter.GetProperty("enabled"), "false");
+    const bool isOff =
+        EqualsIgnoreCase(filter.GetProperty("enabled"), "false") && !IsTrue(effect, "velaBypass");
     return isOff || EffectName(effect).empty() ? ConstHandle() : effect;
 }
 

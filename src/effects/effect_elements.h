@@ -12,8 +12,8 @@ namespace XPJ {
 // The name under which issues list an effect: its `name`, else its id.
 std::string_view EffectName(ConstHandle effect);
 
-// The `effect` of a `filter`; null if the filter is off, or if its effect states neither its name
-// nor its id, as that of a clip with a plain gain.
+// The `effect` of a `filter`; null if the filter is off without being kept as a bypassed one, or if
+// its effect states neither its name nor its id, as that of a clip with a plain gain.
 ConstHandle ActiveEffect(ConstHandle filter);
 
 // Calls `use(effect)` for each active effect, in document order.

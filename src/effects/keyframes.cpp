@@ -11,10 +11,12 @@ namespace {
 
 constexpr std::string_view kScalarStartTail = ",0,0,0.,0.,0.,0.";
 constexpr std::string_view kPointTail = ",0,0,0.,0.,0.,0.,5,4,0.,0.,0.,0.";
+constexpr std::string_view kHeldPointTail = ",4,0,0.,0.,0.,0.,5,4,0.,0.,0.,0.";
 
 // Interpolation codes, then speed and influence on either side of the keyframe.
 constexpr std::string_view kOrdinaryCodes = ",0,0,";
 constexpr std::string_view kHoldCodes = ",4,0,";
+constexpr std::string_view kHoldCode = "4";
 constexpr std::string_view kOrdinaryReals = "0,0.166667,0,0.166667;";
 constexpr std::string_view kAudioReals =
     "0.0,0.166666666666666657414808,0.0,0.166666666666666657414808;";
@@ -38,13 +40,23 @@ void AppendRecord(std::string& list, Ticks time, std::string_view value, std::st
     list += reals == RecordReals::Audio ? kAudioReals : kOrdinaryReals;
 }
 
-void AppendPointRecord(std::string& list, Ticks time, const Point& point)
+void AppendPointRecord(std::string& list, Ticks time, const Point& point, bool isHeld)
 {
     list += TickText(time);
     list += ',';
     list += PointText(point);
-    list += kPointTail;
+    list += isHeld ? kHeldPointTail : kPointTail;
     list += ';';
+}
+
+bool IsHeld(ConstHandle keyframe)
+{
+    return keyframe.GetProperty("velaHold") == "start";
+}
+
+std::string_view CodesOf(ConstHandle keyframe)
+{
+    return IsHeld(keyframe) ? kHoldCodes : kOrdinaryCodes;
 }
 
 std::int64_t When(ConstHandle keyframe)
@@ -58,12 +70,13 @@ Point ProjectPoint(const Point& point, double horizontalFactor, double verticalF
     return {point.horiz * horizontalFactor + 0.5, point.vert * verticalFactor + 0.5};
 }
 
-// Calls `use(keyframe, its value)` for each `keyframe` that has a value.
+// Calls `use(keyframe, its value)` for each `keyframe` that has a value of its own.
 template <typename Use>
 void ForEachKeyframe(ConstHandle parameter, const Use& use)
 {
     for (const ConstHandle keyframe : parameter.GetChildren("keyframe"))
-        if (const std::string_view value = PlainValue(keyframe); !value.empty())
+        if (const std::string_view value = PlainValue(keyframe);
+            !value.empty() && !IsRepeatedKeyframe(keyframe))
             use(keyframe, value);
 }
 
@@ -72,14 +85,14 @@ std::vector<ConstHandle> StepChildren(ConstHandle parameter)
 {
     std::vector<ConstHandle> children;
     for (const ConstHandle child : parameter.GetChildren())
-        if (!(child.GetName() == "interpolation"))
+        if (!(child.GetName() == "interpolation") && !IsRepeatedKeyframe(child))
             children.push_back(child);
     return children;
 }
 
 bool IsPointKeyframe(ConstHandle child)
 {
-    return child.GetName() == "keyframe" && child.HasChild("value");
+    return child.GetName() == "keyframe" && child.HasChild("value") && !IsRepeatedKeyframe(child);
 }
 
 // Calls `use` for each record that is not empty.
@@ -100,6 +113,11 @@ std::string FieldText(std::string_view text)
 {
     return text.find_first_of(",; \t\r\n") == text.npos ? std::string(text)
                                                         : NumberText(ParseDouble(text));
+}
+
+bool IsRepeatedKeyframe(ConstHandle keyframe)
+{
+    return keyframe.GetProperty("velaHold") == "end";
 }
 
 std::string StartKeyframeText(std::string_view value)
@@ -124,7 +142,7 @@ std::string ScalarKeyframes(ConstHandle parameter, Ticks frameTicks, double fact
     std::string list;
     ForEachKeyframe(parameter, [&](ConstHandle keyframe, std::string_view value) {
         AppendRecord(list, MultiplyTicks(When(keyframe), frameTicks), ScaledText(value, factor),
-                     kOrdinaryCodes, RecordReals::Ordinary);
+                     CodesOf(keyframe), RecordReals::Ordinary);
     });
     return list;
 }
@@ -135,7 +153,7 @@ std::string MappedKeyframes(ConstHandle parameter, Ticks frameTicks,
     std::string list;
     ForEachKeyframe(parameter, [&](ConstHandle keyframe, std::string_view value) {
         AppendRecord(list, MultiplyTicks(When(keyframe), frameTicks),
-                     NumberText(map(ParseDouble(value))), kOrdinaryCodes, RecordReals::Ordinary);
+                     NumberText(map(ParseDouble(value))), CodesOf(keyframe), RecordReals::Ordinary);
     });
     return list;
 }
@@ -163,7 +181,7 @@ std::string ClampedKeyframes(ConstHandle parameter, Ticks frameTicks, const Clam
                          clamp.reals);
             held = true;
         }
-        AppendRecord(list, MultiplyTicks(frame, frameTicks), value, kOrdinaryCodes, clamp.reals);
+        AppendRecord(list, MultiplyTicks(frame, frameTicks), value, CodesOf(keyframe), clamp.reals);
     });
     return list;
 }
@@ -175,7 +193,8 @@ std::string PointKeyframes(ConstHandle parameter, Ticks frameTicks, double horiz
     for (const ConstHandle keyframe : parameter.GetChildren("keyframe"))
         if (IsPointKeyframe(keyframe))
             AppendPointRecord(list, MultiplyTicks(When(keyframe), frameTicks),
-                              ProjectPoint(PointValue(keyframe), horizontalFactor, verticalFactor));
+                              ProjectPoint(PointValue(keyframe), horizontalFactor, verticalFactor),
+                              IsHeld(keyframe));
     return list;
 }
 
@@ -196,10 +215,11 @@ AnchorAndPosition PairedPointKeyframes(ConstHandle centerOffset, ConstHandle cen
         const Point offset = PointValue(offsets[i]);
         const Point middle = PointValue(centers[i]);
         AppendPointRecord(lists.anchor, MultiplyTicks(When(offsets[i]), frameTicks),
-                          ProjectPoint(offset, 1.0, 1.0));
+                          ProjectPoint(offset, 1.0, 1.0), IsHeld(offsets[i]));
         AppendPointRecord(lists.position, MultiplyTicks(When(centers[i]), frameTicks),
                           ProjectPoint({middle.horiz + offset.horiz, middle.vert + offset.vert},
-                                       horizontalFactor, verticalFactor));
+                                       horizontalFactor, verticalFactor),
+                          IsHeld(centers[i]));
     }
     // A still anchor: the center moves alone.
     if (offsets.size() == 1 && lists.anchor.empty())
@@ -260,7 +280,8 @@ std::vector<KeyframeRecord> ParseKeyframes(std::string_view text)
     std::vector<KeyframeRecord> records;
     ForEachRecord(text, [&](std::string_view record) {
         if (const std::string_view value = KeyframeField(record, 1); !value.empty())
-            records.push_back({ParseInt64(record), value, KeyframeField(record, 2)});
+            records.push_back({ParseInt64(record), value, KeyframeField(record, 2),
+                               KeyframeField(record, 2) == kHoldCode});
     });
     return records;
 }
@@ -282,8 +303,8 @@ void WriteKeyframes(Document& document, ObjectHandle parameter, std::string_view
 {
     for (const KeyframeRecord& record : ParseKeyframes(keyframes)) {
         const double number = record.Number();
-        AddKeyframe(document, parameter, DivTicks(record.time, frameTicks),
-                    NumberText(map ? map(number) : number));
+        MarkHeld(record, AddKeyframe(document, parameter, DivTicks(record.time, frameTicks),
+                                     NumberText(map ? map(number) : number)));
     }
 }
 
@@ -292,8 +313,8 @@ void WritePointKeyframes(Document& document, ObjectHandle parameter, std::string
 {
     for (const KeyframeRecord& record : ParseKeyframes(keyframes)) {
         const Point point = record.GetPoint();
-        AddPointKeyframe(document, parameter, DivTicks(record.time, frameTicks),
-                         map ? map(point) : point);
+        MarkHeld(record, AddPointKeyframe(document, parameter, DivTicks(record.time, frameTicks),
+                                          map ? map(point) : point));
     }
 }
 
@@ -314,6 +335,12 @@ ObjectHandle AddPointKeyframe(Document& document, ObjectHandle parameter, std::i
     const ObjectHandle keyframe = AddKeyframe(document, parameter, when, "");
     AddPointValue(document, keyframe, point);
     return keyframe;
+}
+
+void MarkHeld(const KeyframeRecord& record, ObjectHandle keyframe)
+{
+    if (record.isHeld)
+        keyframe.SetPropertyShared("isHeld", "TRUE");
 }
 
 } // namespace XPJ

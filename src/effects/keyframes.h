@@ -5,8 +5,10 @@
 //   point    <ticks>,<h>:<v>,0,0,0.,0.,0.,0.,5,4,0.,0.,0.,0.;
 //   speed    <ticks>,<media seconds>,<kind>,0,0,0,0,0;
 // `xmeml` holds them as `keyframe` elements with `when`, in frames, and `value`. Interpolation is
-// carried in neither direction. Keyframes keep their order, equal and falling times included; one
-// without a value is passed over.
+// carried in neither direction, but for values that are held to the next keyframe: in documents of
+// this system `velaHold` is "start" at such a keyframe, and "end" at one that only repeats its
+// value before the next, for readers that do not know the mark. Keyframes keep their order, equal
+// and falling times included; one without a value is passed over.
 #pragma once
 
 #include "core/ticks.h"
@@ -36,6 +38,9 @@ inline constexpr std::string_view kSpeedStartKeyframe =
 std::string StartKeyframeText(std::string_view value);
 // `point` is PointText.
 std::string PointStartKeyframeText(std::string_view point);
+
+// True for a keyframe that only repeats the one before it.
+bool IsRepeatedKeyframe(ConstHandle keyframe);
 
 // ---- From `xmeml`: the `Keyframes` text of a `parameter`, empty without keyframes
 
@@ -105,6 +110,7 @@ struct KeyframeRecord {
     Ticks time = 0;
     std::string_view value;
     std::string_view nextField;
+    bool isHeld = false; // its value, to the next record
 
     double Number() const;
     Point GetPoint() const { return ParsePoint(value, nextField); }
@@ -126,7 +132,8 @@ struct SpeedPoint {
 std::vector<SpeedPoint> ParseSpeedKeyframes(std::string_view text);
 
 // Attach `keyframe`s to a `parameter`, one for each record of `keyframes`, its value passed through
-// `map`. A frame length of 1 keeps ticks; one of 0 throws DocumentFault.
+// `map`. One whose value is held has the property `isHeld`, which documents do not have. A frame
+// length of 1 keeps ticks; one of 0 throws DocumentFault.
 void WriteKeyframes(Document& document, ObjectHandle parameter, std::string_view keyframes,
                     Ticks frameTicks, const std::function<double(double)>& map = {});
 void WritePointKeyframes(Document& document, ObjectHandle parameter, std::string_view keyframes,
@@ -137,5 +144,6 @@ ObjectHandle AddKeyframe(Document& document, ObjectHandle parameter, std::int64_
                          std::string_view value);
 ObjectHandle AddPointKeyframe(Document& document, ObjectHandle parameter, std::int64_t when,
                               const Point& point);
+void MarkHeld(const KeyframeRecord& record, ObjectHandle keyframe);
 
 } // namespace XPJ

@@ -179,9 +179,11 @@ void AddCenter(const EffectContext& context, ConstHandle component, const FrameF
     const std::vector<KeyframeRecord> anchors = ParseKeyframes(anchor.GetProperty("Keyframes"));
     const bool inStep = moves.size() == anchors.size();
     for (std::size_t i = 0; i < moves.size(); ++i)
-        AddPointKeyframe(
-            context.document, parameter, DivTicks(moves[i].time, context.frameTicks),
-            center(moves[i].GetPoint(), inStep ? FromCenter(anchors[i].GetPoint()) : offset));
+        MarkHeld(moves[i],
+                 AddPointKeyframe(context.document, parameter,
+                                  DivTicks(moves[i].time, context.frameTicks),
+                                  center(moves[i].GetPoint(),
+                                         inStep ? FromCenter(anchors[i].GetPoint()) : offset)));
 }
 
 // ---- Basic 3D

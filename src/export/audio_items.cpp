@@ -42,6 +42,12 @@ std::int64_t SourceTrack(const ExportContext& context, MasterCatalog& masters,
     return AddTicks(Int64Property(media, "StreamNumber"), audio.firstStream == 1 ? 0 : 1);
 }
 
+// A clip whose gain changes its level has a Gain filter, which states the gain in decibels.
+bool HasGain(ConstHandle clip)
+{
+    return clip.HasProperty("Gain") && DoubleProperty(clip, "Gain") != 1.0;
+}
+
 // The channels of an item find each other by their group, also without a link in the project.
 void AddLink(Document& document, LinkGroups& links, TrackItem item, const LinkTarget& target,
              std::string_view source)
@@ -68,6 +74,8 @@ NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, Tra
         element.SetProperty("channelcount", IntToString(contents));
     WriteItemHead(context, catalogs.masters, record, element);
     GainToXmeml(effects, record.clip, MediaKindOf(record.media) == MediaKind::BarsAndTone, element);
+    if (context.options.openInterchange && HasGain(record.clip))
+        element.SetPropertyShared("velaGain", record.clip.GetProperty("Gain"));
     WriteClipOptions(context.document, record, element);
     const ItemSource source = WriteItemSource(context, catalogs, track, record, element);
     AddLink(context.document, catalogs.links, record.item,
@@ -83,7 +91,7 @@ NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, Tra
     WriteSubclipOffsets(context.document, record.boundaries, record.timing.rate, element);
     AudioChainToXmeml(effects, ChainOfOwner(ItemCore(record.item)), element);
     PanToXmeml(effects, PanProcessorOf(record.item), element);
-    WriteRange(record.clip, 1.0, record.timing, element);
+    WriteRange(record.clip, MediaType::Audio, record.timing, element);
     WriteDuration(record.clip, record.timing, element);
     if (record.timing.speed != 1.0 || record.timing.reverse)
         TimeRemapToXmeml(context.document, PlayedSpeedOf(record.timing), {}, MediaType::Audio,
@@ -97,7 +105,7 @@ NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, Tra
 NestedSequence TranslateAudioItem(ExportContext& context, Catalogs& catalogs, TrackContext& track,
                                   const ItemPart& part)
 {
-    ItemRecord record = ReadItem(catalogs.masters, track, part.item);
+    ItemRecord record = ReadItem(context, catalogs, track, part.item);
     if (!record.subClip)
         return {};
     TranslateHeadTransition(context, track, part.item);

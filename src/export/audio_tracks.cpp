@@ -62,12 +62,16 @@ int HighestChannel(const std::vector<UsedItem>& items)
     return static_cast<int>(std::bit_width(used));
 }
 
+// In open interchange a stereo track whose items play its first channel alone, as that of a mono
+// track that was imported, gets no empty partner.
 int ExplodedCount(const ExportContext& context, const AudioTrack& track)
 {
     const bool isAdaptive = track.type.type == kAdaptiveType;
     if (context.IsHandOff() && (!isAdaptive || track.channels == 2))
         return 1;
-    return isAdaptive ? std::min(HighestChannel(track.items), track.channels) : track.channels;
+    return isAdaptive || context.options.openInterchange
+               ? std::min(HighestChannel(track.items), track.channels)
+               : track.channels;
 }
 
 AudioTrack ReadTrack(const ExportContext& context, const AudioGroup& group,
@@ -141,6 +145,21 @@ int OutputOf(const ExportContext& context, AudioGroup& group, const TrackChannel
     return group.outputs.Unassigned(ofSeveral ? part.channel : number - 1, ofSeveral);
 }
 
+// `audioTrack` is AudioTrackOf a track or a master track. Keyframes and filters, for which the
+// letter has no term on tracks, leave in open interchange.
+void WriteFader(ExportContext& context, const SequenceContext& sequence, ConstHandle audioTrack,
+                const ItemLocation& location, ObjectHandle owner)
+{
+    const ConstHandle volume = FaderParam(audioTrack, "Volume");
+    if (!context.options.openInterchange)
+        return FaderToXmeml(context.document, volume, owner);
+    const EffectContext effects{.document = context.document,
+                                .issues = context.issues,
+                                .location = location,
+                                .frameTicks = sequence.frameTicks};
+    TrackEffectsToXmeml(effects, ChainOfOwner(audioTrack), volume, owner);
+}
+
 void OpenExplodedTrack(ExportContext& context, AudioGroup& group, const TrackChannel& part)
 {
     const AudioTrack& source = part.source;
@@ -152,7 +171,8 @@ void OpenExplodedTrack(ExportContext& context, AudioGroup& group, const TrackCha
                                .element = context.document.NewObject("track")},
                      .items = ItemsOfChannel(source, part.channel)};
     const ObjectHandle element = result.track.element;
-    FaderToXmeml(context.document, FaderParam(source.audioTrack, "Volume"), element);
+    WriteFader(context, group.sequence, source.audioTrack, LocationOfItem(result.track, 0, {}),
+               element);
     WriteTrackState(source.track, IsMutedByFader(source.audioTrack), element);
     if (context.IsHandOff())
         WriteHandOffState(source, element);
@@ -226,7 +246,8 @@ std::vector<OpenTrack> TranslateAudioGroup(ExportContext& context, const Sequenc
     result.outputs = OutputChannels(outputs);
 
     media.AddChild(result.element);
-    FaderToXmeml(context.document, FaderParam(masterTrack, "Volume"), result.element);
+    WriteFader(context, sequence, masterTrack,
+               {.sequence = sequence.sequence.GetProperty("Name"), .trackKind = 2}, result.element);
     result.element.SetProperty("numOutputChannels", IntToString(channels));
     result.element.AddChild(WriteFormat(context, sequence, group));
     result.element.AddChild(WriteOutputs(context.document, outputs));

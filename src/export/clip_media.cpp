@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "export/audio_channels.h"
+#include "export/effects.h"
 #include "export/files.h"
 #include "export/formats.h"
 
@@ -77,6 +78,8 @@ ObjectHandle ClipWriter::TranslateAudio()
         const ObjectHandle item = NewClipItem(
             {.type = MediaType::Audio, .track = channel, .isGrouped = AreGrouped(context, layout)});
         WriteSourceTrack(context.document, channel, item);
+        if (context.options.openInterchange)
+            TranslateMasterAudioEffects(context, source.masterClip, ClipRate(source.media), item);
         audio.AddChild(TrackWith(context.document, item));
     }
     return audio;

@@ -42,6 +42,15 @@ void TranslateMasterEffects(ExportContext& context, MasterClip masterClip, Ticks
                    VideoChainOfMaster(masterClip), file);
 }
 
+void TranslateMasterAudioEffects(ExportContext& context, MasterClip masterClip, Ticks frameTicks,
+                                 ObjectHandle item)
+{
+    IssueSet reported; // with the file, as those of a master
+    const EffectContext effects{
+        .document = context.document, .issues = reported, .frameTicks = frameTicks};
+    AudioChainToXmeml(effects, AudioChainOfMaster(masterClip), item);
+}
+
 void ReportMasterAudioEffects(ExportContext& context, MasterClip masterClip)
 {
     constexpr int kAudio = 2;

@@ -7,6 +7,8 @@
 
 #include <cmath>
 #include <limits>
+#include <optional>
+#include <vector>
 
 namespace XPJ::RVX {
 
@@ -54,6 +56,13 @@ Ticks WriteEdge(const EdgeKeys& keys, TrackItem item, ConstHandle transition,
         element.SetPropertyShared(keys.key, "-1");
         return Difference(Int64Property(TransitionEdges(transition), keys.projectKey), edge);
     }
+    if (timing.openInterchange) {
+        const std::int64_t frame = DivTicks(edge, timing.sequenceRate);
+        element.SetProperty(keys.key, IntToString(frame));
+        if (timing.rate != timing.sequenceRate)
+            element.SetProperty(keys.exactKey, TickText(MultiplyTicks(frame, timing.sequenceRate)));
+        return 0;
+    }
     element.SetProperty(keys.key, TimeText(timing.unit, edge, timing.rate));
     if (timing.unit == TimeUnit::Frames && IsLost(edge, timing))
         element.SetProperty(keys.exactKey, TickText(edge));
@@ -65,8 +74,14 @@ Ticks WriteEdge(const EdgeKeys& keys, TrackItem item, ConstHandle transition,
 struct SourcePoint {
     const EdgeKeys& keys;
     Ticks delta;
-    double speed;
+    double speed;      // of the frames
+    double exactSpeed; // of the exact ticks
 };
+
+Ticks Scaled(Ticks ticks, double speed)
+{
+    return speed == 1.0 ? ticks : ToTicks(static_cast<double>(ticks) * speed);
+}
 
 // Writes the exact ticks of a point and gives its time in the item's unit; a clip that doesn't
 // state it leaves it open.
@@ -76,25 +91,46 @@ std::int64_t WriteExactPoint(const SourcePoint& point, ConstHandle core, const I
     const Ticks stated = Int64Property(core, point.keys.projectKey);
     if (!core.HasProperty(point.keys.projectKey) || stated < 0)
         return kOpen;
-    const bool isPlain = point.speed == 1.0;
-    const Ticks sourceDelta =
-        isPlain ? point.delta : ToTicks(static_cast<double>(point.delta) * point.speed);
-    const Ticks exact = AddTicks(stated, sourceDelta);
-    element.SetProperty(point.keys.exactKey, TickText(exact));
-    const Ticks played = isPlain ? exact : ToTicks(static_cast<double>(exact) / point.speed);
+    element.SetProperty(point.keys.exactKey,
+                        TickText(AddTicks(stated, Scaled(point.delta, point.exactSpeed))));
+    const Ticks source = AddTicks(stated, Scaled(point.delta, point.speed));
+    const Ticks played =
+        point.speed == 1.0 ? source : ToTicks(static_cast<double>(source) / point.speed);
     return TimeOf(timing.unit, played, timing.rate);
 }
 
 // The length that the speed keyframes state, with the last of them, or else the source's.
-std::int64_t PlayedLength(ConstHandle clip, const ItemTiming& timing)
+std::int64_t PlayedLength(std::optional<Ticks> last, const ItemTiming& timing)
+{
+    if (!last)
+        return timing.originalDuration;
+    if (timing.unit == TimeUnit::Ticks)
+        return *last;
+    return ToTicks(std::round(static_cast<double>(*last) / static_cast<double>(timing.rate)));
+}
+
+std::optional<Ticks> LastMediaTime(ConstHandle clip)
 {
     const std::vector<SpeedPoint> points = ParseSpeedKeyframes(SpeedKeyframesOf(clip));
-    if (points.empty())
-        return timing.originalDuration;
-    const Ticks last = points.back().mediaTime;
-    if (timing.unit == TimeUnit::Ticks)
-        return last;
-    return ToTicks(std::round(static_cast<double>(last) / static_cast<double>(timing.rate)));
+    return points.empty() ? std::nullopt : std::optional(points.back().mediaTime);
+}
+
+// How much of the source plays for each part of the item, by the lengths that are written.
+double WrittenRatio(const ItemTiming& timing)
+{
+    return timing.originalDuration == 0 || timing.duration == 0
+               ? timing.speed
+               : static_cast<double>(timing.originalDuration) /
+                     static_cast<double>(timing.duration);
+}
+
+// The same by the exact lengths. A source whose length is not stated plays as a whole.
+double ExactRatio(std::optional<Ticks> last, const ItemTiming& timing)
+{
+    return last && *last > 0 && timing.sourceLength > 0
+               ? timing.speed * static_cast<double>(timing.sourceLength) /
+                     static_cast<double>(*last)
+               : timing.speed;
 }
 
 } // namespace
@@ -125,19 +161,23 @@ void ReadSpeed(ConstHandle clip, ItemTiming& timing)
     timing.frameBlend = clip.HasProperty("TimeInterpolationType") &&
                         clip.GetProperty("TimeInterpolationType") != "0";
     const ConstHandle source = SourceOfClip(clip);
+    timing.sourceLength = Int64Property(source, "OriginalDuration");
     if (source.HasProperty("OriginalDuration"))
         timing.originalDuration =
             TimeOf(timing.unit, Int64Property(source, "OriginalDuration"), timing.rate);
 }
 
-void WriteRange(ConstHandle clip, double speed, const ItemTiming& timing, ObjectHandle element)
+void WriteRange(ConstHandle clip, MediaType type, const ItemTiming& timing, ObjectHandle element)
 {
+    const bool isVideo = type == MediaType::Video;
+    const double exactSpeed = isVideo ? timing.speed : 1.0;
+    const double speed = timing.openInterchange ? timing.speed : exactSpeed;
     std::int64_t in = kOpen;
     std::int64_t out = kOpen;
     const ConstHandle core = ClipCore(clip);
     if (core) {
-        in = WriteExactPoint({kIn, timing.startDelta, speed}, core, timing, element);
-        out = WriteExactPoint({kOut, timing.endDelta, speed}, core, timing, element);
+        in = WriteExactPoint({kIn, timing.startDelta, speed, exactSpeed}, core, timing, element);
+        out = WriteExactPoint({kOut, timing.endDelta, speed, exactSpeed}, core, timing, element);
     }
     const bool isOpenStill = timing.infinite && (in < 0 || out < 0);
     if (isOpenStill) {
@@ -153,13 +193,11 @@ void WriteRange(ConstHandle clip, double speed, const ItemTiming& timing, Object
 
 void WriteDuration(ConstHandle clip, ItemTiming& timing, ObjectHandle element)
 {
-    const std::int64_t length = PlayedLength(clip, timing);
+    const std::optional<Ticks> last = LastMediaTime(clip);
+    const std::int64_t length = PlayedLength(last, timing);
     timing.duration =
         timing.speed == 1.0 ? length : ToTicks(static_cast<double>(length) / timing.speed);
-    timing.ratio =
-        timing.originalDuration == 0 || timing.duration == 0
-            ? timing.speed
-            : static_cast<double>(timing.originalDuration) / static_cast<double>(timing.duration);
+    timing.ratio = timing.openInterchange ? ExactRatio(last, timing) : WrittenRatio(timing);
     element.SetProperty("duration", IntToString(timing.duration));
 }
 

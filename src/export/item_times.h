@@ -1,6 +1,7 @@
 // The times of a track item, and what the speed of its clip makes of them.
 #pragma once
 
+#include "core/media_type.h"
 #include "effects/time_remap.h"
 #include "export/export_context.h"
 
@@ -18,27 +19,33 @@ struct ItemTiming {
     double speed = 1.0;
     bool reverse = false;
     bool frameBlend = false;
+    Ticks sourceLength = 0;                // exactly; 0: not stated
     bool infinite = false;                 // the source has no end of its own, such as a still
     std::int64_t originalDuration = 10000; // of the source
     std::int64_t duration = 0;             // of the source as the clip plays it
     double ratio = 1.0;                    // originalDuration / duration
+    bool openInterchange = false;
 };
 
 // The same for the translation of speeds.
 PlayedSpeed PlayedSpeedOf(const ItemTiming& timing);
 
 // Writes `start` and `end`: -1 where a transition covers the edge, whose distance is kept. They
-// count in the item's rate; an edge that is lost between its frames is written exactly as well.
+// count in the item's rate; an edge that is lost between its frames is written exactly as well. In
+// open interchange they count in the sequence's rate; with the exact edges beside them they also
+// mean that to a reader of this system, which takes the item's rate without them.
 void WriteEdges(TrackItem item, ItemTiming& timing, ObjectHandle element);
 
 // Takes speed, direction, blending and the source's length from a VideoClip or AudioClip.
 void ReadSpeed(ConstHandle clip, ItemTiming& timing);
 
-// Writes `in`, `out` and their exact ticks. They include the transitions at the edges, and count in
-// what plays at `speed`; audio, which is not stretched, passes 1.
-void WriteRange(ConstHandle clip, double speed, const ItemTiming& timing, ObjectHandle element);
+// Writes `in`, `out` and their exact ticks. They include the transitions at the edges. Those of
+// video count in what plays at the clip's speed; audio counts as if it played at 1, in open
+// interchange only in its exact ticks.
+void WriteRange(ConstHandle clip, MediaType type, const ItemTiming& timing, ObjectHandle element);
 
-// Writes `duration`, and keeps it with `ratio`.
+// Writes `duration`, and keeps it with `ratio`. Both are whole frames and their quotient is hardly
+// ever the speed; in open interchange the ratio follows from the exact lengths.
 void WriteDuration(ConstHandle clip, ItemTiming& timing, ObjectHandle element);
 
 } // namespace XPJ::RVX

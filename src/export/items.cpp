@@ -49,11 +49,12 @@ ItemSource WriteSequence(ExportContext& context, SequenceCatalog& sequences,
 
 } // namespace
 
-ItemRecord ReadItem(MasterCatalog& masters, const TrackContext& track, TrackItem item)
+ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const TrackContext& track,
+                    TrackItem item)
 {
     const ConstHandle subClip = SubClipOf(item);
     const MasterClip masterClip = MasterOfSubClip(subClip);
-    const MasterSource& source = masters.SourceOf(masterClip);
+    const MasterSource& source = catalogs.masters.SourceOf(masterClip);
     return {.item = item,
             .subClip = subClip,
             .clip = ClipOfSubClip(subClip),
@@ -64,7 +65,8 @@ ItemRecord ReadItem(MasterCatalog& masters, const TrackContext& track, TrackItem
             .timing = {.unit = track.unit,
                        .rate = RateOfItem(source.media, track),
                        .sequenceRate = track.sequence.frameTicks,
-                       .infinite = IsTrue(source.media, "Infinite")}};
+                       .infinite = IsTrue(source.media, "Infinite"),
+                       .openInterchange = context.options.openInterchange}};
 }
 
 void WriteItemHead(ExportContext& context, MasterCatalog& masters, ItemRecord& record,

@@ -30,7 +30,8 @@ struct ItemRecord {
     Ticks Start() const { return Int64Property(ItemEdges(item), "Start"); }
 };
 
-ItemRecord ReadItem(MasterCatalog& masters, const TrackContext& track, TrackItem item);
+ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const TrackContext& track,
+                    TrackItem item);
 
 // ---- Steps of items of both types, in their order
 

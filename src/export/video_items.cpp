@@ -55,7 +55,7 @@ void VideoItem::AddLink(std::string_view source)
 
 void VideoItem::WriteTimes()
 {
-    WriteRange(record.clip, record.timing.speed, record.timing, element);
+    WriteRange(record.clip, MediaType::Video, record.timing, element);
     WriteDuration(record.clip, record.timing, element);
 }
 
@@ -121,7 +121,7 @@ void VideoItem::TranslateMatte()
 NestedSequence TranslateVideoItem(ExportContext& context, Catalogs& catalogs, TrackContext& track,
                                   TrackItem item)
 {
-    VideoItem clip{context, catalogs, track, ReadItem(catalogs.masters, track, item), {}};
+    VideoItem clip{context, catalogs, track, ReadItem(context, catalogs, track, item), {}};
     if (!clip.record.subClip || ShowsCaptions(clip.record.media))
         return {};
     TranslateHeadTransition(context, track, item);

@@ -85,10 +85,11 @@ private:
 
     int Import()
     {
-        const ImportOptions options{.inputPath = request_.inputPath,
-                                    .sn2vlMode = isHandOff_,
-                                    .aafSupport = request_.aafSupport,
-                                    .settings = settings_};
+        ImportOptions options{.inputPath = request_.inputPath,
+                              .sn2vlMode = isHandOff_,
+                              .aafSupport = request_.aafSupport,
+                              .settings = settings_};
+        options.settings.openInterchange = UsesDialects(*request_.from);
         return ImportDocument(source_, options, progress_, translatedDocument_, outcome_.issues,
                               translated_, &outcome_.skipped);
     }
@@ -99,7 +100,9 @@ private:
                                          .outputPath = request_.outputPath,
                                          .vl2snMode = isHandOff_,
                                          .sequenceGuid = request_.sequenceGuid,
-                                         .exportTransformEffect = settings_.exportTransform};
+                                         .exportTransformEffect = settings_.exportTransform,
+                                         .openInterchange =
+                                             settings_.openInterchange && !isHandOff_};
         const int result =
             RVX::TranslateProjectDocument(source_, options, progress_, translatedDocument_,
                                           outcome_.issues, translated_, &outcome_.skipped);

@@ -190,10 +190,12 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
     const ObjectHandle clip = MakeVideoClip(document, source, FieldsOf(item, speed));
     CopyLabel(item, clip, "hfl.clip.label.name");
 
-    AddPoints(track, item, timing,
-              {.in = ScaledTicks(timing.times.in, unit, speed.speed),
-               .out = OutTicks(timing.times.out, unit, speed.speed)},
-              clip);
+    SourceRange range{.in = ScaledTicks(timing.times.in, unit, speed.speed),
+                      .out = OutTicks(timing.times.out, unit, speed.speed)};
+    if (state.options.settings.openInterchange)
+        range = {.in = ExactPoint(item.times.exactIn).value_or(range.in),
+                 .out = ExactPoint(item.times.exactOut).value_or(range.out)};
+    AddPoints(track, item, timing, range, clip);
     AddFrameHold(item, track.sequence.rates.edges, clip);
     clip.AddChild("Markers", TranslateMarkers(document, item, unit));
     AddMulticam(state.angles, item, clip);
@@ -227,7 +229,8 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
               clip);
     const int channelCount = ChannelCountOf(channelType);
     clip.SetProperty("SecondaryIndex", IntToString(sourceChannel));
-    clip.SetPropertyShared("Gain", "1.0");
+    clip.SetPropertyShared("Gain", HasValue(item, "velaGain") ? item.GetProperty("velaGain")
+                                                              : std::string_view("1.0"));
     clip.AddChild("Markers", TranslateMarkers(document, item, unit));
     clip.SetProperty("ChannelType", IntToString(channelType));
     clip.SetProperty("NumChannels", IntToString(channelCount));

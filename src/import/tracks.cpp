@@ -104,6 +104,17 @@ EffectContext ContextOfLevel(const SequenceContext& sequence, const ItemLocation
             .sampleTicks = sequence.rates.audio};
 }
 
+// `owner` is a `track` or the `audio` of a sequence. Its filters count in open interchange.
+void ApplyTrackEffects(const SequenceContext& sequence, const ItemLocation& location,
+                       ConstHandle owner, ObjectHandle track)
+{
+    const EffectContext context = ContextOfLevel(sequence, location);
+    const ObjectHandle chain = track.GetChild("Components");
+    ApplyFaderLevel(context, owner, chain);
+    if (sequence.state.options.settings.openInterchange)
+        AddTrackFilters(context, owner, chain);
+}
+
 // Moves the fader of a project's track as the level filter of a `track` states.
 void ApplyTrackLevel(const TrackContext& context, ConstHandle track, ObjectHandle result)
 {
@@ -113,8 +124,7 @@ void ApplyTrackLevel(const TrackContext& context, ConstHandle track, ObjectHandl
         GetMessage(Message::kAudioTrack, {IntToString(std::int64_t{context.index} + 1)});
     if (location.clip.empty())
         location.clip = number;
-    ApplyFaderLevel(ContextOfLevel(context.sequence, location), track,
-                    result.GetChild("Components"));
+    ApplyTrackEffects(context.sequence, location, track, result);
 }
 
 // The same for the master track, whose level is stated by the `audio` of a sequence.
@@ -123,7 +133,7 @@ void ApplyMasterLevel(const SequenceContext& context, ConstHandle audio, ObjectH
     const ItemLocation location = {.sequence = context.timecode.name,
                                    .clip = context.timecode.name, // the whole of it
                                    .time = context.timecode.TextOf(0)};
-    ApplyFaderLevel(ContextOfLevel(context, location), audio, masterTrack.GetChild("Components"));
+    ApplyTrackEffects(context, location, audio, masterTrack);
 }
 
 // Transitions find their neighbours once all items are there.

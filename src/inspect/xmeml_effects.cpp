@@ -33,8 +33,10 @@ std::vector<Parameter> ReadParameters(ConstHandle effect, Ticks frameTicks)
         const std::string_view id = node.GetProperty("parameterid");
         Parameter parameter{PlainText(id.empty() ? node.GetProperty("name") : id), ValueText(node)};
         for (const ConstHandle& keyframe : node.GetChildren("keyframe"))
-            parameter.keyframes.push_back(
-                {MultiplyTicks(Int64Property(keyframe, "when"), frameTicks), ValueText(keyframe)});
+            if (!IsRepeatedKeyframe(keyframe))
+                parameter.keyframes.push_back(
+                    {MultiplyTicks(Int64Property(keyframe, "when"), frameTicks),
+                     ValueText(keyframe)});
         parameters.push_back(std::move(parameter));
     }
     return parameters;

@@ -246,7 +246,7 @@ private:
     std::vector<ReadItem> ReadTrack(ConstHandle node, MediaType type, int number, Ticks unit,
                                     Track& track)
     {
-        const std::vector<ClipItem> clipItems = ItemsOfTrack(node, unit);
+        const std::vector<ClipItem> clipItems = ItemsOfTrack(node, unit, type);
         track.name =
             TextOf(node, node.HasProperty("MZ.TrackName") ? Name("MZ.TrackName") : Name("name"));
         track.enabled = !EqualsIgnoreCase(node.GetProperty("enabled"), "FALSE");

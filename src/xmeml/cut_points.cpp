@@ -1,5 +1,6 @@
 #include "xmeml/cut_points.h"
 
+#include "xmeml/speed.h"
 #include "xmeml/tracks.h"
 
 #include <unordered_map>
@@ -52,8 +53,8 @@ struct SourcePoint {
 // The edges of a clip or generator beside a transition.
 class ItemEdges {
 public:
-    ItemEdges(ClipItem& item, Ticks sequenceTicks)
-        : item_(item), times_(item.times), rates_(RatesOfItem(item, sequenceTicks))
+    ItemEdges(ClipItem& item, Ticks sequenceTicks, MediaType type)
+        : item_(item), times_(item.times), rates_(RatesOfItem(item, sequenceTicks)), type_(type)
     {
     }
 
@@ -72,7 +73,7 @@ public:
             point.frames.Set(AddTicks(point.frames.value, wasCutDown ? DivideUp(ticks, rates_.item)
                                                                      : rates_.ToItem(frames)));
         if (point.exact.IsStated())
-            point.exact.Set(AddTicks(point.exact.value, ticks));
+            point.exact.Set(AddTicks(point.exact.value, ExactLength(frames)));
     }
     // Sets a time in the source by its distance from the other one.
     void Place(SourcePoint point, SourcePoint from, Frames frames) const
@@ -80,7 +81,7 @@ public:
         if (point.frames.value != kNotStated && from.frames.value != kNotStated)
             point.frames.Set(AddTicks(from.frames.value, rates_.ToItem(frames)));
         if (point.exact.IsStated() && from.exact.IsStated())
-            point.exact.Set(AddTicks(from.exact.value, MultiplyTicks(frames, rates_.sequence)));
+            point.exact.Set(AddTicks(from.exact.value, ExactLength(frames)));
     }
 
     // This system's own documents count the edges of such items in the item's frames.
@@ -93,6 +94,14 @@ public:
     }
 
 private:
+    // What plays in so many frames of the sequence. The exact times of audio count as if it were
+    // not stretched.
+    Ticks ExactLength(Frames frames) const
+    {
+        const Ticks ticks = MultiplyTicks(frames, rates_.sequence);
+        const double speed = type_ == MediaType::Video ? SpeedOfItem(item_).speed : 1.0;
+        return speed == 1.0 ? ticks : ToTicks(static_cast<double>(ticks) * speed);
+    }
     void CountInSequence(StatedTime& time, Name exactKey) const
     {
         if (!time.IsStated())
@@ -111,18 +120,19 @@ private:
     const ClipItem& item_;
     StatedTimes& times_;
     ItemRates rates_;
+    MediaType type_;
 };
 
 class TrackWalk {
 public:
-    explicit TrackWalk(Ticks sequenceTicks) : sequenceTicks_(sequenceTicks) {}
+    TrackWalk(Ticks sequenceTicks, MediaType type) : sequenceTicks_(sequenceTicks), type_(type) {}
 
     void AddTransition(ConstHandle node)
     {
         ++position_;
         transition_ = node;
         if (!items_.empty() && items_.back().times.end.value == kNotStated)
-            EndItem(ItemEdges(items_.back(), sequenceTicks_), Transition(node));
+            EndItem(ItemEdges(items_.back(), sequenceTicks_, type_), Transition(node));
     }
     void AddItem(ConstHandle node)
     {
@@ -132,7 +142,7 @@ public:
             item.times = TimesOfRepeated(node);
         if (!latest_.empty())
             latest_[node.UniqueId()] = items_.size() - 1;
-        const ItemEdges edges(item, sequenceTicks_);
+        const ItemEdges edges(item, sequenceTicks_, type_);
         edges.CountInSequence();
         if (transition_ && item.times.start.value == kNotStated)
             StartItem(edges, Transition(transition_));
@@ -238,6 +248,7 @@ private:
     }
 
     Ticks sequenceTicks_;
+    MediaType type_;
     std::vector<ClipItem> items_;
     ConstHandle transition_; // the last one so far
     NodeSet seen_;
@@ -246,11 +257,12 @@ private:
     int position_ = 0;
 };
 
-std::vector<std::vector<ClipItem>> ItemsOfTracks(ConstHandle group, Ticks sequenceTicks)
+std::vector<std::vector<ClipItem>> ItemsOfTracks(ConstHandle group, Ticks sequenceTicks,
+                                                 MediaType type)
 {
     std::vector<std::vector<ClipItem>> tracks;
     for (const ConstHandle& track : group.GetChildren("track"))
-        tracks.push_back(ItemsOfTrack(track, sequenceTicks));
+        tracks.push_back(ItemsOfTrack(track, sequenceTicks, type));
     return tracks;
 }
 
@@ -264,9 +276,9 @@ const TransitionAlignment* FindAlignment(std::string_view name)
     return nullptr;
 }
 
-std::vector<ClipItem> ItemsOfTrack(ConstHandle track, Ticks sequenceTicks)
+std::vector<ClipItem> ItemsOfTrack(ConstHandle track, Ticks sequenceTicks, MediaType type)
 {
-    TrackWalk walk(sequenceTicks);
+    TrackWalk walk(sequenceTicks, type);
     for (const ConstHandle& child : track.GetChildren()) {
         if (child.GetName() == "transitionitem")
             walk.AddTransition(child);
@@ -279,8 +291,8 @@ std::vector<ClipItem> ItemsOfTrack(ConstHandle track, Ticks sequenceTicks)
 SequenceItems ItemsOfSequence(ConstHandle sequence, Ticks sequenceTicks)
 {
     const ConstHandle media = sequence.GetChild("media");
-    return {ItemsOfTracks(media.GetChild("video"), sequenceTicks),
-            ItemsOfTracks(media.GetChild("audio"), sequenceTicks)};
+    return {ItemsOfTracks(media.GetChild("video"), sequenceTicks, MediaType::Video),
+            ItemsOfTracks(media.GetChild("audio"), sequenceTicks, MediaType::Audio)};
 }
 
 } // namespace XPJ

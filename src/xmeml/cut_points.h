@@ -9,6 +9,7 @@
 //     in 0, out 70                          in 20, out 110
 #pragma once
 
+#include "core/media_type.h"
 #include "core/ticks.h"
 #include "tree/object.h"
 #include "xmeml/item_times.h"
@@ -33,7 +34,7 @@ const TransitionAlignment* FindAlignment(std::string_view name);
 
 // The clips and generators of a `track` in its order, with the edges that its transitions imply.
 // All edges count in the sequence's frames, `sequenceTicks` each.
-std::vector<ClipItem> ItemsOfTrack(ConstHandle track, Ticks sequenceTicks);
+std::vector<ClipItem> ItemsOfTrack(ConstHandle track, Ticks sequenceTicks, MediaType type);
 
 // Those of all tracks of a `sequence`, by track.
 struct SequenceItems {

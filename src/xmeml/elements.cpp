@@ -133,7 +133,7 @@ constexpr XmemlAttribute kClipItemAttributes[] = {
     Present("PannerKeyframes", WriteOnly(kPanFilter)),
     Present("PannerStartKeyframe", WriteOnly(kPanFilter)),
     Present("PannerIsInverted", WriteOnly(kPanFilter)),
-    Present("PannerName", WriteOnly(kPanFilter)), Present("velaChannelType"),
+    Present("PannerName", WriteOnly(kPanFilter)), Present("velaChannelType"), Present("velaGain"),
 };
 
 constexpr XmemlField kClipItem[] = {
@@ -312,7 +312,7 @@ constexpr XmemlField kChannel[] = {Required("index")};
 
 constexpr XmemlField kFilter[] = {
     Child("effect"),
-    Leaf("enabled", ReadOnly("written as `velaBypass`")),
+    Leaf("enabled"),
     Leaf("start", Skipped(kNoRange)), Leaf("end", Skipped(kNoRange)),
 };
 
@@ -342,6 +342,7 @@ constexpr XmemlField kKeyframe[] = {
     Leaf("speedvirtualkf"), Leaf("origvalue", WriteOnly(kOthers)), Leaf("speedkfin"),
     Leaf("speedkfout"), Leaf("speedkfstart", ForOthers(kRamp)),
     Leaf("speedkfend", ForOthers(kRamp)), Leaf("velaRampStart"), Leaf("velaRampEnd"),
+    Leaf("velaHold"),
     Child("outbez", WriteOnly(kOthers)), Child("inbez", WriteOnly(kOthers)),
     Child("interpolation", ReadOnly("written once, in the parameter")),
 };

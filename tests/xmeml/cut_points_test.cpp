@@ -27,7 +27,7 @@ protected:
             "<transitionitem><start>100</start><end>120</end>" + transition + "</transitionitem>" +
             Item(after) + "</track></video></media>");
         const std::vector<ClipItem> items =
-            ItemsOfTrack(FindPath(sequence, {"media", "video", "track"}), kFrame);
+            ItemsOfTrack(FindPath(sequence, {"media", "video", "track"}), kFrame, MediaType::Video);
         ASSERT_EQ(items.size(), 2U);
         before_ = items[0].times;
         after_ = items[1].times;
