@@ -63,7 +63,7 @@ Exported Export(const GoldenSection& input)
 
     std::ostringstream output;
     WriteFCPXML(xmeml, progress, options.vl2snMode, output);
-    return {output.str(), issueText, SkippedText(skipped)};
+    return {output.str(), issueText, SkippedLines(skipped)};
 }
 
 std::string_view ArgumentOf(const GoldenSection& output, std::string_view key)

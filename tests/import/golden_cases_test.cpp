@@ -66,7 +66,7 @@ Imported Import(const GoldenSection& input)
 
     std::ostringstream text;
     WriteProjectDocument(project, progress, text, options.sn2vlMode);
-    return {text.str(), WithoutFolder(issueText), SkippedText(skipped)};
+    return {text.str(), WithoutFolder(issueText), SkippedLines(skipped)};
 }
 
 std::string_view ArgumentOf(const GoldenSection& output, std::string_view key)
