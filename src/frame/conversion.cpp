@@ -113,7 +113,9 @@ private:
         if (UsesDialects(*request_.to))
             RestateForOthers(translatedDocument_, translated_, outcome_.assumptions);
         Report();
-        return request_.to->write(translated_, isHandOff_, progress_, streams_.output);
+        const WriteOptions options{.handOff = isHandOff_,
+                                   .additions = request_.additions || isHandOff_};
+        return request_.to->write(translated_, options, progress_, streams_.output);
     }
 
     // First, since a project lists its report.

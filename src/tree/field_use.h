@@ -11,6 +11,7 @@ struct FieldUse {
     bool isUsed = true;
     bool isWritten = true;
     std::string_view reason = {};
+    bool isAddition = false; // to what the vocabulary has for everyone
 };
 
 // Used where a document has it; no writer of ours states it.
