@@ -30,6 +30,7 @@ struct ExportOptions {
     IdCounters* ids = nullptr;     // null: those of the process
     // Write Transform effects too, which only this system could read again.
     bool exportTransformEffect = false;
+    bool openInterchange = false; // write what other programs read, instead of to the letter
 };
 
 // The unit in which the times of an element are written.

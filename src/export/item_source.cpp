@@ -43,7 +43,7 @@ ItemSource WriteItemSource(ExportContext& context, Catalogs& catalogs, const Tra
     ItemSource source;
     if (record.media)
         source.linkKey = WriteMediaFile(context, catalogs, record, element);
-    else if (IsTrue(ClipCore(record.clip), "IsMulticam"))
+    else if (IsTrue(ClipCore(record.shownClip), "IsMulticam"))
         AddIssue(context, ExportIssue::MulticamExportNotSupported,
                  LocationOfItem(track, record.Start(), record.name));
     else if (record.sequence)

@@ -79,7 +79,7 @@ std::int64_t WriteExactPoint(const SourcePoint& point, ConstHandle core, const I
     const bool isPlain = point.speed == 1.0;
     const Ticks sourceDelta =
         isPlain ? point.delta : ToTicks(static_cast<double>(point.delta) * point.speed);
-    const Ticks exact = AddTicks(stated, sourceDelta);
+    const Ticks exact = AddTicks(AddTicks(stated, timing.sourceOffset), sourceDelta);
     element.SetProperty(point.keys.exactKey, TickText(exact));
     const Ticks played = isPlain ? exact : ToTicks(static_cast<double>(exact) / point.speed);
     return TimeOf(timing.unit, played, timing.rate);
@@ -116,7 +116,7 @@ void WriteEdges(TrackItem item, ItemTiming& timing, ObjectHandle element)
     timing.endDelta = WriteEdge(kEnd, item, TailTransitionOf(item), timing, element);
 }
 
-void ReadSpeed(ConstHandle clip, ItemTiming& timing)
+void ReadSpeed(ConstHandle clip, ConstHandle shownClip, ItemTiming& timing)
 {
     const ConstHandle core = ClipCore(clip);
     const double speed = DoubleProperty(core, "PlaybackSpeed");
@@ -124,7 +124,7 @@ void ReadSpeed(ConstHandle clip, ItemTiming& timing)
     timing.reverse = IsTrue(core, "PlayBackwards");
     timing.frameBlend = clip.HasProperty("TimeInterpolationType") &&
                         clip.GetProperty("TimeInterpolationType") != "0";
-    const ConstHandle source = SourceOfClip(clip);
+    const ConstHandle source = SourceOfClip(shownClip);
     if (source.HasProperty("OriginalDuration"))
         timing.originalDuration =
             TimeOf(timing.unit, Int64Property(source, "OriginalDuration"), timing.rate);

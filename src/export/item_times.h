@@ -15,6 +15,7 @@ struct ItemTiming {
     Ticks sequenceRate = kNtscFrameTicks;
     Ticks startDelta = 0; // ticks from an edge of the item to that of the transition there
     Ticks endDelta = 0;
+    Ticks sourceOffset = 0; // from the times of the clip to those of what it shows
     double speed = 1.0;
     bool reverse = false;
     bool frameBlend = false;
@@ -31,8 +32,9 @@ PlayedSpeed PlayedSpeedOf(const ItemTiming& timing);
 // count in the item's rate; an edge that is lost between its frames is written exactly as well.
 void WriteEdges(TrackItem item, ItemTiming& timing, ObjectHandle element);
 
-// Takes speed, direction, blending and the source's length from a VideoClip or AudioClip.
-void ReadSpeed(ConstHandle clip, ItemTiming& timing);
+// Takes speed, direction and blending from a VideoClip or AudioClip, and the source's length from
+// the one that shows it.
+void ReadSpeed(ConstHandle clip, ConstHandle shownClip, ItemTiming& timing);
 
 // Writes `in`, `out` and their exact ticks. They include the transitions at the edges, and count in
 // what plays at `speed`; audio, which is not stretched, passes 1.

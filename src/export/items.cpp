@@ -3,6 +3,7 @@
 #include "core/text.h"
 #include "export/logging.h"
 #include "export/markers.h"
+#include "export/multiclips.h"
 #include "export/rates.h"
 #include "export/transitions.h"
 
@@ -18,16 +19,27 @@ Ticks RateOfItem(Media media, const TrackContext& track)
     return IsRate(rate) && !IsTrue(stream, "IsStill") ? rate : track.sequence.frameTicks;
 }
 
+ConstHandle SequenceOfItem(MasterCatalog& masters, TrackItem item)
+{
+    return masters.SourceOf(MasterOfSubClip(SubClipOf(item))).sequence;
+}
+
 } // namespace
 
-ItemRecord ReadItem(MasterCatalog& masters, const TrackContext& track, TrackItem item)
+ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const TrackContext& track,
+                    TrackItem item)
 {
-    const ConstHandle subClip = SubClipOf(item);
+    const ConstHandle clip = ClipOfSubClip(SubClipOf(item));
+    ShownAngle angle;
+    if (context.options.openInterchange)
+        angle = catalogs.angles.Find(clip, SequenceOfItem(catalogs.masters, item), track.type);
+    const ConstHandle subClip = SubClipOf(angle.item ? angle.item : item);
     const MasterClip masterClip = MasterOfSubClip(subClip);
-    const MasterSource& source = masters.SourceOf(masterClip);
+    const MasterSource& source = catalogs.masters.SourceOf(masterClip);
     return {.item = item,
             .subClip = subClip,
-            .clip = ClipOfSubClip(subClip),
+            .clip = clip,
+            .shownClip = ClipOfSubClip(subClip),
             .masterClip = masterClip,
             .media = source.media,
             .sequence = source.sequence,
@@ -35,6 +47,7 @@ ItemRecord ReadItem(MasterCatalog& masters, const TrackContext& track, TrackItem
             .timing = {.unit = track.unit,
                        .rate = RateOfItem(source.media, track),
                        .sequenceRate = track.sequence.frameTicks,
+                       .sourceOffset = angle.offset,
                        .infinite = IsTrue(source.media, "Infinite")}};
 }
 
@@ -61,11 +74,12 @@ void WriteClipOptions(Document& document, ItemRecord& record, ObjectHandle eleme
     element.SetPropertyShared("scaleToFrameSize",
                               IsTrue(record.clip, "ScaleToFrameSize") ? "TRUE" : "FALSE");
     WriteClipLabel(document, ClipProperties(record.clip), element);
-    ReadSpeed(record.clip, record.timing);
+    ReadSpeed(record.clip, record.shownClip, record.timing);
     TranslateMarkers(document,
                      {.owner = ClipCore(record.clip),
                       .frameTicks = record.timing.rate,
-                      .unit = record.timing.unit},
+                      .unit = record.timing.unit,
+                      .offset = record.timing.sourceOffset},
                      element);
 }
 

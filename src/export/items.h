@@ -15,7 +15,8 @@ namespace XPJ::RVX {
 struct ItemRecord {
     TrackItem item;
     ConstHandle subClip;
-    ConstHandle clip; // a VideoClip or an AudioClip
+    ConstHandle clip;      // a VideoClip or an AudioClip
+    ConstHandle shownClip; // the same; of a multiclip that of its active angle
     MasterClip masterClip;
     Media media;
     ConstHandle sequence;
@@ -30,7 +31,8 @@ struct ItemRecord {
     Ticks Start() const { return Int64Property(ItemEdges(item), "Start"); }
 };
 
-ItemRecord ReadItem(MasterCatalog& masters, const TrackContext& track, TrackItem item);
+ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const TrackContext& track,
+                    TrackItem item);
 
 // ---- Steps of items of both types, in their order
 

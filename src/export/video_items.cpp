@@ -111,7 +111,7 @@ void VideoItem::TranslateMatte()
     WriteItemHead(context, catalogs.masters, record, element);
     AddLink(record.masterClipId);
     element.AddChild(ColorMatteEffect(context.document, record.media));
-    ReadSpeed(record.clip, record.timing);
+    ReadSpeed(record.clip, record.shownClip, record.timing);
     WriteTimes();
     track.Add(element);
 }
@@ -121,7 +121,7 @@ void VideoItem::TranslateMatte()
 NestedSequence TranslateVideoItem(ExportContext& context, Catalogs& catalogs, TrackContext& track,
                                   TrackItem item)
 {
-    VideoItem clip{context, catalogs, track, ReadItem(catalogs.masters, track, item), {}};
+    VideoItem clip{context, catalogs, track, ReadItem(context, catalogs, track, item), {}};
     if (!clip.record.subClip || ShowsCaptions(clip.record.media))
         return {};
     TranslateHeadTransition(context, track, item);

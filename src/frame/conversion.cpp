@@ -97,7 +97,9 @@ private:
                                          .outputPath = request_.outputPath,
                                          .vl2snMode = isHandOff_,
                                          .sequenceGuid = request_.sequenceGuid,
-                                         .exportTransformEffect = settings_.exportTransform};
+                                         .exportTransformEffect = settings_.exportTransform,
+                                         .openInterchange =
+                                             settings_.openInterchange && !isHandOff_};
         const int result =
             RVX::TranslateProjectDocument(source_, options, progress_, translatedDocument_,
                                           outcome_.issues, translated_, &outcome_.skipped);
