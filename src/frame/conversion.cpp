@@ -113,7 +113,9 @@ private:
     int Write()
     {
         if (UsesDialects(*request_.to))
-            RestateForOthers(translatedDocument_, translated_, outcome_.assumptions);
+            RestateForOthers(translatedDocument_, translated_,
+                             {.oneSequence = request_.sequenceGuid != kZeroGuid},
+                             outcome_.assumptions);
         Report();
         const WriteOptions options{.handOff = isHandOff_,
                                    .additions = request_.additions || isHandOff_};

@@ -8,6 +8,7 @@
 #include "project/synthetic_items.h"
 #include "project/synthetic_media.h"
 #include "xmeml/file_audio.h"
+#include "xmeml/files.h"
 #include "xmeml/formats.h"
 
 #include <algorithm>
@@ -16,15 +17,12 @@ namespace XPJ {
 
 namespace {
 
-constexpr std::string_view kBlackVideo = "Black Video";
-constexpr Ticks kSlugDuration = 3657830400000000; // 4 hours
-
 // The black clip; its item is made with the first slug.
 BuiltMaster BlackClipFor(Import& import, ObjectHandle parentItem)
 {
     if (!import.generators.blackVideo)
         MakeClipProjectItem(import, {}, BlackMaster(import), parentItem)
-            .SetPropertyShared("Name", kBlackVideo);
+            .SetPropertyShared("Name", kSlugSequenceName);
     return import.generators.blackVideo;
 }
 
@@ -33,11 +31,12 @@ ObjectHandle MakeSlugVideo(Document& document, BuiltMaster black, const FrameFor
 {
     const ObjectHandle clip = MakePlainVideoClip(document, black.VideoClip().GetChild("Source"));
     const ObjectHandle track = MakeVideoTrack(document, 0, 1);
-    track.AddChild("TrackItem",
-                   MakeSyntheticVideoItem(
-                       document,
-                       {.name = kBlackVideo, .clip = clip, .master = black, .end = kSlugDuration},
-                       frame.rect, frame.par));
+    track.AddChild("TrackItem", MakeSyntheticVideoItem(document,
+                                                       {.name = kSlugSequenceName,
+                                                        .clip = clip,
+                                                        .master = black,
+                                                        .end = kSlugSequenceDuration},
+                                                       frame.rect, frame.par));
     const ObjectHandle group = MakeVideoGroup(document, frameTicks, frame.rect, frame.par);
     group.AddChild("Track", track);
     group.SetPropertyShared("NextTrackID", "2");
@@ -59,7 +58,7 @@ ObjectHandle MakeSlugSequence(Import& import, BuiltMaster black, const FrameForm
 {
     Document& document = import.document;
     const ObjectHandle sequence = document.NewObject("Sequence");
-    sequence.SetPropertyShared("Name", kBlackVideo);
+    sequence.SetPropertyShared("Name", kSlugSequenceName);
     import.sequences.Begin(sequence);
     sequence.AddChild("TrackGroup", MakeSlugVideo(document, black, frame, frameTicks));
     sequence.AddChild("TrackGroup", MakeSlugAudio(document, import.options.sn2vlMode));
@@ -85,10 +84,10 @@ void TranslateSlug(Import& import, const ClipItem& element, const FileUse& use,
     const ObjectHandle sequence = MakeSlugSequence(import, black, frame, frameTicks);
 
     MediaSources sources;
-    sources.video.push_back(
-        MakeMasterSequenceSource(document, MediaType::Video, sequence, frameTicks, kSlugDuration));
+    sources.video.push_back(MakeMasterSequenceSource(document, MediaType::Video, sequence,
+                                                     frameTicks, kSlugSequenceDuration));
     sources.audio.push_back(MakeMasterSequenceSource(document, MediaType::Audio, sequence,
-                                                     kSampleTicks48k, kSlugDuration));
+                                                     kSampleTicks48k, kSlugSequenceDuration));
     AudioKind audio = AudioKindOfFile(use.file);
     audio.kind = std::max<int>(audio.kind, kMono);
     const BuiltMaster master =
@@ -108,8 +107,8 @@ BuiltMaster BlackMaster(Import& import)
     if (!black) {
         const MediaSources sources =
             MakeSyntheticSources(import.document, MediaKind::BlackVideo, 0, {});
-        black =
-            BuildMasterClip(import, import.files, {}, {.sources = sources, .name = kBlackVideo});
+        black = BuildMasterClip(import, import.files, {},
+                                {.sources = sources, .name = kSlugSequenceName});
     }
     return black;
 }
