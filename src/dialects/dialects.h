@@ -42,7 +42,13 @@ using AssumptionList = std::vector<Assumption>;
 // Applies the rules of reading to an `xmeml` tree just read. New nodes are made in `document`.
 void RestateAsMeant(Document& document, ObjectHandle root, AssumptionList& assumptions);
 
+// What of the request the rules of writing need.
+struct WritingRequest {
+    bool oneSequence = false; // the document is to hold one sequence, not a project
+};
+
 // Applies the rules of writing to an `xmeml` tree about to be written.
-void RestateForOthers(Document& document, ObjectHandle root, AssumptionList& assumptions);
+void RestateForOthers(Document& document, ObjectHandle root, const WritingRequest& request,
+                      AssumptionList& assumptions);
 
 } // namespace XPJ

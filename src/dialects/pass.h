@@ -11,14 +11,16 @@ namespace XPJ {
 
 class DialectPass {
 public:
-    DialectPass(Document& document, ObjectHandle root, AssumptionList& assumptions)
-        : document_(document), root_(root), assumptions_(assumptions)
+    DialectPass(Document& document, ObjectHandle root, AssumptionList& assumptions,
+                const WritingRequest& request = {})
+        : document_(document), root_(root), assumptions_(assumptions), request_(request)
     {
     }
 
     // Owns new nodes.
     Document& Nodes() { return document_; }
     ObjectHandle Root() const { return root_; }
+    const WritingRequest& Request() const { return request_; }
 
     // The tree's parts; a rule that adds or moves some calls `PartsChanged`.
     void PartsChanged() { parts_.reset(); }
@@ -48,6 +50,7 @@ private:
     Document& document_;
     ObjectHandle root_;
     AssumptionList& assumptions_;
+    WritingRequest request_;
     std::optional<TreeParts> parts_;
     const DialectRule* current_ = nullptr;
 };

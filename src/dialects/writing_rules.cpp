@@ -2,6 +2,8 @@
 #include "dialects/dialects.h"
 #include "dialects/pass.h"
 #include "dialects/writing_effects.h"
+#include "dialects/writing_files.h"
+#include "dialects/writing_slugs.h"
 #include "dialects/writing_structure.h"
 
 namespace XPJ {
@@ -9,9 +11,44 @@ namespace XPJ {
 namespace {
 
 constexpr DialectRule kWritingRules[] = {
+    // ---- Structure, files and links
+    {.name = "slugs",
+     .seen = "any reader; a slug is read as a sequence of black video, which is no slug to others",
+     .does = "A sequence that an earlier import made of a slug is written as the slug, so that no "
+             "pass adds a sequence. The clip of black video that such an import adds to the bin is "
+             "not written, unless an item shows it.",
+     .apply = WriteSlugsAsSlugs},
+    {.name = "media without a path",
+     .seen = "any reader; a slug hides that media is missing",
+     .does = "An offline file with the name of the media and no `pathurl`, instead of a slug.",
+     .file = "export/files.cpp"},
+    {.name = "whole files",
+     .seen = "readers that take one sequence out of a document, or look no further than it",
+     .does = "A `file` is written whole at its first use in each sequence, and among the clips of "
+             "bins. A repeated one has the same id, and no filters.",
+     .apply = WriteFilesWhole},
+    {.name = "one sequence",
+     .seen = "readers that expect what an editor exports of one sequence",
+     .does = "With `--sequence` the `sequence` is directly in `xmeml`, without project and bins.",
+     .apply = PutSequenceFirst},
+    {.name = "links across files",
+     .seen = "readers that move linked video and audio together; most recordings have audio files "
+             "of their own",
+     .does = "Each item names all items of its group, whatever they show. In groups of more than "
+             "256 items each names itself and the first one, which names all.",
+     .file = "export/links.cpp"},
+    {.name = "multiclips",
+     .seen = "any reader; a multiclip of a project is a sequence with a track for each angle",
+     .does = "An item of a multiclip is written as the clip of its active angle.",
+     .file = "export/items.cpp"},
+    {.name = "markers of clips",
+     .seen = "any reader; markers of clips count from the start of the media",
+     .does = "Their times are written as they are, without the in point of the clip.",
+     .file = "export/clips.cpp"},
     {.name = "effects without name",
      .seen = "readers that look effects up by id",
-     .does = "An `effect` without name and id is not written.",
+     .does = "A `filter` whose `effect` has neither name nor id is not written. Transitions and "
+             "generators always have both.",
      .apply = RemoveNamelessEffects},
     // Times, audio and effects
     {.name = "mixed rates",
@@ -66,9 +103,10 @@ std::span<const DialectRule> WritingRules()
     return kWritingRules;
 }
 
-void RestateForOthers(Document& document, ObjectHandle root, AssumptionList& assumptions)
+void RestateForOthers(Document& document, ObjectHandle root, const WritingRequest& request,
+                      AssumptionList& assumptions)
 {
-    DialectPass(document, root, assumptions).Run(kWritingRules);
+    DialectPass(document, root, assumptions, request).Run(kWritingRules);
 }
 
 } // namespace XPJ

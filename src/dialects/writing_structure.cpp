@@ -20,12 +20,31 @@ void RemoveNamelessFilters(ObjectHandle owner)
 
 } // namespace
 
+void PutSequenceFirst(DialectPass& pass)
+{
+    const ObjectHandle project = pass.Root().GetChild("project");
+    const ObjectHandle children = project.GetChild("children");
+    if (!pass.Request().oneSequence || !children.HasChild("sequence"))
+        return;
+    // Those that are nested too deep in the sequence follow it.
+    for (const ObjectHandle& sequence : children.GetChildren("sequence"))
+        pass.Root().AddChild(sequence);
+    pass.Root().RemoveChild(project);
+    pass.PartsChanged();
+}
+
 void RemoveNamelessEffects(DialectPass& pass)
 {
     for (const ItemPart& part : pass.Parts().items)
         RemoveNamelessFilters(part.item);
     for (const ObjectHandle& file : pass.Parts().files)
         RemoveNamelessFilters(file);
+    for (const ObjectHandle& sequence : pass.Parts().sequences)
+        for (const ObjectHandle& group : sequence.GetChild("media").GetChildren()) {
+            RemoveNamelessFilters(group);
+            for (const ObjectHandle& track : group.GetChildren("track"))
+                RemoveNamelessFilters(track);
+        }
 }
 
 } // namespace XPJ

@@ -5,6 +5,9 @@
 
 namespace XPJ {
 
+// Puts the sequences of a document that is to hold one directly into `xmeml`.
+void PutSequenceFirst(DialectPass& pass);
+
 // Removes each `filter` whose `effect` has neither name nor id.
 void RemoveNamelessEffects(DialectPass& pass);
 

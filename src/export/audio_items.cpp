@@ -27,9 +27,9 @@ std::int64_t SourceTrack(const ExportContext& context, MasterCatalog& masters,
 {
     if (context.IsHandOff())
         return channel + 1;
-    const ConstHandle content = ContentOf(record.clip, channel);
+    const ConstHandle content = ContentOf(record.shownClip, channel);
     if (!content)
-        return record.media ? AddTicks(Int64Property(record.clip, "SecondaryIndex"), 1)
+        return record.media ? AddTicks(Int64Property(record.shownClip, "SecondaryIndex"), 1)
                             : channel + 1;
     if (!record.media) // a sequence, of whose outputs the item may play any
         return AddTicks(Int64Property(content, "ChannelIndex"), 1);
@@ -37,7 +37,7 @@ std::int64_t SourceTrack(const ExportContext& context, MasterCatalog& masters,
     if (audio.clips < 2)
         return AddTicks(Int64Property(content, "ChannelIndex"), 1);
     if (!audio.hasStreams)
-        return AddTicks(Int64Property(record.clip, "SecondaryIndex"), 1);
+        return AddTicks(Int64Property(record.shownClip, "SecondaryIndex"), 1);
     const Media media = MediaOfSource(SourceOfContent(content));
     return AddTicks(Int64Property(media, "StreamNumber"), audio.firstStream == 1 ? 0 : 1);
 }

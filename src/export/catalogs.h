@@ -6,6 +6,7 @@
 #include "export/export_context.h"
 #include "export/links.h"
 #include "export/media.h"
+#include "export/multiclips.h"
 
 #include <cstdint>
 #include <optional>
@@ -97,6 +98,7 @@ struct Catalogs {
     MasterCatalog masters;
     FileCatalog files;
     SequenceCatalog sequences;
+    AngleCatalog angles;
     LinkGroups links;
 };
 

@@ -84,11 +84,14 @@ void WriteClipOptions(ExportContext& context, MasterClip masterClip, Ticks frame
                       ObjectHandle result)
 {
     const ConstHandle marked = MarkedCore(masterClip);
+    const Ticks offset =
+        context.options.openInterchange ? 0 : std::max<Ticks>(Int64Property(marked, "InPoint"), 0);
     TranslateMarkers(context.document,
                      {.owner = marked,
                       .frameTicks = frameTicks,
                       .unit = context.DocumentUnit(),
-                      .offset = std::max<Ticks>(Int64Property(marked, "InPoint"), 0)},
+                      .offset = offset,
+                      .endOffset = offset},
                      result);
     WriteClipRange(context.DocumentUnit(), ClipCore(MainClip(masterClip)), frameTicks, result);
 }

@@ -45,7 +45,7 @@ int TranslateProject(ExportContext& context, Progress& progress, ConstHandle sou
     TranslateRootItem(context, catalogs, source.GetChild("RootProjectItem"), project);
     if (!stage.Step())
         return kAborted;
-    catalogs.links.WriteLinks();
+    catalogs.links.WriteLinks(context.options.openInterchange);
     return stage.Step() ? kSuccess : kAborted;
 }
 

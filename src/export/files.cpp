@@ -101,9 +101,20 @@ std::string_view GeneratedSource(ExportContext& context, Media media, MediaKind 
     return "Slug";
 }
 
+// The path of generated media is the number of its kind. Other media without a folder in its path,
+// or without any, is missing.
+bool IsMissing(Media media)
+{
+    const std::string_view path = MediaPath(media);
+    return path.empty() || (MediaKindOf(media) == MediaKind::Other &&
+                            path.find_first_not_of("0123456789") != path.npos);
+}
+
 void WriteSource(ExportContext& context, Media media, ObjectHandle file)
 {
     const MediaKind kind = MediaKindOf(media);
+    if (context.options.openInterchange && IsMissing(media))
+        return;
     if (kind != MediaKind::File) {
         file.SetProperty("mediaSource", GeneratedSource(context, media, kind));
         return;
@@ -184,7 +195,9 @@ FileRecord TranslateFile(ExportContext& context, const FileStreams& source)
                     .element = context.document.NewObject("file")};
     file.element.SetPropertyShared("id", file.id);
     WriteSource(context, source.media, file.element);
-    file.element.SetProperty("name", EscapeXML(source.media.GetProperty("Title")));
+    const bool isOffline = context.options.openInterchange && IsMissing(source.media);
+    file.element.SetProperty(
+        "name", EscapeXML(isOffline ? NameOf(source) : source.media.GetProperty("Title")));
 
     const Ticks rate = FileRate(source);
     const ObjectHandle media = context.document.NewObject("media");

@@ -91,9 +91,10 @@ std::int64_t WriteExactPoint(const SourcePoint& point, ConstHandle core, const I
     const Ticks stated = Int64Property(core, point.keys.projectKey);
     if (!core.HasProperty(point.keys.projectKey) || stated < 0)
         return kOpen;
+    const Ticks begin = AddTicks(stated, timing.sourceOffset);
     element.SetProperty(point.keys.exactKey,
-                        TickText(AddTicks(stated, Scaled(point.delta, point.exactSpeed))));
-    const Ticks source = AddTicks(stated, Scaled(point.delta, point.speed));
+                        TickText(AddTicks(begin, Scaled(point.delta, point.exactSpeed))));
+    const Ticks source = AddTicks(begin, Scaled(point.delta, point.speed));
     const Ticks played =
         point.speed == 1.0 ? source : ToTicks(static_cast<double>(source) / point.speed);
     return TimeOf(timing.unit, played, timing.rate);
@@ -152,7 +153,7 @@ void WriteEdges(TrackItem item, ItemTiming& timing, ObjectHandle element)
     timing.endDelta = WriteEdge(kEnd, item, TailTransitionOf(item), timing, element);
 }
 
-void ReadSpeed(ConstHandle clip, ItemTiming& timing)
+void ReadSpeed(ConstHandle clip, ConstHandle shownClip, ItemTiming& timing)
 {
     const ConstHandle core = ClipCore(clip);
     const double speed = DoubleProperty(core, "PlaybackSpeed");
@@ -160,7 +161,7 @@ void ReadSpeed(ConstHandle clip, ItemTiming& timing)
     timing.reverse = IsTrue(core, "PlayBackwards");
     timing.frameBlend = clip.HasProperty("TimeInterpolationType") &&
                         clip.GetProperty("TimeInterpolationType") != "0";
-    const ConstHandle source = SourceOfClip(clip);
+    const ConstHandle source = SourceOfClip(shownClip);
     timing.sourceLength = Int64Property(source, "OriginalDuration");
     if (source.HasProperty("OriginalDuration"))
         timing.originalDuration =

@@ -16,6 +16,7 @@ struct ItemTiming {
     Ticks sequenceRate = kNtscFrameTicks;
     Ticks startDelta = 0; // ticks from an edge of the item to that of the transition there
     Ticks endDelta = 0;
+    Ticks sourceOffset = 0; // from the times of the clip to those of what it shows
     double speed = 1.0;
     bool reverse = false;
     bool frameBlend = false;
@@ -36,8 +37,9 @@ PlayedSpeed PlayedSpeedOf(const ItemTiming& timing);
 // mean that to a reader of this system, which takes the item's rate without them.
 void WriteEdges(TrackItem item, ItemTiming& timing, ObjectHandle element);
 
-// Takes speed, direction, blending and the source's length from a VideoClip or AudioClip.
-void ReadSpeed(ConstHandle clip, ItemTiming& timing);
+// Takes speed, direction and blending from a VideoClip or AudioClip, and the source's length from
+// the one that shows it.
+void ReadSpeed(ConstHandle clip, ConstHandle shownClip, ItemTiming& timing);
 
 // Writes `in`, `out` and their exact ticks. They include the transitions at the edges. Those of
 // video count in what plays at the clip's speed; audio counts as if it played at 1, in open

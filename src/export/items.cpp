@@ -4,6 +4,7 @@
 #include "export/files.h"
 #include "export/logging.h"
 #include "export/markers.h"
+#include "export/multiclips.h"
 #include "export/rates.h"
 #include "export/transitions.h"
 
@@ -47,17 +48,27 @@ ItemSource WriteSequence(ExportContext& context, SequenceCatalog& sequences,
             .nested = {.shown = {record.sequence, record.masterClip}, .clipItem = element}};
 }
 
+ConstHandle SequenceOfItem(MasterCatalog& masters, TrackItem item)
+{
+    return masters.SourceOf(MasterOfSubClip(SubClipOf(item))).sequence;
+}
+
 } // namespace
 
 ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const TrackContext& track,
                     TrackItem item)
 {
-    const ConstHandle subClip = SubClipOf(item);
+    const ConstHandle clip = ClipOfSubClip(SubClipOf(item));
+    ShownAngle angle;
+    if (context.options.openInterchange)
+        angle = catalogs.angles.Find(clip, SequenceOfItem(catalogs.masters, item), track.type);
+    const ConstHandle subClip = SubClipOf(angle.item ? angle.item : item);
     const MasterClip masterClip = MasterOfSubClip(subClip);
     const MasterSource& source = catalogs.masters.SourceOf(masterClip);
     return {.item = item,
             .subClip = subClip,
-            .clip = ClipOfSubClip(subClip),
+            .clip = clip,
+            .shownClip = ClipOfSubClip(subClip),
             .masterClip = masterClip,
             .media = source.media,
             .sequence = source.sequence,
@@ -65,6 +76,7 @@ ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const Trac
             .timing = {.unit = track.unit,
                        .rate = RateOfItem(source.media, track),
                        .sequenceRate = track.sequence.frameTicks,
+                       .sourceOffset = angle.offset,
                        .infinite = IsTrue(source.media, "Infinite"),
                        .openInterchange = context.options.openInterchange}};
 }
@@ -92,11 +104,12 @@ void WriteClipOptions(Document& document, ItemRecord& record, ObjectHandle eleme
     element.SetPropertyShared("scaleToFrameSize",
                               IsTrue(record.clip, "ScaleToFrameSize") ? "TRUE" : "FALSE");
     WriteClipLabel(document, ClipProperties(record.clip), element);
-    ReadSpeed(record.clip, record.timing);
+    ReadSpeed(record.clip, record.shownClip, record.timing);
     TranslateMarkers(document,
                      {.owner = ClipCore(record.clip),
                       .frameTicks = record.timing.rate,
-                      .unit = record.timing.unit},
+                      .unit = record.timing.unit,
+                      .offset = record.timing.sourceOffset},
                      element);
 }
 
@@ -106,7 +119,7 @@ ItemSource WriteItemSource(ExportContext& context, Catalogs& catalogs, const Tra
     ItemSource source;
     if (record.media)
         source.linkKey = WriteMediaFile(context, catalogs, record, element);
-    else if (IsTrue(ClipCore(record.clip), "IsMulticam"))
+    else if (IsTrue(ClipCore(record.shownClip), "IsMulticam"))
         AddIssue(context, ExportIssue::MulticamExportNotSupported,
                  LocationOfItem(track, record.Start(), record.name));
     else if (record.sequence)

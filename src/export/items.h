@@ -15,7 +15,8 @@ namespace XPJ::RVX {
 struct ItemRecord {
     TrackItem item;
     ConstHandle subClip;
-    ConstHandle clip; // a VideoClip or an AudioClip
+    ConstHandle clip;      // a VideoClip or an AudioClip
+    ConstHandle shownClip; // the same; of a multiclip that of its active angle
     MasterClip masterClip;
     Media media;
     ConstHandle sequence;

@@ -51,10 +51,11 @@ void LinkGroups::Add(Document& document, TrackItem item, const LinkTarget& targe
 {
     const auto found = groupOfItem_.find(ItemCore(item).UniqueId());
     if (found != groupOfItem_.end())
-        groups_[found->second].push_back({target.element, WriteLink(document, target), source});
+        groups_[found->second].push_back(
+            {target.element, WriteLink(document, target), source, found->first});
 }
 
-void LinkGroups::WriteGroup(const Group& group)
+void LinkGroups::WriteBySource(const Group& group)
 {
     std::unordered_map<std::string_view, std::vector<const Member*>> membersBySource;
     for (const Member& member : group) {
@@ -72,10 +73,27 @@ void LinkGroups::WriteGroup(const Group& group)
     }
 }
 
-void LinkGroups::WriteLinks() const
+// The channels of an item come first: readers find them by the first links.
+void LinkGroups::WriteAll(const Group& group)
+{
+    const bool isLarge = group.size() > kMaxLinkedItems;
+    for (const Member& member : group) {
+        if (isLarge && &member != &group.front()) {
+            member.element.AddChild(member.link);
+            member.element.AddChild(group.front().link);
+            continue;
+        }
+        for (const bool ofItem : {true, false})
+            for (const Member& target : group)
+                if ((target.item == member.item) == ofItem)
+                    member.element.AddChild(target.link);
+    }
+}
+
+void LinkGroups::WriteLinks(bool openInterchange) const
 {
     for (const Group& group : groups_)
-        WriteGroup(group);
+        openInterchange ? WriteAll(group) : WriteBySource(group);
 }
 
 } // namespace XPJ::RVX

@@ -41,17 +41,20 @@ public:
     void Add(Document& document, TrackItem item, const LinkTarget& target, std::string_view source);
 
     // The last pass: adds to every element a `link` to each one of its group that shows the
-    // same source, itself included, in the order of the group.
-    void WriteLinks() const;
+    // same source, itself included, in the order of the group. With `openInterchange` to each one
+    // of its group.
+    void WriteLinks(bool openInterchange) const;
 
 private:
     struct Member {
         ObjectHandle element;
         ObjectHandle link;
         std::string_view source;
+        std::uint64_t item; // of the project
     };
     using Group = std::vector<Member>;
-    static void WriteGroup(const Group& group);
+    static void WriteBySource(const Group& group);
+    static void WriteAll(const Group& group);
 
     std::vector<Group> groups_;
     std::unordered_map<std::uint64_t, std::size_t> groupOfItem_; // by the identity of ItemCore

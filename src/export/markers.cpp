@@ -50,10 +50,10 @@ MarkerTimes TimesInRange(const MarkerRecord& record, const MediaRange& range)
             std::min(AddTicks(record.start, record.duration), range.end)};
 }
 
-MarkerTimes TimesWithOffset(const MarkerRecord& record, Ticks offset)
+MarkerTimes TimesWithOffset(const MarkerRecord& record, const MarkerSource& source)
 {
-    const Ticks in = AddTicks(record.start, offset);
-    return {in, AddTicks(AddTicks(in, offset), record.duration)};
+    const Ticks in = AddTicks(record.start, source.offset);
+    return {in, AddTicks(AddTicks(in, source.endOffset), record.duration)};
 }
 
 std::string OutText(const MarkerRecord& record, const MarkerTimes& times,
@@ -87,7 +87,7 @@ void TranslateMarkers(Document& document, const MarkerSource& source, ObjectHand
         if (!record || record->type == kSpeechType || record->type == kInOutType)
             continue;
         const MarkerTimes times =
-            range ? TimesInRange(*record, *range) : TimesWithOffset(*record, source.offset);
+            range ? TimesInRange(*record, *range) : TimesWithOffset(*record, source);
         if (times.AreWritten())
             element.AddChild(WriteMarker(document, *record, times, source));
     }

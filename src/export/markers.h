@@ -6,12 +6,14 @@
 namespace XPJ::RVX {
 
 // Where the markers of an owner, a sequence or a ClipCore, are and how their times are written.
-// `offset` is added to them where the owner's source states no range.
+// `offset` is added to them, and `endOffset` to their ends again, where the owner's source states
+// no range.
 struct MarkerSource {
     ConstHandle owner;
     Ticks frameTicks = kNtscFrameTicks;
     TimeUnit unit = TimeUnit::Frames;
     Ticks offset = 0;
+    Ticks endOffset = 0;
 };
 
 // Adds a `marker` for each marker that lies in what the element shows.

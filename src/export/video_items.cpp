@@ -111,7 +111,7 @@ void VideoItem::TranslateMatte()
     WriteItemHead(context, catalogs.masters, record, element);
     AddLink(record.masterClipId);
     element.AddChild(ColorMatteEffect(context.document, record.media));
-    ReadSpeed(record.clip, record.timing);
+    ReadSpeed(record.clip, record.shownClip, record.timing);
     WriteTimes();
     track.Add(element);
 }

@@ -116,9 +116,13 @@ private:
     int Write()
     {
         if (UsesDialects(*request_.to))
-            RestateForOthers(translatedDocument_, translated_, outcome_.assumptions);
+            RestateForOthers(translatedDocument_, translated_,
+                             {.oneSequence = request_.sequenceGuid != kZeroGuid},
+                             outcome_.assumptions);
         Report();
-        return request_.to->write(translated_, isHandOff_, progress_, streams_.output);
+        const WriteOptions options{.handOff = isHandOff_,
+                                   .additions = request_.additions || isHandOff_};
+        return request_.to->write(translated_, options, progress_, streams_.output);
     }
 
     // First, since a project lists its report.

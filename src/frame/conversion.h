@@ -34,6 +34,7 @@ struct ConversionRequest {
     std::string projectTitle = "Vela Project";
     Guid sequenceGuid = kZeroGuid; // zero: the whole project
     bool needsSequence = true;     // a sequence that is missing ends the conversion
+    bool additions = true;         // also what the document type doesn't have
 
     // The report
     std::string reportFolder{}; // with its last separator; empty: the default

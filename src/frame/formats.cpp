@@ -66,9 +66,10 @@ int ParseXmeml(std::string_view text, Document& document, ObjectHandle& root,
     return ResultOfRead(ParseFCPXML(text, document, root, &details.stop));
 }
 
-int WriteXmeml(ObjectHandle root, bool handOff, Progress& progress, std::ostream& output)
+int WriteXmeml(ObjectHandle root, const WriteOptions& options, Progress& progress,
+               std::ostream& output)
 {
-    return ResultOfWrite(WriteFCPXML(root, progress, handOff, output));
+    return ResultOfWrite(WriteFCPXML(root, progress, options.handOff, output, options.additions));
 }
 
 // ---- Vela project
@@ -104,9 +105,10 @@ int ParseProject(std::string_view text, Document& document, ObjectHandle& root,
     return ResultOfRead(ParseProjectDocument(text, document, root, &details.stop));
 }
 
-int WriteProject(ObjectHandle root, bool handOff, Progress& progress, std::ostream& output)
+int WriteProject(ObjectHandle root, const WriteOptions& options, Progress& progress,
+                 std::ostream& output)
 {
-    return ResultOfWrite(WriteProjectDocument(root, progress, output, handOff));
+    return ResultOfWrite(WriteProjectDocument(root, progress, output, options.handOff));
 }
 
 constexpr Format kFormats[] = {

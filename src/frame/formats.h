@@ -27,6 +27,11 @@ struct DocumentDetails : ReadNotes {
     bool isHandOff = false; // the document states the option of the audio hand-off
 };
 
+struct WriteOptions {
+    bool handOff = false;  // a document of the audio hand-off
+    bool additions = true; // of `xmeml`: also what the document type doesn't have
+};
+
 // The functions give a ConversionResult.
 struct Format {
     TreeKind kind;
@@ -40,8 +45,9 @@ struct Format {
     // The same for UTF-8 text in memory, which must live as long as the document.
     int (*parse)(std::string_view text, Document& document, ObjectHandle& root,
                  DocumentDetails& details);
-    // Writes the `project` that `root` holds, and flushes; the stream's errors are the caller's.
-    int (*write)(ObjectHandle root, bool handOff, Progress& progress, std::ostream& output);
+    // Writes what `root` holds, and flushes; the stream's errors are the caller's.
+    int (*write)(ObjectHandle root, const WriteOptions& options, Progress& progress,
+                 std::ostream& output);
 };
 
 std::span<const Format> AllFormats();

@@ -8,6 +8,7 @@
 #include "project/synthetic_items.h"
 #include "project/synthetic_media.h"
 #include "xmeml/file_audio.h"
+#include "xmeml/files.h"
 #include "xmeml/formats.h"
 
 #include <algorithm>
@@ -16,15 +17,12 @@ namespace XPJ {
 
 namespace {
 
-constexpr std::string_view kBlackVideo = "Black Video";
-constexpr Ticks kSlugDuration = 3657830400000000; // 4 hours
-
 // The black clip; its item is made with the first slug.
 BuiltMaster BlackClipFor(ImportState& state, ObjectHandle parentItem)
 {
     if (!state.generators.blackVideo)
         MakeClipProjectItem(state, {}, BlackMaster(state), parentItem)
-            .SetPropertyShared("Name", kBlackVideo);
+            .SetPropertyShared("Name", kSlugSequenceName);
     return state.generators.blackVideo;
 }
 
@@ -33,11 +31,12 @@ ObjectHandle MakeSlugVideo(Document& document, BuiltMaster black, const FrameFor
 {
     const ObjectHandle clip = MakePlainVideoClip(document, black.VideoClip().GetChild("Source"));
     const ObjectHandle track = MakeVideoTrack(document, 0, 1);
-    track.AddChild("TrackItem",
-                   MakeSyntheticVideoItem(
-                       document,
-                       {.name = kBlackVideo, .clip = clip, .master = black, .end = kSlugDuration},
-                       frame.rect, frame.par));
+    track.AddChild("TrackItem", MakeSyntheticVideoItem(document,
+                                                       {.name = kSlugSequenceName,
+                                                        .clip = clip,
+                                                        .master = black,
+                                                        .end = kSlugSequenceDuration},
+                                                       frame.rect, frame.par));
     const ObjectHandle group = MakeVideoGroup(document, frameTicks, frame.rect, frame.par);
     group.AddChild("Track", track);
     group.SetPropertyShared("NextTrackID", "2");
@@ -59,7 +58,7 @@ ObjectHandle MakeSlugSequence(ImportState& state, BuiltMaster black, const Frame
 {
     Document& document = state.document;
     const ObjectHandle sequence = document.NewObject("Sequence");
-    sequence.SetPropertyShared("Name", kBlackVideo);
+    sequence.SetPropertyShared("Name", kSlugSequenceName);
     state.sequences.Begin(sequence);
     sequence.AddChild("TrackGroup", MakeSlugVideo(document, black, frame, frameTicks));
     sequence.AddChild("TrackGroup", MakeSlugAudio(document, state.options.sn2vlMode));
@@ -85,10 +84,10 @@ void TranslateSlug(ImportState& state, const ClipItem& element, const FileUse& u
     const ObjectHandle sequence = MakeSlugSequence(state, black, frame, frameTicks);
 
     MediaSources sources;
-    sources.video.push_back(
-        MakeMasterSequenceSource(document, MediaType::Video, sequence, frameTicks, kSlugDuration));
+    sources.video.push_back(MakeMasterSequenceSource(document, MediaType::Video, sequence,
+                                                     frameTicks, kSlugSequenceDuration));
     sources.audio.push_back(MakeMasterSequenceSource(document, MediaType::Audio, sequence,
-                                                     kSampleTicks48k, kSlugDuration));
+                                                     kSampleTicks48k, kSlugSequenceDuration));
     AudioKind audio = AudioKindOfFile(use.file);
     audio.kind = std::max<int>(audio.kind, kMono);
     const BuiltMaster master = BuildMasterClip(
@@ -107,7 +106,7 @@ BuiltMaster BlackMaster(ImportState& state)
     if (!black) {
         const MediaSources sources =
             MakeSyntheticSources(state.document, MediaKind::BlackVideo, 0, {});
-        black = BuildMasterClip(state, {}, {.sources = sources, .name = kBlackVideo});
+        black = BuildMasterClip(state, {}, {.sources = sources, .name = kSlugSequenceName});
     }
     return black;
 }

@@ -12,6 +12,7 @@ struct FieldUse {
     bool isWritten = true;
     bool isOpenOnly = false; // read in the open manner alone, else transparent
     std::string_view reason = {};
+    bool isAddition = false; // to what the vocabulary has for everyone
 };
 
 // Used where a document has it; no writer of ours states it.

@@ -68,6 +68,14 @@ struct XmemlAttribute {
 // How rows are written in the table.
 namespace ElementRows {
 
+// No document type of the format has it: it brings exact values back, and other readers skip it.
+// Documents can be written without additions, and are then valid.
+constexpr FieldUse Addition(FieldUse use = {})
+{
+    use.isAddition = true;
+    return use;
+}
+
 constexpr XmemlField Required(Name name, FieldUse use = {})
 {
     return {.kind = FieldKind::Required, .name = name, .use = use};
@@ -93,9 +101,9 @@ constexpr XmemlField Fixed(Name name, std::string_view text, FieldUse use)
     return {.kind = FieldKind::Fixed, .name = name, .use = use, .text = text};
 }
 
-constexpr XmemlField LeafBy(XmemlRule rule, Name name)
+constexpr XmemlField LeafBy(XmemlRule rule, Name name, FieldUse use = {})
 {
-    return {.kind = FieldKind::LeafBy, .name = name, .rule = rule};
+    return {.kind = FieldKind::LeafBy, .name = name, .use = use, .rule = rule};
 }
 
 constexpr XmemlField Child(Name name, FieldUse use = {})
@@ -114,9 +122,14 @@ constexpr XmemlField ChildAs(Name name, std::string_view element)
     return {.kind = FieldKind::Child, .name = name, .element = element};
 }
 
-constexpr XmemlField Each(Name name)
+constexpr XmemlField Each(Name name, FieldUse use = {})
 {
-    return {.kind = FieldKind::Each, .name = name};
+    return {.kind = FieldKind::Each, .name = name, .use = use};
+}
+
+constexpr XmemlField ReferableEach(Name name, Name reference)
+{
+    return {.kind = FieldKind::Each, .name = name, .reference = reference};
 }
 
 constexpr XmemlField Mixed(Name name, FieldUse use = {})
@@ -149,14 +162,14 @@ constexpr XmemlAttribute Present(Name name, FieldUse use = {})
     return {.kind = AttributeKind::Present, .name = name, .use = use};
 }
 
-constexpr XmemlAttribute Equal(Name name, std::string_view text)
+constexpr XmemlAttribute Equal(Name name, std::string_view text, FieldUse use = {})
 {
-    return {.kind = AttributeKind::Equal, .name = name, .text = text};
+    return {.kind = AttributeKind::Equal, .name = name, .use = use, .text = text};
 }
 
-constexpr XmemlAttribute FixedText(Name name, std::string_view text)
+constexpr XmemlAttribute FixedText(Name name, std::string_view text, FieldUse use = {})
 {
-    return {.kind = AttributeKind::Fixed, .name = name, .text = text};
+    return {.kind = AttributeKind::Fixed, .name = name, .use = use, .text = text};
 }
 
 constexpr XmemlAttribute ListOf(std::span<const Name> (*list)(), FieldUse use = {})

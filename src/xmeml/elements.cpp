@@ -44,7 +44,7 @@ constexpr XmemlAttribute kXmemlAttributes[] = {FixedText("version", "4")};
 constexpr XmemlField kXmeml[] = {
     Child("project"),
     Child("bin", ReadOnly(kInProject)), ReferableChild("clip", "clipid", ReadOnly(kInProject)),
-    ReferableChild("sequence", "sequenceid", ReadOnly(kInProject)),
+    ReferableEach("sequence", "sequenceid"),
 };
 
 constexpr XmemlField kProject[] = {
@@ -62,11 +62,12 @@ constexpr XmemlField kBin[] = {
 constexpr XmemlField kChildren[] = {
     ReferableMixed("clip", "clipid"), Mixed("bin"), ReferableMixed("sequence", "sequenceid"),
     Mixed("sequenceref", WriteOnly("read as a reference: the sequence itself and its id")),
-    Mixed("effect", WriteOnly("effects are read from filters and items")),
+    Mixed("effect", Addition(WriteOnly("effects are read from filters and items"))),
 };
 
 constexpr XmemlAttribute kClipAttributes[] = {
-    Always("id"), Equal("explodedTracks", "true"), OrLeaf(Equal("scaleToFrameSize", "TRUE")),
+    Always("id"), Equal("explodedTracks", "true", Addition()),
+    OrLeaf(Equal("scaleToFrameSize", "TRUE", Addition())),
 };
 
 constexpr XmemlField kClip[] = {
@@ -81,7 +82,8 @@ constexpr XmemlField kClip[] = {
 };
 
 constexpr XmemlAttribute kSequenceAttributes[] = {
-    Always("id"), Equal("explodedTracks", "true"), OrLeaf(ListOf(SequenceUIPropertyList)),
+    Always("id"), Equal("explodedTracks", "true", Addition()),
+    OrLeaf(ListOf(SequenceUIPropertyList, Addition())),
 };
 
 constexpr XmemlField kSequence[] = {
@@ -93,7 +95,7 @@ constexpr XmemlField kSequence[] = {
 };
 
 constexpr XmemlAttribute kMediaAttributes[] = {
-    Present("hasDiscreteStreams"),
+    Present("hasDiscreteStreams", Addition()),
     Present("hasStereoPairs", ReadOnly("pairs are written as `layout`")),
 };
 
@@ -108,46 +110,49 @@ constexpr XmemlField kVideo[] = {
 };
 
 constexpr XmemlField kAudio[] = {
-    Leaf("numOutputChannels"), Child("format"), Child("samplecharacteristics"), Child("outputs"),
-    Each("track"), Each("filter"), Child("clipitem", Stray(kInTrack)),
-    Child("transitionitem", Stray(kInTrack)),
+    Leaf("numOutputChannels", Addition()), Child("format"), Child("samplecharacteristics"),
+    Child("outputs"), Each("track"), Each("filter"),
+    Child("clipitem", Stray(kInTrack)), Child("transitionitem", Stray(kInTrack)),
 };
 
 constexpr XmemlAttribute kTrackAttributes[] = {
-    OrLeaf(Equal("hardpan", "TRUE"), ForOthers("the pan filters state it")),
-    OrLeaf(ListOf(TrackUIPropertyList)), OrLeaf(Present("currentExplodedTrackIndex")),
-    OrLeaf(Present("totalExplodedTrackCount")), OrLeaf(Present("velaTrackType")),
+    OrLeaf(Equal("hardpan", "TRUE", Addition(ForOthers("the pan filters state it")))),
+    OrLeaf(ListOf(TrackUIPropertyList, Addition())),
+    OrLeaf(Present("currentExplodedTrackIndex", Addition())),
+    OrLeaf(Present("totalExplodedTrackCount", Addition())),
+    OrLeaf(Present("velaTrackType", Addition())),
     OrLeaf(Present("panvalue", Skipped("the pan filters state it"))),
     OrLeaf(Present("monotrack", ReadOnly(kExploded))),
 };
 
 constexpr XmemlField kTrack[] = {
     ReferableMixed("clipitem", "clipitemid"), Mixed("generatoritem"), Mixed("transitionitem"),
-    Leaf("enabled"), Leaf("locked"), Leaf("name"), Leaf("channelcount"), Each("filter"),
-    Leaf("outputchannelindex"),
+    Leaf("enabled"), Leaf("locked"), Leaf("name", Addition()), Leaf("channelcount", Addition()),
+    Each("filter", Addition()), Leaf("outputchannelindex"),
 };
 
 constexpr XmemlAttribute kClipItemAttributes[] = {
-    Always("id"), OrLeaf(Equal("scaleToFrameSize", "TRUE")),
-    Present("PannerCurrentValue", WriteOnly(kPanFilter)),
-    Present("PannerKeyframes", WriteOnly(kPanFilter)),
-    Present("PannerStartKeyframe", WriteOnly(kPanFilter)),
-    Present("PannerIsInverted", WriteOnly(kPanFilter)),
-    Present("PannerName", WriteOnly(kPanFilter)), Present("velaChannelType"), Present("velaGain"),
+    Always("id"), OrLeaf(Equal("scaleToFrameSize", "TRUE", Addition())),
+    Present("PannerCurrentValue", Addition(WriteOnly(kPanFilter))),
+    Present("PannerKeyframes", Addition(WriteOnly(kPanFilter))),
+    Present("PannerStartKeyframe", Addition(WriteOnly(kPanFilter))),
+    Present("PannerIsInverted", Addition(WriteOnly(kPanFilter))),
+    Present("PannerName", Addition(WriteOnly(kPanFilter))), Present("velaChannelType", Addition()), Present("velaGain", Addition()),
 };
 
 constexpr XmemlField kClipItem[] = {
-    Required("masterclipid"), Leaf("channelcount"), Leaf("name"), Leaf("enabled"),
+    Required("masterclipid"), Leaf("channelcount", Addition()), Leaf("name"), Leaf("enabled"),
     Leaf("duration"), ChildBy(XmemlRule::RateOrDefault, "rate"), Leaf("start"), Leaf("end"),
-    Leaf("in"), Leaf("out"), Leaf("velaTicksStart"), Leaf("velaTicksEnd"), Leaf("velaTicksIn"),
-    Leaf("velaTicksOut"), Leaf("velaSoftStartOffset"),
-    Leaf("velaSoftEndOffset", ForOthers("the duration leads from the start to the end")),
+    Leaf("in"), Leaf("out"), Leaf("velaTicksStart", Addition()), Leaf("velaTicksEnd", Addition()),
+    Leaf("velaTicksIn", Addition()), Leaf("velaTicksOut", Addition()),
+    Leaf("velaSoftStartOffset", Addition()),
+    Leaf("velaSoftEndOffset", Addition(ForOthers("the duration leads from the start to the end"))),
     Leaf("compositemode"),
     Leaf("alphatype", ForOthers("a host finds the alpha channel of a file itself")),
     Leaf("alphareverse", WriteOnly(kOthers)),
     LeafBy(XmemlRule::OfOwnFile, "pixelaspectratio"), LeafBy(XmemlRule::OfOwnFile, "anamorphic"),
-    LeafBy(XmemlRule::OfOwnFile, "velaOriginalPAR"),
-    LeafBy(XmemlRule::OfOwnFile, "velaOriginalIsAnamorphic"),
+    LeafBy(XmemlRule::OfOwnFile, "velaOriginalPAR", Addition()),
+    LeafBy(XmemlRule::OfOwnFile, "velaOriginalIsAnamorphic", Addition()),
     WholeOrReference("file", "fileid"),
     {.kind = FieldKind::ChildBy, .name = "sequence", .reference = "sequenceid",
      .rule = XmemlRule::SequenceUnlessFile},
@@ -174,8 +179,9 @@ constexpr XmemlField kGeneratorItem[] = {
 };
 
 constexpr XmemlField kTransitionItem[] = {
-    Leaf("start"), Leaf("end"), Leaf("alignment"), Leaf("cutPointTicks"), Child("rate"),
-    Child("effect"), Leaf("cutPoint", ReadOnly("written in ticks, and as `alignment`")),
+    Leaf("start"), Leaf("end"), Leaf("alignment"), Leaf("cutPointTicks", Addition()),
+    Child("rate"), Child("effect"),
+    Leaf("cutPoint", ReadOnly("written in ticks, and as `alignment`")),
 };
 
 constexpr XmemlAttribute kMulticlipAttributes[] = {
@@ -193,7 +199,7 @@ constexpr XmemlField kMulticlip[] = {
 };
 
 constexpr XmemlField kAngle[] = {
-    WholeOrReference("sequence", "sequenceid", WriteOnly("angles are read from clips")),
+    WholeOrReference("sequence", "sequenceid", Addition(WriteOnly("angles are read from clips"))),
     Leaf("activevideoangle"), Leaf("activeaudioangle"),
     ReferableChild("clip", "clipid", ReadOnly(kAngles)),
 };
@@ -213,7 +219,7 @@ constexpr XmemlAttribute kId[] = {Always("id")};
 
 constexpr XmemlField kFile[] = {
     Leaf("name"), Leaf("pathurl"), Leaf("mediaSource"), Child("rate"), Leaf("duration"),
-    Child("timecode"), ChildAs("media", "media of a file"), Each("filter"),
+    Child("timecode"), ChildAs("media", "media of a file"), Each("filter", Addition()),
     Child("metadata", ReadOnly(kInMedia)),
     Leaf("width", ReadOnly(kInCharacteristics)), Leaf("height", ReadOnly(kInCharacteristics)),
 };
@@ -264,8 +270,8 @@ constexpr XmemlField kReel[] = {Required("name")};
 
 constexpr XmemlField kSampleCharacteristics[] = {
     Child("rate"), Child("codec"), Leaf("width"), Leaf("height"), Leaf("anamorphic"),
-    Leaf("pixelaspectratio"), Leaf("velaOriginalIsAnamorphic"), Leaf("velaOriginalPAR"),
-    Leaf("fielddominance"),
+    Leaf("pixelaspectratio"), Leaf("velaOriginalIsAnamorphic", Addition()),
+    Leaf("velaOriginalPAR", Addition()), Leaf("fielddominance"),
     Leaf("colordepth", ForOthers("sequences have no depth of their own")),
     Leaf("depth", ForOthers("audio is mixed in floating point")),
     Leaf("samplerate"),
@@ -318,19 +324,23 @@ constexpr XmemlField kFilter[] = {
 
 constexpr XmemlField kEffect[] = {
     Required("name"), Required("effectid"), Leaf("effectcategory"), Required("effecttype"),
-    Required("mediatype"), Leaf("velaBypass"), Leaf("velaExpanded"),
+    Required("mediatype"), Leaf("velaBypass", Addition()), Leaf("velaExpanded", Addition()),
     Leaf("wipecode", ForOthers(kWipe)),
     Leaf("wipeaccuracy", ForOthers(kWipe)), Leaf("startratio"), Leaf("endratio"),
-    Leaf("reverse"), Each("parameter"), Each("dependency"),
+    Leaf("reverse"), Each("parameter"), Each("dependency", Addition()),
 };
 
-constexpr XmemlAttribute kParameterAttributes[] = {OrLeaf(FixedText("authoringApp", "VelaPro"))};
+constexpr XmemlAttribute kParameterAttributes[] = {
+    OrLeaf(FixedText("authoringApp", "VelaPro", Addition())),
+};
 
 constexpr XmemlField kParameter[] = {
     Required("parameterid"), Required("name"), Leaf("valuemin"), Leaf("valuemax"),
-    Leaf("IsTimeVarying"), Leaf("ParameterControlType"), Leaf("LowerBound"),
-    Leaf("UpperBound"), Leaf("LowerUIBound"), Leaf("UpperUIBound"), Leaf("Keyframes"),
-    Leaf("hash"), Leaf("value", WriteOnly("becomes a child that holds it")), Child("value"),
+    Leaf("IsTimeVarying", Addition()), Leaf("ParameterControlType", Addition()),
+    Leaf("LowerBound", Addition()), Leaf("UpperBound", Addition()),
+    Leaf("LowerUIBound", Addition()), Leaf("UpperUIBound", Addition()),
+    Leaf("Keyframes", Addition()), Leaf("hash", Addition()),
+    Leaf("value", WriteOnly("becomes a child that holds it")), Child("value"),
     Each("keyframe"),
     Child("valuelist", ForOthers("the choices of a menu; a value counts among them")),
     Child("interpolation"),
@@ -341,8 +351,9 @@ constexpr XmemlField kKeyframe[] = {
     Required("when"), Leaf("value", WriteOnly("becomes a child that holds it")), Child("value"),
     Leaf("speedvirtualkf"), Leaf("origvalue", WriteOnly(kOthers)), Leaf("speedkfin"),
     Leaf("speedkfout"), Leaf("speedkfstart", ForOthers(kRamp)),
-    Leaf("speedkfend", ForOthers(kRamp)), Leaf("velaRampStart"), Leaf("velaRampEnd"),
-    Leaf("velaHold"),
+    Leaf("speedkfend", ForOthers(kRamp)), Leaf("velaRampStart", Addition()),
+    Leaf("velaRampEnd", Addition()),
+    Leaf("velaHold", Addition()),
     Child("outbez", WriteOnly(kOthers)), Child("inbez", WriteOnly(kOthers)),
     Child("interpolation", ReadOnly("written once, in the parameter")),
 };
@@ -369,7 +380,8 @@ constexpr XmemlField kDependency[] = {Required("tag"), Required("path")};
 // What the user wrote down.
 
 constexpr XmemlField kMarker[] = {
-    Required("comment"), Required("name"), Required("in"), Required("out"), Leaf("velaColor"),
+    Required("comment"), Required("name"), Required("in"), Required("out"),
+    Leaf("velaColor", Addition()),
 };
 
 constexpr XmemlField kLabels[] = {

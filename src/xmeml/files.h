@@ -4,6 +4,7 @@
 // it. Nothing here opens a file: offline media is translated like any other.
 #pragma once
 
+#include "core/ticks.h"
 #include "tree/object.h"
 
 #include <cstdint>
@@ -36,6 +37,10 @@ public:
     // A gap in the cut that is a clip of its own.
     bool IsSlug() const;
 };
+
+// The sequence by which a project shows a slug: black video of that name and length.
+constexpr std::string_view kSlugSequenceName = "Black Video";
+constexpr Ticks kSlugSequenceDuration = 3657830400000000; // 4 hours
 
 // The files that a document defines, by id.
 class FileCatalog {

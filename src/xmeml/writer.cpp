@@ -46,7 +46,10 @@ std::size_t MixedCount(std::span<const XmemlField> fields)
 
 class XmemlWriter {
 public:
-    XmemlWriter(Progress& progress, std::ostream& output) : progress_(progress), out_(output) {}
+    XmemlWriter(Progress& progress, std::ostream& output, bool additions)
+        : progress_(progress), out_(output), additions_(additions)
+    {
+    }
 
     int WriteDocument(ObjectHandle root, bool vl2snMode);
 
@@ -60,6 +63,11 @@ private:
         std::size_t nextField = 0;
         bool isOpen = false;
     };
+
+    bool IsWritten(const FieldUse& use) const
+    {
+        return use.isWritten && (additions_ || !use.isAddition);
+    }
 
     void WriteWhole(ObjectHandle node, std::string_view element, int level);
     void WriteNext();
@@ -83,6 +91,7 @@ private:
 
     Progress& progress_;
     TextOut out_;
+    bool additions_;
     std::vector<Work> work_;
     unsigned elements_ = 0;
     bool cancelled_ = false;
@@ -130,7 +139,7 @@ void XmemlWriter::WriteAttribute(std::string_view name, std::string_view value)
 void XmemlWriter::WriteAttributes(ObjectHandle node, const XmemlElement& element)
 {
     for (const XmemlAttribute& attribute : element.attributes) {
-        if (!attribute.use.isWritten)
+        if (!IsWritten(attribute.use))
             continue;
         switch (attribute.kind) {
         case AttributeKind::Always:
@@ -223,7 +232,7 @@ void XmemlWriter::WriteNamed(ObjectHandle node, std::string_view element, int le
 
 void XmemlWriter::WriteField(ObjectHandle node, const XmemlField& field, int level)
 {
-    if (!field.use.isWritten)
+    if (!IsWritten(field.use))
         return;
     switch (field.kind) {
     case FieldKind::Required:
@@ -253,7 +262,7 @@ void XmemlWriter::WriteMixed(ObjectHandle node, std::span<const XmemlField> fiel
     const ChildRange children = node.GetChildren();
     for (auto child = children.begin(); child != children.end(); ++child)
         for (const XmemlField& field : fields)
-            if (field.name == child.EntryName())
+            if (IsWritten(field.use) && field.name == child.EntryName())
                 WriteNamed(*child, field.element, level);
 }
 
@@ -365,7 +374,11 @@ int XmemlWriter::WriteDocument(ObjectHandle root, bool vl2snMode)
         WriteLine("vl2sn", "TRUE", 2);
         WriteEnd("importoptions", 1);
     }
-    WriteWhole(root.GetChild(Name("project")), "project", 1);
+    for (const XmemlField& field : FindXmemlElement("xmeml")->fields) {
+        for (const ObjectHandle child : root.GetChildren(field.name))
+            if (IsWritten(field.use))
+                WriteWhole(child, field.element, 1);
+    }
     if (cancelled_ || !stage.Step())
         return kWriteCancelled;
     out_.Write("</xmeml>\n");
@@ -375,9 +388,10 @@ int XmemlWriter::WriteDocument(ObjectHandle root, bool vl2snMode)
 
 } // namespace
 
-int WriteFCPXML(ObjectHandle root, Progress& progress, bool vl2snMode, std::ostream& output)
+int WriteFCPXML(ObjectHandle root, Progress& progress, bool vl2snMode, std::ostream& output,
+                bool additions)
 {
-    return XmemlWriter(progress, output).WriteDocument(root, vl2snMode);
+    return XmemlWriter(progress, output, additions).WriteDocument(root, vl2snMode);
 }
 
 } // namespace XPJ

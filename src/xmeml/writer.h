@@ -12,8 +12,10 @@
 
 namespace XPJ {
 
-// Writes the `project` child of `root` as an `xmeml` document of version 4.
-// `vl2snMode` adds the import options of the audio hand-off.
-int WriteFCPXML(ObjectHandle root, Progress& progress, bool vl2snMode, std::ostream& output);
+// Writes the `project` or `sequence` children of `root` as an `xmeml` document of version 4.
+// `vl2snMode` adds the import options of the audio hand-off; without `additions` nothing is written
+// that the document type doesn't have.
+int WriteFCPXML(ObjectHandle root, Progress& progress, bool vl2snMode, std::ostream& output,
+                bool additions = true);
 
 } // namespace XPJ

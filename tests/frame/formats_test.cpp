@@ -52,7 +52,7 @@ TEST(Formats, ReadTheirOwnDocuments)
 
         std::ostringstream output;
         TestProgress progress;
-        ASSERT_EQ(format.write(root, false, progress, output), kSuccess) << format.name;
+        ASSERT_EQ(format.write(root, {}, progress, output), kSuccess) << format.name;
         const std::string path = folder.Write("copy", output.str());
         EXPECT_EQ(format.read({.path = path}, progress, document, root, details), kSuccess)
             << format.name;

@@ -24,7 +24,7 @@ Exported ExportText(const std::string& project, const ExportOptions& options, Pr
     exported.result = TranslateProjectDocument(root, options, progress ? *progress : silent,
                                                document, issues, xmeml, &skipped);
     exported.issues = IssueText(issues, Direction::Export);
-    exported.skipped = SkippedText(skipped);
+    exported.skipped = SkippedLines(skipped);
     if (exported.result != kSuccess)
         return exported;
     std::ostringstream text;

@@ -250,7 +250,7 @@ std::string IssueText(const IssueSet& issues, Direction direction)
     return text;
 }
 
-std::string SkippedText(const SkippedList& skipped)
+std::string SkippedLines(const SkippedList& skipped)
 {
     std::string text;
     for (const TranslationIssue& item : skipped)

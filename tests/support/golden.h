@@ -72,7 +72,7 @@ std::string NormaliseIds(std::string_view text);
 std::string IssueText(const IssueSet& issues, Direction direction);
 
 // Items without media, one a line.
-std::string SkippedText(const SkippedList& skipped);
+std::string SkippedLines(const SkippedList& skipped);
 
 // Its GUIDs differ from all that documents fix.
 class GoldenPlatform final : public DefaultPlatform {

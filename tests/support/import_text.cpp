@@ -28,7 +28,7 @@ Imported ImportTree(ConstHandle root, const ImportOptions& options, Progress* pr
     imported.result = ImportDocument(root, options, progress ? *progress : silent, document, issues,
                                      project, &skipped);
     imported.issues = IssueText(issues, Direction::Import);
-    imported.skipped = SkippedText(skipped);
+    imported.skipped = SkippedLines(skipped);
     if (!project)
         return imported;
     std::ostringstream text;

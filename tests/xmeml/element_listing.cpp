@@ -76,6 +76,13 @@ std::string WrittenText(const XmemlAttribute& attribute)
     return {};
 }
 
+// What a row states of writing, with a mark at additions.
+template <class Field>
+std::string WrittenCell(const Field& field)
+{
+    return WrittenText(field) + (field.use.isAddition ? "; an addition" : "");
+}
+
 std::string ReadText(const FieldUse& use)
 {
     if (!use.isRead)
@@ -124,7 +131,7 @@ std::string ElementListing()
         text += "\n### " + std::string(element.name) + "\n\n" +
                 Row("Field", "Read", "Written", "Why") + "|---|---|---|---|\n";
         for (const XmemlAttribute& attribute : element.attributes)
-            text += Row(NamesText(attribute), ReadText(attribute.use), WrittenText(attribute),
+            text += Row(NamesText(attribute), ReadText(attribute.use), WrittenCell(attribute),
                         attribute.use.reason);
         if (!element.text.IsEmpty())
             text += Row("its own text", "yes", "-", "a plain value is written as a leaf");
@@ -132,7 +139,7 @@ std::string ElementListing()
             std::string read = ReadText(field.use);
             if (field.use.isRead && !field.reference.IsEmpty())
                 read += ", also by id";
-            text += Row(NameText(field), read, WrittenText(field), field.use.reason);
+            text += Row(NameText(field), read, WrittenCell(field), field.use.reason);
         }
     }
     return text;

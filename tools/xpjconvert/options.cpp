@@ -69,6 +69,7 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
     std::vector<std::string> entries;
     std::string sequence;
     bool handOff = false;
+    bool noAdditions = false;
 
     CLI::App app(kDescription, "xpjconvert");
     app.footer(kFooter);
@@ -92,6 +93,8 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
     app.add_option("--sequence", sequence, "Convert only this sequence of a .vlproj")
         ->option_text("GUID")
         ->check(CheckGuid);
+    app.add_flag("--no-additions", noAdditions,
+                 "Write no elements and attributes that the document type doesn't have");
     app.add_flag("--handoff", handOff, "Convert a .vlproj for the hand-off to the audio editor");
     app.add_flag("--inspect", options.inspect, "Print what is in INPUT instead of converting it");
     app.add_flag("--compare", options.compare,
@@ -112,6 +115,7 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
     }
     options.request.sequenceGuid = StringToGUID(sequence);
     options.request.handOff = handOff ? std::optional(true) : std::nullopt;
+    options.request.additions = !noAdditions;
     return std::nullopt;
 }
 

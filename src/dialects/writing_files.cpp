@@ -1,0 +1,85 @@
+// The export writes a file whole where it uses it first, and by its id from then on. Who takes one
+// sequence out of a document then finds ids that lead nowhere.
+//
+//   sequence 1:  file-1 whole, file-1            ->  the same
+//   sequence 2:  file-1, file-2 whole, file-1    ->  file-1 whole, file-2 whole, file-1
+#include "dialects/writing_files.h"
+
+#include <cstdint>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace XPJ {
+
+namespace {
+
+class Files {
+public:
+    explicit Files(DialectPass& pass) : document_(pass.Nodes())
+    {
+        for (const ObjectHandle& file : pass.Parts().files)
+            files_.try_emplace(file.GetProperty("id"), File{file});
+    }
+
+    // `place` numbers the sequence around an item; all clips of bins have the same.
+    void WriteFor(ObjectHandle item, std::uint64_t place)
+    {
+        const ObjectHandle own = item.GetChild("file");
+        const std::string_view id = own ? own.GetProperty("id") : item.GetProperty("fileid");
+        const auto found = files_.find(id);
+        if (found == files_.end())
+            return;
+        item.RemoveChild(own);
+        if (found->second.places.insert(place).second) {
+            item.RemoveProperty("fileid");
+            item.AddChild(Whole(found->second));
+        } else {
+            item.SetPropertyShared("fileid", id);
+        }
+    }
+
+private:
+    struct File {
+        ObjectHandle original;
+        ObjectHandle repeated = {};
+        std::unordered_set<std::uint64_t> places = {}; // where it is written whole
+    };
+
+    ObjectHandle Whole(File& file)
+    {
+        if (file.places.size() == 1)
+            return file.original;
+        if (!file.repeated)
+            file.repeated = WithoutFilters(file.original);
+        return file.repeated;
+    }
+
+    // Readers take the filters of the first definition, and filters may be long.
+    ObjectHandle WithoutFilters(ObjectHandle original)
+    {
+        const ObjectHandle copy = document_.NewObject("file");
+        for (const Property* property = original.FirstProperty(); property;
+             property = property->next)
+            copy.SetPropertyShared(document_.Intern(property->NameView()), property->Value());
+        for (const ObjectHandle& child : original.GetChildren())
+            if (child.GetName() != "filter")
+                copy.AddChild(child);
+        return copy;
+    }
+
+    Document& document_;
+    std::unordered_map<std::string_view, File> files_; // by id
+};
+
+} // namespace
+
+void WriteFilesWhole(DialectPass& pass)
+{
+    Files files(pass);
+    for (const ItemPart& part : pass.Parts().items)
+        files.WriteFor(part.item, part.owner.GetName() == "sequence" ? part.owner.UniqueId() : 0);
+    pass.PartsChanged();
+}
+
+} // namespace XPJ
