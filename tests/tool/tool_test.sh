@@ -75,6 +75,8 @@ samples() {
         # And back.
         expect_status 0 --seed 1 "$name.vlproj" back.xml
         expect_text back.xml '<xmeml version="4">'
+        expect_status 0 --seed 1 --no-additions "$name.vlproj" back.xml
+        ! grep -q -e vela -e authoringApp back.xml || fail "$name.vlproj: additions are written"
     done
 }
 
