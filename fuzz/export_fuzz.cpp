@@ -1,4 +1,5 @@
 // Any bytes that read as a project document become a whole `xmeml` document, or a result code.
+#include "dialects/dialects.h"
 #include "document_check.h"
 #include "export/export_driver.h"
 #include "project/reader.h"
@@ -18,7 +19,11 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     if (ReadProjectDocument(input, read, root) != kReadDone)
         return 0;
 
-    for (const bool handOff : {false, true}) {
+    struct Way {
+        bool handOff;
+        bool isOpen; // restated for other programs
+    };
+    for (const auto [handOff, isOpen] : {Way{false, false}, Way{true, false}, Way{false, true}}) {
         RVX::ExportOptions options;
         options.projectTitle = "Vela Project";
         options.outputPath = "/documents/output.xml";
@@ -34,6 +39,9 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         } catch (const std::runtime_error&) {
             continue; // a frame length of zero: the operation gives kUnexpectedError
         }
+        AssumptionList assumptions;
+        if (isOpen)
+            RestateForOthers(document, xmeml, assumptions);
         std::ostringstream text;
         if (WriteFCPXML(xmeml, progress, handOff, text) != kWriteDone)
             std::abort();

@@ -2,6 +2,7 @@
 #include "document_check.h"
 
 #include "core/base64.h"
+#include "dialects/dialects.h"
 #include "import/import_driver.h"
 #include "project/writer.h"
 #include "tree/reading.h"
@@ -38,10 +39,17 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     if (ParseFCPXML(input, read, root) != kReadDone)
         return 0;
 
+    // Documents as their writers mean them, and to the letter.
+    const bool isOpen = (size & 4) != 0;
+    AssumptionList assumptions;
+    if (isOpen)
+        RestateAsMeant(read, root, assumptions);
+
     ImportOptions options;
     options.inputPath = "/documents/input.xml";
     // The routes of titles in turn.
     options.settings.convertTitles = size % 2 != 0;
+    options.settings.openInterchange = isOpen;
     options.settings.titlesAsMasterEffects = size % 4 == 3;
     SilentProgress progress;
     Document document;

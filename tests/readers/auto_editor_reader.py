@@ -5,7 +5,7 @@ import os
 import sys
 from unittest.mock import MagicMock
 
-from clips import Clip
+from clips import Clip, Refused
 
 PACKAGE = "auto-editor/usr/lib/python3/dist-packages"
 
@@ -23,13 +23,13 @@ def load(packages):
 
 
 def read(premiere, log, path):
-    """The clips of the document's one sequence; any of the reader's own errors is a ValueError."""
+    """The clips of the document's one sequence; its own message if it ends with one."""
     messages = io.StringIO()
     try:
         with contextlib.redirect_stderr(messages), contextlib.redirect_stdout(messages):
             timeline = premiere.premiere_read_xml(path, None, log())
     except SystemExit as end:
-        raise ValueError(" ".join(messages.getvalue().split()[-12:])) from end
+        raise Refused(messages.getvalue().rpartition("Error! ")[2].strip()) from end
 
     def time(frame):
         return None if frame < 0 else float(frame / timeline.timebase)

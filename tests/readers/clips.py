@@ -6,6 +6,11 @@ from documents import TICKS_PER_SECOND
 # Start and end in seconds; None where a transition defines the edge and the reader has to look it up.
 Clip = collections.namedtuple("Clip", "kind start end")
 
+
+class Refused(Exception):
+    """A reader ended with a message of its own."""
+
+
 KINDS = {"V": "video", "A": "audio"}
 
 

@@ -54,6 +54,8 @@ def faults_of_reading(read, path, sequence):
     rate = fractions.Fraction(documents.TICKS_PER_SECOND, sequence["frameTicks"])
     try:
         found = read(path, rate)
+    except clips.Refused as message:
+        return ["refused: %s" % message]
     except Exception as error:  # any fault of that program
         return ["%s: %s at %s" % (type(error).__name__, error,
                                   traceback.extract_tb(error.__traceback__)[-1].line)]
