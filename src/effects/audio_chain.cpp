@@ -104,8 +104,8 @@ ObjectHandle MakeNeutralVolume(const EffectContext& context, const ItemAudio& au
     return component;
 }
 
-// The AudioFilterComponent of one `effect`. Null for what is not translated or lacks a parameter,
-// which is reported, and for what is not a part of a chain, such as the pan.
+} // namespace
+
 ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemAudio& audio,
                                   ConstHandle effect)
 {
@@ -140,6 +140,8 @@ ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemAudio&
         context.AddIssue(ImportIssue::AudioLevelClamped, EffectName(effect));
     return component;
 }
+
+namespace {
 
 // What the filters of an item become, in the order of the chain.
 std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemAudio& audio,

@@ -24,6 +24,11 @@ struct ItemAudio {
 ObjectHandle BuildAudioChain(const EffectContext& context, const ItemAudio& audio,
                              ConstHandle item);
 
+// The AudioFilterComponent of one `effect`. Null for what is not translated or lacks a parameter,
+// which is reported, and for what is not a part of a chain, such as the pan.
+ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemAudio& audio,
+                                  ConstHandle effect);
+
 // ---- To `xmeml`. Keyframes count in `frameTicks` of the context.
 
 // True for the chain of a track that has more than fader and meter.

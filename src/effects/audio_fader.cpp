@@ -1,8 +1,9 @@
 #include "effects/audio_fader.h"
 
 #include "core/numbers.h"
+#include "effects/audio_chain.h"
 #include "effects/audio_filters.h"
-#include "effects/effect_walk.h"
+#include "effects/effect_elements.h"
 #include "effects/keyframes.h"
 #include "effects/parameters.h"
 #include "effects/values.h"

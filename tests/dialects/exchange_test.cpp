@@ -66,7 +66,7 @@ std::string Exported(const std::string& project)
     EXPECT_EQ(RVX::TranslateProjectDocument(root, options, progress, document, issues, xmeml),
               kSuccess);
     AssumptionList assumptions;
-    RestateForOthers(document, xmeml, assumptions);
+    RestateForOthers(document, xmeml, {}, assumptions);
     std::ostringstream output;
     WriteFCPXML(xmeml, progress, false, output);
     return output.str();
