@@ -17,7 +17,7 @@ std::string_view WriteMediaFile(ExportContext& context, Catalogs& catalogs,
     if (const ConstHandle browserItem = catalogs.masters.BrowserItemOf(record.masterClip)) {
         if (MediaKindOf(record.media) == MediaKind::Graphic)
             file.element.SetPropertyShared("mediaSource", "GraphicAndTypeMaster");
-        WriteComments(context.document, ItemProperties(browserItem), element);
+        WriteComments(context.document, browserItem, element);
     }
     return file.id;
 }
@@ -43,7 +43,7 @@ ItemSource WriteItemSource(ExportContext& context, Catalogs& catalogs, const Tra
     ItemSource source;
     if (record.media)
         source.linkKey = WriteMediaFile(context, catalogs, record, element);
-    else if (IsTrue(ClipCore(record.clip), "IsMulticam"))
+    else if (IsTrue(record.clip, "IsMulticam"))
         AddIssue(context, ExportIssue::MulticamExportNotSupported,
                  LocationOfItem(track, record.Start(), record.name));
     else if (record.sequence)

@@ -43,8 +43,7 @@ void WriteItemHead(ExportContext& context, MasterCatalog& masters, ItemRecord& r
 {
     record.id = NewId(context.document, "clipitem-", context.ids.clipItem);
     element.SetPropertyShared("id", record.id);
-    element.SetPropertyShared("enabled",
-                              IsTrue(ItemCore(record.item), "IsMuted") ? "FALSE" : "TRUE");
+    element.SetPropertyShared("enabled", IsTrue(record.item, "IsMuted") ? "FALSE" : "TRUE");
     WriteEdges(record.item, record.timing, element);
     record.masterClipId = masters.IdOf(context, record.masterClip);
     if (!record.masterClipId.empty())
@@ -60,20 +59,18 @@ void WriteClipOptions(Document& document, ItemRecord& record, ObjectHandle eleme
 {
     element.SetPropertyShared("scaleToFrameSize",
                               IsTrue(record.clip, "ScaleToFrameSize") ? "TRUE" : "FALSE");
-    WriteClipLabel(document, ClipProperties(record.clip), element);
+    WriteClipLabel(document, record.clip, element);
     ReadSpeed(record.clip, record.timing);
-    TranslateMarkers(document,
-                     {.owner = ClipCore(record.clip),
-                      .frameTicks = record.timing.rate,
-                      .unit = record.timing.unit},
-                     element);
+    TranslateMarkers(
+        document,
+        {.owner = record.clip, .frameTicks = record.timing.rate, .unit = record.timing.unit},
+        element);
 }
 
 void TranslateHeadTransition(ExportContext& context, TrackContext& track, TrackItem item)
 {
     const ConstHandle transition = HeadTransitionOf(item);
-    if (!IsTrue(TransitionCore(transition), "HasOutgoingClip") ||
-        transition != track.lastTransition)
+    if (!IsTrue(transition, "HasOutgoingClip") || transition != track.lastTransition)
         TranslateTransition(context, track, transition);
 }
 

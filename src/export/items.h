@@ -27,7 +27,7 @@ struct ItemRecord {
     std::string_view masterClipId = {};
     std::string_view name = {};
 
-    Ticks Start() const { return Int64Property(ItemEdges(item), "Start"); }
+    Ticks Start() const { return Int64Property(item, "Start"); }
 };
 
 ItemRecord ReadItem(MasterCatalog& masters, const TrackContext& track, TrackItem item);

@@ -269,6 +269,7 @@ void ProjectWriter::WriteRow(const BodyRow& row, ObjectHandle node)
 {
     switch (row.kind) {
     case RowKind::Part:
+    case RowKind::Member:
     case RowKind::Wrapper:
         out_.WriteTabs(level_++);
         out_.Write("<", row.tag.View(), " Version=\"");
