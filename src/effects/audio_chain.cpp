@@ -1,15 +1,147 @@
 #include "effects/audio_chain.h"
 
 #include "core/numbers.h"
-#include "effects/effect_walk.h"
+#include "effects/effect_elements.h"
+#include "effects/keyframes.h"
+#include "effects/time_remap.h"
+#include "effects/values.h"
+#include "project/accessors.h"
 
+#include <string>
 #include <vector>
 
 namespace XPJ {
 
 namespace {
 
-// What the filters of an item come to, in the order of the chain.
+// ---- To a project
+
+// Of a level that states no value: it changes nothing.
+constexpr std::string_view kNeutralLevel = "1";
+
+bool IsLevel(const AudioParamRow& row)
+{
+    return row.scale == AudioScale::Volume || row.scale == AudioScale::VolumeInDecibels;
+}
+
+// The last one, if several match; null without one.
+ConstHandle FindSource(ConstHandle effect, const AudioParamRow& row)
+{
+    ConstHandle found;
+    for (const ConstHandle parameter : effect.GetChildren("parameter"))
+        if (parameter.GetProperty("parameterid") == row.param.xmeml.id ||
+            (!row.specifier.empty() &&
+             parameter.GetProperty("parameterspecifier") == row.specifier))
+            found = parameter;
+    return found;
+}
+
+double ScaledValue(const EffectContext& context, AudioScale scale, double value)
+{
+    if (scale == AudioScale::Q)
+        return QScale(value);
+    // Whole samples a second, as documents state them.
+    return FrequencyScale(value,
+                          static_cast<double>(DivTicksOr0(kTicksPerSecond, context.sampleTicks)));
+}
+
+ObjectHandle MakeParamOfRow(const EffectContext& context, const AudioParamRow& row,
+                            const std::string& value, const std::string& keyframes)
+{
+    const ObjectHandle param =
+        MakeParam(context.document, row.param.kind,
+                  {.name = row.param.name, .value = value, .units = row.units});
+    SetKeyframes(param, keyframes);
+    return param;
+}
+
+// The top of the range is 6 dB above the level of the source.
+ObjectHandle MakeLevelParam(const EffectContext& context, const AudioParamRow& row,
+                            ConstHandle source, std::int64_t delayFrames, bool* clamped)
+{
+    const Clamp clamp{.offsetFrames = delayFrames, .valueFactor = 0.5, .reals = RecordReals::Audio};
+    const double level = ParseDouble(StaticValue(source, kNeutralLevel));
+    return MakeParamOfRow(context, row, NumberText(ClampedValue(level, clamp, clamped)),
+                          ClampedKeyframes(source, context.frameTicks, clamp, clamped));
+}
+
+// Null when the effect does not state the value.
+ObjectHandle MakeScaledParam(const EffectContext& context, const AudioParamRow& row,
+                             ConstHandle source)
+{
+    const std::string_view value = StaticValue(source, {});
+    if (value.empty())
+        return {};
+    const auto scale = [&](double number) { return ScaledValue(context, row.scale, number); };
+    return MakeParamOfRow(context, row, NumberText(scale(ParseDouble(value))),
+                          MappedKeyframes(source, context.frameTicks, scale));
+}
+
+// `effect` may be null.
+ObjectHandle MakeComponent(const EffectContext& context, int channelType, const AudioFilterRow& row,
+                           ConstHandle effect)
+{
+    const ObjectHandle component = context.document.NewObject("AudioFilterComponent");
+    component.SetPropertyShared("FilterMatchName", row.project.Of(channelType));
+    component.SetPropertyShared("Intrinsic", "false");
+    component.SetPropertyShared("Bypass", IsTrue(effect, "velaBypass") ? "true" : "false");
+    component.SetProperty("FrameRate", TickText(context.sampleTicks));
+    component.SetProperty("ChannelType", IntToString(channelType));
+    component.SetPropertyShared("FilterPreset", "0");
+    component.SetPropertyShared("FilterIndex", "-1");
+    component.SetPropertyShared("AudioComponentType", "0");
+    CopyExpanded(effect, component);
+    return component;
+}
+
+// The AudioFilterComponent of a volume that changes nothing.
+ObjectHandle MakeNeutralVolume(const EffectContext& context, const ItemAudio& audio)
+{
+    const ObjectHandle component = MakeComponent(context, audio.channelType, kAudioLevels, {});
+    for (const AudioParamRow& row : kAudioLevels.params)
+        component.AddChild("Param", IsLevel(row) ? MakeLevelParam(context, row, {}, 0, nullptr)
+                                                 : MakeParamOfRow(context, row, {}, {}));
+    return component;
+}
+
+// The AudioFilterComponent of one `effect`. Null for what is not translated or lacks a parameter,
+// which is reported, and for what is not a part of a chain, such as the pan.
+ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemAudio& audio,
+                                  ConstHandle effect)
+{
+    const std::string_view effectId = AudioEffectId(effect);
+    const AudioFilterRow* const row = FindAudioFilter(effectId);
+    if (!row || !row->IsInChain()) {
+        // The pan becomes the panner of the item, a speed that of its clip.
+        if (!row && effectId != kTimeRemap.xmeml.id)
+            context.AddIssue(ImportIssue::EffectNotTranslated, EffectName(effect));
+        return {};
+    }
+    const ObjectHandle component = MakeComponent(context, audio.channelType, *row, effect);
+    bool clamped = false;
+    for (const AudioParamRow& param : row->params) {
+        if (param.scale == AudioScale::None) {
+            component.AddChild("Param", MakeParamOfRow(context, param, {}, {}));
+            continue;
+        }
+        const ConstHandle source = FindSource(effect, param);
+        // A name alone is not enough for a level that is not there.
+        const bool isLevel = IsLevel(param) && (source || HasValue(effect, "effectid"));
+        const ObjectHandle result =
+            isLevel ? MakeLevelParam(context, param, source, audio.delayFrames, &clamped)
+                    : MakeScaledParam(context, param, source);
+        if (!result) {
+            context.AddIssue(row->refusal, EffectName(effect));
+            return {};
+        }
+        component.AddChild("Param", result);
+    }
+    if (clamped)
+        context.AddIssue(ImportIssue::AudioLevelClamped, EffectName(effect));
+    return component;
+}
+
+// What the filters of an item become, in the order of the chain.
 std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemAudio& audio,
                                        ConstHandle item)
 {
@@ -29,6 +161,35 @@ std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemA
     return components;
 }
 
+// ---- To `xmeml`
+
+// The row by which a component is written; null for one that documents do not have.
+const AudioFilterRow* FindWritten(const EffectContext& context, std::string_view matchName)
+{
+    const AudioExport kind = context.isHandOff ? AudioExport::HandOff : AudioExport::Ordinary;
+    for (const AudioFilterRow& row : AudioFilters())
+        if (row.IsInChain() && matchName.starts_with(row.project.Stem()) &&
+            (row.exported == AudioExport::Always || row.exported == kind))
+            return &row;
+    return nullptr;
+}
+
+void ComponentToXmeml(const EffectContext& context, const AudioFilterRow& row,
+                      ConstHandle component, ObjectHandle element)
+{
+    const ObjectHandle effect = AddFilter(context.document, row.xmeml, element);
+    WriteSwitches(component, effect);
+    const ConstChildRange params = ParamsOf(component);
+    auto next = params.begin();
+    for (const AudioParamRow& param : row.params) {
+        const bool isThere = next != params.end();
+        if (param.scale != AudioScale::None)
+            AddAudioParameter(context, param, isThere ? *next : ConstHandle(), effect);
+        if (isThere)
+            ++next;
+    }
+}
+
 } // namespace
 
 ObjectHandle BuildAudioChain(const EffectContext& context, const ItemAudio& audio, ConstHandle item)
@@ -43,6 +204,63 @@ ObjectHandle BuildAudioChain(const EffectContext& context, const ItemAudio& audi
     }
     chain.SetProperty("NextComponentID", IntToString(id));
     return chain;
+}
+
+void AudioChainToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle element)
+{
+    EffectContext ofChain = context;
+    if (const Ticks sample = Int64Property(chain, "FrameRate"); IsRate(sample))
+        ofChain.sampleTicks = sample;
+    for (const ConstHandle component : ComponentsOf(chain)) {
+        const std::string_view matchName = ComponentMatchName(component);
+        if (const AudioFilterRow* const row = FindWritten(context, matchName))
+            ComponentToXmeml(ofChain, *row, component, element);
+        else
+            context.AddIssue(ExportIssue::EffectNotTranslated, matchName);
+    }
+}
+
+void ReportAudioChain(const EffectContext& context, ConstHandle chain, ExportIssue kind)
+{
+    for (const ConstHandle component : ComponentsOf(chain))
+        if (const std::string_view matchName = ComponentMatchName(component);
+            !FindWritten(context, matchName))
+            context.AddIssue(kind, matchName);
+}
+
+void GainToXmeml(const EffectContext& context, ConstHandle clip, bool isBarsAndTone,
+                 ObjectHandle element)
+{
+    constexpr double kGainOfBarsAndTone = 0.2513;
+    if (!clip.HasProperty("Gain"))
+        return;
+    const ObjectHandle effect = AddEmptyFilter(context.document, element);
+    effect.SetPropertyShared("mediatype", "audio");
+    double gain = DoubleProperty(clip, "Gain");
+    if (gain == 1.0) {
+        if (!isBarsAndTone)
+            return;
+        gain = kGainOfBarsAndTone;
+    }
+    const AudioFilterRow& row = context.isHandOff ? kAudioLevels : kAudioGain;
+    WriteEffectHead(row.xmeml, effect);
+    AddParameter(context.document, row.params.back().param.xmeml,
+                 NumberText(context.isHandOff ? LevelOfVolume(gain) : DecibelsOfGain(gain)),
+                 effect);
+}
+
+void AddAudioParameter(const EffectContext& context, const AudioParamRow& row, ConstHandle param,
+                       ObjectHandle effect)
+{
+    if (row.param.value.empty() && StartText(param).empty())
+        return;
+    const auto sampleRate = static_cast<double>(DivTicks(kTicksPerSecond, context.sampleTicks));
+    const auto map = [&](double value) { return AudioValueToXmeml(row.scale, value, sampleRate); };
+    const double value = CurrentNumber(param, ParseDouble(row.param.value));
+    const ObjectHandle parameter =
+        AddParameter(context.document, row.param.xmeml, NumberText(map(value)), effect);
+    WriteKeyframes(context.document, parameter, param.GetProperty("Keyframes"), context.frameTicks,
+                   map);
 }
 
 } // namespace XPJ

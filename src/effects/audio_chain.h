@@ -1,15 +1,46 @@
-// The chain of audio effects of a clip: its volume, then its filters.
+// The audio effects of a clip: `filter`s of an item in `xmeml`, a chain in a project, which begins
+// with the volume.
 #pragma once
 
 #include "effects/audio_filters.h"
 #include "effects/effect_context.h"
 #include "tree/object.h"
 
+#include <cstdint>
+
 namespace XPJ {
+
+// ---- To a project
+
+// What the audio of an item is, beside what the context states of the item.
+struct ItemAudio {
+    int channelType = 0;          // 0 mono, 1 stereo, 2 5.1, 3 adaptive
+    std::int64_t delayFrames = 0; // `mediadelay` of the item, with which its levels move
+    bool stereoSource = false;    // its file holds stereo
+};
 
 // A new AudioComponentChain from the `filter`s of an item. The volume of the clip, which every clip
 // has, is first with `ID` 1; further levels and the filters follow in document order.
 ObjectHandle BuildAudioChain(const EffectContext& context, const ItemAudio& audio,
                              ConstHandle item);
+
+// ---- To `xmeml`. Keyframes count in `frameTicks` of the context.
+
+// Puts a `filter` on `element` for every component of a clip's chain; what documents have no term
+// for is reported.
+void AudioChainToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle element);
+
+// Reports the components that documents have no term for, for a chain that can't be written.
+void ReportAudioChain(const EffectContext& context, ConstHandle chain, ExportIssue kind);
+
+// The `Gain` of a clip that states one: a `filter` even where the gain changes nothing; its effect
+// is then without a name. Bars and tone have a gain of their own, which projects do not state.
+void GainToXmeml(const EffectContext& context, ConstHandle clip, bool isBarsAndTone,
+                 ObjectHandle element);
+
+// Attaches the `parameter` of a row, with value and keyframes of a project's parameter; nothing for
+// one without a value, unless the row has one.
+void AddAudioParameter(const EffectContext& context, const AudioParamRow& row, ConstHandle param,
+                       ObjectHandle effect);
 
 } // namespace XPJ

@@ -1,16 +1,10 @@
 #include "effects/audio_filters.h"
 
-#include "core/numbers.h"
-#include "effects/effect_walk.h"
-#include "effects/keyframes.h"
-#include "effects/time_remap.h"
-#include "effects/values.h"
-#include "project/accessors.h"
+#include "effects/effect_elements.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
-#include <limits>
-#include <string>
 
 namespace XPJ {
 
@@ -115,127 +109,43 @@ constexpr AudioFilterRow kAudioFilters[] = {
      .isOfTrack = true},
 };
 
-// Of a level that states no value: it changes nothing.
-constexpr std::string_view kNeutralLevel = "1";
+// ---- Values
 
-const AudioFilterRow* FindRow(std::string_view effectId)
+constexpr double kHighestLevel = 3.98109;
+constexpr double kSilence = -96.0;
+constexpr double kLoudest = 96.0;
+constexpr double kLowestGain = 1e-5; // below -96 dB
+
+// The scale of a frequency is that of half the sample rate.
+constexpr double kLowestFrequency = 0.00041666600736789405;
+constexpr double kFrequencyRange = 0.9900000095367432;
+constexpr double kLowestQ = 1.0;
+constexpr double kHighestQ = 20.0;
+
+double Decibels(double factor)
 {
-    if (effectId.empty())
-        return nullptr;
-    const auto* const row = std::ranges::find(
-        kAudioFilters, effectId, [](const AudioFilterRow& filter) { return filter.xmeml.id; });
-    return row != std::end(kAudioFilters) ? row : nullptr;
+    const auto decibels = static_cast<float>(20 * std::log10(factor));
+    return std::clamp(static_cast<double>(decibels), kSilence, kLoudest);
 }
 
-bool IsInChain(const AudioFilterRow& row)
+double DecibelsOfVolume(double volume)
 {
-    return !row.project.names[0].empty();
+    return volume <= 0 ? kSilence : Decibels(2 * volume);
 }
 
-bool IsLevel(const AudioParamRow& row)
+double PanOfProject(double pan)
 {
-    return row.scale == AudioScale::Volume || row.scale == AudioScale::VolumeInDecibels;
+    return std::clamp(2 * (pan - 0.5), -1.0, 1.0);
 }
 
-// ---- To a project
-
-// The last one, if several match; null without one.
-ConstHandle FindSource(ConstHandle effect, const AudioParamRow& row)
+double FrequencyOfScale(double scaled, double sampleRate)
 {
-    ConstHandle found;
-    for (const ConstHandle parameter : effect.GetChildren("parameter"))
-        if (parameter.GetProperty("parameterid") == row.param.xmeml.id ||
-            (!row.specifier.empty() &&
-             parameter.GetProperty("parameterspecifier") == row.specifier))
-            found = parameter;
-    return found;
+    return (scaled * scaled * kFrequencyRange + kLowestFrequency) * sampleRate / 2;
 }
 
-double ScaledValue(const EffectContext& context, AudioScale scale, double value)
+double QOfScale(double scaled)
 {
-    if (scale == AudioScale::Q)
-        return QScale(value);
-    // Whole samples a second, as documents state them.
-    return FrequencyScale(value,
-                          static_cast<double>(DivTicksOr0(kTicksPerSecond, context.sampleTicks)));
-}
-
-ObjectHandle MakeParamOfRow(const EffectContext& context, const AudioParamRow& row,
-                            const std::string& value, const std::string& keyframes)
-{
-    const ObjectHandle param =
-        MakeParam(context.document, row.param.kind,
-                  {.name = row.param.name, .value = value, .units = row.units});
-    SetKeyframes(param, keyframes);
-    return param;
-}
-
-// The top of the range is 6 dB above the level of the source.
-ObjectHandle MakeLevelParam(const EffectContext& context, const AudioParamRow& row,
-                            ConstHandle source, std::int64_t delayFrames, bool* clamped)
-{
-    const Clamp clamp{.offsetFrames = delayFrames, .valueFactor = 0.5, .reals = RecordReals::Audio};
-    const double level = ParseDouble(StaticValue(source, kNeutralLevel));
-    return MakeParamOfRow(context, row, NumberText(ClampedValue(level, clamp, clamped)),
-                          ClampedKeyframes(source, context.frameTicks, clamp, clamped));
-}
-
-// Null when the effect does not state the value.
-ObjectHandle MakeScaledParam(const EffectContext& context, const AudioParamRow& row,
-                             ConstHandle source)
-{
-    const std::string_view value = StaticValue(source, {});
-    if (value.empty())
-        return {};
-    const auto scale = [&](double number) { return ScaledValue(context, row.scale, number); };
-    return MakeParamOfRow(context, row, NumberText(scale(ParseDouble(value))),
-                          MappedKeyframes(source, context.frameTicks, scale));
-}
-
-// `effect` may be null.
-ObjectHandle MakeComponent(const EffectContext& context, int channelType, const AudioFilterRow& row,
-                           ConstHandle effect)
-{
-    const ObjectHandle component = context.document.NewObject("AudioFilterComponent");
-    component.SetPropertyShared("FilterMatchName", row.project.Of(channelType));
-    component.SetPropertyShared("Intrinsic", "false");
-    component.SetPropertyShared("Bypass", IsTrue(effect, "velaBypass") ? "true" : "false");
-    component.SetProperty("FrameRate", TickText(context.sampleTicks));
-    component.SetProperty("ChannelType", IntToString(channelType));
-    component.SetPropertyShared("FilterPreset", "0");
-    component.SetPropertyShared("FilterIndex", "-1");
-    component.SetPropertyShared("AudioComponentType", "0");
-    CopyExpanded(effect, component);
-    return component;
-}
-
-// ---- To `xmeml`
-
-// The row by which a component is written; null for one that documents do not have.
-const AudioFilterRow* FindWritten(const EffectContext& context, std::string_view matchName)
-{
-    const AudioExport kind = context.isHandOff ? AudioExport::HandOff : AudioExport::Ordinary;
-    for (const AudioFilterRow& row : kAudioFilters)
-        if (IsInChain(row) && matchName.starts_with(row.project.Stem()) &&
-            (row.exported == AudioExport::Always || row.exported == kind))
-            return &row;
-    return nullptr;
-}
-
-void ComponentToXmeml(const EffectContext& context, const AudioFilterRow& row,
-                      ConstHandle component, ObjectHandle element)
-{
-    const ObjectHandle effect = AddFilter(context.document, row.xmeml, element);
-    WriteSwitches(component, effect);
-    const ConstChildRange params = ParamsOf(component);
-    auto next = params.begin();
-    for (const AudioParamRow& param : row.params) {
-        const bool isThere = next != params.end();
-        if (param.scale != AudioScale::None)
-            AddAudioParameter(context, param, isThere ? *next : ConstHandle(), effect);
-        if (isThere)
-            ++next;
-    }
+    return scaled * scaled * (kHighestQ - kLowestQ) + kLowestQ;
 }
 
 } // namespace
@@ -247,6 +157,15 @@ const AudioFilterRow& kAudioPan = kAudioFilters[5];
 std::span<const AudioFilterRow> AudioFilters()
 {
     return kAudioFilters;
+}
+
+const AudioFilterRow* FindAudioFilter(std::string_view effectId)
+{
+    if (effectId.empty())
+        return nullptr;
+    const auto* const row = std::ranges::find(
+        kAudioFilters, effectId, [](const AudioFilterRow& filter) { return filter.xmeml.id; });
+    return row != std::end(kAudioFilters) ? row : nullptr;
 }
 
 std::string_view AudioEffectId(ConstHandle effect)
@@ -269,106 +188,49 @@ ConstHandle FindAudioEffect(ConstHandle owner, std::string_view effectId)
     return found;
 }
 
-ObjectHandle MakeNeutralVolume(const EffectContext& context, const ItemAudio& audio)
+double AudioValueToXmeml(AudioScale scale, double value, double sampleRate)
 {
-    const ObjectHandle component = MakeComponent(context, audio.channelType, kAudioLevels, {});
-    for (const AudioParamRow& row : kLevelParams)
-        component.AddChild("Param", IsLevel(row) ? MakeLevelParam(context, row, {}, 0, nullptr)
-                                                 : MakeParamOfRow(context, row, {}, {}));
-    return component;
-}
-
-ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemAudio& audio,
-                                  ConstHandle effect)
-{
-    const std::string_view effectId = AudioEffectId(effect);
-    const AudioFilterRow* const row = FindRow(effectId);
-    if (!row || !IsInChain(*row)) {
-        // The pan becomes the panner of the item, a speed that of its clip.
-        if (!row && effectId != kTimeRemap.xmeml.id)
-            context.AddIssue(ImportIssue::EffectNotTranslated, EffectName(effect));
-        return {};
+    switch (scale) {
+    case AudioScale::None:
+        break;
+    case AudioScale::Volume:
+        return LevelOfVolume(value);
+    case AudioScale::VolumeInDecibels:
+        return DecibelsOfVolume(value);
+    case AudioScale::Pan:
+        return PanOfProject(value);
+    case AudioScale::Frequency:
+        return std::clamp(FrequencyOfScale(value, sampleRate), 0.0, 20000.0);
+    case AudioScale::Q:
+        return std::clamp(QOfScale(value), 0.7071, 20.0);
     }
-    const ObjectHandle component = MakeComponent(context, audio.channelType, *row, effect);
-    bool clamped = false;
-    for (const AudioParamRow& param : row->params) {
-        if (param.scale == AudioScale::None) {
-            component.AddChild("Param", MakeParamOfRow(context, param, {}, {}));
-            continue;
-        }
-        const ConstHandle source = FindSource(effect, param);
-        // A name alone is not enough for a level that is not there.
-        const bool isLevel = IsLevel(param) && (source || HasValue(effect, "effectid"));
-        const ObjectHandle result =
-            isLevel ? MakeLevelParam(context, param, source, audio.delayFrames, &clamped)
-                    : MakeScaledParam(context, param, source);
-        if (!result) {
-            context.AddIssue(row->refusal, EffectName(effect));
-            return {};
-        }
-        component.AddChild("Param", result);
-    }
-    if (clamped)
-        context.AddIssue(ImportIssue::AudioLevelClamped, EffectName(effect));
-    return component;
+    return value;
 }
 
-void AudioChainToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle element)
+double LevelOfVolume(double volume)
 {
-    EffectContext ofChain = context;
-    if (const Ticks sample = Int64Property(chain, "FrameRate");
-        sample > 0 && sample != std::numeric_limits<Ticks>::max())
-        ofChain.sampleTicks = sample;
-    for (const ConstHandle component : ComponentsOf(chain)) {
-        const std::string_view matchName = ComponentMatchName(component);
-        if (const AudioFilterRow* const row = FindWritten(context, matchName))
-            ComponentToXmeml(ofChain, *row, component, element);
-        else
-            context.AddIssue(ExportIssue::EffectNotTranslated, matchName);
-    }
+    return std::clamp(2 * volume, 0.0, kHighestLevel);
 }
 
-void ReportAudioChain(const EffectContext& context, ConstHandle chain, ExportIssue kind)
+double LevelOfFader(double volume)
 {
-    for (const ConstHandle component : ComponentsOf(chain))
-        if (const std::string_view matchName = ComponentMatchName(component);
-            !FindWritten(context, matchName))
-            context.AddIssue(kind, matchName);
+    return std::clamp(volume / kFaderFactor, 0.0, kHighestLevel);
 }
 
-void GainToXmeml(const EffectContext& context, ConstHandle clip, bool isBarsAndTone,
-                 ObjectHandle element)
+double DecibelsOfGain(double gain)
 {
-    constexpr double kGainOfBarsAndTone = 0.2513;
-    if (!clip.HasProperty("Gain"))
-        return;
-    const ObjectHandle effect = AddEmptyFilter(context.document, element);
-    effect.SetPropertyShared("mediatype", "audio");
-    double gain = DoubleProperty(clip, "Gain");
-    if (gain == 1.0) {
-        if (!isBarsAndTone)
-            return;
-        gain = kGainOfBarsAndTone;
-    }
-    const AudioFilterRow& row = context.isHandOff ? kAudioLevels : kAudioGain;
-    WriteEffectHead(row.xmeml, effect);
-    AddParameter(context.document, row.params.back().param.xmeml,
-                 NumberText(context.isHandOff ? LevelOfVolume(gain) : DecibelsOfGain(gain)),
-                 effect);
+    return gain < kLowestGain ? kSilence : Decibels(gain);
 }
 
-void AddAudioParameter(const EffectContext& context, const AudioParamRow& row, ConstHandle param,
-                       ObjectHandle effect)
+double FrequencyScale(double frequency, double sampleRate)
 {
-    if (row.param.value.empty() && StartText(param).empty())
-        return;
-    const auto sampleRate = static_cast<double>(DivTicks(kTicksPerSecond, context.sampleTicks));
-    const auto map = [&](double value) { return AudioValueToXmeml(row.scale, value, sampleRate); };
-    const double value = CurrentNumber(param, ParseDouble(row.param.value));
-    const ObjectHandle parameter =
-        AddParameter(context.document, row.param.xmeml, NumberText(map(value)), effect);
-    WriteKeyframes(context.document, parameter, param.GetProperty("Keyframes"), context.frameTicks,
-                   map);
+    const double scaled = (2 * frequency / sampleRate - kLowestFrequency) / kFrequencyRange;
+    return std::sqrt(std::clamp(scaled, 0.0, 1.0));
+}
+
+double QScale(double q)
+{
+    return std::sqrt((std::clamp(q, kLowestQ, kHighestQ) - kLowestQ) / (kHighestQ - kLowestQ));
 }
 
 } // namespace XPJ

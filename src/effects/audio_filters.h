@@ -2,17 +2,17 @@
 // `effect`, projects by a match name for each channel type.
 #pragma once
 
-#include "effects/audio_scales.h"
 #include "effects/effect_row.h"
 #include "tree/object.h"
 
-#include <cstdint>
 #include <span>
 #include <string_view>
 
 namespace XPJ {
 
 // ---- Rows
+
+enum class AudioScale { None, Volume, VolumeInDecibels, Pan, Frequency, Q };
 
 struct AudioParamRow {
     ParamRow param;
@@ -46,10 +46,15 @@ struct AudioFilterRow {
     ImportIssue refusal = ImportIssue::EffectNotTranslated; // of an effect that lacks a parameter
     AudioExport exported = AudioExport::Always;
     bool isOfTrack = false; // a fader, not an effect of a clip
+
+    bool IsInChain() const { return !project.names[0].empty(); }
 };
 
 // In the order of the list of effects.
 std::span<const AudioFilterRow> AudioFilters();
+
+// The row of an `effectid`; null for an empty or an unknown one.
+const AudioFilterRow* FindAudioFilter(std::string_view effectId);
 
 // The effect of documents for the volume of a clip, a track or a sequence.
 extern const AudioFilterRow& kAudioLevels;
@@ -66,40 +71,35 @@ std::string_view AudioEffectId(ConstHandle effect);
 // The first active effect of an owner that has the id; null without one.
 ConstHandle FindAudioEffect(ConstHandle owner, std::string_view effectId);
 
-// ---- To a project
+// ---- Values
 
-// What the audio of an item is, beside what the context states of the item.
-struct ItemAudio {
-    int channelType = 0;          // 0 mono, 1 stereo, 2 5.1, 3 adaptive
-    std::int64_t delayFrames = 0; // `mediadelay` of the item, with which its levels move
-    bool stereoSource = false;    // its file holds stereo
-};
+// How the values of audio parameters count in the two documents.
+//
+//            project                                       document
+//   volume   0.5 leaves the audio as it is, 1 doubles it   a factor, to 3.98109 (12 dB); decibels
+//   fader    1 leaves it as it is, 2 is the top            a factor, to 3.98109
+//   pan      0 left, 1 right                               -1 left, 1 right
+//   cutoff   0 to 1 of the host's slider                   hertz
+//   Q        0 to 1 of the host's slider                   Q
+//
+// All functions take any number, infinite ones included; the values of documents stay within the
+// bounds that their parameters state.
 
-// The AudioFilterComponent of a volume that changes nothing.
-ObjectHandle MakeNeutralVolume(const EffectContext& context, const ItemAudio& audio);
+// `sampleRate` is in samples a second.
+double AudioValueToXmeml(AudioScale scale, double value, double sampleRate);
 
-// The AudioFilterComponent of one `effect`. Null for what is not translated or lacks a parameter,
-// which is reported, and for what is not a part of a chain, such as the pan.
-ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemAudio& audio,
-                                  ConstHandle effect);
+double LevelOfVolume(double volume);
+double LevelOfFader(double volume);
+// From -96 on, in single precision.
+double DecibelsOfGain(double gain);
 
-// ---- To `xmeml`. Keyframes count in `frameTicks` of the context.
+inline constexpr double kFaderTop = 2.0;
+// From a level to a fader: the highest level is the top of the fader.
+inline constexpr double kFaderFactor = 0.5023749777071104;
 
-// Puts a `filter` on `element` for every component of a clip's chain; what documents have no term
-// for is reported.
-void AudioChainToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle element);
-
-// Reports the components that documents have no term for, for a chain that can't be written.
-void ReportAudioChain(const EffectContext& context, ConstHandle chain, ExportIssue kind);
-
-// The `Gain` of a clip that states one: a `filter` even where the gain changes nothing; its effect
-// is then without a name. Bars and tone have a gain of their own, which projects do not state.
-void GainToXmeml(const EffectContext& context, ConstHandle clip, bool isBarsAndTone,
-                 ObjectHandle element);
-
-// Attaches the `parameter` of a row, with value and keyframes of a project's parameter; nothing for
-// one without a value, unless the row has one.
-void AddAudioParameter(const EffectContext& context, const AudioParamRow& row, ConstHandle param,
-                       ObjectHandle effect);
+// To the scales of a project; `frequency` is in hertz.
+//   FrequencyScale(0, 48000) == 0, QScale(20) == 1
+double FrequencyScale(double frequency, double sampleRate);
+double QScale(double q);
 
 } // namespace XPJ

@@ -1,7 +1,7 @@
 #include "effects/audio_pan.h"
 
 #include "core/numbers.h"
-#include "effects/effect_walk.h"
+#include "effects/effect_elements.h"
 #include "effects/keyframes.h"
 #include "effects/values.h"
 #include "project/accessors.h"

@@ -1,7 +1,7 @@
 // The pan of a clip between the two channels of its track.
 #pragma once
 
-#include "effects/audio_filters.h"
+#include "effects/audio_chain.h"
 #include "effects/effect_context.h"
 #include "tree/object.h"
 

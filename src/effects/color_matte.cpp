@@ -2,8 +2,8 @@
 
 #include "core/base64.h"
 #include "core/numbers.h"
+#include "effects/effect_elements.h"
 #include "effects/parameters.h"
-#include "effects/xmeml_filter.h"
 
 #include <array>
 #include <cstdint>

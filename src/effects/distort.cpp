@@ -2,7 +2,6 @@
 
 #include "core/numbers.h"
 #include "effects/motion.h"
-#include "effects/neutral_values.h"
 #include "effects/values.h"
 
 #include <algorithm>

@@ -15,9 +15,8 @@
 #pragma once
 
 #include "effects/effect_context.h"
+#include "effects/effect_elements.h"
 #include "effects/parameters.h"
-#include "effects/video_component.h"
-#include "effects/xmeml_filter.h"
 #include "tree/object.h"
 
 #include <span>
@@ -117,5 +116,16 @@ ObjectHandle AddParameter(Document& document, const XmemlParam& param, std::stri
 
 // A point of a project as seen from the center of the frame, from which documents count.
 Point FromCenter(const Point& point);
+
+// ---- Neutral effects, which documents carry and which do nothing
+
+// True when every parameter of `effect` that has a value has one at which the effect, whose rows
+// these are, changes nothing. What is animated is in use. `ignored` is a `parameterid` whose value
+// may be any.
+bool IsNeutral(std::span<const ParamRow> rows, ConstHandle effect, std::string_view ignored = {});
+
+// Translates an effect that projects do not have: nothing is lost at its defaults.
+bool DropNeutral(const EffectContext& context, const EffectRow& row, ConstHandle effect,
+                 Components& components);
 
 } // namespace XPJ

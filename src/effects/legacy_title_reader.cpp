@@ -119,7 +119,7 @@ private:
     }
 
     std::string_view tag_;
-    int description_ = 0; // the numbers at hand
+    int description_ = 0; // the current numbers
     int style_ = 0;
     int painter_ = 0;
     int shader_ = 0;

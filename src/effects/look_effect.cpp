@@ -1,17 +1,37 @@
 #include "effects/look_effect.h"
 
+#include "core/base64.h"
+#include "core/numbers.h"
 #include "core/paths.h"
 #include "core/text.h"
 #include "effects/kept_params.h"
-#include "effects/look_files.h"
 #include "effects/values.h"
+#include "grading/look.h"
+#include "platform/files.h"
 #include "project/accessors.h"
 
+#include <optional>
 #include <string>
 
 namespace XPJ {
 
 namespace {
+
+// ---- Files
+
+// Enough for the text of a table with 256 entries an axis.
+constexpr std::size_t kMaxFileSize = std::size_t{512} << 20;
+// Nothing as short as that is a look.
+constexpr std::size_t kMaxEmptySize = 10;
+
+std::optional<CGrading> ReadLook(const std::string& path, const std::string& name,
+                                 const std::string& bytes)
+{
+    if (bytes.size() <= kMaxEmptySize)
+        return {};
+    return EqualsIgnoreCase(ExtensionOf(path), "look") ? ReadLookDocument(bytes, name)
+                                                       : ReadLookupTable(bytes, name);
+}
 
 constexpr std::string_view kGradingId = "1";
 constexpr std::string_view kGradingName = "File Path";
@@ -23,7 +43,7 @@ bool IsGrading(ConstHandle parameter)
     return parameter.GetProperty("parameterid") == kGradingId;
 }
 
-// ---- A file
+// ---- A look that is named by its file
 
 ConstHandle FindPathParameter(ConstHandle effect)
 {
@@ -89,6 +109,28 @@ void CopyDependencies(Document& document, ConstHandle effect, ObjectHandle compo
 }
 
 } // namespace
+
+std::string LookFiles::PathOf(std::string_view documentText) const
+{
+    return PathFromUrl(UnescapeXML(documentText), folder_);
+}
+
+const StoredLook* LookFiles::Open(const std::string& path, const std::string& name)
+{
+    const auto known = looks_.find({path, name});
+    if (known != looks_.end())
+        return &known->second;
+    const std::optional<std::string> bytes = ReadRegularFile(path, kMaxFileSize);
+    if (!bytes)
+        return nullptr;
+    StoredLook& look = looks_[{path, name}];
+    if (const std::optional<CGrading> grading = ReadLook(path, name, *bytes)) {
+        const std::string text = Serialize(*grading);
+        look.base64 = document_.Adopt(EncodeBase64(text));
+        look.checksum = document_.Adopt(UintToString(BlobChecksum(text)));
+    }
+    return &look;
+}
 
 bool LookToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
                    Components& components)

@@ -184,6 +184,14 @@ void AddCenter(const EffectContext& context, ConstHandle component, const FrameF
             center(moves[i].GetPoint(), inStep ? FromCenter(anchors[i].GetPoint()) : offset));
 }
 
+// ---- Basic 3D
+
+bool Turns(ConstHandle effect, std::string_view id)
+{
+    const ConstHandle parameter = FindParameter(effect, id);
+    return HasKeyframes(parameter) || ParseDouble(PlainValue(parameter)) != 0;
+}
+
 } // namespace
 
 ScaleFactors ScaleFactorsOf(const EffectContext& context, ConstHandle distort)
@@ -248,6 +256,19 @@ double MotionToXmeml(const EffectContext& context, ConstHandle component, Object
     AddCenter(context, component, FrameFactorsOf(context), effect);
     AddRowParameter(context, kAntiFlicker.param, component, effect);
     return scale.IsStretched() ? scale.width / scale.height : 1.0;
+}
+
+Basic3D TranslateBasic3D(const EffectContext& context, ConstHandle effect)
+{
+    Basic3D result;
+    for (const std::string_view id : {"s", "center", "rz"})
+        result.isMotionSource |= static_cast<bool>(FindParameter(effect, id));
+    Components components;
+    if (Turns(effect, "rx") || Turns(effect, "ry")) {
+        ParamsToProject(context, kBasic3D, effect, components);
+        result.component = components.front();
+    }
+    return result;
 }
 
 } // namespace XPJ

@@ -255,22 +255,6 @@ ObjectHandle ExportProjectParam(Document& document, ConstHandle param)
     return parameter;
 }
 
-std::string_view EffectName(ConstHandle effect)
-{
-    return Given(effect.GetProperty("name"), effect.GetProperty("effectid"));
-}
-
-void CopyBypass(ConstHandle effect, ObjectHandle component)
-{
-    component.SetPropertyShared("Bypass", IsTrue(effect, "velaBypass") ? "true" : "false");
-}
-
-void CopyExpanded(ConstHandle effect, ObjectHandle component)
-{
-    if (HasValue(effect, "velaExpanded"))
-        component.SetProperty("ECP.Filter.Expanded", effect.GetProperty("velaExpanded"));
-}
-
 std::string_view StartText(ConstHandle param, std::string_view missing)
 {
     const std::string_view start = KeyframeField(param.GetProperty("StartKeyframe"), 1);

@@ -79,14 +79,6 @@ ObjectHandle CopyProjectParam(Document& document, ConstHandle parameter, Name el
 // The other direction: a `parameter` with the project's fields unchanged.
 ObjectHandle ExportProjectParam(Document& document, ConstHandle param);
 
-// The name under which issues list an effect: its `name`, else its id.
-std::string_view EffectName(ConstHandle effect);
-
-// `Bypass` of a component from `velaBypass` of its effect, "false" without one.
-void CopyBypass(ConstHandle effect, ObjectHandle component);
-// The unfolded state of a component in the host's panel, if the effect carries it.
-void CopyExpanded(ConstHandle effect, ObjectHandle component);
-
 // Values of a project parameter as it was read: field 2 of `StartKeyframe`, else `CurrentValue`,
 // else `missing`.
 std::string_view StartText(ConstHandle param, std::string_view missing = {});

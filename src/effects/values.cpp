@@ -1,10 +1,7 @@
 #include "effects/values.h"
 
-#include "core/frame_rate.h"
 #include "core/numbers.h"
-#include "core/text.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace XPJ {
@@ -22,17 +19,6 @@ std::string ScaledText(std::string_view text, double factor)
 std::string PointText(const Point& point)
 {
     return NumberText(point.horiz) + ":" + NumberText(point.vert);
-}
-
-std::string_view RawValue(ConstHandle node)
-{
-    const std::string_view text = node.GetChild("value").GetProperty("value");
-    return Trimmed(text).empty() ? node.GetProperty("value") : text;
-}
-
-std::string_view PlainValue(ConstHandle node)
-{
-    return Trimmed(RawValue(node));
 }
 
 std::string_view StaticValue(ConstHandle parameter, std::string_view missing)
@@ -90,11 +76,6 @@ void AddColorValue(Document& document, ObjectHandle node, const Color& color)
     value.SetProperty("green", IntToString(color.green));
     value.SetProperty("blue", IntToString(color.blue));
     node.AddChild(value);
-}
-
-bool RateTicks(ConstHandle rate, Ticks* ticks)
-{
-    return FrameTicks(Int64Property(rate, "timebase"), IsTrue(rate, "ntsc"), ticks);
 }
 
 } // namespace XPJ

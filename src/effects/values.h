@@ -2,10 +2,9 @@
 // become text.
 #pragma once
 
-#include "core/ticks.h"
 #include "tree/object.h"
+#include "xmeml/parameter_values.h"
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -41,10 +40,6 @@ struct Color {
     friend bool operator==(const Color&, const Color&) = default;
 };
 
-// The text of a value: of the child of that name, or of the property, as generated nodes have it.
-std::string_view RawValue(ConstHandle node);
-// The same without blanks at both ends; empty means that there is no value.
-std::string_view PlainValue(ConstHandle node);
 // The value, else that of the first keyframe that has one (several editors write keyframes only),
 // else `missing`.
 std::string_view StaticValue(ConstHandle parameter, std::string_view missing);
@@ -70,8 +65,5 @@ Handle FindParameter(Handle effect, std::string_view parameterId)
 // Give a `parameter` or a `keyframe` a point or a color as its value.
 void AddPointValue(Document& document, ObjectHandle node, const Point& point);
 void AddColorValue(Document& document, ObjectHandle node, const Color& color);
-
-// Frame length of a `rate` element; false, and *ticks untouched, without a timebase.
-bool RateTicks(ConstHandle rate, Ticks* ticks);
 
 } // namespace XPJ

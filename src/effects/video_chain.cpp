@@ -1,11 +1,9 @@
 #include "effects/video_chain.h"
 
 #include "core/numbers.h"
-#include "effects/basic_3d.h"
 #include "effects/distort.h"
-#include "effects/effect_walk.h"
+#include "effects/effect_elements.h"
 #include "effects/motion.h"
-#include "effects/neutral_values.h"
 #include "effects/opacity.h"
 #include "effects/time_remap.h"
 #include "effects/video_effects.h"
@@ -19,7 +17,7 @@ constexpr int kMotionId = 1;
 constexpr int kOpacityId = 2;
 constexpr int kFirstFilterId = 3;
 
-// What the filters of an item come to.
+// What the filters of an item become.
 struct ItemEffects {
     const EffectContext& context;
     ConstHandle item;

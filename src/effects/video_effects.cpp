@@ -1,25 +1,97 @@
 #include "effects/video_effects.h"
 
-#include "effects/basic_3d.h"
+#include "core/numbers.h"
 #include "effects/color_corrector.h"
-#include "effects/crop.h"
 #include "effects/distort.h"
-#include "effects/flips.h"
 #include "effects/graphic_effects.h"
 #include "effects/kept_params.h"
-#include "effects/keys_and_blur.h"
 #include "effects/look_effect.h"
 #include "effects/motion.h"
-#include "effects/neutral_values.h"
 #include "effects/opacity.h"
 #include "effects/time_remap.h"
+#include "effects/values.h"
 #include "project/accessors.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace XPJ {
 
 namespace {
+
+// ---- Rules of effects that their rows can't state
+
+// A project blurs all channels alike; a blur of single channels is not translated.
+bool GaussianBlurToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
+                           Components& components)
+{
+    constexpr int kAllChannels = 1; // the first choice of the effect
+    return ParseInt(StaticValue(FindParameter(effect, "channel"), "0")) == kAllChannels &&
+           ParamsToProject(context, row, effect, components);
+}
+
+// The threshold of a luma key, 0 to 100 in a project, on the bent scale of -100 to 100 of a
+// document.
+double LumaThreshold(double percent)
+{
+    constexpr double kBend = 0.75;
+    return std::pow(std::max(percent, 0.0) / 100, kBend) * 200 - 100;
+}
+
+// A side that is no number is written as 0.
+bool IsNumberText(std::string_view text)
+{
+    return !text.empty() && text.find_first_not_of("+-.0123456789eE") == text.npos;
+}
+
+// A crop at its defaults becomes nothing.
+bool CropToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
+                   Components& components)
+{
+    return IsNeutral(row.params, effect) || ParamsToProject(context, row, effect, components);
+}
+
+// The sides in the order of documents, with all the digits that the project has.
+void CropToXmeml(const EffectContext& context, const EffectRow& row, ConstHandle component,
+                 ObjectHandle effect)
+{
+    WriteEffectHead(row.xmeml, effect);
+    for (const std::string_view id : {"left", "right", "top", "bottom"}) {
+        const ParamRow& side = *FindParamRow(row.params, id);
+        const ObjectHandle parameter = AddRowParameter(context, side, component, effect);
+        if (const std::string_view text = StartText(ParamOfRow(component, side));
+            IsNumberText(text))
+            parameter.SetProperty("value", text);
+    }
+}
+
+constexpr ComponentNames kHorizontalFlip = {"VX.ORRN Horizontal Flip", "Horizontal Flip"};
+constexpr ComponentNames kVerticalFlip = {"VX.ORRN Vertical Flip", "Vertical Flip"};
+
+ObjectHandle MakeFlip(Document& document, const ComponentNames& names, ConstHandle effect)
+{
+    const ObjectHandle component = MakeFilterComponent(document, names, effect);
+    component.SetPropertyShared("VideoFilterType", "1");
+    component.SetPropertyShared("Bypass", "false");
+    component.AddChild("Param", MakeEmptyBlob(document));
+    return component;
+}
+
+bool FlopToProject(const EffectContext& context, const EffectRow& /*row*/, ConstHandle effect,
+                   Components& components)
+{
+    constexpr int kHorizontal = 1;
+    constexpr int kVertical = 2;
+    constexpr int kBoth = 3;
+    const int flop = ParseInt(StaticValue(FindParameter(effect, "flop"), "0"));
+    if (flop == kVertical || flop == kBoth)
+        components.push_back(MakeFlip(context.document, kVerticalFlip, effect));
+    if (flop == kHorizontal || flop == kBoth)
+        components.push_back(MakeFlip(context.document, kHorizontalFlip, effect));
+    return flop == kVertical || flop == kHorizontal || flop == kBoth;
+}
+
+// ---- The rows
 
 using K = ParamKind;
 
@@ -175,6 +247,8 @@ const EffectRow* FindById(std::string_view effectId)
         kVideoEffects, effectId, [](const EffectRow& effect) { return effect.xmeml.id; });
     return row == std::end(kVideoEffects) ? nullptr : row;
 }
+
+// ---- To `xmeml`
 
 // The row by which a component is written; null for one that documents do not have.
 const EffectRow* FindWritten(const EffectContext& context, std::string_view matchName)

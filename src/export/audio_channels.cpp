@@ -124,7 +124,7 @@ bool IsNoIndex(std::string_view index)
     return ParseInt(index) == -1 || index == "4294967295" || index == "18446744073709551615";
 }
 
-// Mono vectors alone don't say whether channels belong together: two for each source clip are its
+// Mono vectors alone don't state whether channels belong together: two for each source clip are its
 // left and right, more of a single clip are one adaptive group.
 ChannelLayout ChannelLayoutOf(MasterClip masterClip)
 {

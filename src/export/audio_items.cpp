@@ -2,13 +2,13 @@
 
 #include "core/channel_types.h"
 #include "core/numbers.h"
-#include "effects/audio_filters.h"
+#include "effects/audio_chain.h"
 #include "effects/audio_pan.h"
 #include "effects/time_remap.h"
 #include "export/audio_channels.h"
 #include "export/clip_media.h"
 #include "export/effects.h"
-#include "export/item_source.h"
+#include "export/items.h"
 
 namespace XPJ::RVX {
 

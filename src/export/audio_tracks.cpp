@@ -125,8 +125,8 @@ struct TrackChannel {
     int channel = 0;
 };
 
-// `number` is that of the written track. In the hand-off document tracks of several channels stay
-// whole.
+// `number` is that of the written track. In the hand-off document tracks of several channels are
+// not split.
 int OutputOf(const ExportContext& context, AudioGroup& group, const TrackChannel& part, int number)
 {
     const AudioTrack& source = part.source;

@@ -1,6 +1,6 @@
 #include "export/effects.h"
 
-#include "effects/audio_filters.h"
+#include "effects/audio_chain.h"
 #include "effects/video_effects.h"
 #include "project/accessors.h"
 

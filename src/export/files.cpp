@@ -69,11 +69,11 @@ std::int64_t FileDuration(const ExportContext& context, const FileStreams& sourc
     return context.IsHandOff() ? duration : DivTicks(duration, rate);
 }
 
-// Titles mostly have the name of their generator; their words tell them apart.
+// Most titles have the name of their generator; their texts distinguish them.
 //   "Lower 3rd: Anna Lee / Editor"
 std::string NameOfTitle(Media media)
 {
-    constexpr std::size_t kLongest = 120; // bytes of words
+    constexpr std::size_t kLongest = 120; // bytes of text
     const std::string document = DecodeBase64(media.GetProperty("ImporterPrefs"));
     std::string words;
     for (const LegacyTitleText& text : ReadLegacyTitle(document))

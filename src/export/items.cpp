@@ -1,6 +1,7 @@
 #include "export/items.h"
 
 #include "core/text.h"
+#include "export/files.h"
 #include "export/logging.h"
 #include "export/markers.h"
 #include "export/rates.h"
@@ -16,6 +17,34 @@ Ticks RateOfItem(Media media, const TrackContext& track)
     const ConstHandle stream = VideoStreamOf(media);
     const Ticks rate = Int64Property(stream, "FrameRate");
     return IsRate(rate) && !IsTrue(stream, "IsStill") ? rate : track.sequence.frameTicks;
+}
+
+// The result is the id of the file.
+std::string_view WriteMediaFile(ExportContext& context, Catalogs& catalogs,
+                                const ItemRecord& record, ObjectHandle element)
+{
+    FileRecord& file =
+        WriteFile(context, catalogs.files, {record.media, record.masterClip}, element);
+    TranslateLoggingInfo(context.document, record.masterClip, &file, element);
+    if (const ConstHandle browserItem = catalogs.masters.BrowserItemOf(record.masterClip)) {
+        if (MediaKindOf(record.media) == MediaKind::Graphic)
+            file.element.SetPropertyShared("mediaSource", "GraphicAndTypeMaster");
+        WriteComments(context.document, browserItem, element);
+    }
+    return file.id;
+}
+
+ItemSource WriteSequence(ExportContext& context, SequenceCatalog& sequences,
+                         const ItemRecord& record, ObjectHandle element)
+{
+    const bool isWritten = !sequences.FindId(record.sequence).empty();
+    const std::string_view id = sequences.IdOf(context, record.sequence);
+    if (isWritten) {
+        element.SetPropertyShared("sequenceid", id);
+        return {.linkKey = id};
+    }
+    return {.linkKey = id,
+            .nested = {.shown = {record.sequence, record.masterClip}, .clipItem = element}};
 }
 
 } // namespace
@@ -65,6 +94,24 @@ void WriteClipOptions(Document& document, ItemRecord& record, ObjectHandle eleme
         document,
         {.owner = record.clip, .frameTicks = record.timing.rate, .unit = record.timing.unit},
         element);
+}
+
+ItemSource WriteItemSource(ExportContext& context, Catalogs& catalogs, const TrackContext& track,
+                           const ItemRecord& record, ObjectHandle element)
+{
+    ItemSource source;
+    if (record.media)
+        source.linkKey = WriteMediaFile(context, catalogs, record, element);
+    else if (IsTrue(record.clip, "IsMulticam"))
+        AddIssue(context, ExportIssue::MulticamExportNotSupported,
+                 LocationOfItem(track, record.Start(), record.name));
+    else if (record.sequence)
+        source = WriteSequence(context, catalogs.sequences, record, element);
+    else
+        AddSkipped(context, record.item, LocationOfItem(track, record.Start(), record.name));
+    if (!record.masterClipId.empty())
+        source.linkKey = record.masterClipId;
+    return source;
 }
 
 void TranslateHeadTransition(ExportContext& context, TrackContext& track, TrackItem item)

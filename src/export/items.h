@@ -41,6 +41,18 @@ void WriteItemHead(ExportContext& context, MasterCatalog& masters, ItemRecord& r
 // Scale, label and markers of the clip; its speed goes into the record.
 void WriteClipOptions(Document& document, ItemRecord& record, ObjectHandle element);
 
+// What an item shows: the file of its media, or a sequence.
+struct ItemSource {
+    // Items of a link group are linked when they show the same; may be empty.
+    std::string_view linkKey = {};
+    NestedSequence nested = {}; // to be written in the item
+};
+
+// Adds `file` and the browser's comments on the master, or the reference `sequenceid` of an item
+// that shows a written sequence. A source that can't be carried, or isn't there, is reported.
+ItemSource WriteItemSource(ExportContext& context, Catalogs& catalogs, const TrackContext& track,
+                           const ItemRecord& record, ObjectHandle element);
+
 // A head transition with an item before it has been written as the tail of that one, unless that
 // one is not on this track: it may play none of its channels.
 void TranslateHeadTransition(ExportContext& context, TrackContext& track, TrackItem item);

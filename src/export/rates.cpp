@@ -30,13 +30,13 @@ ObjectHandle WriteRate(Document& document, Ticks frameTicks, TimeUnit unit)
 
 ObjectHandle WriteTimecode(Document& document, Ticks start, Ticks frameTicks, int displayFormat)
 {
-    const TimecodeBase form = TimecodeBaseOf(frameTicks, displayFormat);
+    const TimecodeBase counting = TimecodeBaseOf(frameTicks, displayFormat);
     const std::int64_t frame = DivTicks(start, frameTicks);
     const ObjectHandle timecode = document.NewObject("timecode");
     timecode.AddChild(WriteRate(document, frameTicks));
-    timecode.SetProperty("string", FormatTimecode(frame, form.base, form.drop));
+    timecode.SetProperty("string", FormatTimecode(frame, counting.base, counting.drop));
     timecode.SetProperty("frame", IntToString(frame));
-    timecode.SetPropertyShared("displayformat", form.drop ? "DF" : "NDF");
+    timecode.SetPropertyShared("displayformat", counting.drop ? "DF" : "NDF");
     return timecode;
 }
 

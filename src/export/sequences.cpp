@@ -155,7 +155,7 @@ private:
     ObjectHandle element_;
     ObjectHandle media_;
     std::vector<TypedGroup> groups_;
-    std::vector<OpenTrack> tracks_; // of the group at hand
+    std::vector<OpenTrack> tracks_; // of the current group
     std::size_t group_ = 0;         // the next one
     std::size_t track_ = 0;
     std::size_t item_ = 0; // the next one of the track

@@ -6,10 +6,10 @@ namespace XPJ::RVX {
 
 std::string FormatItemTime(const SequenceContext& context, Ticks start)
 {
-    const TimecodeBase form = TimecodeBaseOf(
+    const TimecodeBase counting = TimecodeBaseOf(
         context.frameTicks, IntProperty(context.sequence, "MZ.Sequence.VideoTimeDisplayFormat"));
     const Ticks time = AddTicks(Int64Property(context.sequence, "MZ.ZeroPoint"), start);
-    return FormatTimecode(DivTicks(time, context.frameTicks), form.base, form.drop);
+    return FormatTimecode(DivTicks(time, context.frameTicks), counting.base, counting.drop);
 }
 
 ItemLocation LocationOfItem(const TrackContext& track, Ticks start, std::string_view clipName)

@@ -6,7 +6,7 @@
 #include "effects/video_chain.h"
 #include "export/effects.h"
 #include "export/formats.h"
-#include "export/item_source.h"
+#include "export/items.h"
 
 #include <optional>
 #include <string_view>
@@ -69,7 +69,7 @@ void VideoItem::WriteEffects()
     VideoChainToXmeml(effects, ChainOfOwner(record.item), element);
 }
 
-// The Time Remap of an item that doesn't play its source plainly.
+// The Time Remap of an item that does not play its source at normal speed.
 void VideoItem::WriteSpeed()
 {
     const ItemTiming& timing = record.timing;

@@ -1,7 +1,6 @@
 #include "import/bins.h"
 
 #include "import/clips.h"
-#include "import/item_issues.h"
 #include "import/logging.h"
 #include "import/sequence_walk.h"
 #include "project/objects.h"
@@ -23,13 +22,13 @@ ObjectHandle MakeBinItem(Document& document, ConstHandle bin)
 }
 
 // A clip in two bins has two project items of one master, on purpose.
-void TranslateEntry(Import& import, ConstHandle entry, ObjectHandle parentItem)
+void TranslateEntry(ImportState& state, ConstHandle entry, ObjectHandle parentItem)
 {
     if (entry.GetName() == "clip") {
-        if (!TranslateClip(import, entry, parentItem))
-            AddSkipped(import, {.clip = entry.GetProperty("name")});
+        if (!TranslateClip(state, entry, parentItem))
+            AddSkipped(state, {.clip = entry.GetProperty("name")});
     } else if (entry.GetName() == "sequence") {
-        TranslateSequence(import, entry, parentItem);
+        TranslateSequence(state, entry, parentItem);
     }
 }
 
@@ -41,8 +40,8 @@ std::size_t CountChildren(ConstHandle node)
     return count;
 }
 
-// A list of entries on the way, and the item that their items belong to. Bins nest far deeper than
-// a thread's stack allows, so the open ones are kept on a stack of these.
+// A list of entries that is being translated, and the item that their items belong to. Bins nest
+// far deeper than a thread's stack allows, so the open ones are kept on a stack of these.
 struct OpenList {
     OpenList(Progress& progress, ConstHandle entries, ObjectHandle parentItem)
         : stage(progress, 1, CountChildren(entries)), next(entries.GetChildren().begin()),
@@ -60,17 +59,17 @@ using OpenLists = std::stack<std::unique_ptr<OpenList>>;
 
 // The next entry of the innermost list. A bin opens its own list, and is counted, and added to its
 // parent, when that is done. False when cancelled.
-bool TranslateNext(Import& import, OpenLists& lists)
+bool TranslateNext(ImportState& state, OpenLists& lists)
 {
     OpenList& list = *lists.top();
     const ConstHandle entry = *list.next;
     ++list.next;
     if (entry.GetName() != "bin") {
-        TranslateEntry(import, entry, list.item);
+        TranslateEntry(state, entry, list.item);
         return list.stage.Step();
     }
-    const ObjectHandle item = MakeBinItem(import.document, entry);
-    lists.push(std::make_unique<OpenList>(import.progress, entry.GetChild("children"), item));
+    const ObjectHandle item = MakeBinItem(state.document, entry);
+    lists.push(std::make_unique<OpenList>(state.progress, entry.GetChild("children"), item));
     return true;
 }
 
@@ -88,14 +87,14 @@ bool CloseList(OpenLists& lists)
 } // namespace
 
 // A bin that a cancellation cuts short is dropped.
-bool TranslateEntries(Import& import, ConstHandle entries, ObjectHandle parentItem)
+bool TranslateEntries(ImportState& state, ConstHandle entries, ObjectHandle parentItem)
 {
     OpenLists lists;
-    lists.push(std::make_unique<OpenList>(import.progress, entries, parentItem));
+    lists.push(std::make_unique<OpenList>(state.progress, entries, parentItem));
     bool goesOn = true;
     while (goesOn && !lists.empty()) {
         const OpenList& list = *lists.top();
-        goesOn = list.next != list.end ? TranslateNext(import, lists) : CloseList(lists);
+        goesOn = list.next != list.end ? TranslateNext(state, lists) : CloseList(lists);
     }
     while (!lists.empty())
         lists.pop(); // stages end from the inside out

@@ -2,8 +2,8 @@
 
 #include "core/numbers.h"
 #include "import/generators.h"
-#include "import/item_masters.h"
 #include "import/layered_images.h"
+#include "import/masters.h"
 #include "import/multiclips.h"
 #include "import/project_items.h"
 #include "import/sequence_walk.h"
@@ -30,25 +30,25 @@ MediaType LeadingTypeOf(FileElement file)
 // ---- The collect pass
 
 // A new master that is one file of a clip with several. The host keeps these values too.
-void AddComponent(Import& import, ConstHandle clip, const FileUse& use, const FileMaster& built,
+void AddComponent(ImportState& state, ConstHandle clip, const FileUse& use, const FileMaster& built,
                   int order)
 {
     const MergeComponent component{
         .master = built.master,
         .clip = clip,
         .mergeId = MergeIdOf(clip),
-        .fileId = import.files.IdOf(use.file),
+        .fileId = state.files.IdOf(use.file),
         .order = order,
         // A file that is part of another has a "-" in its id.
         .kind = {.video = static_cast<int>(built.sources.video.size()),
                  .audio = static_cast<int>(built.sources.audio.size()),
-                 .isSubclip = import.files.IdOf(use.file).find('-') != std::string_view::npos},
+                 .isSubclip = state.files.IdOf(use.file).find('-') != std::string_view::npos},
         .hasCodec = !built.sources.codec.empty()};
     component.master.SetProperty("FCPMergedMasterClipID", component.mergeId);
     component.master.SetProperty("FCPMergedMasterFileID", component.fileId);
     component.master.SetProperty("FCPMergedTrackOrderIndex", IntToString(order));
     component.master.SetProperty("FCPMergedMasterKind", component.kind.Text());
-    import.masters.AddComponent(component);
+    state.masters.AddComponent(component);
 }
 
 // The order of a file that is no component of a merged clip.
@@ -56,42 +56,42 @@ constexpr int kNoComponent = -1;
 
 // Builds the master of one of a clip's files, unless another clip's serves, and enters the clip's
 // signature for it.
-void BuildMaster(Import& import, ConstHandle clip, FileElement file, int order)
+void BuildMaster(ImportState& state, ConstHandle clip, FileElement file, int order)
 {
-    const std::string_view fileId = import.files.IdOf(file);
-    BuiltMaster master = import.masters.registry.Find(
+    const std::string_view fileId = state.files.IdOf(file);
+    BuiltMaster master = state.masters.registry.Find(
         {clip.GetProperty("masterclipid"), fileId, 0, LeadingTypeOf(file)});
     if (!master) {
         const FileUse use{clip, file};
-        const FileMaster built = BuildFileMaster(import, ClipItem(clip), use, IsExploded(clip));
+        const FileMaster built = BuildFileMaster(state, ClipItem(clip), use, IsExploded(clip));
         if (built.isNew && order != kNoComponent)
-            AddComponent(import, clip, use, built, order);
+            AddComponent(state, clip, use, built, order);
         master = built.master;
     }
     if (master)
-        import.masters.AddSignature(SignatureOf(clip, fileId), master);
+        state.masters.AddSignature(SignatureOf(clip, fileId), master);
 }
 
 // Layered images and slugs are deferred until something needs them, since they bring more than one
 // clip.
-bool NeedsMaster(const Import& import, ConstHandle clip, FileElement file)
+bool NeedsMaster(const ImportState& state, ConstHandle clip, FileElement file)
 {
     return !file.IsLayeredImage() && !file.IsSlug() &&
-           !import.masters.HasSignature(SignatureOf(clip, import.files.IdOf(file)));
+           !state.masters.HasSignature(SignatureOf(clip, state.files.IdOf(file)));
 }
 
-void CollectMediaFiles(Import& import, ConstHandle clip, ConstHandle media)
+void CollectMediaFiles(ImportState& state, ConstHandle clip, ConstHandle media)
 {
-    std::vector<FileElement> files = FilesOfMedia(import.files, media);
+    std::vector<FileElement> files = FilesOfMedia(state.files, media);
     std::erase_if(files, [&](FileElement file) {
-        const std::string_view id = import.files.IdOf(file);
+        const std::string_view id = state.files.IdOf(file);
         return id.empty() || id.starts_with("Slug");
     });
     const bool merged = files.size() > 1 && !MergeIdOf(clip).empty();
     int order = 0;
     for (const FileElement& file : files) {
-        if (NeedsMaster(import, clip, file))
-            BuildMaster(import, clip, file, merged ? order : kNoComponent);
+        if (NeedsMaster(state, clip, file))
+            BuildMaster(state, clip, file, merged ? order : kNoComponent);
         ++order;
     }
 }
@@ -105,10 +105,10 @@ ConstHandle FirstGenerator(ConstHandle media)
     return {};
 }
 
-void AddGeneratorIssue(Import& import, ConstHandle clip, ConstHandle generator)
+void AddGeneratorIssue(ImportState& state, ConstHandle clip, ConstHandle generator)
 {
     const ConstHandle effect = generator.GetChild("effect");
-    if (!effect || !import.generators.Report(generator))
+    if (!effect || !state.generators.Report(generator))
         return;
     TranslationIssue issue;
     issue.kind = static_cast<int>(ImportIssue::GeneratorNotTranslated);
@@ -116,17 +116,17 @@ void AddGeneratorIssue(Import& import, ConstHandle clip, ConstHandle generator)
     issue.clip = generator.GetProperty("name");
     issue.sequence = clip.GetProperty("name");
     issue.trackKind = kVideoTrackKind;
-    import.issues.insert(issue);
+    state.issues.insert(issue);
 }
 
-void CollectGenerator(Import& import, ConstHandle clip, ConstHandle generator)
+void CollectGenerator(ImportState& state, ConstHandle clip, ConstHandle generator)
 {
-    const GeneratorResult result = TranslateGenerator(import, ClipItem(generator), clip);
+    const GeneratorResult result = TranslateGenerator(state, ClipItem(generator), clip);
     if (!result.translated)
-        AddGeneratorIssue(import, clip, generator);
+        AddGeneratorIssue(state, clip, generator);
     const std::string_view id = generator.GetProperty("id");
     if (result.master && !id.empty())
-        import.masters.AddSignature(SignatureOf(clip, id), result.master);
+        state.masters.AddSignature(SignatureOf(clip, id), result.master);
 }
 
 // ---- Project items
@@ -169,97 +169,98 @@ private:
     std::unordered_set<std::uint64_t> seen_;
 };
 
-BuiltMaster FindForClip(const Import& import, ConstHandle clip, const ClipFile& entry)
+BuiltMaster FindForClip(const ImportState& state, ConstHandle clip, const ClipFile& entry)
 {
-    const std::string_view fileId = import.files.IdOf(entry.file);
-    if (const BuiltMaster master = import.masters.BySignature(SignatureOf(clip, fileId)))
+    const std::string_view fileId = state.files.IdOf(entry.file);
+    if (const BuiltMaster master = state.masters.BySignature(SignatureOf(clip, fileId)))
         return master;
     const ConstHandle sourceTrack = entry.item.GetChild("sourcetrack");
     const bool isLayer = sourceTrack.GetProperty("mediatype") == "video";
     MediaQuery query{.masterClipId = clip.GetProperty("masterclipid"),
                      .type = entry.type,
                      .sourceTrack = isLayer ? SourceTrackOf(entry.item) : -1};
-    if (const BuiltMaster master = FindMedia(import.masters.registry, query, fileId))
+    if (const BuiltMaster master = FindMedia(state.masters.registry, query, fileId))
         return master;
     query.type = entry.type == MediaType::Video ? MediaType::Audio : MediaType::Video;
-    return FindMedia(import.masters.registry, query, fileId);
+    return FindMedia(state.masters.registry, query, fileId);
 }
 
 // The project items of one file of a browser clip. True when there is a master.
-bool AddFileItem(Import& import, ConstHandle clip, const ClipFile& entry, ObjectHandle parentItem)
+bool AddFileItem(ImportState& state, ConstHandle clip, const ClipFile& entry,
+                 ObjectHandle parentItem)
 {
     const FileUse ofClip{clip, entry.file};
-    BuiltMaster master = FindForClip(import, clip, entry);
+    BuiltMaster master = FindForClip(state, clip, entry);
     if (!master && entry.file.IsSlug()) {
-        TranslateSlug(import, ClipItem(clip), ofClip, parentItem);
+        TranslateSlug(state, ClipItem(clip), ofClip, parentItem);
         return true;
     }
     if (entry.file.IsLayeredImage()) {
         if (!master)
-            TranslateLayers(import, ClipItem(clip), ofClip, parentItem);
+            TranslateLayers(state, ClipItem(clip), ofClip, parentItem);
         return true;
     }
     if (!master) {
         const ConstHandle item = entry.item ? entry.item : clip;
         master =
-            BuildFileMaster(import, ClipItem(item), {item, entry.file}, IsExploded(clip)).master;
+            BuildFileMaster(state, ClipItem(item), {item, entry.file}, IsExploded(clip)).master;
     }
     if (!master)
         return false;
-    AddClipItem(import, clip, master, parentItem);
+    AddClipItem(state, clip, master, parentItem);
     return true;
 }
 
 // A clip without a file shows a generator or a sequence.
-bool AddFilelessItem(Import& import, ConstHandle clip, ObjectHandle parentItem)
+bool AddFilelessItem(ImportState& state, ConstHandle clip, ObjectHandle parentItem)
 {
     const ConstHandle media = clip.GetChild("media");
     if (const ConstHandle generator = FirstGenerator(media)) {
         const std::string_view id = generator.GetProperty("id");
-        BuiltMaster master = import.masters.BySignature(SignatureOf(clip, id));
+        BuiltMaster master = state.masters.BySignature(SignatureOf(clip, id));
         if (!master)
-            master = import.masters.registry.Find({clip.GetProperty("masterclipid"), id});
+            master = state.masters.registry.Find({clip.GetProperty("masterclipid"), id});
         if (!master)
             return false;
-        AddClipItem(import, clip, master, parentItem);
+        AddClipItem(state, clip, master, parentItem);
         return true;
     }
     const ConstHandle sequence = FirstClipItem(media).GetChild("sequence");
     if (!sequence)
         return false;
-    TranslateSequence(import, sequence, parentItem);
+    TranslateSequence(state, sequence, parentItem);
     return true;
 }
 
 } // namespace
 
-void CollectClip(Import& import, ConstHandle clip)
+void CollectClip(ImportState& state, ConstHandle clip)
 {
     if (const ConstHandle media = clip.GetChild("media")) {
-        CollectMediaFiles(import, clip, media);
+        CollectMediaFiles(state, clip, media);
         if (const ConstHandle generator = FirstGenerator(media))
-            CollectGenerator(import, clip, generator);
+            CollectGenerator(state, clip, generator);
     }
-    const FileElement own = import.files.Resolve(clip.GetChild("file"));
-    if (own && HasValue(clip, "masterclipid") && NeedsMaster(import, clip, own))
-        BuildMaster(import, clip, own, kNoComponent);
+    const FileElement own = state.files.Resolve(clip.GetChild("file"));
+    if (own && HasValue(clip, "masterclipid") && NeedsMaster(state, clip, own))
+        BuildMaster(state, clip, own, kNoComponent);
 }
 
-bool TranslateClip(Import& import, ConstHandle clip, ObjectHandle parentItem)
+bool TranslateClip(ImportState& state, ConstHandle clip, ObjectHandle parentItem)
 {
     if (const ConstHandle multiclip = FindMulticlip(clip)) {
         if (!IsCollapsed(multiclip)) {
-            TranslateMulticlipItem(import, clip, parentItem);
+            TranslateMulticlipItem(state, clip, parentItem);
             return true;
         }
-        clip = import.angles.Of(multiclip).clip;
+        clip = state.angles.Of(multiclip).clip;
     }
-    const ClipFileList list(import.files, clip);
+    const ClipFileList list(state.files, clip);
     if (list.Files().empty())
-        return AddFilelessItem(import, clip, parentItem);
+        return AddFilelessItem(state, clip, parentItem);
     bool isKnown = false;
     for (const ClipFile& entry : list.Files())
-        isKnown = AddFileItem(import, clip, entry, parentItem) || isKnown;
+        isKnown = AddFileItem(state, clip, entry, parentItem) || isKnown;
     return isKnown;
 }
 

@@ -14,7 +14,7 @@ namespace XPJ {
 
 namespace {
 
-// Ids drawn from a running number that keep clear of those that the document uses.
+// Generated ids: a prefix and the next number that gives an id which the document does not use.
 class IdMaker {
 public:
     IdMaker(std::string_view prefix, unsigned first) : prefix_(prefix), number_(first) {}
@@ -43,24 +43,24 @@ struct Collection {
     IdMaker fileIds{"unnamedfile", 1};
 };
 
-using Handler = void (*)(Import&, Collection&, ConstHandle);
+using Handler = void (*)(ImportState&, Collection&, ConstHandle);
 
-void CollectFile(Import& import, Collection& collection, ConstHandle file)
+void CollectFile(ImportState& state, Collection& collection, ConstHandle file)
 {
     if (file.HasChildren())
-        import.files.Add(FileElement(file),
-                         HasValue(file, "id") ? std::string() : collection.fileIds.Make());
+        state.files.Add(FileElement(file),
+                        HasValue(file, "id") ? std::string() : collection.fileIds.Make());
 }
 
-void CollectSequence(Import& import, Collection& collection, ConstHandle sequence)
+void CollectSequence(ImportState& state, Collection& collection, ConstHandle sequence)
 {
     if (IsStillSequence(sequence))
         return;
     if (!HasValue(sequence, "id"))
-        import.sequences.SetGeneratedId(sequence, collection.sequenceIds.Make());
-    const std::string_view id = import.sequences.IdOf(sequence);
-    if (!import.sequences.MasterOf(id))
-        import.sequences.AddMaster(id, MakeSequenceMaster(import, sequence));
+        state.sequences.SetGeneratedId(sequence, collection.sequenceIds.Make());
+    const std::string_view id = state.sequences.IdOf(sequence);
+    if (!state.sequences.MasterOf(id))
+        state.sequences.AddMaster(id, MakeSequenceMaster(state, sequence));
 }
 
 struct CollectedTag {
@@ -69,10 +69,10 @@ struct CollectedTag {
 };
 
 constexpr CollectedTag kCollectedTags[] = {
-    {"clip", [](Import& import, Collection&, ConstHandle clip) { CollectClip(import, clip); }},
+    {"clip", [](ImportState& state, Collection&, ConstHandle clip) { CollectClip(state, clip); }},
     {"file", CollectFile},
-    {"multiclip", [](Import& import, Collection&,
-                     ConstHandle multiclip) { CollectMulticlip(import, multiclip); }},
+    {"multiclip", [](ImportState& state, Collection&,
+                     ConstHandle multiclip) { CollectMulticlip(state, multiclip); }},
     {"sequence", CollectSequence},
 };
 
@@ -125,12 +125,12 @@ Collection Gather(ConstHandle project)
 
 } // namespace
 
-bool CollectReferences(Import& import, ConstHandle project)
+bool CollectReferences(ImportState& state, ConstHandle project)
 {
     Collection collection = Gather(project);
-    StageScope stage(import.progress, 1, collection.nodes.size());
+    StageScope stage(state.progress, 1, collection.nodes.size());
     for (const ConstHandle& node : collection.nodes) {
-        HandlerOf(node)(import, collection, node);
+        HandlerOf(node)(state, collection, node);
         if (!stage.Step())
             return false;
     }

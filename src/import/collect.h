@@ -2,12 +2,12 @@
 // translated, since documents refer forwards and across bins.
 #pragma once
 
-#include "import/import.h"
+#include "import/import_state.h"
 
 namespace XPJ {
 
 // Fills the catalogs from the tree under `project`. `file`s and `sequence`s without an id get one
 // in their catalogs. False when cancelled.
-bool CollectReferences(Import& import, ConstHandle project);
+bool CollectReferences(ImportState& state, ConstHandle project);
 
 } // namespace XPJ

@@ -1,8 +1,10 @@
 #include "import/generators.h"
 
+#include "effects/graphic_title.h"
 #include "effects/legacy_title.h"
 #include "effects/title_reader.h"
-#include "import/master_builder.h"
+#include "effects/video_chain.h"
+#include "import/masters.h"
 #include "project/media.h"
 #include "project/synthetic_media.h"
 #include "tree/blob.h"
@@ -71,29 +73,28 @@ GeneratorRoute RouteOf(const TitleCatalog& titles, ConstHandle item)
     return IsTextTitle(item) ? GeneratorRoute::LegacyTitle : GeneratorRoute::Unknown;
 }
 
-BuiltMaster RegisterGenerator(Import& import, const ClipItem& item, const MediaSources& sources)
+BuiltMaster RegisterGenerator(ImportState& state, const ClipItem& item, const MediaSources& sources)
 {
-    MasterRegistry& registry = import.masters.registry;
+    MasterRegistry& registry = state.masters.registry;
     const std::string_view masterClipId = item.GetProperty("masterclipid");
     const std::string_view id = item.GetProperty("id");
     RegisterMaster(registry, {.masterClipId = masterClipId, .mediaId = id},
-                   BuildMasterClip(import, import.files, item, {.sources = sources}));
+                   BuildMasterClip(state, item, {.sources = sources}));
     const BuiltMaster master = registry.Find({masterClipId, id});
     if (master)
-        import.generators.Add(item, master);
+        state.generators.Add(item, master);
     return master;
 }
 
-GeneratorResult TranslateColorMatte(Import& import, const ClipItem& item, ConstHandle owner)
+GeneratorResult TranslateColorMatte(ImportState& state, const ClipItem& item, ConstHandle owner)
 {
     const std::optional<MatteColor> color = ReadMatteColor(item, *ColorEffectOf(item));
     if (!color)
         return {};
-    const MediaSources sources =
-        MakeSyntheticSources(import.document, MediaKind::ColorMatte, FrameTicksOf(item),
-                             import.generators.FrameOf(owner));
+    const MediaSources sources = MakeSyntheticSources(
+        state.document, MediaKind::ColorMatte, FrameTicksOf(item), state.generators.FrameOf(owner));
     SetMatteColor(*color, sources.VideoMedia());
-    return {RegisterGenerator(import, item, sources), true};
+    return {RegisterGenerator(state, item, sources), true};
 }
 
 // A title document that the host's title importer draws.
@@ -117,58 +118,70 @@ MediaSources MakeTitleSources(Document& document, const Title& title, Ticks fram
     return sources;
 }
 
-GeneratorResult TranslateLegacyTitle(Import& import, const ClipItem& item, ConstHandle owner)
+GeneratorResult TranslateLegacyTitle(ImportState& state, const ClipItem& item, ConstHandle owner)
 {
-    const FrameFormat& frame = import.generators.FrameOf(owner);
+    const FrameFormat& frame = state.generators.FrameOf(owner);
     const Title title = ReadTitle(item, ParseFrameSize(frame.rect, frame.par));
-    return {RegisterGenerator(import, item,
-                              MakeTitleSources(import.document, title, FrameTicksOf(item), frame)),
+    return {RegisterGenerator(state, item,
+                              MakeTitleSources(state.document, title, FrameTicksOf(item), frame)),
             true};
 }
 
-// In a bin the master carries the effect, on a track by the setting; only such a master is listed.
-GeneratorResult TranslateGraphic(Import& import, const ClipItem& item, ConstHandle owner)
+// Gives a master the effect of a generator. `frame` is that of the sequence or clip around the
+// generator.
+void AddTitleToMaster(ImportState& state, ConstHandle generator, const FrameSize& frame,
+                      BuiltMaster master)
 {
-    const FrameFormat& frame = import.generators.FrameOf(owner);
-    import.titles.Add(item);
+    if (!state.titles.AddTitledMaster(master))
+        return;
+    const EffectContext context{.document = state.document, .issues = state.issues};
+    const ObjectHandle effect =
+        MakeGraphicEffect(state.document, state.titles.SourceOf(generator), frame);
+    AddMasterChainEffect(context, effect, master.GetChild("VideoComponentChain"));
+}
+
+// In a bin the master carries the effect, on a track by the setting; only such a master is listed.
+GeneratorResult TranslateGraphic(ImportState& state, const ClipItem& item, ConstHandle owner)
+{
+    const FrameFormat& frame = state.generators.FrameOf(owner);
+    state.titles.Add(item);
     const BuiltMaster master = RegisterGenerator(
-        import, item,
-        MakeSyntheticSources(import.document, MediaKind::Graphic, FrameTicksOf(item), frame));
+        state, item,
+        MakeSyntheticSources(state.document, MediaKind::Graphic, FrameTicksOf(item), frame));
     const bool isMasterEffect =
-        import.options.settings.titlesAsMasterEffects || owner.GetName() != "sequence";
+        state.options.settings.titlesAsMasterEffects || owner.GetName() != "sequence";
     if (master && isMasterEffect)
-        AddTitleToMaster(import, import.titles, item, ParseFrameSize(frame.rect, frame.par),
-                         master);
+        AddTitleToMaster(state, item, ParseFrameSize(frame.rect, frame.par), master);
     return {master, true, isMasterEffect};
 }
 
-// Transparent video replaces what nothing is known of.
-GeneratorResult TranslateUnknown(Import& import, const ClipItem& item)
+// Transparent video replaces unknown generators.
+GeneratorResult TranslateUnknown(ImportState& state, const ClipItem& item)
 {
     const MediaSources sources =
-        MakeSyntheticSources(import.document, MediaKind::TransparentVideo, 0, {});
-    return {RegisterGenerator(import, item, sources), false};
+        MakeSyntheticSources(state.document, MediaKind::TransparentVideo, 0, {});
+    return {RegisterGenerator(state, item, sources), false};
 }
 
 } // namespace
 
-GeneratorResult TranslateGenerator(Import& import, const ClipItem& item, ConstHandle owner)
+GeneratorResult TranslateGenerator(ImportState& state, const ClipItem& item, ConstHandle owner)
 {
-    const GeneratorRoute route = RouteOf(import.titles, item);
-    if (const BuiltMaster known = import.generators.MasterOf(item))
+    const GeneratorRoute route = RouteOf(state.titles, item);
+    if (const BuiltMaster known = state.generators.MasterOf(item))
         return {known, route != GeneratorRoute::Unknown,
-                route != GeneratorRoute::Graphic || import.titles.IsTitled(known)};
+                route != GeneratorRoute::Graphic || state.titles.IsTitled(known)};
     switch (route) {
     case GeneratorRoute::ColorMatte:
-        return TranslateColorMatte(import, item, owner);
+        return TranslateColorMatte(state, item, owner);
     case GeneratorRoute::LegacyTitle:
-        return TranslateLegacyTitle(import, item, owner);
+        return TranslateLegacyTitle(state, item, owner);
     case GeneratorRoute::Graphic:
-        return TranslateGraphic(import, item, owner);
+        return TranslateGraphic(state, item, owner);
     case GeneratorRoute::Unknown:
         break;
     }
-    return TranslateUnknown(import, item);
+    return TranslateUnknown(state, item);
 }
 
 } // namespace XPJ

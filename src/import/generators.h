@@ -2,7 +2,7 @@
 // of.
 #pragma once
 
-#include "import/import.h"
+#include "import/import_state.h"
 #include "xmeml/item_times.h"
 
 namespace XPJ {
@@ -15,6 +15,6 @@ struct GeneratorResult {
 
 // Master of a `generatoritem`, registered under the item's `id`. `owner` is the `sequence` or
 // browser `clip` around it, which gives the frame. The project item is the caller's.
-GeneratorResult TranslateGenerator(Import& import, const ClipItem& item, ConstHandle owner);
+GeneratorResult TranslateGenerator(ImportState& state, const ClipItem& item, ConstHandle owner);
 
 } // namespace XPJ

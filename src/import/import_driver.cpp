@@ -4,7 +4,7 @@
 #include "core/paths.h"
 #include "import/bins.h"
 #include "import/collect.h"
-#include "import/import.h"
+#include "import/import_state.h"
 #include "import/links.h"
 #include "import/merge.h"
 #include "import/sequence_walk.h"
@@ -45,42 +45,42 @@ ConstHandle EntriesOf(ConstHandle root)
 }
 
 // Null, and true, for a project without entries. False when cancelled.
-bool TranslateRootItem(Import& import, ConstHandle entries, ObjectHandle& rootItem)
+bool TranslateRootItem(ImportState& state, ConstHandle entries, ObjectHandle& rootItem)
 {
     if (!entries)
         return true;
-    rootItem = import.document.NewObject("RootProjectItem");
+    rootItem = state.document.NewObject("RootProjectItem");
     AddUid(rootItem);
     rootItem.SetPropertyShared("ID", "1000000");
-    if (!TranslateEntries(import, entries, rootItem))
+    if (!TranslateEntries(state, entries, rootItem))
         return false;
-    TranslateShownSequences(import, rootItem);
+    TranslateShownSequences(state, rootItem);
     return true;
 }
 
-int TranslateProject(Import& import, ConstHandle root, ObjectHandle project)
+int TranslateProject(ImportState& state, ConstHandle root, ObjectHandle project)
 {
     const ConstHandle stated = root.GetChild("project");
-    StageScope stage(import.progress, 1, 3);
-    if (!CollectReferences(import, stated ? stated : root) || !stage.Step())
+    StageScope stage(state.progress, 1, 3);
+    if (!CollectReferences(state, stated ? stated : root) || !stage.Step())
         return kAborted;
 
-    AddProjectSettings(import.document, project);
+    AddProjectSettings(state.document, project);
     ObjectHandle rootItem;
-    if (!TranslateRootItem(import, EntriesOf(root), rootItem))
+    if (!TranslateRootItem(state, EntriesOf(root), rootItem))
         return kAborted;
     project.AddChild(rootItem);
     if (!stage.Step())
         return kAborted;
 
-    MergePass(import, rootItem);
+    MergePass(state, rootItem);
     if (!stage.Step())
         return kAborted;
-    LinkPass(import.document, import.links, import.sequences);
-    import.masters.AttachClipIds();
+    LinkPass(state.document, state.links, state.sequences);
+    state.masters.AttachClipIds();
 
     project.SetPropertyShared("NextID", "1000001"); // the root item's is the last one given
-    project.SetProperty("NextSequenceID", IntToString(import.sequences.NextNumber()));
+    project.SetProperty("NextSequenceID", IntToString(state.sequences.NextNumber()));
     return kSuccess;
 }
 
@@ -95,15 +95,15 @@ int ImportDocument(ConstHandle root, const ImportOptions& options, Progress& pro
         return kNoFCPDataFound;
 
     const std::string inputPath = AbsolutePath(options.inputPath);
-    Import import(ImportState{.document = document,
-                              .progress = progress,
-                              .issues = issues,
-                              .options = options,
-                              .folder = std::string(FolderOf(inputPath))});
+    ImportState state{.document = document,
+                      .progress = progress,
+                      .issues = issues,
+                      .options = options,
+                      .folder = std::string(FolderOf(inputPath))};
     const ObjectHandle project = document.NewObject("Project");
-    const int result = TranslateProject(import, root, project);
+    const int result = TranslateProject(state, root, project);
     if (skipped != nullptr)
-        *skipped = std::move(import.skipped);
+        *skipped = std::move(state.skipped);
     if (result != kSuccess)
         return result;
     projectDocument = document.NewObject("Document");

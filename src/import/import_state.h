@@ -1,12 +1,23 @@
-// What all passes of one import share.
+// One import: what all its passes share, and what they find out.
+//
+// Ids and other texts that serve as keys point into the two documents, which outlive the import.
 #pragma once
 
 #include "core/progress.h"
 #include "core/translation_issue.h"
+#include "effects/effect_context.h"
+#include "effects/look_effect.h"
+#include "import/catalogs.h"
+#include "import/links.h"
+#include "import/master_catalog.h"
 #include "platform/settings.h"
 #include "tree/object.h"
+#include "xmeml/file_formats.h"
+#include "xmeml/files.h"
+#include "xmeml/multiclips.h"
 
 #include <string>
+#include <string_view>
 
 namespace XPJ {
 
@@ -24,6 +35,23 @@ struct ImportState {
     const ImportOptions& options;
     std::string folder = {}; // of the input, with its last separator; base of relative `pathurl`s
     SkippedList skipped = {};
+
+    // What the passes find out.
+    FileCatalog files = {};
+    FileFormats fileFormats = {};
+    LookFiles lookFiles{document, folder}; // of the look effects
+    ActiveAngles angles = {};
+    MasterCatalog masters = {};
+    SequenceCatalog sequences = {};
+    GeneratorCatalog generators = {};
+    TitleCatalog titles{options.settings};
+    LinkRecords links = {};
 };
+
+void AddItemIssue(const ImportState& state, const ItemLocation& location, ImportIssue kind,
+                  std::string_view subject = {});
+
+// Records an item, a clip of a bin or a sequence of which nothing could be made.
+void AddSkipped(ImportState& state, const ItemLocation& location);
 
 } // namespace XPJ

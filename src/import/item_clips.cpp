@@ -1,10 +1,11 @@
 #include "import/item_clips.h"
 
 #include "core/numbers.h"
-#include "import/item_masters.h"
 #include "import/logging.h"
 #include "import/markers.h"
+#include "import/masters.h"
 #include "project/clips.h"
+#include "project/media.h"
 #include "project/synthetic_items.h"
 #include "xmeml/speed.h"
 
@@ -53,11 +54,11 @@ struct SourceRange {
 
 // A source starts at 0. An item that begins before it, begins with it; one that also ends before
 // it keeps its length.
-void AddPoints(const TrackContext& track, const ClipItem& item, const PlacedTimes& placed,
+void AddPoints(const TrackContext& track, const ClipItem& item, const ItemTiming& timing,
                SourceRange range, ObjectHandle clip)
 {
-    const ItemTimes& times = placed.times;
-    const ItemRates& rates = placed.rates;
+    const ItemTimes& times = timing.times;
+    const ItemRates& rates = timing.rates;
     if (range.in < 0) {
         AddItemIssue(track, item, times.start, ImportIssue::InvalidInPoint);
         range.in = 0;
@@ -70,14 +71,14 @@ void AddPoints(const TrackContext& track, const ClipItem& item, const PlacedTime
     clip.SetProperty("OutPoint", TickText(range.out));
 }
 
-ObjectHandle MakeItemSubClip(Import& import, ConstHandle item, ObjectHandle clip,
+ObjectHandle MakeItemSubClip(ImportState& state, ConstHandle item, ObjectHandle clip,
                              BuiltMaster master)
 {
     std::string_view name = item.GetProperty("name");
     if (name.empty())
-        name = FileOfItem(import.files, item).GetProperty("name");
-    const SubClipParts parts = MakeSubClip(import.document, name, clip, master);
-    import.masters.AddClipId(master, parts.clipId);
+        name = FileOfItem(state.files, item).GetProperty("name");
+    const SubClipParts parts = MakeSubClip(state.document, name, clip, master);
+    state.masters.AddClipId(master, parts.clipId);
     return parts.subClip;
 }
 
@@ -132,7 +133,7 @@ std::vector<int> LinkedChannels(const TrackContext& track, ConstHandle item,
 
 bool FollowsLinks(const SequenceContext& sequence, int channelType)
 {
-    return (sequence.import.options.sn2vlMode || sequence.exploded) &&
+    return (sequence.state.options.sn2vlMode || sequence.exploded) &&
            (channelType == kStereoType || channelType == kSurroundType);
 }
 
@@ -147,7 +148,7 @@ void AddContent(Document& document, const MasterChannel& channel, ObjectHandle a
 void AddItemChannels(const TrackContext& track, ConstHandle item, int channelType,
                      const MasterChannels& channels, ObjectHandle clip)
 {
-    Document& document = track.sequence.import.document;
+    Document& document = track.sequence.state.document;
     if (channelType == kAdaptiveType) {
         AddAdaptiveChannels(document, channels.All(), clip);
     } else if (FollowsLinks(track.sequence, channelType)) {
@@ -174,53 +175,53 @@ Ticks OutTicks(Frames out, Ticks frameTicks, double speed)
 } // namespace
 
 ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
-                              const PlacedTimes& placed)
+                              const ItemTiming& timing)
 {
-    Import& import = track.sequence.import;
-    Document& document = import.document;
-    const BuiltMaster master = MasterForItem(import, item, MediaType::Video, track.index);
+    ImportState& state = track.sequence.state;
+    Document& document = state.document;
+    const BuiltMaster master = MasterForItem(state, item, MediaType::Video, track.index);
     const ObjectHandle masterClip = master.VideoClip();
     if (!masterClip)
         return {};
-    const Ticks unit = placed.rates.item;
+    const Ticks unit = timing.rates.item;
     const ItemSpeed speed = SpeedOfItem(item);
-    const ObjectHandle source = SourceForItem(document, import.sequences, MediaType::Video,
+    const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Video,
                                               masterClip.GetChild("Source"), unit);
     const ObjectHandle clip = MakeVideoClip(document, source, FieldsOf(item, speed));
     CopyLabel(item, clip, "hfl.clip.label.name");
 
-    AddPoints(track, item, placed,
-              {.in = ScaledTicks(placed.times.in, unit, speed.speed),
-               .out = OutTicks(placed.times.out, unit, speed.speed)},
+    AddPoints(track, item, timing,
+              {.in = ScaledTicks(timing.times.in, unit, speed.speed),
+               .out = OutTicks(timing.times.out, unit, speed.speed)},
               clip);
     AddFrameHold(item, track.sequence.rates.edges, clip);
     clip.AddChild("Markers", TranslateMarkers(document, item, unit));
-    AddMulticam(import.angles, item, clip);
-    return MakeItemSubClip(import, item, clip, master);
+    AddMulticam(state.angles, item, clip);
+    return MakeItemSubClip(state, item, clip, master);
 }
 
 ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, int channelType,
-                              const PlacedTimes& placed)
+                              const ItemTiming& timing)
 {
-    Import& import = track.sequence.import;
-    Document& document = import.document;
-    const BuiltMaster master = MasterForItem(import, item, MediaType::Audio, track.index);
+    ImportState& state = track.sequence.state;
+    Document& document = state.document;
+    const BuiltMaster master = MasterForItem(state, item, MediaType::Audio, track.index);
     const MasterChannels channels(master);
     if (channels.IsEmpty())
         return {};
-    const Ticks unit = placed.rates.item;
+    const Ticks unit = timing.rates.item;
     const ItemSpeed speed = SpeedOfItem(item);
     const int sourceChannel = channels.Reduce(SourceChannelOf(item, track.index));
-    const ObjectHandle source = SourceForItem(document, import.sequences, MediaType::Audio,
+    const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Audio,
                                               channels.At(sourceChannel).clip.GetChild("Source"),
                                               track.sequence.rates.audio);
     const ObjectHandle clip = MakeAudioClip(document, source, FieldsOf(item, speed));
     CopyLabel(item, clip, "hfl.clip.label.name");
 
     const Frames delay = Int64Property(item, "mediadelay");
-    const Ticks in = ScaledTicks(AddTicks(placed.times.in, delay), unit, speed.speed);
-    const Ticks out = OutTicks(AddTicks(placed.times.out, delay), unit, speed.speed);
-    AddPoints(track, item, placed,
+    const Ticks in = ScaledTicks(AddTicks(timing.times.in, delay), unit, speed.speed);
+    const Ticks out = OutTicks(AddTicks(timing.times.out, delay), unit, speed.speed);
+    AddPoints(track, item, timing,
               {.in = ExactPoint(item.times.exactIn).value_or(in),
                .out = ExactPoint(item.times.exactOut).value_or(out)},
               clip);
@@ -231,9 +232,22 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
     clip.SetProperty("ChannelType", IntToString(channelType));
     clip.SetProperty("NumChannels", IntToString(channelCount));
     clip.SetProperty("AudioChannelLayout", ChannelLayoutText(channelType, channelCount));
-    AddMulticam(import.angles, item, clip);
+    AddMulticam(state.angles, item, clip);
     AddItemChannels(track, item, channelType, channels, clip);
-    return MakeItemSubClip(import, item, clip, master);
+    return MakeItemSubClip(state, item, clip, master);
+}
+
+ObjectHandle SourceForItem(Document& document, SequenceCatalog& sequences, MediaType type,
+                           ObjectHandle source, Ticks rateTicks)
+{
+    const ObjectHandle sequence = source.GetChild("Sequence");
+    if (!sequence)
+        return source;
+    if (!sequences.HasBegun(sequence))
+        sequences.AddShown(sequence);
+    return MakeSequenceSource(
+        document, sequence,
+        {.type = type, .rate = rateTicks, .duration = Int64Property(source, "OriginalDuration")});
 }
 
 void AddAdaptiveChannels(Document& document, const std::vector<MasterChannel>& channels,

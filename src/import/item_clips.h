@@ -9,16 +9,21 @@
 namespace XPJ {
 
 // The times of an item, none of which is missing any more, with the rates in which they count.
-struct PlacedTimes {
+struct ItemTiming {
     ItemTimes times;
     ItemRates rates;
 };
 
 // Null when the item has no master with a clip of the type.
 ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
-                              const PlacedTimes& placed);
+                              const ItemTiming& timing);
 ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, int channelType,
-                              const PlacedTimes& placed);
+                              const ItemTiming& timing);
+
+// The source that an item at a rate shows of a master's. Every item of a nested sequence has one of
+// its own.
+ObjectHandle SourceForItem(Document& document, SequenceCatalog& sequences, MediaType type,
+                           ObjectHandle source, Ticks rateTicks);
 
 // Appends all channels that an adaptive type may have to an AudioClip; those that the master lacks
 // are silent.

@@ -3,7 +3,7 @@
 #include "core/messages.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "import/master_builder.h"
+#include "import/masters.h"
 #include "import/project_items.h"
 #include "platform/platform.h"
 #include "project/media.h"
@@ -89,20 +89,19 @@ std::vector<Layer> MakeLayers(const ImportState& state, const FileUse& use)
 
 } // namespace
 
-void TranslateLayers(Import& import, const ClipItem& element, const FileUse& use,
+void TranslateLayers(ImportState& state, const ClipItem& element, const FileUse& use,
                      ObjectHandle parentItem)
 {
-    for (const Layer& layer : MakeLayers(import, use)) {
+    for (const Layer& layer : MakeLayers(state, use)) {
         const MediaSources sources{.video = {layer.source}, .audio = {}};
-        const BuiltMaster master = BuildMasterClip(import, import.files, element,
-                                                   {.sources = sources, .name = layer.name});
-        if (RegisterMaster(import.masters.registry,
+        const BuiltMaster master =
+            BuildMasterClip(state, element, {.sources = sources, .name = layer.name});
+        if (RegisterMaster(state.masters.registry,
                            {.masterClipId = element.GetProperty("masterclipid"),
-                            .mediaId = import.files.IdOf(use.file),
+                            .mediaId = state.files.IdOf(use.file),
                             .layer = layer.index},
                            master))
-            MakeClipProjectItem(import, element, master, parentItem)
-                .SetProperty("Name", layer.name);
+            MakeClipProjectItem(state, element, master, parentItem).SetProperty("Name", layer.name);
     }
 }
 

@@ -1,7 +1,7 @@
 // Links of the project: groups of track items, made from what documents state item by item.
 #pragma once
 
-#include "import/sequence_catalog.h"
+#include "import/catalogs.h"
 #include "tree/object.h"
 #include "xmeml/links.h"
 

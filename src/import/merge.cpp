@@ -52,7 +52,7 @@ private:
     std::unordered_map<std::string_view, Group> byMergeId_;
 };
 
-void PlaceMergedItem(Document& document, BuiltMaster merged, ObjectHandle rootItem)
+void AddMergedItem(Document& document, BuiltMaster merged, ObjectHandle rootItem)
 {
     const ObjectHandle item = document.NewObject("ClipProjectItem");
     AddUid(item);
@@ -112,20 +112,20 @@ void RemoveFromBins(ObjectHandle rootItem, const NodeSet& replaced)
 
 } // namespace
 
-void MergePass(Import& import, ObjectHandle rootItem)
+void MergePass(ImportState& state, ObjectHandle rootItem)
 {
-    Candidates candidates(import.masters);
+    Candidates candidates(state.masters);
     NodeSet replaced;
-    for (const std::string_view mergeId : import.masters.MergeIds()) {
+    for (const std::string_view mergeId : state.masters.MergeIds()) {
         const MergeComponents components = candidates.Of(mergeId);
         const BuiltMaster merged =
-            components.size() < 2 ? BuiltMaster() : BuildMergedMaster(import, components);
+            components.size() < 2 ? BuiltMaster() : BuildMergedMaster(state, components);
         if (merged) {
-            PlaceMergedItem(import.document, merged, rootItem);
+            AddMergedItem(state.document, merged, rootItem);
             JoinSelection(components);
             ReplaceComponents(components, replaced);
         }
-        PlaceDeferredItems(import, mergeId, replaced);
+        AddDeferredItems(state, mergeId, replaced);
     }
     RemoveFromBins(rootItem, replaced);
 }

@@ -8,8 +8,8 @@
 #include "import/merged_master.h"
 
 #include "core/numbers.h"
-#include "import/audio_tracks.h"
 #include "import/slugs.h"
+#include "import/tracks.h"
 #include "project/channel_groups.h"
 #include "project/clips.h"
 #include "project/media.h"
@@ -199,28 +199,28 @@ private:
     int trackCount_ = 0;
 };
 
-SyntheticItem BlackItem(Import& import, Ticks duration)
+SyntheticItem BlackItem(ImportState& state, Ticks duration)
 {
-    const BuiltMaster black = BlackMaster(import);
+    const BuiltMaster black = BlackMaster(state);
     return {.name = black.GetProperty("Name"),
-            .clip = MakePlainVideoClip(import.document, black.VideoClip().GetChild("Source")),
+            .clip = MakePlainVideoClip(state.document, black.VideoClip().GetChild("Source")),
             .master = black,
             .end = duration};
 }
 
-ObjectHandle MakeVideo(Import& import, const Parts& parts, StartTimes& starts)
+ObjectHandle MakeVideo(ImportState& state, const Parts& parts, StartTimes& starts)
 {
     const Ticks frameTicks =
         parts.video.empty() ? kNtscFrameTicks : Int64Property(parts.video.front().own, "FrameRate");
-    VideoGroup group(import.document, frameTicks, FrameOfParts(parts.video));
+    VideoGroup group(state.document, frameTicks, FrameOfParts(parts.video));
     for (const Part& part : parts.video)
         for (int channel = 0; channel < part.channels; ++channel) {
             const ObjectHandle clip =
-                MakePlainVideoClip(import.document, part.own.GetChild("Source"));
+                MakePlainVideoClip(state.document, part.own.GetChild("Source"));
             group.AddTrack(ItemOf(part, clip, starts.Of(*part.component), 0));
         }
     if (parts.video.empty())
-        group.AddTrack(BlackItem(import, parts.duration));
+        group.AddTrack(BlackItem(state, parts.duration));
     return group.End();
 }
 
@@ -244,11 +244,11 @@ struct MergedAudio {
     int channels = 0;
 };
 
-MergedAudio MakeAudio(const Import& import, const Parts& parts, StartTimes& starts)
+MergedAudio MakeAudio(const ImportState& state, const Parts& parts, StartTimes& starts)
 {
-    Document& document = import.document;
+    Document& document = state.document;
     const AudioGroup group = MakeAudioGroup(document, kSampleTicks48k, 1);
-    const PannerFields panner{.trackType = kMonoType, .handoff = import.options.sn2vlMode};
+    const PannerFields panner{.trackType = kMonoType, .handoff = state.options.sn2vlMode};
     int count = 0;
     for (const Part& part : parts.audio) {
         const std::vector<MasterChannel> channels = part.component->master.Channels();
@@ -279,12 +279,12 @@ MergeKind KindOf(const Parts& parts, const MergeComponent& first)
     return kind;
 }
 
-ObjectHandle MakeMergedSequence(Import& import, std::string_view name)
+ObjectHandle MakeMergedSequence(ImportState& state, std::string_view name)
 {
-    Document& document = import.document;
+    Document& document = state.document;
     const ObjectHandle sequence = document.NewObject("Sequence");
     sequence.SetPropertyShared("Name", name);
-    import.sequences.Begin(sequence);
+    state.sequences.Begin(sequence);
     sequence.SetPropertyShared("BE.Sequence.IsMergedClip", "true");
     sequence.AddChild("Markers", document.NewObject("Markers"));
     sequence.AddChild("DVDMarkers", document.NewObject("DVDMarkers"));
@@ -326,23 +326,23 @@ BuiltMaster MakeMaster(Document& document, const MergeComponents& components, co
 
 } // namespace
 
-BuiltMaster BuildMergedMaster(Import& import, const MergeComponents& components)
+BuiltMaster BuildMergedMaster(ImportState& state, const MergeComponents& components)
 {
-    Document& document = import.document;
+    Document& document = state.document;
     const auto named = std::ranges::find_if(components, [](const MergeComponent& component) {
         return HasValue(component.master, "Name");
     });
     const MergeComponent& namesake = named == components.end() ? components.front() : *named;
 
-    const ObjectHandle sequence = MakeMergedSequence(import, namesake.master.GetProperty("Name"));
+    const ObjectHandle sequence = MakeMergedSequence(state, namesake.master.GetProperty("Name"));
     const Parts parts = CollectParts(document, components, sequence);
     if (parts.video.empty() && parts.audio.empty())
         return {};
     const BuiltMaster merged = MakeMaster(document, components, parts, namesake);
 
-    StartTimes starts(import.files);
-    sequence.AddChild("TrackGroup", MakeVideo(import, parts, starts));
-    const MergedAudio audio = MakeAudio(import, parts, starts);
+    StartTimes starts(state.files);
+    sequence.AddChild("TrackGroup", MakeVideo(state, parts, starts));
+    const MergedAudio audio = MakeAudio(state, parts, starts);
     sequence.AddChild("TrackGroup", audio.group);
     AddClips(document, parts, sequence, audio.channels, merged);
     merged.AddChild("AudioComponentChain",

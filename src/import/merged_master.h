@@ -1,7 +1,7 @@
 // The merged clip itself: a Sequence of the parts, and the master that shows it.
 #pragma once
 
-#include "import/import.h"
+#include "import/import_state.h"
 
 #include <vector>
 
@@ -11,6 +11,6 @@ using MergeComponents = std::vector<MergeComponent>;
 
 // Builds the merged clip of components in track order, and makes them its parts. Null when none of
 // them has video or audio.
-BuiltMaster BuildMergedMaster(Import& import, const MergeComponents& components);
+BuiltMaster BuildMergedMaster(ImportState& state, const MergeComponents& components);
 
 } // namespace XPJ

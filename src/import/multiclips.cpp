@@ -3,14 +3,13 @@
 #include "core/host_properties.h"
 #include "core/numbers.h"
 #include "core/video_formats.h"
-#include "import/audio_tracks.h"
 #include "import/item_clips.h"
-#include "import/item_masters.h"
 #include "import/markers.h"
-#include "import/master_builder.h"
+#include "import/masters.h"
 #include "import/presets.h"
 #include "import/project_items.h"
 #include "import/slugs.h"
+#include "import/tracks.h"
 #include "project/clips.h"
 #include "project/synthetic_items.h"
 #include "xmeml/formats.h"
@@ -24,7 +23,7 @@ namespace XPJ {
 namespace {
 
 struct MulticlipContext {
-    Import& import;
+    ImportState& state;
     ConstHandle multiclip;
     ObjectHandle parentItem;
     int number = 0; // `ID` of the Sequence
@@ -57,15 +56,15 @@ std::string ContentOf(ConstHandle multiclip)
     return key;
 }
 
-BuiltMaster MakeMulticlipMaster(Import& import, ConstHandle multiclip)
+BuiltMaster MakeMulticlipMaster(ImportState& state, ConstHandle multiclip)
 {
-    Document& document = import.document;
+    Document& document = state.document;
     const SequenceRates rates = RatesOfMulticlip(multiclip);
     const AngleExtent extent = ExtentOfAngles(multiclip);
     const Ticks duration = MultiplyTicks(extent.duration, rates.video);
     const ObjectHandle sequence = document.NewObject("Sequence");
     sequence.SetPropertyShared("Name", multiclip.GetProperty("name"));
-    import.sequences.SetElement(sequence, multiclip);
+    state.sequences.SetElement(sequence, multiclip);
 
     MediaSources sources;
     sources.video.push_back(
@@ -73,7 +72,7 @@ BuiltMaster MakeMulticlipMaster(Import& import, ConstHandle multiclip)
     sources.audio.push_back(
         MakeMasterSequenceSource(document, MediaType::Audio, sequence, rates.audio, duration));
     const AudioKind audio{kAdaptive, std::max(extent.audioTracks, 1)};
-    return BuildMasterClip(import, import.files, ClipItem(multiclip),
+    return BuildMasterClip(state, ClipItem(multiclip),
                            {.sources = sources, .audio = audio, .isWide = true});
 }
 
@@ -119,12 +118,12 @@ std::string_view FieldTypeOfMulticlip(const FileCatalog& files, ConstHandle mult
 }
 
 // The master of an angle: that of its clip, else of the item in it.
-BuiltMaster MasterOfAngle(const Import& import, const Angle& angle, MediaType type)
+BuiltMaster MasterOfAngle(const ImportState& state, const Angle& angle, MediaType type)
 {
-    const std::string_view fileId = import.files.IdOf(FileOfItem(import.files, angle.item));
-    if (const BuiltMaster ofClip = import.masters.BySignature(SignatureOf(angle.clip, fileId)))
+    const std::string_view fileId = state.files.IdOf(FileOfItem(state.files, angle.item));
+    if (const BuiltMaster ofClip = state.masters.BySignature(SignatureOf(angle.clip, fileId)))
         return ofClip;
-    return MasterForItem(import, angle.item, type, 0);
+    return MasterForItem(state, angle.item, type, 0);
 }
 
 SyntheticItem ItemOf(const Angle& angle, ObjectHandle clip, BuiltMaster master)
@@ -138,37 +137,37 @@ SyntheticItem ItemOf(const Angle& angle, ObjectHandle clip, BuiltMaster master)
 
 ObjectHandle MarkersOf(const MulticlipContext& context, const Angle& angle)
 {
-    return TranslateMarkers(context.import.document, angle.item, context.rates.video);
+    return TranslateMarkers(context.state.document, angle.item, context.rates.video);
 }
 
 // Null without a master, and for a slug, which shows nothing.
 ObjectHandle MakeAngleVideo(const MulticlipContext& context, const Angle& angle)
 {
-    Import& import = context.import;
-    if (import.files.IdOf(FileOfItem(import.files, angle.item)).starts_with("Slug"))
+    ImportState& state = context.state;
+    if (state.files.IdOf(FileOfItem(state.files, angle.item)).starts_with("Slug"))
         return {};
-    const BuiltMaster master = MasterOfAngle(import, angle, MediaType::Video);
+    const BuiltMaster master = MasterOfAngle(state, angle, MediaType::Video);
     const ObjectHandle masterClip = master.VideoClip();
     if (!masterClip)
         return {};
-    const ObjectHandle source = SourceForItem(import.document, import.sequences, MediaType::Video,
+    const ObjectHandle source = SourceForItem(state.document, state.sequences, MediaType::Video,
                                               masterClip.GetChild("Source"), context.rates.video);
-    const ObjectHandle clip = MakeVideoClip(import.document, source, {.inUse = true});
+    const ObjectHandle clip = MakeVideoClip(state.document, source, {.inUse = true});
     clip.AddChild("Markers", MarkersOf(context, angle));
-    return MakeSyntheticVideoItem(import.document, ItemOf(angle, clip, master), context.frame.rect,
+    return MakeSyntheticVideoItem(state.document, ItemOf(angle, clip, master), context.frame.rect,
                                   context.frame.par);
 }
 
 ObjectHandle MakeAngleAudio(const MulticlipContext& context, const Angle& angle)
 {
-    Import& import = context.import;
-    Document& document = import.document;
-    const BuiltMaster master = MasterOfAngle(import, angle, MediaType::Audio);
+    ImportState& state = context.state;
+    Document& document = state.document;
+    const BuiltMaster master = MasterOfAngle(state, angle, MediaType::Audio);
     const std::vector<MasterChannel> channels = master.Channels();
     if (channels.empty())
         return {};
     const ObjectHandle source =
-        SourceForItem(document, import.sequences, MediaType::Audio,
+        SourceForItem(document, state.sequences, MediaType::Audio,
                       channels.front().clip.GetChild("Source"), context.rates.audio);
     const ObjectHandle clip = MakeAudioClip(document, source, {.inUse = true});
     clip.SetPropertyShared("SecondaryIndex", "0");
@@ -186,22 +185,22 @@ ObjectHandle MakeAngleAudio(const MulticlipContext& context, const Angle& angle)
 void LinkAngle(const MulticlipContext& context, int index, ObjectHandle video, ObjectHandle audio)
 {
     if (video && audio)
-        context.import.links.AddGroup({{{context.number, MediaType::Video, index + 1, 1}, video},
-                                       {{context.number, MediaType::Audio, index + 1, 1}, audio}});
+        context.state.links.AddGroup({{{context.number, MediaType::Video, index + 1, 1}, video},
+                                      {{context.number, MediaType::Audio, index + 1, 1}, audio}});
 }
 
 // A slug has no master before an item needs it.
 void PrepareSlug(const MulticlipContext& context, const Angle& angle)
 {
-    const FileElement file = FileOfItem(context.import.files, angle.item);
-    if (file.IsSlug() && !MasterForItem(context.import, angle.item, MediaType::Audio, 0))
-        TranslateSlug(context.import, ClipItem(angle.clip), {angle.clip, file}, context.parentItem);
+    const FileElement file = FileOfItem(context.state.files, angle.item);
+    if (file.IsSlug() && !MasterForItem(context.state, angle.item, MediaType::Audio, 0))
+        TranslateSlug(context.state, ClipItem(angle.clip), {angle.clip, file}, context.parentItem);
 }
 
 void AddAngle(const MulticlipContext& context, const Angle& angle, ObjectHandle videoGroup,
               const AudioGroup& audioGroup)
 {
-    Document& document = context.import.document;
+    Document& document = context.state.document;
     PrepareSlug(context, angle);
     const ObjectHandle videoTrack = MakeVideoTrack(document, angle.index, angle.index + 1);
     const ObjectHandle audioTrack =
@@ -222,11 +221,11 @@ void AddAngle(const MulticlipContext& context, const Angle& angle, ObjectHandle 
 
 void AddAngles(const MulticlipContext& context, ObjectHandle sequence)
 {
-    Document& document = context.import.document;
+    Document& document = context.state.document;
     const ObjectHandle videoGroup =
         MakeVideoGroup(document, context.rates.video, context.frame.rect, context.frame.par);
     videoGroup.SetPropertyShared("FieldType",
-                                 FieldTypeOfMulticlip(context.import.files, context.multiclip));
+                                 FieldTypeOfMulticlip(context.state.files, context.multiclip));
     const int channels = ExtentOfAngles(context.multiclip).audioTracks;
     const AudioGroup audioGroup =
         MakeAudioGroup(document, context.rates.audio, channels, kAdaptiveType);
@@ -249,50 +248,50 @@ void AddAngles(const MulticlipContext& context, ObjectHandle sequence)
 
 } // namespace
 
-void CollectMulticlip(Import& import, ConstHandle multiclip)
+void CollectMulticlip(ImportState& state, ConstHandle multiclip)
 {
-    import.angles.Add(multiclip);
-    MasterCatalog& masters = import.masters;
+    state.angles.Add(multiclip);
+    MasterCatalog& masters = state.masters;
     const std::string_view id = multiclip.GetProperty("id");
     if (IsCollapsed(multiclip) || id.empty() || masters.HasMulticlip(id))
         return;
     const std::string content = ContentOf(multiclip);
     const BuiltMaster equal = masters.EqualMulticlip(content);
-    masters.AddMulticlip(id, content, equal ? equal : MakeMulticlipMaster(import, multiclip));
+    masters.AddMulticlip(id, content, equal ? equal : MakeMulticlipMaster(state, multiclip));
 }
 
-void TranslateMulticlipItem(Import& import, ConstHandle element, ObjectHandle parentItem)
+void TranslateMulticlipItem(ImportState& state, ConstHandle element, ObjectHandle parentItem)
 {
     const ConstHandle multiclip = FindMulticlip(element);
-    const BuiltMaster master = import.masters.OfMulticlip(multiclip.GetProperty("id"));
+    const BuiltMaster master = state.masters.OfMulticlip(multiclip.GetProperty("id"));
     if (!master)
         return;
     const ObjectHandle sequence = master.Sequence();
-    if (!FillMulticlipSequence(import, multiclip, sequence, parentItem))
+    if (!FillMulticlipSequence(state, multiclip, sequence, parentItem))
         return;
     master.SetPropertyShared("Name", sequence.GetProperty("Name"));
     AddMulticamProperties(element, multiclip, master);
-    AddClipItem(import, element, master, parentItem);
+    AddClipItem(state, element, master, parentItem);
 }
 
-bool FillMulticlipSequence(Import& import, ConstHandle multiclip, ObjectHandle sequence,
+bool FillMulticlipSequence(ImportState& state, ConstHandle multiclip, ObjectHandle sequence,
                            ObjectHandle parentItem)
 {
-    MulticlipContext context{import, multiclip, parentItem};
-    context.number = import.sequences.Begin(sequence);
+    MulticlipContext context{state, multiclip, parentItem};
+    context.number = state.sequences.Begin(sequence);
     if (context.number == 0)
         return false;
     for (const Name& key : SequenceUIPropertyList())
         if (multiclip.HasProperty(key))
             sequence.SetPropertyShared(key, multiclip.GetProperty(key));
     context.rates = RatesOfMulticlip(multiclip);
-    context.frame = FrameOfMulticlip(import.files, multiclip);
+    context.frame = FrameOfMulticlip(state.files, multiclip);
     if (context.frame.rect.empty() || context.frame.par.empty())
         return false;
 
     AddAngles(context, sequence);
-    sequence.AddChild("Markers", TranslateMarkers(import.document, multiclip, context.rates.video));
-    sequence.AddChild("DVDMarkers", import.document.NewObject("DVDMarkers"));
+    sequence.AddChild("Markers", TranslateMarkers(state.document, multiclip, context.rates.video));
+    sequence.AddChild("DVDMarkers", state.document.NewObject("DVDMarkers"));
     PresetFromFormat(context.rates.video, context.frame, sequence);
     return true;
 }

@@ -2,19 +2,19 @@
 // audio track for each angle.
 #pragma once
 
-#include "import/import.h"
+#include "import/import_state.h"
 
 namespace XPJ {
 
 // Records the active angle of a `multiclip`, and enters the master of an uncollapsed one.
-void CollectMulticlip(Import& import, ConstHandle multiclip);
+void CollectMulticlip(ImportState& state, ConstHandle multiclip);
 
 // Makes the project item of an element whose `multiclip` is not collapsed.
-void TranslateMulticlipItem(Import& import, ConstHandle element, ObjectHandle parentItem);
+void TranslateMulticlipItem(ImportState& state, ConstHandle element, ObjectHandle parentItem);
 
 // Fills the Sequence of an uncollapsed `multiclip`; masters that its angles bring along are shown
 // in `parentItem`. False if it was filled before, or has no known frame size.
-bool FillMulticlipSequence(Import& import, ConstHandle multiclip, ObjectHandle sequence,
+bool FillMulticlipSequence(ImportState& state, ConstHandle multiclip, ObjectHandle sequence,
                            ObjectHandle parentItem);
 
 } // namespace XPJ

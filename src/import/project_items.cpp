@@ -45,14 +45,14 @@ void LimitToSubclip(const FileCatalog& files, ConstHandle element, BuiltMaster m
 
 } // namespace
 
-ObjectHandle MakeClipProjectItem(const Import& import, ConstHandle element, BuiltMaster master,
+ObjectHandle MakeClipProjectItem(const ImportState& state, ConstHandle element, BuiltMaster master,
                                  ObjectHandle parentItem)
 {
-    const ObjectHandle item = import.document.NewObject("ClipProjectItem");
+    const ObjectHandle item = state.document.NewObject("ClipProjectItem");
     AddUid(item);
     item.SetPropertyShared("Name", element.GetProperty("name"));
-    CopyItemLabel(import.files, element, item);
-    LimitToSubclip(import.files, element, master);
+    CopyItemLabel(state.files, element, item);
+    LimitToSubclip(state.files, element, master);
     item.AddChild("MasterClip", master);
     CopyComments(element, item);
     CopyGoodFlag(element, item);
@@ -61,23 +61,23 @@ ObjectHandle MakeClipProjectItem(const Import& import, ConstHandle element, Buil
     return item;
 }
 
-void AddClipItem(Import& import, ConstHandle clip, BuiltMaster master, ObjectHandle parentItem)
+void AddClipItem(ImportState& state, ConstHandle clip, BuiltMaster master, ObjectHandle parentItem)
 {
     if (HasValue(clip, "name"))
         master.SetPropertyShared("Name", clip.GetProperty("name"));
     const std::string_view mergeId = MergeIdOf(clip);
-    const MergeComponent* const component = import.masters.ComponentOf(master);
-    if (import.masters.IsMergeId(mergeId) || (component && clip.HasChild("subclipinfo")))
-        import.masters.Defer(component ? component->mergeId : mergeId, {clip, master, parentItem});
+    const MergeComponent* const component = state.masters.ComponentOf(master);
+    if (state.masters.IsMergeId(mergeId) || (component && clip.HasChild("subclipinfo")))
+        state.masters.Defer(component ? component->mergeId : mergeId, {clip, master, parentItem});
     else
-        MakeClipProjectItem(import, clip, master, parentItem);
+        MakeClipProjectItem(state, clip, master, parentItem);
 }
 
-void PlaceDeferredItems(Import& import, std::string_view mergeId, const NodeSet& merged)
+void AddDeferredItems(ImportState& state, std::string_view mergeId, const NodeSet& merged)
 {
-    for (const DeferredItem& item : import.masters.DeferredItems(mergeId))
+    for (const DeferredItem& item : state.masters.DeferredItems(mergeId))
         if (!merged.Contains(item.master))
-            MakeClipProjectItem(import, item.clip, item.master, item.parentItem);
+            MakeClipProjectItem(state, item.clip, item.master, item.parentItem);
 }
 
 } // namespace XPJ

@@ -1,7 +1,7 @@
 // ClipProjectItem: what shows a master clip or a sequence in a bin.
 #pragma once
 
-#include "import/import.h"
+#include "import/import_state.h"
 #include "tree/object.h"
 
 #include <string_view>
@@ -10,15 +10,15 @@ namespace XPJ {
 
 // Adds a new item for a `clip`, `clipitem`, `generatoritem` or `sequence` to `parentItem`. Null
 // `element`: black video.
-ObjectHandle MakeClipProjectItem(const Import& import, ConstHandle element, BuiltMaster master,
+ObjectHandle MakeClipProjectItem(const ImportState& state, ConstHandle element, BuiltMaster master,
                                  ObjectHandle parentItem);
 
 // Adds the item of a browser `clip`, whose name the master takes. The item of a part of a merged
 // clip is deferred until the merge pass knows whether there will be one.
-void AddClipItem(Import& import, ConstHandle clip, BuiltMaster master, ObjectHandle parentItem);
+void AddClipItem(ImportState& state, ConstHandle clip, BuiltMaster master, ObjectHandle parentItem);
 
 // Makes the items that were deferred under a merge id, in their bins, but for those of masters in
 // `merged`.
-void PlaceDeferredItems(Import& import, std::string_view mergeId, const NodeSet& merged);
+void AddDeferredItems(ImportState& state, std::string_view mergeId, const NodeSet& merged);
 
 } // namespace XPJ

@@ -1,13 +1,13 @@
 #include "import/sequence_walk.h"
 
 #include "import/generators.h"
-#include "import/item_issues.h"
-#include "import/item_masters.h"
 #include "import/layered_images.h"
+#include "import/masters.h"
 #include "import/multiclips.h"
 #include "import/project_items.h"
 #include "import/sequences.h"
 #include "import/slugs.h"
+#include "import/track_context.h"
 #include "xmeml/cut_points.h"
 #include "xmeml/tracks.h"
 
@@ -25,8 +25,8 @@ struct TrackReference {
     int trackIndex = 0; // among the project's tracks
 };
 
-// A sequence on the way. Nested sequences are kept on a stack of these, since references let a
-// document nest them deeper than its own elements.
+// A sequence whose references are being translated. Nested sequences are kept on a stack of these,
+// since references let a document nest them deeper than its own elements.
 struct SequenceWalk {
     ConstHandle sequence;
     ConstHandle characteristics; // of its video
@@ -65,138 +65,138 @@ SequenceWalk BeginWalk(const ImportOptions& options, ConstHandle sequence)
     return walk;
 }
 
-// The carrier of a title is in a bin only if it is a clip of its own there.
+// The media of a title is in a bin only if it is a clip of its own there.
 bool NeedsProjectItem(FileElement file)
 {
     return file.GetProperty("mediaSource") != "GraphicAndType";
 }
 
-void TranslateFileReference(Import& import, const SequenceWalk& walk, const ClipItem& item,
+void TranslateFileReference(ImportState& state, const SequenceWalk& walk, const ClipItem& item,
                             FileElement file, ObjectHandle parentItem)
 {
-    const MasterRegistry& registry = import.masters.registry;
+    const MasterRegistry& registry = state.masters.registry;
     const std::string_view masterClipId = item.GetProperty("masterclipid");
-    const std::string_view fileId = import.files.IdOf(file);
+    const std::string_view fileId = state.files.IdOf(file);
     const FileUse use{item, file, walk.characteristics};
     if (registry.Find({masterClipId, fileId}))
         return;
     if (file.IsSlug())
-        return TranslateSlug(import, item, use, parentItem);
+        return TranslateSlug(state, item, use, parentItem);
     if (file.IsLayeredImage()) {
         // Registered layer by layer, so that the lookup above may never find it.
-        if (import.masters.BeginLayers(masterClipId, fileId))
-            TranslateLayers(import, item, use, parentItem);
+        if (state.masters.BeginLayers(masterClipId, fileId))
+            TranslateLayers(state, item, use, parentItem);
         return;
     }
     if (registry.Find({masterClipId, fileId, 0, MediaType::Audio}))
         return;
-    const FileMaster built = BuildFileMaster(import, item, use, IsExploded(walk.sequence));
+    const FileMaster built = BuildFileMaster(state, item, use, IsExploded(walk.sequence));
     if (built.isNew && NeedsProjectItem(file))
-        MakeClipProjectItem(import, item, built.master, parentItem);
+        MakeClipProjectItem(state, item, built.master, parentItem);
 }
 
-void TranslateMulticlipReference(Import& import, ConstHandle item, ObjectHandle parentItem)
+void TranslateMulticlipReference(ImportState& state, ConstHandle item, ObjectHandle parentItem)
 {
     const ConstHandle multiclip = item.GetChild("multiclip");
     if (!multiclip || IsCollapsed(multiclip))
         return;
-    const BuiltMaster master = import.masters.OfMulticlip(multiclip.GetProperty("id"));
-    if (master && !import.sequences.HasBegun(master.Sequence()))
-        TranslateMulticlipItem(import, item, parentItem);
+    const BuiltMaster master = state.masters.OfMulticlip(multiclip.GetProperty("id"));
+    if (master && !state.sequences.HasBegun(master.Sequence()))
+        TranslateMulticlipItem(state, item, parentItem);
 }
 
 // The `sequence` that an item without a file shows, if it is not filled yet.
-ConstHandle UnfilledSequenceOf(const Import& import, const TrackReference& reference)
+ConstHandle UnfilledSequenceOf(const ImportState& state, const TrackReference& reference)
 {
     const ObjectHandle shown =
-        MasterForItem(import, *reference.item, reference.type, reference.trackIndex).Sequence();
-    if (!shown || import.sequences.HasBegun(shown))
+        MasterForItem(state, *reference.item, reference.type, reference.trackIndex).Sequence();
+    if (!shown || state.sequences.HasBegun(shown))
         return {};
-    const ConstHandle element = import.sequences.ElementOf(shown);
+    const ConstHandle element = state.sequences.ElementOf(shown);
     return element.GetName() == "sequence" ? element : ConstHandle();
 }
 
-void TranslateGeneratorReference(Import& import, const SequenceWalk& walk,
+void TranslateGeneratorReference(ImportState& state, const SequenceWalk& walk,
                                  const TrackReference& reference, ObjectHandle parentItem)
 {
     const ClipItem& item = *reference.item;
     const std::string_view id = item.GetProperty("id");
-    if (id.empty() || import.masters.registry.Find({item.GetProperty("masterclipid"), id}))
+    if (id.empty() || state.masters.registry.Find({item.GetProperty("masterclipid"), id}))
         return;
-    const GeneratorResult result = TranslateGenerator(import, item, walk.sequence);
-    if (!result.translated && import.generators.Report(item))
-        AddItemIssue(import,
+    const GeneratorResult result = TranslateGenerator(state, item, walk.sequence);
+    if (!result.translated && state.generators.Report(item))
+        AddItemIssue(state,
                      LocationOfItem(walk.timecode, item.GetProperty("name"),
                                     {reference.type, reference.trackIndex, item.times.start.value}),
                      ImportIssue::GeneratorNotTranslated2,
                      item.GetChild("effect").GetProperty("name"));
     if (result.master && result.needsProjectItem)
-        MakeClipProjectItem(import, item, result.master, parentItem);
+        MakeClipProjectItem(state, item, result.master, parentItem);
 }
 
 // What an item refers to; the sequence that has to be translated first, if there is one.
-ConstHandle TranslateReference(Import& import, const SequenceWalk& walk,
+ConstHandle TranslateReference(ImportState& state, const SequenceWalk& walk,
                                const TrackReference& reference, ObjectHandle parentItem)
 {
     const ClipItem& item = *reference.item;
     if (item.GetName() == "generatoritem") {
-        TranslateGeneratorReference(import, walk, reference, parentItem);
+        TranslateGeneratorReference(state, walk, reference, parentItem);
         return {};
     }
     if (item.HasChild("multiclip"))
-        TranslateMulticlipReference(import, item, parentItem);
-    if (const FileElement file = FileOfItem(import.files, item)) {
-        TranslateFileReference(import, walk, item, file, parentItem);
+        TranslateMulticlipReference(state, item, parentItem);
+    if (const FileElement file = FileOfItem(state.files, item)) {
+        TranslateFileReference(state, walk, item, file, parentItem);
         return {};
     }
-    return UnfilledSequenceOf(import, reference);
+    return UnfilledSequenceOf(state, reference);
 }
 
 // Fills the Sequence and makes its project item.
-void FinishSequence(Import& import, const SequenceWalk& walk, ObjectHandle parentItem)
+void FinishSequence(ImportState& state, const SequenceWalk& walk, ObjectHandle parentItem)
 {
-    const BuiltMaster master = import.sequences.MasterOf(import.sequences.IdOf(walk.sequence));
-    if (master && FillSequence(import, walk.sequence, walk.items, master))
-        MakeClipProjectItem(import, walk.sequence, master, parentItem);
+    const BuiltMaster master = state.sequences.MasterOf(state.sequences.IdOf(walk.sequence));
+    if (master && FillSequence(state, walk.sequence, walk.items, master))
+        MakeClipProjectItem(state, walk.sequence, master, parentItem);
 }
 
 } // namespace
 
-void TranslateSequence(Import& import, ConstHandle sequence, ObjectHandle parentItem)
+void TranslateSequence(ImportState& state, ConstHandle sequence, ObjectHandle parentItem)
 {
     std::vector<SequenceWalk> walks;
     const auto begin = [&](ConstHandle element) {
-        if (import.sequences.BeginElement(element))
-            walks.push_back(BeginWalk(import.options, element));
+        if (state.sequences.BeginElement(element))
+            walks.push_back(BeginWalk(state.options, element));
     };
     begin(sequence);
     while (!walks.empty()) {
         SequenceWalk& walk = walks.back();
         if (walk.next == walk.references.size()) {
-            FinishSequence(import, walk, parentItem);
+            FinishSequence(state, walk, parentItem);
             walks.pop_back();
             continue;
         }
         const TrackReference reference = walk.references[walk.next++];
-        if (const ConstHandle nested = TranslateReference(import, walk, reference, parentItem)) {
-            if (import.progress.IsCancelled())
+        if (const ConstHandle nested = TranslateReference(state, walk, reference, parentItem)) {
+            if (state.progress.IsCancelled())
                 return;
             begin(nested);
         }
     }
 }
 
-void TranslateShownSequences(Import& import, ObjectHandle rootItem)
+void TranslateShownSequences(ImportState& state, ObjectHandle rootItem)
 {
     // What is filled here may show more of them.
-    for (std::size_t i = 0; i < import.sequences.Shown().size(); ++i) {
-        const ObjectHandle shown = import.sequences.Shown()[i];
-        const ConstHandle element = import.sequences.ElementOf(shown);
+    for (std::size_t i = 0; i < state.sequences.Shown().size(); ++i) {
+        const ObjectHandle shown = state.sequences.Shown()[i];
+        const ConstHandle element = state.sequences.ElementOf(shown);
         if (element.GetName() == "multiclip")
-            FillMulticlipSequence(import, element, shown, rootItem);
-        else if (!import.sequences.HasBegun(shown))
-            TranslateSequence(import, element, rootItem);
-        import.sequences.Begin(shown); // what refers to it needs its `uid`
+            FillMulticlipSequence(state, element, shown, rootItem);
+        else if (!state.sequences.HasBegun(shown))
+            TranslateSequence(state, element, rootItem);
+        state.sequences.Begin(shown); // what refers to it needs its `uid`
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include "core/host_properties.h"
 #include "import/markers.h"
-#include "import/master_builder.h"
+#include "import/masters.h"
 #include "import/presets.h"
 #include "import/tracks.h"
 #include "project/media.h"
@@ -47,7 +47,7 @@ void AddZeroPoint(const SequenceContext& context, ObjectHandle projectSequence)
     const ConstHandle timecode = context.sequence.GetChild("timecode");
     if (!timecode)
         return;
-    const Ticks own = context.import.options.sn2vlMode ? TicksOfRate(timecode.GetChild("rate")) : 0;
+    const Ticks own = context.state.options.sn2vlMode ? TicksOfRate(timecode.GetChild("rate")) : 0;
     const Ticks unit = own != 0 ? own : context.rates.video;
     projectSequence.SetProperty("MZ.ZeroPoint",
                                 TickText(MultiplyTicks(Int64Property(timecode, "frame"), unit)));
@@ -59,7 +59,7 @@ void AddTrackGroups(SequenceContext& context, ObjectHandle projectSequence)
     if (!media)
         return;
     const int outputs = OutputChannelsOf(context.sequence);
-    context.groupType = GroupTypeOf(context.import.options, context.sequence, outputs);
+    context.groupType = GroupTypeOf(context.state.options, context.sequence, outputs);
     context.exploded = IsExploded(context.sequence);
     context.links = LinkIndex(context.sequence, context.number);
     projectSequence.AddChild("TrackGroup", TranslateVideoTracks(context, media.GetChild("video")));
@@ -78,44 +78,43 @@ void SetLength(ConstHandle sequence, ObjectHandle master, Ticks end)
 
 } // namespace
 
-BuiltMaster MakeSequenceMaster(Import& import, ConstHandle sequence)
+BuiltMaster MakeSequenceMaster(ImportState& state, ConstHandle sequence)
 {
-    Document& document = import.document;
-    const SequenceRates rates = RatesOfSequence(sequence, import.options.sn2vlMode);
+    Document& document = state.document;
+    const SequenceRates rates = RatesOfSequence(sequence, state.options.sn2vlMode);
     const Ticks duration = MultiplyTicks(Int64Property(sequence, "duration"), rates.edges);
     const ObjectHandle result = document.NewObject("Sequence");
     result.SetPropertyShared("Name", sequence.GetProperty("name"));
-    import.sequences.SetElement(result, sequence);
+    state.sequences.SetElement(result, sequence);
 
     MediaSources sources;
     sources.video.push_back(
         MakeMasterSequenceSource(document, MediaType::Video, result, rates.video, duration));
     sources.audio.push_back(
         MakeMasterSequenceSource(document, MediaType::Audio, result, rates.audio, duration));
-    return BuildMasterClip(
-        import, import.files, ClipItem(sequence),
-        {.sources = sources, .audio = AudioOfSequence(import.options, sequence)});
+    return BuildMasterClip(state, ClipItem(sequence),
+                           {.sources = sources, .audio = AudioOfSequence(state.options, sequence)});
 }
 
-bool FillSequence(Import& import, ConstHandle sequence, const SequenceItems& items,
+bool FillSequence(ImportState& state, ConstHandle sequence, const SequenceItems& items,
                   BuiltMaster master)
 {
     const ObjectHandle result = master.Sequence();
-    SequenceContext context{.import = import, .sequence = sequence, .items = items};
-    context.number = import.sequences.Begin(result);
+    SequenceContext context{.state = state, .sequence = sequence, .items = items};
+    context.number = state.sequences.Begin(result);
     if (context.number == 0)
         return false;
     CopyUIProperties(sequence, result);
-    context.rates = RatesOfSequence(sequence, import.options.sn2vlMode);
+    context.rates = RatesOfSequence(sequence, state.options.sn2vlMode);
     context.timecode = TimecodeOfSequence(sequence, context.rates);
     context.frame = FrameOfSequence(sequence);
     if (context.frame.rect.empty() || context.frame.par.empty()) {
-        AddSkipped(import, {.sequence = context.timecode.name});
+        AddSkipped(state, {.sequence = context.timecode.name});
         return false;
     }
     AddTrackGroups(context, result);
-    result.AddChild("Markers", TranslateMarkers(import.document, sequence, context.rates.video));
-    result.AddChild("DVDMarkers", import.document.NewObject("DVDMarkers"));
+    result.AddChild("Markers", TranslateMarkers(state.document, sequence, context.rates.video));
+    result.AddChild("DVDMarkers", state.document.NewObject("DVDMarkers"));
     AddZeroPoint(context, result);
     ChoosePreset(sequence, context.rates.video, result);
     SetLength(sequence, master, context.end);

@@ -1,9 +1,9 @@
 #include "import/slugs.h"
 
-#include "import/audio_tracks.h"
-#include "import/master_builder.h"
+#include "import/masters.h"
 #include "import/presets.h"
 #include "import/project_items.h"
+#include "import/tracks.h"
 #include "project/clips.h"
 #include "project/synthetic_items.h"
 #include "project/synthetic_media.h"
@@ -20,12 +20,12 @@ constexpr std::string_view kBlackVideo = "Black Video";
 constexpr Ticks kSlugDuration = 3657830400000000; // 4 hours
 
 // The black clip; its item is made with the first slug.
-BuiltMaster BlackClipFor(Import& import, ObjectHandle parentItem)
+BuiltMaster BlackClipFor(ImportState& state, ObjectHandle parentItem)
 {
-    if (!import.generators.blackVideo)
-        MakeClipProjectItem(import, {}, BlackMaster(import), parentItem)
+    if (!state.generators.blackVideo)
+        MakeClipProjectItem(state, {}, BlackMaster(state), parentItem)
             .SetPropertyShared("Name", kBlackVideo);
-    return import.generators.blackVideo;
+    return state.generators.blackVideo;
 }
 
 ObjectHandle MakeSlugVideo(Document& document, BuiltMaster black, const FrameFormat& frame,
@@ -54,15 +54,15 @@ ObjectHandle MakeSlugAudio(Document& document, bool isHandoff)
     return group.group;
 }
 
-ObjectHandle MakeSlugSequence(Import& import, BuiltMaster black, const FrameFormat& frame,
+ObjectHandle MakeSlugSequence(ImportState& state, BuiltMaster black, const FrameFormat& frame,
                               Ticks frameTicks)
 {
-    Document& document = import.document;
+    Document& document = state.document;
     const ObjectHandle sequence = document.NewObject("Sequence");
     sequence.SetPropertyShared("Name", kBlackVideo);
-    import.sequences.Begin(sequence);
+    state.sequences.Begin(sequence);
     sequence.AddChild("TrackGroup", MakeSlugVideo(document, black, frame, frameTicks));
-    sequence.AddChild("TrackGroup", MakeSlugAudio(document, import.options.sn2vlMode));
+    sequence.AddChild("TrackGroup", MakeSlugAudio(document, state.options.sn2vlMode));
     sequence.AddChild("Markers", document.NewObject("Markers"));
     sequence.AddChild("DVDMarkers", document.NewObject("DVDMarkers"));
     PresetFromFormat(frameTicks, frame, sequence);
@@ -71,18 +71,18 @@ ObjectHandle MakeSlugSequence(Import& import, BuiltMaster black, const FrameForm
 
 } // namespace
 
-void TranslateSlug(Import& import, const ClipItem& element, const FileUse& use,
+void TranslateSlug(ImportState& state, const ClipItem& element, const FileUse& use,
                    ObjectHandle parentItem)
 {
-    const std::string_view fileId = import.files.IdOf(use.file);
+    const std::string_view fileId = state.files.IdOf(use.file);
     if (fileId.empty())
         return;
-    Document& document = import.document;
-    const BuiltMaster black = BlackClipFor(import, parentItem);
+    Document& document = state.document;
+    const BuiltMaster black = BlackClipFor(state, parentItem);
     const Ticks stated = TicksOfRate(element.GetChild("rate"));
     const Ticks frameTicks = stated != 0 ? stated : kNtscFrameTicks;
     const FrameFormat frame = FrameOfFile(use.element, use.file, use.characteristics);
-    const ObjectHandle sequence = MakeSlugSequence(import, black, frame, frameTicks);
+    const ObjectHandle sequence = MakeSlugSequence(state, black, frame, frameTicks);
 
     MediaSources sources;
     sources.video.push_back(
@@ -91,25 +91,23 @@ void TranslateSlug(Import& import, const ClipItem& element, const FileUse& use,
                                                      kSampleTicks48k, kSlugDuration));
     AudioKind audio = AudioKindOfFile(use.file);
     audio.kind = std::max<int>(audio.kind, kMono);
-    const BuiltMaster master =
-        BuildMasterClip(import, import.files, element,
-                        {.sources = sources, .audio = SplitStereo(import.options, audio, false)});
-    if (RegisterMaster(import.masters.registry,
+    const BuiltMaster master = BuildMasterClip(
+        state, element, {.sources = sources, .audio = SplitStereo(state.options, audio, false)});
+    if (RegisterMaster(state.masters.registry,
                        {.masterClipId = element.GetProperty("masterclipid"),
                         .mediaId = fileId,
                         .hasAudio = true},
                        master))
-        MakeClipProjectItem(import, element, master, parentItem);
+        MakeClipProjectItem(state, element, master, parentItem);
 }
 
-BuiltMaster BlackMaster(Import& import)
+BuiltMaster BlackMaster(ImportState& state)
 {
-    BuiltMaster& black = import.generators.blackVideo;
+    BuiltMaster& black = state.generators.blackVideo;
     if (!black) {
         const MediaSources sources =
-            MakeSyntheticSources(import.document, MediaKind::BlackVideo, 0, {});
-        black =
-            BuildMasterClip(import, import.files, {}, {.sources = sources, .name = kBlackVideo});
+            MakeSyntheticSources(state.document, MediaKind::BlackVideo, 0, {});
+        black = BuildMasterClip(state, {}, {.sources = sources, .name = kBlackVideo});
     }
     return black;
 }

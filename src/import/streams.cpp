@@ -198,15 +198,14 @@ Ticks FrameTicksOf(const FileCatalog& files, const FileUse& use)
 }
 
 // Duration and boundaries that video and audio of the file have in common.
-SourceFields RangeOf(const ImportState& state, const FileCatalog& files, const FileUse& use,
-                     Ticks frameTicks)
+SourceFields RangeOf(const ImportState& state, const FileUse& use, Ticks frameTicks)
 {
     const std::string_view stated = HasValue(use.file, "duration")
                                         ? use.file.GetProperty("duration")
                                         : use.element.GetProperty("duration");
     SourceFields range;
     range.duration = MultiplyTicks(std::max<std::int64_t>(ParseInt64(stated), 0), frameTicks);
-    const SubclipRange part = ReadSubclipInfo(files, use.element);
+    const SubclipRange part = ReadSubclipInfo(state.files, use.element);
     if (part.IsKnown()) {
         range.start = MultiplyTicks(part.start, frameTicks);
         range.end = MultiplyTicks(part.end, frameTicks);
@@ -236,9 +235,9 @@ void AddVideoStream(const ImportState& state, const FileUse& use, const FrameFor
 
 } // namespace
 
-MediaSources MakeFileSources(const ImportState& state, const FileCatalog& files, const FileUse& use)
+MediaSources MakeFileSources(const ImportState& state, const FileUse& use)
 {
-    const Ticks frameTicks = FrameTicksOf(files, use);
+    const Ticks frameTicks = FrameTicksOf(state.files, use);
     const FrameFormat frame = FrameOfFile(use.element, use.file, use.characteristics);
     if (use.file.IsBarsAndTone() || use.file.IsGraphic())
         return MakeSyntheticSources(
@@ -250,7 +249,7 @@ MediaSources MakeFileSources(const ImportState& state, const FileCatalog& files,
     const ConstHandle media = use.file.GetChild("media");
     if (frameTicks == 0 || !media)
         return sources;
-    SourceFields range = RangeOf(state, files, use, frameTicks);
+    SourceFields range = RangeOf(state, use, frameTicks);
     range.rate = frameTicks;
     if (media.HasChild("video"))
         AddVideoStream(state, use, frame, range, sources);

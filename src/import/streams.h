@@ -17,7 +17,6 @@ struct FileUse {
 };
 
 // Makes the Media and sources of a file; none without a rate or `media`. Not for layered images.
-MediaSources MakeFileSources(const ImportState& state, const FileCatalog& files,
-                             const FileUse& use);
+MediaSources MakeFileSources(const ImportState& state, const FileUse& use);
 
 } // namespace XPJ

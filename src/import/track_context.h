@@ -3,9 +3,9 @@
 
 #include "core/channel_types.h"
 #include "core/frame_format.h"
+#include "core/media_type.h"
 #include "core/ticks.h"
-#include "import/import.h"
-#include "import/item_issues.h"
+#include "import/import_state.h"
 #include "xmeml/cut_points.h"
 #include "xmeml/links.h"
 #include "xmeml/sequences.h"
@@ -15,7 +15,7 @@
 namespace XPJ {
 
 struct SequenceContext {
-    Import& import;
+    ImportState& state;
     ConstHandle sequence;       // the `sequence` element
     const SequenceItems& items; // of its tracks
     int number = 0;             // `ID` of the Sequence
@@ -38,17 +38,16 @@ struct TrackContext {
     int id = 1;
 };
 
+// An item by its track, which counts from 0, and the edge, in units of edges, at which it starts.
+struct ItemPosition {
+    MediaType type = MediaType::Video;
+    int trackIndex = 0;
+    Frames start = 0;
+};
+ItemLocation LocationOfItem(const SequenceTimecode& timecode, std::string_view name,
+                            const ItemPosition& position);
 // An item that starts at a frame of the sequence.
-inline ItemLocation LocationOfItem(const TrackContext& track, std::string_view name, Frames start)
-{
-    return LocationOfItem(track.sequence.timecode, name, {track.type, track.index, start});
-}
-
-inline void AddItemIssue(const TrackContext& track, ConstHandle item, Frames start,
-                         ImportIssue kind)
-{
-    AddItemIssue(track.sequence.import, LocationOfItem(track, item.GetProperty("name"), start),
-                 kind);
-}
+ItemLocation LocationOfItem(const TrackContext& track, std::string_view name, Frames start);
+void AddItemIssue(const TrackContext& track, ConstHandle item, Frames start, ImportIssue kind);
 
 } // namespace XPJ

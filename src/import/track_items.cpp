@@ -1,8 +1,8 @@
 #include "import/track_items.h"
 
 #include "core/numbers.h"
+#include "import/effects.h"
 #include "import/item_clips.h"
-#include "import/item_effects.h"
 #include "project/objects.h"
 #include "xmeml/flags.h"
 
@@ -15,20 +15,20 @@ namespace {
 
 // Nothing, with an issue, for an item that is not in the sequence. Audio starts inside its source;
 // the in point of a video is corrected later, with an issue.
-std::optional<PlacedTimes> PlacedTimesOf(const TrackContext& track, const ClipItem& item)
+std::optional<ItemTiming> TimingOf(const TrackContext& track, const ClipItem& item)
 {
-    PlacedTimes placed;
-    placed.rates = RatesOfItem(item, track.sequence.rates.edges);
+    ItemTiming timing;
+    timing.rates = RatesOfItem(item, track.sequence.rates.edges);
     if (item.GetName() == "generatoritem") {
-        const FileElement file = FileOfItem(track.sequence.import.files, item);
-        placed.times = TimesOfGenerator(item, placed.rates, Int64Property(file, "duration"));
+        const FileElement file = FileOfItem(track.sequence.state.files, item);
+        timing.times = TimesOfGenerator(item, timing.rates, Int64Property(file, "duration"));
     } else {
-        placed.times = TimesOfClip(item, placed.rates);
+        timing.times = TimesOfClip(item, timing.rates);
     }
-    const ItemTimes& times = placed.times;
+    const ItemTimes& times = timing.times;
     const bool hasSource = track.type == MediaType::Video || times.out > times.in;
     if (times.start >= 0 && times.end >= 0 && hasSource)
-        return placed;
+        return timing;
     AddItemIssue(track, item, times.start, ImportIssue::InvalidStartEnd);
     return std::nullopt;
 }
@@ -39,7 +39,7 @@ ObjectHandle MakeItem(const TrackContext& track, Name className, ConstHandle ite
 {
     SequenceContext& sequence = track.sequence;
     const Ticks end = MultiplyTicks(times.end, sequence.rates.edges);
-    const ObjectHandle result = sequence.import.document.NewObject(className);
+    const ObjectHandle result = sequence.state.document.NewObject(className);
     result.SetPropertyShared("MediaType", MediaTypeText(track.type));
     result.SetProperty("TrackIndex", IntToString(track.index));
     result.SetPropertyShared("IsMuted", BoolText(!IsEnabled(item)));
@@ -51,7 +51,7 @@ ObjectHandle MakeItem(const TrackContext& track, Name className, ConstHandle ite
 
 ObjectHandle Skip(const TrackContext& track, ConstHandle item, Frames start)
 {
-    AddSkipped(track.sequence.import, LocationOfItem(track, item.GetProperty("name"), start));
+    AddSkipped(track.sequence.state, LocationOfItem(track, item.GetProperty("name"), start));
     return {};
 }
 
@@ -68,14 +68,14 @@ int ItemChannelType(const ImportOptions& options, ConstHandle item, int trackTyp
 
 ObjectHandle TranslateVideoItem(const TrackContext& track, const ClipItem& item)
 {
-    const std::optional<PlacedTimes> placed = PlacedTimesOf(track, item);
-    if (!placed)
+    const std::optional<ItemTiming> timing = TimingOf(track, item);
+    if (!timing)
         return {};
-    const Frames start = placed->times.start;
-    const ObjectHandle subClip = MakeVideoSubClip(track, item, *placed);
+    const Frames start = timing->times.start;
+    const ObjectHandle subClip = MakeVideoSubClip(track, item, *timing);
     if (!subClip)
         return Skip(track, item, start);
-    const ObjectHandle result = MakeItem(track, "VideoClipTrackItem", item, placed->times);
+    const ObjectHandle result = MakeItem(track, "VideoClipTrackItem", item, timing->times);
     result.SetProperty("FrameRect", track.sequence.frame.rect);
     result.SetProperty("PixelAspectRatio", track.sequence.frame.par);
     result.AddChild("SubClip", subClip);
@@ -85,15 +85,15 @@ ObjectHandle TranslateVideoItem(const TrackContext& track, const ClipItem& item)
 
 ObjectHandle TranslateAudioItem(const TrackContext& track, const ClipItem& item, int trackType)
 {
-    const std::optional<PlacedTimes> placed = PlacedTimesOf(track, item);
-    if (!placed)
+    const std::optional<ItemTiming> timing = TimingOf(track, item);
+    if (!timing)
         return {};
-    const Frames start = placed->times.start;
-    const int type = ItemChannelType(track.sequence.import.options, item, trackType);
-    const ObjectHandle subClip = MakeAudioSubClip(track, item, type, *placed);
+    const Frames start = timing->times.start;
+    const int type = ItemChannelType(track.sequence.state.options, item, trackType);
+    const ObjectHandle subClip = MakeAudioSubClip(track, item, type, *timing);
     if (!subClip)
         return Skip(track, item, start);
-    const ObjectHandle result = MakeItem(track, "AudioClipTrackItem", item, placed->times);
+    const ObjectHandle result = MakeItem(track, "AudioClipTrackItem", item, timing->times);
     result.SetProperty("ID", NewGuidText());
     result.AddChild("SubClip", subClip);
     AddItemAudioEffects(track, item, start, {.itemType = type, .trackType = trackType}, result);

@@ -4,7 +4,6 @@
 #include "core/numbers.h"
 #include "core/video_formats.h"
 #include "effects/audio_fader.h"
-#include "import/audio_tracks.h"
 #include "import/track_items.h"
 #include "import/transitions.h"
 #include "platform/platform.h"
@@ -25,6 +24,13 @@ namespace {
 
 constexpr int kFirstVideoId = 1;
 constexpr int kFirstAudioId = 2;
+
+ObjectHandle MakeFader(Document& document, int channelType, int groupChannels, Ticks sampleTicks)
+{
+    const int channels = channelType == kAdaptiveType ? groupChannels : ChannelCountOf(channelType);
+    return MakeFaderChain(
+        document, {.channelType = channelType, .channels = channels, .sampleTicks = sampleTicks});
+}
 
 int NamedType(std::string_view name)
 {
@@ -52,10 +58,10 @@ int HandoffType(const FileCatalog& files, ConstHandle track)
 }
 
 // ChannelType of an audio `track`.
-int TrackChannelType(const Import& import, ConstHandle track)
+int TrackChannelType(const ImportState& state, ConstHandle track)
 {
-    if (import.options.sn2vlMode)
-        return HandoffType(import.files, track);
+    if (state.options.sn2vlMode)
+        return HandoffType(state.files, track);
     const std::string_view name = track.GetProperty("velaTrackType");
     const bool isCancelled = name == "Mono" && IntProperty(track, "totalExplodedTrackCount") == 1;
     if (!name.empty() && !isCancelled)
@@ -91,8 +97,8 @@ private:
 
 EffectContext ContextOfLevel(const SequenceContext& sequence, const ItemLocation& location)
 {
-    return {.document = sequence.import.document,
-            .issues = sequence.import.issues,
+    return {.document = sequence.state.document,
+            .issues = sequence.state.issues,
             .location = location,
             .frameTicks = sequence.rates.edges,
             .sampleTicks = sequence.rates.audio};
@@ -136,7 +142,7 @@ void TranslateItems(const TrackContext& context, ConstHandle track,
                                              .type = context.type,
                                              .track = context.number,
                                              .position = item.position});
-        sequence.import.links.Add(sequence.links, item, {key, trackItem});
+        sequence.state.links.Add(sequence.links, item, {key, trackItem});
     }
     TranslateTransitions(context, track, result);
 }
@@ -144,7 +150,7 @@ void TranslateItems(const TrackContext& context, ConstHandle track,
 ObjectHandle TranslateVideoTrack(const TrackContext& context, ConstHandle track)
 {
     const SequenceContext& sequence = context.sequence;
-    const ObjectHandle result = MakeVideoTrack(sequence.import.document, context.index, context.id);
+    const ObjectHandle result = MakeVideoTrack(sequence.state.document, context.index, context.id);
     CopyTrackProperties(track, result);
     TranslateItems(context, track,
                    sequence.items.video[static_cast<std::size_t>(context.number) - 1], result,
@@ -155,17 +161,17 @@ ObjectHandle TranslateVideoTrack(const TrackContext& context, ConstHandle track)
 ObjectHandle TranslateAudioTrack(const TrackContext& context, ConstHandle track)
 {
     const SequenceContext& sequence = context.sequence;
-    const Import& import = sequence.import;
-    const int type = TrackChannelType(import, track);
+    const ImportState& state = sequence.state;
+    const int type = TrackChannelType(state, track);
     const ObjectHandle result = MakeTrackWithFader(
-        import.document, {.index = context.index,
-                          .id = context.id,
-                          .panner = {.trackType = type,
-                                     .groupType = sequence.groupType,
-                                     .groupChannels = sequence.groupChannels,
-                                     .sampleTicks = sequence.rates.audio,
-                                     .outputChannel = IntProperty(track, "outputchannelindex", -1),
-                                     .handoff = import.options.sn2vlMode}});
+        state.document, {.index = context.index,
+                         .id = context.id,
+                         .panner = {.trackType = type,
+                                    .groupType = sequence.groupType,
+                                    .groupChannels = sequence.groupChannels,
+                                    .sampleTicks = sequence.rates.audio,
+                                    .outputChannel = IntProperty(track, "outputchannelindex", -1),
+                                    .handoff = state.options.sn2vlMode}});
     CopyTrackProperties(track, result);
     ApplyTrackLevel(context, track, result);
     TranslateItems(context, track,
@@ -176,9 +182,23 @@ ObjectHandle TranslateAudioTrack(const TrackContext& context, ConstHandle track)
 
 } // namespace
 
+ObjectHandle MakeTrackWithFader(Document& document, AudioTrackFields fields)
+{
+    const PannerFields& panner = fields.panner;
+    fields.fader = MakeFader(document, panner.trackType, panner.groupChannels, panner.sampleTicks);
+    return MakeAudioTrack(document, fields);
+}
+
+void AddMasterWithFader(Document& document, const AudioGroup& group, int trackCount, int groupType,
+                        Ticks sampleTicks)
+{
+    const ObjectHandle fader = MakeFader(document, groupType, group.channels, sampleTicks);
+    AddMasterTrack(document, group, {trackCount, groupType, sampleTicks, fader});
+}
+
 ObjectHandle TranslateVideoTracks(SequenceContext& context, ConstHandle video)
 {
-    Document& document = context.import.document;
+    Document& document = context.state.document;
     const ObjectHandle group =
         MakeVideoGroup(document, context.rates.video, context.frame.rect, context.frame.par);
     if (const ConstHandle characteristics = CharacteristicsOf(context.sequence))
@@ -200,7 +220,7 @@ ObjectHandle TranslateVideoTracks(SequenceContext& context, ConstHandle video)
 
 ObjectHandle TranslateAudioTracks(SequenceContext& context, ConstHandle audio, int outputs)
 {
-    Document& document = context.import.document;
+    Document& document = context.state.document;
     const Ticks sampleTicks = context.rates.audio;
     context.groupChannels = context.groupType == kAdaptiveType
                                 ? std::min(outputs, kMaxTrackChannels)
@@ -212,7 +232,7 @@ ObjectHandle TranslateAudioTracks(SequenceContext& context, ConstHandle audio, i
         track.number = range.number;
         track.lastNumber = range.lastNumber;
         const ObjectHandle result = TranslateAudioTrack(track, range.track);
-        if (context.import.options.sn2vlMode)
+        if (context.state.options.sn2vlMode)
             result.SetProperty("MZ.TrackName", names.Take(range.track.GetProperty("name")));
         AddAudioTrack(group, result);
         ++track.index;

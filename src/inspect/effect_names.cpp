@@ -119,7 +119,7 @@ bool IsNeutral(const Effect& effect)
            std::ranges::all_of(effect.parameters, isNeutral);
 }
 
-std::string PlainForm(std::string_view value)
+std::string PlainText(std::string_view value)
 {
     const std::string text = UnescapeXML(Trimmed(value));
     if (text.size() > kLongestValue)

@@ -19,8 +19,8 @@ std::string TransitionNameOfMatch(std::string_view matchName, std::string_view d
 
 // Numbers, also those between ":", as short as they can be; other texts without entities and blanks
 // at their ends. A long text, such as a look, becomes its length and checksum.
-//   PlainForm("100.") == "100", PlainForm("0.50:.5") == "0.5:0.5"
-std::string PlainForm(std::string_view value);
+//   PlainText("100.") == "100", PlainText("0.50:.5") == "0.5:0.5"
+std::string PlainText(std::string_view value);
 
 // True for what changes nothing: a level of 0 dB, a pan in the middle, a full opacity. Some editors
 // write such effects for clips that nobody touched, others do not.

@@ -16,10 +16,10 @@ Parameter ReadParameter(ConstHandle param)
 {
     const std::string_view name = param.GetProperty("Name");
     const std::string_view blob = param.GetProperty("StartKeyframeValue");
-    Parameter parameter{PlainForm(name.empty() ? param.GetProperty("ParameterID") : name),
-                        PlainForm(blob.empty() ? StartText(param) : blob)};
+    Parameter parameter{PlainText(name.empty() ? param.GetProperty("ParameterID") : name),
+                        PlainText(blob.empty() ? StartText(param) : blob)};
     for (const KeyframeRecord& record : ParseKeyframes(param.GetProperty("Keyframes")))
-        parameter.keyframes.push_back({record.time, PlainForm(record.value)});
+        parameter.keyframes.push_back({record.time, PlainText(record.value)});
     return parameter;
 }
 
@@ -81,7 +81,7 @@ Transition ReadProjectTransition(ConstHandle transition)
     for (const Name& key : {Name("Direction"), Name("Reverse"), Name("BorderColor"),
                             Name("BorderWidth"), Name("StartPercent"), Name("EndPercent")})
         if (const std::string_view value = transition.GetProperty(key); !value.empty())
-            result.parameters.push_back({std::string(key.View()), PlainForm(value)});
+            result.parameters.push_back({std::string(key.View()), PlainText(value)});
     return result;
 }
 

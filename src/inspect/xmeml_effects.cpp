@@ -23,7 +23,7 @@ std::string ValueText(ConstHandle node)
          {Name("horiz"), Name("vert"), Name("red"), Name("green"), Name("blue"), Name("alpha")})
         if (const std::string_view part = node.GetChild("value").GetProperty(key); !part.empty())
             parts.append(parts.empty() ? "" : ":").append(part);
-    return PlainForm(parts.empty() ? PlainValue(node) : std::string_view(parts));
+    return PlainText(parts.empty() ? PlainValue(node) : std::string_view(parts));
 }
 
 std::vector<Parameter> ReadParameters(ConstHandle effect, Ticks frameTicks)
@@ -31,7 +31,7 @@ std::vector<Parameter> ReadParameters(ConstHandle effect, Ticks frameTicks)
     std::vector<Parameter> parameters;
     for (const ConstHandle& node : effect.GetChildren("parameter")) {
         const std::string_view id = node.GetProperty("parameterid");
-        Parameter parameter{PlainForm(id.empty() ? node.GetProperty("name") : id), ValueText(node)};
+        Parameter parameter{PlainText(id.empty() ? node.GetProperty("name") : id), ValueText(node)};
         for (const ConstHandle& keyframe : node.GetChildren("keyframe"))
             parameter.keyframes.push_back(
                 {MultiplyTicks(Int64Property(keyframe, "when"), frameTicks), ValueText(keyframe)});
@@ -99,7 +99,7 @@ Transition ReadXmemlTransition(ConstHandle transitionItem, Ticks frameTicks)
     return {.name = TransitionNameOfId(effect.GetProperty("effectid"), effect.GetProperty("name")),
             .start = MultiplyTicks(Int64Property(transitionItem, "start"), frameTicks),
             .end = MultiplyTicks(Int64Property(transitionItem, "end"), frameTicks),
-            .alignment = alignment.empty() ? "center" : PlainForm(alignment),
+            .alignment = alignment.empty() ? "center" : PlainText(alignment),
             .parameters = ReadParameters(effect, frameTicks)};
 }
 

@@ -286,7 +286,7 @@ private:
                   .frameBlending = speed.frameBlending,
                   .speedKeyframes = ReadXmemlSpeedKeyframes(node, rates.item),
                   .enabled = !EqualsIgnoreCase(node.GetProperty("enabled"), "FALSE"),
-                  .compositeMode = PlainForm(node.GetProperty("compositemode")),
+                  .compositeMode = PlainText(node.GetProperty("compositemode")),
                   .label = LabelOf(node),
                   .sourceFormat = FormatOf(rates.item, file.GetChild("timecode"))};
         SetRange(clipItem, type, times, rates, item);

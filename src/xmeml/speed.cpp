@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "xmeml/flags.h"
+#include "xmeml/parameter_values.h"
 
 #include <cmath>
 #include <string_view>
@@ -24,16 +25,9 @@ ConstHandle TimeRemapOf(ConstHandle item)
     return {};
 }
 
-// What `value` holds, a child or a property, without blanks at its ends.
-std::string_view ValueOf(ConstHandle node)
-{
-    const std::string_view text = Trimmed(node.GetChild("value").GetProperty("value"));
-    return text.empty() ? Trimmed(node.GetProperty("value")) : text;
-}
-
 bool IsSwitchedOn(ConstHandle parameter)
 {
-    return EqualsIgnoreCase(ValueOf(parameter), "true");
+    return EqualsIgnoreCase(PlainValue(parameter), "true");
 }
 
 // The slope of a graph at the keyframe where its clip ends; 1 without one.
@@ -43,7 +37,7 @@ double GraphSpeed(ConstHandle graph)
     for (const ConstHandle& keyframe : graph.GetChildren("keyframe")) {
         const double when = DoubleProperty(keyframe, "when");
         if (IsTrue(keyframe, "speedkfout") && when != 0.0)
-            speed = ParseDouble(ValueOf(keyframe)) / when;
+            speed = ParseDouble(PlainValue(keyframe)) / when;
     }
     return speed;
 }
@@ -57,7 +51,7 @@ ItemSpeed SpeedOfItem(ConstHandle item)
     for (const ConstHandle& parameter : TimeRemapOf(item).GetChildren("parameter")) {
         const std::string_view id = parameter.GetProperty("parameterid");
         if (id == "speed")
-            result.speed = ParseDouble(ValueOf(parameter)) / kPercent;
+            result.speed = ParseDouble(PlainValue(parameter)) / kPercent;
         else if (id == "reverse")
             result.playBackwards = IsSwitchedOn(parameter);
         else if (id == "frameblending")

@@ -1,4 +1,4 @@
-// The effect chains of track items.
+// The effects of track items and of masters.
 #pragma once
 
 #include "import/track_context.h"
@@ -18,5 +18,9 @@ struct ItemChannels {
 // Gives an AudioClipTrackItem the chain of its item and, if it is panned, its panner.
 void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames start,
                          const ItemChannels& channels, ObjectHandle trackItem);
+
+// Adds the filters of a browser `clip` and of its `file` to a new master.
+void AddMasterEffects(ImportState& state, ConstHandle element, FileElement file,
+                      BuiltMaster master);
 
 } // namespace XPJ

@@ -1,15 +1,62 @@
-#include "import/master_builder.h"
+#include "import/masters.h"
 
 #include "core/numbers.h"
+#include "import/effects.h"
 #include "import/logging.h"
 #include "import/markers.h"
 #include "project/channel_groups.h"
 #include "project/clips.h"
 #include "project/objects.h"
+#include "xmeml/file_audio.h"
+
+#include <algorithm>
 
 namespace XPJ {
 
 namespace {
+
+// ---- Which master an element means
+
+BuiltMaster FindFile(const ImportState& state, const MediaQuery& query, ConstHandle item)
+{
+    if (const FileElement file = FileOfItem(state.files, item))
+        return FindMedia(state.masters.registry, query, state.files.IdOf(file));
+    return {};
+}
+
+BuiltMaster FindReferenced(const ImportState& state, const MediaQuery& query, ConstHandle item)
+{
+    const ConstHandle nested = item.GetChild("sequence");
+    if (const BuiltMaster master = state.sequences.MasterOf(state.sequences.IdOf(nested)))
+        return master;
+    const std::string_view fileId = item.GetProperty("fileid");
+    if (const BuiltMaster master = FindMedia(state.masters.registry, query, fileId))
+        return master;
+    return state.sequences.MasterOf(item.GetProperty("sequenceid"));
+}
+
+BuiltMaster FindInMedia(const ImportState& state, const MediaQuery& query, ConstHandle item)
+{
+    for (const FileElement& file : FilesOfMedia(state.files, item.GetChild("media")))
+        if (const BuiltMaster master =
+                FindMedia(state.masters.registry, query, state.files.IdOf(file)))
+            return master;
+    return {};
+}
+
+BuiltMaster FindSelf(const ImportState& state, const MediaQuery& query, ConstHandle item)
+{
+    const std::string_view id = item.GetProperty("id");
+    if (const BuiltMaster master =
+            state.masters.registry.Find({query.masterClipId, id, 0, query.type}))
+        return master;
+    return state.sequences.MasterOf(id);
+}
+
+using Search = BuiltMaster (*)(const ImportState&, const MediaQuery&, ConstHandle);
+constexpr Search kSearches[] = {FindFile, FindReferenced, FindInMedia, FindSelf};
+
+// ---- A new master
 
 // Video without a frame length of its own counts in that of the element.
 Ticks PointTicksOf(ConstHandle element, ObjectHandle clip)
@@ -116,8 +163,42 @@ void AddVideoMarkers(Document& document, ConstHandle element, bool hasAudio, Bui
 
 } // namespace
 
-BuiltMaster BuildMasterClip(const ImportState& state, const FileCatalog& files,
-                            const ClipItem& element, const MasterFields& fields)
+BuiltMaster FindMedia(const MasterRegistry& registry, const MediaQuery& query,
+                      std::string_view mediaId)
+{
+    for (const int index : {query.sourceTrack, query.trackIndex, 0})
+        if (index >= 0)
+            if (const BuiltMaster master =
+                    registry.Find({query.masterClipId, mediaId, index, query.type}))
+                return master;
+    return registry.Find({{}, mediaId, 0, query.type});
+}
+
+int SourceTrackOf(ConstHandle item)
+{
+    return std::max(IntProperty(item.GetChild("sourcetrack"), "trackindex"), 0) - 1;
+}
+
+BuiltMaster MasterForItem(const ImportState& state, ConstHandle item, MediaType type,
+                          int trackIndex)
+{
+    if (const ConstHandle multiclip = FindMulticlip(item)) {
+        if (!IsCollapsed(multiclip))
+            return state.masters.OfMulticlip(multiclip.GetProperty("id"));
+        item = state.angles.Of(multiclip).clip;
+    }
+    const MediaQuery query{.masterClipId = item.GetProperty("masterclipid"),
+                           .type = type,
+                           .sourceTrack = SourceTrackOf(item),
+                           .trackIndex = trackIndex};
+    for (const Search search : kSearches)
+        if (const BuiltMaster master = search(state, query, item))
+            return master.FirstClip(type) ? master : BuiltMaster();
+    return {};
+}
+
+BuiltMaster BuildMasterClip(const ImportState& state, const ClipItem& element,
+                            const MasterFields& fields)
 {
     Document& document = state.document;
     const BuiltMaster master(document.NewObject("MasterClip"));
@@ -128,7 +209,7 @@ BuiltMaster BuildMasterClip(const ImportState& state, const FileCatalog& files,
     const bool hasAudio = AddAudio(document, element, fields, master);
     AddVideoMarkers(document, element, hasAudio, master);
 
-    master.AddChild("LoggingInfo", element ? MakeLoggingInfo(document, files, element)
+    master.AddChild("LoggingInfo", element ? MakeLoggingInfo(document, state.files, element)
                                            : MakeDefaultLoggingInfo(document));
     if (!fields.sources.video.empty()) {
         const ObjectHandle chain = document.NewObject("VideoComponentChain");
@@ -143,6 +224,34 @@ AudioKind SplitStereo(const ImportOptions& options, AudioKind audio, bool explod
     if (audio.kind == kStereo && !options.sn2vlMode && !exploded)
         audio.kind = kStereoPair;
     return audio;
+}
+
+FileMaster BuildFileMaster(ImportState& state, const ClipItem& element, const FileUse& use,
+                           bool exploded)
+{
+    FileMaster result;
+    result.sources = MakeFileSources(state, use);
+    if (result.sources.IsEmpty())
+        return result;
+    const AudioKind audio = SplitStereo(state.options, AudioKindOfFile(use.file), exploded);
+    const BuiltMaster built =
+        BuildMasterClip(state, element, {.sources = result.sources, .audio = audio});
+    MasterRegistry& registry = state.masters.registry;
+    const std::string_view masterClipId = element.GetProperty("masterclipid");
+    const std::string_view fileId = state.files.IdOf(use.file);
+    const bool hasVideo = !result.sources.video.empty();
+    RegisterMaster(registry,
+                   {.masterClipId = masterClipId,
+                    .mediaId = fileId,
+                    .hasVideo = hasVideo,
+                    .hasAudio = !result.sources.audio.empty()},
+                   built);
+    result.master =
+        registry.Find({masterClipId, fileId, 0, hasVideo ? MediaType::Video : MediaType::Audio});
+    result.isNew = result.master == built;
+    if (result.isNew)
+        AddMasterEffects(state, element, use.file, built);
+    return result;
 }
 
 } // namespace XPJ

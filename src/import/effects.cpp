@@ -1,8 +1,14 @@
-#include "import/effect_contexts.h"
+#include "import/effects.h"
 
 #include "core/frame_rate.h"
+#include "core/numbers.h"
+#include "effects/audio_chain.h"
+#include "effects/audio_pan.h"
+#include "effects/graphic_title.h"
 #include "effects/video_chain.h"
 #include "project/media.h"
+#include "project/panners.h"
+#include "xmeml/file_audio.h"
 #include "xmeml/formats.h"
 
 #include <algorithm>
@@ -10,6 +16,8 @@
 namespace XPJ {
 
 namespace {
+
+// ---- What the translators of effects need to know of an item
 
 // Ticks a frame of the owner of a filter, else of the video of its master; 0 if neither states a
 // rate. Video that fits any frame counts in frames of `anyFrameTicks`.
@@ -60,12 +68,12 @@ FrameSize FrameOfMaster(BuiltMaster master, const FrameSize& unknown)
 void SetFrames(const TrackContext& track, ConstHandle item, BuiltMaster master,
                EffectContext& context)
 {
-    Import& import = track.sequence.import;
+    ImportState& state = track.sequence.state;
     const FrameFormat& frame = track.sequence.frame;
     context.sequenceFrame = ParseFrameSize(frame.rect, frame.par);
     const FrameSize unknown{.pixelAspect = context.sequenceFrame.pixelAspect};
-    const FileElement file = FileOfItem(import.files, item);
-    const FileFormat format = file ? import.fileFormats.Of(file) : FileFormat();
+    const FileElement file = FileOfItem(state.files, item);
+    const FileFormat format = file ? state.fileFormats.Of(file) : FileFormat();
     if (const ObjectHandle sequence = master.Sequence())
         context.clipFrame = FrameOfGroup(sequence, unknown);
     else if (file)
@@ -77,37 +85,97 @@ void SetFrames(const TrackContext& track, ConstHandle item, BuiltMaster master,
 }
 
 // Ticks a sample of the audio of an item.
-Ticks SampleTicksOf(Import& import, ConstHandle item)
+Ticks SampleTicksOf(ImportState& state, ConstHandle item)
 {
-    const FileElement file = FileOfItem(import.files, item);
+    const FileElement file = FileOfItem(state.files, item);
     const std::int64_t samples =
-        file ? Int64Property(import.fileFormats.Of(file).audio, "samplerate") : 0;
+        file ? Int64Property(state.fileFormats.Of(file).audio, "samplerate") : 0;
     return samples > 0 ? std::max<Ticks>(kTicksPerSecond / samples, 1) : kSampleTicks48k;
 }
 
-} // namespace
-
+// For an item on a track of either type that starts at a frame of its sequence. `master` is the
+// MasterClip that it shows. `frameTicks` is 0 for video whose rate is stated nowhere; audio then
+// counts in the sequence's frames.
 EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item, BuiltMaster master,
                             Frames start)
 {
     const SequenceContext& sequence = track.sequence;
-    Import& import = sequence.import;
-    EffectContext context{.document = import.document,
-                          .issues = import.issues,
+    ImportState& state = sequence.state;
+    EffectContext context{.document = state.document,
+                          .issues = state.issues,
                           .location = LocationOfItem(track, item.GetProperty("name"), start)};
     context.frameTicks = FilterTicks(item, master, sequence.rates.video);
-    context.lookFiles = &import.lookFiles;
+    context.lookFiles = &state.lookFiles;
     if (track.type == MediaType::Video) {
         SetFrames(track, item, master, context);
     } else {
         if (context.frameTicks == 0)
             context.frameTicks = sequence.rates.edges;
-        context.sampleTicks = SampleTicksOf(import, item);
+        context.sampleTicks = SampleTicksOf(state, item);
     }
     return context;
 }
 
-void AddMasterEffects(Import& import, ConstHandle element, FileElement file, BuiltMaster master)
+// ---- Video
+
+// The effect that a track item of `master` has for its title, new in the project's document; null
+// for what is no graphic title.
+ObjectHandle TitleOfItem(const ImportState& state, ConstHandle item, const FrameSize& frame,
+                         ConstHandle master)
+{
+    const TitleCatalog& titles = state.titles;
+    if (item.GetName() != "generatoritem" || titles.IsTitled(master) || !titles.IsGraphic(item))
+        return {};
+    return MakeGraphicEffect(state.document, titles.SourceOf(item), frame);
+}
+
+// ---- Audio
+
+ItemAudio AudioOfItem(const FileCatalog& files, ConstHandle item, int channelType)
+{
+    const FileElement file = FileOfItem(files, item);
+    const int kind = file ? AudioKindOfFile(file).kind : kUnknownChannels;
+    return {.channelType = channelType,
+            .delayFrames = Int64Property(item, "mediadelay"),
+            .stereoSource = kind == kStereo || kind == kStereoPair};
+}
+
+// A mono item is panned between the channels of a stereo track, unless the track is assigned to
+// outputs itself.
+bool CanPan(const SequenceContext& sequence, const ItemChannels& channels)
+{
+    return channels.itemType == kMonoType && channels.trackType == kStereoType &&
+           sequence.groupType != kAdaptiveType;
+}
+
+} // namespace
+
+ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item, Frames start,
+                                ObjectHandle subClip)
+{
+    const ImportState& state = track.sequence.state;
+    const BuiltMaster master(subClip.GetChild("MasterClip"));
+    const EffectContext context = ContextOfItem(track, item, master, start);
+    const ObjectHandle title = TitleOfItem(state, item, context.sequenceFrame, master);
+    return BuildSequenceChain(context, item, subClip, IntToString(track.sequence.number), title);
+}
+
+void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames start,
+                         const ItemChannels& channels, ObjectHandle trackItem)
+{
+    const SequenceContext& sequence = track.sequence;
+    Document& document = sequence.state.document;
+    const BuiltMaster master(FindPath(trackItem, {"SubClip", "MasterClip"}));
+    const EffectContext effects = ContextOfItem(track, item, master, start);
+    const ItemAudio audio = AudioOfItem(sequence.state.files, item, channels.itemType);
+    const ConstHandle source = item;
+    trackItem.AddChild("Components", BuildAudioChain(effects, audio, source));
+    if (CanPan(sequence, channels))
+        trackItem.AddChild("Panner", MakeItemPanner(document, TranslatePan(effects, audio, source),
+                                                    sequence.rates.audio));
+}
+
+void AddMasterEffects(ImportState& state, ConstHandle element, FileElement file, BuiltMaster master)
 {
     const ObjectHandle chain = master.GetChild("VideoComponentChain");
     if (!chain)
@@ -118,11 +186,11 @@ void AddMasterEffects(Import& import, ConstHandle element, FileElement file, Bui
     const ConstHandle ownFile = file;
     for (const ConstHandle& owner : {clip, ownFile}) {
         const Ticks frameTicks = FilterTicks(owner, master, kNtscFrameTicks);
-        const EffectContext context{.document = import.document,
-                                    .issues = import.issues,
+        const EffectContext context{.document = state.document,
+                                    .issues = state.issues,
                                     .location = location,
                                     .frameTicks = frameTicks,
-                                    .lookFiles = &import.lookFiles};
+                                    .lookFiles = &state.lookFiles};
         AddMasterChainEffects(context, owner, chain);
     }
 }

@@ -1,16 +1,6 @@
-#include "import/item_issues.h"
+#include "import/import_state.h"
 
 namespace XPJ {
-
-ItemLocation LocationOfItem(const SequenceTimecode& timecode, std::string_view name,
-                            const ItemPosition& position)
-{
-    return {.sequence = timecode.name,
-            .clip = name,
-            .trackKind = position.type == MediaType::Video ? 1 : 2,
-            .trackIndex = position.trackIndex,
-            .time = timecode.TextOf(position.start)};
-}
 
 void AddItemIssue(const ImportState& state, const ItemLocation& location, ImportIssue kind,
                   std::string_view subject)
