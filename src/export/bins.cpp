@@ -85,7 +85,7 @@ ObjectHandle TranslateBin(Document& document, ConstHandle binItem, ObjectHandle 
 
 bool ShowsSequence(ConstHandle clipItem, const Guid& guid)
 {
-    const ConstHandle sequence = SequenceOfMaster(MasterOfItem(clipItem));
+    const ConstHandle sequence = MasterOfItem(clipItem).Sequence();
     return StringToGUID(ObjectGuid(sequence)) == guid;
 }
 

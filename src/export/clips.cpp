@@ -32,7 +32,7 @@ void WriteClipRange(TimeUnit unit, ConstHandle clip, Ticks frameTicks, ObjectHan
 // The frames of the master's range: of its clip, else of the sequence that it shows.
 Ticks RangeRate(MasterClip masterClip, ConstHandle sequence)
 {
-    const Ticks own = Int64Property(MainClip(masterClip), "FrameRate");
+    const Ticks own = Int64Property(masterClip.MainClip(), "FrameRate");
     return IsRate(own) ? own : FrameTicksOfSequence(sequence);
 }
 
@@ -51,7 +51,7 @@ void TranslateSequenceItem(ExportContext& context, Catalogs& catalogs, ConstHand
     const ObjectHandle result = TranslateSequence(context, catalogs, shown, postponed);
     result.SetProperty("name", EscapeXML(clipItem.GetProperty("Name")));
     WriteItemLabel(context.document, clipItem, result);
-    WriteClipRange(context.DocumentUnit(), MainClip(shown.masterClip),
+    WriteClipRange(context.DocumentUnit(), shown.masterClip.MainClip(),
                    RangeRate(shown.masterClip, shown.sequence), result);
     children.AddChild(result);
     while (!postponed.empty()) { // each of them may postpone others
@@ -74,9 +74,9 @@ std::string_view ClipName(MasterClip masterClip, ConstHandle clipItem)
 // The import leaves the markers of a clip to its audio, where it has audio.
 ConstHandle MarkedClip(MasterClip masterClip)
 {
-    const ConstHandle main = MainClip(masterClip);
+    const ConstHandle main = masterClip.MainClip();
     const ConstChildRange markers = MarkersOf(main);
-    return markers.begin() != markers.end() ? main : FirstAudioClip(masterClip);
+    return markers.begin() != markers.end() ? main : masterClip.AudioClip();
 }
 
 // What the video and the audio of the master state of the clip.
@@ -90,7 +90,7 @@ void WriteClipOptions(ExportContext& context, MasterClip masterClip, Ticks frame
                       .unit = context.DocumentUnit(),
                       .offset = std::max<Ticks>(Int64Property(marked, "InPoint"), 0)},
                      result);
-    WriteClipRange(context.DocumentUnit(), MainClip(masterClip), frameTicks, result);
+    WriteClipRange(context.DocumentUnit(), masterClip.MainClip(), frameTicks, result);
 }
 
 // The label of the browser item counts; the one of its video where that has none.
@@ -114,7 +114,7 @@ void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, ConstHandle 
         clip.SetPropertyShared("explodedTracks", "true");
     CopyProperty(masterClip, "uid", clip, "uuid");
     WriteComments(context.document, clipItem, clip);
-    const ConstHandle main = MainClip(masterClip);
+    const ConstHandle main = masterClip.MainClip();
     WriteLabels(context.document, clipItem, main, clip);
     if (const std::string_view name = ClipName(masterClip, clipItem); !name.empty())
         clip.SetProperty("name", EscapeXML(name));

@@ -23,7 +23,7 @@ public:
     explicit Candidates(const MasterCatalog& masters)
     {
         NodeSet seen;
-        for (const BuiltMaster& master : masters.registry.Entries())
+        for (const MasterClipHandle& master : masters.registry.Entries())
             if (const MergeComponent* const component = masters.ComponentOf(master);
                 component && seen.Insert(master))
                 Add(byMergeId_[component->mergeId], *component);
@@ -52,7 +52,7 @@ private:
     std::unordered_map<std::string_view, Group> byMergeId_;
 };
 
-void AddMergedItem(Document& document, BuiltMaster merged, ObjectHandle rootItem)
+void AddMergedItem(Document& document, MasterClipHandle merged, ObjectHandle rootItem)
 {
     const ObjectHandle item = document.NewObject("ClipProjectItem");
     AddUid(item);
@@ -118,8 +118,8 @@ void MergePass(ImportState& state, ObjectHandle rootItem)
     NodeSet replaced;
     for (const std::string_view mergeId : state.masters.MergeIds()) {
         const MergeComponents components = candidates.Of(mergeId);
-        const BuiltMaster merged =
-            components.size() < 2 ? BuiltMaster() : BuildMergedMaster(state, components);
+        const MasterClipHandle merged =
+            components.size() < 2 ? MasterClipHandle() : BuildMergedMaster(state, components);
         if (merged) {
             AddMergedItem(state.document, merged, rootItem);
             JoinSelection(components);

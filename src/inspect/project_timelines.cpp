@@ -120,8 +120,8 @@ private:
                     .label = UnescapeXML(LabelNameOf(item.GetProperty(kItemLabelKey)))};
         if (item.GetName() == "ClipProjectItem") {
             const MasterClip master = MasterOfItem(item);
-            const ConstHandle clip = MainClip(master);
-            const ConstHandle sequence = SequenceOfMaster(master);
+            const ConstHandle clip = master.MainClip();
+            const ConstHandle sequence = master.Sequence();
             entry.kind = sequence ? EntryKind::Sequence : EntryKind::Clip;
             if (sequence && !IsMergedSequence(sequence))
                 entry.sequence = sequences_.NumberOf(sequence);

@@ -16,14 +16,6 @@ bool HasAny(ConstHandle node, std::initializer_list<Name> keys)
                        [node](Name key) { return node.HasProperty(key); });
 }
 
-ConstHandle FirstClipOfClass(MasterClip masterClip, std::string_view className)
-{
-    for (const ConstHandle clip : ClipsOfMaster(masterClip))
-        if (clip.GetName() == className)
-            return clip;
-    return {};
-}
-
 } // namespace
 
 bool IsRate(Ticks frameTicks)
@@ -44,35 +36,6 @@ MasterClip MasterOfItem(ConstHandle clipItem)
 std::string_view ObjectGuid(ConstHandle object)
 {
     return object.GetProperty("uid");
-}
-
-ConstChildRange ClipsOfMaster(MasterClip masterClip)
-{
-    return masterClip.GetChildren("Clip");
-}
-
-ConstHandle FirstVideoClip(MasterClip masterClip)
-{
-    return FirstClipOfClass(masterClip, "VideoClip");
-}
-
-ConstHandle FirstAudioClip(MasterClip masterClip)
-{
-    return FirstClipOfClass(masterClip, "AudioClip");
-}
-
-ConstHandle MainClip(MasterClip masterClip)
-{
-    const ConstHandle video = FirstVideoClip(masterClip);
-    return video ? video : FirstAudioClip(masterClip);
-}
-
-ConstHandle SequenceOfMaster(MasterClip masterClip)
-{
-    for (const ConstHandle clip : ClipsOfMaster(masterClip))
-        if (const ConstHandle sequence = SequenceOfSource(SourceOfClip(clip)))
-            return sequence;
-    return {};
 }
 
 ConstHandle LoggingInfoOf(MasterClip masterClip)
@@ -102,7 +65,7 @@ ConstHandle AudioChainOfMaster(MasterClip masterClip)
 
 Media AudioMediaOfMaster(MasterClip masterClip)
 {
-    for (const ConstHandle clip : ClipsOfMaster(masterClip))
+    for (const ConstHandle clip : masterClip.Clips())
         if (IsAudioClip(clip))
             if (const Media media = MediaOfSource(SourceOfClip(clip)))
                 return media;

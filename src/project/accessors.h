@@ -1,5 +1,5 @@
-// Where things are in a project tree, whether it was read or has just been made. No other code of
-// the export and of the inspection knows where an object refers to which.
+// What the objects of a project refer to, whether it was read or has just been made. Export and
+// inspection follow references only through these functions.
 //
 // An object is one node: the fields and references of the parts of its bases are its own. Reference
 // children are entered under the tag of the reference, whatever their own class: the `Clip` of a
@@ -9,19 +9,14 @@
 
 #include "core/media_type.h"
 #include "core/ticks.h"
+#include "project/master_clip.h"
 #include "tree/object.h"
 
 #include <string_view>
 
 namespace XPJ {
 
-// ---- Nodes that many functions are given together, and that must not be mixed up
-
-// What the browser shows of media or of a sequence.
-struct MasterClip : ConstHandle {
-    MasterClip() = default;
-    explicit MasterClip(ConstHandle node) : ConstHandle(node) {}
-};
+// ---- Nodes that, like a MasterClip, many functions are given and must not mix up
 
 // A VideoClipTrackItem or an AudioClipTrackItem.
 struct TrackItem : ConstHandle {
@@ -48,16 +43,8 @@ MasterClip MasterOfItem(ConstHandle clipItem);
 // The GUID text by which a project refers to an object.
 std::string_view ObjectGuid(ConstHandle object);
 
-// ---- Master clips
+// ---- Master clips; see also project/master_clip.h
 
-// Each a VideoClip or an AudioClip.
-ConstChildRange ClipsOfMaster(MasterClip masterClip);
-ConstHandle FirstVideoClip(MasterClip masterClip);
-ConstHandle FirstAudioClip(MasterClip masterClip);
-// The first VideoClip, else the first AudioClip.
-ConstHandle MainClip(MasterClip masterClip);
-// The Sequence of the first clip that shows one; null for a master of media.
-ConstHandle SequenceOfMaster(MasterClip masterClip);
 ConstHandle LoggingInfoOf(MasterClip masterClip);
 // The ClipChannelVectorSerializers, each with `ChannelType`.
 ConstChildRange ChannelVectorsOf(MasterClip masterClip);
