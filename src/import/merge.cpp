@@ -59,7 +59,7 @@ void AddMergedItem(Document& document, MasterClipHandle merged, ObjectHandle roo
     item.SetPropertyShared("Name", merged.GetProperty("Name"));
     item.SetPropertyShared("Column.PropertyText.Label", kMergedLabel);
     item.AddChild("MasterClip", merged);
-    rootItem.AddChild("ProjectItem", item);
+    rootItem.AddChild("Item", item);
 }
 
 // The host selects the parts of a merged clip together.
@@ -84,7 +84,7 @@ void CleanBin(ObjectHandle bin, const NodeSet& replaced)
 {
     std::vector<ObjectHandle> kept;
     bool isClean = true;
-    for (const ObjectHandle& item : bin.GetChildren("ProjectItem"))
+    for (const ObjectHandle& item : bin.GetChildren("Item"))
         if (replaced.Contains(item.GetChild("MasterClip")))
             isClean = false;
         else
@@ -93,7 +93,7 @@ void CleanBin(ObjectHandle bin, const NodeSet& replaced)
         return;
     bin.ClearChildren();
     for (const ObjectHandle& item : kept)
-        bin.AddChild("ProjectItem", item);
+        bin.AddChild("Item", item);
 }
 
 // The project items of parts leave their bins when all is merged.
@@ -104,7 +104,7 @@ void RemoveFromBins(ObjectHandle rootItem, const NodeSet& replaced)
         const ObjectHandle bin = open.back();
         open.pop_back();
         CleanBin(bin, replaced);
-        for (const ObjectHandle& item : bin.GetChildren("ProjectItem"))
+        for (const ObjectHandle& item : bin.GetChildren("Item"))
             if (item.GetName() == "BinProjectItem")
                 open.push_back(item);
     }

@@ -57,7 +57,7 @@ ObjectHandle MakeClipProjectItem(const ImportState& state, ConstHandle element,
     CopyComments(element, item);
     CopyGoodFlag(element, item);
     CopyGoodFlag(element, master);
-    parentItem.AddChild("ProjectItem", item);
+    parentItem.AddChild("Item", item);
     return item;
 }
 

@@ -29,7 +29,7 @@ enum class RowKind : std::uint8_t {
 
     GuidReference,         // <Tag ObjectURef="G"/>; a missing child is an error
     OptionalGuidReference, // the same, skipped when there is no child
-    GuidList,              // <Tag Index="I" ObjectURef="G" /> for each child `tag` or `key`
+    GuidList,              // <Tag Index="I" ObjectURef="G" /> for each child
 
     Blob,         // <Tag Encoding="base64" Checksum="C">data</Tag>, checksum under `key`
     SharedBlob,   // the same; without data <Tag Encoding="base64" Checksum=""/>
@@ -158,9 +158,9 @@ constexpr BodyRow OptionalGuidReference(Name tag, FieldUse use = {})
     return {.kind = RowKind::OptionalGuidReference, .tag = tag, .use = use};
 }
 
-constexpr BodyRow GuidList(Name tag, Name otherChild)
+constexpr BodyRow GuidList(Name tag)
 {
-    return {.kind = RowKind::GuidList, .tag = tag, .key = otherChild};
+    return {.kind = RowKind::GuidList, .tag = tag};
 }
 
 constexpr BodyRow Blob(Name tag, Name checksum)

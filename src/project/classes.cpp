@@ -146,7 +146,7 @@ constexpr BodyRow kFilterState[] = {
 
 constexpr BodyRow kItemList[] = {
     Part("ProjectItemContainer", 1),
-        Part("Items", 1), GuidList("Item", "ProjectItem"), End("Items"),
+        Part("Items", 1), GuidList("Item"), End("Items"),
     End("ProjectItemContainer"),
 };
 
