@@ -184,7 +184,7 @@ ObjectHandle TreeMaker::Make(int cuts)
             const ObjectHandle projectItem = NewWithGuid("ClipProjectItem");
             projectItem.AddPropertyShared("Name", master.GetProperty("Name"));
             projectItem.AddChild(master);
-            root.AddChild("ProjectItem", projectItem);
+            root.AddChild("Item", projectItem);
         }
         const ObjectHandle link = New("Link");
         int channel = 0;
@@ -208,7 +208,7 @@ ObjectHandle TreeMaker::Make(int cuts)
     sequenceMaster.AddChild("Clip", clip);
     const ObjectHandle projectItem = NewWithGuid("ClipProjectItem");
     projectItem.AddChild(sequenceMaster);
-    root.AddChild("ProjectItem", projectItem);
+    root.AddChild("Item", projectItem);
     const ObjectHandle project = New("Project");
     project.AddChild(root);
     const ObjectHandle document = New("Document");

@@ -46,9 +46,8 @@ void WriteEffectHead(const XmemlEffect& head, ObjectHandle effect)
 
 void WriteSwitches(ConstHandle component, ObjectHandle effect)
 {
-    effect.SetPropertyShared("velaBypass",
-                             IsTrue(ComponentCore(component), "Bypass") ? "true" : "false");
-    CopyProperty(ComponentProperties(component), "ECP.Filter.Expanded", effect, "velaExpanded");
+    effect.SetPropertyShared("velaBypass", IsTrue(component, "Bypass") ? "true" : "false");
+    CopyProperty(component, "ECP.Filter.Expanded", effect, "velaExpanded");
 }
 
 ObjectHandle AddEmptyFilter(Document& document, ObjectHandle item)

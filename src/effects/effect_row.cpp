@@ -142,7 +142,7 @@ ObjectHandle MakeRowParam(const EffectContext& context, const ParamRow& row, Con
 
 ConstHandle ParamOfRow(ConstHandle component, const ParamRow& row)
 {
-    return FindParam(ParamListOf(component), IntToString(row.id));
+    return FindParam(component, IntToString(row.id));
 }
 
 ObjectHandle AddRowParameter(const EffectContext& context, const ParamRow& row,

@@ -25,8 +25,8 @@ constexpr std::string_view kTransformClasses[] = {
 
 std::string_view UserName(ConstHandle component)
 {
-    const ConstHandle core = ComponentCore(component);
-    return core.GetProperty(HasValue(core, "InstanceName") ? "InstanceName" : "DisplayName");
+    return component.GetProperty(HasValue(component, "InstanceName") ? "InstanceName"
+                                                                     : "DisplayName");
 }
 
 void KeepParams(const EffectContext& context, const XmemlEffect& head, ConstHandle component,
@@ -79,7 +79,7 @@ void TransformToXmeml(const EffectContext& context, const EffectRow& row, ConstH
                       ObjectHandle effect)
 {
     XmemlEffect head = row.xmeml;
-    head.name = ComponentCore(component).GetProperty("DisplayName");
+    head.name = component.GetProperty("DisplayName");
     KeepParams(context, head, component, effect);
 }
 

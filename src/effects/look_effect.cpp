@@ -162,7 +162,7 @@ void LookToXmeml(const EffectContext& context, const EffectRow& row, ConstHandle
                  ObjectHandle effect)
 {
     XmemlEffect head = row.xmeml;
-    head.name = ComponentCore(component).GetProperty("InstanceName");
+    head.name = component.GetProperty("InstanceName");
     KeepParams(context, head, component, effect);
     for (const ConstHandle stated : DependenciesOf(component)) {
         if (!HasValue(stated, "Tag") || !HasValue(stated, "Path"))

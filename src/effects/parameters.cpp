@@ -244,9 +244,8 @@ ObjectHandle ExportProjectParam(Document& document, ConstHandle param)
     parameter.SetProperty("parameterid", param.GetProperty("ParameterID"));
     parameter.SetProperty("name", param.GetProperty("Name"));
     if (param.GetName() == kBlobParam) {
-        const ConstHandle blob = param.GetChild("StartKeyframeValue");
-        parameter.SetProperty("value", blob.GetProperty("value"));
-        CopyProperty(blob, "BinaryHash", parameter, "hash");
+        parameter.SetProperty("value", param.GetProperty("StartKeyframeValue"));
+        CopyProperty(param, "BinaryHash", parameter, "hash");
         CopyProperty(param, "ParameterControlType", parameter, "ParameterControlType");
         return parameter;
     }

@@ -312,13 +312,12 @@ ObjectHandle MakeAudioTransition(const EffectContext& context, ConstHandle effec
 
 ObjectHandle TransitionToXmeml(const EffectContext& context, MediaType type, ConstHandle transition)
 {
-    const ConstHandle core = TransitionCore(transition);
     const bool isVideo = type == MediaType::Video;
-    const TransitionRow* row = FindWritten(context, type, core.GetProperty("MatchName"));
+    const TransitionRow* row = FindWritten(context, type, transition.GetProperty("MatchName"));
     if (!row) {
         context.AddIssue(isVideo ? ExportIssue::CrossDissolveTransitionNotTranslated
                                  : ExportIssue::TransitionNotSupported,
-                         core.GetProperty("DisplayName"));
+                         transition.GetProperty("DisplayName"));
         row = isVideo ? &kOtherVideoInXmeml : &kOtherAudioInXmeml;
     }
     return MakeXmemlEffect(context.document, *row, type, transition);

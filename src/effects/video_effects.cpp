@@ -266,9 +266,8 @@ const EffectRow* FindWritten(const EffectContext& context, std::string_view matc
 
 std::string_view DisplayName(ConstHandle component)
 {
-    const ConstHandle core = ComponentCore(component);
-    return core.HasProperty("DisplayName") ? core.GetProperty("DisplayName")
-                                           : ComponentMatchName(component);
+    return component.HasProperty("DisplayName") ? component.GetProperty("DisplayName")
+                                                : ComponentMatchName(component);
 }
 
 void ReportUnknown(const EffectContext& context, ConstHandle component)

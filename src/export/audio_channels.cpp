@@ -180,13 +180,13 @@ std::uint32_t UsedChannels(TrackItem item)
     return channel == 0 ? 1U : used;
 }
 
-std::vector<int> AssignedChannels(ConstHandle directPanProcessor, int count)
+std::vector<int> AssignedChannels(ConstHandle panner, int count)
 {
     std::vector<int> channels(static_cast<std::size_t>(count), kUnassigned);
-    if (HasValue(directPanProcessor, "Matrix"))
-        ReadMatrix(directPanProcessor.GetProperty("Matrix"), channels);
+    if (HasValue(panner, "Matrix"))
+        ReadMatrix(panner.GetProperty("Matrix"), channels);
     else
-        ReadAssignments(directPanProcessor, channels);
+        ReadAssignments(panner, channels);
     return channels;
 }
 

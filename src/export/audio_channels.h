@@ -45,8 +45,9 @@ std::uint32_t UsedChannels(TrackItem item);
 
 constexpr int kUnassigned = -1;
 
-// The output to which a direct panner (may be null) sends each of `count` channels, counted from 0.
-std::vector<int> AssignedChannels(ConstHandle directPanProcessor, int count);
+// The output to which a panner sends each of `count` channels, counted from 0; see
+// AssignsChannels.
+std::vector<int> AssignedChannels(ConstHandle panner, int count);
 
 // Numbers the tracks of one group with their `outputchannelindex`, counted from 1, in the order in
 // which they are written.

@@ -89,8 +89,8 @@ NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, Tra
     WriteSourceTrack(context.document, SourceTrack(context, catalogs.masters, record, part.channel),
                      element);
     WriteSubclipOffsets(context.document, record.boundaries, record.timing.rate, element);
-    AudioChainToXmeml(effects, ChainOfOwner(ItemCore(record.item)), element);
-    PanToXmeml(effects, PanProcessorOf(record.item), element);
+    AudioChainToXmeml(effects, ChainOfOwner(record.item), element);
+    PanToXmeml(effects, PannerOf(record.item), element);
     WriteRange(record.clip, MediaType::Audio, record.timing, element);
     WriteDuration(record.clip, record.timing, element);
     if (record.timing.speed != 1.0 || record.timing.reverse)

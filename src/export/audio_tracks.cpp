@@ -33,7 +33,6 @@ struct UsedItem {
 
 struct AudioTrack {
     ConstHandle track;
-    ConstHandle audioTrack;
     int index = 0; // from 0, in the project's group
     const ChannelTypeRow& type;
     int channels = 1; // of its type
@@ -77,11 +76,9 @@ int ExplodedCount(const ExportContext& context, const AudioTrack& track)
 AudioTrack ReadTrack(const ExportContext& context, const AudioGroup& group,
                      ConstHandle projectTrack, int index)
 {
-    const ConstHandle audioTrack = AudioTrackOf(projectTrack);
     AudioTrack track{.track = projectTrack,
-                     .audioTrack = audioTrack,
                      .index = index,
-                     .type = ChannelTypeOf(IntProperty(audioTrack, "ChannelType")),
+                     .type = ChannelTypeOf(IntProperty(projectTrack, "ChannelType")),
                      .items = {}};
     for (const ConstHandle item : TrackItemsOf(projectTrack))
         track.items.push_back({TrackItem(item), UsedChannels(TrackItem(item))});
@@ -90,16 +87,15 @@ AudioTrack ReadTrack(const ExportContext& context, const AudioGroup& group,
     return track;
 }
 
-bool IsMutedByFader(ConstHandle audioTrack)
+bool IsMutedByFader(ConstHandle track)
 {
-    return StartSwitch(FaderParam(audioTrack, "Mute"), false);
+    return StartSwitch(FaderParam(track, "Mute"), false);
 }
 
 void WriteHandOffState(const AudioTrack& track, ObjectHandle element)
 {
-    const ConstHandle properties = TrackProperties(track.track);
-    if (HasValue(properties, "MZ.TrackName"))
-        element.SetProperty("name", EscapeXML(properties.GetProperty("MZ.TrackName")));
+    if (HasValue(track.track, "MZ.TrackName"))
+        element.SetProperty("name", EscapeXML(track.track.GetProperty("MZ.TrackName")));
     else
         element.SetProperty("name",
                             GetMessage(Message::kAudio) + " " + IntToString(track.index + 1));
@@ -108,7 +104,7 @@ void WriteHandOffState(const AudioTrack& track, ObjectHandle element)
 
 void WriteExplodedState(const AudioTrack& track, int channel, ObjectHandle element)
 {
-    if (!DirectPanProcessorOf(track.audioTrack))
+    if (!AssignsChannels(PannerOf(track.track)))
         element.SetPropertyShared("hardpan", "TRUE");
     element.SetProperty("currentExplodedTrackIndex", IntToString(channel));
     element.SetProperty("totalExplodedTrackCount", IntToString(track.exploded));
@@ -145,7 +141,7 @@ int OutputOf(const ExportContext& context, AudioGroup& group, const TrackChannel
     return group.outputs.Unassigned(ofSeveral ? part.channel : number - 1, ofSeveral);
 }
 
-// `audioTrack` is AudioTrackOf a track or a master track. Keyframes and filters, for which the
+// `audioTrack` is a track or a master track. Keyframes and filters, for which the
 // letter has no term on tracks, leave in open interchange.
 void WriteFader(ExportContext& context, const SequenceContext& sequence, ConstHandle audioTrack,
                 const ItemLocation& location, ObjectHandle owner)
@@ -171,9 +167,9 @@ void OpenExplodedTrack(ExportContext& context, AudioGroup& group, const TrackCha
                                .element = context.document.NewObject("track")},
                      .items = ItemsOfChannel(source, part.channel)};
     const ObjectHandle element = result.track.element;
-    WriteFader(context, group.sequence, source.audioTrack, LocationOfItem(result.track, 0, {}),
+    WriteFader(context, group.sequence, source.track, LocationOfItem(result.track, 0, {}),
                element);
-    WriteTrackState(source.track, IsMutedByFader(source.audioTrack), element);
+    WriteTrackState(source.track, IsMutedByFader(source.track), element);
     if (context.IsHandOff())
         WriteHandOffState(source, element);
     else
@@ -187,15 +183,14 @@ void OpenExplodedTrack(ExportContext& context, AudioGroup& group, const TrackCha
 void OpenAudioTrack(ExportContext& context, AudioGroup& group, ConstHandle projectTrack, int index)
 {
     const AudioTrack track = ReadTrack(context, group, projectTrack, index);
-    const std::vector<int> assigned =
-        AssignedChannels(DirectPanProcessorOf(track.audioTrack), track.exploded);
+    const std::vector<int> assigned = AssignedChannels(PannerOf(track.track), track.exploded);
     for (int channel = 0; channel < track.exploded; ++channel)
         OpenExplodedTrack(context, group, {track, assigned, channel});
 }
 
 ObjectHandle WriteFormat(ExportContext& context, const SequenceContext& sequence, ConstHandle group)
 {
-    const Ticks sampleTicks = RateOfGroup(group);
+    const Ticks sampleTicks = Int64Property(group, "FrameRate");
     if (sampleTicks == 0)
         throw NoFrameLength("the sound of sequence", sequence.sequence.GetProperty("Name"));
     const ObjectHandle characteristics = context.document.NewObject("samplecharacteristics");
@@ -239,7 +234,7 @@ std::vector<OpenTrack> TranslateAudioGroup(ExportContext& context, const Sequenc
                       .adaptiveChannels = AdaptiveChannelsOf(group),
                       .outputs = OutputChannels(),
                       .element = context.document.NewObject("audio")};
-    const ConstHandle masterTrack = MasterAudioTrackOf(group);
+    const ConstHandle masterTrack = MasterTrackOf(group);
     const int channels = OutputCountOf(result, masterTrack);
     // Outputs come in pairs, one at least; a hand-off document states them as they are.
     const int outputs = context.IsHandOff() ? channels : channels + channels % 2;

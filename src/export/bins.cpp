@@ -44,7 +44,7 @@ public:
     std::optional<Step> Next();
 
 private:
-    void Enter(ConstHandle bin) { levels_.push_back(ItemList(bin).GetChildren().begin()); }
+    void Enter(ConstHandle bin) { levels_.push_back(ItemsOf(bin).begin()); }
 
     std::vector<ConstChildRange::Iterator> levels_; // the next item of each
     NodeSet bins_;
@@ -75,8 +75,8 @@ std::optional<ItemWalk::Step> ItemWalk::Next()
 ObjectHandle TranslateBin(Document& document, ConstHandle binItem, ObjectHandle parentChildren)
 {
     const ObjectHandle bin = document.NewObject("bin");
-    bin.SetProperty("name", EscapeXML(ItemName(binItem)));
-    WriteItemLabel(document, ItemProperties(binItem), bin);
+    bin.SetProperty("name", EscapeXML(binItem.GetProperty("Name")));
+    WriteItemLabel(document, binItem, bin);
     const ObjectHandle children = document.NewObject("children");
     bin.AddChild(children);
     parentChildren.AddChild(bin);
@@ -85,7 +85,7 @@ ObjectHandle TranslateBin(Document& document, ConstHandle binItem, ObjectHandle 
 
 bool ShowsSequence(ConstHandle clipItem, const Guid& guid)
 {
-    const ConstHandle sequence = SequenceOfMaster(MasterOfItem(clipItem));
+    const ConstHandle sequence = MasterOfItem(clipItem).Sequence();
     return StringToGUID(ObjectGuid(sequence)) == guid;
 }
 

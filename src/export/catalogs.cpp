@@ -9,7 +9,7 @@ namespace {
 MasterSource ReadSource(MasterClip masterClip)
 {
     MasterSource result;
-    for (const ConstHandle clip : ClipsOfMaster(masterClip)) {
+    for (const ConstHandle clip : masterClip.Clips()) {
         const ConstHandle source = SourceOfClip(clip);
         if (const Media media = MediaOfSource(source); media && !result.media) {
             result.media = media;
@@ -25,7 +25,7 @@ MasterAudio ReadAudio(MasterClip masterClip)
 {
     MasterAudio audio;
     Media first;
-    for (const ConstHandle clip : ClipsOfMaster(masterClip)) {
+    for (const ConstHandle clip : masterClip.Clips()) {
         if (!IsAudioClip(clip))
             continue;
         ++audio.clips;

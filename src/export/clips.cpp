@@ -17,22 +17,22 @@ namespace {
 
 constexpr int kVideoTrackKind = 1;
 
-// Writes `in` and `out` of a ClipCore; a point at 0 or before is none.
-void WriteClipRange(TimeUnit unit, ConstHandle core, Ticks frameTicks, ObjectHandle element)
+// Writes `in` and `out` of a clip; a point at 0 or before is none.
+void WriteClipRange(TimeUnit unit, ConstHandle clip, Ticks frameTicks, ObjectHandle element)
 {
     constexpr struct {
         Name projectKey;
         Name key;
     } kPoints[] = {{"InPoint", "in"}, {"OutPoint", "out"}};
     for (const auto& point : kPoints)
-        if (const Ticks time = Int64Property(core, point.projectKey); time >= 1)
+        if (const Ticks time = Int64Property(clip, point.projectKey); time >= 1)
             element.SetProperty(point.key, TimeText(unit, time, frameTicks));
 }
 
 // The frames of the master's range: of its clip, else of the sequence that it shows.
 Ticks RangeRate(MasterClip masterClip, ConstHandle sequence)
 {
-    const Ticks own = Int64Property(ClipCore(MainClip(masterClip)), "FrameRate");
+    const Ticks own = Int64Property(masterClip.MainClip(), "FrameRate");
     return IsRate(own) ? own : FrameTicksOfSequence(sequence);
 }
 
@@ -49,9 +49,9 @@ void TranslateSequenceItem(ExportContext& context, Catalogs& catalogs, ConstHand
 {
     std::vector<ShownSequence> postponed;
     const ObjectHandle result = TranslateSequence(context, catalogs, shown, postponed);
-    result.SetProperty("name", EscapeXML(ItemName(clipItem)));
-    WriteItemLabel(context.document, ItemProperties(clipItem), result);
-    WriteClipRange(context.DocumentUnit(), ClipCore(MainClip(shown.masterClip)),
+    result.SetProperty("name", EscapeXML(clipItem.GetProperty("Name")));
+    WriteItemLabel(context.document, clipItem, result);
+    WriteClipRange(context.DocumentUnit(), shown.masterClip.MainClip(),
                    RangeRate(shown.masterClip, shown.sequence), result);
     children.AddChild(result);
     while (!postponed.empty()) { // each of them may postpone others
@@ -68,22 +68,22 @@ void TranslateSequenceItem(ExportContext& context, Catalogs& catalogs, ConstHand
 std::string_view ClipName(MasterClip masterClip, ConstHandle clipItem)
 {
     const std::string_view name = masterClip.GetProperty("Name");
-    return name.empty() ? ItemName(clipItem) : name;
+    return name.empty() ? clipItem.GetProperty("Name") : name;
 }
 
 // The import leaves the markers of a clip to its audio, where it has audio.
-ConstHandle MarkedCore(MasterClip masterClip)
+ConstHandle MarkedClip(MasterClip masterClip)
 {
-    const ConstHandle main = ClipCore(MainClip(masterClip));
-    const ConstChildRange markers = MarkerEntriesOf(main);
-    return markers.begin() != markers.end() ? main : ClipCore(FirstAudioClip(masterClip));
+    const ConstHandle main = masterClip.MainClip();
+    const ConstChildRange markers = MarkersOf(main);
+    return markers.begin() != markers.end() ? main : masterClip.AudioClip();
 }
 
 // What the video and the audio of the master state of the clip.
 void WriteClipOptions(ExportContext& context, MasterClip masterClip, Ticks frameTicks,
                       ObjectHandle result)
 {
-    const ConstHandle marked = MarkedCore(masterClip);
+    const ConstHandle marked = MarkedClip(masterClip);
     const Ticks offset =
         context.options.openInterchange ? 0 : std::max<Ticks>(Int64Property(marked, "InPoint"), 0);
     TranslateMarkers(context.document,
@@ -93,15 +93,15 @@ void WriteClipOptions(ExportContext& context, MasterClip masterClip, Ticks frame
                       .offset = offset,
                       .endOffset = offset},
                      result);
-    WriteClipRange(context.DocumentUnit(), ClipCore(MainClip(masterClip)), frameTicks, result);
+    WriteClipRange(context.DocumentUnit(), masterClip.MainClip(), frameTicks, result);
 }
 
 // The label of the browser item counts; the one of its video where that has none.
 void WriteLabels(Document& document, ConstHandle clipItem, ConstHandle mainClip,
                  ObjectHandle result)
 {
-    if (!WriteItemLabel(document, ItemProperties(clipItem), result) && IsVideoClip(mainClip))
-        WriteClipLabel(document, ClipProperties(mainClip), result);
+    if (!WriteItemLabel(document, clipItem, result) && IsVideoClip(mainClip))
+        WriteClipLabel(document, mainClip, result);
 }
 
 void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, ConstHandle clipItem,
@@ -115,9 +115,9 @@ void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, ConstHandle 
     clip.SetPropertyShared("id", id);
     if (!context.IsHandOff())
         clip.SetPropertyShared("explodedTracks", "true");
-    CopyProperty(masterClip, "UIDObject", clip, "uuid");
-    WriteComments(context.document, ItemProperties(clipItem), clip);
-    const ConstHandle main = MainClip(masterClip);
+    CopyProperty(masterClip, "uid", clip, "uuid");
+    WriteComments(context.document, clipItem, clip);
+    const ConstHandle main = masterClip.MainClip();
     WriteLabels(context.document, clipItem, main, clip);
     if (const std::string_view name = ClipName(masterClip, clipItem); !name.empty())
         clip.SetProperty("name", EscapeXML(name));

@@ -51,10 +51,10 @@ constexpr EdgeKeys kOut = {"OutPoint", "out", "velaTicksOut"};
 Ticks WriteEdge(const EdgeKeys& keys, TrackItem item, ConstHandle transition,
                 const ItemTiming& timing, ObjectHandle element)
 {
-    const Ticks edge = Int64Property(ItemEdges(item), keys.projectKey);
-    if (TransitionCore(transition)) { // is written; a time that it doesn't state is 0
+    const Ticks edge = Int64Property(item, keys.projectKey);
+    if (IsTransition(transition)) { // is written; a time that it doesn't state is 0
         element.SetPropertyShared(keys.key, "-1");
-        return Difference(Int64Property(TransitionEdges(transition), keys.projectKey), edge);
+        return Difference(Int64Property(transition, keys.projectKey), edge);
     }
     if (timing.openInterchange) {
         const std::int64_t frame = DivTicks(edge, timing.sequenceRate);
@@ -85,11 +85,11 @@ Ticks Scaled(Ticks ticks, double speed)
 
 // Writes the exact ticks of a point and gives its time in the item's unit; a clip that doesn't
 // state it leaves it open.
-std::int64_t WriteExactPoint(const SourcePoint& point, ConstHandle core, const ItemTiming& timing,
+std::int64_t WriteExactPoint(const SourcePoint& point, ConstHandle clip, const ItemTiming& timing,
                              ObjectHandle element)
 {
-    const Ticks stated = Int64Property(core, point.keys.projectKey);
-    if (!core.HasProperty(point.keys.projectKey) || stated < 0)
+    const Ticks stated = Int64Property(clip, point.keys.projectKey);
+    if (!clip.HasProperty(point.keys.projectKey) || stated < 0)
         return kOpen;
     const Ticks begin = AddTicks(stated, timing.sourceOffset);
     element.SetProperty(point.keys.exactKey,
@@ -155,10 +155,9 @@ void WriteEdges(TrackItem item, ItemTiming& timing, ObjectHandle element)
 
 void ReadSpeed(ConstHandle clip, ConstHandle shownClip, ItemTiming& timing)
 {
-    const ConstHandle core = ClipCore(clip);
-    const double speed = DoubleProperty(core, "PlaybackSpeed");
+    const double speed = DoubleProperty(clip, "PlaybackSpeed");
     timing.speed = speed > 0 ? speed : 1.0;
-    timing.reverse = IsTrue(core, "PlayBackwards");
+    timing.reverse = IsTrue(clip, "PlayBackwards");
     timing.frameBlend = clip.HasProperty("TimeInterpolationType") &&
                         clip.GetProperty("TimeInterpolationType") != "0";
     const ConstHandle source = SourceOfClip(shownClip);
@@ -175,10 +174,10 @@ void WriteRange(ConstHandle clip, MediaType type, const ItemTiming& timing, Obje
     const double speed = timing.openInterchange ? timing.speed : exactSpeed;
     std::int64_t in = kOpen;
     std::int64_t out = kOpen;
-    const ConstHandle core = ClipCore(clip);
-    if (core) {
-        in = WriteExactPoint({kIn, timing.startDelta, speed, exactSpeed}, core, timing, element);
-        out = WriteExactPoint({kOut, timing.endDelta, speed, exactSpeed}, core, timing, element);
+    const bool isClip = IsClip(clip);
+    if (isClip) {
+        in = WriteExactPoint({kIn, timing.startDelta, speed, exactSpeed}, clip, timing, element);
+        out = WriteExactPoint({kOut, timing.endDelta, speed, exactSpeed}, clip, timing, element);
     }
     const bool isOpenStill = timing.infinite && (in < 0 || out < 0);
     if (isOpenStill) {
@@ -186,7 +185,7 @@ void WriteRange(ConstHandle clip, MediaType type, const ItemTiming& timing, Obje
         in = perSecond * kInfiniteIn;
         out = perSecond * kInfiniteOut;
     }
-    if (core || isOpenStill) {
+    if (isClip || isOpenStill) {
         element.SetProperty(kIn.key, IntToString(in));
         element.SetProperty(kOut.key, IntToString(out));
     }

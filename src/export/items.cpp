@@ -30,7 +30,7 @@ std::string_view WriteMediaFile(ExportContext& context, Catalogs& catalogs,
     if (const ConstHandle browserItem = catalogs.masters.BrowserItemOf(record.masterClip)) {
         if (MediaKindOf(record.media) == MediaKind::Graphic)
             file.element.SetPropertyShared("mediaSource", "GraphicAndTypeMaster");
-        WriteComments(context.document, ItemProperties(browserItem), element);
+        WriteComments(context.document, browserItem, element);
     }
     return file.id;
 }
@@ -86,8 +86,7 @@ void WriteItemHead(ExportContext& context, MasterCatalog& masters, ItemRecord& r
 {
     record.id = NewId(context.document, "clipitem-", context.ids.clipItem);
     element.SetPropertyShared("id", record.id);
-    element.SetPropertyShared("enabled",
-                              IsTrue(ItemCore(record.item), "IsMuted") ? "FALSE" : "TRUE");
+    element.SetPropertyShared("enabled", IsTrue(record.item, "IsMuted") ? "FALSE" : "TRUE");
     WriteEdges(record.item, record.timing, element);
     record.masterClipId = masters.IdOf(context, record.masterClip);
     if (!record.masterClipId.empty())
@@ -103,10 +102,10 @@ void WriteClipOptions(Document& document, ItemRecord& record, ObjectHandle eleme
 {
     element.SetPropertyShared("scaleToFrameSize",
                               IsTrue(record.clip, "ScaleToFrameSize") ? "TRUE" : "FALSE");
-    WriteClipLabel(document, ClipProperties(record.clip), element);
+    WriteClipLabel(document, record.clip, element);
     ReadSpeed(record.clip, record.shownClip, record.timing);
     TranslateMarkers(document,
-                     {.owner = ClipCore(record.clip),
+                     {.owner = record.clip,
                       .frameTicks = record.timing.rate,
                       .unit = record.timing.unit,
                       .offset = record.timing.sourceOffset},
@@ -119,7 +118,7 @@ ItemSource WriteItemSource(ExportContext& context, Catalogs& catalogs, const Tra
     ItemSource source;
     if (record.media)
         source.linkKey = WriteMediaFile(context, catalogs, record, element);
-    else if (IsTrue(ClipCore(record.shownClip), "IsMulticam"))
+    else if (IsTrue(record.shownClip, "IsMulticam"))
         AddIssue(context, ExportIssue::MulticamExportNotSupported,
                  LocationOfItem(track, record.Start(), record.name));
     else if (record.sequence)
@@ -134,8 +133,7 @@ ItemSource WriteItemSource(ExportContext& context, Catalogs& catalogs, const Tra
 void TranslateHeadTransition(ExportContext& context, TrackContext& track, TrackItem item)
 {
     const ConstHandle transition = HeadTransitionOf(item);
-    if (!IsTrue(TransitionCore(transition), "HasOutgoingClip") ||
-        transition != track.lastTransition)
+    if (!IsTrue(transition, "HasOutgoingClip") || transition != track.lastTransition)
         TranslateTransition(context, track, transition);
 }
 

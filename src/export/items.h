@@ -28,7 +28,7 @@ struct ItemRecord {
     std::string_view masterClipId = {};
     std::string_view name = {};
 
-    Ticks Start() const { return Int64Property(ItemEdges(item), "Start"); }
+    Ticks Start() const { return Int64Property(item, "Start"); }
 };
 
 ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const TrackContext& track,

@@ -29,27 +29,26 @@ void LinkGroups::AddLinksOf(ConstHandle sequence)
 {
     for (const ConstHandle link : LinksOf(sequence)) {
         for (const ConstHandle item : LinkedItemsOf(link))
-            if (const ConstHandle core = ItemCore(TrackItem(item)))
-                groupOfItem_[core.UniqueId()] = groups_.size();
+            groupOfItem_[item.UniqueId()] = groups_.size();
         groups_.emplace_back();
     }
 }
 
 bool LinkGroups::Contains(TrackItem item) const
 {
-    return groupOfItem_.contains(ItemCore(item).UniqueId());
+    return groupOfItem_.contains(item.UniqueId());
 }
 
 void LinkGroups::AddGroupOf(TrackItem item)
 {
-    groupOfItem_[ItemCore(item).UniqueId()] = groups_.size();
+    groupOfItem_[item.UniqueId()] = groups_.size();
     groups_.emplace_back();
 }
 
 void LinkGroups::Add(Document& document, TrackItem item, const LinkTarget& target,
                      std::string_view source)
 {
-    const auto found = groupOfItem_.find(ItemCore(item).UniqueId());
+    const auto found = groupOfItem_.find(item.UniqueId());
     if (found != groupOfItem_.end())
         groups_[found->second].push_back(
             {target.element, WriteLink(document, target), source, found->first});

@@ -57,7 +57,7 @@ private:
     static void WriteAll(const Group& group);
 
     std::vector<Group> groups_;
-    std::unordered_map<std::uint64_t, std::size_t> groupOfItem_; // by the identity of ItemCore
+    std::unordered_map<std::uint64_t, std::size_t> groupOfItem_; // by the identity of the item
 };
 
 } // namespace XPJ::RVX

@@ -24,10 +24,10 @@ struct MediaRange {
 
 std::optional<MediaRange> RangeOf(ConstHandle owner)
 {
-    const ConstHandle stated = BoundariesOfSource(SourceOfCore(owner));
-    const MediaRange range{Int64Property(stated, "StartBoundary"),
-                           Int64Property(stated, "EndBoundary")};
-    if (!HasValue(stated, "StartBoundary") || range.start < 0 || range.end <= range.start)
+    const ConstHandle source = SourceOfClip(owner);
+    const MediaRange range{Int64Property(source, "StartBoundary"),
+                           Int64Property(source, "EndBoundary")};
+    if (!HasValue(source, "StartBoundary") || range.start < 0 || range.end <= range.start)
         return std::nullopt;
     return range;
 }
@@ -82,8 +82,8 @@ ObjectHandle WriteMarker(Document& document, const MarkerRecord& record, const M
 void TranslateMarkers(Document& document, const MarkerSource& source, ObjectHandle element)
 {
     const std::optional<MediaRange> range = RangeOf(source.owner);
-    for (const ConstHandle entry : MarkerEntriesOf(source.owner)) {
-        const std::optional<MarkerRecord> record = ParseMarkerRecord(MarkerRecordOf(entry));
+    for (const ConstHandle marker : MarkersOf(source.owner)) {
+        const std::optional<MarkerRecord> record = ParseMarkerRecord(MarkerRecordOf(marker));
         if (!record || record->type == kSpeechType || record->type == kInOutType)
             continue;
         const MarkerTimes times =

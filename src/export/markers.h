@@ -5,7 +5,7 @@
 
 namespace XPJ::RVX {
 
-// Where the markers of an owner, a sequence or a ClipCore, are and how their times are written.
+// Where the markers of an owner, a sequence or a clip, are and how their times are written.
 // `offset` is added to them, and `endOffset` to their ends again, where the owner's source states
 // no range.
 struct MarkerSource {

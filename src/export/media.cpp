@@ -35,11 +35,10 @@ Ticks ClipRate(Media media)
 
 ClipBoundaries ReadBoundaries(ConstHandle source)
 {
-    const ConstHandle stated = BoundariesOfSource(source);
-    return {.start = TicksOr(stated, "StartBoundary", -1),
-            .end = TicksOr(stated, "EndBoundary", -1),
+    return {.start = TicksOr(source, "StartBoundary", -1),
+            .end = TicksOr(source, "EndBoundary", -1),
             .duration = TicksOr(source, "OriginalDuration", -1),
-            .hard = !HasValue(stated, "BoundariesAreHard") || IsTrue(stated, "BoundariesAreHard")};
+            .hard = !HasValue(source, "BoundariesAreHard") || IsTrue(source, "BoundariesAreHard")};
 }
 
 void WriteSubclipOffsets(Document& document, const ClipBoundaries& boundaries, Ticks frameTicks,

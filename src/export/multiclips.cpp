@@ -16,7 +16,7 @@ const std::vector<AngleCatalog::Angle>& AngleCatalog::AnglesOf(ConstHandle group
         Angle& angle = found->second.emplace_back();
         for (const ConstHandle node : TrackItemsOf(track)) {
             const TrackItem item(node);
-            const ConstHandle edges = ItemEdges(item);
+            const ConstHandle edges = item;
             angle.push_back({Int64Property(edges, "Start"), Int64Property(edges, "End"), item});
         }
     }
@@ -27,7 +27,7 @@ const std::vector<AngleCatalog::Angle>& AngleCatalog::AnglesOf(ConstHandle group
 //   clip                 |== shown ===|              item 1
 ShownAngle AngleCatalog::Find(ConstHandle clip, ConstHandle sequence, MediaType type)
 {
-    const ConstHandle core = ClipCore(clip);
+    const ConstHandle core = clip;
     if (!IsTrue(core, "IsMulticam"))
         return {};
     const std::vector<Angle>& angles = AnglesOf(GroupOfKind(sequence, type));
@@ -40,7 +40,7 @@ ShownAngle AngleCatalog::Find(ConstHandle clip, ConstHandle sequence, MediaType 
     if (next == angle.begin() || std::prev(next)->end <= in)
         return {};
     const AngleItem& shown = *std::prev(next);
-    const ConstHandle shownCore = ClipCore(ClipOfSubClip(SubClipOf(shown.item)));
+    const ConstHandle shownCore = ClipOfSubClip(SubClipOf(shown.item));
     return {shown.item, SubtractTicks(Int64Property(shownCore, "InPoint"), shown.start)};
 }
 

@@ -25,15 +25,15 @@ Ticks EndOfTrack(ConstHandle track)
     ConstHandle last;
     for (const ConstHandle item : TrackItemsOf(track))
         last = item;
-    return Int64Property(ItemEdges(TrackItem(last)), "End");
+    return Int64Property(last, "End");
 }
 
 // Where the last item of any track ends.
 Ticks DurationOf(ConstHandle sequence)
 {
     Ticks end = 0;
-    for (const ConstHandle entry : GroupEntriesOf(sequence))
-        for (const ConstHandle track : TracksOf(GroupOfEntry(entry)))
+    for (const ConstHandle group : TrackGroupsOf(sequence))
+        for (const ConstHandle track : TracksOf(group))
             end = std::max(end, EndOfTrack(track));
     return end;
 }
@@ -56,7 +56,7 @@ ObjectHandle WriteSequenceHead(ExportContext& context, Catalogs& catalogs,
         result.SetPropertyShared("explodedTracks", "true");
     if (const std::string_view guid = ObjectGuid(shown.masterClip); !guid.empty())
         result.SetPropertyShared("uuid", guid);
-    CopyUIProperties(SequenceProperties(shown.sequence), result);
+    CopyUIProperties(shown.sequence, result);
     return result;
 }
 
@@ -65,12 +65,12 @@ void WriteTimes(ExportContext& context, const SequenceContext& sequence, ObjectH
     const Ticks rate = sequence.frameTicks;
     if (rate == 0)
         throw NoFrameLength("sequence", sequence.sequence.GetProperty("Name"));
-    const ConstHandle properties = SequenceProperties(sequence.sequence);
     const TimeUnit unit = context.DocumentUnit();
     result.AddChild(WriteRate(context.document, rate, unit));
     result.SetProperty("duration", TimeText(unit, DurationOf(sequence.sequence), rate));
-    result.AddChild(WriteTimecode(context.document, Int64Property(properties, "MZ.ZeroPoint"), rate,
-                                  IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat")));
+    result.AddChild(
+        WriteTimecode(context.document, Int64Property(sequence.sequence, "MZ.ZeroPoint"), rate,
+                      IntProperty(sequence.sequence, "MZ.Sequence.VideoTimeDisplayFormat")));
 }
 
 struct TypedGroup {
@@ -83,8 +83,8 @@ std::vector<TypedGroup> GroupsOf(ConstHandle sequence)
 {
     std::vector<TypedGroup> groups;
     for (const MediaType type : {MediaType::Video, MediaType::Audio})
-        for (const ConstHandle entry : GroupEntriesOf(sequence))
-            if (const ConstHandle group = GroupOfEntry(entry); group && IsGroupEntryOf(entry, type))
+        for (const ConstHandle group : TrackGroupsOf(sequence))
+            if (IsGroupOf(group, type))
                 groups.push_back({type, group});
     return groups;
 }
@@ -99,7 +99,7 @@ public:
           media_(context.document.NewObject("media"))
     {
         catalogs.links.AddLinksOf(shown.sequence);
-        if (HasTrackGroups(shown.sequence)) {
+        if (shown.sequence.HasChild("TrackGroup")) {
             WriteTimes(context, sequence_, element_);
             groups_ = GroupsOf(shown.sequence);
             TranslateMarkers(context.document,
@@ -166,7 +166,7 @@ private:
 Ticks FrameTicksOfSequence(ConstHandle sequence)
 {
     const ConstHandle group = GroupOfKind(sequence, MediaType::Video);
-    const Ticks rate = group ? RateOfGroup(group) : kNtscFrameTicks;
+    const Ticks rate = group ? Int64Property(group, "FrameRate") : kNtscFrameTicks;
     return rate == std::numeric_limits<Ticks>::max() ? kNtscFrameTicks : rate;
 }
 

@@ -6,10 +6,9 @@ namespace XPJ::RVX {
 
 std::string FormatItemTime(const SequenceContext& context, Ticks start)
 {
-    const ConstHandle properties = SequenceProperties(context.sequence);
     const TimecodeBase counting = TimecodeBaseOf(
-        context.frameTicks, IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat"));
-    const Ticks time = AddTicks(Int64Property(properties, "MZ.ZeroPoint"), start);
+        context.frameTicks, IntProperty(context.sequence, "MZ.Sequence.VideoTimeDisplayFormat"));
+    const Ticks time = AddTicks(Int64Property(context.sequence, "MZ.ZeroPoint"), start);
     return FormatTimecode(DivTicks(time, context.frameTicks), counting.base, counting.drop);
 }
 

@@ -42,14 +42,13 @@ OpenTrack OpenVideoTrack(Document& document, const SequenceContext& sequence,
 
 void WriteTrackState(ConstHandle projectTrack, bool isOff, ObjectHandle track)
 {
-    const ConstHandle core = TrackCore(projectTrack);
-    track.SetPropertyShared("locked", IsTrue(core, "IsLocked") ? "TRUE" : "FALSE");
-    track.SetPropertyShared("enabled", isOff || IsTrue(core, "IsMuted") ? "FALSE" : "TRUE");
-    const ConstHandle properties = TrackProperties(projectTrack);
-    if (properties.HasProperty("MZ.TrackTargeted"))
-        track.SetPropertyShared("MZ.TrackTargeted", HasValue(properties, "MZ.TrackTargeted")
-                                                        ? properties.GetProperty("MZ.TrackTargeted")
-                                                        : "0");
+    track.SetPropertyShared("locked", IsTrue(projectTrack, "IsLocked") ? "TRUE" : "FALSE");
+    track.SetPropertyShared("enabled", isOff || IsTrue(projectTrack, "IsMuted") ? "FALSE" : "TRUE");
+    if (projectTrack.HasProperty("MZ.TrackTargeted"))
+        track.SetPropertyShared("MZ.TrackTargeted",
+                                HasValue(projectTrack, "MZ.TrackTargeted")
+                                    ? projectTrack.GetProperty("MZ.TrackTargeted")
+                                    : "0");
 }
 
 std::vector<OpenTrack> TranslateVideoGroup(ExportContext& context, const SequenceContext& sequence,

@@ -13,17 +13,15 @@ namespace {
 //            Start  cut   End
 std::string_view TransitionAlignment(ConstHandle transition)
 {
-    const ConstHandle core = TransitionCore(transition);
-    if (!IsTrue(core, "HasOutgoingClip"))
+    if (!IsTrue(transition, "HasOutgoingClip"))
         return "start-black";
-    if (!IsTrue(core, "HasIncomingClip"))
+    if (!IsTrue(transition, "HasIncomingClip"))
         return "end-black";
-    const ConstHandle edges = TransitionEdges(transition);
-    if (!edges)
+    if (!transition.HasProperty("Start") && !transition.HasProperty("End"))
         return "center";
-    const double length = static_cast<double>(Int64Property(edges, "End")) -
-                          static_cast<double>(Int64Property(edges, "Start"));
-    const auto cut = static_cast<double>(Int64Property(core, "Alignment"));
+    const double length = static_cast<double>(Int64Property(transition, "End")) -
+                          static_cast<double>(Int64Property(transition, "Start"));
+    const auto cut = static_cast<double>(Int64Property(transition, "Alignment"));
     if (cut < length * 0.3333333333333333)
         return "start";
     return cut > length * 0.6666666666666667 ? "end" : "center";
@@ -33,20 +31,18 @@ std::string_view TransitionAlignment(ConstHandle transition)
 
 void TranslateTransition(ExportContext& context, TrackContext& track, ConstHandle transition)
 {
-    const ConstHandle core = TransitionCore(transition);
-    if (!core)
+    if (!IsTransition(transition))
         return;
-    const ConstHandle edges = TransitionEdges(transition);
-    const Ticks start = Int64Property(edges, "Start");
+    const Ticks start = Int64Property(transition, "Start");
     const Ticks rate = track.sequence.frameTicks;
 
     const ObjectHandle result = context.document.NewObject("transitionitem");
     result.AddChild(WriteRate(context.document, rate, track.unit));
     result.SetProperty("start", TimeText(track.unit, start, rate));
-    result.SetProperty("end", TimeText(track.unit, Int64Property(edges, "End"), rate));
+    result.SetProperty("end", TimeText(track.unit, Int64Property(transition, "End"), rate));
     result.SetPropertyShared("alignment", TransitionAlignment(transition));
-    if (HasValue(core, "Alignment"))
-        result.SetProperty("cutPointTicks", TickText(Int64Property(core, "Alignment")));
+    if (HasValue(transition, "Alignment"))
+        result.SetProperty("cutPointTicks", TickText(Int64Property(transition, "Alignment")));
 
     result.AddChild(TransitionToXmeml(EffectContextOf(context, track, start, {}, rate), track.type,
                                       transition));

@@ -66,7 +66,7 @@ void VideoItem::WriteEffects()
                                             record.subClip.GetProperty("Name"), record.timing.rate);
     effects.sequenceFrame = catalogs.sequences.FrameOf(track.sequence.sequence);
     effects.clipFrame = FrameOfItem(catalogs.sequences, record).value_or(FrameSize());
-    VideoChainToXmeml(effects, ChainOfOwner(ItemCore(record.item)), element);
+    VideoChainToXmeml(effects, ChainOfOwner(record.item), element);
 }
 
 // The Time Remap of an item that does not play its source at normal speed.

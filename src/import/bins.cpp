@@ -80,7 +80,7 @@ bool CloseList(OpenLists& lists)
     lists.pop();
     if (lists.empty())
         return true;
-    lists.top()->item.AddChild("ProjectItem", item);
+    lists.top()->item.AddChild("Item", item);
     return lists.top()->stage.Step();
 }
 

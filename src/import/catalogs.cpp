@@ -50,13 +50,13 @@ void SequenceCatalog::SetGeneratedId(ConstHandle sequence, std::string_view id)
     generatedIds_.emplace(sequence.UniqueId(), id);
 }
 
-BuiltMaster SequenceCatalog::MasterOf(std::string_view id) const
+MasterClipHandle SequenceCatalog::MasterOf(std::string_view id) const
 {
     const auto found = masters_.find(id);
-    return found == masters_.end() ? BuiltMaster() : found->second;
+    return found == masters_.end() ? MasterClipHandle() : found->second;
 }
 
-void SequenceCatalog::AddMaster(std::string_view id, BuiltMaster master)
+void SequenceCatalog::AddMaster(std::string_view id, MasterClipHandle master)
 {
     masters_.emplace(id, master);
 }
@@ -99,13 +99,13 @@ const FrameFormat& GeneratorCatalog::FrameOf(ConstHandle owner)
     return entry->second;
 }
 
-BuiltMaster GeneratorCatalog::MasterOf(ConstHandle generator) const
+MasterClipHandle GeneratorCatalog::MasterOf(ConstHandle generator) const
 {
     const auto known = masters_.find(generator.UniqueId());
-    return known == masters_.end() ? BuiltMaster() : known->second;
+    return known == masters_.end() ? MasterClipHandle() : known->second;
 }
 
-void GeneratorCatalog::Add(ConstHandle generator, BuiltMaster master)
+void GeneratorCatalog::Add(ConstHandle generator, MasterClipHandle master)
 {
     masters_.emplace(generator.UniqueId(), master);
 }

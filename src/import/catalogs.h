@@ -29,8 +29,8 @@ public:
     void SetGeneratedId(ConstHandle sequence, std::string_view id);
 
     // The master of a `sequence`, by id; null for an unknown or empty one.
-    BuiltMaster MasterOf(std::string_view id) const;
-    void AddMaster(std::string_view id, BuiltMaster master);
+    MasterClipHandle MasterOf(std::string_view id) const;
+    void AddMaster(std::string_view id, MasterClipHandle master);
 
     // The `sequence` or `multiclip` of a Sequence; null for one that the import generated.
     ConstHandle ElementOf(ConstHandle projectSequence) const;
@@ -54,7 +54,7 @@ public:
 
 private:
     std::unordered_map<std::uint64_t, std::string> generatedIds_; // by `uniqueId` of the element
-    std::unordered_map<std::string_view, BuiltMaster> masters_;
+    std::unordered_map<std::string_view, MasterClipHandle> masters_;
     std::unordered_map<std::uint64_t, ConstHandle> elements_; // by `uniqueId` of the Sequence
     NodeSet begunElements_;
     NodeSet begun_;
@@ -74,16 +74,16 @@ public:
     bool Report(ConstHandle generator) { return reported_.Insert(generator); }
 
     // Null for one that was not translated yet.
-    BuiltMaster MasterOf(ConstHandle generator) const;
-    void Add(ConstHandle generator, BuiltMaster master);
+    MasterClipHandle MasterOf(ConstHandle generator) const;
+    void Add(ConstHandle generator, MasterClipHandle master);
 
     // The master of the black clip behind slugs, once made.
-    BuiltMaster blackVideo;
+    MasterClipHandle blackVideo;
 
 private:
     std::unordered_map<std::uint64_t, FrameFormat> frames_; // by `uniqueId` of the owner
     NodeSet reported_;
-    std::unordered_map<std::uint64_t, BuiltMaster> masters_; // by `uniqueId` of the generator
+    std::unordered_map<std::uint64_t, MasterClipHandle> masters_; // by `uniqueId` of the generator
 };
 
 // Titles and shapes that become graphics: media that the host draws an effect on, which belongs to

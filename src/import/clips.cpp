@@ -59,7 +59,7 @@ constexpr int kNoComponent = -1;
 void BuildMaster(ImportState& state, ConstHandle clip, FileElement file, int order)
 {
     const std::string_view fileId = state.files.IdOf(file);
-    BuiltMaster master = state.masters.registry.Find(
+    MasterClipHandle master = state.masters.registry.Find(
         {clip.GetProperty("masterclipid"), fileId, 0, LeadingTypeOf(file)});
     if (!master) {
         const FileUse use{clip, file};
@@ -169,17 +169,17 @@ private:
     std::unordered_set<std::uint64_t> seen_;
 };
 
-BuiltMaster FindForClip(const ImportState& state, ConstHandle clip, const ClipFile& entry)
+MasterClipHandle FindForClip(const ImportState& state, ConstHandle clip, const ClipFile& entry)
 {
     const std::string_view fileId = state.files.IdOf(entry.file);
-    if (const BuiltMaster master = state.masters.BySignature(SignatureOf(clip, fileId)))
+    if (const MasterClipHandle master = state.masters.BySignature(SignatureOf(clip, fileId)))
         return master;
     const ConstHandle sourceTrack = entry.item.GetChild("sourcetrack");
     const bool isLayer = sourceTrack.GetProperty("mediatype") == "video";
     MediaQuery query{.masterClipId = clip.GetProperty("masterclipid"),
                      .type = entry.type,
                      .sourceTrack = isLayer ? SourceTrackOf(entry.item) : -1};
-    if (const BuiltMaster master = FindMedia(state.masters.registry, query, fileId))
+    if (const MasterClipHandle master = FindMedia(state.masters.registry, query, fileId))
         return master;
     query.type = entry.type == MediaType::Video ? MediaType::Audio : MediaType::Video;
     return FindMedia(state.masters.registry, query, fileId);
@@ -190,7 +190,7 @@ bool AddFileItem(ImportState& state, ConstHandle clip, const ClipFile& entry,
                  ObjectHandle parentItem)
 {
     const FileUse ofClip{clip, entry.file};
-    BuiltMaster master = FindForClip(state, clip, entry);
+    MasterClipHandle master = FindForClip(state, clip, entry);
     if (!master && entry.file.IsSlug()) {
         TranslateSlug(state, ClipItem(clip), ofClip, parentItem);
         return true;
@@ -217,7 +217,7 @@ bool AddFilelessItem(ImportState& state, ConstHandle clip, ObjectHandle parentIt
     const ConstHandle media = clip.GetChild("media");
     if (const ConstHandle generator = FirstGenerator(media)) {
         const std::string_view id = generator.GetProperty("id");
-        BuiltMaster master = state.masters.BySignature(SignatureOf(clip, id));
+        MasterClipHandle master = state.masters.BySignature(SignatureOf(clip, id));
         if (!master)
             master = state.masters.registry.Find({clip.GetProperty("masterclipid"), id});
         if (!master)

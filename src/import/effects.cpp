@@ -21,7 +21,7 @@ namespace {
 
 // Ticks a frame of the owner of a filter, else of the video of its master; 0 if neither states a
 // rate. Video that fits any frame counts in frames of `anyFrameTicks`.
-Ticks FilterTicks(ConstHandle owner, BuiltMaster master, Ticks anyFrameTicks)
+Ticks FilterTicks(ConstHandle owner, MasterClipHandle master, Ticks anyFrameTicks)
 {
     if (const ConstHandle rate = owner.GetChild("rate")) {
         Ticks ticks = kNtscFrameTicks;
@@ -54,7 +54,7 @@ FrameSize FrameOfFileItem(ConstHandle item, const FileFormat& file, const FrameS
 }
 
 // The frame of what an item without a file shows; without a size for video that fits any frame.
-FrameSize FrameOfMaster(BuiltMaster master, const FrameSize& unknown)
+FrameSize FrameOfMaster(MasterClipHandle master, const FrameSize& unknown)
 {
     const ObjectHandle clip = master.VideoClip();
     if (Int64Property(clip, "FrameRate") == kAnyFrameTicks)
@@ -65,7 +65,7 @@ FrameSize FrameOfMaster(BuiltMaster master, const FrameSize& unknown)
     return ParseFrameSize(stream.GetProperty("FrameRect"), stream.GetProperty(aspect));
 }
 
-void SetFrames(const TrackContext& track, ConstHandle item, BuiltMaster master,
+void SetFrames(const TrackContext& track, ConstHandle item, MasterClipHandle master,
                EffectContext& context)
 {
     ImportState& state = track.sequence.state;
@@ -96,8 +96,8 @@ Ticks SampleTicksOf(ImportState& state, ConstHandle item)
 // For an item on a track of either type that starts at a frame of its sequence. `master` is the
 // MasterClip that it shows. `frameTicks` is 0 for video whose rate is stated nowhere; audio then
 // counts in the sequence's frames.
-EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item, BuiltMaster master,
-                            Frames start)
+EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item,
+                            MasterClipHandle master, Frames start)
 {
     const SequenceContext& sequence = track.sequence;
     ImportState& state = sequence.state;
@@ -154,7 +154,7 @@ ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item,
                                 ObjectHandle subClip)
 {
     const ImportState& state = track.sequence.state;
-    const BuiltMaster master(subClip.GetChild("MasterClip"));
+    const MasterClipHandle master(subClip.GetChild("MasterClip"));
     const EffectContext context = ContextOfItem(track, item, master, start);
     const ObjectHandle title = TitleOfItem(state, item, context.sequenceFrame, master);
     return BuildSequenceChain(context, item, subClip, IntToString(track.sequence.number), title);
@@ -165,7 +165,7 @@ void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames
 {
     const SequenceContext& sequence = track.sequence;
     Document& document = sequence.state.document;
-    const BuiltMaster master(FindPath(trackItem, {"SubClip", "MasterClip"}));
+    const MasterClipHandle master(FindPath(trackItem, {"SubClip", "MasterClip"}));
     const EffectContext effects = ContextOfItem(track, item, master, start);
     const ItemAudio audio = AudioOfItem(sequence.state.files, item, channels.itemType);
     const ConstHandle source = item;
@@ -175,7 +175,8 @@ void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames
                                                     sequence.rates.audio));
 }
 
-void AddMasterEffects(ImportState& state, ConstHandle element, FileElement file, BuiltMaster master)
+void AddMasterEffects(ImportState& state, ConstHandle element, FileElement file,
+                      MasterClipHandle master)
 {
     const ObjectHandle chain = master.GetChild("VideoComponentChain");
     if (!chain)

@@ -21,6 +21,6 @@ void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames
 
 // Adds the filters of a browser `clip` and of its `file` to a new master.
 void AddMasterEffects(ImportState& state, ConstHandle element, FileElement file,
-                      BuiltMaster master);
+                      MasterClipHandle master);
 
 } // namespace XPJ

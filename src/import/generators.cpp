@@ -73,14 +73,15 @@ GeneratorRoute RouteOf(const TitleCatalog& titles, ConstHandle item)
     return IsTextTitle(item) ? GeneratorRoute::LegacyTitle : GeneratorRoute::Unknown;
 }
 
-BuiltMaster RegisterGenerator(ImportState& state, const ClipItem& item, const MediaSources& sources)
+MasterClipHandle RegisterGenerator(ImportState& state, const ClipItem& item,
+                                   const MediaSources& sources)
 {
     MasterRegistry& registry = state.masters.registry;
     const std::string_view masterClipId = item.GetProperty("masterclipid");
     const std::string_view id = item.GetProperty("id");
     RegisterMaster(registry, {.masterClipId = masterClipId, .mediaId = id},
                    BuildMasterClip(state, item, {.sources = sources}));
-    const BuiltMaster master = registry.Find({masterClipId, id});
+    const MasterClipHandle master = registry.Find({masterClipId, id});
     if (master)
         state.generators.Add(item, master);
     return master;
@@ -130,7 +131,7 @@ GeneratorResult TranslateLegacyTitle(ImportState& state, const ClipItem& item, C
 // Gives a master the effect of a generator. `frame` is that of the sequence or clip around the
 // generator.
 void AddTitleToMaster(ImportState& state, ConstHandle generator, const FrameSize& frame,
-                      BuiltMaster master)
+                      MasterClipHandle master)
 {
     if (!state.titles.AddTitledMaster(master))
         return;
@@ -145,7 +146,7 @@ GeneratorResult TranslateGraphic(ImportState& state, const ClipItem& item, Const
 {
     const FrameFormat& frame = state.generators.FrameOf(owner);
     state.titles.Add(item);
-    const BuiltMaster master = RegisterGenerator(
+    const MasterClipHandle master = RegisterGenerator(
         state, item,
         MakeSyntheticSources(state.document, MediaKind::Graphic, FrameTicksOf(item), frame));
     const bool isMasterEffect =
@@ -168,7 +169,7 @@ GeneratorResult TranslateUnknown(ImportState& state, const ClipItem& item)
 GeneratorResult TranslateGenerator(ImportState& state, const ClipItem& item, ConstHandle owner)
 {
     const GeneratorRoute route = RouteOf(state.titles, item);
-    if (const BuiltMaster known = state.generators.MasterOf(item))
+    if (const MasterClipHandle known = state.generators.MasterOf(item))
         return {known, route != GeneratorRoute::Unknown,
                 route != GeneratorRoute::Graphic || state.titles.IsTitled(known)};
     switch (route) {

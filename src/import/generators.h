@@ -8,7 +8,7 @@
 namespace XPJ {
 
 struct GeneratorResult {
-    BuiltMaster master;           // null: nothing replaces the item
+    MasterClipHandle master;      // null: nothing replaces the item
     bool translated = false;      // false: the caller enters an issue
     bool needsProjectItem = true; // false: the master is not listed in a bin
 };

@@ -72,7 +72,7 @@ void AddPoints(const TrackContext& track, const ClipItem& item, const ItemTiming
 }
 
 ObjectHandle MakeItemSubClip(ImportState& state, ConstHandle item, ObjectHandle clip,
-                             BuiltMaster master)
+                             MasterClipHandle master)
 {
     std::string_view name = item.GetProperty("name");
     if (name.empty())
@@ -94,7 +94,7 @@ int SourceChannelOf(ConstHandle item, int trackIndex)
 // The channels of a master by the numbers that items state.
 class MasterChannels {
 public:
-    explicit MasterChannels(BuiltMaster master) : channels_(master.Channels()) {}
+    explicit MasterChannels(MasterClipHandle master) : channels_(ChannelsOf(master)) {}
 
     bool IsEmpty() const { return channels_.empty(); }
     const std::vector<MasterChannel>& All() const { return channels_; }
@@ -179,7 +179,7 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
 {
     ImportState& state = track.sequence.state;
     Document& document = state.document;
-    const BuiltMaster master = MasterForItem(state, item, MediaType::Video, track.index);
+    const MasterClipHandle master = MasterForItem(state, item, MediaType::Video, track.index);
     const ObjectHandle masterClip = master.VideoClip();
     if (!masterClip)
         return {};
@@ -207,7 +207,7 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
 {
     ImportState& state = track.sequence.state;
     Document& document = state.document;
-    const BuiltMaster master = MasterForItem(state, item, MediaType::Audio, track.index);
+    const MasterClipHandle master = MasterForItem(state, item, MediaType::Audio, track.index);
     const MasterChannels channels(master);
     if (channels.IsEmpty())
         return {};

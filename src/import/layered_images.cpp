@@ -94,7 +94,7 @@ void TranslateLayers(ImportState& state, const ClipItem& element, const FileUse&
 {
     for (const Layer& layer : MakeLayers(state, use)) {
         const MediaSources sources{.video = {layer.source}, .audio = {}};
-        const BuiltMaster master =
+        const MasterClipHandle master =
             BuildMasterClip(state, element, {.sources = sources, .name = layer.name});
         if (RegisterMaster(state.masters.registry,
                            {.masterClipId = element.GetProperty("masterclipid"),

@@ -7,15 +7,15 @@ namespace XPJ {
 namespace {
 
 template <class Map, class Key>
-BuiltMaster Lookup(const Map& map, const Key& key)
+MasterClipHandle Lookup(const Map& map, const Key& key)
 {
     const auto found = map.find(key);
-    return found == map.end() ? BuiltMaster() : found->second;
+    return found == map.end() ? MasterClipHandle() : found->second;
 }
 
 } // namespace
 
-BuiltMaster MasterRegistry::Find(const MasterKey& key) const
+MasterClipHandle MasterRegistry::Find(const MasterKey& key) const
 {
     if (key.mediaId.empty())
         return {};
@@ -30,7 +30,7 @@ BuiltMaster MasterRegistry::Find(const MasterKey& key) const
     return Lookup(masters, std::string_view());
 }
 
-bool MasterRegistry::Add(const MasterKey& key, BuiltMaster master)
+bool MasterRegistry::Add(const MasterKey& key, MasterClipHandle master)
 {
     // An entry that `Find` gives, the exact one or one that serves any element, takes the key.
     if (key.mediaId.empty() || Find(key))
@@ -39,9 +39,9 @@ bool MasterRegistry::Add(const MasterKey& key, BuiltMaster master)
     return true;
 }
 
-std::vector<BuiltMaster> MasterRegistry::Entries() const
+std::vector<MasterClipHandle> MasterRegistry::Entries() const
 {
-    std::vector<BuiltMaster> entries;
+    std::vector<MasterClipHandle> entries;
     for (const auto& [key, masters] : media_)
         for (const auto& [masterClipId, master] : masters)
             entries.push_back(master);
@@ -68,7 +68,7 @@ std::string MergeKind::Text() const
     return isSubclip ? text + ",SUBCLIP" : text;
 }
 
-BuiltMaster MasterCatalog::BySignature(const ClipSignature& signature) const
+MasterClipHandle MasterCatalog::BySignature(const ClipSignature& signature) const
 {
     return Lookup(signatures_, signature);
 }
@@ -78,23 +78,23 @@ bool MasterCatalog::HasSignature(const ClipSignature& signature) const
     return signatures_.contains(signature);
 }
 
-void MasterCatalog::AddSignature(const ClipSignature& signature, BuiltMaster master)
+void MasterCatalog::AddSignature(const ClipSignature& signature, MasterClipHandle master)
 {
     signatures_.emplace(signature, master);
 }
 
-BuiltMaster MasterCatalog::OfMulticlip(std::string_view id) const
+MasterClipHandle MasterCatalog::OfMulticlip(std::string_view id) const
 {
     return Lookup(multiclips_, id);
 }
 
-BuiltMaster MasterCatalog::EqualMulticlip(const std::string& content) const
+MasterClipHandle MasterCatalog::EqualMulticlip(const std::string& content) const
 {
     return Lookup(equalMulticlips_, content);
 }
 
 void MasterCatalog::AddMulticlip(std::string_view id, const std::string& content,
-                                 BuiltMaster master)
+                                 MasterClipHandle master)
 {
     multiclips_.emplace(id, master);
     if (!content.empty())
@@ -126,7 +126,7 @@ void MasterCatalog::AttachClipIds()
     clipIds_.clear();
 }
 
-bool RegisterMaster(MasterRegistry& registry, const RegisteredMedia& media, BuiltMaster master)
+bool RegisterMaster(MasterRegistry& registry, const RegisteredMedia& media, MasterClipHandle master)
 {
     const auto add = [&](MediaType type) {
         return registry.Add({media.masterClipId, media.mediaId, media.layer, type}, master);

@@ -38,16 +38,16 @@ struct MasterKey {
 class MasterRegistry {
 public:
     // Null if there is none, and always for an empty media id.
-    BuiltMaster Find(const MasterKey& key) const;
+    MasterClipHandle Find(const MasterKey& key) const;
     // False, and nothing is entered, when the key is taken or the media id is empty.
-    bool Add(const MasterKey& key, BuiltMaster master);
+    bool Add(const MasterKey& key, MasterClipHandle master);
     // Every entry, by media id, layer, media type and `masterclipid`. A master with video and audio
     // is there twice.
-    std::vector<BuiltMaster> Entries() const;
+    std::vector<MasterClipHandle> Entries() const;
 
 private:
     using MediaKey = std::tuple<std::string, int, MediaType>;
-    using Masters = std::map<std::string, BuiltMaster, std::less<>>; // by `masterclipid`
+    using Masters = std::map<std::string, MasterClipHandle, std::less<>>; // by `masterclipid`
 
     std::map<MediaKey, Masters> media_;
 };
@@ -77,7 +77,7 @@ struct MergeKind {
 
 // A master that is one of the files of a clip with several.
 struct MergeComponent {
-    BuiltMaster master;
+    MasterClipHandle master;
     ConstHandle clip;
     std::string_view mergeId;
     std::string_view fileId;
@@ -90,7 +90,7 @@ struct MergeComponent {
 // of a merged clip.
 struct DeferredItem {
     ConstHandle clip;
-    BuiltMaster master;
+    MasterClipHandle master;
     ObjectHandle parentItem;
 };
 
@@ -99,17 +99,17 @@ public:
     MasterRegistry registry;
 
     // The master of a `clip` with one of its files or generators.
-    BuiltMaster BySignature(const ClipSignature& signature) const;
+    MasterClipHandle BySignature(const ClipSignature& signature) const;
     bool HasSignature(const ClipSignature& signature) const;
-    void AddSignature(const ClipSignature& signature, BuiltMaster master);
+    void AddSignature(const ClipSignature& signature, MasterClipHandle master);
 
     // The master of an uncollapsed multiclip, by the `id` of the `multiclip`.
-    BuiltMaster OfMulticlip(std::string_view id) const;
+    MasterClipHandle OfMulticlip(std::string_view id) const;
     // False if the id is known. Multiclips of equal content, as `content` lists it, share the
     // master of the first one; an empty `content` equals nothing.
     bool HasMulticlip(std::string_view id) const { return multiclips_.contains(id); }
-    BuiltMaster EqualMulticlip(const std::string& content) const;
-    void AddMulticlip(std::string_view id, const std::string& content, BuiltMaster master);
+    MasterClipHandle EqualMulticlip(const std::string& content) const;
+    void AddMulticlip(std::string_view id, const std::string& content, MasterClipHandle master);
 
     void AddComponent(const MergeComponent& component);
     // Null for a master that is no part of a merged clip.
@@ -144,9 +144,9 @@ private:
         ObjectHandle id;
     };
 
-    std::map<ClipSignature, BuiltMaster> signatures_;
-    std::unordered_map<std::string_view, BuiltMaster> multiclips_;
-    std::unordered_map<std::string, BuiltMaster> equalMulticlips_;
+    std::map<ClipSignature, MasterClipHandle> signatures_;
+    std::unordered_map<std::string_view, MasterClipHandle> multiclips_;
+    std::unordered_map<std::string, MasterClipHandle> equalMulticlips_;
     std::unordered_map<std::uint64_t, MergeComponent> components_; // by `uniqueId` of the master
     std::vector<std::string_view> mergeIds_;
     std::unordered_set<std::string_view> knownMergeIds_;
@@ -164,7 +164,8 @@ struct RegisteredMedia {
     bool hasVideo = true;
     bool hasAudio = false;
 };
-bool RegisterMaster(MasterRegistry& registry, const RegisteredMedia& media, BuiltMaster master);
+bool RegisterMaster(MasterRegistry& registry, const RegisteredMedia& media,
+                    MasterClipHandle master);
 
 // What a clip shares with others of one merged clip: its `masterclipid`, else its `id`.
 std::string_view MergeIdOf(ConstHandle clip);

@@ -17,43 +17,43 @@ namespace {
 
 // ---- Which master an element means
 
-BuiltMaster FindFile(const ImportState& state, const MediaQuery& query, ConstHandle item)
+MasterClipHandle FindFile(const ImportState& state, const MediaQuery& query, ConstHandle item)
 {
     if (const FileElement file = FileOfItem(state.files, item))
         return FindMedia(state.masters.registry, query, state.files.IdOf(file));
     return {};
 }
 
-BuiltMaster FindReferenced(const ImportState& state, const MediaQuery& query, ConstHandle item)
+MasterClipHandle FindReferenced(const ImportState& state, const MediaQuery& query, ConstHandle item)
 {
     const ConstHandle nested = item.GetChild("sequence");
-    if (const BuiltMaster master = state.sequences.MasterOf(state.sequences.IdOf(nested)))
+    if (const MasterClipHandle master = state.sequences.MasterOf(state.sequences.IdOf(nested)))
         return master;
     const std::string_view fileId = item.GetProperty("fileid");
-    if (const BuiltMaster master = FindMedia(state.masters.registry, query, fileId))
+    if (const MasterClipHandle master = FindMedia(state.masters.registry, query, fileId))
         return master;
     return state.sequences.MasterOf(item.GetProperty("sequenceid"));
 }
 
-BuiltMaster FindInMedia(const ImportState& state, const MediaQuery& query, ConstHandle item)
+MasterClipHandle FindInMedia(const ImportState& state, const MediaQuery& query, ConstHandle item)
 {
     for (const FileElement& file : FilesOfMedia(state.files, item.GetChild("media")))
-        if (const BuiltMaster master =
+        if (const MasterClipHandle master =
                 FindMedia(state.masters.registry, query, state.files.IdOf(file)))
             return master;
     return {};
 }
 
-BuiltMaster FindSelf(const ImportState& state, const MediaQuery& query, ConstHandle item)
+MasterClipHandle FindSelf(const ImportState& state, const MediaQuery& query, ConstHandle item)
 {
     const std::string_view id = item.GetProperty("id");
-    if (const BuiltMaster master =
+    if (const MasterClipHandle master =
             state.masters.registry.Find({query.masterClipId, id, 0, query.type}))
         return master;
     return state.sequences.MasterOf(id);
 }
 
-using Search = BuiltMaster (*)(const ImportState&, const MediaQuery&, ConstHandle);
+using Search = MasterClipHandle (*)(const ImportState&, const MediaQuery&, ConstHandle);
 constexpr Search kSearches[] = {FindFile, FindReferenced, FindInMedia, FindSelf};
 
 // ---- A new master
@@ -126,7 +126,7 @@ ObjectHandle MakeMasterAudioClip(Document& document, const ClipItem& element, Ob
 
 // False when there is no audio to show.
 bool AddAudio(Document& document, const ClipItem& element, const MasterFields& fields,
-              BuiltMaster master)
+              MasterClipHandle master)
 {
     const MediaSources& sources = fields.sources;
     if (fields.audio.kind < 0 || sources.audio.empty())
@@ -152,7 +152,7 @@ bool AddAudio(Document& document, const ClipItem& element, const MasterFields& f
 
 // The markers of a clip belong to its audio, without audio to its first video.
 void AddVideoMarkers(const ImportState& state, ConstHandle element, bool hasAudio,
-                     BuiltMaster master)
+                     MasterClipHandle master)
 {
     const Ticks unit = PointTicksOf(state, element, master.VideoClip());
     ConstHandle owner = hasAudio ? ConstHandle() : element;
@@ -166,12 +166,12 @@ void AddVideoMarkers(const ImportState& state, ConstHandle element, bool hasAudi
 
 } // namespace
 
-BuiltMaster FindMedia(const MasterRegistry& registry, const MediaQuery& query,
-                      std::string_view mediaId)
+MasterClipHandle FindMedia(const MasterRegistry& registry, const MediaQuery& query,
+                           std::string_view mediaId)
 {
     for (const int index : {query.sourceTrack, query.trackIndex, 0})
         if (index >= 0)
-            if (const BuiltMaster master =
+            if (const MasterClipHandle master =
                     registry.Find({query.masterClipId, mediaId, index, query.type}))
                 return master;
     return registry.Find({{}, mediaId, 0, query.type});
@@ -182,8 +182,8 @@ int SourceTrackOf(ConstHandle item)
     return std::max(IntProperty(item.GetChild("sourcetrack"), "trackindex"), 0) - 1;
 }
 
-BuiltMaster MasterForItem(const ImportState& state, ConstHandle item, MediaType type,
-                          int trackIndex)
+MasterClipHandle MasterForItem(const ImportState& state, ConstHandle item, MediaType type,
+                               int trackIndex)
 {
     if (const ConstHandle multiclip = FindMulticlip(item)) {
         if (!IsCollapsed(multiclip))
@@ -195,16 +195,16 @@ BuiltMaster MasterForItem(const ImportState& state, ConstHandle item, MediaType 
                            .sourceTrack = SourceTrackOf(item),
                            .trackIndex = trackIndex};
     for (const Search search : kSearches)
-        if (const BuiltMaster master = search(state, query, item))
-            return master.FirstClip(type) ? master : BuiltMaster();
+        if (const MasterClipHandle master = search(state, query, item))
+            return master.FirstClip(type) ? master : MasterClipHandle();
     return {};
 }
 
-BuiltMaster BuildMasterClip(const ImportState& state, const ClipItem& element,
-                            const MasterFields& fields)
+MasterClipHandle BuildMasterClip(const ImportState& state, const ClipItem& element,
+                                 const MasterFields& fields)
 {
     Document& document = state.document;
-    const BuiltMaster master(document.NewObject("MasterClip"));
+    const MasterClipHandle master(document.NewObject("MasterClip"));
     AddUid(master);
     master.SetProperty("Name", fields.name.empty() ? element.GetProperty("name") : fields.name);
     for (const ObjectHandle& source : fields.sources.video)
@@ -237,7 +237,7 @@ FileMaster BuildFileMaster(ImportState& state, const ClipItem& element, const Fi
     if (result.sources.IsEmpty())
         return result;
     const AudioKind audio = SplitStereo(state.options, AudioKindOfFile(use.file), exploded);
-    const BuiltMaster built =
+    const MasterClipHandle built =
         BuildMasterClip(state, element, {.sources = result.sources, .audio = audio});
     MasterRegistry& registry = state.masters.registry;
     const std::string_view masterClipId = element.GetProperty("masterclipid");

@@ -22,16 +22,16 @@ struct MediaQuery {
     int sourceTrack = -1; // from 0; -1 without one
     int trackIndex = 0;   // from 0
 };
-BuiltMaster FindMedia(const MasterRegistry& registry, const MediaQuery& query,
-                      std::string_view mediaId);
+MasterClipHandle FindMedia(const MasterRegistry& registry, const MediaQuery& query,
+                           std::string_view mediaId);
 
 // `trackindex` of a `sourcetrack`, from 0; -1 without one.
 int SourceTrackOf(ConstHandle item);
 
 // The master that a `clipitem`, `generatoritem` or `clip` shows on a track of a type; null if there
 // is none. `trackIndex` counts from 0.
-BuiltMaster MasterForItem(const ImportState& state, ConstHandle item, MediaType type,
-                          int trackIndex);
+MasterClipHandle MasterForItem(const ImportState& state, ConstHandle item, MediaType type,
+                               int trackIndex);
 
 // ---- New masters
 
@@ -44,8 +44,8 @@ struct MasterFields {
 };
 
 // A new MasterClip of an element, which is null for black video.
-BuiltMaster BuildMasterClip(const ImportState& state, const ClipItem& element,
-                            const MasterFields& fields);
+MasterClipHandle BuildMasterClip(const ImportState& state, const ClipItem& element,
+                                 const MasterFields& fields);
 
 // Stereo is held as two mono elements, unless the element's tracks are exploded or the document is
 // an audio hand-off.
@@ -53,7 +53,7 @@ AudioKind SplitStereo(const ImportOptions& options, AudioKind audio, bool explod
 
 // A newly built master and the one that the registry holds, which differ when the key was taken.
 struct FileMaster {
-    BuiltMaster master; // null if the file has no streams
+    MasterClipHandle master; // null if the file has no streams
     MediaSources sources;
     bool isNew = false;
 };

@@ -23,7 +23,7 @@ public:
     explicit Candidates(const MasterCatalog& masters)
     {
         NodeSet seen;
-        for (const BuiltMaster& master : masters.registry.Entries())
+        for (const MasterClipHandle& master : masters.registry.Entries())
             if (const MergeComponent* const component = masters.ComponentOf(master);
                 component && seen.Insert(master))
                 Add(byMergeId_[component->mergeId], *component);
@@ -52,14 +52,14 @@ private:
     std::unordered_map<std::string_view, Group> byMergeId_;
 };
 
-void AddMergedItem(Document& document, BuiltMaster merged, ObjectHandle rootItem)
+void AddMergedItem(Document& document, MasterClipHandle merged, ObjectHandle rootItem)
 {
     const ObjectHandle item = document.NewObject("ClipProjectItem");
     AddUid(item);
     item.SetPropertyShared("Name", merged.GetProperty("Name"));
     item.SetPropertyShared("Column.PropertyText.Label", kMergedLabel);
     item.AddChild("MasterClip", merged);
-    rootItem.AddChild("ProjectItem", item);
+    rootItem.AddChild("Item", item);
 }
 
 // The host selects the parts of a merged clip together.
@@ -84,7 +84,7 @@ void CleanBin(ObjectHandle bin, const NodeSet& replaced)
 {
     std::vector<ObjectHandle> kept;
     bool isClean = true;
-    for (const ObjectHandle& item : bin.GetChildren("ProjectItem"))
+    for (const ObjectHandle& item : bin.GetChildren("Item"))
         if (replaced.Contains(item.GetChild("MasterClip")))
             isClean = false;
         else
@@ -93,7 +93,7 @@ void CleanBin(ObjectHandle bin, const NodeSet& replaced)
         return;
     bin.ClearChildren();
     for (const ObjectHandle& item : kept)
-        bin.AddChild("ProjectItem", item);
+        bin.AddChild("Item", item);
 }
 
 // The project items of parts leave their bins when all is merged.
@@ -104,7 +104,7 @@ void RemoveFromBins(ObjectHandle rootItem, const NodeSet& replaced)
         const ObjectHandle bin = open.back();
         open.pop_back();
         CleanBin(bin, replaced);
-        for (const ObjectHandle& item : bin.GetChildren("ProjectItem"))
+        for (const ObjectHandle& item : bin.GetChildren("Item"))
             if (item.GetName() == "BinProjectItem")
                 open.push_back(item);
     }
@@ -118,8 +118,8 @@ void MergePass(ImportState& state, ObjectHandle rootItem)
     NodeSet replaced;
     for (const std::string_view mergeId : state.masters.MergeIds()) {
         const MergeComponents components = candidates.Of(mergeId);
-        const BuiltMaster merged =
-            components.size() < 2 ? BuiltMaster() : BuildMergedMaster(state, components);
+        const MasterClipHandle merged =
+            components.size() < 2 ? MasterClipHandle() : BuildMergedMaster(state, components);
         if (merged) {
             AddMergedItem(state.document, merged, rootItem);
             JoinSelection(components);

@@ -88,7 +88,7 @@ Parts CollectParts(Document& document, const MergeComponents& components, Object
 }
 
 // Makes a master a part of the merged clip.
-void SetParent(Document& document, BuiltMaster component, BuiltMaster merged)
+void SetParent(Document& document, MasterClipHandle component, MasterClipHandle merged)
 {
     const ObjectHandle audio = component.FirstClip(MediaType::Audio);
     const std::string_view stream =
@@ -201,7 +201,7 @@ private:
 
 SyntheticItem BlackItem(ImportState& state, Ticks duration)
 {
-    const BuiltMaster black = BlackMaster(state);
+    const MasterClipHandle black = BlackMaster(state);
     return {.name = black.GetProperty("Name"),
             .clip = MakePlainVideoClip(state.document, black.VideoClip().GetChild("Source")),
             .master = black,
@@ -251,7 +251,7 @@ MergedAudio MakeAudio(const ImportState& state, const Parts& parts, StartTimes& 
     const PannerFields panner{.trackType = kMonoType, .handoff = state.options.sn2vlMode};
     int count = 0;
     for (const Part& part : parts.audio) {
-        const std::vector<MasterChannel> channels = part.component->master.Channels();
+        const std::vector<MasterChannel> channels = ChannelsOf(part.component->master);
         for (int i = 0; i < part.channels && i < std::ssize(channels); ++i, ++count) {
             const ObjectHandle source =
                 channels[static_cast<std::size_t>(i)].clip.GetChild("Source");
@@ -293,7 +293,7 @@ ObjectHandle MakeMergedSequence(ImportState& state, std::string_view name)
 
 // The merged clip shows its Sequence: one clip for the video, one for each channel.
 void AddClips(Document& document, const Parts& parts, ObjectHandle sequence, int channels,
-              BuiltMaster merged)
+              MasterClipHandle merged)
 {
     if (!parts.video.empty()) {
         const ObjectHandle clip = parts.video.front().clip;
@@ -310,10 +310,10 @@ void AddClips(Document& document, const Parts& parts, ObjectHandle sequence, int
                         MakeChannelClip(document, source, {}, static_cast<std::uint64_t>(i)));
 }
 
-BuiltMaster MakeMaster(Document& document, const MergeComponents& components, const Parts& parts,
-                       const MergeComponent& namesake)
+MasterClipHandle MakeMaster(Document& document, const MergeComponents& components,
+                            const Parts& parts, const MergeComponent& namesake)
 {
-    const BuiltMaster merged(document.NewObject("MasterClip"));
+    const MasterClipHandle merged(document.NewObject("MasterClip"));
     AddUid(merged);
     merged.SetPropertyShared("Name", namesake.master.GetProperty("Name"));
     merged.SetProperty("FCPMergedMasterClipID", namesake.mergeId);
@@ -326,7 +326,7 @@ BuiltMaster MakeMaster(Document& document, const MergeComponents& components, co
 
 } // namespace
 
-BuiltMaster BuildMergedMaster(ImportState& state, const MergeComponents& components)
+MasterClipHandle BuildMergedMaster(ImportState& state, const MergeComponents& components)
 {
     Document& document = state.document;
     const auto named = std::ranges::find_if(components, [](const MergeComponent& component) {
@@ -338,7 +338,7 @@ BuiltMaster BuildMergedMaster(ImportState& state, const MergeComponents& compone
     const Parts parts = CollectParts(document, components, sequence);
     if (parts.video.empty() && parts.audio.empty())
         return {};
-    const BuiltMaster merged = MakeMaster(document, components, parts, namesake);
+    const MasterClipHandle merged = MakeMaster(document, components, parts, namesake);
 
     StartTimes starts(state.files);
     sequence.AddChild("TrackGroup", MakeVideo(state, parts, starts));

@@ -11,6 +11,6 @@ using MergeComponents = std::vector<MergeComponent>;
 
 // Builds the merged clip of components in track order, and makes them its parts. Null when none of
 // them has video or audio.
-BuiltMaster BuildMergedMaster(ImportState& state, const MergeComponents& components);
+MasterClipHandle BuildMergedMaster(ImportState& state, const MergeComponents& components);
 
 } // namespace XPJ

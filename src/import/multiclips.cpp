@@ -56,7 +56,7 @@ std::string ContentOf(ConstHandle multiclip)
     return key;
 }
 
-BuiltMaster MakeMulticlipMaster(ImportState& state, ConstHandle multiclip)
+MasterClipHandle MakeMulticlipMaster(ImportState& state, ConstHandle multiclip)
 {
     Document& document = state.document;
     const SequenceRates rates = RatesOfMulticlip(multiclip);
@@ -118,15 +118,15 @@ std::string_view FieldTypeOfMulticlip(const FileCatalog& files, ConstHandle mult
 }
 
 // The master of an angle: that of its clip, else of the item in it.
-BuiltMaster MasterOfAngle(const ImportState& state, const Angle& angle, MediaType type)
+MasterClipHandle MasterOfAngle(const ImportState& state, const Angle& angle, MediaType type)
 {
     const std::string_view fileId = state.files.IdOf(FileOfItem(state.files, angle.item));
-    if (const BuiltMaster ofClip = state.masters.BySignature(SignatureOf(angle.clip, fileId)))
+    if (const MasterClipHandle ofClip = state.masters.BySignature(SignatureOf(angle.clip, fileId)))
         return ofClip;
     return MasterForItem(state, angle.item, type, 0);
 }
 
-SyntheticItem ItemOf(const Angle& angle, ObjectHandle clip, BuiltMaster master)
+SyntheticItem ItemOf(const Angle& angle, ObjectHandle clip, MasterClipHandle master)
 {
     return {.name = angle.clip.GetProperty("name"),
             .clip = clip,
@@ -146,7 +146,7 @@ ObjectHandle MakeAngleVideo(const MulticlipContext& context, const Angle& angle)
     ImportState& state = context.state;
     if (state.files.IdOf(FileOfItem(state.files, angle.item)).starts_with("Slug"))
         return {};
-    const BuiltMaster master = MasterOfAngle(state, angle, MediaType::Video);
+    const MasterClipHandle master = MasterOfAngle(state, angle, MediaType::Video);
     const ObjectHandle masterClip = master.VideoClip();
     if (!masterClip)
         return {};
@@ -162,8 +162,8 @@ ObjectHandle MakeAngleAudio(const MulticlipContext& context, const Angle& angle)
 {
     ImportState& state = context.state;
     Document& document = state.document;
-    const BuiltMaster master = MasterOfAngle(state, angle, MediaType::Audio);
-    const std::vector<MasterChannel> channels = master.Channels();
+    const MasterClipHandle master = MasterOfAngle(state, angle, MediaType::Audio);
+    const std::vector<MasterChannel> channels = ChannelsOf(master);
     if (channels.empty())
         return {};
     const ObjectHandle source =
@@ -256,14 +256,14 @@ void CollectMulticlip(ImportState& state, ConstHandle multiclip)
     if (IsCollapsed(multiclip) || id.empty() || masters.HasMulticlip(id))
         return;
     const std::string content = ContentOf(multiclip);
-    const BuiltMaster equal = masters.EqualMulticlip(content);
+    const MasterClipHandle equal = masters.EqualMulticlip(content);
     masters.AddMulticlip(id, content, equal ? equal : MakeMulticlipMaster(state, multiclip));
 }
 
 void TranslateMulticlipItem(ImportState& state, ConstHandle element, ObjectHandle parentItem)
 {
     const ConstHandle multiclip = FindMulticlip(element);
-    const BuiltMaster master = state.masters.OfMulticlip(multiclip.GetProperty("id"));
+    const MasterClipHandle master = state.masters.OfMulticlip(multiclip.GetProperty("id"));
     if (!master)
         return;
     const ObjectHandle sequence = master.Sequence();

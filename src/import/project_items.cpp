@@ -11,7 +11,7 @@ namespace XPJ {
 namespace {
 
 // Frame length in which a subclip counts; 0 for video that has none.
-Ticks SubclipTicksOf(ConstHandle element, BuiltMaster master)
+Ticks SubclipTicksOf(ConstHandle element, MasterClipHandle master)
 {
     const ObjectHandle video = master.VideoClip().GetChild("Source");
     const Ticks ticks =
@@ -26,7 +26,7 @@ void SetTicks(ObjectHandle source, Name key, Ticks ticks)
 }
 
 // A master that was built for another part of its media takes the limits of this one.
-void LimitToSubclip(const FileCatalog& files, ConstHandle element, BuiltMaster master)
+void LimitToSubclip(const FileCatalog& files, ConstHandle element, MasterClipHandle master)
 {
     const Ticks unit = SubclipTicksOf(element, master);
     const SubclipRange part = ReadSubclipInfo(files, element);
@@ -45,8 +45,8 @@ void LimitToSubclip(const FileCatalog& files, ConstHandle element, BuiltMaster m
 
 } // namespace
 
-ObjectHandle MakeClipProjectItem(const ImportState& state, ConstHandle element, BuiltMaster master,
-                                 ObjectHandle parentItem)
+ObjectHandle MakeClipProjectItem(const ImportState& state, ConstHandle element,
+                                 MasterClipHandle master, ObjectHandle parentItem)
 {
     const ObjectHandle item = state.document.NewObject("ClipProjectItem");
     AddUid(item);
@@ -57,11 +57,12 @@ ObjectHandle MakeClipProjectItem(const ImportState& state, ConstHandle element, 
     CopyComments(element, item);
     CopyGoodFlag(element, item);
     CopyGoodFlag(element, master);
-    parentItem.AddChild("ProjectItem", item);
+    parentItem.AddChild("Item", item);
     return item;
 }
 
-void AddClipItem(ImportState& state, ConstHandle clip, BuiltMaster master, ObjectHandle parentItem)
+void AddClipItem(ImportState& state, ConstHandle clip, MasterClipHandle master,
+                 ObjectHandle parentItem)
 {
     if (HasValue(clip, "name"))
         master.SetPropertyShared("Name", clip.GetProperty("name"));

@@ -100,7 +100,7 @@ void TranslateMulticlipReference(ImportState& state, ConstHandle item, ObjectHan
     const ConstHandle multiclip = item.GetChild("multiclip");
     if (!multiclip || IsCollapsed(multiclip))
         return;
-    const BuiltMaster master = state.masters.OfMulticlip(multiclip.GetProperty("id"));
+    const MasterClipHandle master = state.masters.OfMulticlip(multiclip.GetProperty("id"));
     if (master && !state.sequences.HasBegun(master.Sequence()))
         TranslateMulticlipItem(state, item, parentItem);
 }
@@ -155,7 +155,7 @@ ConstHandle TranslateReference(ImportState& state, const SequenceWalk& walk,
 // Fills the Sequence and makes its project item.
 void FinishSequence(ImportState& state, const SequenceWalk& walk, ObjectHandle parentItem)
 {
-    const BuiltMaster master = state.sequences.MasterOf(state.sequences.IdOf(walk.sequence));
+    const MasterClipHandle master = state.sequences.MasterOf(state.sequences.IdOf(walk.sequence));
     if (master && FillSequence(state, walk.sequence, walk.items, master))
         MakeClipProjectItem(state, walk.sequence, master, parentItem);
 }

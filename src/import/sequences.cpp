@@ -78,7 +78,7 @@ void SetLength(ConstHandle sequence, ObjectHandle master, Ticks end)
 
 } // namespace
 
-BuiltMaster MakeSequenceMaster(ImportState& state, ConstHandle sequence)
+MasterClipHandle MakeSequenceMaster(ImportState& state, ConstHandle sequence)
 {
     Document& document = state.document;
     const SequenceRates rates = RatesOfSequence(sequence, state.options.sn2vlMode);
@@ -97,7 +97,7 @@ BuiltMaster MakeSequenceMaster(ImportState& state, ConstHandle sequence)
 }
 
 bool FillSequence(ImportState& state, ConstHandle sequence, const SequenceItems& items,
-                  BuiltMaster master)
+                  MasterClipHandle master)
 {
     const ObjectHandle result = master.Sequence();
     SequenceContext context{.state = state, .sequence = sequence, .items = items};

@@ -7,11 +7,11 @@
 namespace XPJ {
 
 // The MasterClip around a new, empty Sequence for a `sequence`.
-BuiltMaster MakeSequenceMaster(ImportState& state, ConstHandle sequence);
+MasterClipHandle MakeSequenceMaster(ImportState& state, ConstHandle sequence);
 
 // Fills the Sequence of the `master` of a `sequence` element, whose items are given with their
 // edges. False if it was filled before or has no frame size.
 bool FillSequence(ImportState& state, ConstHandle sequence, const SequenceItems& items,
-                  BuiltMaster master);
+                  MasterClipHandle master);
 
 } // namespace XPJ

@@ -18,7 +18,7 @@ namespace XPJ {
 namespace {
 
 // The black clip; its item is made with the first slug.
-BuiltMaster BlackClipFor(ImportState& state, ObjectHandle parentItem)
+MasterClipHandle BlackClipFor(ImportState& state, ObjectHandle parentItem)
 {
     if (!state.generators.blackVideo)
         MakeClipProjectItem(state, {}, BlackMaster(state), parentItem)
@@ -26,7 +26,7 @@ BuiltMaster BlackClipFor(ImportState& state, ObjectHandle parentItem)
     return state.generators.blackVideo;
 }
 
-ObjectHandle MakeSlugVideo(Document& document, BuiltMaster black, const FrameFormat& frame,
+ObjectHandle MakeSlugVideo(Document& document, MasterClipHandle black, const FrameFormat& frame,
                            Ticks frameTicks)
 {
     const ObjectHandle clip = MakePlainVideoClip(document, black.VideoClip().GetChild("Source"));
@@ -53,7 +53,7 @@ ObjectHandle MakeSlugAudio(Document& document, bool isHandoff)
     return group.group;
 }
 
-ObjectHandle MakeSlugSequence(ImportState& state, BuiltMaster black, const FrameFormat& frame,
+ObjectHandle MakeSlugSequence(ImportState& state, MasterClipHandle black, const FrameFormat& frame,
                               Ticks frameTicks)
 {
     Document& document = state.document;
@@ -77,7 +77,7 @@ void TranslateSlug(ImportState& state, const ClipItem& element, const FileUse& u
     if (fileId.empty())
         return;
     Document& document = state.document;
-    const BuiltMaster black = BlackClipFor(state, parentItem);
+    const MasterClipHandle black = BlackClipFor(state, parentItem);
     const Ticks stated = TicksOfRate(element.GetChild("rate"));
     const Ticks frameTicks = stated != 0 ? stated : kNtscFrameTicks;
     const FrameFormat frame = FrameOfFile(use.element, use.file, use.characteristics);
@@ -90,7 +90,7 @@ void TranslateSlug(ImportState& state, const ClipItem& element, const FileUse& u
                                                      kSampleTicks48k, kSlugSequenceDuration));
     AudioKind audio = AudioKindOfFile(use.file);
     audio.kind = std::max<int>(audio.kind, kMono);
-    const BuiltMaster master = BuildMasterClip(
+    const MasterClipHandle master = BuildMasterClip(
         state, element, {.sources = sources, .audio = SplitStereo(state.options, audio, false)});
     if (RegisterMaster(state.masters.registry,
                        {.masterClipId = element.GetProperty("masterclipid"),
@@ -100,9 +100,9 @@ void TranslateSlug(ImportState& state, const ClipItem& element, const FileUse& u
         MakeClipProjectItem(state, element, master, parentItem);
 }
 
-BuiltMaster BlackMaster(ImportState& state)
+MasterClipHandle BlackMaster(ImportState& state)
 {
-    BuiltMaster& black = state.generators.blackVideo;
+    MasterClipHandle& black = state.generators.blackVideo;
     if (!black) {
         const MediaSources sources =
             MakeSyntheticSources(state.document, MediaKind::BlackVideo, 0, {});

@@ -13,6 +13,6 @@ void TranslateSlug(ImportState& state, const ClipItem& element, const FileUse& u
                    ObjectHandle parentItem);
 
 // The MasterClip of black, which the whole project shares; it has no project item of its own yet.
-BuiltMaster BlackMaster(ImportState& state);
+MasterClipHandle BlackMaster(ImportState& state);
 
 } // namespace XPJ

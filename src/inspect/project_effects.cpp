@@ -15,7 +15,7 @@ namespace {
 Parameter ReadParameter(ConstHandle param)
 {
     const std::string_view name = param.GetProperty("Name");
-    const std::string_view blob = param.GetChild("StartKeyframeValue").GetProperty("value");
+    const std::string_view blob = param.GetProperty("StartKeyframeValue");
     Parameter parameter{PlainText(name.empty() ? param.GetProperty("ParameterID") : name),
                         PlainText(blob.empty() ? StartText(param) : blob)};
     for (const KeyframeRecord& record : ParseKeyframes(param.GetProperty("Keyframes")))
@@ -25,11 +25,10 @@ Parameter ReadParameter(ConstHandle param)
 
 Effect ReadComponent(ConstHandle component)
 {
-    const ConstHandle core = ComponentCore(component);
-    Effect effect{
-        .name = EffectNameOfMatch(ComponentMatchName(component), core.GetProperty("DisplayName")),
-        .enabled = !IsTrue(core, "Bypass"),
-        .isTitle = ComponentMatchName(component) == kTextComponent};
+    Effect effect{.name = EffectNameOfMatch(ComponentMatchName(component),
+                                            component.GetProperty("DisplayName")),
+                  .enabled = !IsTrue(component, "Bypass"),
+                  .isTitle = ComponentMatchName(component) == kTextComponent};
     for (const ConstHandle& param : ParamsOf(component))
         effect.parameters.push_back(ReadParameter(param));
     return effect;
@@ -53,11 +52,11 @@ std::string_view AlignmentOf(ConstHandle core, const Transition& transition)
 std::vector<Effect> ReadProjectEffects(TrackItem trackItem)
 {
     std::vector<Effect> effects;
-    for (const ConstHandle& component : ComponentsOf(ChainOfOwner(ItemCore(trackItem))))
+    for (const ConstHandle& component : ComponentsOf(ChainOfOwner(trackItem)))
         if (Effect effect = ReadComponent(component); !IsNeutral(effect))
             effects.push_back(std::move(effect));
     Effect pan{.name = "Pan"};
-    for (const ConstHandle& param : ParamsOf(PanProcessorOf(trackItem)))
+    for (const ConstHandle& param : ParamsOf(PannerOf(trackItem)))
         pan.parameters.push_back(ReadParameter(param));
     if (!IsNeutral(pan))
         effects.push_back(std::move(pan));
@@ -74,13 +73,11 @@ std::vector<Keyframe> ReadProjectSpeedKeyframes(ConstHandle clip)
 
 Transition ReadProjectTransition(ConstHandle transition)
 {
-    const ConstHandle core = TransitionCore(transition);
-    const ConstHandle edges = TransitionEdges(transition);
-    Transition result{.name = TransitionNameOfMatch(core.GetProperty("MatchName"),
-                                                    core.GetProperty("DisplayName")),
-                      .start = Int64Property(edges, "Start"),
-                      .end = Int64Property(edges, "End")};
-    result.alignment = AlignmentOf(core, result);
+    Transition result{.name = TransitionNameOfMatch(transition.GetProperty("MatchName"),
+                                                    transition.GetProperty("DisplayName")),
+                      .start = Int64Property(transition, "Start"),
+                      .end = Int64Property(transition, "End")};
+    result.alignment = AlignmentOf(transition, result);
     for (const Name& key : {Name("Direction"), Name("Reverse"), Name("BorderColor"),
                             Name("BorderWidth"), Name("StartPercent"), Name("EndPercent")})
         if (const std::string_view value = transition.GetProperty(key); !value.empty())

@@ -48,8 +48,8 @@ void SetFrame(std::string_view rect, Sequence& sequence)
 std::vector<Marker> ReadMarkers(ConstHandle owner)
 {
     std::vector<Marker> markers;
-    for (const ConstHandle& entry : MarkerEntriesOf(owner))
-        if (const auto record = ParseMarkerRecord(MarkerRecordOf(entry)))
+    for (const ConstHandle& marker : MarkersOf(owner))
+        if (const auto record = ParseMarkerRecord(MarkerRecordOf(marker)))
             markers.push_back({.start = record->start,
                                .duration = record->duration,
                                .name = UnescapeXML(record->name),
@@ -93,7 +93,7 @@ private:
     {
         std::vector<Level> levels;
         const auto open = [&](ConstHandle bin) {
-            const ConstChildRange items = ItemList(bin).GetChildren();
+            const ConstChildRange items = ItemsOf(bin);
             if (bins_.Insert(bin) && levels.size() < static_cast<std::size_t>(kMaxNesting))
                 levels.push_back({items.begin(), items.end()});
         };
@@ -116,18 +116,17 @@ private:
     void AddEntry(ConstHandle item, int depth)
     {
         Entry entry{.depth = depth,
-                    .name = UnescapeXML(ItemName(item)),
-                    .label =
-                        UnescapeXML(LabelNameOf(ItemProperties(item).GetProperty(kItemLabelKey)))};
+                    .name = TextOf(item, "Name"),
+                    .label = UnescapeXML(LabelNameOf(item.GetProperty(kItemLabelKey)))};
         if (item.GetName() == "ClipProjectItem") {
             const MasterClip master = MasterOfItem(item);
-            const ConstHandle clip = MainClip(master);
-            const ConstHandle sequence = SequenceOfMaster(master);
+            const ConstHandle clip = master.MainClip();
+            const ConstHandle sequence = master.Sequence();
             entry.kind = sequence ? EntryKind::Sequence : EntryKind::Clip;
             if (sequence && !IsMergedSequence(sequence))
                 entry.sequence = sequences_.NumberOf(sequence);
             entry.mediaFile = MediaFileOf(MediaOfSource(SourceOfClip(clip)));
-            entry.markers = ReadMarkers(ClipCore(clip));
+            entry.markers = ReadMarkers(clip);
         }
         project_.entries.push_back(std::move(entry));
     }
@@ -151,21 +150,21 @@ private:
 
     Sequence ReadSequence(ConstHandle node)
     {
-        const ConstHandle properties = SequenceProperties(node);
         const ConstHandle video = GroupOfKind(node, MediaType::Video);
-        const TimecodeFormat format = FormatOf(
-            RateOfGroup(video), IntProperty(properties, "MZ.Sequence.VideoTimeDisplayFormat"));
+        const TimecodeFormat format =
+            FormatOf(Int64Property(video, "FrameRate"),
+                     IntProperty(node, "MZ.Sequence.VideoTimeDisplayFormat"));
         Sequence sequence{.name = TextOf(node, "Name"),
                           .format = format,
-                          .start = Int64Property(properties, "MZ.ZeroPoint"),
+                          .start = Int64Property(node, "MZ.ZeroPoint"),
                           .markers = ReadMarkers(node)};
         SetFrame(video.GetProperty("FrameRect"), sequence);
         items_.clear();
         for (const MediaType kind : {MediaType::Video, MediaType::Audio}) {
             int number = 0;
-            for (const ConstHandle& entry : GroupEntriesOf(node))
-                if (IsGroupEntryOf(entry, kind))
-                    for (const ConstHandle& track : TracksOf(GroupOfEntry(entry)))
+            for (const ConstHandle& group : TrackGroupsOf(node))
+                if (IsGroupOf(group, kind))
+                    for (const ConstHandle& track : TracksOf(group))
                         ReadTrack(track, kind, ++number, sequence);
         }
         ReadLinks(node, sequence);
@@ -174,17 +173,16 @@ private:
 
     void ReadTrack(ConstHandle node, MediaType kind, int number, Sequence& sequence)
     {
-        const ConstHandle core = TrackCore(node);
         Track track{.kind = kind,
                     .number = number,
-                    .name = TextOf(TrackProperties(node), "MZ.TrackName"),
-                    .enabled = !IsTrue(core, "IsMuted"),
-                    .locked = IsTrue(core, "IsLocked")};
+                    .name = TextOf(node, "MZ.TrackName"),
+                    .enabled = !IsTrue(node, "IsMuted"),
+                    .locked = IsTrue(node, "IsLocked")};
         std::vector<TrackItem> nodes;
         for (const ConstHandle& item : TrackItemsOf(node))
             nodes.emplace_back(item);
-        std::ranges::stable_sort(
-            nodes, {}, [](TrackItem item) { return Int64Property(ItemEdges(item), "Start"); });
+        std::ranges::stable_sort(nodes, {},
+                                 [](TrackItem item) { return Int64Property(item, "Start"); });
         NodeSet transitions;
         for (const TrackItem& item : nodes) {
             items_.emplace(item.UniqueId(), ItemIndex{sequence.tracks.size(), track.items.size()});
@@ -199,22 +197,19 @@ private:
 
     Item MakeItem(TrackItem node, MediaType kind, const TimecodeFormat& sequenceFormat)
     {
-        const ConstHandle edges = ItemEdges(node);
         const ConstHandle subClip = SubClipOf(node);
         const ConstHandle clip = ClipOfSubClip(subClip);
-        const ConstHandle core = ClipCore(clip);
         Item item{.name = TextOf(subClip, "Name"),
-                  .start = Int64Property(edges, "Start"),
-                  .end = Int64Property(edges, "End"),
-                  .in = Int64Property(core, "InPoint"),
-                  .out = Int64Property(core, "OutPoint"),
-                  .speed = SpeedOf(core),
-                  .reverse = IsTrue(core, "PlayBackwards"),
+                  .start = Int64Property(node, "Start"),
+                  .end = Int64Property(node, "End"),
+                  .in = Int64Property(clip, "InPoint"),
+                  .out = Int64Property(clip, "OutPoint"),
+                  .speed = SpeedOf(clip),
+                  .reverse = IsTrue(clip, "PlayBackwards"),
                   .frameBlending = IntProperty(clip, "TimeInterpolationType") != 0,
                   .speedKeyframes = ReadProjectSpeedKeyframes(clip),
-                  .enabled = !IsTrue(ItemCore(node), "IsMuted"),
-                  .label =
-                      UnescapeXML(LabelNameOf(ClipProperties(clip).GetProperty(kClipLabelKey))),
+                  .enabled = !IsTrue(node, "IsMuted"),
+                  .label = UnescapeXML(LabelNameOf(clip.GetProperty(kClipLabelKey))),
                   .sourceFormat = sequenceFormat};
         if (kind == MediaType::Audio && HasValue(clip, "SecondaryIndex"))
             item.channel = static_cast<int>(
@@ -223,7 +218,7 @@ private:
         if (kind == MediaType::Video)
             item.title = TitleOf(node, clip);
         item.effects = ReadProjectEffects(node);
-        item.markers = ReadMarkers(core);
+        item.markers = ReadMarkers(clip);
         return item;
     }
 
@@ -231,7 +226,7 @@ private:
     {
         const ConstHandle source = SourceOfClip(clip);
         if (const ConstHandle sequence = SequenceOfSource(source)) {
-            const bool isMulticam = IsTrue(ClipCore(clip), "IsMulticam");
+            const bool isMulticam = IsTrue(clip, "IsMulticam");
             item.source = isMulticam ? SourceKind::Multiclip : SourceKind::Sequence;
             item.sourceName = TextOf(sequence, "Name");
             if (!isMulticam && !IsMergedSequence(sequence))
@@ -258,7 +253,7 @@ private:
     // A graphic's text is on the item or on its master clip, a title document in the Media.
     std::size_t TitleOf(TrackItem node, ConstHandle clip)
     {
-        const std::size_t own = AddTitle(TextsOfChain(ChainOfOwner(ItemCore(node))));
+        const std::size_t own = AddTitle(TextsOfChain(ChainOfOwner(node)));
         const MasterClip master = MasterOfSubClip(SubClipOf(node));
         if (own != kNothing || !master)
             return own;

@@ -106,7 +106,7 @@ std::vector<TitleText> TextsOfChain(ConstHandle chain)
             continue;
         for (const ConstHandle param : ParamsOf(component))
             if (param.GetProperty("ParameterID") == kTextParameter)
-                AddTextDocument(RawValue(param.GetChild("StartKeyframeValue")), texts);
+                AddTextDocument(param.GetProperty("StartKeyframeValue"), texts);
     }
     return texts;
 }

@@ -2,18 +2,18 @@
 
 #include "core/text.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <limits>
 
 namespace XPJ {
 
 namespace {
 
-ConstHandle FirstClipOfClass(MasterClip masterClip, std::string_view className)
+bool HasAny(ConstHandle node, std::initializer_list<Name> keys)
 {
-    for (const ConstHandle clip : ClipsOfMaster(masterClip))
-        if (clip.GetName() == className)
-            return clip;
-    return {};
+    return std::any_of(keys.begin(), keys.end(),
+                       [node](Name key) { return node.HasProperty(key); });
 }
 
 } // namespace
@@ -23,19 +23,9 @@ bool IsRate(Ticks frameTicks)
     return frameTicks > 0 && frameTicks != std::numeric_limits<Ticks>::max();
 }
 
-ConstHandle ItemList(ConstHandle item)
+ConstChildRange ItemsOf(ConstHandle bin)
 {
-    return FindPath(item, {"ProjectItemContainer", "Items"});
-}
-
-std::string_view ItemName(ConstHandle item)
-{
-    return item.GetChild("ProjectItem").GetProperty("Name");
-}
-
-ConstHandle ItemProperties(ConstHandle item)
-{
-    return FindPath(item, {"ProjectItem", "Node", "Properties"});
+    return bin.GetChildren();
 }
 
 MasterClip MasterOfItem(ConstHandle clipItem)
@@ -45,36 +35,7 @@ MasterClip MasterOfItem(ConstHandle clipItem)
 
 std::string_view ObjectGuid(ConstHandle object)
 {
-    return object.GetProperty("UIDObject");
-}
-
-ConstChildRange ClipsOfMaster(MasterClip masterClip)
-{
-    return masterClip.GetChild("Clips").GetChildren("Clip");
-}
-
-ConstHandle FirstVideoClip(MasterClip masterClip)
-{
-    return FirstClipOfClass(masterClip, "VideoClip");
-}
-
-ConstHandle FirstAudioClip(MasterClip masterClip)
-{
-    return FirstClipOfClass(masterClip, "AudioClip");
-}
-
-ConstHandle MainClip(MasterClip masterClip)
-{
-    const ConstHandle video = FirstVideoClip(masterClip);
-    return video ? video : FirstAudioClip(masterClip);
-}
-
-ConstHandle SequenceOfMaster(MasterClip masterClip)
-{
-    for (const ConstHandle clip : ClipsOfMaster(masterClip))
-        if (const ConstHandle sequence = SequenceOfSource(SourceOfClip(clip)))
-            return sequence;
-    return {};
+    return object.GetProperty("uid");
 }
 
 ConstHandle LoggingInfoOf(MasterClip masterClip)
@@ -84,13 +45,12 @@ ConstHandle LoggingInfoOf(MasterClip masterClip)
 
 ConstChildRange ChannelVectorsOf(MasterClip masterClip)
 {
-    return FindPath(masterClip, {"AudioClipChannelGroups", "ClipChannelVectors"})
-        .GetChildren("ClipChannelVectorItem");
+    return masterClip.GetChild("AudioClipChannelGroups").GetChildren("ClipChannelVectorItem");
 }
 
 ConstChildRange ChannelsOfVector(ConstHandle vector)
 {
-    return vector.GetChild("ClipChannels").GetChildren("ClipChannelItem");
+    return vector.GetChildren("ClipChannelItem");
 }
 
 ConstHandle VideoChainOfMaster(MasterClip masterClip)
@@ -105,7 +65,7 @@ ConstHandle AudioChainOfMaster(MasterClip masterClip)
 
 Media AudioMediaOfMaster(MasterClip masterClip)
 {
-    for (const ConstHandle clip : ClipsOfMaster(masterClip))
+    for (const ConstHandle clip : masterClip.Clips())
         if (IsAudioClip(clip))
             if (const Media media = MediaOfSource(SourceOfClip(clip)))
                 return media;
@@ -122,29 +82,19 @@ bool IsAudioClip(ConstHandle clip)
     return clip.GetName() == "AudioClip";
 }
 
-ConstHandle ClipCore(ConstHandle clip)
+bool IsClip(ConstHandle clip)
 {
-    return clip.GetChild("Clip");
-}
-
-ConstHandle ClipProperties(ConstHandle clip)
-{
-    return ClipCore(clip).GetChild("Properties");
+    return clip.HasChild("Source") || HasAny(clip, {"FrameRate", "InPoint", "OutPoint"});
 }
 
 ConstHandle SourceOfClip(ConstHandle clip)
 {
-    return SourceOfCore(ClipCore(clip));
-}
-
-ConstHandle SourceOfCore(ConstHandle core)
-{
-    return core.GetChild("Source");
+    return clip.GetChild("Source");
 }
 
 ConstChildRange SecondaryContentsOf(ConstHandle audioClip)
 {
-    return audioClip.GetChild("SecondaryContents").GetChildren("SecondaryContentItem");
+    return audioClip.GetChildren("SecondaryContentItem");
 }
 
 ConstHandle SourceOfContent(ConstHandle secondaryContent)
@@ -154,17 +104,17 @@ ConstHandle SourceOfContent(ConstHandle secondaryContent)
 
 bool HasTimeRemapping(ConstHandle clip)
 {
-    return ClipCore(clip).HasChild("TimeRemapping");
+    return clip.HasChild("TimeRemapping");
 }
 
 std::string_view SpeedKeyframesOf(ConstHandle clip)
 {
-    return FindPath(ClipCore(clip), {"TimeRemapping", "Keyframes"}).GetProperty("Keyframes");
+    return FindPath(clip, {"TimeRemapping", "Keyframes"}).GetProperty("Keyframes");
 }
 
 Media MediaOfSource(ConstHandle source)
 {
-    return Media(FindPath(source, {"MediaSource", "Media"}));
+    return Media(source.GetChild("Media"));
 }
 
 ConstHandle VideoStreamOf(Media media)
@@ -177,115 +127,63 @@ ConstHandle AudioStreamOf(Media media)
     return media.GetChild("AudioStream");
 }
 
-ConstHandle BoundariesOfSource(ConstHandle source)
-{
-    return FindPath(source, {"MediaSource", "Content"});
-}
-
 ConstHandle SequenceOfSource(ConstHandle source)
 {
-    return FindPath(source, {"SequenceSource", "Sequence"});
-}
-
-ConstHandle SequenceProperties(ConstHandle sequence)
-{
-    return sequence.GetChild("Properties");
+    return source.GetChild("Sequence");
 }
 
 bool IsMergedSequence(ConstHandle sequence)
 {
-    const ConstHandle holder =
-        sequence.HasProperty("BE.Sequence.IsMergedClip") ? sequence : SequenceProperties(sequence);
-    return IsTrue(holder, "BE.Sequence.IsMergedClip");
+    return IsTrue(sequence, "BE.Sequence.IsMergedClip");
 }
 
-bool HasTrackGroups(ConstHandle sequence)
+ConstChildRange TrackGroupsOf(ConstHandle sequence)
 {
-    return sequence.HasChild("TrackGroups");
+    return sequence.GetChildren("TrackGroup");
 }
 
-ConstChildRange GroupEntriesOf(ConstHandle sequence)
+bool IsGroupOf(ConstHandle group, MediaType type)
 {
-    return sequence.GetChild("TrackGroups").GetChildren("TrackGroup");
-}
-
-bool IsGroupEntryOf(ConstHandle entry, MediaType type)
-{
-    return EqualsIgnoreCase(entry.GetProperty("First"), MediaTypeText(type));
-}
-
-ConstHandle GroupOfEntry(ConstHandle entry)
-{
-    return entry.GetChild("Second");
+    return EqualsIgnoreCase(group.GetProperty("mediatype"), MediaTypeText(type));
 }
 
 ConstHandle GroupOfKind(ConstHandle sequence, MediaType type)
 {
-    for (const ConstHandle entry : GroupEntriesOf(sequence))
-        if (IsGroupEntryOf(entry, type))
-            return GroupOfEntry(entry);
+    for (const ConstHandle group : TrackGroupsOf(sequence))
+        if (IsGroupOf(group, type))
+            return group;
     return {};
-}
-
-Ticks RateOfGroup(ConstHandle group)
-{
-    return Int64Property(group.GetChild("TrackGroup"), "FrameRate");
 }
 
 ConstChildRange TracksOf(ConstHandle group)
 {
-    return FindPath(group, {"TrackGroup", "Tracks"}).GetChildren("Track");
+    return group.GetChildren("Track");
 }
 
-ConstHandle MasterAudioTrackOf(ConstHandle group)
+ConstHandle MasterTrackOf(ConstHandle group)
 {
-    return FindPath(group, {"MasterTrack", "AudioTrack"});
+    const ConstHandle track = group.GetChild("MasterTrack");
+    return track.FirstProperty() || track.HasChildren() ? track : ConstHandle();
 }
 
 ConstChildRange LinksOf(ConstHandle sequence)
 {
-    return FindPath(sequence, {"PersistentGroupContainer", "LinkContainer", "Links"})
-        .GetChildren("Link");
+    return sequence.GetChild("PersistentGroupContainer").GetChildren("Link");
 }
 
 ConstChildRange LinkedItemsOf(ConstHandle link)
 {
-    return FindPath(link, {"TrackItemGroup", "TrackItems"}).GetChildren("TrackItem");
-}
-
-ConstHandle TrackCore(ConstHandle track)
-{
-    return FindPath(track, {"ClipTrack", "Track"});
-}
-
-ConstHandle TrackProperties(ConstHandle track)
-{
-    return TrackCore(track).GetChild("Properties");
+    return link.GetChildren("TrackItem");
 }
 
 ConstChildRange TrackItemsOf(ConstHandle track)
 {
-    return FindPath(track, {"ClipTrack", "ClipItems", "TrackItems"}).GetChildren("TrackItem");
-}
-
-ConstHandle AudioTrackOf(ConstHandle track)
-{
-    return track.GetChild("AudioTrack");
-}
-
-ConstHandle ItemCore(TrackItem item)
-{
-    return item.GetChild("ClipTrackItem");
-}
-
-ConstHandle ItemEdges(TrackItem item)
-{
-    return ItemCore(item).GetChild("TrackItem");
+    return track.GetChildren("TrackItem");
 }
 
 ConstHandle SubClipOf(TrackItem item)
 {
-    return ItemCore(item).GetChild("SubClip");
+    return item.GetChild("SubClip");
 }
 
 ConstHandle ClipOfSubClip(ConstHandle subClip)
@@ -300,32 +198,28 @@ MasterClip MasterOfSubClip(ConstHandle subClip)
 
 ConstHandle HeadTransitionOf(TrackItem item)
 {
-    return ItemCore(item).GetChild("HeadTransition");
+    return item.GetChild("HeadTransition");
 }
 
 ConstHandle TailTransitionOf(TrackItem item)
 {
-    return ItemCore(item).GetChild("TailTransition");
+    return item.GetChild("TailTransition");
 }
 
-ConstHandle TransitionCore(ConstHandle transition)
+bool IsTransition(ConstHandle transition)
 {
-    return transition.GetChild("TransitionTrackItem");
-}
-
-ConstHandle TransitionEdges(ConstHandle transition)
-{
-    return TransitionCore(transition).GetChild("TrackItem");
+    return HasAny(transition,
+                  {"Start", "End", "HasIncomingClip", "HasOutgoingClip", "Alignment", "MatchName"});
 }
 
 ConstHandle ChainOfOwner(ConstHandle owner)
 {
-    return FindPath(owner, {"ComponentOwner", "Components"});
+    return owner.GetChild("Components");
 }
 
 ConstChildRange ComponentsOf(ConstHandle chain)
 {
-    return FindPath(chain, {"ComponentChain", "Components"}).GetChildren("Component");
+    return chain.GetChildren("Component");
 }
 
 std::string_view ComponentMatchName(ConstHandle component)
@@ -334,30 +228,14 @@ std::string_view ComponentMatchName(ConstHandle component)
                                               : component.GetProperty("FilterMatchName");
 }
 
-ConstHandle ComponentCore(ConstHandle component)
-{
-    const ConstHandle core = component.GetChild("Component");
-    return core ? core : FindPath(component, {"AudioComponent", "Component"});
-}
-
-ConstHandle ParamListOf(ConstHandle component)
-{
-    return ComponentCore(component).GetChild("Params");
-}
-
 ConstChildRange ParamsOf(ConstHandle component)
 {
-    return ParamListOf(component).GetChildren("Param");
-}
-
-ConstHandle ComponentProperties(ConstHandle component)
-{
-    return FindPath(ComponentCore(component), {"Node", "Properties"});
+    return component.GetChildren("Param");
 }
 
 ConstChildRange DependenciesOf(ConstHandle component)
 {
-    return component.GetChild("PluginDependencyMap").GetChildren("Dependency");
+    return component.GetChildren("Dependency");
 }
 
 ConstHandle FaderParam(ConstHandle audioTrack, std::string_view name)
@@ -370,25 +248,24 @@ ConstHandle FaderParam(ConstHandle audioTrack, std::string_view name)
     return {};
 }
 
-ConstHandle DirectPanProcessorOf(ConstHandle owner)
+ConstHandle PannerOf(ConstHandle owner)
 {
-    return FindPath(owner, {"Panner", "DirectPanProcessor"});
+    return owner.GetChild("Panner");
 }
 
-ConstHandle PanProcessorOf(ConstHandle owner)
+bool AssignsChannels(ConstHandle panner)
 {
-    const ConstHandle own = FindPath(owner, {"Panner", "PanProcessor"});
-    return own ? own : DirectPanProcessorOf(owner).GetChild("PanProcessor");
+    return HasAny(panner, {"Matrix", "NumInputChannels"});
 }
 
-ConstChildRange MarkerEntriesOf(ConstHandle owner)
+ConstChildRange MarkersOf(ConstHandle owner)
 {
-    return FindPath(owner, {"MarkerOwner", "Markers", "Markers"}).GetChildren("Marker");
+    return owner.GetChild("Markers").GetChildren("Marker");
 }
 
-std::string_view MarkerRecordOf(ConstHandle entry)
+std::string_view MarkerRecordOf(ConstHandle marker)
 {
-    return entry.GetChild("Second").GetProperty("HULMarker");
+    return marker.GetProperty("HULMarker");
 }
 
 } // namespace XPJ

@@ -11,7 +11,8 @@
 namespace XPJ {
 
 enum class RowKind : std::uint8_t {
-    Part,         // <Tag Version="V">, a node of its own
+    Part,         // <Tag Version="V">, whose fields count only there; of the object's node
+    Member,       // the same, a node of its own
     Wrapper,      // the same, transparent for the reader
     End,          // </Tag>
     Include,      // the rows of a block that several classes share
@@ -28,10 +29,10 @@ enum class RowKind : std::uint8_t {
 
     GuidReference,         // <Tag ObjectURef="G"/>; a missing child is an error
     OptionalGuidReference, // the same, skipped when there is no child
-    GuidList,              // <Tag Index="I" ObjectURef="G" /> for each child `tag` or `key`
+    GuidList,              // <Tag Index="I" ObjectURef="G" /> for each child
 
     Blob,         // <Tag Encoding="base64" Checksum="C">data</Tag>, checksum under `key`
-    SharedBlob,   // the same; without data <Tag Encoding="base64" Checksum=""/>; read as a node
+    SharedBlob,   // the same; without data <Tag Encoding="base64" Checksum=""/>
     AudioLayout,  // the property, else built from channel type and count, else mono
     MarkerRecord, // the JSON record of a marker
 
@@ -57,6 +58,11 @@ namespace ClassRows {
 constexpr BodyRow Part(Name tag, unsigned version)
 {
     return {.kind = RowKind::Part, .version = version, .tag = tag};
+}
+
+constexpr BodyRow Member(Name tag, unsigned version)
+{
+    return {.kind = RowKind::Member, .version = version, .tag = tag};
 }
 
 constexpr BodyRow Wrapper(Name tag, unsigned version)
@@ -152,9 +158,9 @@ constexpr BodyRow OptionalGuidReference(Name tag, FieldUse use = {})
     return {.kind = RowKind::OptionalGuidReference, .tag = tag, .use = use};
 }
 
-constexpr BodyRow GuidList(Name tag, Name otherChild)
+constexpr BodyRow GuidList(Name tag)
 {
-    return {.kind = RowKind::GuidList, .tag = tag, .key = otherChild};
+    return {.kind = RowKind::GuidList, .tag = tag};
 }
 
 constexpr BodyRow Blob(Name tag, Name checksum)

@@ -43,6 +43,8 @@ private:
             return;
         switch (row.kind) {
         case RowKind::Part:
+            return open_.push_back(AddPart(row.tag));
+        case RowKind::Member:
             return open_.push_back(AddChild("part ", row.tag));
         case RowKind::Wrapper:
             return open_.push_back(open_.back());
@@ -51,13 +53,18 @@ private:
         case RowKind::Include:
             return AddRows(row.rows);
         case RowKind::ReadPart:
-            AddChild("part ", row.tag);
+            AddPart(row.tag);
             return;
-        case RowKind::SharedBlob:
-            rules_[AddChild("part ", row.tag)].text = "value";
+        case RowKind::SharedBlob: {
+            RuleSource& blob = rules_[AddPart(row.tag)];
+            blob.text = row.tag;
+            blob.attributes = {"BinaryHash"};
             return;
+        }
         case RowKind::Pairs: {
             RuleSource& pair = rules_[AddChild("pair ", row.tag)];
+            pair.nodeKind = NodeKind::Detached;
+            pair.key = row.key;
             pair.leaves = {"First"};
             pair.references = {"Second"};
             return;
@@ -78,6 +85,13 @@ private:
         std::vector<Name>& leaves = rules_[open_.back()].leaves;
         const auto names = row.list ? row.list() : std::span<const Name>(&row.tag, 1);
         leaves.insert(leaves.end(), names.begin(), names.end());
+    }
+
+    std::size_t AddPart(Name tag)
+    {
+        const std::size_t rule = AddChild("part ", tag);
+        rules_[rule].nodeKind = NodeKind::Part;
+        return rule;
     }
 
     std::size_t AddChild(std::string_view prefix, Name tag)

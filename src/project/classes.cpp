@@ -146,7 +146,7 @@ constexpr BodyRow kFilterState[] = {
 
 constexpr BodyRow kItemList[] = {
     Part("ProjectItemContainer", 1),
-        Part("Items", 1), GuidList("Item", "ProjectItem"), End("Items"),
+        Part("Items", 1), GuidList("Item"), End("Items"),
     End("ProjectItemContainer"),
 };
 
@@ -643,7 +643,7 @@ constexpr BodyRow kSequence[] = {
     End("Node"),
     Part("MarkerOwner", 1), Reference("Markers"), End("MarkerOwner"),
     Wrapper("DVDMarkerOwner", 1), Reference("DVDMarkers", kLeadsNowhere), End("DVDMarkerOwner"),
-    Part("PersistentGroupContainer", 1),
+    Member("PersistentGroupContainer", 1),
         Part("LinkContainer", 1),
             Part("Links", 1), ReferencesVia("Link", "PersistentGroupContainer"), End("Links"),
         End("LinkContainer"),
@@ -971,7 +971,8 @@ constexpr bool PartsMatch(std::span<const BodyRow> rows)
     Name open[8];
     std::size_t depth = 0;
     for (const BodyRow& row : rows) {
-        if (row.kind == RowKind::Part || row.kind == RowKind::Wrapper)
+        if (row.kind == RowKind::Part || row.kind == RowKind::Member ||
+            row.kind == RowKind::Wrapper)
             open[depth++] = row.tag;
         if (row.kind == RowKind::End && (depth == 0 || !(open[--depth] == row.tag)))
             return false;

@@ -2,9 +2,9 @@
 // order. The reader's rules and the writer follow from them.
 //
 // A document is a flat list of objects under `VelaData`, which refer to each other by number or
-// GUID. The body of a class nests the parts of its bases. The reader makes a node of each part; a
-// wrapper is transparent for it. What a row states of a part is valid wherever a part of that name
-// is, because the reader has one rule for it.
+// GUID. The body of a class nests the parts of its bases; in the tree an object is one node with
+// the fields and references of all of them. What a row states of a part is valid wherever a part of
+// that name is, because the reader has one rule for it; a wrapper is transparent for the reader.
 //
 // Both passes of the writer use the rows of a body: printing, and finding the objects that need a
 // number. So a body cannot mention an object that was never numbered.

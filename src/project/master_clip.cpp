@@ -2,21 +2,41 @@
 
 namespace XPJ {
 
-ObjectHandle BuiltMaster::FirstClip(MediaType type) const
+template <class Handle>
+Handle BasicMasterClip<Handle>::FirstClip(MediaType type) const
 {
-    const std::string_view className = type == MediaType::Video ? "VideoClip" : "AudioClip";
-    for (const ObjectHandle& clip : GetChildren("Clip"))
+    const Name className = type == MediaType::Video ? Name("VideoClip") : Name("AudioClip");
+    for (const Handle clip : Clips())
         if (clip.GetName() == className)
             return clip;
     return {};
 }
 
-std::vector<MasterChannel> BuiltMaster::Channels() const
+template <class Handle>
+Handle BasicMasterClip<Handle>::MainClip() const
+{
+    const Handle video = VideoClip();
+    return video ? video : AudioClip();
+}
+
+template <class Handle>
+Handle BasicMasterClip<Handle>::Sequence() const
+{
+    for (const Handle clip : Clips())
+        if (const Handle sequence = FindPath(clip, {"Source", "Sequence"}))
+            return sequence;
+    return {};
+}
+
+template class BasicMasterClip<ConstHandle>;
+template class BasicMasterClip<ObjectHandle>;
+
+std::vector<MasterChannel> ChannelsOf(MasterClipHandle master)
 {
     std::vector<MasterChannel> channels;
-    for (const ObjectHandle& clip : GetChildren("Clip"))
+    for (const ObjectHandle clip : master.Clips())
         if (clip.GetName() == "AudioClip")
-            for (const ObjectHandle& channel : clip.GetChildren("SecondaryContentItem"))
+            for (const ObjectHandle channel : clip.GetChildren("SecondaryContentItem"))
                 channels.push_back({clip, channel});
     return channels;
 }

@@ -1,5 +1,4 @@
-// A MasterClip that a builder made, whose parts are still in one node: what its clips show. One
-// that was read from a document is a MasterClip of project/accessors.h.
+// A master clip: what the browser shows of media or of a sequence.
 #pragma once
 
 #include "core/media_type.h"
@@ -9,26 +8,35 @@
 
 namespace XPJ {
 
+// Through a null handle everything is empty.
+template <class Handle>
+class BasicMasterClip : public Handle {
+public:
+    BasicMasterClip() = default;
+    explicit BasicMasterClip(Handle node) : Handle(node) {}
+
+    // Each a VideoClip or an AudioClip.
+    auto Clips() const { return Handle::GetChildren(Name("Clip")); }
+    // The first VideoClip or AudioClip; null without one.
+    Handle FirstClip(MediaType type) const;
+    Handle VideoClip() const { return FirstClip(MediaType::Video); }
+    Handle AudioClip() const { return FirstClip(MediaType::Audio); }
+    // The first VideoClip, else the first AudioClip.
+    Handle MainClip() const;
+    // The Sequence of the first clip that shows one; null for a master of media.
+    Handle Sequence() const;
+};
+
+using MasterClip = BasicMasterClip<ConstHandle>;
+// The same of a project that is being made: it also writes.
+using MasterClipHandle = BasicMasterClip<ObjectHandle>;
+
 // A channel of a master's audio. All channels of all its AudioClips are one list, whether the clips
 // hold one each or several.
 struct MasterChannel {
     ObjectHandle clip;
     ObjectHandle channel; // SecondaryContent
 };
-
-class BuiltMaster : public ObjectHandle {
-public:
-    BuiltMaster() = default;
-    explicit BuiltMaster(ObjectHandle node) : ObjectHandle(node) {}
-
-    // The first VideoClip or AudioClip; null without one.
-    ObjectHandle FirstClip(MediaType type) const;
-    ObjectHandle VideoClip() const { return FirstClip(MediaType::Video); }
-    // Source of the first clip of either type.
-    ObjectHandle FirstSource() const { return GetChild("Clip").GetChild("Source"); }
-    // The Sequence that it shows; null for a master of media.
-    ObjectHandle Sequence() const { return FirstSource().GetChild("Sequence"); }
-    std::vector<MasterChannel> Channels() const;
-};
+std::vector<MasterChannel> ChannelsOf(MasterClipHandle master);
 
 } // namespace XPJ

@@ -18,6 +18,7 @@ namespace {
 
 constexpr std::string_view kNumberType = "IDObject";
 constexpr std::string_view kGuidType = "UIDObject";
+constexpr Name kBlob = "StartKeyframeValue";
 
 class ProjectReader final : public TreeReader {
 public:
@@ -26,13 +27,11 @@ public:
     {
     }
 
-    // Bytes that several objects share are stated by one of them; the others name only their hash.
-    void ShareBlobs() const
+    // What needs the whole document.
+    void Finish() const
     {
-        for (const ObjectHandle node : blobsWithoutBytes_)
-            if (const auto found = blobs_.find(node.GetProperty("BinaryHash"));
-                found != blobs_.end())
-                node.SetPropertyShared("value", found->second);
+        BindPairs();
+        ShareBlobs();
     }
 
 private:
@@ -63,40 +62,58 @@ private:
             Ids().AddReference(kNumberType, value, node, childName);
         else if (GetAttribute(tag.attributes, "ObjectURef", value))
             Ids().AddReference(kGuidType, value, node, childName);
-        SetBinaryHash(node, tag.attributes);
     }
 
-    void TakeComplete(const Element& element) override
+    void TakeComplete(const Element& element, ObjectHandle parent) override
     {
         std::string_view id;
-        if (GetAttribute(element.attributes, "ObjectID", id)) {
+        if (element.rule->nodeKind == NodeKind::Detached) {
+            pairs_.push_back({*element.rule, element.node, parent});
+        } else if (GetAttribute(element.attributes, "ObjectID", id)) {
             Ids().Add(kNumberType, id, element.node);
         } else if (GetAttribute(element.attributes, "ObjectUID", id)) {
             Ids().Add(kGuidType, id, element.node);
-            element.node.SetPropertyShared("UIDObject", id);
+            element.node.SetPropertyShared("uid", id);
         }
-        SetBinaryHash(element.node, element.attributes);
-        if (element.rule->tag == "StartKeyframeValue")
-            KeepBlob(element.node);
+        KeepBlob(element.node);
     }
 
     void KeepBlob(ObjectHandle node)
     {
         if (!HasValue(node, "BinaryHash"))
             return;
-        if (HasValue(node, "value"))
-            blobs_.try_emplace(node.GetProperty("BinaryHash"), node.GetProperty("value"));
+        if (HasValue(node, kBlob))
+            blobs_.try_emplace(node.GetProperty("BinaryHash"), node.GetProperty(kBlob));
         else
             blobsWithoutBytes_.push_back(node);
     }
 
-    static void SetBinaryHash(ObjectHandle node, std::string_view attributes)
+    // Bytes that several objects share are stated by one of them; the others name only their hash.
+    void ShareBlobs() const
     {
-        std::string_view hash;
-        if (GetAttribute(attributes, "BinaryHash", hash))
-            node.SetPropertyShared("BinaryHash", hash);
+        for (const ObjectHandle node : blobsWithoutBytes_)
+            if (const auto found = blobs_.find(node.GetProperty("BinaryHash"));
+                found != blobs_.end())
+                node.SetPropertyShared(kBlob, found->second);
     }
 
+    // The entries of a list of pairs are the objects themselves, each with what the pair states.
+    void BindPairs() const
+    {
+        for (const Pair& pair : pairs_) {
+            const ObjectHandle object = pair.node.GetChild("Second");
+            CopyProperty(pair.node, "First", object, pair.rule.key);
+            pair.owner.AddChild(pair.rule.tag, object);
+        }
+    }
+
+    struct Pair {
+        const Rule& rule;
+        ObjectHandle node;
+        ObjectHandle owner;
+    };
+
+    std::vector<Pair> pairs_;
     std::unordered_map<std::string_view, std::string_view> blobs_; // by hash, the first of each
     std::vector<ObjectHandle> blobsWithoutBytes_;
 };
@@ -108,7 +125,7 @@ int ParseProjectDocument(std::string_view text, Document& document, ObjectHandle
 {
     ProjectReader reader(text, document);
     const int result = reader.Read(root, stop);
-    reader.ShareBlobs();
+    reader.Finish();
     return result;
 }
 

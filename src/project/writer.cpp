@@ -269,6 +269,7 @@ void ProjectWriter::WriteRow(const BodyRow& row, ObjectHandle node)
 {
     switch (row.kind) {
     case RowKind::Part:
+    case RowKind::Member:
     case RowKind::Wrapper:
         out_.WriteTabs(level_++);
         out_.Write("<", row.tag.View(), " Version=\"");
@@ -373,14 +374,11 @@ void ProjectWriter::WriteGuidReference(const BodyRow& row, ObjectHandle node)
 void ProjectWriter::WriteGuidList(const BodyRow& row, ObjectHandle node)
 {
     std::uint64_t index = 0;
-    const ChildRange children = node.GetChildren();
-    for (auto child = children.begin(); child != children.end(); ++child) {
-        if (!(row.tag == child.EntryName()) && !(row.key == child.EntryName()))
-            continue;
+    for (const ObjectHandle child : node.GetChildren(row.tag)) {
         out_.WriteTabs(level_);
         out_.Write("<", row.tag.View(), " Index=\"");
         out_.WriteNumber(index++);
-        out_.Write("\" ObjectURef=\"", objects_.GuidOf(*child), "\" />\n");
+        out_.Write("\" ObjectURef=\"", objects_.GuidOf(child), "\" />\n");
     }
 }
 

@@ -195,7 +195,7 @@ void AddReportItem(ObjectHandle projectDocument, std::string_view reportPath)
     item.SetProperty("uid", NewGuidText());
     item.SetProperty("FullPath", EscapeXML(reportPath));
     item.SetProperty("Name", EscapeXML(FileNameOf(reportPath)));
-    root.AddChild("ProjectItem", item);
+    root.AddChild("Item", item);
 }
 
 } // namespace XPJ

@@ -7,12 +7,8 @@ namespace XPJ {
 
 ReadingTable::ReadingTable(std::span<const RuleSource> sources)
 {
-    for (const RuleSource& source : sources) {
-        const auto index = static_cast<std::uint16_t>(rules_.size());
-        if (!ruleNumbers_.emplace(source.name, index).second)
-            throw std::logic_error("two rules named " + source.name);
-        rules_.push_back({source.name, source.tag, index, source.text, source.attributes, {}});
-    }
+    for (const RuleSource& source : sources)
+        AddRule(source);
     for (std::size_t i = 0; i < sources.size(); ++i) {
         for (const std::string& name : sources[i].children) {
             const Rule& child = FindRule(name);
@@ -25,6 +21,27 @@ ReadingTable::ReadingTable(std::span<const RuleSource> sources)
     }
     for (Rule& rule : rules_)
         rule.actions.resize(tags_.size() + 1);
+}
+
+void ReadingTable::AddRule(const RuleSource& source)
+{
+    const auto index = static_cast<std::uint16_t>(rules_.size());
+    if (!ruleNumbers_.emplace(source.name, index).second)
+        throw std::logic_error("two rules named " + source.name);
+    Rule& rule = rules_.emplace_back();
+    rule.name = source.name;
+    rule.tag = source.tag;
+    rule.index = index;
+    rule.textProperty = source.text;
+    rule.nodeKind = source.nodeKind;
+    rule.key = source.key;
+    rule.attributes = source.attributes;
+    if (rule.nodeKind != NodeKind::Part)
+        return;
+    if (nextPartBit_ == 0)
+        throw std::logic_error("more parts than bits: " + source.name);
+    rule.partBit = nextPartBit_;
+    nextPartBit_ <<= 1;
 }
 
 const Rule& ReadingTable::FindRule(const std::string& name) const

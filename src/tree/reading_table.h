@@ -6,6 +6,11 @@
 // Everything else is transparent: an element unknown to a rule has no node, and its content is
 // offered to the rule itself. Of two entries of one tag in a rule a child precedes a leaf, and a
 // leaf a reference.
+//
+// The elements of a rule that is a part belong to what is around them: they are read into its node.
+//   rules     {"Clip", leaves "Gain", children "part"}, {"part", leaves "InPoint"}
+//   element   <Clip><part><InPoint>5</InPoint></part><Gain>1</Gain></Clip>
+//   node      Clip, InPoint="5" Gain="1"
 #pragma once
 
 #include "tree/object.h"
@@ -20,6 +25,13 @@
 
 namespace XPJ {
 
+// What becomes of an element of a rule.
+enum class NodeKind : std::uint8_t {
+    Child,    // a node of its own, entered in the one around it
+    Part,     // shares the node around it; a second part of the same name there doesn't count
+    Detached, // a node of its own that only the vocabulary's hooks see
+};
+
 // A rule as the table of a vocabulary describes it.
 struct RuleSource {
     std::string name;                       // unique in its table
@@ -29,6 +41,8 @@ struct RuleSource {
     std::vector<Name> references = {};
     std::vector<Name> attributes = {}; // kept as properties
     Name text = {};                    // property that keeps the element's own text
+    NodeKind nodeKind = NodeKind::Child;
+    Name key = {}; // for the hooks of the vocabulary
 };
 
 // What a rule does with a start tag. A higher kind precedes a lower one.
@@ -43,6 +57,9 @@ struct Rule {
     Name tag;
     std::uint16_t index = 0;
     Name textProperty; // keeps the element's own text; empty: nothing does
+    NodeKind nodeKind = NodeKind::Child;
+    std::uint64_t partBit = 0; // distinguishes parts; 0 if it is none
+    Name key;
     std::vector<Name> attributes;
     std::vector<Action> actions; // by tag number
 };
@@ -53,7 +70,8 @@ using TagNumber = std::uint16_t;
 class ReadingTable {
 public:
     // The first rule is that of the node above the document element, the second that of the
-    // document element. Two rules of one name, and a child without a rule, throw.
+    // document element. Two rules of one name, a child without a rule, and more than 64 parts
+    // throw.
     explicit ReadingTable(std::span<const RuleSource> sources);
 
     const Rule& Root() const { return rules_[0]; }
@@ -89,11 +107,13 @@ private:
         return (hash ^ hash >> 15) % kSlots;
     }
 
+    void AddRule(const RuleSource& source);
     TagNumber AddTag(std::string_view tag);
     void AddAction(Rule& rule, std::string_view tag, Action action);
 
     std::vector<Rule> rules_;
     std::unordered_map<std::string, std::uint16_t> ruleNumbers_;
+    std::uint64_t nextPartBit_ = 1;
     std::vector<Name> tags_;
     std::array<TagNumber, kSlots> slots_{};
 };

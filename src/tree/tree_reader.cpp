@@ -190,7 +190,10 @@ void TreeReader::KeepText(std::string_view text)
 
 void TreeReader::Open(const Rule& rule, std::string_view attributes)
 {
-    const ObjectHandle node = document_.NewObject(rule.tag);
+    Element& parent = open_.back();
+    const bool isFirstPart = (rule.partBit & ~parent.parts) != 0;
+    parent.parts |= rule.partBit;
+    const ObjectHandle node = isFirstPart ? parent.node : document_.NewObject(rule.tag);
     SetAttributes(rule, attributes, node);
     open_.push_back({&rule, node, attributes, {}});
 }
@@ -198,14 +201,19 @@ void TreeReader::Open(const Rule& rule, std::string_view attributes)
 void TreeReader::Close()
 {
     const Element element = open_.back();
+    const Rule& rule = *element.rule;
     open_.pop_back();
-    open_.back().node.AddChild(element.rule->tag, element.node);
-    TakeComplete(element);
+    if (rule.nodeKind == NodeKind::Part)
+        return;
+    const ObjectHandle parent = open_.back().node;
+    if (rule.nodeKind == NodeKind::Child)
+        parent.AddChild(rule.tag, element.node);
+    TakeComplete(element, parent);
 }
 
 void TreeReader::TakeEnd(const Element&, std::string_view) {}
 
-void TreeReader::TakeComplete(const Element&) {}
+void TreeReader::TakeComplete(const Element&, ObjectHandle) {}
 
 void TreeReader::SetAttributes(const Rule& rule, std::string_view attributes,
                                ObjectHandle node) const

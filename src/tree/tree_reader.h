@@ -6,6 +6,7 @@
 #include "tree/reading_table.h"
 #include "tree/tokeniser.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,6 +45,7 @@ protected:
         ObjectHandle node;
         std::string_view attributes;
         TextRuns text;
+        std::uint64_t parts = 0; // bits of the parts that it has had
     };
 
     struct StartTag {
@@ -57,8 +59,8 @@ protected:
     virtual bool TakeStart(const Element& current, const StartTag& tag) = 0;
     // Sees each end tag before it closes the current element, or doesn't.
     virtual void TakeEnd(const Element& current, std::string_view tag);
-    // The element has just become a child of its parent.
-    virtual void TakeComplete(const Element& element);
+    // The element, no part, has ended; unless detached it has just become a child of `parent`.
+    virtual void TakeComplete(const Element& element, ObjectHandle parent);
 
     // Attributes of the rule's list that the text has become properties of the node.
     void SetAttributes(const Rule& rule, std::string_view attributes, ObjectHandle node) const;

@@ -3,7 +3,7 @@
 namespace XPJ {
 namespace {
 
-TEST(ProjectReader, ReferencesHangUnderTheirTag)
+TEST(ProjectReader, ReferencesAreEnteredUnderTheirTag)
 {
     // Forward, in lists, by number and by GUID; a missing target leaves nothing.
     EXPECT_EQ(ProjectOutline("<Project ObjectRef=\"1\"/>"
@@ -18,23 +18,16 @@ TEST(ProjectReader, ReferencesHangUnderTheirTag)
                              "<ProjectItem><Name>A</Name></ProjectItem></ClipProjectItem>"),
               "VelaData Version=\"3\" ProjectRef=\"1\"\n"
               "    Project\n"
-              "        RootProjectItem UIDObject=\"g-root\"\n"
-              "            ProjectItemContainer\n"
-              "                Items\n"
-              "                    Item ->\n"
-              "                    ClipProjectItem UIDObject=\"g-clip\"\n"
-              "                        ProjectItem Name=\"A\"\n"
-              "    RootProjectItem UIDObject=\"g-root\"\n"
-              "        ProjectItemContainer\n"
-              "            Items\n"
-              "                Item ->\n"
-              "                ClipProjectItem UIDObject=\"g-clip\"\n"
-              "                    ProjectItem Name=\"A\"\n"
-              "    ClipProjectItem UIDObject=\"g-clip\"\n"
-              "        ProjectItem Name=\"A\"\n");
+              "        RootProjectItem uid=\"g-root\"\n"
+              "            Item ->\n"
+              "            ClipProjectItem Name=\"A\" uid=\"g-clip\"\n"
+              "    RootProjectItem uid=\"g-root\"\n"
+              "        Item ->\n"
+              "        ClipProjectItem Name=\"A\" uid=\"g-clip\"\n"
+              "    ClipProjectItem Name=\"A\" uid=\"g-clip\"\n");
 }
 
-TEST(ProjectReader, BasesNestAndWrappersAreTransparent)
+TEST(ProjectReader, PartsOfBasesAreOneNode)
 {
     EXPECT_EQ(ProjectOutline(
                   "<VideoClip ObjectID=\"2\"><Clip Version=\"18\"><Node><Properties>"
@@ -46,44 +39,60 @@ TEST(ProjectReader, BasesNestAndWrappersAreTransparent)
                   "<Second ObjectRef=\"5\"/></Marker><ByGUID>byGUID</ByGUID></Markers></Markers>"
                   "<Marker ObjectID=\"5\"><HULMarker>{}</HULMarker></Marker>"),
               "VelaData Version=\"3\"\n"
-              "    VideoClip ScaleToFrameSize=\"false\"\n"
-              "        Clip InPoint=\"0\"\n"
-              "            Properties hfl.clip.label.name=\"L\"\n"
-              "            MarkerOwner\n"
-              "                Markers\n"
-              "                    Markers\n"
-              "                        Marker First=\"5\"\n"
-              "                            Second ->\n"
-              "                            Marker HULMarker=\"{}\"\n"
-              "    Markers\n"
+              "    VideoClip hfl.clip.label.name=\"L\" InPoint=\"0\" ScaleToFrameSize=\"false\"\n"
               "        Markers\n"
-              "            Marker First=\"5\"\n"
-              "                Second ->\n"
-              "                Marker HULMarker=\"{}\"\n"
-              "    Marker HULMarker=\"{}\"\n");
+              "            Marker HULMarker=\"{}\" StartTime=\"5\"\n"
+              "    Markers\n"
+              "        Marker HULMarker=\"{}\" StartTime=\"5\"\n"
+              "    Marker HULMarker=\"{}\" StartTime=\"5\"\n");
+}
+
+TEST(ProjectReader, PartsOfDamagedDocuments)
+{
+    const struct {
+        const char *text, *node;
+    } kCases[] = {
+        // The first part of a name counts; a second one adds nothing.
+        {"<Clip><InPoint>1</InPoint></Clip><Clip><InPoint>2</InPoint><OutPoint>3</OutPoint></Clip>",
+         "VideoClip InPoint=\"1\""},
+        {"<Clip/><Clip><InPoint>2</InPoint></Clip>", "VideoClip"},
+        // Fields count in their part only.
+        {"<InPoint>1</InPoint><Clip><ScaleToFrameSize>true</ScaleToFrameSize></Clip>", "VideoClip"},
+        // Ids belong to objects.
+        {"<Clip ObjectID=\"8\" ObjectUID=\"g\"><InPoint>1</InPoint></Clip>",
+         "VideoClip InPoint=\"1\""},
+        // An entry of a list of pairs without an object is none.
+        {"<Clip><MarkerOwner><Markers ObjectRef=\"3\"/></MarkerOwner></Clip></VideoClip>"
+         "<Markers ObjectID=\"3\"><Markers><Marker><First>1</First><Second ObjectRef=\"8\"/>"
+         "</Marker><Marker><First>2</First></Marker></Markers></Markers>",
+         "VideoClip\n        Markers\n    Markers"},
+    };
+    for (const auto& row : kCases)
+        EXPECT_EQ(
+            ProjectOutline(std::string("<VideoClip ObjectID=\"2\">") + row.text + "</VideoClip>"),
+            std::string("VelaData Version=\"3\"\n    ") + row.node + "\n")
+            << row.text;
 }
 
 TEST(ProjectReader, AttributesOfObjects)
 {
     // A number goes before a GUID; a block tag at the top is no object.
-    EXPECT_EQ(
-        ProjectOutline("<Media ObjectID=\"1\" ObjectUID=\"g\" BinaryHash=\"h\"/>"
-                       "<Clip><MasterClip ObjectUID=\"m\"><Clips><Clip ObjectURef=\"g\"/>"
-                       "<Clip ObjectRef=\"1\" BinaryHash=\"k\"/></Clips></MasterClip></Clip>"),
-        "VelaData Version=\"3\"\n"
-        "    Media BinaryHash=\"h\"\n"
-        "    MasterClip UIDObject=\"m\"\n"
-        "        Clips BinaryHash=\"k\"\n"
-        "            Clip ->\n"
-        "            Media BinaryHash=\"h\"\n");
+    EXPECT_EQ(ProjectOutline("<Media ObjectID=\"1\" ObjectUID=\"g\"/>"
+                             "<Clip><MasterClip ObjectUID=\"m\"><Clips><Clip ObjectURef=\"g\"/>"
+                             "<Clip ObjectRef=\"1\"/></Clips></MasterClip></Clip>"),
+              "VelaData Version=\"3\"\n"
+              "    Media\n"
+              "    MasterClip uid=\"m\"\n"
+              "        Clip ->\n"
+              "        Media\n");
     EXPECT_EQ(
         ProjectOutline("<Project/><Sequence ObjectUID=\"s\"><Name>N</Name>"
                        "<BE.Sequence.IsMergedClip>true</BE.Sequence.IsMergedClip></Sequence>"),
         "VelaData Version=\"3\"\n    Project\n"
-        "    Sequence Name=\"N\" BE.Sequence.IsMergedClip=\"true\" UIDObject=\"s\"\n");
+        "    Sequence Name=\"N\" BE.Sequence.IsMergedClip=\"true\" uid=\"s\"\n");
 }
 
-TEST(ProjectReader, BlobTextIsKeptAsItIs)
+TEST(ProjectReader, BytesAreKeptWithoutBlanks)
 {
     EXPECT_EQ(ProjectOutline("<ArbVideoComponentParam ObjectID=\"1\"><Name>P</Name>"
                              "<StartKeyframeValue Encoding=\"base64\" Checksum=\"7\">\n\tAAAA\n\t"
@@ -91,9 +100,23 @@ TEST(ProjectReader, BlobTextIsKeptAsItIs)
                              "<Media ObjectUID=\"g\"><ImporterPrefs Encoding=\"base64\">AA=="
                              "</ImporterPrefs></Media>"),
               "VelaData Version=\"3\"\n"
-              "    ArbVideoComponentParam Name=\"P\"\n"
-              "        StartKeyframeValue value=\"AAAABBB=\"\n"
-              "    Media ImporterPrefs=\"AA==\" UIDObject=\"g\"\n");
+              "    ArbVideoComponentParam Name=\"P\" StartKeyframeValue=\"AAAABBB=\"\n"
+              "    Media ImporterPrefs=\"AA==\" uid=\"g\"\n");
+}
+
+TEST(ProjectReader, BytesOfOneHashAreShared)
+{
+    const auto param = [](const char* blob) {
+        return std::string("<ArbVideoComponentParam>") + blob + "</ArbVideoComponentParam>";
+    };
+    EXPECT_EQ(
+        ProjectOutline(param("<StartKeyframeValue BinaryHash=\"h\"/>") +
+                       param("<StartKeyframeValue BinaryHash=\"h\">AA==</StartKeyframeValue>") +
+                       param("<StartKeyframeValue BinaryHash=\"k\"/>")),
+        "VelaData Version=\"3\"\n"
+        "    ArbVideoComponentParam BinaryHash=\"h\" StartKeyframeValue=\"AA==\"\n"
+        "    ArbVideoComponentParam BinaryHash=\"h\" StartKeyframeValue=\"AA==\"\n"
+        "    ArbVideoComponentParam BinaryHash=\"k\"\n");
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
 #include <string>
 
@@ -71,6 +72,39 @@ TEST(ReadingTables, SharedTagsMeanTheObjectAtTheTop)
     for (const char* tag : {"Clip", "Component", "Node", "Track", "TrackGroup", "Properties"})
         EXPECT_EQ(table.FindRule("VelaData").actions[table.FindTag(tag)].kind, Action::Ignore)
             << tag;
+}
+
+// Fields that a rule or one of its parts takes, each with the number of rules that take it.
+void CountFields(const ReadingTable& table, const Rule& rule,
+                 std::map<std::string_view, int>& fields)
+{
+    for (TagNumber tag = 1; tag < rule.actions.size(); ++tag) {
+        const Action action = rule.actions[tag];
+        if (action.kind == Action::Leaf || action.kind == Action::Reference)
+            ++fields[table.TagName(tag).View()];
+        if (action.kind == Action::Child && table.RuleAt(action.rule).nodeKind == NodeKind::Part)
+            CountFields(table, table.RuleAt(action.rule), fields);
+    }
+}
+
+// The parts of an object share its node, so a field of one must not hide one of another.
+TEST(ReadingTables, PartsOfAnObjectHaveNoFieldInCommon)
+{
+    const std::set<std::string_view> kUnused = {"TrackIndex", "InputAudioChannelLayout",
+                                                "OutputAudioChannelLayout"};
+    std::set<std::string> shared;
+    for (const ProjectClass& row : ProjectClasses()) {
+        if (!row.use.isRead)
+            continue;
+        std::map<std::string_view, int> fields;
+        CountFields(ProjectReadingTable(), ProjectReadingTable().FindRule(std::string(row.name)),
+                    fields);
+        for (const auto& [name, count] : fields)
+            if (count > 1 && !kUnused.contains(name))
+                shared.insert(std::string(row.name).append(" ").append(name));
+    }
+    // A document states it in one of the two locations.
+    EXPECT_EQ(shared, std::set<std::string>{"Sequence BE.Sequence.IsMergedClip"});
 }
 
 } // namespace

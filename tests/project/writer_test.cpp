@@ -151,7 +151,7 @@ TEST(ProjectWriter, DeepChainsDoNotUseTheStack)
     Document d;
     ObjectHandle bin = Make(d, "BinProjectItem", {{"uid", "bottom"}});
     for (int i = 0; i < 200000; ++i)
-        bin = Make(d, "BinProjectItem", {{"uid", "b"}}, {{"ProjectItem", bin}});
+        bin = Make(d, "BinProjectItem", {{"uid", "b"}}, {{"Item", bin}});
     const std::string text = ProjectText(Make(d, "Document", {}, {{"Bin", bin}}));
     EXPECT_EQ(CountOf(text, "</BinProjectItem>"), 200001u);
     EXPECT_LT(text.find("ObjectUID=\"bottom\""), text.find("ObjectUID=\"b\"")) << "deepest first";
@@ -186,7 +186,7 @@ TEST(ProjectWriter, EveryClassDefinesWhatItMentions)
             case RowKind::OptionalGuidReference:
             case RowKind::GuidList:
                 node.AddChild(row.tag, child("Media"));
-                node.AddChild(row.key, child("Media"));
+                node.AddChild(row.tag, child("Media"));
                 break;
             default:
                 break;

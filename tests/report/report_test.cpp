@@ -167,7 +167,7 @@ TEST(AddReportItem, NeedsAMainBin)
     const ObjectHandle tree =
         Build(document, {"Document", {}, {{"Project", {}, {{"RootProjectItem"}}}}});
     AddReportItem(tree, "/reports/A & B.txt");
-    const ObjectHandle item = FindPath(tree, {"Project", "RootProjectItem", "ProjectItem"});
+    const ObjectHandle item = FindPath(tree, {"Project", "RootProjectItem", "Item"});
     EXPECT_EQ(item.GetName(), "FileProjectItem");
     EXPECT_EQ(item.GetProperty("uid").size(), 36u);
     EXPECT_EQ(item.GetProperty("FullPath"), "/reports/A &amp; B.txt");
