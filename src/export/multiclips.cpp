@@ -16,8 +16,7 @@ const std::vector<AngleCatalog::Angle>& AngleCatalog::AnglesOf(ConstHandle group
         Angle& angle = found->second.emplace_back();
         for (const ConstHandle node : TrackItemsOf(track)) {
             const TrackItem item(node);
-            const ConstHandle edges = item;
-            angle.push_back({Int64Property(edges, "Start"), Int64Property(edges, "End"), item});
+            angle.push_back({Int64Property(item, "Start"), Int64Property(item, "End"), item});
         }
     }
     return found->second;
@@ -27,21 +26,20 @@ const std::vector<AngleCatalog::Angle>& AngleCatalog::AnglesOf(ConstHandle group
 //   clip                 |== shown ===|              item 1
 ShownAngle AngleCatalog::Find(ConstHandle clip, ConstHandle sequence, MediaType type)
 {
-    const ConstHandle core = clip;
-    if (!IsTrue(core, "IsMulticam"))
+    if (!IsTrue(clip, "IsMulticam"))
         return {};
     const std::vector<Angle>& angles = AnglesOf(GroupOfKind(sequence, type));
-    const std::int64_t number = Int64Property(core, "SelectedTrackIndex");
+    const std::int64_t number = Int64Property(clip, "SelectedTrackIndex");
     if (number < 0 || static_cast<std::uint64_t>(number) >= angles.size())
         return {};
     const Angle& angle = angles[static_cast<std::size_t>(number)];
-    const Ticks in = Int64Property(core, "InPoint");
+    const Ticks in = Int64Property(clip, "InPoint");
     const auto next = std::ranges::upper_bound(angle, in, {}, &AngleItem::start);
     if (next == angle.begin() || std::prev(next)->end <= in)
         return {};
     const AngleItem& shown = *std::prev(next);
-    const ConstHandle shownCore = ClipOfSubClip(SubClipOf(shown.item));
-    return {shown.item, SubtractTicks(Int64Property(shownCore, "InPoint"), shown.start)};
+    const ConstHandle shownClip = ClipOfSubClip(SubClipOf(shown.item));
+    return {shown.item, SubtractTicks(Int64Property(shownClip, "InPoint"), shown.start)};
 }
 
 } // namespace XPJ::RVX
