@@ -4,6 +4,7 @@
 #include "dialects/reading_formats.h"
 #include "dialects/reading_items.h"
 #include "dialects/reading_media.h"
+#include "dialects/reading_names.h"
 #include "dialects/reading_numbers.h"
 #include "dialects/reading_structure.h"
 #include "dialects/reading_times.h"
@@ -45,11 +46,35 @@ constexpr DialectRule kReadingRules[] = {
              "and the reverse",
      .does = "The missing half is added.",
      .apply = AddMissingHalves},
+
+    // What users name, both ways.
+    {.name = "labels by name",
+     .seen = "the labels of Final Cut (Good Take, Best Take, Alternate Shots, Interviews, B Roll, "
+             "in any case and with hyphens), and those that users name themselves",
+     .does = "A label keeps its name. The colors follow Final Cut's list: Good Take has the first. "
+             "The export writes the name as long as the color is the same.",
+     .file = "export/logging.cpp"},
+    {.name = "labels of Final Cut itself",
+     .seen = "`label` with a blank `label2`",
+     .does = "The label is the one of `label`; the export writes both.",
+     .apply = ReadFinalCutLabels},
+    {.name = "names of tracks",
+     .seen = "a `track` with a `name`",
+     .does = "The track of the project has the name; the export writes it.",
+     .apply = NameTracks},
+    {.name = "name of the project",
+     .seen = "any `project` with a `name`",
+     .does =
+         "A project keeps the name and exports it; one that has none is exported under the name "
+         "of its file.",
+     .file = "export/export_driver.cpp"},
+
     {.name = "sequence without rate or format",
      .seen = "writers without `samplecharacteristics`, or with a `format` directly under `media`",
      .does = "Rate, size and pixels are those that any part of the `media` states, else those of "
              "the first file with a size on any track. Pixels are square unless something states "
-             "otherwise. Where nothing states a size it is 1920 by 1080.",
+             "otherwise. Where nothing "
+             "states a size it is 1920 by 1080.",
      .apply = CompleteFormats},
     {.name = "in and out of the file",
      .seen =

@@ -68,7 +68,7 @@ NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, Tra
         element.SetProperty("channelcount", IntToString(contents));
     WriteItemHead(context, catalogs.masters, record, element);
     GainToXmeml(effects, record.clip, MediaKindOf(record.media) == MediaKind::BarsAndTone, element);
-    WriteClipOptions(context.document, record, element);
+    WriteClipOptions(context, record, element);
     const ItemSource source = WriteItemSource(context, catalogs, track, record, element);
     AddLink(context.document, catalogs.links, record.item,
             {.element = element,

@@ -153,7 +153,7 @@ void OpenExplodedTrack(ExportContext& context, AudioGroup& group, const TrackCha
                      .items = ItemsOfChannel(source, part.channel)};
     const ObjectHandle element = result.track.element;
     FaderToXmeml(context.document, FaderParam(source.audioTrack, "Volume"), element);
-    WriteTrackState(source.track, IsMutedByFader(source.audioTrack), element);
+    WriteTrackState(context, source.track, IsMutedByFader(source.audioTrack), element);
     if (context.IsHandOff())
         WriteHandOffState(source, element);
     else

@@ -50,7 +50,7 @@ void TranslateSequenceItem(ExportContext& context, Catalogs& catalogs, ConstHand
     std::vector<ShownSequence> postponed;
     const ObjectHandle result = TranslateSequence(context, catalogs, shown, postponed);
     result.SetProperty("name", EscapeXML(ItemName(clipItem)));
-    WriteItemLabel(context.document, ItemProperties(clipItem), result);
+    WriteLabel(context, ItemProperties(clipItem), kItemLabel, result);
     WriteClipRange(context.DocumentUnit(), ClipCore(MainClip(shown.masterClip)),
                    RangeRate(shown.masterClip, shown.sequence), result);
     children.AddChild(result);
@@ -94,11 +94,11 @@ void WriteClipOptions(ExportContext& context, MasterClip masterClip, Ticks frame
 }
 
 // The label of the browser item counts; the one of its video where that has none.
-void WriteLabels(Document& document, ConstHandle clipItem, ConstHandle mainClip,
+void WriteLabels(ExportContext& context, ConstHandle clipItem, ConstHandle mainClip,
                  ObjectHandle result)
 {
-    if (!WriteItemLabel(document, ItemProperties(clipItem), result) && IsVideoClip(mainClip))
-        WriteClipLabel(document, ClipProperties(mainClip), result);
+    if (!WriteLabel(context, ItemProperties(clipItem), kItemLabel, result) && IsVideoClip(mainClip))
+        WriteLabel(context, ClipProperties(mainClip), kClipLabel, result);
 }
 
 void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, ConstHandle clipItem,
@@ -115,7 +115,7 @@ void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, ConstHandle 
     CopyProperty(masterClip, "UIDObject", clip, "uuid");
     WriteComments(context.document, ItemProperties(clipItem), clip);
     const ConstHandle main = MainClip(masterClip);
-    WriteLabels(context.document, clipItem, main, clip);
+    WriteLabels(context, clipItem, main, clip);
     if (const std::string_view name = ClipName(masterClip, clipItem); !name.empty())
         clip.SetProperty("name", EscapeXML(name));
     if (IsVideoClip(main))

@@ -85,13 +85,13 @@ void WriteItemHead(ExportContext& context, MasterCatalog& masters, ItemRecord& r
     element.AddChild(WriteRate(context.document, record.timing.rate, record.timing.unit));
 }
 
-void WriteClipOptions(Document& document, ItemRecord& record, ObjectHandle element)
+void WriteClipOptions(ExportContext& context, ItemRecord& record, ObjectHandle element)
 {
     element.SetPropertyShared("scaleToFrameSize",
                               IsTrue(record.clip, "ScaleToFrameSize") ? "TRUE" : "FALSE");
-    WriteClipLabel(document, ClipProperties(record.clip), element);
+    WriteLabel(context, ClipProperties(record.clip), kClipLabel, element);
     ReadSpeed(record.clip, record.timing);
-    TranslateMarkers(document,
+    TranslateMarkers(context.document,
                      {.owner = ClipCore(record.clip),
                       .frameTicks = record.timing.rate,
                       .unit = record.timing.unit},

@@ -13,6 +13,8 @@ namespace XPJ {
 
 namespace {
 
+constexpr std::string_view kDefaultTitle = "Vela Project";
+
 // Runs one stage after the other until one fails.
 class Stages {
 public:
@@ -93,9 +95,19 @@ private:
                               translated_, &outcome_.skipped);
     }
 
+    // The input's own name, for programs that show it.
+    std::string ProjectTitle() const
+    {
+        if (!request_.projectTitle.empty())
+            return request_.projectTitle;
+        std::string_view name = FileNameOf(request_.inputPath);
+        name = name.substr(0, name.rfind('.'));
+        return std::string(settings_.openInterchange && !name.empty() ? name : kDefaultTitle);
+    }
+
     int Export()
     {
-        const RVX::ExportOptions options{.projectTitle = request_.projectTitle,
+        const RVX::ExportOptions options{.projectTitle = ProjectTitle(),
                                          .outputPath = request_.outputPath,
                                          .vl2snMode = isHandOff_,
                                          .sequenceGuid = request_.sequenceGuid,

@@ -5,6 +5,7 @@
 #include "import/markers.h"
 #include "import/masters.h"
 #include "project/clips.h"
+#include "project/labels.h"
 #include "project/media.h"
 #include "project/synthetic_items.h"
 #include "xmeml/speed.h"
@@ -188,7 +189,7 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
     const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Video,
                                               masterClip.GetChild("Source"), unit);
     const ObjectHandle clip = MakeVideoClip(document, source, FieldsOf(item, speed));
-    CopyLabel(item, clip, "hfl.clip.label.name");
+    CopyLabel(state, item, clip, kClipLabel);
 
     AddPoints(track, item, timing,
               {.in = ScaledTicks(timing.times.in, unit, speed.speed),
@@ -216,7 +217,7 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
                                               channels.At(sourceChannel).clip.GetChild("Source"),
                                               track.sequence.rates.audio);
     const ObjectHandle clip = MakeAudioClip(document, source, FieldsOf(item, speed));
-    CopyLabel(item, clip, "hfl.clip.label.name");
+    CopyLabel(state, item, clip, kClipLabel);
 
     const Frames delay = Int64Property(item, "mediadelay");
     const Ticks in = ScaledTicks(AddTicks(timing.times.in, delay), unit, speed.speed);

@@ -372,7 +372,7 @@ constexpr XmemlField kMarker[] = {
 };
 
 constexpr XmemlField kLabels[] = {
-    Leaf("label2"), Leaf("label", Skipped("a color of the first version's own set")),
+    Leaf("label"), Leaf("label2"),
 };
 
 constexpr XmemlField kComments[] = {
