@@ -69,11 +69,17 @@ constexpr DialectRule kReadingRules[] = {
          "of its file.",
      .file = "export/export_driver.cpp"},
 
+    // What files hold.
+    {.name = "frame of a file stated elsewhere",
+     .seen = "field order and pixel aspect of items and clips, or directly in a `file`",
+     .does = "The file has them, if it states none itself.",
+     .apply = GatherFormats},
+
     {.name = "sequence without rate or format",
      .seen = "writers without `samplecharacteristics`, or with a `format` directly under `media`",
      .does = "Rate, size and pixels are those that any part of the `media` states, else those of "
              "the first file with a size on any track. Pixels are square unless something states "
-             "otherwise. Where nothing "
+             "otherwise. A file and an item without a rate have the sequence's. Where nothing "
              "states a size it is 1920 by 1080.",
      .apply = CompleteFormats},
     {.name = "in and out of the file",

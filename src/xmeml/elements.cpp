@@ -16,6 +16,7 @@ using namespace ElementRows;
 constexpr std::string_view kInProject = "one project holds all that is written";
 constexpr std::string_view kInChildren = "written inside `children`";
 constexpr std::string_view kInCharacteristics = "written in `samplecharacteristics`";
+constexpr std::string_view kInFile = "written in the `file`";
 constexpr std::string_view kInMedia = "the media itself has it";
 constexpr std::string_view kPlainGenerator = "written generators have none";
 constexpr std::string_view kWipe = "the id of the effect names the wipe";
@@ -76,6 +77,8 @@ constexpr XmemlField kClip[] = {
     Leaf("in"), Leaf("out"), Required("name"), Child("media"), Child("logginginfo"),
     Child("filmdata"), Child("comments"), Child("labels"), Child("subclipinfo"), Each("marker"),
     Child("file", ReadOnly("written in the items of `media`")),
+    Leaf("pixelaspectratio", Stray(kInFile)), Leaf("anamorphic", Stray(kInFile)),
+    Leaf("fielddominance", Stray(kInFile)),
     Leaf("compositemode", Skipped("a clip outside a sequence covers nothing")),
     Child("filter", Stray("written in the `file`")),
 };
@@ -89,6 +92,8 @@ constexpr XmemlField kSequence[] = {
     Leaf("out"), Required("name"), Child("media"), Child("timecode"), Child("labels"),
     Each("filter"), Each("marker"),
     Leaf("ismasterclip", Skipped("each sequence outside another one is one")),
+    Leaf("pixelaspectratio", Stray(kInCharacteristics)),
+    Leaf("fielddominance", Stray(kInCharacteristics)),
     Leaf("masterclipid", ReadOnly("a sequence is written under its own id")),
 };
 
@@ -158,7 +163,7 @@ constexpr XmemlField kClipItem[] = {
     Leaf("mediadelay", ReadOnly("counted in the written `in` and `out`")),
     Leaf("stillframe", ReadOnly("written in the `video` of the file")),
     Leaf("stillframeoffset", ReadOnly("a frame hold of a project has no counterpart")),
-    Leaf("fielddominance", Skipped("the file states it")),
+    Leaf("fielddominance", ReadOnly(kInFile)),
     Leaf("ismasterclip", Skipped("an item of a sequence is none")),
 };
 
@@ -216,6 +221,9 @@ constexpr XmemlField kFile[] = {
     Child("timecode"), ChildAs("media", "media of a file"), Each("filter"),
     Child("metadata", ReadOnly(kInMedia)),
     Leaf("width", ReadOnly(kInCharacteristics)), Leaf("height", ReadOnly(kInCharacteristics)),
+    Leaf("pixelaspectratio", Stray(kInCharacteristics)),
+    Leaf("anamorphic", Stray(kInCharacteristics)),
+    Leaf("fielddominance", Stray(kInCharacteristics)),
 };
 
 constexpr XmemlField kMediaOfFile[] = {
