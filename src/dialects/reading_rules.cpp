@@ -1,6 +1,7 @@
 // What other writers mean: the rules between the reader and the import.
 #include "dialects/dialects.h"
 #include "dialects/pass.h"
+#include "dialects/reading_channels.h"
 #include "dialects/reading_formats.h"
 #include "dialects/reading_items.h"
 #include "dialects/reading_media.h"
@@ -74,6 +75,23 @@ constexpr DialectRule kReadingRules[] = {
      .seen = "field order and pixel aspect of items and clips, or directly in a `file`",
      .does = "The file has them, if it states none itself.",
      .apply = GatherFormats},
+    {.name = "channels by label and layout",
+     .seen =
+         "audio of a file without `channelcount`, with `channellabel`s left and right alone, or "
+         "with some of its channels in pairs",
+     .does =
+         "Channels are counted by `audiochannel`, else by `layout`, else by the items; left and "
+         "right make a pair. Where not all channels are in pairs each counts for itself.",
+     .apply = ReadChannels},
+    {.name = "stereo on one track",
+     .seen = "cuts made by programs with stereo tracks: items that name the first channel of a "
+             "stereo file, and none that names the second",
+     .does = "The items have both channels.",
+     .apply = ShowBothChannels},
+    {.name = "stereo in a merged clip",
+     .seen = "a merged clip with a file of several channels in one stream",
+     .does = "The merged clip has all of its channels.",
+     .file = "import/merged_master.cpp"},
 
     {.name = "sequence without rate or format",
      .seen = "writers without `samplecharacteristics`, or with a `format` directly under `media`",

@@ -12,6 +12,11 @@ constexpr DialectRule kWritingRules[] = {
      .seen = "readers that look effects up by id",
      .does = "An `effect` without name and id is not written.",
      .apply = RemoveNamelessEffects},
+    {.name = "channels of mono audio",
+     .seen = "readers that go by the layout and the labels of the channels",
+     .does =
+         "Each channel states `layout` mono and a discrete `channellabel`, as pairs state theirs.",
+     .apply = LabelMonoAudio},
 };
 
 } // namespace

@@ -1,5 +1,8 @@
 #include "dialects/writing_structure.h"
 
+#include "core/channel_types.h"
+#include "core/numbers.h"
+
 #include <vector>
 
 namespace XPJ {
@@ -26,6 +29,14 @@ void RemoveNamelessEffects(DialectPass& pass)
         RemoveNamelessFilters(part.item);
     for (const ObjectHandle& file : pass.Parts().files)
         RemoveNamelessFilters(file);
+}
+
+void LabelMonoAudio(DialectPass& pass)
+{
+    for (const ObjectHandle& file : pass.Parts().files)
+        if (const ObjectHandle audio = FindPath(file, {"media", "audio"});
+            HasValue(audio, "channeltype") && IntProperty(audio, "channeltype") == kMono)
+            audio.SetPropertyShared("layout", "mono");
 }
 
 } // namespace XPJ

@@ -132,9 +132,11 @@ std::vector<int> LinkedChannels(const TrackContext& track, ConstHandle item,
     return channels;
 }
 
+// The dialects mark stereo items also where tracks are not exploded.
 bool FollowsLinks(const SequenceContext& sequence, int channelType)
 {
-    return (sequence.state.options.sn2vlMode || sequence.exploded) &&
+    const ImportOptions& options = sequence.state.options;
+    return (options.sn2vlMode || options.settings.openInterchange || sequence.exploded) &&
            (channelType == kStereoType || channelType == kSurroundType);
 }
 
