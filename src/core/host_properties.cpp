@@ -1,5 +1,9 @@
 #include "core/host_properties.h"
 
+#include "core/text.h"
+
+#include <algorithm>
+
 namespace XPJ {
 
 namespace {
@@ -58,14 +62,27 @@ constexpr Name kPannerProperties[] = {
 struct LabelColor {
     std::string_view key;
     std::string_view name;
+    std::string_view finalCutLabel = {}; // at the same position of its list
 };
 
 constexpr LabelColor kLabelColors[] = {
-    {"BE.Prefs.LabelColors.0", "Violet"},    {"BE.Prefs.LabelColors.1", "Iris"},
-    {"BE.Prefs.LabelColors.2", "Caribbean"}, {"BE.Prefs.LabelColors.3", "Lavender"},
-    {"BE.Prefs.LabelColors.4", "Cerulean"},  {"BE.Prefs.LabelColors.5", "Forest"},
-    {"BE.Prefs.LabelColors.6", "Rose"},      {"BE.Prefs.LabelColors.7", "Mango"},
+    {"BE.Prefs.LabelColors.0", "Violet", "Good Take"},
+    {"BE.Prefs.LabelColors.1", "Iris", "Best Take"},
+    {"BE.Prefs.LabelColors.2", "Caribbean", "Alternate Shots"},
+    {"BE.Prefs.LabelColors.3", "Lavender", "Interviews"},
+    {"BE.Prefs.LabelColors.4", "Cerulean", "B Roll"},
+    {"BE.Prefs.LabelColors.5", "Forest"},
+    {"BE.Prefs.LabelColors.6", "Rose"},
+    {"BE.Prefs.LabelColors.7", "Mango"},
 };
+
+// "b-roll" is "B Roll".
+bool IsLabel(std::string_view text, std::string_view label)
+{
+    std::string plain(text);
+    std::ranges::replace(plain, '-', ' ');
+    return !label.empty() && EqualsIgnoreCase(plain, label);
+}
 
 // The host writes "_95_" for a character that is unsafe in XMP.
 constexpr std::string_view kUnsafeMark = "_95_";
@@ -107,6 +124,21 @@ std::string_view LabelKeyOf(std::string_view colorName)
         if (color.name == colorName)
             return color.key;
     return {};
+}
+
+std::string_view LabelKeyOfAny(std::string_view label)
+{
+    for (const LabelColor& color : kLabelColors)
+        if (IsLabel(label, color.name) || IsLabel(label, color.finalCutLabel))
+            return color.key;
+    return {};
+}
+
+bool IsFinalCutLabel(std::string_view label)
+{
+    return std::ranges::any_of(kLabelColors, [label](const LabelColor& color) {
+        return IsLabel(label, color.finalCutLabel);
+    });
 }
 
 std::string_view LabelNameOf(std::string_view key)

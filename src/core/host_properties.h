@@ -17,6 +17,12 @@ std::span<const Name> PannerPropertyList();
 
 // "Mango" -> "BE.Prefs.LabelColors.7"; empty for an unknown color.
 std::string_view LabelKeyOf(std::string_view colorName);
+// The same for any case, and for the labels of Final Cut, whose list the colors follow; hyphens are
+// blanks there.
+//   "b-roll" -> "BE.Prefs.LabelColors.4"
+std::string_view LabelKeyOfAny(std::string_view label);
+// True for a label of Final Cut's own list.
+bool IsFinalCutLabel(std::string_view label);
 // "BE.Prefs.LabelColors.7" -> "Mango"; empty for an unknown key.
 std::string_view LabelNameOf(std::string_view key);
 

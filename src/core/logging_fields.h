@@ -22,8 +22,4 @@ std::span<const LoggingField> KeycodeFields();
 // Of `comments`, among the columns of an item of the browser.
 std::span<const LoggingField> CommentFields();
 
-// Where labels are kept: of an item of the browser, of a clip.
-inline constexpr Name kItemLabelKey = "Column.PropertyText.Label";
-inline constexpr Name kClipLabelKey = "hfl.clip.label.name";
-
 } // namespace XPJ

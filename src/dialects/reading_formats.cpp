@@ -29,6 +29,11 @@ void CopyFormat(ConstHandle from, ObjectHandle to)
             to.SetPropertyShared(leaf, from.GetProperty(leaf));
 }
 
+bool StatesFormat(ConstHandle node)
+{
+    return std::ranges::any_of(kFormatLeaves, [node](Name leaf) { return HasValue(node, leaf); });
+}
+
 // The size of most that is cut today.
 void AssumeSize(ObjectHandle characteristics)
 {
@@ -104,6 +109,7 @@ private:
             GetOrAddChild(pass_.Nodes(), format, "samplecharacteristics");
         CopyFormat(video.GetChild("samplecharacteristics"), characteristics);
         CopyFormat(FindPath(media, {"format", "samplecharacteristics"}), characteristics);
+        CopyFormat(sequence, characteristics);
         const bool isStated = HasSize(characteristics);
         const bool isFound = isStated || TakeSizeOfItems(sequence, characteristics);
         if (!isFound)
@@ -167,15 +173,48 @@ void CompleteFile(DialectPass& pass, const FileUses& uses)
     }
 }
 
+// Media without a rate, on an item without one, counts in that of the sequence.
+void CompleteRate(const FileUses& uses)
+{
+    const ObjectHandle rate = uses.sequence.GetChild("rate");
+    if (!rate || TicksOfRate(uses.element.GetChild("rate")) > 0)
+        return;
+    for (const ObjectHandle& file : uses.definitions)
+        if (TicksOfRate(file.GetChild("rate")) == 0) {
+            file.RemoveChild(file.GetChild("rate"));
+            file.AddChild(rate);
+        }
+}
+
 } // namespace
+
+void GatherFormats(DialectPass& pass)
+{
+    const auto gather = [&pass](ConstHandle from, ObjectHandle file) {
+        const ObjectHandle video = FindPath(file, {"media", "video"});
+        if (video && StatesFormat(from))
+            CopyFormat(from, GetOrAddChild(pass.Nodes(), video, "samplecharacteristics"));
+    };
+    for (const ObjectHandle& file : pass.Parts().files)
+        gather(file, file);
+    for (const ItemPart& part : pass.Parts().items) {
+        gather(part.item, part.item.GetChild("file"));
+        if (part.owner.GetName() == "clip")
+            gather(part.owner, part.item.GetChild("file"));
+    }
+    for (const ObjectHandle& clip : pass.Parts().clips)
+        gather(clip, clip.GetChild("file"));
+}
 
 void CompleteFormats(DialectPass& pass)
 {
     Completion completion(pass);
     for (const ObjectHandle& sequence : pass.Parts().sequences)
         completion.Complete(sequence);
-    for (const FileUses& uses : FindFileUses(pass.Parts()))
+    for (const FileUses& uses : FindFileUses(pass.Parts())) {
         CompleteFile(pass, uses);
+        CompleteRate(uses);
+    }
 }
 
 } // namespace XPJ

@@ -5,6 +5,11 @@
 
 namespace XPJ {
 
+// Gives each file of video what it doesn't state of its frame, but its items do, or the file itself
+// outside its `media`.
+//   clipitem(fielddominance upper, file(media(video))) -> video(samplecharacteristics(upper))
+void GatherFormats(DialectPass& pass);
+
 // Gives each sequence a rate and a `samplecharacteristics` with size and pixel aspect, and each
 // file of video that states no size that of the sequence that shows it.
 void CompleteFormats(DialectPass& pass);

@@ -2,9 +2,11 @@
 #include "dialects/dialects.h"
 #include "dialects/pass.h"
 #include "dialects/reading_audio.h"
+#include "dialects/reading_channels.h"
 #include "dialects/reading_formats.h"
 #include "dialects/reading_items.h"
 #include "dialects/reading_media.h"
+#include "dialects/reading_names.h"
 #include "dialects/reading_numbers.h"
 #include "dialects/reading_structure.h"
 #include "dialects/reading_times.h"
@@ -46,11 +48,58 @@ constexpr DialectRule kReadingRules[] = {
              "and the reverse",
      .does = "The missing half is added.",
      .apply = AddMissingHalves},
+
+    // What users name, both ways.
+    {.name = "labels by name",
+     .seen = "the labels of Final Cut (Good Take, Best Take, Alternate Shots, Interviews, B Roll, "
+             "in any case and with hyphens), and those that users name themselves",
+     .does = "A label keeps its name. The colors follow Final Cut's list: Good Take has the first. "
+             "The export writes the name as long as the color is the same.",
+     .file = "export/logging.cpp"},
+    {.name = "labels of Final Cut itself",
+     .seen = "`label` with a blank `label2`",
+     .does = "The label is the one of `label`; the export writes both.",
+     .apply = ReadFinalCutLabels},
+    {.name = "names of tracks",
+     .seen = "a `track` with a `name`",
+     .does = "The track of the project has the name; the export writes it.",
+     .apply = NameTracks},
+    {.name = "name of the project",
+     .seen = "any `project` with a `name`",
+     .does =
+         "A project keeps the name and exports it; one that has none is exported under the name "
+         "of its file.",
+     .file = "export/export_driver.cpp"},
+
+    // What files hold.
+    {.name = "frame of a file stated elsewhere",
+     .seen = "field order and pixel aspect of items and clips, or directly in a `file`",
+     .does = "The file has them, if it states none itself.",
+     .apply = GatherFormats},
+    {.name = "channels by label and layout",
+     .seen =
+         "audio of a file without `channelcount`, with `channellabel`s left and right alone, or "
+         "with some of its channels in pairs",
+     .does =
+         "Channels are counted by `audiochannel`, else by `layout`, else by the items; left and "
+         "right make a pair. Where not all channels are in pairs each counts for itself.",
+     .apply = ReadChannels},
+    {.name = "stereo on one track",
+     .seen = "cuts made by programs with stereo tracks: items that name the first channel of a "
+             "stereo file, and none that names the second",
+     .does = "The items have both channels.",
+     .apply = ShowBothChannels},
+    {.name = "stereo in a merged clip",
+     .seen = "a merged clip with a file of several channels in one stream",
+     .does = "The merged clip has all of its channels.",
+     .file = "import/merged_master.cpp"},
+
     {.name = "sequence without rate or format",
      .seen = "writers without `samplecharacteristics`, or with a `format` directly under `media`",
      .does = "Rate, size and pixels are those that any part of the `media` states, else those of "
              "the first file with a size on any track. Pixels are square unless something states "
-             "otherwise. Where nothing states a size it is 1920 by 1080.",
+             "otherwise. A file and an item without a rate have the sequence's. Where nothing "
+             "states a size it is 1920 by 1080.",
      .apply = CompleteFormats},
     {.name = "in and out of the file",
      .seen =

@@ -94,6 +94,11 @@ constexpr DialectRule kWritingRules[] = {
      .seen = "readers that look at the `filter` alone",
      .does = "The `filter` of a bypassed effect has `enabled` FALSE.",
      .apply = SwitchOffBypassed},
+    {.name = "channels of mono audio",
+     .seen = "readers that go by the layout and the labels of the channels",
+     .does =
+         "Each channel states `layout` mono and a discrete `channellabel`, as pairs state theirs.",
+     .apply = LabelMonoAudio},
 };
 
 } // namespace

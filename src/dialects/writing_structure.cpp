@@ -1,5 +1,8 @@
 #include "dialects/writing_structure.h"
 
+#include "core/channel_types.h"
+#include "core/numbers.h"
+
 #include <vector>
 
 namespace XPJ {
@@ -45,6 +48,14 @@ void RemoveNamelessEffects(DialectPass& pass)
             for (const ObjectHandle& track : group.GetChildren("track"))
                 RemoveNamelessFilters(track);
         }
+}
+
+void LabelMonoAudio(DialectPass& pass)
+{
+    for (const ObjectHandle& file : pass.Parts().files)
+        if (const ObjectHandle audio = FindPath(file, {"media", "audio"});
+            HasValue(audio, "channeltype") && IntProperty(audio, "channeltype") == kMono)
+            audio.SetPropertyShared("layout", "mono");
 }
 
 } // namespace XPJ

@@ -11,4 +11,7 @@ void PutSequenceFirst(DialectPass& pass);
 // Removes each `filter` whose `effect` has neither name nor id.
 void RemoveNamelessEffects(DialectPass& pass);
 
+// Labels the channels of mono audio as such: some readers go by the labels.
+void LabelMonoAudio(DialectPass& pass);
+
 } // namespace XPJ

@@ -74,9 +74,9 @@ NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, Tra
         element.SetProperty("channelcount", IntToString(contents));
     WriteItemHead(context, catalogs.masters, record, element);
     GainToXmeml(effects, record.clip, MediaKindOf(record.media) == MediaKind::BarsAndTone, element);
-    if (context.options.openInterchange && HasGain(record.clip))
+    if (context.options.settings.openInterchange && HasGain(record.clip))
         element.SetPropertyShared("velaGain", record.clip.GetProperty("Gain"));
-    WriteClipOptions(context.document, record, element);
+    WriteClipOptions(context, record, element);
     const ItemSource source = WriteItemSource(context, catalogs, track, record, element);
     AddLink(context.document, catalogs.links, record.item,
             {.element = element,

@@ -68,7 +68,7 @@ int ExplodedCount(const ExportContext& context, const AudioTrack& track)
     const bool isAdaptive = track.type.type == kAdaptiveType;
     if (context.IsHandOff() && (!isAdaptive || track.channels == 2))
         return 1;
-    return isAdaptive || context.options.openInterchange
+    return isAdaptive || context.options.settings.openInterchange
                ? std::min(HighestChannel(track.items), track.channels)
                : track.channels;
 }
@@ -147,7 +147,7 @@ void WriteFader(ExportContext& context, const SequenceContext& sequence, ConstHa
                 const ItemLocation& location, ObjectHandle owner)
 {
     const ConstHandle volume = FaderParam(audioTrack, "Volume");
-    if (!context.options.openInterchange)
+    if (!context.options.settings.openInterchange)
         return FaderToXmeml(context.document, volume, owner);
     const EffectContext effects{.document = context.document,
                                 .issues = context.issues,
@@ -167,9 +167,8 @@ void OpenExplodedTrack(ExportContext& context, AudioGroup& group, const TrackCha
                                .element = context.document.NewObject("track")},
                      .items = ItemsOfChannel(source, part.channel)};
     const ObjectHandle element = result.track.element;
-    WriteFader(context, group.sequence, source.track, LocationOfItem(result.track, 0, {}),
-               element);
-    WriteTrackState(source.track, IsMutedByFader(source.track), element);
+    WriteFader(context, group.sequence, source.track, LocationOfItem(result.track, 0, {}), element);
+    WriteTrackState(context, source.track, IsMutedByFader(source.track), element);
     if (context.IsHandOff())
         WriteHandOffState(source, element);
     else

@@ -72,12 +72,12 @@ std::optional<ItemWalk::Step> ItemWalk::Next()
 }
 
 // Gives the new bin's `children`, empty for now.
-ObjectHandle TranslateBin(Document& document, ConstHandle binItem, ObjectHandle parentChildren)
+ObjectHandle TranslateBin(ExportContext& context, ConstHandle binItem, ObjectHandle parentChildren)
 {
-    const ObjectHandle bin = document.NewObject("bin");
+    const ObjectHandle bin = context.document.NewObject("bin");
     bin.SetProperty("name", EscapeXML(binItem.GetProperty("Name")));
-    WriteItemLabel(document, binItem, bin);
-    const ObjectHandle children = document.NewObject("children");
+    WriteLabel(context, binItem, kItemLabel, bin);
+    const ObjectHandle children = context.document.NewObject("children");
     bin.AddChild(children);
     parentChildren.AddChild(bin);
     return children;
@@ -111,8 +111,8 @@ bool TranslateAll(ExportContext& context, Catalogs& catalogs, ConstHandle rootIt
     while (const auto step = walk.Next()) {
         childrenAt.resize(step->depth + 1);
         if (IsBinItem(step->item))
-            childrenAt.push_back(TranslateBin(context.document, step->item,
-                                              childrenAt[std::min(step->depth, kMaxBinDepth)]));
+            childrenAt.push_back(
+                TranslateBin(context, step->item, childrenAt[std::min(step->depth, kMaxBinDepth)]));
         else if (IsClipItem(step->item))
             TranslateBrowserClip(context, catalogs, step->item, childrenAt.back());
         else

@@ -78,7 +78,7 @@ ObjectHandle ClipWriter::TranslateAudio()
         const ObjectHandle item = NewClipItem(
             {.type = MediaType::Audio, .track = channel, .isGrouped = AreGrouped(context, layout)});
         WriteSourceTrack(context.document, channel, item);
-        if (context.options.openInterchange)
+        if (context.options.settings.openInterchange)
             TranslateMasterAudioEffects(context, source.masterClip, ClipRate(source.media), item);
         audio.AddChild(TrackWith(context.document, item));
     }

@@ -50,7 +50,7 @@ void TranslateSequenceItem(ExportContext& context, Catalogs& catalogs, ConstHand
     std::vector<ShownSequence> postponed;
     const ObjectHandle result = TranslateSequence(context, catalogs, shown, postponed);
     result.SetProperty("name", EscapeXML(clipItem.GetProperty("Name")));
-    WriteItemLabel(context.document, clipItem, result);
+    WriteLabel(context, clipItem, kItemLabel, result);
     WriteClipRange(context.DocumentUnit(), shown.masterClip.MainClip(),
                    RangeRate(shown.masterClip, shown.sequence), result);
     children.AddChild(result);
@@ -84,8 +84,9 @@ void WriteClipOptions(ExportContext& context, MasterClip masterClip, Ticks frame
                       ObjectHandle result)
 {
     const ConstHandle marked = MarkedClip(masterClip);
-    const Ticks offset =
-        context.options.openInterchange ? 0 : std::max<Ticks>(Int64Property(marked, "InPoint"), 0);
+    const Ticks offset = context.options.settings.openInterchange
+                             ? 0
+                             : std::max<Ticks>(Int64Property(marked, "InPoint"), 0);
     TranslateMarkers(context.document,
                      {.owner = marked,
                       .frameTicks = frameTicks,
@@ -97,11 +98,11 @@ void WriteClipOptions(ExportContext& context, MasterClip masterClip, Ticks frame
 }
 
 // The label of the browser item counts; the one of its video where that has none.
-void WriteLabels(Document& document, ConstHandle clipItem, ConstHandle mainClip,
+void WriteLabels(ExportContext& context, ConstHandle clipItem, ConstHandle mainClip,
                  ObjectHandle result)
 {
-    if (!WriteItemLabel(document, clipItem, result) && IsVideoClip(mainClip))
-        WriteClipLabel(document, mainClip, result);
+    if (!WriteLabel(context, clipItem, kItemLabel, result) && IsVideoClip(mainClip))
+        WriteLabel(context, mainClip, kClipLabel, result);
 }
 
 void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, ConstHandle clipItem,
@@ -118,7 +119,7 @@ void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, ConstHandle 
     CopyProperty(masterClip, "uid", clip, "uuid");
     WriteComments(context.document, clipItem, clip);
     const ConstHandle main = masterClip.MainClip();
-    WriteLabels(context.document, clipItem, main, clip);
+    WriteLabels(context, clipItem, main, clip);
     if (const std::string_view name = ClipName(masterClip, clipItem); !name.empty())
         clip.SetProperty("name", EscapeXML(name));
     if (IsVideoClip(main))

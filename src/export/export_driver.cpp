@@ -33,6 +33,14 @@ void TranslateRootItem(ExportContext& context, Catalogs& catalogs, ConstHandle r
         project.AddChild(children);
 }
 
+// To the letter a project is named by whoever asks for the document; else by the one it came from.
+std::string_view NameOf(const ExportOptions& options, ConstHandle source)
+{
+    return options.settings.openInterchange && HasValue(source, "Project.Name")
+               ? source.GetProperty("Project.Name")
+               : options.projectTitle;
+}
+
 int TranslateProject(ExportContext& context, Progress& progress, ConstHandle source,
                      ObjectHandle& project)
 {
@@ -40,12 +48,12 @@ int TranslateProject(ExportContext& context, Progress& progress, ConstHandle sou
     if (!stage.Step())
         return kAborted;
     project = context.document.NewObject("project");
-    project.SetProperty("name", EscapeXML(context.options.projectTitle));
+    project.SetProperty("name", EscapeXML(NameOf(context.options, source)));
     Catalogs catalogs;
     TranslateRootItem(context, catalogs, source.GetChild("RootProjectItem"), project);
     if (!stage.Step())
         return kAborted;
-    catalogs.links.WriteLinks(context.options.openInterchange);
+    catalogs.links.WriteLinks(context.options.settings.openInterchange);
     return stage.Step() ? kSuccess : kAborted;
 }
 

@@ -113,7 +113,7 @@ bool IsMissing(Media media)
 void WriteSource(ExportContext& context, Media media, ObjectHandle file)
 {
     const MediaKind kind = MediaKindOf(media);
-    if (context.options.openInterchange && IsMissing(media))
+    if (context.options.settings.openInterchange && IsMissing(media))
         return;
     if (kind != MediaKind::File) {
         file.SetProperty("mediaSource", GeneratedSource(context, media, kind));
@@ -195,7 +195,7 @@ FileRecord TranslateFile(ExportContext& context, const FileStreams& source)
                     .element = context.document.NewObject("file")};
     file.element.SetPropertyShared("id", file.id);
     WriteSource(context, source.media, file.element);
-    const bool isOffline = context.options.openInterchange && IsMissing(source.media);
+    const bool isOffline = context.options.settings.openInterchange && IsMissing(source.media);
     file.element.SetProperty(
         "name", EscapeXML(isOffline ? NameOf(source) : source.media.GetProperty("Title")));
 

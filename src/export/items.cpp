@@ -60,7 +60,7 @@ ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const Trac
 {
     const ConstHandle clip = ClipOfSubClip(SubClipOf(item));
     ShownAngle angle;
-    if (context.options.openInterchange)
+    if (context.options.settings.openInterchange)
         angle = catalogs.angles.Find(clip, SequenceOfItem(catalogs.masters, item), track.type);
     const ConstHandle subClip = SubClipOf(angle.item ? angle.item : item);
     const MasterClip masterClip = MasterOfSubClip(subClip);
@@ -78,7 +78,7 @@ ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const Trac
                        .sequenceRate = track.sequence.frameTicks,
                        .sourceOffset = angle.offset,
                        .infinite = IsTrue(source.media, "Infinite"),
-                       .openInterchange = context.options.openInterchange}};
+                       .openInterchange = context.options.settings.openInterchange}};
 }
 
 void WriteItemHead(ExportContext& context, MasterCatalog& masters, ItemRecord& record,
@@ -98,13 +98,13 @@ void WriteItemHead(ExportContext& context, MasterCatalog& masters, ItemRecord& r
     element.AddChild(WriteRate(context.document, record.timing.rate, record.timing.unit));
 }
 
-void WriteClipOptions(Document& document, ItemRecord& record, ObjectHandle element)
+void WriteClipOptions(ExportContext& context, ItemRecord& record, ObjectHandle element)
 {
     element.SetPropertyShared("scaleToFrameSize",
                               IsTrue(record.clip, "ScaleToFrameSize") ? "TRUE" : "FALSE");
-    WriteClipLabel(document, record.clip, element);
-    ReadSpeed(record.clip, record.shownClip, record.timing);
-    TranslateMarkers(document,
+    WriteLabel(context, record.clip, kClipLabel, element);
+    ReadSpeed(record.clip, record.timing);
+    TranslateMarkers(context.document,
                      {.owner = record.clip,
                       .frameTicks = record.timing.rate,
                       .unit = record.timing.unit,

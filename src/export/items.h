@@ -41,7 +41,7 @@ ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const Trac
 void WriteItemHead(ExportContext& context, MasterCatalog& masters, ItemRecord& record,
                    ObjectHandle element);
 // Scale, label and markers of the clip; its speed goes into the record.
-void WriteClipOptions(Document& document, ItemRecord& record, ObjectHandle element);
+void WriteClipOptions(ExportContext& context, ItemRecord& record, ObjectHandle element);
 
 // What an item shows: the file of its media, or a sequence.
 struct ItemSource {

@@ -55,17 +55,6 @@ void WriteFilmData(Document& document, ConstHandle info, ObjectHandle element)
         element.AddChild(filmData);
 }
 
-bool WriteLabel(Document& document, ConstHandle properties, Name key, ObjectHandle element)
-{
-    if (!properties.HasProperty(key))
-        return false;
-    const ObjectHandle labels = document.NewObject("labels");
-    if (const std::string_view name = LabelNameOf(properties.GetProperty(key)); !name.empty())
-        labels.SetProperty("label2", name);
-    element.AddChild(labels);
-    return true;
-}
-
 } // namespace
 
 void TranslateLoggingInfo(Document& document, MasterClip masterClip, FileRecord* file,
@@ -82,14 +71,21 @@ void TranslateLoggingInfo(Document& document, MasterClip masterClip, FileRecord*
     WriteFilmData(document, info, element);
 }
 
-bool WriteItemLabel(Document& document, ConstHandle itemProperties, ObjectHandle element)
+bool WriteLabel(ExportContext& context, ConstHandle properties, const LabelKeys& keys,
+                ObjectHandle element)
 {
-    return WriteLabel(document, itemProperties, kItemLabelKey, element);
-}
-
-bool WriteClipLabel(Document& document, ConstHandle clipProperties, ObjectHandle element)
-{
-    return WriteLabel(document, clipProperties, kClipLabelKey, element);
+    const bool isOpen = context.options.settings.openInterchange;
+    if (!properties.HasProperty(keys.color) && !(isOpen && properties.HasProperty(keys.text)))
+        return false;
+    const ObjectHandle labels = context.document.NewObject("labels");
+    const std::string_view label =
+        isOpen ? LabelOf(properties, keys) : LabelNameOf(properties.GetProperty(keys.color));
+    if (!label.empty())
+        labels.SetProperty("label2", label);
+    if (isOpen && IsFinalCutLabel(label))
+        labels.SetProperty("label", label);
+    element.AddChild(labels);
+    return true;
 }
 
 void WriteComments(Document& document, ConstHandle itemProperties, ObjectHandle element)

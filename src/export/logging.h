@@ -2,6 +2,7 @@
 #pragma once
 
 #include "export/catalogs.h"
+#include "project/labels.h"
 
 namespace XPJ::RVX {
 
@@ -10,11 +11,10 @@ namespace XPJ::RVX {
 void TranslateLoggingInfo(Document& document, MasterClip masterClip, FileRecord* file,
                           ObjectHandle element);
 
-// Adds `labels` for a label of the browser; one that the table doesn't know leaves them empty.
-// False without a label.
-bool WriteItemLabel(Document& document, ConstHandle itemProperties, ObjectHandle element);
-// The same for the label of a clip.
-bool WriteClipLabel(Document& document, ConstHandle clipProperties, ObjectHandle element);
+// Adds `labels`; a color that the host doesn't have leaves them empty. To the letter a label is the
+// name of its color. False without a label.
+bool WriteLabel(ExportContext& context, ConstHandle properties, const LabelKeys& keys,
+                ObjectHandle element);
 // Adds `comments` if the item of the browser has any comment.
 void WriteComments(Document& document, ConstHandle itemProperties, ObjectHandle element);
 

@@ -1,5 +1,6 @@
 #include "export/tracks.h"
 
+#include "core/text.h"
 #include "export/formats.h"
 
 namespace XPJ::RVX {
@@ -22,7 +23,7 @@ ObjectHandle WriteFormat(Document& document, Ticks frameTicks, ConstHandle group
     return format;
 }
 
-OpenTrack OpenVideoTrack(Document& document, const SequenceContext& sequence,
+OpenTrack OpenVideoTrack(ExportContext& context, const SequenceContext& sequence,
                          ConstHandle projectTrack, int index)
 {
     OpenTrack result{.track = {.sequence = sequence,
@@ -30,9 +31,9 @@ OpenTrack OpenVideoTrack(Document& document, const SequenceContext& sequence,
                                .unit = TimeUnit::Frames,
                                .index = index,
                                .number = index + 1,
-                               .element = document.NewObject("track")},
+                               .element = context.document.NewObject("track")},
                      .items = {}};
-    WriteTrackState(projectTrack, false, result.track.element);
+    WriteTrackState(context, projectTrack, false, result.track.element);
     for (const ConstHandle item : TrackItemsOf(projectTrack))
         result.items.push_back({.item = TrackItem(item)});
     return result;
@@ -40,7 +41,8 @@ OpenTrack OpenVideoTrack(Document& document, const SequenceContext& sequence,
 
 } // namespace
 
-void WriteTrackState(ConstHandle projectTrack, bool isOff, ObjectHandle track)
+void WriteTrackState(const ExportContext& context, ConstHandle projectTrack, bool isOff,
+                     ObjectHandle track)
 {
     track.SetPropertyShared("locked", IsTrue(projectTrack, "IsLocked") ? "TRUE" : "FALSE");
     track.SetPropertyShared("enabled", isOff || IsTrue(projectTrack, "IsMuted") ? "FALSE" : "TRUE");
@@ -49,6 +51,9 @@ void WriteTrackState(ConstHandle projectTrack, bool isOff, ObjectHandle track)
                                 HasValue(projectTrack, "MZ.TrackTargeted")
                                     ? projectTrack.GetProperty("MZ.TrackTargeted")
                                     : "0");
+    // To the letter the hand-off alone has names.
+    if (context.options.settings.openInterchange && HasValue(projectTrack, "MZ.TrackName"))
+        track.SetProperty("name", EscapeXML(projectTrack.GetProperty("MZ.TrackName")));
 }
 
 std::vector<OpenTrack> TranslateVideoGroup(ExportContext& context, const SequenceContext& sequence,
@@ -60,7 +65,7 @@ std::vector<OpenTrack> TranslateVideoGroup(ExportContext& context, const Sequenc
     std::vector<OpenTrack> tracks;
     int index = 0;
     for (const ConstHandle projectTrack : TracksOf(group)) {
-        tracks.push_back(OpenVideoTrack(context.document, sequence, projectTrack, index++));
+        tracks.push_back(OpenVideoTrack(context, sequence, projectTrack, index++));
         video.AddChild(tracks.back().track.element);
     }
     return tracks;

@@ -18,6 +18,7 @@ std::vector<OpenTrack> TranslateVideoGroup(ExportContext& context, const Sequenc
                                            ConstHandle group, ObjectHandle media);
 
 // Writes `locked`, `enabled` and the user's targeting of a project track.
-void WriteTrackState(ConstHandle projectTrack, bool isOff, ObjectHandle track);
+void WriteTrackState(const ExportContext& context, ConstHandle projectTrack, bool isOff,
+                     ObjectHandle track);
 
 } // namespace XPJ::RVX

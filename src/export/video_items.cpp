@@ -95,7 +95,7 @@ NestedSequence VideoItem::TranslateClip()
     AddLink(source.linkKey);
     WriteAlpha(VideoStreamOf(record.media), element);
     WriteSubclipOffsets(context.document, record.boundaries, record.timing.rate, element);
-    WriteClipOptions(context.document, record, element);
+    WriteClipOptions(context, record, element);
     WriteTimes();
     WriteEffects();
     WriteSpeed();

@@ -13,6 +13,8 @@ namespace XPJ {
 
 namespace {
 
+constexpr std::string_view kDefaultTitle = "Vela Project";
+
 // Runs one stage after the other until one fails.
 class Stages {
 public:
@@ -78,31 +80,46 @@ private:
     }
 
     // The audio hand-off is a contract of two programs.
+    Settings SettingsOfTranslation() const
+    {
+        Settings settings = settings_;
+        settings.openInterchange = settings_.openInterchange && !isHandOff_;
+        return settings;
+    }
+
     bool UsesDialects(const Format& format) const
     {
-        return settings_.openInterchange && format.kind == TreeKind::Xmeml && !isHandOff_;
+        return SettingsOfTranslation().openInterchange && format.kind == TreeKind::Xmeml;
     }
 
     int Import()
     {
-        ImportOptions options{.inputPath = request_.inputPath,
-                              .sn2vlMode = isHandOff_,
-                              .aafSupport = request_.aafSupport,
-                              .settings = settings_};
-        options.settings.openInterchange = UsesDialects(*request_.from);
+        const ImportOptions options{.inputPath = request_.inputPath,
+                                    .sn2vlMode = isHandOff_,
+                                    .aafSupport = request_.aafSupport,
+                                    .settings = SettingsOfTranslation()};
         return ImportDocument(source_, options, progress_, translatedDocument_, outcome_.issues,
                               translated_, &outcome_.skipped);
     }
 
+    // The input's own name, for programs that show it.
+    std::string ProjectTitle() const
+    {
+        if (!request_.projectTitle.empty())
+            return request_.projectTitle;
+        std::string_view name = FileNameOf(request_.inputPath);
+        name = name.substr(0, name.rfind('.'));
+        return std::string(settings_.openInterchange && !name.empty() ? name : kDefaultTitle);
+    }
+
     int Export()
     {
-        const RVX::ExportOptions options{.projectTitle = request_.projectTitle,
+        const RVX::ExportOptions options{.projectTitle = ProjectTitle(),
                                          .outputPath = request_.outputPath,
                                          .vl2snMode = isHandOff_,
                                          .sequenceGuid = request_.sequenceGuid,
                                          .exportTransformEffect = settings_.exportTransform,
-                                         .openInterchange =
-                                             settings_.openInterchange && !isHandOff_};
+                                         .settings = SettingsOfTranslation()};
         const int result =
             RVX::TranslateProjectDocument(source_, options, progress_, translatedDocument_,
                                           outcome_.issues, translated_, &outcome_.skipped);

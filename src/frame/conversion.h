@@ -31,7 +31,7 @@ struct ConversionRequest {
     bool listsReport = true; // the project's main bin shows the report
 
     // From a project
-    std::string projectTitle = "Vela Project";
+    std::string projectTitle{};    // empty: a default
     Guid sequenceGuid = kZeroGuid; // zero: the whole project
     bool needsSequence = true;     // a sequence that is missing ends the conversion
     bool additions = true;         // also what the document type doesn't have

@@ -3,6 +3,7 @@
 #include "import/clips.h"
 #include "import/logging.h"
 #include "import/sequence_walk.h"
+#include "project/labels.h"
 #include "project/objects.h"
 
 #include <memory>
@@ -12,12 +13,12 @@ namespace XPJ {
 
 namespace {
 
-ObjectHandle MakeBinItem(Document& document, ConstHandle bin)
+ObjectHandle MakeBinItem(const ImportState& state, ConstHandle bin)
 {
-    const ObjectHandle item = document.NewObject("BinProjectItem");
+    const ObjectHandle item = state.document.NewObject("BinProjectItem");
     AddUid(item);
     item.SetPropertyShared("Name", bin.GetProperty("name"));
-    CopyLabel(bin, item, "Column.PropertyText.Label");
+    CopyLabel(state, bin, item, kItemLabel);
     return item;
 }
 
@@ -68,7 +69,7 @@ bool TranslateNext(ImportState& state, OpenLists& lists)
         TranslateEntry(state, entry, list.item);
         return list.stage.Step();
     }
-    const ObjectHandle item = MakeBinItem(state.document, entry);
+    const ObjectHandle item = MakeBinItem(state, entry);
     lists.push(std::make_unique<OpenList>(state.progress, entry.GetChild("children"), item));
     return true;
 }

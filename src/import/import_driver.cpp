@@ -58,6 +58,13 @@ bool TranslateRootItem(ImportState& state, ConstHandle entries, ObjectHandle& ro
     return true;
 }
 
+// To the letter a project has no name but that of its file.
+void KeepName(const ImportState& state, ConstHandle stated, ObjectHandle project)
+{
+    if (state.options.settings.openInterchange && HasValue(stated, "name"))
+        project.SetPropertyShared("Project.Name", stated.GetProperty("name"));
+}
+
 int TranslateProject(ImportState& state, ConstHandle root, ObjectHandle project)
 {
     const ConstHandle stated = root.GetChild("project");
@@ -66,6 +73,7 @@ int TranslateProject(ImportState& state, ConstHandle root, ObjectHandle project)
         return kAborted;
 
     AddProjectSettings(state.document, project);
+    KeepName(state, stated, project);
     ObjectHandle rootItem;
     if (!TranslateRootItem(state, EntriesOf(root), rootItem))
         return kAborted;

@@ -5,6 +5,7 @@
 #include "import/markers.h"
 #include "import/masters.h"
 #include "project/clips.h"
+#include "project/labels.h"
 #include "project/media.h"
 #include "project/synthetic_items.h"
 #include "xmeml/speed.h"
@@ -131,9 +132,11 @@ std::vector<int> LinkedChannels(const TrackContext& track, ConstHandle item,
     return channels;
 }
 
+// The dialects mark stereo items also where tracks are not exploded.
 bool FollowsLinks(const SequenceContext& sequence, int channelType)
 {
-    return (sequence.state.options.sn2vlMode || sequence.exploded) &&
+    const ImportOptions& options = sequence.state.options;
+    return (options.sn2vlMode || options.settings.openInterchange || sequence.exploded) &&
            (channelType == kStereoType || channelType == kSurroundType);
 }
 
@@ -188,7 +191,7 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
     const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Video,
                                               masterClip.GetChild("Source"), unit);
     const ObjectHandle clip = MakeVideoClip(document, source, FieldsOf(item, speed));
-    CopyLabel(item, clip, "hfl.clip.label.name");
+    CopyLabel(state, item, clip, kClipLabel);
 
     SourceRange range{.in = ScaledTicks(timing.times.in, unit, speed.speed),
                       .out = OutTicks(timing.times.out, unit, speed.speed)};
@@ -218,7 +221,7 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
                                               channels.At(sourceChannel).clip.GetChild("Source"),
                                               track.sequence.rates.audio);
     const ObjectHandle clip = MakeAudioClip(document, source, FieldsOf(item, speed));
-    CopyLabel(item, clip, "hfl.clip.label.name");
+    CopyLabel(state, item, clip, kClipLabel);
 
     const Frames delay = Int64Property(item, "mediadelay");
     const Ticks in = ScaledTicks(AddTicks(timing.times.in, delay), unit, speed.speed);

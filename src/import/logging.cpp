@@ -2,6 +2,7 @@
 
 #include "core/host_properties.h"
 #include "core/logging_fields.h"
+#include "core/text.h"
 #include "core/ticks.h"
 #include "project/time_display.h"
 #include "xmeml/rates.h"
@@ -137,21 +138,24 @@ void CopyGoodFlag(ConstHandle element, ObjectHandle target)
         target.SetProperty("Column.PropertyBool.Good", good);
 }
 
-void CopyLabel(ConstHandle element, ObjectHandle target, Name key)
+void CopyLabel(const ImportState& state, ConstHandle element, ObjectHandle target,
+               const LabelKeys& keys)
 {
-    const std::string_view label = LabelKeyOf(element.GetChild("labels").GetProperty("label2"));
-    if (!label.empty())
-        target.SetProperty(key, label);
+    const std::string_view label = element.GetChild("labels").GetProperty("label2");
+    if (state.options.settings.openInterchange)
+        SetLabel(target, keys, Trimmed(label));
+    else if (const std::string_view color = LabelKeyOf(label); !color.empty())
+        target.SetProperty(keys.color, color);
 }
 
-void CopyItemLabel(const FileCatalog& files, ConstHandle element, ObjectHandle item)
+void CopyItemLabel(const ImportState& state, ConstHandle element, ObjectHandle item)
 {
-    CopyLabel(element, item, kItemLabelKey);
+    CopyLabel(state, element, item, kItemLabel);
     if (element.GetName() == "sequence")
         return;
-    const auto label = FirstFileOf(files, element).Metadata(kClipLabelKey.View());
+    const auto label = FirstFileOf(state.files, element).Metadata(kClipLabel.color.View());
     if (label && !label->empty())
-        item.SetProperty(kItemLabelKey, *label);
+        item.SetProperty(kItemLabel.color, *label);
 }
 
 } // namespace XPJ

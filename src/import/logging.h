@@ -2,6 +2,7 @@
 #pragma once
 
 #include "import/import_state.h"
+#include "project/labels.h"
 #include "tree/object.h"
 #include "xmeml/files.h"
 
@@ -20,9 +21,11 @@ void CopyComments(ConstHandle element, ObjectHandle target);
 // Copies `good` of the `logginginfo`, in lower case.
 void CopyGoodFlag(ConstHandle element, ObjectHandle target);
 
-// Puts the key of the color in `labels` under `key`; unknown colors write nothing.
-void CopyLabel(ConstHandle element, ObjectHandle target, Name key);
+// Copies the label of an element. To the letter a label is one of the host's colors, by its name;
+// others write nothing.
+void CopyLabel(const ImportState& state, ConstHandle element, ObjectHandle target,
+               const LabelKeys& keys);
 // The label of a ClipProjectItem: that of the metadata of the clip's first file wins.
-void CopyItemLabel(const FileCatalog& files, ConstHandle element, ObjectHandle item);
+void CopyItemLabel(const ImportState& state, ConstHandle element, ObjectHandle item);
 
 } // namespace XPJ

@@ -2,6 +2,7 @@
 
 #include "import/merged_master.h"
 #include "import/project_items.h"
+#include "project/labels.h"
 #include "project/objects.h"
 
 #include <algorithm>
@@ -57,7 +58,7 @@ void AddMergedItem(Document& document, MasterClipHandle merged, ObjectHandle roo
     const ObjectHandle item = document.NewObject("ClipProjectItem");
     AddUid(item);
     item.SetPropertyShared("Name", merged.GetProperty("Name"));
-    item.SetPropertyShared("Column.PropertyText.Label", kMergedLabel);
+    item.SetPropertyShared(kItemLabel.color, kMergedLabel);
     item.AddChild("MasterClip", merged);
     rootItem.AddChild("Item", item);
 }

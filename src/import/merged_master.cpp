@@ -54,9 +54,18 @@ bool CountsAsAudio(const MergeComponent& component)
     return component.kind.audio > 0 && !(component.kind.video > 0 && component.hasCodec);
 }
 
-void AddPart(Document& document, const MergeComponent& component, MediaType type,
+// To the letter a part brings a channel for each of its streams, so a stereo stream brings one.
+int AudioChannelsOf(const ImportState& state, const MergeComponent& component)
+{
+    return state.options.settings.openInterchange
+               ? static_cast<int>(component.master.Channels().size())
+               : component.kind.audio;
+}
+
+void AddPart(const ImportState& state, const MergeComponent& component, MediaType type,
              ObjectHandle sequence, Parts& parts)
 {
+    Document& document = state.document;
     const ObjectHandle own = component.master.FirstClip(type);
     if (!own)
         return;
@@ -64,22 +73,23 @@ void AddPart(Document& document, const MergeComponent& component, MediaType type
     const ObjectHandle source = MakeSequenceSource(
         document, sequence,
         {.type = type, .rate = Int64Property(own, "FrameRate"), .duration = parts.duration});
-    const int channels = component.kind.audio;
     if (type == MediaType::Video)
         parts.video.push_back(
-            {&component, own, MakeVideoClip(document, source), std::max(channels, 1)});
+            {&component, own, MakeVideoClip(document, source), std::max(component.kind.audio, 1)});
     else
-        parts.audio.push_back({&component, own, MakeAudioClip(document, source), channels});
+        parts.audio.push_back(
+            {&component, own, MakeAudioClip(document, source), AudioChannelsOf(state, component)});
 }
 
-Parts CollectParts(Document& document, const MergeComponents& components, ObjectHandle sequence)
+Parts CollectParts(const ImportState& state, const MergeComponents& components,
+                   ObjectHandle sequence)
 {
     Parts parts;
     for (const MergeComponent& component : components) {
         if (component.kind.video > 0)
-            AddPart(document, component, MediaType::Video, sequence, parts);
+            AddPart(state, component, MediaType::Video, sequence, parts);
         if (CountsAsAudio(component))
-            AddPart(document, component, MediaType::Audio, sequence, parts);
+            AddPart(state, component, MediaType::Audio, sequence, parts);
     }
     for (const std::vector<Part>* list : {&parts.video, &parts.audio})
         for (const Part& part : *list)
@@ -244,6 +254,14 @@ struct MergedAudio {
     int channels = 0;
 };
 
+// Of the `number`th channel of a part, in its stream. The letter counts through all streams.
+std::uint64_t ChannelIndexOf(const ImportState& state, const MasterChannel& channel, int number)
+{
+    return static_cast<std::uint64_t>(state.options.settings.openInterchange
+                                          ? Int64Property(channel.channel, "ChannelIndex")
+                                          : number);
+}
+
 MergedAudio MakeAudio(const ImportState& state, const Parts& parts, StartTimes& starts)
 {
     Document& document = state.document;
@@ -253,10 +271,10 @@ MergedAudio MakeAudio(const ImportState& state, const Parts& parts, StartTimes& 
     for (const Part& part : parts.audio) {
         const std::vector<MasterChannel> channels = ChannelsOf(part.component->master);
         for (int i = 0; i < part.channels && i < std::ssize(channels); ++i, ++count) {
-            const ObjectHandle source =
-                channels[static_cast<std::size_t>(i)].clip.GetChild("Source");
+            const MasterChannel& channel = channels[static_cast<std::size_t>(i)];
             const ObjectHandle clip =
-                MakeChannelClip(document, source, {.inUse = true}, static_cast<std::uint64_t>(i));
+                MakeChannelClip(document, channel.clip.GetChild("Source"), {.inUse = true},
+                                ChannelIndexOf(state, channel, i));
             const SyntheticItem item = ItemOf(part, clip, starts.Of(*part.component), count);
             const ObjectHandle track =
                 MakeTrackWithFader(document, {.index = count, .id = count + 2, .panner = panner});
@@ -335,7 +353,7 @@ MasterClipHandle BuildMergedMaster(ImportState& state, const MergeComponents& co
     const MergeComponent& namesake = named == components.end() ? components.front() : *named;
 
     const ObjectHandle sequence = MakeMergedSequence(state, namesake.master.GetProperty("Name"));
-    const Parts parts = CollectParts(document, components, sequence);
+    const Parts parts = CollectParts(state, components, sequence);
     if (parts.video.empty() && parts.audio.empty())
         return {};
     const MasterClipHandle merged = MakeMaster(document, components, parts, namesake);

@@ -51,7 +51,7 @@ ObjectHandle MakeClipProjectItem(const ImportState& state, ConstHandle element,
     const ObjectHandle item = state.document.NewObject("ClipProjectItem");
     AddUid(item);
     item.SetPropertyShared("Name", element.GetProperty("name"));
-    CopyItemLabel(state.files, element, item);
+    CopyItemLabel(state, element, item);
     LimitToSubclip(state.files, element, master);
     item.AddChild("MasterClip", master);
     CopyComments(element, item);

@@ -1,7 +1,5 @@
 // Projects as plain timelines.
 #include "core/frame_rate.h"
-#include "core/host_properties.h"
-#include "core/logging_fields.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "inspect/node_numbers.h"
@@ -9,6 +7,7 @@
 #include "inspect/read_timelines.h"
 #include "inspect/titles.h"
 #include "project/accessors.h"
+#include "project/labels.h"
 #include "project/marker_record.h"
 #include "tree/reading.h"
 
@@ -75,6 +74,7 @@ public:
     {
         project_.family = Family::Project;
         project_.version = TextOf(velaData, "Version");
+        project_.name = TextOf(velaData.GetChild("Project"), "Project.Name");
         ReadEntries(FindPath(velaData, {"Project", "RootProjectItem"}));
         // A sequence may use others, which then come at the end.
         for (std::size_t i = 0; i < sequences_.Size(); ++i)
@@ -117,7 +117,7 @@ private:
     {
         Entry entry{.depth = depth,
                     .name = TextOf(item, "Name"),
-                    .label = UnescapeXML(LabelNameOf(item.GetProperty(kItemLabelKey)))};
+                    .label = UnescapeXML(LabelOf(item, kItemLabel))};
         if (item.GetName() == "ClipProjectItem") {
             const MasterClip master = MasterOfItem(item);
             const ConstHandle clip = master.MainClip();
@@ -209,7 +209,7 @@ private:
                   .frameBlending = IntProperty(clip, "TimeInterpolationType") != 0,
                   .speedKeyframes = ReadProjectSpeedKeyframes(clip),
                   .enabled = !IsTrue(node, "IsMuted"),
-                  .label = UnescapeXML(LabelNameOf(clip.GetProperty(kClipLabelKey))),
+                  .label = UnescapeXML(LabelOf(clip, kClipLabel)),
                   .sourceFormat = sequenceFormat};
         if (kind == MediaType::Audio && HasValue(clip, "SecondaryIndex"))
             item.channel = static_cast<int>(

@@ -16,6 +16,7 @@ using namespace ElementRows;
 constexpr std::string_view kInProject = "one project holds all that is written";
 constexpr std::string_view kInChildren = "written inside `children`";
 constexpr std::string_view kInCharacteristics = "written in `samplecharacteristics`";
+constexpr std::string_view kInFile = "written in the `file`";
 constexpr std::string_view kInMedia = "the media itself has it";
 constexpr std::string_view kPlainGenerator = "written generators have none";
 constexpr std::string_view kWipe = "the id of the effect names the wipe";
@@ -77,6 +78,8 @@ constexpr XmemlField kClip[] = {
     Leaf("in"), Leaf("out"), Required("name"), Child("media"), Child("logginginfo"),
     Child("filmdata"), Child("comments"), Child("labels"), Child("subclipinfo"), Each("marker"),
     Child("file", ReadOnly("written in the items of `media`")),
+    Leaf("pixelaspectratio", Stray(kInFile)), Leaf("anamorphic", Stray(kInFile)),
+    Leaf("fielddominance", Stray(kInFile)),
     Leaf("compositemode", Skipped("a clip outside a sequence covers nothing")),
     Child("filter", Stray("written in the `file`")),
 };
@@ -91,6 +94,8 @@ constexpr XmemlField kSequence[] = {
     Leaf("out"), Required("name"), Child("media"), Child("timecode"), Child("labels"),
     Each("filter"), Each("marker"),
     Leaf("ismasterclip", Skipped("each sequence outside another one is one")),
+    Leaf("pixelaspectratio", Stray(kInCharacteristics)),
+    Leaf("fielddominance", Stray(kInCharacteristics)),
     Leaf("masterclipid", ReadOnly("a sequence is written under its own id")),
 };
 
@@ -163,7 +168,7 @@ constexpr XmemlField kClipItem[] = {
     Leaf("mediadelay", ReadOnly("counted in the written `in` and `out`")),
     Leaf("stillframe", ReadOnly("written in the `video` of the file")),
     Leaf("stillframeoffset", ReadOnly("a frame hold of a project has no counterpart")),
-    Leaf("fielddominance", Skipped("the file states it")),
+    Leaf("fielddominance", ReadOnly(kInFile)),
     Leaf("ismasterclip", Skipped("an item of a sequence is none")),
 };
 
@@ -222,6 +227,9 @@ constexpr XmemlField kFile[] = {
     Child("timecode"), ChildAs("media", "media of a file"), Each("filter", Addition()),
     Child("metadata", ReadOnly(kInMedia)),
     Leaf("width", ReadOnly(kInCharacteristics)), Leaf("height", ReadOnly(kInCharacteristics)),
+    Leaf("pixelaspectratio", Stray(kInCharacteristics)),
+    Leaf("anamorphic", Stray(kInCharacteristics)),
+    Leaf("fielddominance", Stray(kInCharacteristics)),
 };
 
 constexpr XmemlField kMediaOfFile[] = {
@@ -385,7 +393,7 @@ constexpr XmemlField kMarker[] = {
 };
 
 constexpr XmemlField kLabels[] = {
-    Leaf("label2"), Leaf("label", Skipped("a color of the first version's own set")),
+    Leaf("label"), Leaf("label2"),
 };
 
 constexpr XmemlField kComments[] = {

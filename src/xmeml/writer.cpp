@@ -353,12 +353,16 @@ void XmemlWriter::WriteChannel(ObjectHandle audio, const FileAudioLayout& layout
     WriteLine("channelcount", IntToString(channels), level);
     if (layout.pairLayout)
         WriteLine("layout", "stereo", level);
+    else if (HasValue(audio, "layout"))
+        WriteLine("layout", audio.GetProperty("layout"), level);
     if (!layout.sourceChannel || level >= kMaxNesting)
         return;
     WriteStart("audiochannel", level);
     WriteLine("sourcechannel", IntToString(index + 1), level + 1);
     if (layout.pairLayout)
         WriteLine("channellabel", index % 2 == 0 ? "left" : "right", level + 1);
+    else if (HasValue(audio, "layout"))
+        WriteLine("channellabel", "discrete", level + 1);
     WriteEnd("audiochannel", level);
 }
 

@@ -59,7 +59,7 @@ std::string Exported(const std::string& project)
     std::istringstream input(project);
     EXPECT_EQ(ReadProjectDocument(input, source, root), kReadDone);
     RVX::ExportOptions options;
-    options.openInterchange = true;
+    options.settings.openInterchange = true;
     Document document;
     ObjectHandle xmeml;
     IssueSet issues;

@@ -1,0 +1,156 @@
+#include "dialects/reading_channels.h"
+
+#include "core/numbers.h"
+#include "core/text.h"
+#include "dialects/file_uses.h"
+#include "xmeml/flags.h"
+
+#include <algorithm>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace XPJ {
+
+namespace {
+
+bool StatesCount(ConstHandle audio)
+{
+    return HasValue(audio, "channelcount") || HasValue(audio, "trackcount") ||
+           HasValue(audio, "channeldescription");
+}
+
+std::int64_t ChannelsOfLayout(std::string_view layout)
+{
+    constexpr struct {
+        std::string_view layout;
+        std::int64_t channels;
+    } kLayouts[] = {{"mono", 1}, {"stereo", 2}, {"5.1", 6}};
+    for (const auto& row : kLayouts)
+        if (EqualsIgnoreCase(layout, row.layout))
+            return row.channels;
+    return 0;
+}
+
+void CountChannels(ObjectHandle audio)
+{
+    if (StatesCount(audio))
+        return;
+    std::int64_t channels = 0;
+    for ([[maybe_unused]] const ConstHandle& channel : audio.GetChildren("audiochannel"))
+        ++channels;
+    if (channels == 0)
+        channels = ChannelsOfLayout(audio.GetProperty("layout"));
+    if (channels > 0)
+        audio.SetProperty("channelcount", IntToString(channels));
+}
+
+bool IsSingle(ConstHandle audio)
+{
+    return Int64Property(audio, "channelcount") == 1;
+}
+
+bool IsStereo(ConstHandle audio)
+{
+    return audio.GetProperty("layout") == "stereo";
+}
+
+bool IsLabelledForPair(ConstHandle audio)
+{
+    const std::string_view label = audio.GetChild("audiochannel").GetProperty("channellabel");
+    return !HasValue(audio, "layout") && (label == "left" || label == "right");
+}
+
+void SetLayout(const std::vector<ObjectHandle>& audios, std::string_view layout)
+{
+    for (const ObjectHandle& audio : audios)
+        if (IsSingle(audio))
+            audio.SetPropertyShared("layout", layout);
+}
+
+void ReadLayouts(const std::vector<ObjectHandle>& audios)
+{
+    const bool canBePairs = audios.size() % 2 == 0 && std::ranges::all_of(audios, IsSingle);
+    if (canBePairs && std::ranges::all_of(audios, IsLabelledForPair))
+        SetLayout(audios, "stereo");
+    else if (std::ranges::any_of(audios, [](ConstHandle a) { return IsSingle(a) && IsStereo(a); }))
+        SetLayout(audios, canBePairs && std::ranges::all_of(audios, IsStereo) ? "stereo" : "mono");
+}
+
+// Audio that states nothing of its channels has those that its items name.
+void CountChannelsOfItems(ObjectHandle media, std::int64_t channels)
+{
+    constexpr std::int64_t kMostChannels = 64;
+    const ObjectHandle audio = media.GetChild("audio");
+    int count = 0;
+    for ([[maybe_unused]] const ConstHandle& child : media.GetChildren("audio"))
+        ++count;
+    if (count == 1 && audio.HasChildren() && !StatesCount(audio) && channels > 1)
+        audio.SetProperty("channelcount", IntToString(std::min(channels, kMostChannels)));
+}
+
+// ---- Stereo items
+
+bool IsStereoFile(ConstHandle file)
+{
+    const ConstHandle media = file.GetChild("media");
+    int count = 0;
+    for ([[maybe_unused]] const ConstHandle& audio : media.GetChildren("audio"))
+        ++count;
+    return count == 1 && Int64Property(media.GetChild("audio"), "channelcount") == 2;
+}
+
+bool IsAudioOfFile(const ItemPart& part)
+{
+    return part.type == MediaType::Audio && part.item.GetName() == "clipitem" &&
+           part.owner.GetName() == "sequence" && part.item.HasChild("file");
+}
+
+// Items and tracks of this system's own documents state their type.
+bool StatesType(const ItemPart& part)
+{
+    return HasValue(part.item, "velaChannelType") || HasValue(part.track, "velaTrackType") ||
+           HasFlag(part.track, "monotrack");
+}
+
+} // namespace
+
+void ReadChannels(DialectPass& pass)
+{
+    for (const ObjectHandle& file : pass.Parts().files) {
+        const ObjectHandle media = file.GetChild("media");
+        std::vector<ObjectHandle> audios;
+        for (const ObjectHandle& audio : media.GetChildren("audio")) {
+            CountChannels(audio);
+            audios.push_back(audio);
+        }
+        if (!HasFlag(media, "hasDiscreteStreams") && !HasFlag(media, "hasStereoPairs"))
+            ReadLayouts(audios);
+    }
+    for (const FileUses& uses : FindFileUses(pass.Parts()))
+        for (const ObjectHandle& file : uses.definitions)
+            CountChannelsOfItems(file.GetChild("media"), uses.channels);
+}
+
+void ShowBothChannels(DialectPass& pass)
+{
+    std::unordered_map<std::string_view, bool> showsFirstAlone; // by the id of the file
+    for (const ItemPart& part : pass.Parts().items)
+        if (IsAudioOfFile(part)) {
+            const bool isFirst =
+                Int64Property(part.item.GetChild("sourcetrack"), "trackindex") == 1;
+            const std::string_view id = part.item.GetChild("file").GetProperty("id");
+            bool& isAlone = showsFirstAlone.try_emplace(id, true).first->second;
+            isAlone = isAlone && isFirst && !StatesType(part);
+        }
+    for (const ItemPart& part : pass.Parts().items) {
+        const ConstHandle file = part.item.GetChild("file");
+        const std::string_view id = file.GetProperty("id");
+        if (!IsAudioOfFile(part) || id.empty() || !showsFirstAlone[id] || !IsStereoFile(file))
+            continue;
+        part.item.SetPropertyShared("velaChannelType", "stereo");
+        pass.Assume(part.item.GetProperty("name"));
+    }
+}
+
+} // namespace XPJ

@@ -1,0 +1,216 @@
+#include "dialects/dialects.h"
+#include "support/open_conversion.h"
+#include "support/xmeml_fixture.h"
+
+namespace XPJ {
+namespace {
+
+using Files = OpenConversionTest;
+
+// A sequence with one video item.
+std::string Cut(const std::string& item, const std::string& file, const std::string& video)
+{
+    return "<xmeml version=\"5\"><sequence id=\"s\"><name>S</name><rate><timebase>25</timebase>"
+           "</rate><media><video><track><clipitem id=\"i\"><name>I</name><start>0</start>"
+           "<end>10</end><in>0</in><out>10</out>" +
+           item +
+           "<file "
+           "id=\"f\"><name>f.mov</name><pathurl>file://localhost/f.mov</pathurl><duration>10</"
+           "duration>" +
+           file + "<media><video>" + video +
+           "</video></media></file></clipitem></track></video></media>" + "</sequence></xmeml>";
+}
+
+TEST_F(Files, TakeTheFrameThatIsStatedElsewhere)
+{
+    const struct {
+        std::string item;
+        std::string file;
+        std::string video;
+        std::string written; // field order and pixels of the file
+    } kRows[] = {
+        {"<fielddominance>lower</fielddominance>", "", "", "square lower"},
+        {"<pixelaspectratio>PAL-601</pixelaspectratio><fielddominance>upper</fielddominance>", "",
+         "<samplecharacteristics><width>720</width><height>576</height></samplecharacteristics>",
+         "PAL-601 upper"},
+        {"", "<fielddominance>upper</fielddominance>", "", "square upper"},
+        {"<fielddominance>lower</fielddominance>", "",
+         "<samplecharacteristics><fielddominance>upper</fielddominance></samplecharacteristics>",
+         "square upper"},
+    };
+    for (const auto& row : kRows) {
+        const std::string back = ToXmeml(ToProject(Cut(row.item, row.file, row.video)));
+        const std::string file = back.substr(back.find("<file id="));
+        const auto leaf = [&](const std::string& name) {
+            const std::size_t start = file.find("<" + name + ">") + name.size() + 2;
+            return file.substr(start, file.find('<', start) - start);
+        };
+        EXPECT_EQ(leaf("pixelaspectratio") + " " + leaf("fielddominance"), row.written)
+            << row.item << row.file << row.video;
+    }
+}
+
+TEST_F(Files, ASequenceTakesItsFrameFromItsOwnLeaves)
+{
+    const std::string back =
+        ToXmeml(ToProject("<xmeml version=\"5\"><sequence id=\"s\"><name>S</name><rate><timebase>25"
+                          "</timebase></rate><pixelaspectratio>PAL-601</pixelaspectratio>"
+                          "<fielddominance>lower</fielddominance><media><video><format>"
+                          "<samplecharacteristics><width>720</width><height>576</height>"
+                          "</samplecharacteristics></format><track/></video></media></sequence>"
+                          "</xmeml>"));
+    EXPECT_TRUE(Has(back, "<pixelaspectratio>PAL-601</pixelaspectratio>"));
+    EXPECT_TRUE(Has(back, "<fielddominance>lower</fielddominance>"));
+}
+
+class Channels : public XmemlTest {
+protected:
+    // "2 stereo, 1 -": count and layout of each `audio` after the rules.
+    std::string Restated(const std::string& audios)
+    {
+        ObjectHandle root;
+        const std::string_view text =
+            document_.Store("<xmeml><clip id=\"c\"><name>C</name><file id=\"f\"><name>F</name>"
+                            "<media>" +
+                            audios + "</media></file></clip></xmeml>");
+        EXPECT_EQ(ParseFCPXML(text, document_, root), kReadDone) << text;
+        AssumptionList assumptions;
+        RestateAsMeant(document_, root, assumptions);
+        std::string result;
+        for (const ObjectHandle& audio :
+             FindPath(root, {"clip", "file", "media"}).GetChildren("audio")) {
+            result.append(result.empty() ? "" : ", ").append(audio.GetProperty("channelcount"));
+            const std::string_view layout = audio.GetProperty("layout");
+            result.append(" ").append(layout.empty() ? "-" : layout);
+        }
+        return result;
+    }
+};
+
+std::string Audio(const std::string& count, const std::string& layout, const std::string& label)
+{
+    const auto leaf = [](const std::string& name, const std::string& value) {
+        return value.empty() ? "" : "<" + name + ">" + value + "</" + name + ">";
+    };
+    return "<audio><samplecharacteristics/>" + leaf("channelcount", count) +
+           leaf("layout", layout) +
+           leaf("audiochannel", leaf("sourcechannel", "1") + leaf("channellabel", label)) +
+           "</audio>";
+}
+
+TEST_F(Channels, AreCountedByLabelsAndLayout)
+{
+    const std::string left = Audio("1", "", "left");
+    const std::string right = Audio("1", "", "right");
+    const std::string pair = Audio("1", "stereo", "left") + Audio("1", "stereo", "right");
+    const std::string mono = Audio("1", "mono", "discrete");
+    const struct {
+        std::string audios;
+        std::string restated;
+    } kRows[] = {
+        {"<audio><layout>stereo</layout><audiochannel/><audiochannel/></audio>", "2 stereo"},
+        {"<audio><layout>5.1</layout><samplecharacteristics/></audio>", "6 5.1"},
+        {Audio("", "mono", "discrete"), "1 mono"},
+        {left + right, "1 stereo, 1 stereo"},
+        {left + right + left, "1 -, 1 -, 1 -"},
+        {pair, "1 stereo, 1 stereo"},
+        {pair + mono, "1 mono, 1 mono, 1 mono"}, // the letter would lose the third
+        {pair + mono + mono, "1 mono, 1 mono, 1 mono, 1 mono"},
+        {Audio("1", "stereo", "left"), "1 mono"},
+        {Audio("2", "stereo", ""), "2 stereo"},
+        {mono + mono, "1 mono, 1 mono"},
+    };
+    for (const auto& row : kRows)
+        EXPECT_EQ(Restated(row.audios), row.restated) << row.audios;
+}
+
+TEST_F(Channels, AreCountedByTheItemsWhereNothingElseStatesThem)
+{
+    const auto restated = [this](const std::string& item, const std::string& audio) {
+        ObjectHandle root;
+        const std::string_view text = document_.Store(
+            "<xmeml><sequence id=\"s\"><media><audio><track><clipitem id=\"i\">" + item +
+            "<file id=\"f\"><name>F</name><media>" + audio +
+            "</media></file></clipitem></track></audio></media></sequence></xmeml>");
+        EXPECT_EQ(ParseFCPXML(text, document_, root), kReadDone) << text;
+        AssumptionList assumptions;
+        RestateAsMeant(document_, root, assumptions);
+        return FindPath(root, {"sequence", "media", "audio", "track", "clipitem", "file", "media",
+                               "audio"})
+            .GetProperty("channelcount");
+    };
+    const std::string plain = "<audio><samplecharacteristics/></audio>";
+    EXPECT_EQ(restated("<channelcount>2</channelcount>", plain), "2");
+    EXPECT_EQ(restated("<sourcetrack><trackindex>3</trackindex></sourcetrack>", plain), "3");
+    EXPECT_EQ(restated("", plain), "");
+    EXPECT_EQ(restated("<channelcount>2</channelcount>", Audio("1", "", "")), "1");
+}
+
+// A sequence with an audio item on each of two tracks.
+TEST_F(Files, AnItemOfAStereoFileHasBothChannels)
+{
+    const auto cut = [](const std::string& first, const std::string& second) {
+        const auto track = [](const std::string& channel, const std::string& file) {
+            return channel.empty() ? std::string()
+                                   : "<track><clipitem id=\"i" + channel +
+                                         "\"><name>I</name><start>0</start><end>10</end><in>0</in>"
+                                         "<out>10</out>" +
+                                         file + "<sourcetrack><trackindex>" + channel +
+                                         "</trackindex></sourcetrack></clipitem></track>";
+        };
+        const std::string file =
+            "<file id=\"f\"><name>f.wav</name><pathurl>file://localhost/f.wav</pathurl>"
+            "<duration>10</duration><media><audio><channelcount>2</channelcount></audio></media>"
+            "</file>";
+        return "<xmeml version=\"5\"><sequence id=\"s\"><name>S</name><rate><timebase>25</timebase>"
+               "</rate><media><audio>" +
+               track(first, file) + track(second, "<file id=\"f\"/>") +
+               "</audio></media></sequence></xmeml>";
+    };
+    const struct {
+        std::string first, second; // the channel that each names
+        std::string written;       // by each item of an export
+    } kRows[] = {{"1", "", "12"}, {"1", "2", "12"}, {"2", "", "2"}};
+    for (const auto& row : kRows) {
+        const std::string document = ToXmeml(ToProject(cut(row.first, row.second)));
+        const std::size_t start = document.find("<sequence ");
+        const std::string back = document.substr(start, document.find("</sequence>") - start);
+        std::string written;
+        for (std::size_t at = back.find("<sourcetrack>"); at != back.npos;
+             at = back.find("<sourcetrack>", at + 1))
+            written += back[back.find("<trackindex>", at) + 12];
+        EXPECT_EQ(written, row.written) << row.first << row.second;
+    }
+}
+
+TEST_F(Files, MonoAudioIsLabelled)
+{
+    const std::string back = ToXmeml(
+        ToProject("<xmeml version=\"5\"><clip id=\"c\"><name>C</name><duration>10</duration><rate>"
+                  "<timebase>25</timebase></rate><media><audio><track><clipitem id=\"i\"><file "
+                  "id=\"f\"><name>F</name><duration>10</duration><rate><timebase>25</timebase>"
+                  "</rate><media>" +
+                  Audio("1", "mono", "discrete") + Audio("1", "mono", "discrete") +
+                  "</media></file></clipitem></track></audio></media></clip></xmeml>"));
+    EXPECT_EQ(CountOf(back, "<layout>mono</layout>"), 2);
+    EXPECT_EQ(CountOf(back, "<channellabel>discrete</channellabel>"), 2);
+}
+
+// A merged clip of a video file and a stereo recording.
+TEST_F(Files, AMergedClipHasBothChannelsOfAStream)
+{
+    const std::string clip =
+        "<xmeml version=\"5\"><clip id=\"m\"><name>Synced</name><duration>100</duration><rate>"
+        "<timebase>25</timebase></rate><masterclipid>m</masterclipid><media><video><track>"
+        "<clipitem id=\"i\"><file id=\"v\"><name>v.mov</name><duration>100</duration><rate>"
+        "<timebase>25</timebase></rate><media><video/></media></file></clipitem></track></video>"
+        "<audio><track><clipitem id=\"j\"><file id=\"a\"><name>a.wav</name><duration>100</duration>"
+        "<rate><timebase>25</timebase></rate><media><audio><channelcount>2</channelcount></audio>"
+        "</media></file></clipitem></track></audio></media></clip></xmeml>";
+    EXPECT_EQ(CountOf(ToProject(clip), "<AudioClipTrackItem "), 2);
+    SetOpen(false);
+    EXPECT_EQ(CountOf(ToProject(clip), "<AudioClipTrackItem "), 1);
+}
+
+} // namespace
+} // namespace XPJ
