@@ -4,6 +4,7 @@
 #pragma once
 
 #include "export/export_context.h"
+#include "export/generators.h"
 #include "export/links.h"
 #include "export/media.h"
 
@@ -40,7 +41,8 @@ public:
     const MasterAudio& AudioOf(MasterClip masterClip);
 
     // The id under which `clip` and track items name the master, made on first demand. Empty for a
-    // master that no `clip` is written for: one of a sequence, a color matte or a graphic.
+    // master that no `clip` is written for: one of a sequence, and to the letter of a color matte
+    // or a graphic.
     std::string_view IdOf(ExportContext& context, MasterClip masterClip);
 
 private:
@@ -97,6 +99,7 @@ struct Catalogs {
     MasterCatalog masters;
     FileCatalog files;
     SequenceCatalog sequences;
+    GeneratorCatalog generators;
     LinkGroups links;
 };
 

@@ -3,8 +3,10 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "export/audio_channels.h"
+#include "export/effects.h"
 #include "export/files.h"
 #include "export/formats.h"
+#include "export/rates.h"
 
 #include <algorithm>
 #include <vector>
@@ -60,6 +62,37 @@ ObjectHandle ClipWriter::TranslateVideo(const MasterSource& master)
     return video;
 }
 
+// A `media` with a generator on a track, as large as the video that it generates.
+ObjectHandle TranslateGenerator(ExportContext& context, Catalogs& catalogs, MasterClip masterClip,
+                                Media media)
+{
+    Document& document = context.document;
+    const ConstHandle stream = VideoStreamOf(media);
+    const Ticks frameTicks = ClipRate(media);
+    const ObjectHandle item = document.NewObject("generatoritem");
+    item.SetPropertyShared("id", NewId(document, "clipitem-", context.ids.clipItem));
+    item.SetPropertyShared("masterclipid", catalogs.masters.IdOf(context, masterClip));
+    item.SetProperty("name", EscapeXML(media.GetProperty("Title")));
+    item.AddChild(WriteRate(document, frameTicks));
+    WriteClipRange(context.DocumentUnit(), ClipCore(MainClip(masterClip)), frameTicks, item);
+    item.AddChild(catalogs.generators.EffectOf(context, media, masterClip, {}));
+    TranslateMasterEffects(context, masterClip, frameTicks, item);
+
+    const ObjectHandle format = document.NewObject("format");
+    format.AddChild(WriteSampleCharacteristics(
+        document, {.frameTicks = frameTicks,
+                   .frameRect = stream.GetProperty("FrameRect"),
+                   .pixelAspect = PixelAspectOf(stream),
+                   .originalPixelAspect = OriginalPixelAspectOf(stream)}));
+    const ObjectHandle video = document.NewObject("video");
+    video.AddChild(format);
+    video.AddChild(TrackWith(document, item));
+    const ObjectHandle result = document.NewObject("media");
+    result.AddChild(video);
+    result.AddChild(WriteRate(document, frameTicks));
+    return result;
+}
+
 // Channels that are not known to be independent belong together.
 bool AreGrouped(const ExportContext& context, const ChannelLayout& layout)
 {
@@ -98,6 +131,8 @@ void ClipWriter::WriteLinks()
 ObjectHandle TranslateClipMedia(ExportContext& context, Catalogs& catalogs, MasterClip masterClip,
                                 const MasterSource& source)
 {
+    if (IsWrittenAsGenerator(context, source.media))
+        return TranslateGenerator(context, catalogs, masterClip, source.media);
     const ObjectHandle result = context.document.NewObject("media");
     if (ShowsCaptions(source.media))
         return result;
@@ -112,6 +147,17 @@ ObjectHandle TranslateClipMedia(ExportContext& context, Catalogs& catalogs, Mast
         result.AddChild(file->rate);
     }
     return result;
+}
+
+void WriteClipRange(TimeUnit unit, ConstHandle core, Ticks frameTicks, ObjectHandle element)
+{
+    constexpr struct {
+        Name projectKey;
+        Name key;
+    } kPoints[] = {{"InPoint", "in"}, {"OutPoint", "out"}};
+    for (const auto& point : kPoints)
+        if (const Ticks time = Int64Property(core, point.projectKey); time >= 1)
+            element.SetProperty(point.key, TimeText(unit, time, frameTicks));
 }
 
 void WriteSourceTrack(Document& document, std::int64_t number, ObjectHandle element)

@@ -35,6 +35,7 @@ struct VideoItem {
 
     NestedSequence TranslateClip();
     void TranslateMatte();
+    void TranslateGenerator();
     void AddLink(std::string_view source);
     void WriteTimes();
     void WriteEffects();
@@ -116,6 +117,24 @@ void VideoItem::TranslateMatte()
     track.Add(element);
 }
 
+// A generator as other programs have it, with all that the item states. The effects of a graphic
+// that its master has are written here too where no clip of a bin does.
+void VideoItem::TranslateGenerator()
+{
+    const ConstHandle chain = ChainOfOwner(ItemCore(record.item));
+    element = context.document.NewObject("generatoritem");
+    WriteItemHead(context, catalogs.masters, record, element);
+    AddLink(record.masterClipId);
+    element.AddChild(catalogs.generators.EffectOf(context, record.media, record.masterClip, chain));
+    WriteClipOptions(context.document, record, element);
+    WriteTimes();
+    WriteEffects();
+    if (!catalogs.masters.BrowserItemOf(record.masterClip))
+        TranslateMasterEffects(context, record.masterClip, record.timing.rate, element);
+    WriteSpeed();
+    track.Add(element);
+}
+
 } // namespace
 
 NestedSequence TranslateVideoItem(ExportContext& context, Catalogs& catalogs, TrackContext& track,
@@ -126,7 +145,9 @@ NestedSequence TranslateVideoItem(ExportContext& context, Catalogs& catalogs, Tr
         return {};
     TranslateHeadTransition(context, track, item);
     NestedSequence nested;
-    if (MediaKindOf(clip.record.media) == MediaKind::ColorMatte)
+    if (IsWrittenAsGenerator(context, clip.record.media))
+        clip.TranslateGenerator();
+    else if (MediaKindOf(clip.record.media) == MediaKind::ColorMatte)
         clip.TranslateMatte();
     else
         nested = clip.TranslateClip();

@@ -77,6 +77,11 @@ public:
     BuiltMaster MasterOf(ConstHandle generator) const;
     void Add(ConstHandle generator, BuiltMaster master);
 
+    // The master of an earlier generator of the same clip with the same effect; null if there is
+    // none, and for a generator that names no clip.
+    BuiltMaster MasterOfEqual(ConstHandle generator) const;
+    void AddEqual(ConstHandle generator, BuiltMaster master);
+
     // The master of the black clip behind slugs, once made.
     BuiltMaster blackVideo;
 
@@ -84,6 +89,7 @@ private:
     std::unordered_map<std::uint64_t, FrameFormat> frames_; // by `uniqueId` of the owner
     NodeSet reported_;
     std::unordered_map<std::uint64_t, BuiltMaster> masters_; // by `uniqueId` of the generator
+    std::unordered_map<std::string, BuiltMaster> equals_;    // by clip and effect
 };
 
 // Titles and shapes that become graphics: media that the host draws an effect on, which belongs to
