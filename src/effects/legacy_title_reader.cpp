@@ -6,7 +6,6 @@
 #include "core/text.h"
 #include "tree/tokeniser.h"
 
-#include <algorithm>
 #include <unordered_map>
 #include <utility>
 
@@ -124,8 +123,9 @@ public:
     LegacyTitle Finish()
     {
         title_.texts = Texts();
-        // A vertical position counts from the center in heights of a frame of 480 lines.
-        title_.position.vert *= 480.0 / std::max(title_.frame.height, 1);
+        // A title document has the vertical position of a generator times the scale of its sizes.
+        if (title_.frame.height > 0)
+            title_.position.vert *= 480.0 / title_.frame.height;
         return std::move(title_);
     }
 

@@ -16,8 +16,8 @@
 #include "text/text_document.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
+#include <limits>
 
 #include <fmt/format.h>
 
@@ -70,11 +70,16 @@ std::string JoinedLines(const LegacyTitleText& text)
     return joined;
 }
 
+double ScaleOf(const FrameSize& frame)
+{
+    return frame.height > 0 ? frame.height / 480.0 : 1.0;
+}
+
 // The size of which the title's height was made; a height is truncated.
 std::int64_t SizeOf(int height, const FrameSize& frame)
 {
     constexpr int kLargest = 1'000'000;
-    const double scale = std::max(frame.height, 1) / 480.0;
+    const double scale = ScaleOf(frame);
     const int wanted = std::clamp(height, 1, kLargest);
     auto size = std::max<std::int64_t>(static_cast<std::int64_t>(wanted / scale), 1);
     while (static_cast<std::int64_t>(static_cast<double>(size) * scale) < wanted)
@@ -82,10 +87,19 @@ std::int64_t SizeOf(int height, const FrameSize& frame)
     return size;
 }
 
-// So many digits that a position is the same after any number of passes.
-std::string CoordinateText(double value)
+// The shortest number that gives the title's coordinate again when a title document is made of it.
+std::string CoordinateText(double value, double scale)
 {
-    return fmt::format("{:.9g}", value == 0.0 || !std::isfinite(value) ? 0.0 : value);
+    const std::string scaled = NumberText(value * scale);
+    if (scaled == "0")
+        return "0";
+    std::string text;
+    for (int digits = 1; digits <= std::numeric_limits<double>::max_digits10; ++digits) {
+        text = fmt::format("{:.{}g}", value, digits);
+        if (NumberText(ParseDouble(text) * scale) == scaled)
+            break;
+    }
+    return text;
 }
 
 void Add(Document& document, ObjectHandle effect, const ParameterRow& row, std::string_view value)
@@ -186,8 +200,8 @@ ObjectHandle MakeTitleEffect(Document& document, const LegacyTitle& title)
     Add(document, effect, {"fontalign", "Alignment"},
         IntToString(static_cast<std::int64_t>(first.alignment) + 1));
     const ObjectHandle value = document.NewObject("value");
-    value.SetProperty("horiz", CoordinateText(title.position.horiz));
-    value.SetProperty("vert", CoordinateText(title.position.vert));
+    value.SetProperty("horiz", CoordinateText(title.position.horiz, 1));
+    value.SetProperty("vert", CoordinateText(title.position.vert, ScaleOf(title.frame)));
     AddParameter(document, effect, {.id = "origin", .name = "Origin"}).AddChild(value);
     return effect;
 }

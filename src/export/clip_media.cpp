@@ -6,9 +6,11 @@
 #include "export/effects.h"
 #include "export/files.h"
 #include "export/formats.h"
+#include "export/markers.h"
 #include "export/rates.h"
 
 #include <algorithm>
+#include <string>
 #include <vector>
 
 namespace XPJ::RVX {
@@ -69,12 +71,20 @@ ObjectHandle TranslateGenerator(ExportContext& context, Catalogs& catalogs, Mast
     Document& document = context.document;
     const ConstHandle stream = VideoStreamOf(media);
     const Ticks frameTicks = ClipRate(media);
+    const std::string duration =
+        TimeText(context.DocumentUnit(), Int64Property(stream, "Duration"), frameTicks);
     const ObjectHandle item = document.NewObject("generatoritem");
     item.SetPropertyShared("id", NewId(document, "clipitem-", context.ids.clipItem));
     item.SetPropertyShared("masterclipid", catalogs.masters.IdOf(context, masterClip));
     item.SetProperty("name", EscapeXML(media.GetProperty("Title")));
+    item.SetProperty("duration", duration);
     item.AddChild(WriteRate(document, frameTicks));
     WriteClipRange(context.DocumentUnit(), ClipCore(MainClip(masterClip)), frameTicks, item);
+    TranslateMarkers(document,
+                     {.owner = ClipCore(MainClip(masterClip)),
+                      .frameTicks = frameTicks,
+                      .unit = context.DocumentUnit()},
+                     item);
     item.AddChild(catalogs.generators.EffectOf(context, media, masterClip, {}));
     TranslateMasterEffects(context, masterClip, frameTicks, item);
 
@@ -89,6 +99,7 @@ ObjectHandle TranslateGenerator(ExportContext& context, Catalogs& catalogs, Mast
     video.AddChild(TrackWith(document, item));
     const ObjectHandle result = document.NewObject("media");
     result.AddChild(video);
+    result.SetProperty("duration", duration);
     result.AddChild(WriteRate(document, frameTicks));
     return result;
 }

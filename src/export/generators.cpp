@@ -89,6 +89,13 @@ bool IsWrittenAsGenerator(const ExportContext& context, Media media)
            IsGenerated(media) && !AudioStreamOf(media);
 }
 
+bool FitsAnyFrame(const ExportContext& context, Media media)
+{
+    const MediaKind kind = MediaKindOf(media);
+    return IsWrittenAsGenerator(context, media) && kind != MediaKind::Title &&
+           kind != MediaKind::ColorMatte && kind != MediaKind::Graphic;
+}
+
 void ReportReplaced(ExportContext& context, Media media)
 {
     const std::string name = MediaKindOf(media) == MediaKind::Title

@@ -13,6 +13,10 @@ namespace XPJ::RVX {
 // False for media with audio: bars and tone are a file to other programs too.
 bool IsWrittenAsGenerator(const ExportContext& context, Media media);
 
+// True for a generator that fills the frame of any sequence, as other programs have black and
+// transparent video, whatever size its media states.
+bool FitsAnyFrame(const ExportContext& context, Media media);
+
 // Reports that a slug replaces media, or that a generator states it in part.
 void ReportReplaced(ExportContext& context, Media media);
 

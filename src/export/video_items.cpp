@@ -66,7 +66,10 @@ void VideoItem::WriteEffects()
     EffectContext effects = EffectContextOf(context, track, record.Start(),
                                             record.subClip.GetProperty("Name"), record.timing.rate);
     effects.sequenceFrame = catalogs.sequences.FrameOf(track.sequence.sequence);
-    effects.clipFrame = FrameOfItem(catalogs.sequences, record).value_or(FrameSize());
+    if (FitsAnyFrame(context, record.media))
+        effects.clipFrame = effects.sequenceFrame;
+    else
+        effects.clipFrame = FrameOfItem(catalogs.sequences, record).value_or(FrameSize());
     VideoChainToXmeml(effects, ChainOfOwner(ItemCore(record.item)), element);
 }
 
@@ -117,8 +120,8 @@ void VideoItem::TranslateMatte()
     track.Add(element);
 }
 
-// A generator as other programs have it, with all that the item states. The effects of a graphic
-// that its master has are written here too where no clip of a bin does.
+// A generator as other programs have it, with all that the item states. The effects of its master
+// are those of the clip in the bin, where there is one.
 void VideoItem::TranslateGenerator()
 {
     const ConstHandle chain = ChainOfOwner(ItemCore(record.item));
@@ -129,7 +132,8 @@ void VideoItem::TranslateGenerator()
     WriteClipOptions(context.document, record, element);
     WriteTimes();
     WriteEffects();
-    if (!catalogs.masters.BrowserItemOf(record.masterClip))
+    const bool hasBins = context.options.sequenceGuid == kZeroGuid;
+    if (!hasBins || !catalogs.masters.BrowserItemOf(record.masterClip))
         TranslateMasterEffects(context, record.masterClip, record.timing.rate, element);
     WriteSpeed();
     track.Add(element);

@@ -66,13 +66,20 @@ Ticks FrameTicksOf(ConstHandle item)
 // What a generator becomes. Shapes have no legacy document.
 enum class GeneratorRoute { ColorMatte, Plain, GraphicWithEffects, LegacyTitle, Graphic, Unknown };
 
-GeneratorRoute RouteOf(const ImportState& state, ConstHandle item)
+// Whose filters are those of a generator: in open interchange those in a clip of a bin are the
+// clip's.
+ConstHandle FilterOwner(ConstHandle item, ConstHandle owner)
+{
+    return owner.GetName() == "clip" ? owner : item;
+}
+
+GeneratorRoute RouteOf(const ImportState& state, ConstHandle item, ConstHandle owner)
 {
     const TitleCatalog& titles = state.titles;
     if (ColorEffectOf(item))
         return GeneratorRoute::ColorMatte;
     if (state.options.settings.openInterchange) {
-        if (HasGraphicEffect(item))
+        if (HasGraphicEffect(FilterOwner(item, owner)))
             return GeneratorRoute::GraphicWithEffects;
         if (FindPlainGenerator(item.GetChild("effect").GetProperty("effectid")))
             return GeneratorRoute::Plain;
@@ -203,10 +210,8 @@ GeneratorResult TranslateGraphicWithEffects(ImportState& state, const ClipItem& 
         MakeSyntheticSources(state.document, MediaKind::Graphic, FrameTicksOf(item),
                              state.generators.FrameOf(owner)));
     const bool isInBin = owner.GetName() != "sequence";
-    if (master && isInBin && state.titles.AddTitledMaster(master)) {
-        const EffectContext context{.document = state.document, .issues = state.issues};
-        AddMasterChainEffects(context, item, master.GetChild("VideoComponentChain"));
-    }
+    if (master && isInBin)
+        state.titles.AddTitledMaster(master);
     return {master, true, isInBin};
 }
 
@@ -218,16 +223,9 @@ GeneratorResult TranslateUnknown(ImportState& state, const ClipItem& item)
     return {RegisterGenerator(state, item, sources), false};
 }
 
-} // namespace
-
-GeneratorResult TranslateGenerator(ImportState& state, const ClipItem& item, ConstHandle owner)
+GeneratorResult TranslateNew(ImportState& state, const ClipItem& item, ConstHandle owner,
+                             GeneratorRoute route)
 {
-    const GeneratorRoute route = RouteOf(state, item);
-    if (const BuiltMaster known = state.generators.MasterOf(item))
-        return {known, route != GeneratorRoute::Unknown,
-                route != GeneratorRoute::Graphic || state.titles.IsTitled(known)};
-    if (const BuiltMaster shared = ShareMaster(state, item))
-        return {shared, route != GeneratorRoute::Unknown, false};
     switch (route) {
     case GeneratorRoute::ColorMatte:
         return TranslateColorMatte(state, item, owner);
@@ -243,6 +241,34 @@ GeneratorResult TranslateGenerator(ImportState& state, const ClipItem& item, Con
         break;
     }
     return TranslateUnknown(state, item);
+}
+
+void AddMasterFilters(ImportState& state, ConstHandle generator, ConstHandle owner,
+                      BuiltMaster master)
+{
+    const EffectContext context{.document = state.document,
+                                .issues = state.issues,
+                                .location = {.clip = generator.GetProperty("name")},
+                                .frameTicks = FrameTicksOf(generator),
+                                .lookFiles = &state.lookFiles};
+    AddMasterChainEffects(context, FilterOwner(generator, owner),
+                          master.GetChild("VideoComponentChain"));
+}
+
+} // namespace
+
+GeneratorResult TranslateGenerator(ImportState& state, const ClipItem& item, ConstHandle owner)
+{
+    const GeneratorRoute route = RouteOf(state, item, owner);
+    if (const BuiltMaster known = state.generators.MasterOf(item))
+        return {known, route != GeneratorRoute::Unknown,
+                route != GeneratorRoute::Graphic || state.titles.IsTitled(known)};
+    if (const BuiltMaster shared = ShareMaster(state, item))
+        return {shared, route != GeneratorRoute::Unknown, false};
+    const GeneratorResult result = TranslateNew(state, item, owner, route);
+    if (state.options.settings.openInterchange && owner.GetName() == "clip" && result.master)
+        AddMasterFilters(state, item, owner, result.master);
+    return result;
 }
 
 } // namespace XPJ
