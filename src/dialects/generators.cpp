@@ -20,6 +20,19 @@ namespace {
 
 // ---- Slugs
 
+// The files that are gaps, by name. A slug of another name replaces media that its writer could not
+// state, and stays what it is.
+struct SlugName {
+    std::string_view file;
+    std::string_view effect;
+};
+
+constexpr SlugName kSlugNames[] = {
+    {"Slug", "Slug"},
+    {"Black Video", "Slug"},
+    {"Transparent Video", "Transparent Video"},
+};
+
 class SlugFiles {
 public:
     explicit SlugFiles(const TreeParts& parts)
@@ -28,10 +41,16 @@ public:
             if (HasContent(file))
                 files_.Add(FileElement(file));
     }
-    bool IsSlug(ConstHandle item) const
+    // The effect of the generator that an item is; empty for an item that is no gap.
+    std::string_view EffectOf(ConstHandle item) const
     {
-        const ConstHandle file = item.GetChild("file");
-        return item.GetName() == "clipitem" && file && files_.Resolve(file).IsSlug();
+        const ConstHandle own = item.GetChild("file");
+        const FileElement file = own ? files_.Resolve(own) : FileElement();
+        if (item.GetName() == "clipitem" && file.IsSlug())
+            for (const SlugName& row : kSlugNames)
+                if (file.GetProperty("name") == row.file)
+                    return row.effect;
+        return {};
     }
 
 private:
@@ -48,11 +67,11 @@ NodeSet AnglesOf(const TreeParts& parts)
     return angles;
 }
 
-ObjectHandle MakeSlugEffect(Document& document)
+ObjectHandle MakeEffect(Document& document, std::string_view id)
 {
     const ObjectHandle effect = document.NewObject("effect");
-    effect.SetPropertyShared("name", "Slug");
-    effect.SetPropertyShared("effectid", "Slug");
+    effect.SetPropertyShared("name", id);
+    effect.SetPropertyShared("effectid", id);
     effect.SetPropertyShared("effectcategory", "Generators");
     effect.SetPropertyShared("effecttype", "generator");
     effect.SetPropertyShared("mediatype", "video");
@@ -73,7 +92,7 @@ void SetDuration(ObjectHandle generator)
         generator.SetProperty("duration", IntToString(length));
 }
 
-ObjectHandle MakeSlug(Document& document, ObjectHandle item)
+ObjectHandle MakeGenerator(Document& document, ObjectHandle item, std::string_view effect)
 {
     const ObjectHandle generator = document.NewObject("generatoritem");
     for (const Property* property = item.FirstProperty(); property; property = property->next)
@@ -82,18 +101,20 @@ ObjectHandle MakeSlug(Document& document, ObjectHandle item)
     for (const ObjectHandle& child : item.GetChildren())
         if (child.GetName() != "file" && child.GetName() != "sourcetrack")
             generator.AddChild(child);
-    generator.AddChild(MakeSlugEffect(document));
+    generator.AddChild(MakeEffect(document, effect));
     return generator;
 }
 
 void ReplaceSlugs(Document& document, const SlugFiles& files, ObjectHandle track, MediaType type)
 {
     std::vector<ObjectHandle> children;
-    for (const ObjectHandle& child : track.GetChildren())
-        if (!files.IsSlug(child))
+    for (const ObjectHandle& child : track.GetChildren()) {
+        const std::string_view effect = files.EffectOf(child);
+        if (effect.empty())
             children.push_back(child);
         else if (type == MediaType::Video)
-            children.push_back(MakeSlug(document, child));
+            children.push_back(MakeGenerator(document, child, effect));
+    }
     track.ClearChildren();
     for (const ObjectHandle& child : children)
         track.AddChild(child);
@@ -154,7 +175,8 @@ void ReadSlugsAsGenerators(DialectPass& pass)
     const NodeSet angles = AnglesOf(pass.Parts());
     NodeSet done;
     for (const ItemPart& part : pass.Parts().items)
-        if (files.IsSlug(part.item) && !angles.Contains(part.owner) && done.Insert(part.track))
+        if (!files.EffectOf(part.item).empty() && !angles.Contains(part.owner) &&
+            done.Insert(part.track))
             ReplaceSlugs(pass.Nodes(), files, part.track, part.type);
     pass.PartsChanged();
 }

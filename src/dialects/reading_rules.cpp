@@ -34,7 +34,8 @@ constexpr DialectRule kReadingRules[] = {
     {.name = "slugs",
      .seen = "any editor: a gap in the cut that is an item of its own, with a file or as a "
              "generator",
-     .does = "Black video. Its audio is silence and gets no item.",
+     .does =
+         "Black video, where the file is named \"Slug\". Its audio is silence and gets no item.",
      .apply = ReadSlugsAsGenerators},
     {.name = "generators of one clip",
      .seen = "titles and mattes of a bin, or those that a cut repeats",

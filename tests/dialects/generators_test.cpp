@@ -219,8 +219,9 @@ TEST(GeneratorDialect, KeepsTheWholeGraphicBesideItsText)
     }
 }
 
-// The slug is longer than its file states; its audio is silence.
-TEST(GeneratorDialect, ASlugWithAFileIsBlackVideo)
+// The slug is longer than its file states; its audio is silence. One of another name replaces media
+// and stays a file.
+TEST(GeneratorDialect, ASlugWithAFileIsGeneratedVideo)
 {
     const auto item = [](std::string_view id, std::string_view file) {
         return "<clipitem id=\"" + std::string(id) +
@@ -228,16 +229,29 @@ TEST(GeneratorDialect, ASlugWithAFileIsBlackVideo)
                "<in>0</in><out>25</out><rate><timebase>25</timebase></rate>" +
                std::string(file) + "</clipitem>";
     };
-    const std::string video =
-        item("v", "<file id=\"s\"><name>Slug</name><mediaSource>Slug</mediaSource>"
-                  "<rate><timebase>25</timebase></rate><media><video/><audio/></media></file>");
-    for (const int passes : {1, 3}) {
-        const std::string document =
-            Converted(DocumentOf(video, item("a", "<file id=\"s\"/>")), passes, false);
-        EXPECT_EQ(GeneratorsOf(document), "Slug 0-25\n");
-        EXPECT_EQ(CountOf(document, "clipitem"), 0u);
-        EXPECT_EQ(CountOf(document, "sequence"), 1u);
-    }
+    const struct {
+        std::string_view name;
+        std::string_view expected;
+    } cases[] = {{"Slug", "Slug 0-25\n"},
+                 {"Black Video", "Slug 0-25\n"},
+                 {"Transparent Video", "Transparent Video 0-25\n"}};
+    for (const auto& row : cases)
+        for (const int passes : {1, 3}) {
+            const std::string file =
+                "<file id=\"s\"><name>" + std::string(row.name) +
+                "</name><mediaSource>Slug</mediaSource><rate><timebase>25</timebase></rate>"
+                "<media><video/><audio/></media></file>";
+            const std::string document = Converted(
+                DocumentOf(item("v", file), item("a", "<file id=\"s\"/>")), passes, false);
+            EXPECT_EQ(GeneratorsOf(document), row.expected) << row.name;
+            EXPECT_EQ(CountOf(document, "clipitem"), 0u) << row.name;
+            EXPECT_EQ(CountOf(document, "sequence"), 1u) << row.name;
+        }
+    const std::string media = item("v", "<file id=\"s\"><name>A001.mov</name>"
+                                        "<mediaSource>Slug</mediaSource><rate>"
+                                        "<timebase>25</timebase></rate></file>");
+    const std::string document = Converted(DocumentOf(media), 1, false);
+    EXPECT_GT(CountOf(document, "clipitem"), 0u);
 }
 
 } // namespace
