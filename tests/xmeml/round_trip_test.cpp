@@ -36,10 +36,10 @@ public:
 private:
     std::string Text() { return "v" + std::to_string(++count_); }
 
-    // What the table says that the reader doesn't take.
+    // What the table says that the reader doesn't take to the letter.
     void Expect(ObjectHandle node, Name name, const FieldUse& use)
     {
-        if (!use.isRead)
+        if (!use.isRead || use.isOpenOnly)
             expected_[node.GetName().Text()].insert(name.Text());
     }
 
