@@ -1,5 +1,6 @@
 // What other writers mean: the rules between the reader and the import.
 #include "dialects/dialects.h"
+#include "dialects/generators.h"
 #include "dialects/pass.h"
 #include "dialects/reading_audio.h"
 #include "dialects/reading_channels.h"
@@ -32,6 +33,22 @@ constexpr DialectRule kReadingRules[] = {
              "channel of it",
      .does = "What it doesn't state is that of the earlier one.",
      .apply = CompleteRepeatedItems},
+    // ---- Generated video
+    {.name = "slugs",
+     .seen = "any editor: a gap in the cut that is an item of its own, with a file or as a "
+             "generator",
+     .does =
+         "Black video, where the file is named \"Slug\". Its audio is silence and gets no item.",
+     .apply = ReadSlugsAsGenerators},
+    {.name = "generators of one clip",
+     .seen = "titles and mattes of a bin, or those that a cut repeats",
+     .does = "Items of a clip with the same effect share its master.",
+     .file = "import/generators.cpp"},
+    {.name = "styles of titles",
+     .seen = "the published examples: plain, bold, italic and both count from 1",
+     .does = "They are the plain, bold, italic and bold italic face.",
+     .apply = ReadTitleStyles},
+
     {.name = "clip without file",
      .seen = "outlines and examples: a clip or an item with a name alone",
      .does = "An offline file of that name; an item of a clip shows the file of that clip.",

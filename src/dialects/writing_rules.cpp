@@ -1,5 +1,6 @@
 // What other programs read: the rules between the export and the writer.
 #include "dialects/dialects.h"
+#include "dialects/generators.h"
 #include "dialects/pass.h"
 #include "dialects/writing_effects.h"
 #include "dialects/writing_files.h"
@@ -45,6 +46,19 @@ constexpr DialectRule kWritingRules[] = {
      .seen = "any reader; markers of clips count from the start of the media",
      .does = "Their times are written as they are, without the in point of the clip.",
      .file = "export/clips.cpp"},
+    // ---- Generated video
+    {.name = "generated video",
+     .seen = "any reader; a file without a path stops some, and a slug has no text",
+     .does = "A `generatoritem` of the effect that others know: a title is a Text, Lower 3rd, "
+             "Scrolling Text or Crawl with its words, black video is a Slug, a matte is a Color. "
+             "The effects of a graphic, filters, markers and labels are written with it. Bars and "
+             "tone stay a file.",
+     .file = "export/generators.cpp"},
+    {.name = "styles of written titles",
+     .seen = "the published examples: plain, bold, italic and both count from 1",
+     .does = "`fontstyle` has those numbers.",
+     .apply = WriteTitleStyles},
+
     {.name = "effects without name",
      .seen = "readers that look effects up by id",
      .does = "A `filter` whose `effect` has neither name nor id is not written. Transitions and "

@@ -43,8 +43,8 @@ public:
         for (const ItemPart& part : pass.Parts().items)
             ++counts[part.owner.UniqueId()];
         for (const ItemPart& part : pass.Parts().items)
-            if (counts[part.owner.UniqueId()] == 1 && files.contains(FileIdOf(part.item)) &&
-                IsMadeOfSlug(part))
+            if (counts[part.owner.UniqueId()] == 1 && IsMadeOfSlug(part) &&
+                (files.contains(FileIdOf(part.item)) || IsSlugGenerator(part.item)))
                 slugs_.emplace(part.owner.GetProperty("id"),
                                SlugSequence{part.owner, part.item, MakeFile(part.owner)});
     }
@@ -67,6 +67,12 @@ private:
     {
         const ConstHandle own = item.GetChild("file");
         return own ? own.GetProperty("id") : item.GetProperty("fileid");
+    }
+
+    static bool IsSlugGenerator(ConstHandle item)
+    {
+        return item.GetName() == "generatoritem" &&
+               item.GetChild("effect").GetProperty("effectid") == "Slug";
     }
 
     static bool IsMadeOfSlug(const ItemPart& part)

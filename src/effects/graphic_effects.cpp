@@ -81,4 +81,14 @@ void ShapeToXmeml(const EffectContext& context, const EffectRow& row, ConstHandl
     KeepParams(context, row.xmeml, component, effect);
 }
 
+bool HasGraphicEffect(ConstHandle item)
+{
+    for (const ConstHandle filter : item.GetChildren("filter")) {
+        const std::string_view id = filter.GetChild("effect").GetProperty("effectid");
+        if (id == kGraphicText.xmeml.id || id == kGraphicShape.xmeml.id)
+            return true;
+    }
+    return false;
+}
+
 } // namespace XPJ

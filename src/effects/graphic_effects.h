@@ -35,6 +35,9 @@ inline constexpr EffectRow kGraphicShape = {
     .keepsParams = true,
 };
 
+// True for an item with one of the two among its filters.
+bool HasGraphicEffect(ConstHandle item);
+
 // ---- Parameters: blobs, then a transform, then sliders. Ids count from 1.
 
 inline constexpr int kTextBlobs = 1;  // the source text

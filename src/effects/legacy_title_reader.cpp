@@ -7,6 +7,7 @@
 #include "tree/tokeniser.h"
 
 #include <unordered_map>
+#include <utility>
 
 namespace XPJ {
 
@@ -24,13 +25,39 @@ struct Description {
     std::string family;
     std::string style;
     int height = 0;
+    bool isBold = false;
+    bool isItalic = false;
 };
 
 struct Line {
     std::string text;
     int description = 0;
     int style = 0;
+    Alignment alignment = Alignment::Left;
 };
+
+// A bold italic face is marked as neither: its name alone states it.
+FontStyle FaceOf(const Description& description)
+{
+    if (description.style == "BoldItalic" || (description.isBold && description.isItalic))
+        return FontStyle::BoldItalic;
+    if (description.isBold)
+        return FontStyle::Bold;
+    return description.isItalic ? FontStyle::Italic : FontStyle::Regular;
+}
+
+Alignment AlignmentOf(std::string_view text)
+{
+    if (text == "center")
+        return Alignment::Center;
+    return text == "right" ? Alignment::Right : Alignment::Left;
+}
+
+TitleMotion MotionOf(int effectType)
+{
+    return effectType == 1 || effectType == 2 ? static_cast<TitleMotion>(effectType)
+                                              : TitleMotion::Still;
+}
 
 // Takes the tags and texts of a document in turn. Nothing is nested in itself, so that the tag
 // opened last defines what a text means.
@@ -47,6 +74,8 @@ public:
             painter_ = NumberOf(attributes, "PainterNumber");
         } else if (name == "ColorSpec") {
             color_ = NumberOf(attributes, "index");
+        } else if (name == "Position" || name == "Size") {
+            isPosition_ = name == "Position";
         } else if (name == "TextLine") {
             lines_.emplace_back();
         } else if (name == "CharacterAttributes" && !lines_.empty()) {
@@ -61,6 +90,22 @@ public:
     {
         if (tag_ == "TRString" && !lines_.empty())
             lines_.back().text += UnescapeXML(text);
+        else if (tag_ == "Alignment" && !lines_.empty())
+            lines_.back().alignment = AlignmentOf(text);
+        else if (isPosition_ && tag_ == "x")
+            title_.position.horiz = ParseDouble(text);
+        else if (isPosition_ && tag_ == "y")
+            title_.position.vert = ParseDouble(text);
+        else if (tag_ == "EffectType")
+            title_.motion = MotionOf(ParseInt(text));
+        else if (tag_ == "pXPIXELS")
+            title_.frame.width = ParseInt(text);
+        else if (tag_ == "pYLINES")
+            title_.frame.height = ParseInt(text);
+        else if (tag_ == "fiBold")
+            descriptions_[description_].isBold = ParseInt(text) != 0;
+        else if (tag_ == "fiItalic")
+            descriptions_[description_].isItalic = ParseInt(text) != 0;
         else if (tag_ == "txHeight")
             descriptions_[description_].height = ParseInt(text);
         else if (tag_ == "fifontFamilyName")
@@ -75,6 +120,16 @@ public:
             TakeChannel(ParseInt(text));
     }
 
+    LegacyTitle Finish()
+    {
+        title_.texts = Texts();
+        // A title document has the vertical position of a generator times the scale of its sizes.
+        if (title_.frame.height > 0)
+            title_.position.vert *= 480.0 / title_.frame.height;
+        return std::move(title_);
+    }
+
+private:
     std::vector<LegacyTitleText> Texts() const
     {
         std::vector<LegacyTitleText> texts;
@@ -88,7 +143,6 @@ public:
         return texts;
     }
 
-private:
     void TakeChannel(int value)
     {
         Color& color = colors_[shader_];
@@ -115,10 +169,14 @@ private:
                 .family = description.family,
                 .style = description.style,
                 .height = description.height,
-                .color = Find(colors_, Find(shaderOfStyle_, line.style))};
+                .color = Find(colors_, Find(shaderOfStyle_, line.style)),
+                .face = FaceOf(description),
+                .alignment = line.alignment};
     }
 
+    LegacyTitle title_;
     std::string_view tag_;
+    bool isPosition_ = false;
     int description_ = 0; // the current numbers
     int style_ = 0;
     int painter_ = 0;
@@ -132,7 +190,7 @@ private:
 
 } // namespace
 
-std::vector<LegacyTitleText> ReadLegacyTitle(std::string_view document)
+LegacyTitle ReadLegacyTitle(std::string_view document)
 {
     Document scratch;
     Tokeniser tokens(document, scratch);
@@ -156,7 +214,7 @@ std::vector<LegacyTitleText> ReadLegacyTitle(std::string_view document)
         case Token::EndOfInput:
         case Token::SyntaxError:
         case Token::Cancelled:
-            return reader.Texts();
+            return reader.Finish();
         }
     }
 }

@@ -1,6 +1,7 @@
-// The texts of a legacy title document, as people read them: lines and how they look.
+// What a legacy title document shows, as people read it: lines, how they look, where they are.
 #pragma once
 
+#include "effects/title_reader.h"
 #include "effects/values.h"
 
 #include <string>
@@ -16,10 +17,18 @@ struct LegacyTitleText {
     std::string style;  // "Bold"
     int height = 0;     // of the letters, in lines of the frame
     Color color;        // opaque
+    FontStyle face = FontStyle::Regular;
+    Alignment alignment = Alignment::Left;
 };
 
-// The texts of a document in their order; neighboring lines of one look are one text. Empty for
-// bytes that are no such document; never fails.
-std::vector<LegacyTitleText> ReadLegacyTitle(std::string_view document);
+struct LegacyTitle {
+    std::vector<LegacyTitleText> texts; // in their order; neighboring lines of one look are one
+    TitleMotion motion = TitleMotion::Still;
+    Point position; // in the units of a generator
+    FrameSize frame;
+};
+
+// Without texts for bytes that are no such document; never fails.
+LegacyTitle ReadLegacyTitle(std::string_view document);
 
 } // namespace XPJ

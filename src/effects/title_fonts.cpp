@@ -261,6 +261,19 @@ std::string PostScriptName(std::string_view family, FontStyle style)
     return name;
 }
 
+TitleFace FaceOfPostScriptName(std::string_view name)
+{
+    constexpr FontStyle kStyles[] = {FontStyle::Regular, FontStyle::Italic, FontStyle::Bold,
+                                     FontStyle::BoldItalic};
+    if (name == kUnknownFace) // also of families without a name
+        return {"Lucida Grande", FontStyle::Regular};
+    for (const Family& row : kFamilies)
+        for (const FontStyle style : kStyles)
+            if (row.names != Names::Unnamed && PostScriptName(row.family, style) == name)
+                return {std::string(row.family), style};
+    return {std::string(name), FontStyle::Regular};
+}
+
 LegacyFontRecord LegacyFont(std::string_view family, FontStyle style)
 {
     const Family* row = FindRow(kFamilies, family);

@@ -16,6 +16,15 @@ enum class FontStyle { Regular = 0, Italic = 1, Bold = 2, BoldItalic = 3 };
 //   PostScriptName("Georgia", FontStyle::Bold) == "Georgia-Bold"
 std::string PostScriptName(std::string_view family, FontStyle style);
 
+struct TitleFace {
+    std::string family;
+    FontStyle style = FontStyle::Regular;
+};
+
+// The face that a text document names; for an unknown name that name as a family.
+//   FaceOfPostScriptName("Georgia-Bold") is Georgia in bold
+TitleFace FaceOfPostScriptName(std::string_view name);
+
 // What a legacy title document states of a face.
 struct LegacyFontRecord {
     std::string fullName;

@@ -75,7 +75,8 @@ const MasterAudio& MasterCatalog::AudioOf(MasterClip masterClip)
 std::string_view MasterCatalog::IdOf(ExportContext& context, MasterClip masterClip)
 {
     Record& record = records_[masterClip.UniqueId()];
-    if (record.id.empty() && IsWrittenAsClip(SourceOf(masterClip).media))
+    const Media media = SourceOf(masterClip).media;
+    if (record.id.empty() && (IsWrittenAsClip(media) || IsWrittenAsGenerator(context, media)))
         record.id = NewId(context.document, "masterclip-", context.ids.masterClip);
     return record.id;
 }

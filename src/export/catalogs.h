@@ -4,6 +4,7 @@
 #pragma once
 
 #include "export/export_context.h"
+#include "export/generators.h"
 #include "export/links.h"
 #include "export/media.h"
 #include "export/multiclips.h"
@@ -41,7 +42,8 @@ public:
     const MasterAudio& AudioOf(MasterClip masterClip);
 
     // The id under which `clip` and track items name the master, made on first demand. Empty for a
-    // master that no `clip` is written for: one of a sequence, a color matte or a graphic.
+    // master that no `clip` is written for: one of a sequence, and to the letter of a color matte
+    // or a graphic.
     std::string_view IdOf(ExportContext& context, MasterClip masterClip);
 
 private:
@@ -99,6 +101,7 @@ struct Catalogs {
     FileCatalog files;
     SequenceCatalog sequences;
     AngleCatalog angles;
+    GeneratorCatalog generators;
     LinkGroups links;
 };
 

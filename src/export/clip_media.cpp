@@ -6,8 +6,11 @@
 #include "export/effects.h"
 #include "export/files.h"
 #include "export/formats.h"
+#include "export/markers.h"
+#include "export/rates.h"
 
 #include <algorithm>
+#include <string>
 #include <vector>
 
 namespace XPJ::RVX {
@@ -61,6 +64,46 @@ ObjectHandle ClipWriter::TranslateVideo(const MasterSource& master)
     return video;
 }
 
+// A `media` with a generator on a track, as large as the video that it generates.
+ObjectHandle TranslateGenerator(ExportContext& context, Catalogs& catalogs, MasterClip masterClip,
+                                Media media)
+{
+    Document& document = context.document;
+    const ConstHandle stream = VideoStreamOf(media);
+    const Ticks frameTicks = ClipRate(media);
+    const std::string duration =
+        TimeText(context.DocumentUnit(), Int64Property(stream, "Duration"), frameTicks);
+    const ObjectHandle item = document.NewObject("generatoritem");
+    item.SetPropertyShared("id", NewId(document, "clipitem-", context.ids.clipItem));
+    item.SetPropertyShared("masterclipid", catalogs.masters.IdOf(context, masterClip));
+    item.SetProperty("name", EscapeXML(media.GetProperty("Title")));
+    item.SetProperty("duration", duration);
+    item.AddChild(WriteRate(document, frameTicks));
+    WriteClipRange(context.DocumentUnit(), masterClip.MainClip(), frameTicks, item);
+    TranslateMarkers(document,
+                     {.owner = masterClip.MainClip(),
+                      .frameTicks = frameTicks,
+                      .unit = context.DocumentUnit()},
+                     item);
+    item.AddChild(catalogs.generators.EffectOf(context, media, masterClip, {}));
+    TranslateMasterEffects(context, masterClip, frameTicks, item);
+
+    const ObjectHandle format = document.NewObject("format");
+    format.AddChild(WriteSampleCharacteristics(
+        document, {.frameTicks = frameTicks,
+                   .frameRect = stream.GetProperty("FrameRect"),
+                   .pixelAspect = PixelAspectOf(stream),
+                   .originalPixelAspect = OriginalPixelAspectOf(stream)}));
+    const ObjectHandle video = document.NewObject("video");
+    video.AddChild(format);
+    video.AddChild(TrackWith(document, item));
+    const ObjectHandle result = document.NewObject("media");
+    result.AddChild(video);
+    result.SetProperty("duration", duration);
+    result.AddChild(WriteRate(document, frameTicks));
+    return result;
+}
+
 // Channels that are not known to be independent belong together.
 bool AreGrouped(const ExportContext& context, const ChannelLayout& layout)
 {
@@ -101,6 +144,8 @@ void ClipWriter::WriteLinks()
 ObjectHandle TranslateClipMedia(ExportContext& context, Catalogs& catalogs, MasterClip masterClip,
                                 const MasterSource& source)
 {
+    if (IsWrittenAsGenerator(context, source.media))
+        return TranslateGenerator(context, catalogs, masterClip, source.media);
     const ObjectHandle result = context.document.NewObject("media");
     if (ShowsCaptions(source.media))
         return result;
@@ -115,6 +160,17 @@ ObjectHandle TranslateClipMedia(ExportContext& context, Catalogs& catalogs, Mast
         result.AddChild(file->rate);
     }
     return result;
+}
+
+void WriteClipRange(TimeUnit unit, ConstHandle core, Ticks frameTicks, ObjectHandle element)
+{
+    constexpr struct {
+        Name projectKey;
+        Name key;
+    } kPoints[] = {{"InPoint", "in"}, {"OutPoint", "out"}};
+    for (const auto& point : kPoints)
+        if (const Ticks time = Int64Property(core, point.projectKey); time >= 1)
+            element.SetProperty(point.key, TimeText(unit, time, frameTicks));
 }
 
 void WriteSourceTrack(Document& document, std::int64_t number, ObjectHandle element)

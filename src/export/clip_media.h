@@ -9,6 +9,9 @@ namespace XPJ::RVX {
 ObjectHandle TranslateClipMedia(ExportContext& context, Catalogs& catalogs, MasterClip masterClip,
                                 const MasterSource& source);
 
+// Writes `in` and `out` of a clip; a point at 0 or before is none.
+void WriteClipRange(TimeUnit unit, ConstHandle core, Ticks frameTicks, ObjectHandle element);
+
 // Adds the `sourcetrack` of an audio item: which channel it plays, from 1.
 void WriteSourceTrack(Document& document, std::int64_t number, ObjectHandle element);
 

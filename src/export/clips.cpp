@@ -17,18 +17,6 @@ namespace {
 
 constexpr int kVideoTrackKind = 1;
 
-// Writes `in` and `out` of a clip; a point at 0 or before is none.
-void WriteClipRange(TimeUnit unit, ConstHandle clip, Ticks frameTicks, ObjectHandle element)
-{
-    constexpr struct {
-        Name projectKey;
-        Name key;
-    } kPoints[] = {{"InPoint", "in"}, {"OutPoint", "out"}};
-    for (const auto& point : kPoints)
-        if (const Ticks time = Int64Property(clip, point.projectKey); time >= 1)
-            element.SetProperty(point.key, TimeText(unit, time, frameTicks));
-}
-
 // The frames of the master's range: of its clip, else of the sequence that it shows.
 Ticks RangeRate(MasterClip masterClip, ConstHandle sequence)
 {

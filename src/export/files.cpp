@@ -1,13 +1,12 @@
 #include "export/files.h"
 
-#include "core/base64.h"
 #include "core/numbers.h"
 #include "core/paths.h"
 #include "core/text.h"
-#include "effects/legacy_title_reader.h"
 #include "export/audio_channels.h"
 #include "export/effects.h"
 #include "export/formats.h"
+#include "export/generators.h"
 #include "export/rates.h"
 
 #include <algorithm>
@@ -69,35 +68,13 @@ std::int64_t FileDuration(const ExportContext& context, const FileStreams& sourc
     return context.IsHandOff() ? duration : DivTicks(duration, rate);
 }
 
-// Most titles have the name of their generator; their texts distinguish them.
-//   "Lower 3rd: Anna Lee / Editor"
-std::string NameOfTitle(Media media)
-{
-    constexpr std::size_t kLongest = 120; // bytes of text
-    const std::string document = DecodeBase64(media.GetProperty("ImporterPrefs"));
-    std::string words;
-    for (const LegacyTitleText& text : ReadLegacyTitle(document))
-        for (const std::string& line : text.lines)
-            if (!Trimmed(line).empty() && words.size() <= kLongest)
-                words.append(words.empty() ? "" : " / ").append(Trimmed(line));
-    std::string name = UnescapeXML(media.GetProperty("Title"));
-    if (words.empty())
-        return name;
-    if (words.size() > kLongest)
-        words = std::string(TruncatedText(words, kLongest)) + "...";
-    return name.append(name.empty() ? "" : ": ").append(words);
-}
-
 std::string_view GeneratedSource(ExportContext& context, Media media, MediaKind kind)
 {
     if (kind == MediaKind::BarsAndTone)
         return "BarsAndTone";
     if (kind == MediaKind::Graphic)
         return "GraphicAndType";
-    const std::string name =
-        kind == MediaKind::Title ? NameOfTitle(media) : std::string(media.GetProperty("Title"));
-    AddIssue(context, ExportIssue::SyntheticNotTranslated,
-             {.clip = name, .trackKind = 2, .time = {}});
+    ReportReplaced(context, media);
     return "Slug";
 }
 

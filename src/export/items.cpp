@@ -103,7 +103,7 @@ void WriteClipOptions(ExportContext& context, ItemRecord& record, ObjectHandle e
     element.SetPropertyShared("scaleToFrameSize",
                               IsTrue(record.clip, "ScaleToFrameSize") ? "TRUE" : "FALSE");
     WriteLabel(context, record.clip, kClipLabel, element);
-    ReadSpeed(record.clip, record.timing);
+    ReadSpeed(record.clip, record.shownClip, record.timing);
     TranslateMarkers(context.document,
                      {.owner = record.clip,
                       .frameTicks = record.timing.rate,

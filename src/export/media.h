@@ -6,7 +6,7 @@
 
 namespace XPJ::RVX {
 
-// True for a Media that a `clip` is written for.
+// True for a Media that a `clip` with a file is written for.
 bool IsWrittenAsClip(Media media);
 // True where the video of a Media is a stream of captions.
 bool ShowsCaptions(Media media);

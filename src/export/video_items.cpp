@@ -35,6 +35,7 @@ struct VideoItem {
 
     NestedSequence TranslateClip();
     void TranslateMatte();
+    void TranslateGenerator();
     void AddLink(std::string_view source);
     void WriteTimes();
     void WriteEffects();
@@ -65,7 +66,10 @@ void VideoItem::WriteEffects()
     EffectContext effects = EffectContextOf(context, track, record.Start(),
                                             record.subClip.GetProperty("Name"), record.timing.rate);
     effects.sequenceFrame = catalogs.sequences.FrameOf(track.sequence.sequence);
-    effects.clipFrame = FrameOfItem(catalogs.sequences, record).value_or(FrameSize());
+    if (FitsAnyFrame(context, record.media))
+        effects.clipFrame = effects.sequenceFrame;
+    else
+        effects.clipFrame = FrameOfItem(catalogs.sequences, record).value_or(FrameSize());
     VideoChainToXmeml(effects, ChainOfOwner(record.item), element);
 }
 
@@ -116,6 +120,25 @@ void VideoItem::TranslateMatte()
     track.Add(element);
 }
 
+// A generator as other programs have it, with all that the item states. The effects of its master
+// are those of the clip in the bin, where there is one.
+void VideoItem::TranslateGenerator()
+{
+    const ConstHandle chain = ChainOfOwner(record.item);
+    element = context.document.NewObject("generatoritem");
+    WriteItemHead(context, catalogs.masters, record, element);
+    AddLink(record.masterClipId);
+    element.AddChild(catalogs.generators.EffectOf(context, record.media, record.masterClip, chain));
+    WriteClipOptions(context.document, record, element);
+    WriteTimes();
+    WriteEffects();
+    const bool hasBins = context.options.sequenceGuid == kZeroGuid;
+    if (!hasBins || !catalogs.masters.BrowserItemOf(record.masterClip))
+        TranslateMasterEffects(context, record.masterClip, record.timing.rate, element);
+    WriteSpeed();
+    track.Add(element);
+}
+
 } // namespace
 
 NestedSequence TranslateVideoItem(ExportContext& context, Catalogs& catalogs, TrackContext& track,
@@ -126,7 +149,9 @@ NestedSequence TranslateVideoItem(ExportContext& context, Catalogs& catalogs, Tr
         return {};
     TranslateHeadTransition(context, track, item);
     NestedSequence nested;
-    if (MediaKindOf(clip.record.media) == MediaKind::ColorMatte)
+    if (IsWrittenAsGenerator(context, clip.record.media))
+        clip.TranslateGenerator();
+    else if (MediaKindOf(clip.record.media) == MediaKind::ColorMatte)
         clip.TranslateMatte();
     else
         nested = clip.TranslateClip();

@@ -18,6 +18,28 @@ std::string_view ClipKeyOf(ConstHandle generator)
     return masterClipId.empty() ? generator.GetProperty("id") : masterClipId;
 }
 
+void AppendProperties(ConstHandle node, std::string& text)
+{
+    for (const Property* property = node.FirstProperty(); property; property = property->next)
+        text.append(property->NameView()).append(1, '=').append(property->Value()).append(1, '\n');
+}
+
+// What distinguishes generators of one clip: the effect with the values of its parameters.
+std::string ContentOf(ConstHandle generator)
+{
+    const ConstHandle effect = generator.GetChild("effect");
+    std::string text(generator.GetProperty("masterclipid"));
+    text.append(1, '\n').append(effect.GetProperty("effectid")).append(1, '\n');
+    for (const ConstHandle parameter : effect.GetChildren("parameter")) {
+        AppendProperties(parameter, text);
+        for (const ConstHandle value : parameter.GetChildren()) {
+            AppendProperties(value, text);
+            AppendProperties(value.GetChild("value"), text); // of a keyframe
+        }
+    }
+    return text;
+}
+
 // True for a generator without an effect, or with that of a title without text.
 bool StatesNothing(ConstHandle generator)
 {
@@ -108,6 +130,18 @@ MasterClipHandle GeneratorCatalog::MasterOf(ConstHandle generator) const
 void GeneratorCatalog::Add(ConstHandle generator, MasterClipHandle master)
 {
     masters_.emplace(generator.UniqueId(), master);
+}
+
+MasterClipHandle GeneratorCatalog::MasterOfEqual(ConstHandle generator) const
+{
+    const auto known = equals_.find(ContentOf(generator));
+    return known == equals_.end() ? MasterClipHandle() : known->second;
+}
+
+void GeneratorCatalog::AddEqual(ConstHandle generator, MasterClipHandle master)
+{
+    if (HasValue(generator, "masterclipid"))
+        equals_.emplace(ContentOf(generator), master);
 }
 
 // ---- Titles

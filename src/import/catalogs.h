@@ -77,6 +77,11 @@ public:
     MasterClipHandle MasterOf(ConstHandle generator) const;
     void Add(ConstHandle generator, MasterClipHandle master);
 
+    // The master of an earlier generator of the same clip with the same effect; null if there is
+    // none, and for a generator that names no clip.
+    MasterClipHandle MasterOfEqual(ConstHandle generator) const;
+    void AddEqual(ConstHandle generator, MasterClipHandle master);
+
     // The master of the black clip behind slugs, once made.
     MasterClipHandle blackVideo;
 
@@ -84,6 +89,7 @@ private:
     std::unordered_map<std::uint64_t, FrameFormat> frames_; // by `uniqueId` of the owner
     NodeSet reported_;
     std::unordered_map<std::uint64_t, MasterClipHandle> masters_; // by `uniqueId` of the generator
+    std::unordered_map<std::string, MasterClipHandle> equals_;    // by clip and effect
 };
 
 // Titles and shapes that become graphics: media that the host draws an effect on, which belongs to

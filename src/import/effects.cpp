@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "effects/audio_chain.h"
 #include "effects/audio_pan.h"
+#include "effects/graphic_effects.h"
 #include "effects/graphic_title.h"
 #include "effects/video_chain.h"
 #include "project/media.h"
@@ -124,7 +125,9 @@ ObjectHandle TitleOfItem(const ImportState& state, ConstHandle item, const Frame
                          ConstHandle master)
 {
     const TitleCatalog& titles = state.titles;
-    if (item.GetName() != "generatoritem" || titles.IsTitled(master) || !titles.IsGraphic(item))
+    const bool hasOwn = state.options.settings.openInterchange && HasGraphicEffect(item);
+    if (item.GetName() != "generatoritem" || hasOwn || titles.IsTitled(master) ||
+        !titles.IsGraphic(item))
         return {};
     return MakeGraphicEffect(state.document, titles.SourceOf(item), frame);
 }

@@ -1,7 +1,9 @@
 #include "import/generators.h"
 
+#include "effects/graphic_effects.h"
 #include "effects/graphic_title.h"
 #include "effects/legacy_title.h"
+#include "effects/plain_generators.h"
 #include "effects/title_reader.h"
 #include "effects/video_chain.h"
 #include "import/masters.h"
@@ -62,12 +64,26 @@ Ticks FrameTicksOf(ConstHandle item)
 }
 
 // What a generator becomes. Shapes have no legacy document.
-enum class GeneratorRoute { ColorMatte, LegacyTitle, Graphic, Unknown };
+enum class GeneratorRoute { ColorMatte, Plain, GraphicWithEffects, LegacyTitle, Graphic, Unknown };
 
-GeneratorRoute RouteOf(const TitleCatalog& titles, ConstHandle item)
+// Whose filters are those of a generator: in open interchange those in a clip of a bin are the
+// clip's.
+ConstHandle FilterOwner(ConstHandle item, ConstHandle owner)
 {
+    return owner.GetName() == "clip" ? owner : item;
+}
+
+GeneratorRoute RouteOf(const ImportState& state, ConstHandle item, ConstHandle owner)
+{
+    const TitleCatalog& titles = state.titles;
     if (ColorEffectOf(item))
         return GeneratorRoute::ColorMatte;
+    if (state.options.settings.openInterchange) {
+        if (HasGraphicEffect(FilterOwner(item, owner)))
+            return GeneratorRoute::GraphicWithEffects;
+        if (FindPlainGenerator(item.GetChild("effect").GetProperty("effectid")))
+            return GeneratorRoute::Plain;
+    }
     if (titles.IsGraphic(item))
         return GeneratorRoute::Graphic;
     return IsTextTitle(item) ? GeneratorRoute::LegacyTitle : GeneratorRoute::Unknown;
@@ -84,6 +100,25 @@ MasterClipHandle RegisterGenerator(ImportState& state, const ClipItem& item,
     const MasterClipHandle master = registry.Find({masterClipId, id});
     if (master)
         state.generators.Add(item, master);
+    if (master && state.options.settings.openInterchange)
+        state.generators.AddEqual(item, master);
+    return master;
+}
+
+// Registers an item under the master of an equal one, which is in a bin already; null if there is
+// none.
+MasterClipHandle ShareMaster(ImportState& state, const ClipItem& item)
+{
+    if (!state.options.settings.openInterchange)
+        return {};
+    const MasterClipHandle master = state.generators.MasterOfEqual(item);
+    if (master) {
+        RegisterMaster(
+            state.masters.registry,
+            {.masterClipId = item.GetProperty("masterclipid"), .mediaId = item.GetProperty("id")},
+            master);
+        state.generators.Add(item, master);
+    }
     return master;
 }
 
@@ -156,6 +191,31 @@ GeneratorResult TranslateGraphic(ImportState& state, const ClipItem& item, Const
     return {master, true, isMasterEffect};
 }
 
+// Video that the host generates by itself.
+GeneratorResult TranslatePlain(ImportState& state, const ClipItem& item, ConstHandle owner)
+{
+    const PlainGenerator& plain =
+        *FindPlainGenerator(item.GetChild("effect").GetProperty("effectid"));
+    return {RegisterGenerator(state, item,
+                              MakeSyntheticSources(state.document, plain.kind, FrameTicksOf(item),
+                                                   state.generators.FrameOf(owner))),
+            true, plain.kind != MediaKind::Graphic};
+}
+
+// A graphic with its effects among the filters: those of a clip of a bin belong to its master.
+GeneratorResult TranslateGraphicWithEffects(ImportState& state, const ClipItem& item,
+                                            ConstHandle owner)
+{
+    const MasterClipHandle master = RegisterGenerator(
+        state, item,
+        MakeSyntheticSources(state.document, MediaKind::Graphic, FrameTicksOf(item),
+                             state.generators.FrameOf(owner)));
+    const bool isInBin = owner.GetName() != "sequence";
+    if (master && isInBin)
+        state.titles.AddTitledMaster(master);
+    return {master, true, isInBin};
+}
+
 // Transparent video replaces unknown generators.
 GeneratorResult TranslateUnknown(ImportState& state, const ClipItem& item)
 {
@@ -164,17 +224,16 @@ GeneratorResult TranslateUnknown(ImportState& state, const ClipItem& item)
     return {RegisterGenerator(state, item, sources), false};
 }
 
-} // namespace
-
-GeneratorResult TranslateGenerator(ImportState& state, const ClipItem& item, ConstHandle owner)
+GeneratorResult TranslateNew(ImportState& state, const ClipItem& item, ConstHandle owner,
+                             GeneratorRoute route)
 {
-    const GeneratorRoute route = RouteOf(state.titles, item);
-    if (const MasterClipHandle known = state.generators.MasterOf(item))
-        return {known, route != GeneratorRoute::Unknown,
-                route != GeneratorRoute::Graphic || state.titles.IsTitled(known)};
     switch (route) {
     case GeneratorRoute::ColorMatte:
         return TranslateColorMatte(state, item, owner);
+    case GeneratorRoute::Plain:
+        return TranslatePlain(state, item, owner);
+    case GeneratorRoute::GraphicWithEffects:
+        return TranslateGraphicWithEffects(state, item, owner);
     case GeneratorRoute::LegacyTitle:
         return TranslateLegacyTitle(state, item, owner);
     case GeneratorRoute::Graphic:
@@ -183,6 +242,34 @@ GeneratorResult TranslateGenerator(ImportState& state, const ClipItem& item, Con
         break;
     }
     return TranslateUnknown(state, item);
+}
+
+void AddMasterFilters(ImportState& state, ConstHandle generator, ConstHandle owner,
+                      MasterClipHandle master)
+{
+    const EffectContext context{.document = state.document,
+                                .issues = state.issues,
+                                .location = {.clip = generator.GetProperty("name")},
+                                .frameTicks = FrameTicksOf(generator),
+                                .lookFiles = &state.lookFiles};
+    AddMasterChainEffects(context, FilterOwner(generator, owner),
+                          master.GetChild("VideoComponentChain"));
+}
+
+} // namespace
+
+GeneratorResult TranslateGenerator(ImportState& state, const ClipItem& item, ConstHandle owner)
+{
+    const GeneratorRoute route = RouteOf(state, item, owner);
+    if (const MasterClipHandle known = state.generators.MasterOf(item))
+        return {known, route != GeneratorRoute::Unknown,
+                route != GeneratorRoute::Graphic || state.titles.IsTitled(known)};
+    if (const MasterClipHandle shared = ShareMaster(state, item))
+        return {shared, route != GeneratorRoute::Unknown, false};
+    const GeneratorResult result = TranslateNew(state, item, owner, route);
+    if (state.options.settings.openInterchange && owner.GetName() == "clip" && result.master)
+        AddMasterFilters(state, item, owner, result.master);
+    return result;
 }
 
 } // namespace XPJ

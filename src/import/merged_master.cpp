@@ -58,7 +58,7 @@ bool CountsAsAudio(const MergeComponent& component)
 int AudioChannelsOf(const ImportState& state, const MergeComponent& component)
 {
     return state.options.settings.openInterchange
-               ? static_cast<int>(component.master.Channels().size())
+               ? static_cast<int>(ChannelsOf(component.master).size())
                : component.kind.audio;
 }
 

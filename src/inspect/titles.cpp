@@ -117,7 +117,7 @@ std::vector<TitleText> TextsOfMedia(Media media)
     if (!media || MediaKindOf(media) != MediaKind::Title)
         return texts;
     for (const LegacyTitleText& part :
-         ReadLegacyTitle(DecodeBase64(media.GetProperty("ImporterPrefs"))))
+         ReadLegacyTitle(DecodeBase64(media.GetProperty("ImporterPrefs"))).texts)
         texts.push_back({.text = WithLineFeeds(Joined(part.lines)),
                          .font = TitleDocumentFont(part.family, part.style),
                          .size = static_cast<double>(part.height),

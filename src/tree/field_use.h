@@ -27,6 +27,12 @@ constexpr FieldUse Stray(std::string_view reason)
     return {.isWritten = false, .isOpenOnly = true, .reason = reason};
 }
 
+// Written where a node has it, and read in the open manner alone.
+constexpr FieldUse OpenOnly(std::string_view reason)
+{
+    return {.isOpenOnly = true, .reason = reason};
+}
+
 // Transparent for the reader.
 constexpr FieldUse WriteOnly(std::string_view reason)
 {

@@ -18,7 +18,6 @@ constexpr std::string_view kInChildren = "written inside `children`";
 constexpr std::string_view kInCharacteristics = "written in `samplecharacteristics`";
 constexpr std::string_view kInFile = "written in the `file`";
 constexpr std::string_view kInMedia = "the media itself has it";
-constexpr std::string_view kPlainGenerator = "written generators have none";
 constexpr std::string_view kWipe = "the id of the effect names the wipe";
 constexpr std::string_view kOthers = "for other readers";
 constexpr std::string_view kPanFilter = "for other readers: the import takes the pan filter";
@@ -175,9 +174,8 @@ constexpr XmemlField kClipItem[] = {
 constexpr XmemlField kGeneratorItem[] = {
     Leaf("name"), Leaf("enabled"), Leaf("duration"), Leaf("start"), Leaf("end"), Leaf("in"),
     Leaf("out"), Child("rate"), Child("effect"), Child("sourcetrack"),
-    Child("filter", ReadOnly(kPlainGenerator)), Child("marker", ReadOnly(kPlainGenerator)),
-    Leaf("masterclipid", ReadOnly(kPlainGenerator)),
-    Leaf("compositemode", ReadOnly(kPlainGenerator)),
+    Each("filter"), Each("marker"), Leaf("masterclipid"), Leaf("compositemode"),
+    Child("labels", OpenOnly("to the letter a generator has no label")),
     Leaf("anamorphic", Skipped("a generator fills the frame of its sequence")),
     Leaf("alphatype", Skipped("a host knows the alpha channel of its generators")),
     Leaf("mediadelay", Skipped("a generator has no media")),

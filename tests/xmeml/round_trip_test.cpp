@@ -36,10 +36,10 @@ public:
 private:
     std::string Text() { return "v" + std::to_string(++count_); }
 
-    // What the reader skips, by the table.
+    // What the reader skips to the letter, by the table.
     void Expect(ObjectHandle node, Name name, const FieldUse& use)
     {
-        if (!use.isRead)
+        if (!use.isRead || use.isOpenOnly)
             expected_[node.GetName().Text()].insert(name.Text());
     }
 

@@ -1,0 +1,121 @@
+#include "export/generators.h"
+
+#include "core/base64.h"
+#include "core/text.h"
+#include "effects/color_matte.h"
+#include "effects/plain_generators.h"
+#include "effects/title_writer.h"
+#include "export/formats.h"
+
+#include <string>
+
+namespace XPJ::RVX {
+
+namespace {
+
+LegacyTitle TitleOfMedia(Media media)
+{
+    return ReadLegacyTitle(DecodeBase64(media.GetProperty("ImporterPrefs")));
+}
+
+// Most titles have the name of their generator; their texts distinguish them.
+//   "Lower 3rd: Anna Lee / Editor"
+std::string NameOfTitle(Media media)
+{
+    constexpr std::size_t kLongest = 120; // bytes of text
+    const LegacyTitle title = TitleOfMedia(media);
+    std::string words;
+    for (const LegacyTitleText& text : title.texts)
+        for (const std::string& line : text.lines)
+            if (!Trimmed(line).empty() && words.size() <= kLongest)
+                words.append(words.empty() ? "" : " / ").append(Trimmed(line));
+    std::string name = UnescapeXML(media.GetProperty("Title"));
+    if (words.empty())
+        return name;
+    if (words.size() > kLongest)
+        words = std::string(TruncatedText(words, kLongest)) + "...";
+    return name.append(name.empty() ? "" : ": ").append(words);
+}
+
+// The path of generated media is a number.
+bool IsGenerated(Media media)
+{
+    const std::string_view path = MediaPath(media);
+    return !path.empty() && path.find_first_not_of("0123456789") == path.npos;
+}
+
+ObjectHandle MakePlainEffect(Document& document, MediaKind kind)
+{
+    const ObjectHandle effect = document.NewObject("effect");
+    WriteEffectHead(PlainGeneratorOf(kind).xmeml, effect);
+    return effect;
+}
+
+ObjectHandle MakeEffectOfTitle(ExportContext& context, Media media)
+{
+    const LegacyTitle title = TitleOfMedia(media);
+    if (title.texts.empty() || !IsStatedInFull(title))
+        ReportReplaced(context, media);
+    return title.texts.empty() ? MakePlainEffect(context.document, MediaKind::BlackVideo)
+                               : MakeTitleEffect(context.document, title);
+}
+
+ObjectHandle MakeEffectOfMedia(ExportContext& context, Media media)
+{
+    const MediaKind kind = MediaKindOf(media);
+    if (kind == MediaKind::Title)
+        return MakeEffectOfTitle(context, media);
+    if (kind == MediaKind::ColorMatte)
+        return ColorMatteEffect(context.document, media);
+    if (kind == MediaKind::Other)
+        ReportReplaced(context, media);
+    return MakePlainEffect(context.document, kind);
+}
+
+// Other programs read the text; the graphic itself is among the filters.
+ObjectHandle MakeEffectOfGraphic(Document& document, Media media, ConstHandle chain)
+{
+    const ConstHandle stream = VideoStreamOf(media);
+    const LegacyTitle title = ReadGraphicTitle(
+        chain, ParseFrameSize(stream.GetProperty("FrameRect"), PixelAspectOf(stream)));
+    return title.texts.empty() ? ObjectHandle() : MakeTitleEffect(document, title);
+}
+
+} // namespace
+
+bool IsWrittenAsGenerator(const ExportContext& context, Media media)
+{
+    return context.options.settings.openInterchange && !context.IsHandOff() && media &&
+           IsGenerated(media) && !AudioStreamOf(media);
+}
+
+bool FitsAnyFrame(const ExportContext& context, Media media)
+{
+    const MediaKind kind = MediaKindOf(media);
+    return IsWrittenAsGenerator(context, media) && kind != MediaKind::Title &&
+           kind != MediaKind::ColorMatte && kind != MediaKind::Graphic;
+}
+
+void ReportReplaced(ExportContext& context, Media media)
+{
+    const std::string name = MediaKindOf(media) == MediaKind::Title
+                                 ? NameOfTitle(media)
+                                 : std::string(media.GetProperty("Title"));
+    AddIssue(context, ExportIssue::SyntheticNotTranslated,
+             {.clip = name, .trackKind = 2, .time = {}});
+}
+
+ObjectHandle GeneratorCatalog::EffectOf(ExportContext& context, Media media, MasterClip masterClip,
+                                        ConstHandle chain)
+{
+    if (MediaKindOf(media) == MediaKind::Graphic)
+        for (const ConstHandle& owner : {chain, VideoChainOfMaster(masterClip)})
+            if (const ObjectHandle effect = MakeEffectOfGraphic(context.document, media, owner))
+                return effect;
+    const auto [entry, isNew] = effects_.try_emplace(media.UniqueId());
+    if (isNew)
+        entry->second = MakeEffectOfMedia(context, media);
+    return entry->second;
+}
+
+} // namespace XPJ::RVX
