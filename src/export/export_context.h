@@ -4,6 +4,7 @@
 #include "core/guid.h"
 #include "core/translation_issue.h"
 #include "effects/effect_context.h"
+#include "platform/settings.h"
 #include "project/accessors.h"
 
 #include <cstdint>
@@ -30,6 +31,7 @@ struct ExportOptions {
     IdCounters* ids = nullptr;     // null: those of the process
     // Write Transform effects too, which only this system could read again.
     bool exportTransformEffect = false;
+    Settings settings{};
 };
 
 // The unit in which the times of an element are written.

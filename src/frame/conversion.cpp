@@ -99,7 +99,8 @@ private:
                                          .outputPath = request_.outputPath,
                                          .vl2snMode = isHandOff_,
                                          .sequenceGuid = request_.sequenceGuid,
-                                         .exportTransformEffect = settings_.exportTransform};
+                                         .exportTransformEffect = settings_.exportTransform,
+                                         .settings = settings_};
         const int result =
             RVX::TranslateProjectDocument(source_, options, progress_, translatedDocument_,
                                           outcome_.issues, translated_, &outcome_.skipped);
