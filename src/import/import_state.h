@@ -48,6 +48,12 @@ struct ImportState {
     LinkRecords links = {};
 };
 
+// Effects come back as an export in open interchange wrote them.
+inline bool IsOpen(const ImportState& state)
+{
+    return state.options.settings.openInterchange && !state.options.sn2vlMode;
+}
+
 void AddItemIssue(const ImportState& state, const ItemLocation& location, ImportIssue kind,
                   std::string_view subject = {});
 
