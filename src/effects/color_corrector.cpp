@@ -88,6 +88,23 @@ double AngleOfHue(double hue)
     return hue - kQuarterTurn;
 }
 
+constexpr double kTurn = 360;
+
+// The row of an angle without keyframes, which is within half a turn. Keyframes keep the turns over
+// which they move.
+ParamRow InHalfATurn(const ParamRow& angle)
+{
+    ParamRow row = angle;
+    row.toXmeml = [](double value) { return std::remainder(HueOfAngle(value), kTurn); };
+    row.fromXmeml = [](double hue) { return std::remainder(AngleOfHue(hue), kTurn); };
+    return row;
+}
+
+bool IsStillAngle(const ParamRow& row, bool hasKeyframes)
+{
+    return row.fromXmeml == AngleOfHue && !hasKeyframes;
+}
+
 } // namespace
 
 // clang-format off
@@ -414,15 +431,20 @@ void AddDisplayMode(Document& document, ObjectHandle effect)
     AddParameter(document, kDisplayMode, kDisplayMode.value, effect).AddChild(list);
 }
 
-// Angles of documents are within half a turn; keyframes keep their turns, over which they move.
-void AddOpenParameter(const EffectContext& context, const ParamRow& param, ConstHandle component,
+// In open interchange.
+ObjectHandle MakeOpenParam(const EffectContext& context, const ParamRow& row, ConstHandle effect)
+{
+    const ConstHandle parameter = row.xmeml.id.empty() ? FindCarried(context, row, effect)
+                                                       : FindParameter(effect, row.xmeml.id);
+    const bool isStill = IsStillAngle(row, HasKeyframes(parameter));
+    return MakeRowParam(context, isStill ? InHalfATurn(row) : row, parameter);
+}
+
+void AddOpenParameter(const EffectContext& context, const ParamRow& row, ConstHandle component,
                       ObjectHandle effect)
 {
-    constexpr double kTurn = 360;
-    const ObjectHandle parameter = AddRowParameter(context, param, component, effect);
-    if (param.kind == K::WideScalar && !HasKeyframes(parameter))
-        parameter.SetProperty(
-            "value", NumberText(std::remainder(DoubleProperty(parameter, "value"), kTurn)));
+    const bool isStill = IsStillAngle(row, HasValue(ParamOfRow(component, row), "Keyframes"));
+    AddRowParameter(context, isStill ? InHalfATurn(row) : row, component, effect);
 }
 
 void AddDocumentRow(const EffectContext& context, const DocumentRow& row, ConstHandle component,
@@ -447,10 +469,12 @@ bool ColorCorrectorToProject(const EffectContext& context, const EffectRow& row,
                              Components& components)
 {
     context.AddIssue(ImportIssue::ThreeWayApproximation, EffectName(effect));
-    if (context.openInterchange)
-        return ParamsToProject(context, row, effect, components);
     const ObjectHandle component = MakeFilterComponent(context.document, row.project, effect);
     for (const ParamRow& param : kColorCorrectorParams) {
+        if (context.openInterchange) {
+            component.AddChild("Param", MakeOpenParam(context, param, effect));
+            continue;
+        }
         const ConstHandle parameter =
             param.xmeml.id.empty() ? ConstHandle() : FindParameter(effect, param.xmeml.id);
         component.AddChild("Param", MakeParam(context.document, param.kind,
