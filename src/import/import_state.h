@@ -48,7 +48,7 @@ struct ImportState {
     LinkRecords links = {};
 };
 
-// Effects come back as an export in open interchange wrote them.
+// Settings::openInterchange, which an audio hand-off never follows.
 inline bool IsOpen(const ImportState& state)
 {
     return state.options.settings.openInterchange && !state.options.sn2vlMode;
