@@ -139,8 +139,8 @@ TEST(OpenEffects, ValuesComeBack)
         {kCorrector, "highlights", "64", "Highlight Balance Gain", "1"},
         {kCorrector, "highlights", "255", "Highlight Balance Gain", "20"},
         {kCorrector, "highlights", "382", "Highlight Balance Gain", "60"},
-        // A quarter turn.
-        {kCorrector, "b_hue", "-180", "Shadow Balance Angle", "-270"},
+        // A quarter turn, within half a turn.
+        {kCorrector, "b_hue", "-120", "Shadow Balance Angle", "150"},
         {kCorrector, "m_hue", "-33", "Midtone Balance Angle", "-123"},
         {kCorrector, "h_hue", "114.376", "Highlight Balance Angle", "24.376"},
         {kCorrector, "h_hue", "180", "Highlight Balance Angle", "90"},
@@ -230,6 +230,54 @@ TEST(OpenEffects, NoneIsLost)
         const std::string back = Imported(Exported(project));
         EXPECT_EQ(matchNames(back), row.matchNames) << row.effect << row.parameters;
         EXPECT_EQ(back.find("<Bypass>true</Bypass>") != back.npos, isBypassed) << row.effect;
+    }
+}
+
+// Two clips of a track of the type, with a transition of that effect between them.
+std::string DocumentOfTransition(const std::string& type, const std::string& effectId,
+                                 const std::string& parameters)
+{
+    const std::string rate = In("rate", In("timebase", "25"));
+    const std::string file = "<file id=\"f\">" + In("name", "A.mov") + In("pathurl", "/m/A.mov") +
+                             rate + In("duration", "200") +
+                             In("media", In("video", "") + In("audio", In("channelcount", "1"))) +
+                             "</file>";
+    const auto item = [&](const std::string& start, const std::string& end) {
+        return "<clipitem id=\"c" + start + "\">" + In("name", "A") + rate + In("start", start) +
+               In("end", end) + In("in", "50") + In("out", "100") + file + "</clipitem>";
+    };
+    const std::string transition = In(
+        "transitionitem", rate + In("start", "45") + In("end", "55") + In("alignment", "center") +
+                              In("effect", In("effectid", effectId) + parameters));
+    return "<xmeml version=\"5\"><sequence id=\"s\">" + In("name", "Cut") + rate +
+           In("media", In(type, In("track", item("0", "50") + transition + item("50", "100")))) +
+           "</sequence></xmeml>";
+}
+
+TEST(OpenEffects, TransitionsComeBack)
+{
+    const auto wipe = [](const char* angle) {
+        return Parameter("directionofwipe", In("value", angle)) +
+               Parameter("borderwidth", In("value", "2.5"));
+    };
+    const struct {
+        const char* type;
+        const char* effect;
+        std::string parameters;
+        const char* project; // in the project
+    } rows[] = {
+        {"audio", "KGAudioTransCrossFadeExponential", "", "<MatchName>Exponential Fade<"},
+        {"video", "Edge Wipe", wipe("0"), "<Direction>4<"},
+        {"video", "Edge Wipe", wipe("350"), "<Direction>4<"},
+        {"video", "Edge Wipe", wipe("-90"), "<Direction>2<"},   // as 270
+        {"video", "Edge Wipe", wipe("-315"), "<Direction>64<"}, // as 45
+        {"video", "Edge Wipe", wipe("45"), "<BorderWidth>2.5<"},
+    };
+    for (const auto& row : rows) {
+        const std::string project =
+            Imported(DocumentOfTransition(row.type, row.effect, row.parameters));
+        EXPECT_NE(project.find(row.project), project.npos) << row.project;
+        EXPECT_NE(Imported(Exported(project)).find(row.project), project.npos) << row.project;
     }
 }
 
