@@ -22,6 +22,89 @@ constexpr std::string_view kGrayHigh = "9.97000026702880859375";
 
 using K = ParamKind;
 
+// ---- Open interchange: the two directions are inverses of each other
+//
+// A level moves its part of the tonal range, as a gain does. The lowest, the neutral and the
+// highest value of the one correspond to those of the other, and what is between them in
+// proportion:
+//
+//   gain          1     10.5    20     60    100
+//   blacklevel   -196   -98     0     127    254
+//
+// A balance is an angle and a magnitude. The angles of the two have axes that are a quarter turn
+// apart.
+
+struct Scale {
+    double low;
+    double neutral;
+    double high;
+};
+
+constexpr Scale kGain = {1, 20, 100};
+constexpr Scale kBlacks = {-196, 0, 254};
+constexpr Scale kMids = {0, 100, 200};
+constexpr Scale kHighlights = {64, 255, 509};
+
+double Convert(double value, const Scale& from, const Scale& to)
+{
+    const double inside = std::clamp(value, from.low, from.high);
+    if (inside < from.neutral)
+        return to.low + (inside - from.low) / (from.neutral - from.low) * (to.neutral - to.low);
+    return to.neutral +
+           (inside - from.neutral) / (from.high - from.neutral) * (to.high - to.neutral);
+}
+
+template <const Scale& levels>
+double LevelOfGain(double gain)
+{
+    return Convert(gain, kGain, levels);
+}
+
+template <const Scale& levels>
+double GainOfLevel(double level)
+{
+    return Convert(level, levels, kGain);
+}
+
+// 0 to 100 of a project, 0 to 200 of a document.
+double SquareOfMagnitude(double magnitude)
+{
+    const double fraction = std::clamp(magnitude / 100, 0.0, 1.0);
+    return fraction * fraction * 200;
+}
+double MagnitudeOfSquare(double square)
+{
+    return std::sqrt(std::clamp(square / 200, 0.0, 1.0)) * 100;
+}
+
+constexpr double kQuarterTurn = 90;
+
+double HueOfAngle(double angle)
+{
+    return angle + kQuarterTurn;
+}
+double AngleOfHue(double hue)
+{
+    return hue - kQuarterTurn;
+}
+
+constexpr double kTurn = 360;
+
+// The row of an angle without keyframes, which is within half a turn. Keyframes keep the turns over
+// which they move.
+ParamRow InHalfATurn(const ParamRow& angle)
+{
+    ParamRow row = angle;
+    row.toXmeml = [](double value) { return std::remainder(HueOfAngle(value), kTurn); };
+    row.fromXmeml = [](double hue) { return std::remainder(AngleOfHue(hue), kTurn); };
+    return row;
+}
+
+bool IsStillAngle(const ParamRow& row, bool hasKeyframes)
+{
+    return row.fromXmeml == AngleOfHue && !hasKeyframes;
+}
+
 } // namespace
 
 // clang-format off
@@ -51,17 +134,17 @@ constexpr ParamRow kColorCorrectorParams[kColorCorrectorParamCount] = {
     {22,  K::Separator12,   ""},
     {23,  K::Separator11,   "Three-Way Hue Balance and Angle"},
     {24,  K::WideScalar,    "Shadow Hue Angle",                  "0."},
-    {25,  K::Slider,        "Shadow Balance Magnitude",          "0.",   "0.",      "100.",  {"b_mag", "Magnitude", "0", "200"}, 0, false},
-    {26,  K::Slider,        "Shadow Balance Gain",               "20.",  "1.",      "100.",  {"blacklevel", "Level", "-196", "254"}, 0, false},
-    {27,  K::WideScalar,    "Shadow Balance Angle",              "0.",   "",       "",  {"b_hue", "Angle", "-180", "180"}, 0, false},
+    {25,  K::Slider,        "Shadow Balance Magnitude",          "0.",   "0.",      "100.",  {"b_mag", "Magnitude", "0", "200"}, 0, false, SquareOfMagnitude, MagnitudeOfSquare},
+    {26,  K::Slider,        "Shadow Balance Gain",               "20.",  "1.",      "100.",  {"blacklevel", "Level", "-196", "254"}, 0, false, LevelOfGain<kBlacks>, GainOfLevel<kBlacks>},
+    {27,  K::WideScalar,    "Shadow Balance Angle",              "0.",   "",       "",  {"b_hue", "Angle", "-180", "180"}, 0, false, HueOfAngle, AngleOfHue},
     {28,  K::WideScalar,    "Midtone Hue Angle",                 "0."},
-    {29,  K::Slider,        "Midtone Balance Magnitude",         "0.",   "0.",      "100.",  {"m_mag", "Magnitude", "0", "200"}, 0, false},
-    {30,  K::Slider,        "Midtone Balance Gain",              "20.",  "1.",      "100.",  {"mids", "Level", "0", "200"}, 0, false},
-    {31,  K::WideScalar,    "Midtone Balance Angle",             "0.",   "",       "",  {"m_hue", "Angle", "-180", "180"}, 0, false},
+    {29,  K::Slider,        "Midtone Balance Magnitude",         "0.",   "0.",      "100.",  {"m_mag", "Magnitude", "0", "200"}, 0, false, SquareOfMagnitude, MagnitudeOfSquare},
+    {30,  K::Slider,        "Midtone Balance Gain",              "20.",  "1.",      "100.",  {"mids", "Level", "0", "200"}, 0, false, LevelOfGain<kMids>, GainOfLevel<kMids>},
+    {31,  K::WideScalar,    "Midtone Balance Angle",             "0.",   "",       "",  {"m_hue", "Angle", "-180", "180"}, 0, false, HueOfAngle, AngleOfHue},
     {32,  K::WideScalar,    "Highlight Hue Angle",               "0."},
-    {33,  K::Slider,        "Highlight Balance Magnitude",       "0.",   "0.",      "100.",  {"h_mag", "Magnitude", "0", "200"}, 0, false},
-    {34,  K::Slider,        "Highlight Balance Gain",            "20.",  "1.",      "100.",  {"highlights", "Level", "64", "509"}, 0, false},
-    {35,  K::WideScalar,    "Highlight Balance Angle",           "0.",   "",       "",  {"h_hue", "Angle", "-180", "180"}, 0, false},
+    {33,  K::Slider,        "Highlight Balance Magnitude",       "0.",   "0.",      "100.",  {"h_mag", "Magnitude", "0", "200"}, 0, false, SquareOfMagnitude, MagnitudeOfSquare},
+    {34,  K::Slider,        "Highlight Balance Gain",            "20.",  "1.",      "100.",  {"highlights", "Level", "64", "509"}, 0, false, LevelOfGain<kHighlights>, GainOfLevel<kHighlights>},
+    {35,  K::WideScalar,    "Highlight Balance Angle",           "0.",   "",       "",  {"h_hue", "Angle", "-180", "180"}, 0, false, HueOfAngle, AngleOfHue},
     {36,  K::Separator12,   ""},
     {37,  K::Slider,        "Master Saturation",                 "100.", "0.",      "200.",  {"chroma", "Saturation", "0", "200"}, 0, false},
     {38,  K::Slider,        "Shadow Saturation",                 "100.", "0.",      "200."},
@@ -165,6 +248,8 @@ constexpr ParamRow kColorCorrectorParams[kColorCorrectorParamCount] = {
 // clang-format on
 
 namespace {
+
+// ---- To the letter, where the two directions are not inverses
 
 // How a parameter of a document becomes that of a project.
 enum class Rule {
@@ -318,7 +403,6 @@ std::string Lerp(double x, const ParamRow& row)
 // The row's value from `parameter`, which may be null. It may lie beyond the bounds.
 std::string DerivedValue(const ParamRow& row, ConstHandle parameter)
 {
-    constexpr double kQuarterTurn = 90;
     const std::string_view value = StaticValue(parameter, {});
     if (value.empty())
         return std::string(row.value);
@@ -347,14 +431,33 @@ void AddDisplayMode(Document& document, ObjectHandle effect)
     AddParameter(document, kDisplayMode, kDisplayMode.value, effect).AddChild(list);
 }
 
-void AddDocumentRow(Document& document, const DocumentRow& row, ConstHandle component,
+// In open interchange.
+ObjectHandle MakeOpenParam(const EffectContext& context, const ParamRow& row, ConstHandle effect)
+{
+    const ConstHandle parameter = row.xmeml.id.empty() ? FindCarried(context, row, effect)
+                                                       : FindParameter(effect, row.xmeml.id);
+    const bool isStill = IsStillAngle(row, HasKeyframes(parameter));
+    return MakeRowParam(context, isStill ? InHalfATurn(row) : row, parameter);
+}
+
+void AddOpenParameter(const EffectContext& context, const ParamRow& row, ConstHandle component,
+                      ObjectHandle effect)
+{
+    const bool isStill = IsStillAngle(row, HasValue(ParamOfRow(component, row), "Keyframes"));
+    AddRowParameter(context, isStill ? InHalfATurn(row) : row, component, effect);
+}
+
+void AddDocumentRow(const EffectContext& context, const DocumentRow& row, ConstHandle component,
                     ObjectHandle effect)
 {
+    Document& document = context.document;
     if (row.id == 0) {
         AddParameter(document, row.constant, row.constant.value, effect);
         return;
     }
     const ParamRow& param = kColorCorrectorParams[row.id - 1];
+    if (context.openInterchange)
+        return AddOpenParameter(context, param, component, effect);
     const double value = StartNumber(ParamOfRow(component, param), ParseDouble(param.value));
     AddParameter(document, param.xmeml, NumberText(row.toXmeml(FractionInProject(param, value))),
                  effect);
@@ -365,8 +468,13 @@ void AddDocumentRow(Document& document, const DocumentRow& row, ConstHandle comp
 bool ColorCorrectorToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
                              Components& components)
 {
+    context.AddIssue(ImportIssue::ThreeWayApproximation, EffectName(effect));
     const ObjectHandle component = MakeFilterComponent(context.document, row.project, effect);
     for (const ParamRow& param : kColorCorrectorParams) {
+        if (context.openInterchange) {
+            component.AddChild("Param", MakeOpenParam(context, param, effect));
+            continue;
+        }
         const ConstHandle parameter =
             param.xmeml.id.empty() ? ConstHandle() : FindParameter(effect, param.xmeml.id);
         component.AddChild("Param", MakeParam(context.document, param.kind,
@@ -378,7 +486,6 @@ bool ColorCorrectorToProject(const EffectContext& context, const EffectRow& row,
                                                .control = param.control}));
     }
     components.push_back(component);
-    context.AddIssue(ImportIssue::ThreeWayApproximation, EffectName(effect));
     return true;
 }
 
@@ -388,7 +495,8 @@ void ColorCorrectorToXmeml(const EffectContext& context, const EffectRow& row,
     WriteEffectHead(row.xmeml, effect);
     AddDisplayMode(context.document, effect);
     for (const DocumentRow& param : kDocumentRows)
-        AddDocumentRow(context.document, param, component, effect);
+        AddDocumentRow(context, param, component, effect);
+    AddAllCarried(context, row, component, effect);
 }
 
 } // namespace XPJ

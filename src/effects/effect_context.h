@@ -51,6 +51,9 @@ struct EffectContext {
     double decodedWidthRatio = 1.0;
     double decodedHeightRatio = 1.0;
     LookFiles* lookFiles = nullptr; // null: looks that name a file count as missing
+    // Settings::openInterchange: the two directions are inverses of each other. Never of an audio
+    // hand-off.
+    bool openInterchange = false;
     // Of an export.
     bool isHandOff = false; // the document is an audio hand-off
     bool exportTransformEffect = false;

@@ -6,6 +6,7 @@
 #include "project/accessors.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace XPJ {
 
@@ -35,16 +36,52 @@ ObjectHandle AddPoint(const EffectContext& context, const ParamRow& row, ConstHa
     return parameter;
 }
 
+// A whole number of a document, of which a project keeps six digits of another scale.
+double WithoutNoise(double number)
+{
+    constexpr double kNoise = 6e-4;
+    const double whole = std::round(number);
+    return std::abs(number - whole) < kNoise ? whole : number;
+}
+
 ObjectHandle AddNumber(const EffectContext& context, const ParamRow& row, ConstHandle param,
                        ObjectHandle effect)
 {
+    const bool isInverse = context.openInterchange && row.fromXmeml;
+    const auto map = [&](double number) {
+        const double mapped = row.toXmeml ? row.toXmeml(number) : number;
+        return isInverse ? WithoutNoise(mapped) : mapped;
+    };
     const double number = StartNumber(param, ParseDouble(row.value));
     const ObjectHandle parameter =
-        AddParameter(context.document, row.xmeml,
-                     NumberText(row.toXmeml ? row.toXmeml(number) : number), effect);
+        AddParameter(context.document, row.xmeml, NumberText(map(number)), effect);
     WriteKeyframes(context.document, parameter, param.GetProperty("Keyframes"), context.frameTicks,
-                   row.toXmeml);
+                   map);
     return parameter;
+}
+
+// ---- Parameters that documents do not have
+
+std::string CarriedId(const ParamRow& row)
+{
+    return "vela" + IntToString(row.id);
+}
+
+// "20." and "20.00" as "20"; other texts as they are.
+std::string_view WithoutZeros(std::string_view text)
+{
+    const std::size_t point = text.find('.');
+    return point != text.npos && text.find_first_not_of('0', point + 1) == text.npos
+               ? text.substr(0, point)
+               : text;
+}
+
+bool IsDefault(const ParamRow& row, std::string_view text)
+{
+    const std::string_view value = WithoutZeros(text);
+    const std::string_view missing = WithoutZeros(row.value);
+    return value.empty() || value == missing ||
+           (missing.empty() && (value == "0" || value == "false"));
 }
 
 // ---- Neutral values
@@ -106,8 +143,9 @@ bool ParamsToProject(const EffectContext& context, const EffectRow& row, ConstHa
     const ObjectHandle component = MakeFilterComponent(context.document, row.project, effect);
     for (const ParamRow& param : row.params)
         if (param.id != 0) {
-            const ConstHandle parameter =
-                param.xmeml.id.empty() ? ConstHandle() : FindParameter(effect, param.xmeml.id);
+            const ConstHandle parameter = param.xmeml.id.empty()
+                                              ? FindCarried(context, param, effect)
+                                              : FindParameter(effect, param.xmeml.id);
             component.AddChild("Param", MakeRowParam(context, param, parameter));
         }
     components.push_back(component);
@@ -123,20 +161,26 @@ void ParamsToXmeml(const EffectContext& context, const EffectRow& row, ConstHand
             AddRowParameter(context, param, component, effect);
         else if (!param.xmeml.value.empty())
             AddParameter(context.document, param.xmeml, param.xmeml.value, effect);
+    AddAllCarried(context, row, component, effect);
 }
 
 ObjectHandle MakeRowParam(const EffectContext& context, const ParamRow& row, ConstHandle parameter)
 {
     if (row.kind == ParamKind::Point)
         return MakePointParam(context, row, parameter);
+    const bool isMapped = context.openInterchange && row.fromXmeml;
+    std::string value(StaticValue(parameter, {}));
+    if (isMapped && !value.empty())
+        value = NumberText(row.fromXmeml(ParseDouble(value)));
     const ObjectHandle param = MakeParam(context.document, row.kind,
                                          {.name = row.name,
                                           .id = row.id,
-                                          .value = StaticValue(parameter, row.value),
+                                          .value = value.empty() ? row.value : value,
                                           .lower = row.lower,
                                           .upper = row.upper,
                                           .control = row.control});
-    SetKeyframes(param, ScalarKeyframes(parameter, context.frameTicks));
+    SetKeyframes(param, isMapped ? MappedKeyframes(parameter, context.frameTicks, row.fromXmeml)
+                                 : ScalarKeyframes(parameter, context.frameTicks));
     return param;
 }
 
@@ -161,6 +205,39 @@ ObjectHandle AddParameter(Document& document, const XmemlParam& param, std::stri
         {.id = param.id, .name = param.name, .min = param.min, .max = param.max, .value = value});
 }
 
+ConstHandle FindCarried(const EffectContext& context, const ParamRow& row, ConstHandle effect)
+{
+    return context.openInterchange ? FindParameter(effect, CarriedId(row)) : ConstHandle();
+}
+
+void AddCarried(const EffectContext& context, const ParamRow& row, ConstHandle param,
+                ObjectHandle effect)
+{
+    const std::string_view value = StartText(param);
+    const std::string_view keyframes = param.GetProperty("Keyframes");
+    if (!context.openInterchange || (keyframes.empty() && IsDefault(row, value)))
+        return;
+    const std::string id = CarriedId(row);
+    const ObjectHandle parameter =
+        AddParameter(context.document, effect, {.id = id, .name = row.name, .value = value});
+    for (const KeyframeRecord& record : ParseKeyframes(keyframes))
+        AddKeyframe(context.document, parameter, DivTicks(record.time, context.frameTicks),
+                    record.value);
+}
+
+void AddAllCarried(const EffectContext& context, const EffectRow& row, ConstHandle component,
+                   ObjectHandle effect)
+{
+    if (!context.openInterchange)
+        return;
+    for (const ConstHandle param : ParamsOf(component)) {
+        const auto found =
+            std::ranges::find(row.params, IntProperty(param, "ParameterID"), &ParamRow::id);
+        if (found != row.params.end() && found->id != 0 && found->xmeml.id.empty())
+            AddCarried(context, *found, param, effect);
+    }
+}
+
 Point FromCenter(const Point& point)
 {
     return {point.horiz - kFrameCenter.horiz, point.vert - kFrameCenter.vert};
@@ -177,6 +254,11 @@ bool IsNeutral(std::span<const ParamRow> rows, ConstHandle effect, std::string_v
             return false;
     }
     return true;
+}
+
+bool IsReturning(const EffectContext& context, ConstHandle effect)
+{
+    return context.openInterchange && HasValue(effect, "velaBypass");
 }
 
 bool DropNeutral(const EffectContext& /*context*/, const EffectRow& row, ConstHandle effect,

@@ -50,6 +50,8 @@ struct ParamRow {
     int control = 0; // of a choice
     bool animates = true;
     double (*toXmeml)(double) = nullptr; // null: the same number
+    // The inverse of `toXmeml`, by which an import in open interchange reads the number.
+    double (*fromXmeml)(double) = nullptr;
     // The values in projects at which it changes nothing, separated by blanks. Stated for effects
     // that editors write for every clip, also for those that nobody touched.
     std::string_view neutral = {};
@@ -69,7 +71,12 @@ const ParamRow* FindParamRow(std::span<const ParamRow> rows, std::string_view pa
 enum class Outcome { CarriedOver, Approximated, Dropped };
 
 // Whether an export writes the effect.
-enum class Exported { Always, WithIssue, BehindSetting };
+enum class Exported {
+    Always,
+    WithIssue,
+    InOpenInterchange,
+    BehindSetting, // EffectContext::exportTransformEffect, and in open interchange
+};
 
 struct EffectRow;
 using Components = std::vector<ObjectHandle>;
@@ -114,6 +121,19 @@ ObjectHandle AddRowParameter(const EffectContext& context, const ParamRow& row,
 ObjectHandle AddParameter(Document& document, const XmemlParam& param, std::string_view value,
                           ObjectHandle effect);
 
+// ---- Parameters that documents do not have
+//
+// In open interchange they are carried under an id of their own, "vela3" for `ParameterID` 3, where
+// they don't have the value that an import gives them anyway. Other programs pass over them.
+
+// The carried `parameter`; null without one.
+ConstHandle FindCarried(const EffectContext& context, const ParamRow& row, ConstHandle effect);
+void AddCarried(const EffectContext& context, const ParamRow& row, ConstHandle param,
+                ObjectHandle effect);
+// All those of a component.
+void AddAllCarried(const EffectContext& context, const EffectRow& row, ConstHandle component,
+                   ObjectHandle effect);
+
 // A point of a project as seen from the center of the frame, from which documents count.
 Point FromCenter(const Point& point);
 
@@ -123,6 +143,10 @@ Point FromCenter(const Point& point);
 // these are, changes nothing. What is animated is in use. `ignored` is a `parameterid` whose value
 // may be any.
 bool IsNeutral(std::span<const ParamRow> rows, ConstHandle effect, std::string_view ignored = {});
+
+// True in open interchange for an effect that this system wrote, whose user added it: it comes back
+// also where it is neutral.
+bool IsReturning(const EffectContext& context, ConstHandle effect);
 
 // Translates an effect that projects do not have: nothing is lost at its defaults.
 bool DropNeutral(const EffectContext& context, const EffectRow& row, ConstHandle effect,

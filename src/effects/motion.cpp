@@ -67,6 +67,31 @@ struct Position {
     AnchorAndPosition keyframes;
 };
 
+// A center without keyframes, with one beside each keyframe of the anchor point: the clip moves
+// with its anchor.
+ObjectHandle HeldCenter(const EffectContext& context, ConstHandle center, ConstHandle centerOffset)
+{
+    const Point point = StaticPoint(center);
+    const ObjectHandle held = context.document.NewObject("parameter");
+    for (const ConstHandle child : centerOffset.GetChildren())
+        if (child.GetName() == "keyframe")
+            AddPointKeyframe(context.document, held, Int64Property(child, "when"), point);
+        else if (child.GetName() == "value")
+            AddPointValue(context.document, held, point);
+    return held;
+}
+
+// True for keyframes that all are at one position, but for what six digits lose.
+bool AreAllAt(std::string_view position, std::string_view keyframes)
+{
+    constexpr double kNoise = 1e-5;
+    const Point point = ParsePoint(position, {});
+    return std::ranges::all_of(ParseKeyframes(keyframes), [&](const KeyframeRecord& record) {
+        return std::abs(record.GetPoint().horiz - point.horiz) < kNoise &&
+               std::abs(record.GetPoint().vert - point.vert) < kNoise;
+    });
+}
+
 Position PositionOf(const EffectContext& context, ConstHandle effect)
 {
     const double horizontal = context.HorizontalRatio();
@@ -83,8 +108,14 @@ Position PositionOf(const EffectContext& context, ConstHandle effect)
     if (centerOffset) {
         result.anchor =
             PointText({offset.horiz + kFrameCenter.horiz, offset.vert + kFrameCenter.vert});
-        result.keyframes =
-            PairedPointKeyframes(centerOffset, center, context.frameTicks, horizontal, vertical);
+        const bool isHeld = context.openInterchange && center && HasKeyframes(centerOffset) &&
+                            !HasKeyframes(center);
+        result.keyframes = PairedPointKeyframes(
+            centerOffset, isHeld ? HeldCenter(context, center, centerOffset) : center,
+            context.frameTicks, horizontal, vertical);
+        if (context.openInterchange && !result.keyframes.anchor.empty() &&
+            AreAllAt(result.position, result.keyframes.position))
+            result.keyframes.position.clear();
     } else {
         result.keyframes.position =
             PointKeyframes(center, context.frameTicks, horizontal, vertical);
@@ -177,6 +208,11 @@ void AddCenter(const EffectContext& context, ConstHandle component, const FrameF
 
     const std::vector<KeyframeRecord> moves = ParseKeyframes(position.GetProperty("Keyframes"));
     const std::vector<KeyframeRecord> anchors = ParseKeyframes(anchor.GetProperty("Keyframes"));
+    if (context.openInterchange && moves.empty())
+        for (const KeyframeRecord& record : anchors)
+            AddPointKeyframe(
+                context.document, parameter, DivTicks(record.time, context.frameTicks),
+                center(StartPoint(position, kFrameCenter), FromCenter(record.GetPoint())));
     const bool inStep = moves.size() == anchors.size();
     for (std::size_t i = 0; i < moves.size(); ++i)
         MarkHeld(moves[i],
@@ -211,8 +247,11 @@ ScaleFactors ScaleFactorsOf(const EffectContext& context, ConstHandle distort)
         factors.y *= ratio;
     factors.x *= context.decodedWidthRatio;
     factors.y *= context.decodedHeightRatio;
-    SnapToOne(factors.x);
-    SnapToOne(factors.y);
+    // Between equal pixels a stretch is meant as it is stated.
+    if (!context.openInterchange || ratio != 1) {
+        SnapToOne(factors.x);
+        SnapToOne(factors.y);
+    }
     if (ratio > 1) {
         factors.x /= ratio;
         factors.y /= ratio;
@@ -227,6 +266,10 @@ ObjectHandle TranslateMotion(const EffectContext& context, ConstHandle source, C
         return {};
     Document& document = context.document;
     const ObjectHandle component = MakeIntrinsicComponent(document, kMotion.project);
+    if (context.openInterchange) {
+        CopyBypass(source, component);
+        CopyExpanded(source, component);
+    }
     const Position position = PositionOf(context, source);
     const bool uniform = IsUniform(factors, static_cast<bool>(SourceOf(kScale, source)));
     const auto add = [component](ObjectHandle param) { component.AddChild("Param", param); };
@@ -266,7 +309,7 @@ Basic3D TranslateBasic3D(const EffectContext& context, ConstHandle effect)
     for (const std::string_view id : {"s", "center", "rz"})
         result.isMotionSource |= static_cast<bool>(FindParameter(effect, id));
     Components components;
-    if (Turns(effect, "rx") || Turns(effect, "ry")) {
+    if (Turns(effect, "rx") || Turns(effect, "ry") || IsReturning(context, effect)) {
         ParamsToProject(context, kBasic3D, effect, components);
         result.component = components.front();
     }

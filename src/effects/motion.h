@@ -55,8 +55,8 @@ double MotionToXmeml(const EffectContext& context, ConstHandle component, Object
 // center and rotation go to the Motion of the item.
 // clang-format off
 inline constexpr ParamRow kBasic3DParams[] = {
-    {1, ParamKind::Scalar,   "Swivel",             "0",     "-32768",  "32767",  {.id = "ry", .neutral = "0"}},
-    {2, ParamKind::Scalar,   "Tilt",               "0",     "-32768",  "32767",  {.id = "rx", .neutral = "0"}},
+    {1, ParamKind::Scalar,   "Swivel",             "0",     "-32768",  "32767",  {"ry", "Y Axis Rotation", "-360", "360", "", "0"}},
+    {2, ParamKind::Scalar,   "Tilt",               "0",     "-32768",  "32767",  {"rx", "X Axis Rotation", "-360", "360", "", "0"}},
     {3, ParamKind::Scalar,   "Distance to Image",  "0.0",   "-30000.", "30000."},
     {4, ParamKind::CheckBox, "Specular Highlight", "false"},
     {5, ParamKind::CheckBox, "Preview",            "false"},
@@ -67,12 +67,12 @@ inline constexpr ParamRow kBasic3DParams[] = {
 // clang-format on
 
 inline constexpr EffectRow kBasic3D = {
-    .xmeml = {.id = "Basic 3D", .name = "Basic 3D"},
+    .xmeml = {"Basic 3D", "Basic 3D", "Perspective"},
     .project = {"KX.ORRN Basic 3D", "Basic 3D"},
     .note = "scale, centre and rotation go to Motion",
     .params = kBasic3DParams,
     .toProject = nullptr, // by the chain, which knows the Motion
-    .toXmeml = nullptr,
+    .exported = Exported::InOpenInterchange,
 };
 
 struct Basic3D {

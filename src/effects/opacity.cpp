@@ -55,6 +55,24 @@ void AddAmount(const EffectContext& context, ConstHandle effect, ObjectHandle co
     component.AddChild("Param", param);
 }
 
+// A mode that documents don't know, as AddCarriedMode wrote it; false without one.
+bool TakeCarriedMode(const EffectContext& context, ConstHandle effect, ObjectHandle component)
+{
+    const ConstHandle first = FindCarried(context, kFirstMode, effect);
+    if (!first)
+        return false;
+    component.AddChild("Param", MakeRowParam(context, kFirstMode, first));
+    component.AddChild(
+        "Param", MakeRowParam(context, kSecondMode, FindCarried(context, kSecondMode, effect)));
+    return true;
+}
+
+void AddCarriedMode(const EffectContext& context, ConstHandle component, ObjectHandle effect)
+{
+    for (const ParamRow* const row : {&kFirstMode, &kSecondMode})
+        AddCarried(context, *row, ParamOfRow(component, *row), effect);
+}
+
 void AddBlendMode(const EffectContext& context, std::string_view compositeMode,
                   ObjectHandle component)
 {
@@ -95,7 +113,8 @@ ObjectHandle TranslateOpacity(const EffectContext& context, ConstHandle effect,
     CopyBypass(effect, component);
     CopyExpanded(effect, component);
     AddAmount(context, effect, component);
-    AddBlendMode(context, compositeMode, component);
+    if (!compositeMode.empty() || !TakeCarriedMode(context, effect, component))
+        AddBlendMode(context, compositeMode, component);
     return component;
 }
 
@@ -107,9 +126,12 @@ void OpacityToXmeml(const EffectContext& context, ConstHandle component, ObjectH
     const std::optional<std::string_view> mode = CompositeModeOf(component);
     if (!mode)
         return;
-    item.SetPropertyShared("compositemode", *mode);
-    if (mode->empty())
+    if (!mode->empty() || !context.openInterchange)
+        item.SetPropertyShared("compositemode", *mode);
+    if (mode->empty()) {
         context.AddIssue(ExportIssue::CompositeModeNotSupported);
+        AddCarriedMode(context, component, effect);
+    }
 }
 
 } // namespace XPJ

@@ -19,6 +19,7 @@ inline constexpr ParamRow kOpacityParams[] = {
     {.id = 2,
      .kind = ParamKind::Choice,
      .name = "Blend Mode",
+     .value = "18",
      .lower = "0",
      .upper = "24",
      .xmeml = {.id = "compositemode"}, // of the item

@@ -172,15 +172,30 @@ int DirectionOfAngle(std::int64_t degrees)
     return isKnown ? kWipeDirections[sector] : kOtherwise;
 }
 
-void SetWipe(ConstHandle effect, ObjectHandle transition)
+int NearestDirection(std::int64_t degrees)
 {
-    if (const ConstHandle width = FindParameter(effect, kBorderWidth.id))
-        transition.SetProperty("BorderWidth", IntToString(ParseInt64(StaticValue(width, {}))));
+    constexpr int kTurn = 360;
+    const std::int64_t angle = (degrees % kTurn + kTurn + kWipeStep / 2) % kTurn;
+    return kWipeDirections[angle / kWipeStep];
+}
+
+// In open interchange angles of any turn count, and borders keep their fractions.
+void SetWipe(const EffectContext& context, ConstHandle effect, ObjectHandle transition)
+{
+    if (const ConstHandle width = FindParameter(effect, kBorderWidth.id)) {
+        const std::string_view text = StaticValue(width, {});
+        transition.SetProperty("BorderWidth", context.openInterchange
+                                                  ? NumberText(ParseDouble(text))
+                                                  : IntToString(ParseInt64(text)));
+    }
     if (const ConstHandle color = FindParameter(effect, kBorderColor.id))
         transition.SetProperty("BorderColor", ColorText(ColorValue(color)));
-    if (const ConstHandle angle = FindParameter(effect, kDirection.id))
+    if (const ConstHandle angle = FindParameter(effect, kDirection.id)) {
+        const std::int64_t degrees = ParseInt64(StaticValue(angle, {}));
         transition.SetProperty("Direction",
-                               IntToString(DirectionOfAngle(ParseInt64(StaticValue(angle, {})))));
+                               IntToString(context.openInterchange ? NearestDirection(degrees)
+                                                                   : DirectionOfAngle(degrees)));
+    }
 }
 
 // The part of the run that the transition takes, if it is not the whole of it.
@@ -196,7 +211,8 @@ const TransitionRow* FindWritten(const EffectContext& context, MediaType type,
                                  std::string_view matchName)
 {
     for (const TransitionRow& row : TransitionsOf(type))
-        if (row.project.match == matchName && (context.isHandOff || !row.handOffOnly))
+        if (row.project.match == matchName &&
+            (context.isHandOff || context.openInterchange || !row.handOffOnly))
             return &row;
     return nullptr;
 }
@@ -295,7 +311,7 @@ ObjectHandle MakeVideoTransition(const EffectContext& context, ConstHandle effec
     SetPercent(effect, "startratio", 0.0, transition, "StartPercent");
     SetPercent(effect, "endratio", 1.0, transition, "EndPercent");
     if (!row.params.empty())
-        SetWipe(effect, transition);
+        SetWipe(context, effect, transition);
     return transition;
 }
 

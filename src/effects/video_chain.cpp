@@ -67,7 +67,7 @@ bool TakeSpeed(ItemEffects& effects, ConstHandle effect)
 void AddBasic3D(const EffectContext& context, ConstHandle effect, Components& components,
                 ConstHandle& motionSource)
 {
-    if (IsNeutral(kBasic3D.params, effect))
+    if (IsNeutral(kBasic3D.params, effect) && !IsReturning(context, effect))
         return;
     const Basic3D basic3D = TranslateBasic3D(context, effect);
     if (basic3D.component)

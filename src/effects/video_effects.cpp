@@ -38,6 +38,22 @@ double LumaThreshold(double percent)
     return std::pow(std::max(percent, 0.0) / 100, kBend) * 200 - 100;
 }
 
+double PercentOfThreshold(double threshold)
+{
+    constexpr double kBend = 0.75;
+    return std::pow(std::max(threshold + 100, 0.0) / 200, 1 / kBend) * 100;
+}
+
+// A threshold whose stated range is another one is on the scale of a project.
+bool LumaKeyToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
+                      Components& components)
+{
+    EffectContext ofRange = context;
+    if (!(DoubleProperty(FindParameter(effect, "threshold"), "valuemin") < 0))
+        ofRange.openInterchange = false;
+    return ParamsToProject(ofRange, row, effect, components);
+}
+
 // A side that is no number is written as 0.
 bool IsNumberText(std::string_view text)
 {
@@ -48,7 +64,8 @@ bool IsNumberText(std::string_view text)
 bool CropToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
                    Components& components)
 {
-    return IsNeutral(row.params, effect) || ParamsToProject(context, row, effect, components);
+    const bool isDropped = IsNeutral(row.params, effect) && !IsReturning(context, effect);
+    return isDropped || ParamsToProject(context, row, effect, components);
 }
 
 // The sides in the order of documents, with all the digits that the project has.
@@ -63,32 +80,48 @@ void CropToXmeml(const EffectContext& context, const EffectRow& row, ConstHandle
             IsNumberText(text))
             parameter.SetProperty("value", text);
     }
+    AddAllCarried(context, row, component, effect);
 }
 
 constexpr ComponentNames kHorizontalFlip = {"VX.ORRN Horizontal Flip", "Horizontal Flip"};
 constexpr ComponentNames kVerticalFlip = {"VX.ORRN Vertical Flip", "Vertical Flip"};
 
-ObjectHandle MakeFlip(Document& document, const ComponentNames& names, ConstHandle effect)
+constexpr int kFlopHorizontal = 1;
+constexpr int kFlopVertical = 2;
+constexpr int kFlopBoth = 3;
+
+ObjectHandle MakeFlip(const EffectContext& context, const ComponentNames& names, ConstHandle effect)
 {
-    const ObjectHandle component = MakeFilterComponent(document, names, effect);
+    const ObjectHandle component = MakeFilterComponent(context.document, names, effect);
     component.SetPropertyShared("VideoFilterType", "1");
-    component.SetPropertyShared("Bypass", "false");
-    component.AddChild("Param", MakeEmptyBlob(document));
+    if (!context.openInterchange)
+        component.SetPropertyShared("Bypass", "false");
+    component.AddChild("Param", MakeEmptyBlob(context.document));
     return component;
 }
 
 bool FlopToProject(const EffectContext& context, const EffectRow& /*row*/, ConstHandle effect,
                    Components& components)
 {
-    constexpr int kHorizontal = 1;
-    constexpr int kVertical = 2;
-    constexpr int kBoth = 3;
     const int flop = ParseInt(StaticValue(FindParameter(effect, "flop"), "0"));
-    if (flop == kVertical || flop == kBoth)
-        components.push_back(MakeFlip(context.document, kVerticalFlip, effect));
-    if (flop == kHorizontal || flop == kBoth)
-        components.push_back(MakeFlip(context.document, kHorizontalFlip, effect));
-    return flop == kVertical || flop == kHorizontal || flop == kBoth;
+    if (flop == kFlopVertical || flop == kFlopBoth)
+        components.push_back(MakeFlip(context, kVerticalFlip, effect));
+    if (flop == kFlopHorizontal || flop == kFlopBoth)
+        components.push_back(MakeFlip(context, kHorizontalFlip, effect));
+    return flop == kFlopVertical || flop == kFlopHorizontal || flop == kFlopBoth;
+}
+
+constexpr XmemlEffect kFlop = {"Flop", "Flop", "Perspective"};
+constexpr XmemlParam kFlopDirection = {"flop", "Direction", "1", "3"};
+
+// Two flips leave as two effects.
+void FlipToXmeml(const EffectContext& context, const EffectRow& row, ConstHandle /*component*/,
+                 ObjectHandle effect)
+{
+    WriteEffectHead(kFlop, effect);
+    const bool isVertical = row.project.match == kVerticalFlip.match;
+    AddParameter(context.document, kFlopDirection,
+                 IntToString(isVertical ? kFlopVertical : kFlopHorizontal), effect);
 }
 
 // ---- The rows
@@ -107,7 +140,7 @@ constexpr ParamRow kGaussianBlurParams[] = {
 constexpr ParamRow kLumaKeyParams[] = {
     // The mode in which the key takes a threshold and a tolerance.
     XmemlOnly({"keymode", "Key Mode", "1", "4", "4"}),
-    {1, K::Scalar, "Threshold", "0.", "0.", "100.", {"threshold", "Threshold", "-100", "100"}, 0, true, LumaThreshold},
+    {1, K::Scalar, "Threshold", "0.", "0.", "100.", {"threshold", "Threshold", "-100", "100"}, 0, true, LumaThreshold, PercentOfThreshold},
     {2, K::Scalar, "Cutoff",    "0.", "0.", "100.", {"tolerance", "Tolerance", "0", "100"}},
 };
 
@@ -156,7 +189,7 @@ constexpr ParamRow kDropShadowParams[] = {
 };
 
 constexpr ParamRow kFlopParams[] = {
-    {.name = "Flop", .xmeml = {.id = "flop"}, .animates = false},
+    {.name = "Flop", .xmeml = kFlopDirection, .animates = false},
 };
 // clang-format on
 
@@ -186,7 +219,8 @@ constexpr EffectRow kVideoEffects[] = {
      .project = {"KX.ORRN Legacy Key Luma", "Luma Key"},
      .outcome = Approximated,
      .note = "key mode and softness are lost",
-     .params = kLumaKeyParams},
+     .params = kLumaKeyParams,
+     .toProject = LumaKeyToProject},
     {.xmeml = {.id = "Gradiva"},
      .project = {"KX.ORRN Gradiva", "Gradiva"},
      .note = "the look file or lookup table goes into the project; dropped when it can't be opened",
@@ -229,14 +263,19 @@ constexpr EffectRow kVideoEffects[] = {
      .params = kDropShadowParams,
      .toProject = DropNeutral,
      .toXmeml = nullptr},
-    {.xmeml = {.id = "Flop"},
+    {.xmeml = kFlop,
      .project = kHorizontalFlip,
      .name = "Flop",
      .note = "becomes one flip or two",
      .params = kFlopParams,
      .toProject = FlopToProject,
-     .toXmeml = nullptr},
-    {.project = kVerticalFlip, .name = "Flop", .toProject = nullptr, .toXmeml = nullptr},
+     .toXmeml = FlipToXmeml,
+     .exported = Exported::InOpenInterchange},
+    {.project = kVerticalFlip,
+     .name = "Flop",
+     .toProject = nullptr,
+     .toXmeml = FlipToXmeml,
+     .exported = Exported::InOpenInterchange},
 };
 
 const EffectRow* FindById(std::string_view effectId)
@@ -250,6 +289,17 @@ const EffectRow* FindById(std::string_view effectId)
 
 // ---- To `xmeml`
 
+bool IsWritten(const EffectContext& context, const EffectRow& row)
+{
+    if (!row.toXmeml)
+        return false;
+    if (row.exported == Exported::InOpenInterchange)
+        return context.openInterchange;
+    if (row.exported == Exported::BehindSetting)
+        return context.exportTransformEffect || context.openInterchange;
+    return true;
+}
+
 // The row by which a component is written; null for one that documents do not have.
 const EffectRow* FindWritten(const EffectContext& context, std::string_view matchName)
 {
@@ -257,10 +307,7 @@ const EffectRow* FindWritten(const EffectContext& context, std::string_view matc
         return nullptr;
     for (const EffectRow& row : kVideoEffects)
         if (row.project.match == matchName)
-            return !row.toXmeml || (row.exported == Exported::BehindSetting &&
-                                    !context.exportTransformEffect)
-                       ? nullptr
-                       : &row;
+            return IsWritten(context, row) ? &row : nullptr;
     return nullptr;
 }
 

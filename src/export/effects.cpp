@@ -15,6 +15,7 @@ EffectContext EffectContextAt(ExportContext& context, const ItemLocation& locati
             .issues = context.issues,
             .location = location,
             .frameTicks = frameTicks,
+            .openInterchange = context.options.settings.openInterchange && !context.IsHandOff(),
             .isHandOff = context.IsHandOff(),
             .exportTransformEffect = context.options.exportTransformEffect};
 }

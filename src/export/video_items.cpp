@@ -129,7 +129,7 @@ void VideoItem::TranslateGenerator()
     WriteItemHead(context, catalogs.masters, record, element);
     AddLink(record.masterClipId);
     element.AddChild(catalogs.generators.EffectOf(context, record.media, record.masterClip, chain));
-    WriteClipOptions(context.document, record, element);
+    WriteClipOptions(context, record, element);
     WriteTimes();
     WriteEffects();
     const bool hasBins = context.options.sequenceGuid == kZeroGuid;

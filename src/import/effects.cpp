@@ -107,6 +107,7 @@ EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item,
                           .location = LocationOfItem(track, item.GetProperty("name"), start)};
     context.frameTicks = FilterTicks(item, master, sequence.rates.video);
     context.lookFiles = &state.lookFiles;
+    context.openInterchange = IsOpen(state);
     if (track.type == MediaType::Video) {
         SetFrames(track, item, master, context);
     } else {
@@ -194,7 +195,8 @@ void AddMasterEffects(ImportState& state, ConstHandle element, FileElement file,
                                     .issues = state.issues,
                                     .location = location,
                                     .frameTicks = frameTicks,
-                                    .lookFiles = &state.lookFiles};
+                                    .lookFiles = &state.lookFiles,
+                                    .openInterchange = IsOpen(state)};
         AddMasterChainEffects(context, owner, chain);
     }
 }

@@ -48,6 +48,12 @@ struct ImportState {
     LinkRecords links = {};
 };
 
+// Settings::openInterchange, which an audio hand-off never follows.
+inline bool IsOpen(const ImportState& state)
+{
+    return state.options.settings.openInterchange && !state.options.sn2vlMode;
+}
+
 void AddItemIssue(const ImportState& state, const ItemLocation& location, ImportIssue kind,
                   std::string_view subject = {});
 

@@ -226,7 +226,8 @@ ObjectHandle MakeTransition(const TrackContext& context, ConstHandle item, int c
                                 .issues = sequence.state.issues,
                                 .location = std::move(location),
                                 .frameTicks = sequence.rates.video,
-                                .sampleTicks = sequence.rates.audio};
+                                .sampleTicks = sequence.rates.audio,
+                                .openInterchange = IsOpen(sequence.state)};
     const bool isVideo = context.type == MediaType::Video;
     const ConstHandle effect = item.GetChild("effect");
     const ObjectHandle result =

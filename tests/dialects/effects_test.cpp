@@ -1,0 +1,331 @@
+// Effects in open interchange: what a project has of a document, and what comes back.
+#include "dialects/dialects.h"
+#include "export/export_driver.h"
+#include "import/import_driver.h"
+#include "project/reader.h"
+#include "project/writer.h"
+#include "tree/reading.h"
+#include "xmeml/reader.h"
+#include "xmeml/writer.h"
+
+#include <sstream>
+#include <string>
+#include <string_view>
+
+#include <gtest/gtest.h>
+
+namespace XPJ {
+namespace {
+
+std::string Imported(const std::string& text)
+{
+    SilentProgress progress;
+    Document source;
+    ObjectHandle root;
+    EXPECT_EQ(ParseFCPXML(text, source, root), kReadDone);
+    ImportOptions options;
+    options.settings.openInterchange = true;
+    Document document;
+    ObjectHandle project;
+    IssueSet issues;
+    EXPECT_EQ(ImportDocument(root, options, progress, document, issues, project), kSuccess);
+    std::ostringstream output;
+    WriteProjectDocument(project, progress, output, false);
+    return output.str();
+}
+
+std::string Exported(const std::string& project)
+{
+    SilentProgress progress;
+    Document source;
+    ObjectHandle root;
+    std::istringstream input(project);
+    EXPECT_EQ(ReadProjectDocument(input, source, root), kReadDone);
+    RVX::IdCounters ids;
+    RVX::ExportOptions options;
+    options.ids = &ids;
+    options.settings.openInterchange = true;
+    Document document;
+    ObjectHandle xmeml;
+    IssueSet issues;
+    EXPECT_EQ(RVX::TranslateProjectDocument(root, options, progress, document, issues, xmeml),
+              kSuccess);
+    std::ostringstream output;
+    WriteFCPXML(xmeml, progress, false, output);
+    return output.str();
+}
+
+std::string In(std::string_view name, const std::string& content)
+{
+    return "<" + std::string(name) + ">" + content + "</" + std::string(name) + ">";
+}
+
+// A clip with one effect, which states its `effectid` and `parameters`.
+std::string DocumentOf(const std::string& effectId, const std::string& parameters)
+{
+    const std::string rate = In("rate", In("timebase", "25"));
+    const std::string frame =
+        In("samplecharacteristics",
+           In("width", "1920") + In("height", "1080") + In("pixelaspectratio", "square"));
+    const std::string file = "<file id=\"f\">" + In("name", "A.mov") + In("pathurl", "/m/A.mov") +
+                             rate + In("duration", "100") + In("media", In("video", frame)) +
+                             "</file>";
+    const std::string filter =
+        In("filter", In("effect", In("name", effectId) + In("effectid", effectId) + parameters));
+    const std::string item = "<clipitem id=\"c\">" + In("name", "A") + rate + In("start", "0") +
+                             In("end", "50") + In("in", "0") + In("out", "50") + file + filter +
+                             "</clipitem>";
+    return "<xmeml version=\"5\"><sequence id=\"s\">" + In("name", "Cut") + rate +
+           In("media", In("video", In("format", frame) + In("track", item))) +
+           "</sequence></xmeml>";
+}
+
+std::string Parameter(const std::string& id, const std::string& content)
+{
+    return In("parameter", In("parameterid", id) + content);
+}
+
+// The text between `begin` and `end`, the first one behind `from`.
+std::string Between(const std::string& text, std::string_view from, std::string_view begin,
+                    std::string_view end)
+{
+    const std::size_t start = text.find(from);
+    const std::size_t found = text.find(begin, start);
+    if (start == text.npos || found == text.npos)
+        return "none";
+    const std::size_t first = found + begin.size();
+    return text.substr(first, text.find(end, first) - first);
+}
+
+// What a project has as the start value of a parameter, by its name.
+std::string ProjectValue(const std::string& project, const std::string& name)
+{
+    std::string value;
+    for (std::size_t at = 0; (at = project.find("<Name>" + name + "</Name>", at)) != project.npos;
+         ++at) {
+        const std::size_t begin = project.rfind("<VideoComponentParam", at);
+        const std::string param =
+            project.substr(begin, project.find("</VideoComponentParam>", begin) - begin);
+        value = Between(param, "<StartKeyframe>", ",", ",");
+    }
+    return value;
+}
+
+std::string DocumentValue(const std::string& document, const std::string& id)
+{
+    return Between(document, "<parameterid>" + id + "<", "<value>", "</value>");
+}
+
+constexpr const char* kCorrector = "Color Corrector 3-way";
+
+TEST(OpenEffects, ValuesComeBack)
+{
+    const struct {
+        const char* effect;
+        const char* id;
+        const char* document; // its value
+        const char* name;     // of the parameter in the project
+        const char* project;  // its value there
+    } rows[] = {
+        // The lowest, the neutral and the highest level, and halfway between them.
+        {kCorrector, "blacklevel", "-196", "Shadow Balance Gain", "1"},
+        {kCorrector, "blacklevel", "-98", "Shadow Balance Gain", "10.5"},
+        {kCorrector, "blacklevel", "0", "Shadow Balance Gain", "20"},
+        {kCorrector, "blacklevel", "127", "Shadow Balance Gain", "60"},
+        {kCorrector, "blacklevel", "254", "Shadow Balance Gain", "100"},
+        {kCorrector, "blacklevel", "30", "Shadow Balance Gain", "29.4488"},
+        {kCorrector, "mids", "50", "Midtone Balance Gain", "10.5"},
+        {kCorrector, "mids", "100", "Midtone Balance Gain", "20"},
+        {kCorrector, "highlights", "64", "Highlight Balance Gain", "1"},
+        {kCorrector, "highlights", "255", "Highlight Balance Gain", "20"},
+        {kCorrector, "highlights", "382", "Highlight Balance Gain", "60"},
+        // A quarter turn, within half a turn.
+        {kCorrector, "b_hue", "-120", "Shadow Balance Angle", "150"},
+        {kCorrector, "m_hue", "-33", "Midtone Balance Angle", "-123"},
+        {kCorrector, "h_hue", "114.376", "Highlight Balance Angle", "24.376"},
+        {kCorrector, "h_hue", "180", "Highlight Balance Angle", "90"},
+        // 100 * sqrt(2 / 200)
+        {kCorrector, "b_mag", "2", "Shadow Balance Magnitude", "10"},
+        {kCorrector, "chroma", "112", "Master Saturation", "112"},
+        // 100 * ((threshold + 100) / 200) ^ (4 / 3)
+        {"Luma Key", "threshold", "-100", "Threshold", "0"},
+        {"Luma Key", "threshold", "0", "Threshold", "39.685"},
+        {"Luma Key", "threshold", "40", "Threshold", "62.1533"},
+        {"Luma Key", "threshold", "100", "Threshold", "100"},
+        {"Basic 3D", "ry", "35", "Swivel", "35"},
+        {"Basic 3D", "rx", "-90", "Tilt", "-90"},
+        // Parameters that documents do not have.
+        {"Basic 3D", "vela3", "12.5", "Distance to Image", "12.5"},
+        {kCorrector, "vela10", "70", "Shadow Threshold", "70"},
+        {kCorrector, "vela5", "18374827219307495424", "Black Balance", "18374827219307495424"},
+    };
+    const std::string returning = In("velaBypass", "false");
+    for (const auto& row : rows) {
+        const std::string range = In("valuemin", "-100") + In("value", row.document);
+        const std::string project =
+            Imported(DocumentOf(row.effect, returning + Parameter(row.id, range)));
+        EXPECT_EQ(ProjectValue(project, row.name), row.project) << row.id << " " << row.document;
+        const std::string document = Exported(project);
+        EXPECT_EQ(DocumentValue(document, row.id), row.document) << row.id;
+        EXPECT_EQ(ProjectValue(Imported(document), row.name), row.project) << row.id;
+    }
+}
+
+// The same scale as that of a project.
+TEST(OpenEffects, AThresholdOfAnotherRangeIsTakenAsItIs)
+{
+    const std::string threshold = In("valuemin", "0") + In("valuemax", "100") + In("value", "40");
+    EXPECT_EQ(ProjectValue(Imported(DocumentOf("Luma Key", Parameter("threshold", threshold))),
+                           "Threshold"),
+              "40");
+}
+
+// The angle moves over half a turn, by 20 degrees.
+TEST(OpenEffects, KeyframesOfACorrectorComeBack)
+{
+    const auto keyframe = [](const char* when, const char* value) {
+        return In("keyframe", In("when", when) + In("value", value));
+    };
+    const std::string hue = In("value", "170") + keyframe("0", "170") + keyframe("10", "190");
+    const std::string project = Imported(DocumentOf(kCorrector, Parameter("b_hue", hue)));
+    constexpr const char* kRecords = "<Keyframes>0,80.,0,0,0,0.166667,0,0.166667;"
+                                     "101606400000,100.,0,0,0,0.166667,0,0.166667;</Keyframes>";
+    EXPECT_NE(project.find(kRecords), project.npos);
+    EXPECT_NE(Imported(Exported(project)).find(kRecords), project.npos);
+}
+
+TEST(OpenEffects, NoneIsLost)
+{
+    const std::string returning = In("velaBypass", "true");
+    const struct {
+        const char* effect;
+        std::string parameters;
+        const char* matchNames; // in the project, in the order of the chain
+    } rows[] = {
+        {"Flop", Parameter("flop", In("value", "1")), "VX.ORRN Horizontal Flip "},
+        {"Flop", Parameter("flop", In("value", "2")) + returning, "VX.ORRN Vertical Flip "},
+        {"Flop", Parameter("flop", In("value", "3")),
+         "VX.ORRN Vertical Flip VX.ORRN Horizontal Flip "},
+        {"Basic 3D", Parameter("ry", In("value", "3")), "KX.ORRN Basic 3D "},
+        {"Basic 3D", Parameter("ry", In("value", "0")) + returning, "KX.ORRN Basic 3D "},
+        {"Basic 3D", Parameter("ry", In("value", "0")), ""},
+        {"crop", Parameter("left", In("value", "0")) + returning, "KX.ORRN AECrop "},
+        {"crop", Parameter("left", In("value", "0")), ""},
+        {"Transform", Parameter("4", In("value", "-91445760000000000,55,0,0,0.,0.,0.,0.")),
+         "KX.ORRN Geometry "},
+        {"basic", Parameter("scale", In("value", "50")) + returning, "KX.ORRN Motion "},
+    };
+    const auto matchNames = [](const std::string& project) {
+        std::string names;
+        constexpr std::string_view kBegin = "<MatchName>";
+        for (std::size_t at = 0; (at = project.find(kBegin, at)) != project.npos; ++at)
+            names += Between(project.substr(at), kBegin, ">", "<") + " ";
+        return names;
+    };
+    for (const auto& row : rows) {
+        const std::string project = Imported(DocumentOf(row.effect, row.parameters));
+        EXPECT_EQ(matchNames(project), row.matchNames) << row.effect << row.parameters;
+        const bool isBypassed = row.parameters.ends_with(returning);
+        EXPECT_EQ(project.find("<Bypass>true</Bypass>") != project.npos, isBypassed) << row.effect;
+        const std::string back = Imported(Exported(project));
+        EXPECT_EQ(matchNames(back), row.matchNames) << row.effect << row.parameters;
+        EXPECT_EQ(back.find("<Bypass>true</Bypass>") != back.npos, isBypassed) << row.effect;
+    }
+}
+
+// Two clips of a track of the type, with a transition of that effect between them.
+std::string DocumentOfTransition(const std::string& type, const std::string& effectId,
+                                 const std::string& parameters)
+{
+    const std::string rate = In("rate", In("timebase", "25"));
+    const std::string file = "<file id=\"f\">" + In("name", "A.mov") + In("pathurl", "/m/A.mov") +
+                             rate + In("duration", "200") +
+                             In("media", In("video", "") + In("audio", In("channelcount", "1"))) +
+                             "</file>";
+    const auto item = [&](const std::string& start, const std::string& end) {
+        return "<clipitem id=\"c" + start + "\">" + In("name", "A") + rate + In("start", start) +
+               In("end", end) + In("in", "50") + In("out", "100") + file + "</clipitem>";
+    };
+    const std::string transition = In(
+        "transitionitem", rate + In("start", "45") + In("end", "55") + In("alignment", "center") +
+                              In("effect", In("effectid", effectId) + parameters));
+    return "<xmeml version=\"5\"><sequence id=\"s\">" + In("name", "Cut") + rate +
+           In("media", In(type, In("track", item("0", "50") + transition + item("50", "100")))) +
+           "</sequence></xmeml>";
+}
+
+TEST(OpenEffects, TransitionsComeBack)
+{
+    const auto wipe = [](const char* angle) {
+        return Parameter("directionofwipe", In("value", angle)) +
+               Parameter("borderwidth", In("value", "2.5"));
+    };
+    const struct {
+        const char* type;
+        const char* effect;
+        std::string parameters;
+        const char* project; // in the project
+    } rows[] = {
+        {"audio", "KGAudioTransCrossFadeExponential", "", "<MatchName>Exponential Fade<"},
+        {"video", "Edge Wipe", wipe("0"), "<Direction>4<"},
+        {"video", "Edge Wipe", wipe("350"), "<Direction>4<"},
+        {"video", "Edge Wipe", wipe("-90"), "<Direction>2<"},   // as 270
+        {"video", "Edge Wipe", wipe("-315"), "<Direction>64<"}, // as 45
+        {"video", "Edge Wipe", wipe("45"), "<BorderWidth>2.5<"},
+    };
+    for (const auto& row : rows) {
+        const std::string project =
+            Imported(DocumentOfTransition(row.type, row.effect, row.parameters));
+        EXPECT_NE(project.find(row.project), project.npos) << row.project;
+        EXPECT_NE(Imported(Exported(project)).find(row.project), project.npos) << row.project;
+    }
+}
+
+// A mode that documents don't know is carried beside the opacity, and without one for others.
+TEST(OpenEffects, BlendModesComeBack)
+{
+    const std::string opacity = Parameter("opacity", In("value", "50"));
+    const std::string project =
+        Imported(DocumentOf("opacity", opacity + Parameter("vela2", In("value", "0")) +
+                                           Parameter("vela3", In("value", "7"))));
+    const std::string document = Exported(project);
+    EXPECT_EQ(document.find("compositemode"), document.npos);
+    EXPECT_EQ(DocumentValue(document, "vela2"), "0");
+    EXPECT_EQ(DocumentValue(document, "vela3"), "7");
+}
+
+// 1 percent, which is less than what changes of pixels leave.
+TEST(OpenEffects, SmallStretchesComeBack)
+{
+    const std::string document =
+        Exported(Imported(DocumentOf("deformation", Parameter("aspect", In("value", "-1")))));
+    EXPECT_EQ(DocumentValue(document, "aspect"), "-1");
+}
+
+// The anchor moves by a tenth of the frame while the center stays: the position moves with it.
+TEST(OpenEffects, AnchorsMoveAlone)
+{
+    const auto point = [](const char* horiz) {
+        return In("value", In("horiz", horiz) + In("vert", "0"));
+    };
+    const std::string anchors = point("0") + In("keyframe", In("when", "0") + point("0")) +
+                                In("keyframe", In("when", "10") + point("0.1"));
+    const std::string project = Imported(DocumentOf(
+        "basic", Parameter("center", point("0.2")) + Parameter("centerOffset", anchors)));
+    EXPECT_NE(project.find("0,0.7:0.5,0,0"), project.npos);
+    EXPECT_NE(project.find("101606400000,0.8:0.5,0,0"), project.npos);
+    EXPECT_NE(project.find("101606400000,0.6:0.5,0,0"), project.npos);
+    EXPECT_NE(Imported(Exported(project)).find("101606400000,0.8:0.5,0,0"), project.npos);
+
+    // A position that does not move while the anchor does.
+    std::string still = project;
+    const std::size_t keyframes = still.find("<Keyframes>0,0.7:0.5");
+    ASSERT_NE(keyframes, still.npos);
+    still.erase(keyframes, still.find("</Keyframes>", keyframes) + 12 - keyframes);
+    const std::string document = Exported(still);
+    EXPECT_NE(document.find("<horiz>0.1</horiz>"), document.npos); // 0.2 - 0.1
+    EXPECT_EQ(Imported(document).find("<Keyframes>0,0.7:0.5"), document.npos);
+}
+
+} // namespace
+} // namespace XPJ
