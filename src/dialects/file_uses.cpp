@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 
 #include <algorithm>
+#include <functional>
 #include <unordered_map>
 #include <utility>
 
@@ -14,6 +15,23 @@ class Finder {
 public:
     std::vector<FileUses> Run(const TreeParts& parts)
     {
+        Find(parts);
+        for (FileUses& uses : uses_)
+            KeepWholeDefinitions(uses.definitions);
+        return std::move(uses_);
+    }
+
+private:
+    // A use that states a name and a path defines nothing where another one says more.
+    static void KeepWholeDefinitions(std::vector<ObjectHandle>& definitions)
+    {
+        const auto isWhole = [](ObjectHandle file) { return file.HasChildren(); };
+        if (std::ranges::any_of(definitions, isWhole))
+            std::erase_if(definitions, std::not_fn(isWhole));
+    }
+
+    void Find(const TreeParts& parts)
+    {
         for (const ObjectHandle& file : parts.files)
             if (HasContent(file))
                 Of(file).definitions.push_back(file);
@@ -22,10 +40,8 @@ public:
         for (const ObjectHandle& clip : parts.clips)
             if (const ConstHandle file = clip.GetChild("file"))
                 AddElement(file, clip, {}).inBin = true;
-        return std::move(uses_);
     }
 
-private:
     // Files without an id are known by themselves alone.
     FileUses& Of(ConstHandle file)
     {

@@ -92,12 +92,16 @@ void CompleteRepeatedItems(DialectPass& pass)
         if (earlier == first.end() || earlier->second == part.item || StatesTimes(part.item))
             continue;
         const ObjectHandle whole = earlier->second;
+        bool isCompleted = false;
         for (const Name leaf : kItemLeaves)
-            if (!HasValue(part.item, leaf))
+            if (!HasValue(part.item, leaf) && HasValue(whole, leaf)) {
                 CopyProperty(whole, leaf, part.item, leaf);
+                isCompleted = true;
+            }
         if (!part.item.HasChild("rate"))
             part.item.AddChild(whole.GetChild("rate"));
-        pass.Assume(whole.GetProperty("name"));
+        if (isCompleted)
+            pass.Assume(whole.GetProperty("name"));
     }
 }
 

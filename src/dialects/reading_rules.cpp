@@ -34,7 +34,7 @@ constexpr DialectRule kReadingRules[] = {
      .does = "What it doesn't state is that of the earlier one.",
      .apply = CompleteRepeatedItems},
     // ---- Generated video
-    {.name = "slugs",
+    {.name = "gaps as slugs",
      .seen = "any editor: a gap in the cut that is an item of its own, with a file or as a "
              "generator",
      .does =

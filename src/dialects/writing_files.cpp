@@ -3,6 +3,8 @@
 //
 //   sequence 1:  file-1 whole, file-1            ->  the same
 //   sequence 2:  file-1, file-2 whole, file-1    ->  file-1 whole, file-2 whole, file-1
+//
+// Some readers look no further than an item, so its file always states its name and its path.
 #include "dialects/writing_files.h"
 
 #include <cstdint>
@@ -31,18 +33,16 @@ public:
         if (found == files_.end())
             return;
         item.RemoveChild(own);
-        if (found->second.places.insert(place).second) {
-            item.RemoveProperty("fileid");
-            item.AddChild(Whole(found->second));
-        } else {
-            item.SetPropertyShared("fileid", id);
-        }
+        item.RemoveProperty("fileid");
+        File& file = found->second;
+        item.AddChild(file.places.insert(place).second ? Whole(file) : Brief(file));
     }
 
 private:
     struct File {
         ObjectHandle original;
         ObjectHandle repeated = {};
+        ObjectHandle brief = {};
         std::unordered_set<std::uint64_t> places = {}; // where it is written whole
     };
 
@@ -53,6 +53,16 @@ private:
         if (!file.repeated)
             file.repeated = WithoutFilters(file.original);
         return file.repeated;
+    }
+
+    ObjectHandle Brief(File& file)
+    {
+        if (!file.brief) {
+            file.brief = document_.NewObject("file");
+            for (const Name name : {Name("id"), Name("name"), Name("pathurl")})
+                CopyProperty(file.original, name, file.brief, name);
+        }
+        return file.brief;
     }
 
     // Readers take the filters of the first definition, and filters may be long.

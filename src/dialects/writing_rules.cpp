@@ -21,12 +21,14 @@ constexpr DialectRule kWritingRules[] = {
      .apply = WriteSlugsAsSlugs},
     {.name = "media without a path",
      .seen = "any reader; a slug hides that media is missing",
-     .does = "An offline file with the name of the media and no `pathurl`, instead of a slug.",
+     .does = "An offline file with the name of the media, instead of a slug. Its `pathurl` is that "
+             "name; `velaOffline` marks it as no path.",
      .file = "export/files.cpp"},
     {.name = "whole files",
      .seen = "readers that take one sequence out of a document, or look no further than it",
      .does = "A `file` is written whole at its first use in each sequence, and among the clips of "
-             "bins. A repeated one has the same id, and no filters.",
+             "bins. A repeated one has the same id, and no filters. Later uses state its name and "
+             "path beside the id.",
      .apply = WriteFilesWhole},
     {.name = "one sequence",
      .seen = "readers that expect what an editor exports of one sequence",

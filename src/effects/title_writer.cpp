@@ -221,7 +221,7 @@ LegacyTitle ReadGraphicTitle(ConstHandle chain, const FrameSize& frame)
     title.frame = frame;
     const ConstHandle component = TextComponentOf(chain);
     const std::string blob =
-        DecodeBase64(RawValue(ParamOf(component, "1").GetChild("StartKeyframeValue")));
+        DecodeBase64(ParamOf(component, "1").GetProperty("StartKeyframeValue"));
     if (blob.empty())
         return title;
     const GVE::Document document(blob);

@@ -87,11 +87,21 @@ bool IsMissing(Media media)
                             path.find_first_not_of("0123456789") != path.npos);
 }
 
-void WriteSource(ExportContext& context, Media media, ObjectHandle file)
+// Readers refuse a file without a path; the one of its name is marked as none.
+void WriteNoSource(const FileStreams& source, ObjectHandle file)
 {
+    file.SetProperty("pathurl", EscapeXML(MakePathUrl("/" + UnescapeXML(NameOf(source)))));
+    file.SetPropertyShared("velaOffline", "TRUE");
+}
+
+void WriteSource(ExportContext& context, const FileStreams& source, ObjectHandle file)
+{
+    const Media media = source.media;
     const MediaKind kind = MediaKindOf(media);
-    if (context.options.settings.openInterchange && IsMissing(media))
+    if (context.options.settings.openInterchange && IsMissing(media)) {
+        WriteNoSource(source, file);
         return;
+    }
     if (kind != MediaKind::File) {
         file.SetProperty("mediaSource", GeneratedSource(context, media, kind));
         return;
@@ -171,7 +181,7 @@ FileRecord TranslateFile(ExportContext& context, const FileStreams& source)
     FileRecord file{.id = NewId(context.document, "file-", context.ids.file),
                     .element = context.document.NewObject("file")};
     file.element.SetPropertyShared("id", file.id);
-    WriteSource(context, source.media, file.element);
+    WriteSource(context, source, file.element);
     const bool isOffline = context.options.settings.openInterchange && IsMissing(source.media);
     file.element.SetProperty(
         "name", EscapeXML(isOffline ? NameOf(source) : source.media.GetProperty("Title")));

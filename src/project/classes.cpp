@@ -97,7 +97,7 @@ constexpr BodyRow kClipPart[] = {
         Reference("Source"), Reference("TimeRemapping"), Value("ClipID", kIdentity),
         Value("FrameRate"), Value("InPoint"), Value("OutPoint"), Value("PlaybackSpeed"),
         Value("PlayBackwards"), Value("InUse", kIdentity), Value("IsMulticam"),
-        Value("SelectedTrackIndex", ForOthers("multicam items are written without a source")),
+        Value("SelectedTrackIndex"),
     End("Clip"),
 };
 

@@ -221,8 +221,8 @@ constexpr XmemlField kSubclipInfo[] = {Required("startoffset"), Required("endoff
 constexpr XmemlAttribute kId[] = {Always("id")};
 
 constexpr XmemlField kFile[] = {
-    Leaf("name"), Leaf("pathurl"), Leaf("mediaSource"), Child("rate"), Leaf("duration"),
-    Child("timecode"), ChildAs("media", "media of a file"), Each("filter", Addition()),
+    Leaf("name"), Leaf("pathurl"), Leaf("velaOffline", Addition()), Leaf("mediaSource"),
+    Child("rate"), Leaf("duration"), Child("timecode"), ChildAs("media", "media of a file"), Each("filter", Addition()),
     Child("metadata", ReadOnly(kInMedia)),
     Leaf("width", ReadOnly(kInCharacteristics)), Leaf("height", ReadOnly(kInCharacteristics)),
     Leaf("pixelaspectratio", Stray(kInCharacteristics)),

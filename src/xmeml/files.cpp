@@ -150,7 +150,7 @@ std::string PathOfFile(FileElement file, std::string_view folder)
     if (!redPath.empty())
         return std::string(redPath);
     const std::string_view url = file.GetProperty("pathurl");
-    if (url.empty())
+    if (url.empty() || IsTrue(file, "velaOffline"))
         return {};
     // Decoding may bring out characters that the project's text may not hold.
     return EscapePath(PathFromUrl(UnescapeXML(url), folder));
