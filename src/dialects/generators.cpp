@@ -160,6 +160,8 @@ void ReplaceStyles(DialectPass& pass, StyleColumn from, StyleColumn to)
         for (const ObjectHandle& parameter : effect.GetChildren("parameter"))
             for (const std::string_view id : kStyleParameters)
                 if (parameter.GetProperty("parameterid") == id) {
+                    if (from == &StyleNumber::own)
+                        parameter.SetProperty("velaStyle", PlainValue(parameter));
                     ReplaceNumber(from, to, parameter);
                     for (const ObjectHandle& keyframe : parameter.GetChildren("keyframe"))
                         ReplaceNumber(from, to, keyframe);

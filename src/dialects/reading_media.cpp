@@ -111,6 +111,14 @@ void CompleteFile(DialectPass& pass, const FileUses& uses, ObjectHandle file)
         file.SetProperty("duration", IntToString(std::max<std::int64_t>(uses.lastFrame, 0)));
 }
 
+// A file without name and path is known by what shows it.
+void NameFile(const FileUses& uses)
+{
+    for (const ObjectHandle& file : uses.definitions)
+        if (!HasValue(file, "name") && !HasValue(file, "pathurl") && !HasValue(file, "mediaSource"))
+            file.SetPropertyShared("name", uses.element.GetProperty("name"));
+}
+
 // ---- Their media
 
 bool HasMedia(const FileUses& uses)
@@ -166,6 +174,7 @@ void AddMissingFiles(DialectPass& pass)
 void AddMissingMedia(DialectPass& pass)
 {
     for (FileUses& uses : FindFileUses(pass.Parts())) {
+        NameFile(uses);
         if (HasMedia(uses) || !NeedsMedia(uses))
             continue;
         if (uses.definitions.empty()) // an id that leads nowhere

@@ -58,7 +58,7 @@ constexpr DialectRule kWritingRules[] = {
      .file = "export/generators.cpp"},
     {.name = "styles of written titles",
      .seen = "the published examples: plain, bold, italic and both count from 1",
-     .does = "`fontstyle` has those numbers.",
+     .does = "`fontstyle` has those numbers; `velaStyle` beside it is that of the import.",
      .apply = WriteTitleStyles},
 
     {.name = "effects without name",

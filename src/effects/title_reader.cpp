@@ -169,9 +169,11 @@ FontStyle TitleStyle(int number, FontStyle missing)
     return number >= 0 && number < 4 ? static_cast<FontStyle>(number) : missing;
 }
 
+// Documents of this system state that number beside the one by which others count.
 FontStyle ReadStyle(ConstHandle parameter, FontStyle missing)
 {
-    const std::string_view text = StaticValue(parameter, "");
+    const std::string_view own = parameter.GetProperty("velaStyle");
+    const std::string_view text = own.empty() ? StaticValue(parameter, "") : own;
     return text.empty() ? missing : TitleStyle(ParseInt(text), missing);
 }
 

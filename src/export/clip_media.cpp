@@ -80,11 +80,10 @@ ObjectHandle TranslateGenerator(ExportContext& context, Catalogs& catalogs, Mast
     item.SetProperty("duration", duration);
     item.AddChild(WriteRate(document, frameTicks));
     WriteClipRange(context.DocumentUnit(), masterClip.MainClip(), frameTicks, item);
-    TranslateMarkers(document,
-                     {.owner = masterClip.MainClip(),
-                      .frameTicks = frameTicks,
-                      .unit = context.DocumentUnit()},
-                     item);
+    TranslateMarkers(
+        document,
+        {.owner = masterClip.MainClip(), .frameTicks = frameTicks, .unit = context.DocumentUnit()},
+        item);
     item.AddChild(catalogs.generators.EffectOf(context, media, masterClip, {}));
     TranslateMasterEffects(context, masterClip, frameTicks, item);
 

@@ -345,7 +345,7 @@ constexpr XmemlField kParameter[] = {
     Leaf("IsTimeVarying", Addition()), Leaf("ParameterControlType", Addition()),
     Leaf("LowerBound", Addition()), Leaf("UpperBound", Addition()),
     Leaf("LowerUIBound", Addition()), Leaf("UpperUIBound", Addition()),
-    Leaf("Keyframes", Addition()), Leaf("hash", Addition()),
+    Leaf("Keyframes", Addition()), Leaf("hash", Addition()), Leaf("velaStyle", Addition()),
     Leaf("value", WriteOnly("becomes a child that holds it")), Child("value"),
     Each("keyframe"),
     Child("valuelist", ForOthers("the choices of a menu; a value counts among them")),

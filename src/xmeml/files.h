@@ -71,8 +71,8 @@ FileElement FirstFileOf(const FileCatalog& files, ConstHandle element);
 // The first `clipitem` of the first video track of `media`, else of the first audio track.
 ConstHandle FirstClipItem(ConstHandle media);
 
-// Local path, escaped for the tree; empty without a `pathurl`, and for one that is marked as none. `folder` is the base of relative
-// ones, with its last separator.
+// Local path, escaped for the tree; empty without a `pathurl`, and for one that is marked as none.
+// `folder` is the base of relative ones, with its last separator.
 std::string PathOfFile(FileElement file, std::string_view folder);
 
 } // namespace XPJ

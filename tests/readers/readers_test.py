@@ -34,7 +34,11 @@ def agrees(expected, found):
 
 
 def differences(expected, found, rate):
-    """Clips that only one of two lists has, as text; times are compared in whole frames."""
+    """Clips that only one of two lists has, as text; times are compared in whole frames.
+
+    Audio of several channels is one item of a project and a clip for each channel in a document.
+    """
+    expected = list(expected)
     missing = []
     extra = [frames(clip, rate) for clip in found]
     # Those with an end first: others would take their match.
@@ -44,6 +48,8 @@ def differences(expected, found, rate):
             extra.remove(match)
         else:
             missing.append(clip)
+    channels = [frames(clip, rate) for clip in expected if clip.kind == "audio"]
+    extra = [clip for clip in extra if not any(agrees(channel, clip) for channel in channels)]
     for word, rest in (("missing", missing), ("extra", extra)):
         for (kind, start, end), count in collections.Counter(rest).items():
             yield "%s %s clip from %s to %s%s" % (word, kind, start, end,
