@@ -29,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     if (!assumptions.empty())
         std::abort();
 
-    RestateForOthers(document, root, assumptions);
+    RestateForOthers(document, root, {}, assumptions);
     SilentProgress progress;
     std::ostringstream text;
     if (WriteFCPXML(root, progress, false, text) != kWriteDone)

@@ -28,6 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         options.projectTitle = "Vela Project";
         options.outputPath = "/documents/output.xml";
         options.vl2snMode = handOff;
+        options.settings.openInterchange = isOpen;
         SilentProgress progress;
         Document document;
         IssueSet issues;
@@ -41,7 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         }
         AssumptionList assumptions;
         if (isOpen)
-            RestateForOthers(document, xmeml, assumptions);
+            RestateForOthers(document, xmeml, {}, assumptions);
         std::ostringstream text;
         if (WriteFCPXML(xmeml, progress, handOff, text) != kWriteDone)
             std::abort();

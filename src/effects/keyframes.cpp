@@ -253,13 +253,14 @@ std::string SpeedKeyframes(ConstHandle graphdict, Ticks frameTicks)
 std::string_view KeyframeField(std::string_view record, int index)
 {
     record = record.substr(0, record.find(';'));
+    std::size_t begin = 0;
     for (; index > 0; --index) {
-        const std::size_t comma = record.find(',');
+        const std::size_t comma = record.find(',', begin);
         if (comma == record.npos)
             return {};
-        record.remove_prefix(comma + 1);
+        begin = comma + 1;
     }
-    return record.substr(0, record.find(','));
+    return record.substr(begin, record.find(',', begin) - begin);
 }
 
 Point ParsePoint(std::string_view field, std::string_view nextField)
@@ -279,9 +280,10 @@ std::vector<KeyframeRecord> ParseKeyframes(std::string_view text)
 {
     std::vector<KeyframeRecord> records;
     ForEachRecord(text, [&](std::string_view record) {
-        if (const std::string_view value = KeyframeField(record, 1); !value.empty())
-            records.push_back({ParseInt64(record), value, KeyframeField(record, 2),
-                               KeyframeField(record, 2) == kHoldCode});
+        const std::string_view value = KeyframeField(record, 1);
+        const std::string_view next = KeyframeField(record, 2);
+        if (!value.empty())
+            records.push_back({ParseInt64(record), value, next, next == kHoldCode});
     });
     return records;
 }

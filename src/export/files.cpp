@@ -90,7 +90,8 @@ bool IsMissing(Media media)
 // Readers refuse a file without a path; the one of its name is marked as none.
 void WriteNoSource(const FileStreams& source, ObjectHandle file)
 {
-    file.SetProperty("pathurl", EscapeXML(MakePathUrl("/" + UnescapeXML(NameOf(source)))));
+    const std::string path = std::string("/").append(UnescapeXML(NameOf(source)));
+    file.SetProperty("pathurl", EscapeXML(MakePathUrl(path)));
     file.SetPropertyShared("velaOffline", "TRUE");
 }
 

@@ -152,6 +152,55 @@ bool CanPan(const SequenceContext& sequence, const ItemChannels& channels)
            sequence.groupType != kAdaptiveType;
 }
 
+// ---- Masters
+
+void AddMasterVideoEffects(ImportState& state, ConstHandle element, FileElement file,
+                           MasterClipHandle master)
+{
+    const ObjectHandle chain = master.GetChild("VideoComponentChain");
+    if (!chain)
+        return;
+    // The filters of a track item are its own, whichever master it brings.
+    const ConstHandle clip = element.GetName() == "clip" ? element : ConstHandle();
+    const ItemLocation location{.clip = element.GetProperty("name")};
+    const ConstHandle ownFile = file;
+    for (const ConstHandle& owner : {clip, ownFile}) {
+        const Ticks frameTicks = FilterTicks(owner, master, kNtscFrameTicks);
+        const EffectContext context{.document = state.document,
+                                    .issues = state.issues,
+                                    .location = location,
+                                    .frameTicks = frameTicks,
+                                    .lookFiles = &state.lookFiles,
+                                    .openInterchange = IsOpen(state)};
+        AddMasterChainEffects(context, owner, chain);
+    }
+}
+
+// To the letter a browser clip has no audio effects.
+void AddMasterAudioEffects(ImportState& state, ConstHandle clip, MasterClipHandle master)
+{
+    const ObjectHandle audioClip = master.AudioClip();
+    if (!IsOpen(state) || clip.GetName() != "clip" || !audioClip)
+        return;
+    for (const ConstHandle& track : FindPath(clip, {"media", "audio"}).GetChildren("track")) {
+        const ConstHandle item = track.GetChild("clipitem");
+        if (!item.HasChild("filter"))
+            continue;
+        const ItemLocation location{.clip = clip.GetProperty("name")};
+        const EffectContext context{.document = state.document,
+                                    .issues = state.issues,
+                                    .location = location,
+                                    .frameTicks = FilterTicks(item, master, kNtscFrameTicks),
+                                    .sampleTicks = Int64Property(audioClip, "FrameRate"),
+                                    .openInterchange = true};
+        const bool isStereo =
+            IsExploded(clip) && AudioKindOfFile(FileOfItem(state.files, item)).kind == kStereo;
+        const ItemAudio audio = AudioOfItem(state.files, item, isStereo ? kStereoType : kMonoType);
+        master.AddChild("AudioComponentChain", BuildAudioChain(context, audio, item));
+        return;
+    }
+}
+
 } // namespace
 
 ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item, Frames start,
@@ -182,23 +231,8 @@ void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames
 void AddMasterEffects(ImportState& state, ConstHandle element, FileElement file,
                       MasterClipHandle master)
 {
-    const ObjectHandle chain = master.GetChild("VideoComponentChain");
-    if (!chain)
-        return;
-    // The filters of a track item are its own, whichever master it brings.
-    const ConstHandle clip = element.GetName() == "clip" ? element : ConstHandle();
-    const ItemLocation location{.clip = element.GetProperty("name")};
-    const ConstHandle ownFile = file;
-    for (const ConstHandle& owner : {clip, ownFile}) {
-        const Ticks frameTicks = FilterTicks(owner, master, kNtscFrameTicks);
-        const EffectContext context{.document = state.document,
-                                    .issues = state.issues,
-                                    .location = location,
-                                    .frameTicks = frameTicks,
-                                    .lookFiles = &state.lookFiles,
-                                    .openInterchange = IsOpen(state)};
-        AddMasterChainEffects(context, owner, chain);
-    }
+    AddMasterVideoEffects(state, element, file, master);
+    AddMasterAudioEffects(state, element, master);
 }
 
 } // namespace XPJ

@@ -247,9 +247,10 @@ GeneratorResult TranslateNew(ImportState& state, const ClipItem& item, ConstHand
 void AddMasterFilters(ImportState& state, ConstHandle generator, ConstHandle owner,
                       MasterClipHandle master)
 {
+    const ItemLocation location{.clip = generator.GetProperty("name")};
     const EffectContext context{.document = state.document,
                                 .issues = state.issues,
-                                .location = {.clip = generator.GetProperty("name")},
+                                .location = location,
                                 .frameTicks = FrameTicksOf(generator),
                                 .lookFiles = &state.lookFiles};
     AddMasterChainEffects(context, FilterOwner(generator, owner),

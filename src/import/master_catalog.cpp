@@ -62,9 +62,9 @@ std::string MergeKind::Text() const
 {
     std::string text;
     if (video > 0)
-        text += "V" + IntToString(video);
+        text.append("V").append(IntToString(video));
     if (audio > 0)
-        text += "A" + IntToString(audio);
+        text.append("A").append(IntToString(audio));
     return isSubclip ? text + ",SUBCLIP" : text;
 }
 

@@ -95,7 +95,8 @@ private:
 
     void WriteTrack(const Sequence& sequence, const Track& track)
     {
-        Line(1, "{}{}{}{}", TrackText(track), track.name.empty() ? "" : " " + Quoted(track.name),
+        const std::string name = track.name.empty() ? "" : Quoted(track.name);
+        Line(1, "{}{}{}{}{}", TrackText(track), name.empty() ? "" : " ", name,
              track.enabled ? "" : "  disabled", track.locked ? "  locked" : "");
         auto transition = track.transitions.begin();
         for (const Item& item : track.items) {

@@ -196,6 +196,25 @@ TEST_F(Files, MonoAudioIsLabelled)
     EXPECT_EQ(CountOf(back, "<channellabel>discrete</channellabel>"), 2);
 }
 
+// A clip of a bin whose audio is filtered wherever it is used.
+TEST_F(Files, AudioEffectsOfBrowserClipsComeBack)
+{
+    const std::string clip =
+        "<xmeml version=\"5\"><clip id=\"c\"><name>C</name><duration>10</duration><rate>"
+        "<timebase>25</timebase></rate><media><audio><track><clipitem id=\"i\"><file id=\"f\">"
+        "<name>F</name><duration>10</duration><rate><timebase>25</timebase></rate><media><audio>"
+        "<channelcount>1</channelcount></audio></media></file><filter><effect><name>Audio Levels"
+        "</name><effectid>audiolevels</effectid><parameter><parameterid>level</parameterid><name>"
+        "Level</name><value>0.5</value></parameter></effect></filter></clipitem></track></audio>"
+        "</media></clip></xmeml>";
+    const std::string project = ToProject(clip);
+    EXPECT_TRUE(Has(project, "<AudioComponentChain ObjectRef="));
+    EXPECT_TRUE(Has(project, ",0.25,")) << project; // half the level is a quarter of the range
+    EXPECT_TRUE(Has(ToXmeml(project), "<value>0.5</value>"));
+    SetOpen(false);
+    EXPECT_FALSE(Has(ToProject(clip), ",0.25,"));
+}
+
 // A merged clip of a video file and a stereo recording.
 TEST_F(Files, AMergedClipHasBothChannelsOfAStream)
 {
