@@ -176,11 +176,15 @@ void ReadSlugsAsGenerators(DialectPass& pass)
     const SlugFiles files(pass.Parts());
     const NodeSet angles = AnglesOf(pass.Parts());
     NodeSet done;
+    bool hasChanged = false;
     for (const ItemPart& part : pass.Parts().items)
         if (!files.EffectOf(part.item).empty() && !angles.Contains(part.owner) &&
-            done.Insert(part.track))
+            done.Insert(part.track)) {
             ReplaceSlugs(pass.Nodes(), files, part.track, part.type);
-    pass.PartsChanged();
+            hasChanged = true;
+        }
+    if (hasChanged)
+        pass.PartsChanged();
 }
 
 void ReadTitleStyles(DialectPass& pass)

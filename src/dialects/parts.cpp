@@ -72,14 +72,31 @@ private:
         std::reverse(open_.begin() + static_cast<std::ptrdiff_t>(first), open_.end());
     }
 
+    // By length first: most children of an item are none of them.
     static bool IsContainer(Name name)
     {
-        for (const std::string_view container :
-             {"xmeml", "project", "children", "bin", "clip", "sequence", "media", "video", "audio",
-              "track", "clipitem", "generatoritem", "transitionitem", "multiclip", "angle", "file"})
-            if (name == container)
-                return true;
-        return false;
+        const std::string_view tag = name.View();
+        switch (tag.size()) {
+        case 3:
+            return tag == "bin";
+        case 4:
+            return tag == "file" || tag == "clip";
+        case 5:
+            return tag == "track" || tag == "video" || tag == "audio" || tag == "media" ||
+                   tag == "angle" || tag == "xmeml";
+        case 7:
+            return tag == "project";
+        case 8:
+            return tag == "clipitem" || tag == "sequence" || tag == "children";
+        case 9:
+            return tag == "multiclip";
+        case 13:
+            return tag == "generatoritem";
+        case 14:
+            return tag == "transitionitem";
+        default:
+            return false;
+        }
     }
 
     TreeParts parts_;

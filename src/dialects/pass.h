@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dialects/dialects.h"
+#include "dialects/file_uses.h"
 #include "dialects/parts.h"
 
 #include <optional>
@@ -23,12 +24,24 @@ public:
     const WritingRequest& Request() const { return request_; }
 
     // The tree's parts; a rule that adds or moves some calls `PartsChanged`.
-    void PartsChanged() { parts_.reset(); }
+    void PartsChanged()
+    {
+        parts_.reset();
+        files_.reset();
+    }
     const TreeParts& Parts()
     {
         if (!parts_)
             parts_ = FindParts(root_);
         return *parts_;
+    }
+
+    // What items and clips ask of the files, of the same parts.
+    std::vector<FileUses>& Files()
+    {
+        if (!files_)
+            files_ = FindFileUses(Parts());
+        return *files_;
     }
 
     void Run(std::span<const DialectRule> rules)
@@ -52,6 +65,7 @@ private:
     AssumptionList& assumptions_;
     WritingRequest request_;
     std::optional<TreeParts> parts_;
+    std::optional<std::vector<FileUses>> files_;
     const DialectRule* current_ = nullptr;
 };
 

@@ -2,7 +2,6 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
-#include "dialects/file_uses.h"
 #include "xmeml/flags.h"
 
 #include <algorithm>
@@ -127,7 +126,7 @@ void ReadChannels(DialectPass& pass)
         if (!HasFlag(media, "hasDiscreteStreams") && !HasFlag(media, "hasStereoPairs"))
             ReadLayouts(audios);
     }
-    for (const FileUses& uses : FindFileUses(pass.Parts()))
+    for (const FileUses& uses : pass.Files())
         for (const ObjectHandle& file : uses.definitions)
             CountChannelsOfItems(file.GetChild("media"), uses.channels);
 }

@@ -1,7 +1,6 @@
 #include "dialects/reading_formats.h"
 
 #include "core/numbers.h"
-#include "dialects/file_uses.h"
 #include "xmeml/files.h"
 #include "xmeml/rates.h"
 
@@ -211,7 +210,7 @@ void CompleteFormats(DialectPass& pass)
     Completion completion(pass);
     for (const ObjectHandle& sequence : pass.Parts().sequences)
         completion.Complete(sequence);
-    for (const FileUses& uses : FindFileUses(pass.Parts())) {
+    for (const FileUses& uses : pass.Files()) {
         CompleteFile(pass, uses);
         CompleteRate(uses);
     }

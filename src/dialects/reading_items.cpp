@@ -5,6 +5,7 @@
 #include "xmeml/flags.h"
 #include "xmeml/speed.h"
 
+#include <algorithm>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -82,8 +83,12 @@ void AddPlainEffect(DialectPass& pass, const PlainTransition& plain, ObjectHandl
 
 void CompleteRepeatedItems(DialectPass& pass)
 {
+    const auto& items = pass.Parts().items;
+    const auto isInPart = [](const ItemPart& part) { return !StatesTimes(part.item); };
+    if (std::ranges::none_of(items, isInPart))
+        return;
     std::unordered_map<std::string_view, ObjectHandle> first;
-    for (const ItemPart& part : pass.Parts().items) {
+    for (const ItemPart& part : items) {
         const std::string_view id = part.item.GetProperty("id");
         if (id.empty() || part.item.GetName() != "clipitem")
             continue;
@@ -110,6 +115,7 @@ void HoldFrames(DialectPass& pass)
     std::unordered_map<std::uint64_t, int> itemCounts; // by owner
     for (const ItemPart& part : pass.Parts().items)
         ++itemCounts[part.owner.UniqueId()];
+    bool hasChanged = false;
     for (const ItemPart& part : pass.Parts().items) {
         const ObjectHandle item = part.item;
         const bool isOnTrack = item.GetName() == "clipitem" && part.owner.GetName() == "sequence" &&
@@ -117,17 +123,19 @@ void HoldFrames(DialectPass& pass)
                                !item.HasChild("sequence");
         const bool isStill =
             itemCounts[part.owner.UniqueId()] == 1 && HasValue(item, "stillframeoffset");
-        if (!isOnTrack || isStill)
-            continue;
         const bool isFreeze = HasValue(item, "stillframeoffset");
+        if (!isOnTrack || isStill || !(isFreeze || item.HasChild("filter")))
+            continue;
         const bool isStopped = SpeedOfItem(item).isStopped;
         if (!isFreeze && !isStopped)
             continue;
+        hasChanged = true;
         Hold(pass, item, item.GetProperty(isFreeze ? Name("stillframeoffset") : Name("in")));
         if (isStopped)
             item.RemoveChild(SpeedFilter(item));
     }
-    pass.PartsChanged();
+    if (hasChanged)
+        pass.PartsChanged();
 }
 
 void CompleteTransitions(DialectPass& pass)

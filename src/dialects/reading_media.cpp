@@ -1,7 +1,6 @@
 #include "dialects/reading_media.h"
 
 #include "core/numbers.h"
-#include "dialects/file_uses.h"
 #include "xmeml/files.h"
 #include "xmeml/rates.h"
 
@@ -9,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace XPJ {
 
@@ -161,19 +161,24 @@ void AddMediaTo(DialectPass& pass, const FileUses& uses, ObjectHandle file)
 
 void AddMissingFiles(DialectPass& pass)
 {
-    AssumedFiles files(pass);
+    std::vector<ObjectHandle> empty;
     for (const ItemPart& part : pass.Parts().items)
         if (part.item.GetName() == "clipitem" && ShowsNothing(part.item))
-            files.AddTo(part.item);
+            empty.push_back(part.item);
     for (const ObjectHandle& clip : pass.Parts().clips)
         if (ShowsNothing(clip))
-            files.AddTo(clip);
+            empty.push_back(clip);
+    if (empty.empty())
+        return;
+    AssumedFiles files(pass);
+    for (const ObjectHandle& element : empty)
+        files.AddTo(element);
     pass.PartsChanged();
 }
 
 void AddMissingMedia(DialectPass& pass)
 {
-    for (FileUses& uses : FindFileUses(pass.Parts())) {
+    for (FileUses& uses : pass.Files()) {
         NameFile(uses);
         if (HasMedia(uses) || !NeedsMedia(uses))
             continue;
@@ -187,7 +192,7 @@ void AddMissingMedia(DialectPass& pass)
 
 void AddMissingHalves(DialectPass& pass)
 {
-    for (const FileUses& uses : FindFileUses(pass.Parts())) {
+    for (const FileUses& uses : pass.Files()) {
         const bool lacksVideo = uses.onVideo && !uses.Child("media").HasChild("video");
         const bool lacksAudio = uses.onAudio && !uses.Child("media").HasChild("audio");
         if (!HasMedia(uses) || !NeedsMedia(uses) || (!lacksVideo && !lacksAudio))

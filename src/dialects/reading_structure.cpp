@@ -50,17 +50,19 @@ void SetEntries(DialectPass& pass, ObjectHandle container, const std::vector<Obj
         children.AddChild(entry);
 }
 
-void TakeIn(DialectPass& pass, ObjectHandle container)
+// True when something had to be moved.
+bool TakeIn(DialectPass& pass, ObjectHandle container)
 {
     if (!HasStrays(container))
-        return;
+        return false;
     std::vector<ObjectHandle> entries;
     AddEntries(container, entries);
     SetEntries(pass, container, entries);
+    return true;
 }
 
 // One project holds all.
-void JoinProjects(DialectPass& pass)
+bool JoinProjects(DialectPass& pass)
 {
     const ObjectHandle project = pass.Root().GetChild("project");
     std::vector<ObjectHandle> entries;
@@ -73,44 +75,48 @@ void JoinProjects(DialectPass& pass)
         isAlone =
             isAlone && (child == project || !(child.GetName() == "project" || IsEntry(child)));
     }
-    if (project && !isAlone) {
-        SetEntries(pass, project, entries);
-        pass.Assume(project.GetProperty("name"));
-    }
+    if (!project || isAlone)
+        return false;
+    SetEntries(pass, project, entries);
+    pass.Assume(project.GetProperty("name"));
+    return true;
 }
 
-void CollectItems(DialectPass& pass, ObjectHandle group)
+bool CollectItems(DialectPass& pass, ObjectHandle group)
 {
     std::vector<ObjectHandle> items;
     for (const ObjectHandle& child : group.GetChildren())
         if (IsTrackItem(child))
             items.push_back(child);
     if (items.empty())
-        return;
+        return false;
     const ObjectHandle track = AddNew(pass.Nodes(), group, "track");
     for (const ObjectHandle& item : items) {
         group.RemoveChild(item);
         track.AddChild(item);
     }
     pass.Assume({});
+    return true;
 }
 
 } // namespace
 
 void TakeInStrays(DialectPass& pass)
 {
-    JoinProjects(pass);
+    bool hasChanged = JoinProjects(pass);
     for (const ObjectHandle& container : pass.Parts().bins)
         if (container.GetName() == "bin")
-            TakeIn(pass, container);
+            hasChanged = TakeIn(pass, container) || hasChanged;
     if (const ObjectHandle project = pass.Root().GetChild("project"); project.HasChild("children"))
-        TakeIn(pass, project);
+        hasChanged = TakeIn(pass, project) || hasChanged;
     for (const std::vector<ObjectHandle>* const owners :
          {&pass.Parts().sequences, &pass.Parts().clips})
         for (const ObjectHandle& owner : *owners)
             for (const Name type : {Name("video"), Name("audio")})
-                CollectItems(pass, owner.GetChild("media").GetChild(type));
-    pass.PartsChanged();
+                hasChanged =
+                    CollectItems(pass, owner.GetChild("media").GetChild(type)) || hasChanged;
+    if (hasChanged)
+        pass.PartsChanged();
 }
 
 void TakeInClipFilters(DialectPass& pass)
