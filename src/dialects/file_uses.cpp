@@ -69,7 +69,7 @@ private:
 
     void AddItem(const ItemPart& part)
     {
-        const ConstHandle file = part.item.GetChild("file");
+        const ConstHandle file = part.file;
         if (!file)
             return;
         const bool isInSequence = part.owner.GetName() == "sequence";

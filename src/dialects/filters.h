@@ -30,7 +30,8 @@ template <typename Use>
 void ForEachFilterOwner(const TreeParts& parts, const Use& use)
 {
     for (const ItemPart& part : parts.items)
-        use(part.item);
+        if (part.hasFilters)
+            use(part.item);
     for (const std::vector<ObjectHandle>* owners : {&parts.sequences, &parts.clips})
         for (const ObjectHandle& owner : *owners)
             for (const ObjectHandle& group : owner.GetChild("media").GetChildren()) {

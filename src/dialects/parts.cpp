@@ -55,8 +55,20 @@ private:
             parts_.tracks.push_back(visit.node);
         } else if (name == "clipitem" || name == "generatoritem" || name == "transitionitem") {
             parts_.items.push_back({visit.node, visit.track, visit.owner, visit.type});
+            LookInto(parts_.items.back());
         }
         PushChildren(inside);
+    }
+
+    static void LookInto(ItemPart& part)
+    {
+        for (const ObjectHandle& child : part.item.GetChildren()) {
+            const Name name = child.GetName();
+            if (name == "filter")
+                part.hasFilters = true;
+            else if (!part.file && name == "file")
+                part.file = child;
+        }
     }
 
     // In reverse, so that the first is taken first.

@@ -14,6 +14,8 @@ struct ItemPart {
     ObjectHandle track;
     ObjectHandle owner; // the `sequence` or `clip` around the track
     MediaType type = MediaType::Video;
+    ObjectHandle file = {}; // its own; null without one
+    bool hasFilters = false;
 };
 
 // Each node once, in document order, also where references lead to it from several others.

@@ -102,7 +102,7 @@ bool IsStereoFile(ConstHandle file)
 bool IsAudioOfFile(const ItemPart& part)
 {
     return part.type == MediaType::Audio && part.item.GetName() == "clipitem" &&
-           part.owner.GetName() == "sequence" && part.item.HasChild("file");
+           part.owner.GetName() == "sequence" && static_cast<bool>(part.file);
 }
 
 // Items and tracks of this system's own documents state their type.
@@ -138,14 +138,15 @@ void ShowBothChannels(DialectPass& pass)
         if (IsAudioOfFile(part)) {
             const bool isFirst =
                 Int64Property(part.item.GetChild("sourcetrack"), "trackindex") == 1;
-            const std::string_view id = part.item.GetChild("file").GetProperty("id");
+            const std::string_view id = part.file.GetProperty("id");
             bool& isAlone = showsFirstAlone.try_emplace(id, true).first->second;
             isAlone = isAlone && isFirst && !StatesType(part);
         }
     for (const ItemPart& part : pass.Parts().items) {
-        const ConstHandle file = part.item.GetChild("file");
+        const ConstHandle file = part.file;
         const std::string_view id = file.GetProperty("id");
-        if (!IsAudioOfFile(part) || id.empty() || !showsFirstAlone[id] || !IsStereoFile(file))
+        if (part.type != MediaType::Audio || !IsAudioOfFile(part) || id.empty() ||
+            !showsFirstAlone[id] || !IsStereoFile(file))
             continue;
         part.item.SetPropertyShared("velaChannelType", "stereo");
         pass.Assume(part.item.GetProperty("name"));

@@ -119,12 +119,12 @@ void HoldFrames(DialectPass& pass)
     for (const ItemPart& part : pass.Parts().items) {
         const ObjectHandle item = part.item;
         const bool isOnTrack = item.GetName() == "clipitem" && part.owner.GetName() == "sequence" &&
-                               part.type == MediaType::Video && item.HasChild("file") &&
+                               part.type == MediaType::Video && part.file &&
                                !item.HasChild("sequence");
         const bool isStill =
             itemCounts[part.owner.UniqueId()] == 1 && HasValue(item, "stillframeoffset");
         const bool isFreeze = HasValue(item, "stillframeoffset");
-        if (!isOnTrack || isStill || !(isFreeze || item.HasChild("filter")))
+        if (!isOnTrack || isStill || !(isFreeze || part.hasFilters))
             continue;
         const bool isStopped = SpeedOfItem(item).isStopped;
         if (!isFreeze && !isStopped)

@@ -163,7 +163,7 @@ void AddMissingFiles(DialectPass& pass)
 {
     std::vector<ObjectHandle> empty;
     for (const ItemPart& part : pass.Parts().items)
-        if (part.item.GetName() == "clipitem" && ShowsNothing(part.item))
+        if (!part.file && part.item.GetName() == "clipitem" && ShowsNothing(part.item))
             empty.push_back(part.item);
     for (const ObjectHandle& clip : pass.Parts().clips)
         if (ShowsNothing(clip))

@@ -74,7 +74,8 @@ void ReadDecimalCommas(DialectPass& pass)
 {
     const TreeParts& parts = pass.Parts();
     for (const ItemPart& part : parts.items)
-        RestateEffects(part.item);
+        if (part.hasFilters || part.item.GetName() == "generatoritem")
+            RestateEffects(part.item);
     for (const std::vector<ObjectHandle>* const owners :
          {&parts.sequences, &parts.clips, &parts.files, &parts.tracks})
         for (const ObjectHandle& owner : *owners)

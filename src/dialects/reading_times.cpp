@@ -69,7 +69,7 @@ void CountInFileRate(DialectPass& pass)
     for (const ItemPart& part : pass.Parts().items) {
         if (part.item.GetName() != "clipitem" || part.owner.GetName() != "sequence")
             continue;
-        const ObjectHandle file = part.item.GetChild("file");
+        const ObjectHandle file = part.file;
         const ObjectHandle rate =
             file.HasChild("rate") ? file.GetChild("rate") : rates[file.GetProperty("id")];
         if (!CountsInFileRate(ClipItem(part.item), TicksOfRate(part.owner.GetChild("rate")),
