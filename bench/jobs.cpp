@@ -152,7 +152,6 @@ std::size_t Export(const std::string& path)
     IssueSet issues;
     ObjectHandle xmeml;
     RVX::ExportOptions options;
-    options.outputPath = path + ".xml";
     Require(RVX::TranslateProjectDocument(ReadProjectFile(path, input), options, progress, output,
                                           issues, xmeml) == 0,
             "export");

@@ -26,7 +26,6 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     for (const auto [handOff, isOpen] : {Way{false, false}, Way{true, false}, Way{false, true}}) {
         RVX::ExportOptions options;
         options.projectTitle = "Vela Project";
-        options.outputPath = "/documents/output.xml";
         options.vl2snMode = handOff;
         options.settings.openInterchange = isOpen;
         SilentProgress progress;

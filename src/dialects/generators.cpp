@@ -10,6 +10,7 @@
 #include "xmeml/files.h"
 #include "xmeml/parameter_values.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -154,8 +155,10 @@ void ReplaceStyles(DialectPass& pass, StyleColumn from, StyleColumn to)
 {
     NodeSet done;
     for (const ItemPart& part : pass.Parts().items) {
+        if (part.item.GetName() != "generatoritem")
+            continue;
         const ObjectHandle effect = part.item.GetChild("effect");
-        if (part.item.GetName() != "generatoritem" || !done.Insert(effect))
+        if (!done.Insert(effect))
             continue;
         for (const ObjectHandle& parameter : effect.GetChildren("parameter"))
             for (const std::string_view id : kStyleParameters)
@@ -173,6 +176,9 @@ void ReplaceStyles(DialectPass& pass, StyleColumn from, StyleColumn to)
 
 void ReadSlugsAsGenerators(DialectPass& pass)
 {
+    const auto isSlug = [](ConstHandle file) { return FileElement(file).IsSlug(); };
+    if (std::ranges::none_of(pass.Parts().files, isSlug))
+        return;
     const SlugFiles files(pass.Parts());
     const NodeSet angles = AnglesOf(pass.Parts());
     NodeSet done;

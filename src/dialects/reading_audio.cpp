@@ -73,7 +73,7 @@ void ReadGains(DialectPass& pass)
 {
     NodeSet gainsOfClips;
     for (const ItemPart& part : pass.Parts().items) {
-        if (part.type != MediaType::Audio)
+        if (part.type != MediaType::Audio || !part.hasFilters)
             continue;
         const ObjectHandle effect = FirstGain(part.item);
         if (!HasValue(part.item, "velaGain"))

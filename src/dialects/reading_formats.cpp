@@ -51,9 +51,6 @@ class Completion {
 public:
     explicit Completion(DialectPass& pass) : pass_(pass)
     {
-        for (const ItemPart& part : pass.Parts().items)
-            if (part.owner.GetName() == "sequence" && part.item.GetName() == "clipitem")
-                items_[part.owner.UniqueId()].push_back(part.item);
         for (const ObjectHandle& file : pass.Parts().files)
             if (HasContent(file))
                 files_.Add(FileElement(file));
@@ -68,8 +65,13 @@ public:
     }
 
 private:
+    // Most documents state all, so the items are listed when some are needed.
     const std::vector<ObjectHandle>& ItemsOf(ConstHandle sequence)
     {
+        if (items_.empty())
+            for (const ItemPart& part : pass_.Parts().items)
+                if (part.owner.GetName() == "sequence" && part.item.GetName() == "clipitem")
+                    items_[part.owner.UniqueId()].push_back(part.item);
         return items_[sequence.UniqueId()];
     }
 
@@ -190,16 +192,17 @@ void CompleteRate(const FileUses& uses)
 void GatherFormats(DialectPass& pass)
 {
     const auto gather = [&pass](ConstHandle from, ObjectHandle file) {
-        const ObjectHandle video = FindPath(file, {"media", "video"});
-        if (video && StatesFormat(from))
+        if (!StatesFormat(from))
+            return;
+        if (const ObjectHandle video = FindPath(file, {"media", "video"}))
             CopyFormat(from, GetOrAddChild(pass.Nodes(), video, "samplecharacteristics"));
     };
     for (const ObjectHandle& file : pass.Parts().files)
         gather(file, file);
     for (const ItemPart& part : pass.Parts().items) {
-        gather(part.item, part.item.GetChild("file"));
+        gather(part.item, part.file);
         if (part.owner.GetName() == "clip")
-            gather(part.owner, part.item.GetChild("file"));
+            gather(part.owner, part.file);
     }
     for (const ObjectHandle& clip : pass.Parts().clips)
         gather(clip, clip.GetChild("file"));

@@ -77,6 +77,12 @@ bool JoinProjects(DialectPass& pass)
     }
     if (!project || isAlone)
         return false;
+    std::vector<ObjectHandle> joined;
+    for (const ObjectHandle& child : pass.Root().GetChildren())
+        if (child != project && (child.GetName() == "project" || IsEntry(child)))
+            joined.push_back(child);
+    for (const ObjectHandle& child : joined)
+        pass.Root().RemoveChild(child);
     SetEntries(pass, project, entries);
     pass.Assume(project.GetProperty("name"));
     return true;

@@ -62,21 +62,36 @@ bool CountsInFileRate(const ClipItem& item, Ticks sequenceTicks, Ticks fileTicks
 
 void CountInFileRate(DialectPass& pass)
 {
-    std::unordered_map<std::string_view, ObjectHandle> rates; // by id of the file
+    struct Rate {
+        ObjectHandle node;
+        Ticks ticks = 0;
+    };
+    std::unordered_map<std::string_view, Rate> rates; // by id of the file
     for (const ObjectHandle& file : pass.Parts().files)
-        if (file.HasChild("rate"))
-            rates.emplace(file.GetProperty("id"), file.GetChild("rate"));
+        if (const ObjectHandle rate = file.GetChild("rate"))
+            rates.try_emplace(file.GetProperty("id"), Rate{rate, TicksOfRate(rate)});
+    const auto rateOf = [&rates](ObjectHandle file) {
+        const std::string_view id = file.GetProperty("id");
+        if (id.empty())
+            return Rate{file.GetChild("rate"), TicksOfRate(file.GetChild("rate"))};
+        const auto found = rates.find(id);
+        return found == rates.end() ? Rate() : found->second;
+    };
+    ConstHandle sequence;
+    Ticks sequenceTicks = 0;
     for (const ItemPart& part : pass.Parts().items) {
-        if (part.item.GetName() != "clipitem" || part.owner.GetName() != "sequence")
+        if (!part.file || part.owner.GetName() != "sequence")
             continue;
-        const ObjectHandle file = part.file;
-        const ObjectHandle rate =
-            file.HasChild("rate") ? file.GetChild("rate") : rates[file.GetProperty("id")];
-        if (!CountsInFileRate(ClipItem(part.item), TicksOfRate(part.owner.GetChild("rate")),
-                              TicksOfRate(rate)))
+        if (sequence != part.owner) { // items come sequence by sequence
+            sequence = part.owner;
+            sequenceTicks = TicksOfRate(sequence.GetChild("rate"));
+        }
+        const Rate rate = rateOf(part.file);
+        if (rate.ticks == 0 || rate.ticks == sequenceTicks ||
+            !CountsInFileRate(ClipItem(part.item), sequenceTicks, rate.ticks))
             continue;
         part.item.RemoveChild(part.item.GetChild("rate"));
-        part.item.AddChild(rate);
+        part.item.AddChild(rate.node);
         pass.Assume(part.item.GetProperty("name"));
     }
 }

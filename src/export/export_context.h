@@ -25,7 +25,6 @@ IdCounters& ProcessIdCounters();
 
 struct ExportOptions {
     std::string projectTitle;
-    std::string outputPath;
     bool vl2snMode = false;        // the audio hand-off document
     Guid sequenceGuid = kZeroGuid; // zero: the whole project
     IdCounters* ids = nullptr;     // null: those of the process

@@ -115,7 +115,6 @@ private:
     int Export()
     {
         const RVX::ExportOptions options{.projectTitle = ProjectTitle(),
-                                         .outputPath = request_.outputPath,
                                          .vl2snMode = isHandOff_,
                                          .sequenceGuid = request_.sequenceGuid,
                                          .exportTransformEffect = settings_.exportTransform,
