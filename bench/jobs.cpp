@@ -96,9 +96,9 @@ ObjectHandle ReadXmemlFile(const std::string& path, Document& document)
 ObjectHandle Translate(ObjectHandle root, const std::string& path, Document& document)
 {
     SilentProgress progress;
-    IssueSet issues;
+    Account account;
     ObjectHandle project;
-    Require(ImportDocument(root, {.inputPath = path}, progress, document, issues, project) == 0,
+    Require(ImportDocument(root, {.inputPath = path}, progress, document, account, project) == 0,
             "translation");
     return project;
 }
@@ -149,11 +149,11 @@ std::size_t Export(const std::string& path)
     Document input;
     Document output;
     SilentProgress progress;
-    IssueSet issues;
+    Account account;
     ObjectHandle xmeml;
     RVX::ExportOptions options;
     Require(RVX::TranslateProjectDocument(ReadProjectFile(path, input), options, progress, output,
-                                          issues, xmeml) == 0,
+                                          account, xmeml) == 0,
             "export");
     CountingBuffer buffer;
     std::ostream stream(&buffer);

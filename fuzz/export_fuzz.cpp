@@ -30,10 +30,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         options.settings.openInterchange = isOpen;
         SilentProgress progress;
         Document document;
-        IssueSet issues;
+        Account account;
         ObjectHandle xmeml;
         try {
-            if (RVX::TranslateProjectDocument(root, options, progress, document, issues, xmeml) !=
+            if (RVX::TranslateProjectDocument(root, options, progress, document, account, xmeml) !=
                 kSuccess)
                 continue;
         } catch (const std::runtime_error&) {

@@ -53,9 +53,9 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     options.settings.titlesAsMasterEffects = size % 4 == 3;
     SilentProgress progress;
     Document document;
-    IssueSet issues;
+    Account account;
     ObjectHandle project;
-    const int result = ImportDocument(root, options, progress, document, issues, project);
+    const int result = ImportDocument(root, options, progress, document, account, project);
     if (static_cast<bool>(project) != (result == kSuccess))
         std::abort();
     if (result != kSuccess)

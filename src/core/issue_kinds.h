@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/messages.h"
+#include "core/remark_kinds.h"
 
 #include <string_view>
 
@@ -69,6 +70,7 @@ struct IssueKind {
     IssueField first = IssueField::None; // its arguments
     IssueField second = IssueField::None;
     IssueLine line = IssueLine::Located;
+    RemarkKind remark{}; // what it is in the account
 };
 
 // Null for a number that the direction doesn't have.

@@ -5,7 +5,6 @@
 
 #include <set>
 #include <string>
-#include <vector>
 
 namespace XPJ {
 
@@ -32,10 +31,5 @@ struct IssueOrder {
 };
 
 using IssueSet = std::set<TranslationIssue, IssueOrder>;
-
-// Clips and sequences of which nothing states what media they show: an import skips them, an export
-// writes them without media. They are no issues of the report; the records let a front end list
-// them. A record without `clip` is a sequence, one without `sequence` a clip of a bin.
-using SkippedList = std::vector<TranslationIssue>;
 
 } // namespace XPJ

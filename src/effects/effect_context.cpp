@@ -17,28 +17,17 @@ double Ratio(int clip, int sequence)
     return clip > 0 && sequence > 0 ? static_cast<double>(clip) / sequence : 1.0;
 }
 
-void Enter(const EffectContext& context, int kind, std::string_view subject)
+void Enter(const EffectContext& context, Direction direction, int kind, std::string_view subject)
 {
     TranslationIssue issue = IssueAt(context.location);
     if (context.time)
         issue.time = context.time();
     issue.kind = kind;
     issue.subject = subject;
-    context.issues.insert(std::move(issue));
+    XPJ::AddIssue(context.account, direction, issue, context.location.span);
 }
 
 } // namespace
-
-TranslationIssue IssueAt(const ItemLocation& location)
-{
-    TranslationIssue issue;
-    issue.sequence = location.sequence;
-    issue.clip = location.clip;
-    issue.trackKind = location.trackKind;
-    issue.trackIndex = location.trackIndex;
-    issue.time = location.time;
-    return issue;
-}
 
 FrameSize ParseFrameSize(std::string_view rect, std::string_view aspect)
 {
@@ -79,12 +68,17 @@ double EffectContext::AspectRatio() const
 
 void EffectContext::AddIssue(ImportIssue kind, std::string_view subject) const
 {
-    Enter(*this, static_cast<int>(kind), subject);
+    Enter(*this, Direction::Import, static_cast<int>(kind), subject);
 }
 
 void EffectContext::AddIssue(ExportIssue kind, std::string_view subject) const
 {
-    Enter(*this, static_cast<int>(kind), subject);
+    Enter(*this, Direction::Export, static_cast<int>(kind), subject);
+}
+
+void EffectContext::AddRemark(RemarkKind kind, const RemarkSubject& subject) const
+{
+    XPJ::AddRemark(account, kind, location, subject);
 }
 
 } // namespace XPJ

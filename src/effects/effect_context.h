@@ -2,8 +2,8 @@
 // both directions.
 #pragma once
 
+#include "core/account.h"
 #include "core/ticks.h"
-#include "core/translation_issue.h"
 #include "tree/object.h"
 
 #include <functional>
@@ -11,18 +11,6 @@
 #include <string_view>
 
 namespace XPJ {
-
-// The location of an item, for issues. The names live as long as the documents do.
-struct ItemLocation {
-    std::string_view sequence = {};
-    std::string_view clip = {};
-    int trackKind = kNoTrack; // 1 video, 2 audio
-    int trackIndex = 0;
-    std::string time = "00:00"; // timecode of the item's start; "00:00" for a master clip
-};
-
-// An issue at a location, of no kind yet.
-TranslationIssue IssueAt(const ItemLocation& location);
 
 // Width and height in pixels, width of a pixel over its height.
 struct FrameSize {
@@ -39,7 +27,7 @@ class LookFiles;
 
 struct EffectContext {
     Document& document; // the result's; new nodes are made in it
-    IssueSet& issues;
+    Account& account;
     ItemLocation location = {};
     std::function<std::string()> time = {}; // of the location, where it is computed for issues only
     Ticks frameTicks = kNtscFrameTicks;     // the unit in which the item's keyframes count
@@ -68,6 +56,9 @@ struct EffectContext {
     //   context.AddIssue(ImportIssue::EffectNotTranslated, "Sepia")
     void AddIssue(ImportIssue kind, std::string_view subject = {}) const;
     void AddIssue(ExportIssue kind, std::string_view subject = {}) const;
+    // The same for what the report doesn't list.
+    //   context.AddRemark(RemarkKind::FilterRange, {.name = "Blur"})
+    void AddRemark(RemarkKind kind, const RemarkSubject& subject = {}) const;
 };
 
 } // namespace XPJ

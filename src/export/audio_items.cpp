@@ -59,7 +59,7 @@ void AddLink(Document& document, LinkGroups& links, TrackItem item, const LinkTa
 
 EffectContext EffectsOf(ExportContext& context, const TrackContext& track, const ItemRecord& record)
 {
-    return EffectContextOf(context, track, record.Start(), record.subClip.GetProperty("Name"),
+    return EffectContextOf(context, track, record.item, record.subClip.GetProperty("Name"),
                            record.timing.unit == TimeUnit::Ticks ? 1 : record.timing.rate);
 }
 

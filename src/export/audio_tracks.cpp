@@ -150,7 +150,7 @@ void WriteFader(ExportContext& context, const SequenceContext& sequence, ConstHa
     if (!context.options.settings.openInterchange)
         return FaderToXmeml(context.document, volume, owner);
     const EffectContext effects{.document = context.document,
-                                .issues = context.issues,
+                                .account = context.account,
                                 .location = location,
                                 .frameTicks = sequence.frameTicks};
     TrackEffectsToXmeml(effects, ChainOfOwner(audioTrack), volume, owner);

@@ -12,7 +12,7 @@ EffectContext EffectContextAt(ExportContext& context, const ItemLocation& locati
                               Ticks frameTicks)
 {
     return {.document = context.document,
-            .issues = context.issues,
+            .account = context.account,
             .location = location,
             .frameTicks = frameTicks,
             .openInterchange = context.options.settings.openInterchange && !context.IsHandOff(),
@@ -22,15 +22,17 @@ EffectContext EffectContextAt(ExportContext& context, const ItemLocation& locati
 
 } // namespace
 
-EffectContext EffectContextOf(ExportContext& context, const TrackContext& track, Ticks start,
+EffectContext EffectContextOf(ExportContext& context, const TrackContext& track, TrackItem item,
                               std::string_view clipName, Ticks frameTicks)
 {
+    const Ticks start = Int64Property(item, "Start");
     EffectContext effects =
         EffectContextAt(context,
                         {.sequence = track.sequence.sequence.GetProperty("Name"),
                          .clip = clipName,
                          .trackKind = track.type == MediaType::Video ? 1 : 2,
-                         .trackIndex = track.index},
+                         .trackIndex = track.index,
+                         .span = SpanOf(track.sequence, start, Int64Property(item, "End"))},
                         frameTicks);
     effects.time = [&track, start] { return FormatItemTime(track.sequence, start); };
     return effects;
@@ -46,9 +48,9 @@ void TranslateMasterEffects(ExportContext& context, MasterClip masterClip, Ticks
 void TranslateMasterAudioEffects(ExportContext& context, MasterClip masterClip, Ticks frameTicks,
                                  ObjectHandle item)
 {
-    IssueSet reported; // with the file, as those of a master
+    Account reported; // with the file, as those of a master
     const EffectContext effects{
-        .document = context.document, .issues = reported, .frameTicks = frameTicks};
+        .document = context.document, .account = reported, .frameTicks = frameTicks};
     AudioChainToXmeml(effects, AudioChainOfMaster(masterClip), item);
 }
 

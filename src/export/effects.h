@@ -8,8 +8,8 @@
 
 namespace XPJ::RVX {
 
-// Of what starts at `start` on the track. Keyframes count in `frameTicks`, 1 for ticks.
-EffectContext EffectContextOf(ExportContext& context, const TrackContext& track, Ticks start,
+// Of an item or a transition on the track. Keyframes count in `frameTicks`, 1 for ticks.
+EffectContext EffectContextOf(ExportContext& context, const TrackContext& track, TrackItem item,
                               std::string_view clipName, Ticks frameTicks);
 
 // The effects of the video of a master, on its `file`.

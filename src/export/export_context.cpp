@@ -18,14 +18,14 @@ std::string_view NewId(Document& document, std::string_view prefix, std::int64_t
 void AddIssue(ExportContext& context, ExportIssue kind, const ItemLocation& location,
               std::string_view subject)
 {
-    EffectContext{.document = context.document, .issues = context.issues, .location = location}
+    EffectContext{.document = context.document, .account = context.account, .location = location}
         .AddIssue(kind, subject);
 }
 
 void AddSkipped(ExportContext& context, TrackItem item, const ItemLocation& location)
 {
     if (context.skippedItems.Insert(item))
-        context.skipped.push_back(IssueAt(location));
+        AddRemark(context.account, RemarkKind::ClipWithoutMedia, location);
 }
 
 } // namespace XPJ::RVX

@@ -1,8 +1,8 @@
 // What every translator of one export is given: where it writes, what it reports, what it counts.
 #pragma once
 
+#include "core/account.h"
 #include "core/guid.h"
-#include "core/translation_issue.h"
 #include "effects/effect_context.h"
 #include "platform/settings.h"
 #include "project/accessors.h"
@@ -38,11 +38,10 @@ enum class TimeUnit { Frames, Ticks };
 
 struct ExportContext {
     Document& document; // owns the nodes that the export makes
-    IssueSet& issues;
+    Account& account;
     const ExportOptions& options;
     IdCounters& ids;
 
-    SkippedList skipped = {};
     NodeSet skippedItems = {}; // track items in it: one may be written on several tracks
 
     bool IsHandOff() const { return options.vl2snMode; }

@@ -4,15 +4,13 @@
 #include "export/bins.h"
 #include "export/catalogs.h"
 
-#include <utility>
-
 namespace XPJ::RVX {
 
 namespace {
 
 constexpr int kExpectedVersion = 3;
 
-void CheckVersion(ConstHandle root, IssueSet& issues)
+void CheckVersion(ConstHandle root, Account& account)
 {
     if (IntProperty(root, "Version") == kExpectedVersion)
         return;
@@ -20,7 +18,7 @@ void CheckVersion(ConstHandle root, IssueSet& issues)
     issue.kind = static_cast<int>(ExportIssue::UnrecognizedVelaProVersion);
     issue.trackKind = kNoTrack;
     issue.time = root.GetProperty("Version");
-    issues.insert(issue);
+    AddIssue(account, Direction::Export, issue);
 }
 
 // `children` is not written when nothing is in it.
@@ -60,22 +58,19 @@ int TranslateProject(ExportContext& context, Progress& progress, ConstHandle sou
 } // namespace
 
 int TranslateProjectDocument(ConstHandle root, const ExportOptions& options, Progress& progress,
-                             Document& document, IssueSet& issues, ObjectHandle& xmeml,
-                             SkippedList* skipped)
+                             Document& document, Account& account, ObjectHandle& xmeml)
 {
-    CheckVersion(root, issues);
+    CheckVersion(root, account);
     const ConstHandle source = root.GetChild("Project");
     if (!source)
         return kNoFCPDataFound;
 
     ExportContext context{.document = document,
-                          .issues = issues,
+                          .account = account,
                           .options = options,
                           .ids = options.ids ? *options.ids : ProcessIdCounters()};
     ObjectHandle project;
     const int result = TranslateProject(context, progress, source, project);
-    if (skipped != nullptr)
-        *skipped = std::move(context.skipped);
     if (result != kSuccess)
         return result;
     xmeml = document.NewObject("xmeml");

@@ -120,11 +120,12 @@ ItemSource WriteItemSource(ExportContext& context, Catalogs& catalogs, const Tra
         source.linkKey = WriteMediaFile(context, catalogs, record, element);
     else if (IsTrue(record.shownClip, "IsMulticam"))
         AddIssue(context, ExportIssue::MulticamExportNotSupported,
-                 LocationOfItem(track, record.Start(), record.name));
+                 LocationOfItem(track, record.Start(), record.name, record.End()));
     else if (record.sequence)
         source = WriteSequence(context, catalogs.sequences, record, element);
     else
-        AddSkipped(context, record.item, LocationOfItem(track, record.Start(), record.name));
+        AddSkipped(context, record.item,
+                   LocationOfItem(track, record.Start(), record.name, record.End()));
     if (!record.masterClipId.empty())
         source.linkKey = record.masterClipId;
     return source;

@@ -29,6 +29,7 @@ struct ItemRecord {
     std::string_view name = {};
 
     Ticks Start() const { return Int64Property(item, "Start"); }
+    Ticks End() const { return Int64Property(item, "End"); }
 };
 
 ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const TrackContext& track,

@@ -93,8 +93,8 @@ std::vector<TypedGroup> GroupsOf(ConstHandle sequence)
 class OpenSequence {
 public:
     OpenSequence(ExportContext& context, Catalogs& catalogs, const ShownSequence& shown)
-        : context_(context),
-          catalogs_(catalogs), sequence_{shown.sequence, FrameTicksOfSequence(shown.sequence)},
+        : context_(context), catalogs_(catalogs),
+          sequence_(ContextOfSequence(shown.sequence, FrameTicksOfSequence(shown.sequence))),
           element_(WriteSequenceHead(context, catalogs, shown)),
           media_(context.document.NewObject("media"))
     {

@@ -12,7 +12,9 @@ namespace XPJ::RVX {
 struct SequenceContext {
     ConstHandle sequence;
     Ticks frameTicks = kNtscFrameTicks; // of its video; transitions and issues count in it
+    FrameSpan numbering = {};           // how it numbers its frames
 };
+SequenceContext ContextOfSequence(ConstHandle sequence, Ticks frameTicks);
 
 // A written track that is being filled.
 struct TrackContext {
@@ -45,7 +47,11 @@ struct ItemPart {
 std::string FormatItemTime(const SequenceContext& context, Ticks start);
 
 // The location of what starts at `start` on the track, for issues.
-ItemLocation LocationOfItem(const TrackContext& track, Ticks start, std::string_view clipName);
+ItemLocation LocationOfItem(const TrackContext& track, Ticks start, std::string_view clipName,
+                            Ticks end = -1);
+
+// From `start` to `end` in the sequence; a negative time is not known.
+FrameSpan SpanOf(const SequenceContext& context, Ticks start, Ticks end = -1);
 
 // A sequence, and the master that leads to it.
 struct ShownSequence {

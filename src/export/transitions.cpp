@@ -44,8 +44,8 @@ void TranslateTransition(ExportContext& context, TrackContext& track, ConstHandl
     if (HasValue(transition, "Alignment"))
         result.SetProperty("cutPointTicks", TickText(Int64Property(transition, "Alignment")));
 
-    result.AddChild(TransitionToXmeml(EffectContextOf(context, track, start, {}, rate), track.type,
-                                      transition));
+    result.AddChild(TransitionToXmeml(
+        EffectContextOf(context, track, TrackItem(transition), {}, rate), track.type, transition));
     track.Add(result);
     track.lastTransition = transition;
 }

@@ -63,7 +63,7 @@ void VideoItem::WriteTimes()
 // Motion, opacity and the other effects, in the order of the document.
 void VideoItem::WriteEffects()
 {
-    EffectContext effects = EffectContextOf(context, track, record.Start(),
+    EffectContext effects = EffectContextOf(context, track, record.item,
                                             record.subClip.GetProperty("Name"), record.timing.rate);
     effects.sequenceFrame = catalogs.sequences.FrameOf(track.sequence.sequence);
     if (FitsAnyFrame(context, record.media))

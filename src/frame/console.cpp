@@ -40,7 +40,7 @@ int ConvertFile(ConversionRequest request, std::ostream& out)
                          out << "Progress: " << DoubleToString(progress * 100) << "%\n"
                              << std::flush;
                      }});
-    out << IssueReportText(outcome.issues, DirectionOf(request)) << std::flush;
+    out << IssueReportText(outcome.account.issues, DirectionOf(request)) << std::flush;
     return outcome.result;
 }
 

@@ -71,11 +71,14 @@ private:
                                                 .stream = streams_.input,
                                                 .isOpen = settings_.openInterchange},
                                                progress_, sourceDocument_, source_, details);
-        AddEncodingIssues(details.encoding, DirectionOf(request_), outcome_.issues);
+        AddEncodingIssues(details.encoding, DirectionOf(request_), outcome_.account);
         isHandOff_ = request_.handOff.value_or(details.isHandOff);
         outcome_.stop = std::move(details.stop);
-        if (result == kSuccess && UsesDialects(*request_.from))
-            RestateAsMeant(sourceDocument_, source_, outcome_.assumptions);
+        if (result == kSuccess && UsesDialects(*request_.from)) {
+            AssumptionList assumptions;
+            RestateAsMeant(sourceDocument_, source_, assumptions);
+            AddAssumptions(assumptions);
+        }
         return result;
     }
 
@@ -92,14 +95,21 @@ private:
         return SettingsOfTranslation().openInterchange && format.kind == TreeKind::Xmeml;
     }
 
+    void AddAssumptions(const AssumptionList& assumptions)
+    {
+        for (const Assumption& assumption : assumptions)
+            AddRemark(outcome_.account, RemarkKind::DialectAssumed, {.clip = assumption.subject},
+                      {.name = assumption.rule->name, .detail = assumption.rule->does});
+    }
+
     int Import()
     {
         const ImportOptions options{.inputPath = request_.inputPath,
                                     .sn2vlMode = isHandOff_,
                                     .aafSupport = request_.aafSupport,
                                     .settings = SettingsOfTranslation()};
-        return ImportDocument(source_, options, progress_, translatedDocument_, outcome_.issues,
-                              translated_, &outcome_.skipped);
+        return ImportDocument(source_, options, progress_, translatedDocument_, outcome_.account,
+                              translated_);
     }
 
     // The input's own name, for programs that show it.
@@ -119,9 +129,8 @@ private:
                                          .sequenceGuid = request_.sequenceGuid,
                                          .exportTransformEffect = settings_.exportTransform,
                                          .settings = SettingsOfTranslation()};
-        const int result =
-            RVX::TranslateProjectDocument(source_, options, progress_, translatedDocument_,
-                                          outcome_.issues, translated_, &outcome_.skipped);
+        const int result = RVX::TranslateProjectDocument(
+            source_, options, progress_, translatedDocument_, outcome_.account, translated_);
         // The one chosen sequence is all that the project then holds.
         outcome_.lacksSequence = result == kSuccess && request_.needsSequence &&
                                  request_.sequenceGuid != kZeroGuid &&
@@ -131,10 +140,12 @@ private:
 
     int Write()
     {
-        if (UsesDialects(*request_.to))
+        if (UsesDialects(*request_.to)) {
+            AssumptionList assumptions;
             RestateForOthers(translatedDocument_, translated_,
-                             {.oneSequence = request_.sequenceGuid != kZeroGuid},
-                             outcome_.assumptions);
+                             {.oneSequence = request_.sequenceGuid != kZeroGuid}, assumptions);
+            AddAssumptions(assumptions);
+        }
         Report();
         const WriteOptions options{.handOff = isHandOff_,
                                    .additions = request_.additions || isHandOff_};
@@ -144,15 +155,15 @@ private:
     // First, since a project lists its report.
     void Report()
     {
-        if (outcome_.issues.empty() || isHandOff_)
+        if (outcome_.account.issues.empty() || isHandOff_)
             return;
         std::string folder = request_.reportFolder;
         if (folder.empty())
             folder = IsImport() ? GetPlatform().DocumentsFolder() : FolderOf(request_.outputPath);
         if (IsImport() && folder.empty())
             return;
-        outcome_.reportPath =
-            WriteReport(folder, outcome_.issues, DirectionOf(request_), request_.reportNames);
+        outcome_.reportPath = WriteReport(folder, outcome_.account.issues, DirectionOf(request_),
+                                          request_.reportNames);
         if (IsImport() && request_.listsReport && !outcome_.reportPath.empty())
             AddReportItem(translated_, outcome_.reportPath);
     }

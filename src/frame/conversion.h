@@ -3,11 +3,10 @@
 // The plug-in entry, the console and the tool all fill in a request and read an outcome.
 #pragma once
 
+#include "core/account.h"
 #include "core/conversion_result.h"
 #include "core/guid.h"
 #include "core/progress.h"
-#include "core/translation_issue.h"
-#include "dialects/dialects.h"
 #include "frame/formats.h"
 #include "report/report.h"
 #include "tree/reading.h"
@@ -51,9 +50,7 @@ Direction DirectionOf(const ConversionRequest& request);
 // How a conversion ended, and what it reports beside its output.
 struct ConversionOutcome {
     int result = kUnexpectedError; // a ConversionResult
-    IssueSet issues;
-    SkippedList skipped;
-    AssumptionList assumptions; // of the dialect rules
+    Account account;
     ReadStop stop;              // where reading stopped early, or why the input can't be used
     std::string reportPath;     // empty: no report was written
     bool lacksSequence = false; // the project doesn't have the requested sequence

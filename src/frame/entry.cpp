@@ -154,7 +154,7 @@ std::int32_t Import(ConverterContext& context, bool supportsAAF)
 
     const ConversionOutcome outcome = operation.Outcome();
     const std::int32_t result = HostResult(buffer.Status(), outcome.result);
-    if (result == kVelaDone && !outcome.issues.empty() && !kind.sn2vlMode)
+    if (result == kVelaDone && !outcome.account.issues.empty() && !kind.sn2vlMode)
         ShowMessage(Message::kTranslationReport, GetMessage(Message::kTranslationResultsReport),
                     showUI);
     else if (result == kVelaConversionFailed)
@@ -198,7 +198,7 @@ std::int32_t Export(ConverterContext& context)
     std::int32_t result = HostResult(inputBuffer.Status(), outcome.result);
     if (result == kVelaDone && !file.Commit())
         result = kVelaConversionFailed;
-    if (result == kVelaDone && !outcome.issues.empty() && !target.isHandOff)
+    if (result == kVelaDone && !outcome.account.issues.empty() && !target.isHandOff)
         ShowMessage(Message::kTranslationReport, GetMessage(Message::kTranslationResultsXML),
                     showUI);
     return result;

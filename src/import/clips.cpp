@@ -116,7 +116,7 @@ void AddGeneratorIssue(ImportState& state, ConstHandle clip, ConstHandle generat
     issue.clip = generator.GetProperty("name");
     issue.sequence = clip.GetProperty("name");
     issue.trackKind = kVideoTrackKind;
-    state.issues.insert(issue);
+    AddIssue(state.account, Direction::Import, issue);
 }
 
 void CollectGenerator(ImportState& state, ConstHandle clip, ConstHandle generator)

@@ -94,17 +94,18 @@ Ticks SampleTicksOf(ImportState& state, ConstHandle item)
     return samples > 0 ? std::max<Ticks>(kTicksPerSecond / samples, 1) : kSampleTicks48k;
 }
 
-// For an item on a track of either type that starts at a frame of its sequence. `master` is the
+// For an item on a track of either type, at times in its sequence. `master` is the
 // MasterClip that it shows. `frameTicks` is 0 for video whose rate is stated nowhere; audio then
 // counts in the sequence's frames.
 EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item,
-                            MasterClipHandle master, Frames start)
+                            MasterClipHandle master, const ItemTimes& times)
 {
     const SequenceContext& sequence = track.sequence;
     ImportState& state = sequence.state;
-    EffectContext context{.document = state.document,
-                          .issues = state.issues,
-                          .location = LocationOfItem(track, item.GetProperty("name"), start)};
+    EffectContext context{
+        .document = state.document,
+        .account = state.account,
+        .location = LocationOfItem(track, item.GetProperty("name"), times.start, times.end)};
     context.frameTicks = FilterTicks(item, master, sequence.rates.video);
     context.lookFiles = &state.lookFiles;
     context.openInterchange = IsOpen(state);
@@ -167,7 +168,7 @@ void AddMasterVideoEffects(ImportState& state, ConstHandle element, FileElement 
     for (const ConstHandle& owner : {clip, ownFile}) {
         const Ticks frameTicks = FilterTicks(owner, master, kNtscFrameTicks);
         const EffectContext context{.document = state.document,
-                                    .issues = state.issues,
+                                    .account = state.account,
                                     .location = location,
                                     .frameTicks = frameTicks,
                                     .lookFiles = &state.lookFiles,
@@ -188,7 +189,7 @@ void AddMasterAudioEffects(ImportState& state, ConstHandle clip, MasterClipHandl
             continue;
         const ItemLocation location{.clip = clip.GetProperty("name")};
         const EffectContext context{.document = state.document,
-                                    .issues = state.issues,
+                                    .account = state.account,
                                     .location = location,
                                     .frameTicks = FilterTicks(item, master, kNtscFrameTicks),
                                     .sampleTicks = Int64Property(audioClip, "FrameRate"),
@@ -203,23 +204,23 @@ void AddMasterAudioEffects(ImportState& state, ConstHandle clip, MasterClipHandl
 
 } // namespace
 
-ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item, Frames start,
-                                ObjectHandle subClip)
+ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item,
+                                const ItemTimes& times, ObjectHandle subClip)
 {
     const ImportState& state = track.sequence.state;
     const MasterClipHandle master(subClip.GetChild("MasterClip"));
-    const EffectContext context = ContextOfItem(track, item, master, start);
+    const EffectContext context = ContextOfItem(track, item, master, times);
     const ObjectHandle title = TitleOfItem(state, item, context.sequenceFrame, master);
     return BuildSequenceChain(context, item, subClip, IntToString(track.sequence.number), title);
 }
 
-void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames start,
+void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, const ItemTimes& times,
                          const ItemChannels& channels, ObjectHandle trackItem)
 {
     const SequenceContext& sequence = track.sequence;
     Document& document = sequence.state.document;
     const MasterClipHandle master(FindPath(trackItem, {"SubClip", "MasterClip"}));
-    const EffectContext effects = ContextOfItem(track, item, master, start);
+    const EffectContext effects = ContextOfItem(track, item, master, times);
     const ItemAudio audio = AudioOfItem(sequence.state.files, item, channels.itemType);
     const ConstHandle source = item;
     trackItem.AddChild("Components", BuildAudioChain(effects, audio, source));

@@ -7,8 +7,8 @@
 namespace XPJ {
 
 // The VideoComponentChain of a video item; a variable speed goes to the clip of its `subClip`.
-ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item, Frames start,
-                                ObjectHandle subClip);
+ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item,
+                                const ItemTimes& times, ObjectHandle subClip);
 
 // The channel types of an audio item and of its track.
 struct ItemChannels {
@@ -16,7 +16,7 @@ struct ItemChannels {
     int trackType = kStereoType;
 };
 // Gives an AudioClipTrackItem the chain of its item and, if it is panned, its panner.
-void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, Frames start,
+void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, const ItemTimes& times,
                          const ItemChannels& channels, ObjectHandle trackItem);
 
 // Adds the filters of a browser `clip` and of its `file` to a new master.

@@ -170,7 +170,7 @@ void AddTitleToMaster(ImportState& state, ConstHandle generator, const FrameSize
 {
     if (!state.titles.AddTitledMaster(master))
         return;
-    const EffectContext context{.document = state.document, .issues = state.issues};
+    const EffectContext context{.document = state.document, .account = state.account};
     const ObjectHandle effect =
         MakeGraphicEffect(state.document, state.titles.SourceOf(generator), frame);
     AddMasterChainEffect(context, effect, master.GetChild("VideoComponentChain"));
@@ -249,7 +249,7 @@ void AddMasterFilters(ImportState& state, ConstHandle generator, ConstHandle own
 {
     const ItemLocation location{.clip = generator.GetProperty("name")};
     const EffectContext context{.document = state.document,
-                                .issues = state.issues,
+                                .account = state.account,
                                 .location = location,
                                 .frameTicks = FrameTicksOf(generator),
                                 .lookFiles = &state.lookFiles};

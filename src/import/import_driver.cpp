@@ -12,7 +12,6 @@
 #include "project/skeleton.h"
 
 #include <string>
-#include <utility>
 
 namespace XPJ {
 
@@ -21,7 +20,7 @@ namespace {
 constexpr int kFirstVersion = 1;
 constexpr int kLastVersion = 5;
 
-void CheckVersion(ConstHandle root, IssueSet& issues)
+void CheckVersion(ConstHandle root, Account& account)
 {
     const int version = IntProperty(root, "version");
     if (version >= kFirstVersion && version <= kLastVersion)
@@ -30,7 +29,7 @@ void CheckVersion(ConstHandle root, IssueSet& issues)
     issue.kind = static_cast<int>(ImportIssue::UnrecognizedXMLVersion);
     issue.trackKind = kNoTrack;
     issue.time = root.GetProperty("version");
-    issues.insert(issue);
+    AddIssue(account, Direction::Import, issue);
 }
 
 // The bins, clips and sequences of a document: those of its first `project`, which may be without
@@ -95,23 +94,20 @@ int TranslateProject(ImportState& state, ConstHandle root, ObjectHandle project)
 } // namespace
 
 int ImportDocument(ConstHandle root, const ImportOptions& options, Progress& progress,
-                   Document& document, IssueSet& issues, ObjectHandle& projectDocument,
-                   SkippedList* skipped)
+                   Document& document, Account& account, ObjectHandle& projectDocument)
 {
-    CheckVersion(root, issues);
+    CheckVersion(root, account);
     if (!root.HasChildren())
         return kNoFCPDataFound;
 
     const std::string inputPath = AbsolutePath(options.inputPath);
     ImportState state{.document = document,
                       .progress = progress,
-                      .issues = issues,
+                      .account = account,
                       .options = options,
                       .folder = std::string(FolderOf(inputPath))};
     const ObjectHandle project = document.NewObject("Project");
     const int result = TranslateProject(state, root, project);
-    if (skipped != nullptr)
-        *skipped = std::move(state.skipped);
     if (result != kSuccess)
         return result;
     projectDocument = document.NewObject("Document");

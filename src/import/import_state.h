@@ -3,8 +3,8 @@
 // Ids and other texts that serve as keys point into the two documents, which outlive the import.
 #pragma once
 
+#include "core/account.h"
 #include "core/progress.h"
-#include "core/translation_issue.h"
 #include "effects/effect_context.h"
 #include "effects/look_effect.h"
 #include "import/catalogs.h"
@@ -31,10 +31,9 @@ struct ImportOptions {
 struct ImportState {
     Document& document; // owns the nodes that the import makes
     Progress& progress;
-    IssueSet& issues;
+    Account& account;
     const ImportOptions& options;
     std::string folder = {}; // of the input, with its last separator; base of relative `pathurl`s
-    SkippedList skipped = {};
 
     // What the passes find out.
     FileCatalog files = {};

@@ -2,6 +2,19 @@
 
 namespace XPJ {
 
+namespace {
+
+FrameSpan SpanOf(const SequenceTimecode& timecode, Frames start, Frames end)
+{
+    return {.start = start < 0 ? -1 : timecode.FrameOf(start),
+            .end = end < 0 ? -1 : timecode.FrameOf(end),
+            .first = timecode.first,
+            .base = timecode.base,
+            .drop = timecode.drop};
+}
+
+} // namespace
+
 ItemLocation LocationOfItem(const SequenceTimecode& timecode, std::string_view name,
                             const ItemPosition& position)
 {
@@ -9,12 +22,14 @@ ItemLocation LocationOfItem(const SequenceTimecode& timecode, std::string_view n
             .clip = name,
             .trackKind = position.type == MediaType::Video ? 1 : 2,
             .trackIndex = position.trackIndex,
-            .time = timecode.TextOf(position.start)};
+            .time = timecode.TextOf(position.start),
+            .span = SpanOf(timecode, position.start, position.end)};
 }
 
-ItemLocation LocationOfItem(const TrackContext& track, std::string_view name, Frames start)
+ItemLocation LocationOfItem(const TrackContext& track, std::string_view name, Frames start,
+                            Frames end)
 {
-    return LocationOfItem(track.sequence.timecode, name, {track.type, track.index, start});
+    return LocationOfItem(track.sequence.timecode, name, {track.type, track.index, start, end});
 }
 
 void AddItemIssue(const TrackContext& track, ConstHandle item, Frames start, ImportIssue kind)

@@ -38,16 +38,18 @@ struct TrackContext {
     int id = 1;
 };
 
-// An item by its track, which counts from 0, and the edge, in units of edges, at which it starts.
+// An item by its track, which counts from 0, and the edges, in their unit, at which it starts and
+// ends.
 struct ItemPosition {
     MediaType type = MediaType::Video;
     int trackIndex = 0;
     Frames start = 0;
+    Frames end = -1; // negative: not known
 };
 ItemLocation LocationOfItem(const SequenceTimecode& timecode, std::string_view name,
                             const ItemPosition& position);
-// An item that starts at a frame of the sequence.
-ItemLocation LocationOfItem(const TrackContext& track, std::string_view name, Frames start);
+ItemLocation LocationOfItem(const TrackContext& track, std::string_view name, Frames start,
+                            Frames end = -1);
 void AddItemIssue(const TrackContext& track, ConstHandle item, Frames start, ImportIssue kind);
 
 } // namespace XPJ

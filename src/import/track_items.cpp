@@ -49,9 +49,10 @@ ObjectHandle MakeItem(const TrackContext& track, Name className, ConstHandle ite
     return result;
 }
 
-ObjectHandle Skip(const TrackContext& track, ConstHandle item, Frames start)
+ObjectHandle Skip(const TrackContext& track, ConstHandle item, const ItemTimes& times)
 {
-    AddSkipped(track.sequence.state, LocationOfItem(track, item.GetProperty("name"), start));
+    AddSkipped(track.sequence.state,
+               LocationOfItem(track, item.GetProperty("name"), times.start, times.end));
     return {};
 }
 
@@ -71,15 +72,14 @@ ObjectHandle TranslateVideoItem(const TrackContext& track, const ClipItem& item)
     const std::optional<ItemTiming> timing = TimingOf(track, item);
     if (!timing)
         return {};
-    const Frames start = timing->times.start;
     const ObjectHandle subClip = MakeVideoSubClip(track, item, *timing);
     if (!subClip)
-        return Skip(track, item, start);
+        return Skip(track, item, timing->times);
     const ObjectHandle result = MakeItem(track, "VideoClipTrackItem", item, timing->times);
     result.SetProperty("FrameRect", track.sequence.frame.rect);
     result.SetProperty("PixelAspectRatio", track.sequence.frame.par);
     result.AddChild("SubClip", subClip);
-    result.AddChild("Components", MakeItemVideoChain(track, item, start, subClip));
+    result.AddChild("Components", MakeItemVideoChain(track, item, timing->times, subClip));
     return result;
 }
 
@@ -88,15 +88,15 @@ ObjectHandle TranslateAudioItem(const TrackContext& track, const ClipItem& item,
     const std::optional<ItemTiming> timing = TimingOf(track, item);
     if (!timing)
         return {};
-    const Frames start = timing->times.start;
     const int type = ItemChannelType(track.sequence.state.options, item, trackType);
     const ObjectHandle subClip = MakeAudioSubClip(track, item, type, *timing);
     if (!subClip)
-        return Skip(track, item, start);
+        return Skip(track, item, timing->times);
     const ObjectHandle result = MakeItem(track, "AudioClipTrackItem", item, timing->times);
     result.SetProperty("ID", NewGuidText());
     result.AddChild("SubClip", subClip);
-    AddItemAudioEffects(track, item, start, {.itemType = type, .trackType = trackType}, result);
+    AddItemAudioEffects(track, item, timing->times, {.itemType = type, .trackType = trackType},
+                        result);
     return result;
 }
 

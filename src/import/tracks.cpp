@@ -98,7 +98,7 @@ private:
 EffectContext ContextOfLevel(const SequenceContext& sequence, const ItemLocation& location)
 {
     return {.document = sequence.state.document,
-            .issues = sequence.state.issues,
+            .account = sequence.state.account,
             .location = location,
             .frameTicks = sequence.rates.edges,
             .sampleTicks = sequence.rates.audio};

@@ -216,14 +216,14 @@ ObjectHandle MakeTransition(const TrackContext& context, ConstHandle item, int c
     const SequenceContext& sequence = context.sequence;
     const Frames start = Int64Property(item, "start");
     const Frames end = Int64Property(item, "end");
-    ItemLocation location = LocationOfItem(context, item.GetProperty("name"), start);
+    ItemLocation location = LocationOfItem(context, item.GetProperty("name"), start, end);
     if (start < 0 || end < 0) {
         location.clip = "transitionitem";
         AddItemIssue(sequence.state, location, ImportIssue::InvalidStartEnd);
         return {};
     }
     const EffectContext effects{.document = sequence.state.document,
-                                .issues = sequence.state.issues,
+                                .account = sequence.state.account,
                                 .location = std::move(location),
                                 .frameTicks = sequence.rates.video,
                                 .sampleTicks = sequence.rates.audio,

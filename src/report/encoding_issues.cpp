@@ -6,18 +6,6 @@ namespace XPJ {
 
 namespace {
 
-constexpr int kOfDocument = 3; // on no track
-
-void AddIssue(IssueSet& issues, int kind, const std::string& encoding, const std::string& location)
-{
-    TranslationIssue issue;
-    issue.kind = kind;
-    issue.subject = encoding;
-    issue.trackKind = kOfDocument;
-    issue.time = location;
-    issues.insert(issue);
-}
-
 std::string LocationText(const EncodingFaults& faults)
 {
     const std::string first =
@@ -27,24 +15,40 @@ std::string LocationText(const EncodingFaults& faults)
                      : fmt::format("{} and {} more place{}", first, more, more == 1 ? "" : "s");
 }
 
-template <class Kind>
-void AddIssues(const EncodingFaults& faults, IssueSet& issues)
+// The kinds of one direction.
+struct EncodingKinds {
+    Direction direction;
+    int unknownEncoding;
+    int invalidBytes;
+};
+
+template <class Issue>
+constexpr EncodingKinds KindsOf(Direction direction)
 {
-    if (!faults.unknown.empty())
-        AddIssue(issues, static_cast<int>(Kind::UnknownEncoding), faults.unknown, {});
-    if (faults.badRuns > 0)
-        AddIssue(issues, static_cast<int>(Kind::InvalidBytes), faults.encoding,
-                 LocationText(faults));
+    return {direction, static_cast<int>(Issue::UnknownEncoding),
+            static_cast<int>(Issue::InvalidBytes)};
 }
+
+constexpr EncodingKinds kImportKinds = KindsOf<ImportIssue>(Direction::Import);
+constexpr EncodingKinds kExportKinds = KindsOf<ExportIssue>(Direction::Export);
 
 } // namespace
 
-void AddEncodingIssues(const EncodingFaults& faults, Direction direction, IssueSet& issues)
+void AddEncodingIssues(const EncodingFaults& faults, Direction direction, Account& account)
 {
-    if (direction == Direction::Import)
-        AddIssues<ImportIssue>(faults, issues);
-    else
-        AddIssues<ExportIssue>(faults, issues);
+    const EncodingKinds& kinds = direction == Direction::Import ? kImportKinds : kExportKinds;
+    const auto add = [&](int kind, const std::string& encoding, const std::string& location) {
+        TranslationIssue issue;
+        issue.kind = kind;
+        issue.subject = encoding;
+        issue.trackKind = kNoTrack;
+        issue.time = location;
+        AddIssue(account, direction, issue);
+    };
+    if (!faults.unknown.empty())
+        add(kinds.unknownEncoding, faults.unknown, {});
+    if (faults.badRuns > 0)
+        add(kinds.invalidBytes, faults.encoding, LocationText(faults));
 }
 
 } // namespace XPJ

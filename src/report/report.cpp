@@ -5,14 +5,11 @@
 #include "core/text.h"
 #include "platform/platform.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <ctime>
-#include <utility>
-#include <vector>
 
 #include <fmt/format.h>
 
@@ -88,54 +85,6 @@ std::string LocalTimeText()
 }
 
 } // namespace
-
-std::string SkippedText(const SkippedList& skipped)
-{
-    std::string text;
-    for (const TranslationIssue& skippedItem : skipped) {
-        const TranslationIssue record = WithPlainNames(skippedItem);
-        if (record.clip.empty())
-            text += fmt::format("Sequence <{}> has no frame rate or format, skipped.\n",
-                                record.sequence);
-        else if (record.sequence.empty())
-            text += fmt::format("Clip <{}> has no media, skipped.\n", record.clip);
-        else
-            text += fmt::format("{} Clip <{}> has no media, skipped.\n", LocationText(record),
-                                record.clip);
-    }
-    return text;
-}
-
-std::string AssumptionText(const AssumptionList& assumptions)
-{
-    constexpr std::size_t kNames = 5;
-    struct Group {
-        std::size_t count = 0;
-        std::vector<std::string> names; // the first ones
-    };
-    std::vector<std::pair<const DialectRule*, Group>> groups;
-    for (const Assumption& assumption : assumptions) {
-        auto found = std::ranges::find(groups, assumption.rule,
-                                       &std::pair<const DialectRule*, Group>::first);
-        if (found == groups.end())
-            found = groups.insert(groups.end(), {assumption.rule, {}});
-        Group& group = found->second;
-        const std::string name = UnescapeXML(assumption.subject);
-        ++group.count;
-        if (group.names.size() <= kNames && !name.empty() &&
-            std::ranges::find(group.names, name) == group.names.end())
-            group.names.push_back(name);
-    }
-    std::string text;
-    for (auto& [rule, group] : groups) {
-        const bool isMore = group.names.size() > kNames;
-        group.names.resize(std::min(group.names.size(), kNames));
-        text += fmt::format("Assumed: {}, {} {}{}{}{}\n", rule->name, group.count,
-                            group.count == 1 ? "time" : "times", group.names.empty() ? "" : ": ",
-                            fmt::join(group.names, ", "), isMore ? " ..." : "");
-    }
-    return text;
-}
 
 std::string IssueReportText(const IssueSet& issues, Direction direction, NameStyle names)
 {

@@ -1,8 +1,7 @@
 // The translation report: what a conversion could not carry over.
 #pragma once
 
-#include "core/translation_issue.h"
-#include "dialects/dialects.h"
+#include "core/account.h"
 #include "platform/files.h"
 #include "tree/object.h"
 
@@ -20,14 +19,6 @@ enum class NameStyle { AsInDocument, Plain };
 //   <tab>Sequence <Cut 1> at 01:00:00:00, video track 1: Effect <Sepia> on Clip <A> not translated.
 std::string IssueReportText(const IssueSet& issues, Direction direction,
                             NameStyle names = NameStyle::AsInDocument);
-
-// A line for each, with plain names.
-//   Sequence <Cut 1> at 01:00:00:00, video track 1: Clip <A> has no media, skipped.
-std::string SkippedText(const SkippedList& skipped);
-
-// A line for each rule that guessed something, with the first names.
-//   Assumed: file without media, 3 times: A.mov, B.mov, C.mov
-std::string AssumptionText(const AssumptionList& assumptions);
 
 // Creates the first of "base.txt", "base (1).txt", "base (2).txt" and so on that doesn't exist, and
 // leaves it open in `file`: no two runs get the same one. Gives its path; empty when none could be

@@ -49,8 +49,12 @@ SequenceTimecode TimecodeOfSequence(ConstHandle sequence, const SequenceRates& r
 
 std::string SequenceTimecode::TextOf(Frames edge) const
 {
-    const Frames frame = MultiplyTicks(edge, edges) / frames;
-    return FormatTimecode(AddTicks(frame, first), base, drop);
+    return FormatTimecode(AddTicks(FrameOf(edge), first), base, drop);
+}
+
+Frames SequenceTimecode::FrameOf(Frames edge) const
+{
+    return MultiplyTicks(edge, edges) / frames;
 }
 
 } // namespace XPJ

@@ -37,6 +37,8 @@ struct SequenceTimecode {
 
     // Of an edge, in units of edges.
     std::string TextOf(Frames edge) const;
+    // The whole frame that the edge is in.
+    Frames FrameOf(Frames edge) const;
 };
 SequenceTimecode TimecodeOfSequence(ConstHandle sequence, const SequenceRates& rates);
 

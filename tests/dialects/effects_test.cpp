@@ -27,8 +27,8 @@ std::string Imported(const std::string& text)
     options.settings.openInterchange = true;
     Document document;
     ObjectHandle project;
-    IssueSet issues;
-    EXPECT_EQ(ImportDocument(root, options, progress, document, issues, project), kSuccess);
+    Account account;
+    EXPECT_EQ(ImportDocument(root, options, progress, document, account, project), kSuccess);
     std::ostringstream output;
     WriteProjectDocument(project, progress, output, false);
     return output.str();
@@ -47,8 +47,8 @@ std::string Exported(const std::string& project)
     options.settings.openInterchange = true;
     Document document;
     ObjectHandle xmeml;
-    IssueSet issues;
-    EXPECT_EQ(RVX::TranslateProjectDocument(root, options, progress, document, issues, xmeml),
+    Account account;
+    EXPECT_EQ(RVX::TranslateProjectDocument(root, options, progress, document, account, xmeml),
               kSuccess);
     std::ostringstream output;
     WriteFCPXML(xmeml, progress, false, output);

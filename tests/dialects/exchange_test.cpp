@@ -44,8 +44,8 @@ std::string Imported(std::string_view text, bool isOpen)
     options.settings.openInterchange = isOpen;
     Document document;
     ObjectHandle project;
-    IssueSet issues;
-    EXPECT_EQ(ImportDocument(root, options, progress, document, issues, project), kSuccess);
+    Account account;
+    EXPECT_EQ(ImportDocument(root, options, progress, document, account, project), kSuccess);
     std::ostringstream output;
     WriteProjectDocument(project, progress, output, false);
     return output.str();
@@ -62,8 +62,8 @@ std::string Exported(const std::string& project)
     options.settings.openInterchange = true;
     Document document;
     ObjectHandle xmeml;
-    IssueSet issues;
-    EXPECT_EQ(RVX::TranslateProjectDocument(root, options, progress, document, issues, xmeml),
+    Account account;
+    EXPECT_EQ(RVX::TranslateProjectDocument(root, options, progress, document, account, xmeml),
               kSuccess);
     AssumptionList assumptions;
     RestateForOthers(document, xmeml, {}, assumptions);

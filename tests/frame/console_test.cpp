@@ -88,7 +88,7 @@ TEST_F(Console, PrintsIssues)
               "Translation issue:\r\n\tFCP XML xmeml version (9) is not one we recognize "
               "(1-5), results may not be predictable.\r\n");
     const ConversionOutcome outcome = ConvertFiles(ImportRequest(xml, folder_ / "b.vlproj"));
-    EXPECT_EQ(outcome.issues.size(), 1u);
+    EXPECT_EQ(outcome.account.issues.size(), 1u);
     EXPECT_TRUE(FileExists(outcome.reportPath));
 }
 
@@ -141,7 +141,7 @@ TEST_F(Console, ALostOutputIsAFailure)
         const ConversionOutcome outcome = ConvertFiles(ImportRequest(xml, output));
         EXPECT_EQ(outcome.result, kUnexpectedError) << output;
         EXPECT_TRUE(outcome.outputLost) << output;
-        EXPECT_EQ(outcome.issues.size(), 1u) << output; // the conversion ran all the same
+        EXPECT_EQ(outcome.account.issues.size(), 1u) << output; // the conversion ran all the same
     }
     const std::string project = folder_.Write("a.vlproj", kSmallProject);
     EXPECT_TRUE(ConvertFiles(ExportRequest(project, folder_ / "none/a.xml")).outputLost);
@@ -208,7 +208,7 @@ TEST_F(Console, InvalidBytesAreIssuesInBothDirections)
     const ConversionOutcome import =
         ConvertFiles(ImportRequest(folder_.Write("a.xml", xml), folder_ / "a"));
     EXPECT_EQ(
-        IssueReportText(import.issues, Direction::Import),
+        IssueReportText(import.account.issues, Direction::Import),
         "Translation issue:\r\n\tBytes that mean nothing in the encoding UTF-8 were replaced, "
         "at line 3, column 69.\r\n");
     EXPECT_NE(TempFolder::Read(folder_ / "a").find("R\xEF\xBF\xBDshes"), std::string::npos);
@@ -218,7 +218,7 @@ TEST_F(Console, InvalidBytesAreIssuesInBothDirections)
     const ConversionOutcome back =
         ConvertFiles(ExportRequest(folder_.Write("b", project), folder_ / "b.xml"));
     EXPECT_EQ(
-        IssueReportText(back.issues, Direction::Export),
+        IssueReportText(back.account.issues, Direction::Export),
         "Translation issue:\r\n\tEncoding (Enigma) is not one we recognize, the document was "
         "read as UTF-8.\r\n"
         "Translation issue:\r\n\tBytes that mean nothing in the encoding UTF-8 were replaced, "

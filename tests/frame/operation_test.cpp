@@ -38,14 +38,14 @@ TEST(Operation, AnExceptionEndsTheStagesAndKeepsTheIssues)
     Operation operation([](Progress& progress, ConversionOutcome& outcome) -> int {
         const StageScope all(progress, 1, 8);
         const StageScope step(progress, 2, 4);
-        outcome.issues.insert(TranslationIssue());
+        outcome.account.issues.insert(TranslationIssue());
         outcome.stop.line = 12;
         throw std::runtime_error("end");
     });
     operation.Start();
     ASSERT_TRUE(operation.WaitFor(10s));
     EXPECT_DOUBLE_EQ(operation.GetProgress(), 1);
-    EXPECT_EQ(operation.Outcome().issues.size(), 1u);
+    EXPECT_EQ(operation.Outcome().account.issues.size(), 1u);
     EXPECT_EQ(operation.Outcome().stop.line, 12u);
 }
 
@@ -93,7 +93,7 @@ TEST(ImportOperation, ConvertsAndEndsItsProgress)
     ASSERT_TRUE(operation.WaitFor(60s));
     EXPECT_EQ(operation.Outcome().result, kSuccess);
     EXPECT_DOUBLE_EQ(operation.GetProgress(), 1);
-    EXPECT_TRUE(operation.Outcome().issues.empty());
+    EXPECT_TRUE(operation.Outcome().account.issues.empty());
     EXPECT_NE(output.str().find("<VelaData"), std::string::npos);
 }
 

@@ -84,21 +84,6 @@ TEST(IssueReportText, SortsAndJoinsIssues)
                   "Effect <Sepia> on Clip <A> not translated.\r\n");
 }
 
-TEST(SkippedText, DistinguishesItemsClipsAndSequences)
-{
-    TranslationIssue item = Issue(0);
-    item.clip = "A";
-    TranslationIssue clip;
-    clip.clip = "B";
-    TranslationIssue sequence;
-    sequence.sequence = "Cut 2";
-    EXPECT_EQ(SkippedText({item, clip, sequence}),
-              "Sequence <Cut & 1> at 01:00:00:00, video track 2: Clip <A> has no media, "
-              "skipped.\n"
-              "Clip <B> has no media, skipped.\n"
-              "Sequence <Cut 2> has no frame rate or format, skipped.\n");
-}
-
 TEST(IssueReportText, PlainNames)
 {
     TranslationIssue issue = Issue(3);

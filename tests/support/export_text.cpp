@@ -15,16 +15,15 @@ Exported ExportText(const std::string& project, const ExportOptions& options, Pr
     Document document;
     ObjectHandle root;
     ObjectHandle xmeml;
-    IssueSet issues;
-    SkippedList skipped;
+    Account account;
     Exported exported;
     std::istringstream stream(project);
     if (exported.read = ReadProjectDocument(stream, input, root); exported.read != kReadDone)
         return exported;
     exported.result = TranslateProjectDocument(root, options, progress ? *progress : silent,
-                                               document, issues, xmeml, &skipped);
-    exported.issues = IssueText(issues, Direction::Export);
-    exported.skipped = SkippedLines(skipped);
+                                               document, account, xmeml);
+    exported.issues = IssueText(account.issues, Direction::Export);
+    exported.skipped = SkippedLines(account);
     if (exported.result != kSuccess)
         return exported;
     std::ostringstream text;

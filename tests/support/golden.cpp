@@ -250,12 +250,15 @@ std::string IssueText(const IssueSet& issues, Direction direction)
     return text;
 }
 
-std::string SkippedLines(const SkippedList& skipped)
+std::string SkippedLines(const Account& account)
 {
     std::string text;
-    for (const TranslationIssue& item : skipped)
-        text += fmt::format("sequence=\"{}\" clip=\"{}\" time=\"{}\"\n", item.sequence, item.clip,
-                            item.time);
+    for (const Remark& remark : account.remarks)
+        if (remark.kind == RemarkKind::ClipWithoutMedia ||
+            remark.kind == RemarkKind::SequenceWithoutFormat)
+            text += fmt::format(
+                "sequence=\"{}\" clip=\"{}\" time=\"{}\"\n", remark.sequence, remark.clip,
+                remark.span.IsKnown() ? remark.span.Timecode(remark.span.start) : "00:00");
     return text;
 }
 

@@ -12,7 +12,7 @@
 // change is then reviewed as a diff.
 #pragma once
 
-#include "core/translation_issue.h"
+#include "core/account.h"
 #include "platform/default_platform.h"
 #include "platform/platform.h"
 
@@ -72,7 +72,7 @@ std::string NormaliseIds(std::string_view text);
 std::string IssueText(const IssueSet& issues, Direction direction);
 
 // Items without media, one a line.
-std::string SkippedLines(const SkippedList& skipped);
+std::string SkippedLines(const Account& account);
 
 // Its GUIDs differ from all that documents fix.
 class GoldenPlatform final : public DefaultPlatform {

@@ -22,13 +22,12 @@ Imported ImportTree(ConstHandle root, const ImportOptions& options, Progress* pr
     SilentProgress silent;
     Document document;
     ObjectHandle project;
-    IssueSet issues;
-    SkippedList skipped;
+    Account account;
     Imported imported;
-    imported.result = ImportDocument(root, options, progress ? *progress : silent, document, issues,
-                                     project, &skipped);
-    imported.issues = IssueText(issues, Direction::Import);
-    imported.skipped = SkippedLines(skipped);
+    imported.result =
+        ImportDocument(root, options, progress ? *progress : silent, document, account, project);
+    imported.issues = IssueText(account.issues, Direction::Import);
+    imported.skipped = SkippedLines(account);
     if (!project)
         return imported;
     std::ostringstream text;

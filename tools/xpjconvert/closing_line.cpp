@@ -2,6 +2,8 @@
 #include "frame/user_messages.h"
 #include "platform/platform.h"
 
+#include <map>
+
 #include <fmt/format.h>
 
 namespace XPJ {
@@ -12,19 +14,26 @@ std::string Counted(std::size_t count, std::string_view noun)
     return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
-std::string IssuesText(const ConversionOutcome& outcome)
+// "3 lost, 1 changed"
+std::string TotalsText(const Account& account)
 {
-    if (outcome.issues.empty() && outcome.skipped.empty())
-        return outcome.stop.reason.empty() ? "nothing was lost" : "no issues";
+    std::map<RemarkOutcome, std::size_t> totals;
+    for (const Remark& remark : account.remarks)
+        totals[RowOf(remark.kind).outcome] += remark.count;
     std::string text;
-    if (!outcome.skipped.empty())
-        text = Counted(outcome.skipped.size(), "item") + " skipped, without media";
-    if (outcome.issues.empty())
-        return text;
-    text += (text.empty() ? "" : ", ") + Counted(outcome.issues.size(), "issue");
+    for (const auto& [outcome, count] : totals)
+        text += fmt::format("{}{} {}", text.empty() ? "" : ", ", count, OutcomeText(outcome));
+    return text;
+}
+
+std::string LossesText(const ConversionOutcome& outcome)
+{
+    if (outcome.account.remarks.empty())
+        return outcome.stop.reason.empty() ? "nothing was lost" : "no issues";
+    const std::string totals = TotalsText(outcome.account);
     if (outcome.reportPath.empty())
-        return text + ", without a report file";
-    return fmt::format("{}, listed in {}", text, outcome.reportPath);
+        return totals + ", without a report file";
+    return fmt::format("{}, listed in {}", totals, outcome.reportPath);
 }
 
 } // namespace
@@ -52,7 +61,7 @@ std::string EncodingLines(const std::string& input, const EncodingFaults& faults
 
 std::string SuccessLine(const ConversionRequest& request, const ConversionOutcome& outcome)
 {
-    return fmt::format("Wrote {}: {}\n", request.outputPath, IssuesText(outcome));
+    return fmt::format("Wrote {}: {}\n", request.outputPath, LossesText(outcome));
 }
 
 std::string CutOffLine(const ConversionRequest& request, const ConversionOutcome& outcome)

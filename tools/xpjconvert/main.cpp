@@ -3,6 +3,7 @@
 #include "frame/file_conversion.h"
 #include "platform/default_platform.h"
 #include "platform/platform.h"
+#include "report/remark_groups.h"
 #include "xpjconvert/closing_line.h"
 #include "xpjconvert/inspection.h"
 #include "xpjconvert/interrupt.h"
@@ -43,14 +44,11 @@ void PreparePlatform(const ToolOptions& options, DefaultPlatform& platform)
     }
 }
 
-// The report's text, with this system's line ends, and what was skipped without an issue.
-void PrintLosses(const ConversionRequest& request, const ConversionOutcome& outcome)
+// What did not arrive as it was: as many groups as fit on a screen.
+void PrintLosses(const ConversionOutcome& outcome)
 {
-    std::string text = IssueReportText(outcome.issues, DirectionOf(request), request.reportNames);
-    std::erase(text, '\r');
-    Print(text);
-    Print(SkippedText(outcome.skipped));
-    Print(AssumptionText(outcome.assumptions));
+    constexpr std::size_t kGroups = 7;
+    Print(GroupText(GroupRemarks(outcome.account.remarks), kGroups));
 }
 
 int Convert(const ConversionRequest& request, bool quiet)
@@ -68,7 +66,7 @@ int Convert(const ConversionRequest& request, bool quiet)
     const ConversionOutcome outcome = ConvertUnderDisplay(request, quiet);
     ReleaseInterrupts();
     if (!quiet)
-        PrintLosses(request, outcome);
+        PrintLosses(outcome);
     if (outcome.result == kSuccess) {
         PrintError(CutOffLine(request, outcome));
         Print(SuccessLine(request, outcome));

@@ -1,0 +1,67 @@
+#include "core/account.h"
+
+#include "core/frame_rate.h"
+#include "core/ticks.h"
+
+#include <algorithm>
+
+namespace XPJ {
+
+std::string FrameSpan::Timecode(std::int64_t frame) const
+{
+    return FormatTimecode(AddTicks(first, frame), base, drop);
+}
+
+TranslationIssue IssueAt(const ItemLocation& location)
+{
+    TranslationIssue issue;
+    issue.sequence = location.sequence;
+    issue.clip = location.clip;
+    issue.trackKind = location.trackKind;
+    issue.trackIndex = location.trackIndex;
+    issue.time = location.time;
+    return issue;
+}
+
+void AddRemark(Account& account, RemarkKind kind, const ItemLocation& location,
+               const RemarkSubject& subject)
+{
+    account.remarks.push_back({.kind = kind,
+                               .sequence = std::string(location.sequence),
+                               .clip = std::string(location.clip),
+                               .bin = std::string(location.bin),
+                               .trackKind = location.trackKind,
+                               .trackIndex = location.trackIndex,
+                               .span = location.span,
+                               .subject = std::string(subject.name),
+                               .subjectId = std::string(subject.id),
+                               .detail = std::string(subject.detail),
+                               .path = std::string(subject.path),
+                               .count = subject.count});
+}
+
+void AddIssue(Account& account, Direction direction, const TranslationIssue& issue,
+              const FrameSpan& span)
+{
+    const IssueKind* const kind = FindIssueKind(direction, issue.kind);
+    const auto [entry, isNew] = account.issues.insert(issue);
+    if (!kind || (!isNew && entry->kind == issue.kind))
+        return;
+    const bool isOfTime = kind->first == IssueField::Time || kind->second == IssueField::Time;
+    account.remarks.push_back({.kind = kind->remark,
+                               .sequence = issue.sequence,
+                               .clip = issue.clip,
+                               .trackKind = issue.trackKind,
+                               .trackIndex = issue.trackIndex,
+                               .span = span,
+                               .subject = issue.subject,
+                               .detail = isOfTime ? issue.time : std::string()});
+}
+
+bool HasRemark(const Account& account, RemarkKind kind)
+{
+    return std::ranges::any_of(account.remarks,
+                               [kind](const Remark& remark) { return remark.kind == kind; });
+}
+
+} // namespace XPJ

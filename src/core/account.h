@@ -1,0 +1,88 @@
+// The account of a conversion: everything that did not arrive as it was.
+//
+// What the host's report lists are issues; everything else that was lost, changed, assumed or
+// skipped is a remark. Each issue is a remark as well, so that the remarks are the whole account.
+#pragma once
+
+#include "core/remark_kinds.h"
+#include "core/translation_issue.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace XPJ {
+
+// Where an item is in its sequence, in frames; negative where that isn't known.
+struct FrameSpan {
+    std::int64_t start = -1;
+    std::int64_t end = -1;
+    // How the sequence numbers its frames.
+    std::int64_t first = 0; // the number of frame 0
+    std::int64_t base = 30; // numbers a second
+    bool drop = false;
+
+    bool IsKnown() const { return start >= 0; }
+    // "01:00:04:00"
+    std::string Timecode(std::int64_t frame) const;
+};
+
+// The location of an item. The names live as long as the documents do.
+struct ItemLocation {
+    std::string_view sequence = {};
+    std::string_view clip = {};
+    int trackKind = kNoTrack; // 1 video, 2 audio
+    int trackIndex = 0;
+    std::string time = "00:00"; // timecode of the item's start; "00:00" for a master clip
+    FrameSpan span = {};
+    std::string_view bin = {}; // path of the bins around a clip: "Day 1/Sound"
+};
+
+// An issue at a location, of no kind yet.
+TranslationIssue IssueAt(const ItemLocation& location);
+
+// What a remark is about, beside its clip.
+struct RemarkSubject {
+    std::string_view name = {}; // of the effect, generator, label or media file, as users named it
+    std::string_view id = {};   // how the document identifies that: an effect id, a match name
+    std::string_view detail = {}; // the value or the property concerned; $2 of the kind's texts
+    std::string_view path = {};   // of the element in the source document: "xmeml/sequence/media"
+    std::size_t count = 1;        // the same thing that often, here and elsewhere
+};
+
+// Names are as in the tree, with entities.
+struct Remark {
+    RemarkKind kind{};
+    std::string sequence = {};
+    std::string clip = {};
+    std::string bin = {};
+    int trackKind = kNoTrack;
+    int trackIndex = 0;
+    FrameSpan span = {};
+    std::string subject = {};
+    std::string subjectId = {};
+    std::string detail = {};
+    std::string path = {};
+    std::size_t count = 1;
+};
+
+struct Account {
+    IssueSet issues;
+    std::vector<Remark> remarks;
+};
+
+//   AddRemark(account, RemarkKind::FilterRange, location, {.name = "Blur"})
+void AddRemark(Account& account, RemarkKind kind, const ItemLocation& location,
+               const RemarkSubject& subject = {});
+
+// Enters an issue and, unless the same one is there already, its remark. `span` is that
+// of the issue's location.
+void AddIssue(Account& account, Direction direction, const TranslationIssue& issue,
+              const FrameSpan& span = {});
+
+// True when a remark of the kind is there.
+bool HasRemark(const Account& account, RemarkKind kind);
+
+} // namespace XPJ

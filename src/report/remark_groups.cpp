@@ -1,0 +1,141 @@
+#include "report/remark_groups.h"
+
+#include "core/messages.h"
+#include "core/text.h"
+#include "platform/platform.h"
+
+#include <algorithm>
+#include <string_view>
+#include <tuple>
+#include <unordered_map>
+
+#include <fmt/format.h>
+
+namespace XPJ {
+
+namespace {
+
+constexpr std::size_t kFirstPlaces = 3;
+constexpr int kVideo = 1;
+
+std::string Localized(const std::string& key)
+{
+    return ToUTF8(GetPlatform().Localize(key));
+}
+
+std::string Capitalized(std::string_view text)
+{
+    std::string result(text);
+    result.front() = static_cast<char>(result.front() - 'a' + 'A');
+    return result;
+}
+
+// "a, b" of those that are not empty.
+std::string Joined(std::initializer_list<std::string> parts, std::string_view separator)
+{
+    std::string text;
+    for (const std::string& part : parts)
+        if (!part.empty())
+            text.append(text.empty() ? "" : separator).append(part);
+    return text;
+}
+
+bool IsWorse(const RemarkGroup& a, const RemarkGroup& b)
+{
+    const auto key = [](const RemarkGroup& group) {
+        return std::tuple(-static_cast<int>(group.row->severity), group.row->outcome,
+                          -static_cast<std::int64_t>(group.count), group.row->kind);
+    };
+    return key(a) < key(b);
+}
+
+std::string FirstPlaces(const RemarkGroup& group)
+{
+    std::string text;
+    std::size_t shown = 0;
+    for (const Remark* const remark : group.remarks) {
+        const std::string place = PlaceText(*remark);
+        if (shown == kFirstPlaces)
+            break;
+        if (!place.empty())
+            text.append(text.empty() ? "" : "; ").append(place);
+        ++shown;
+    }
+    if (group.remarks.size() > shown)
+        text += fmt::format("; and {} more", group.remarks.size() - shown);
+    return text;
+}
+
+void AppendLine(std::string& text, const std::string& line)
+{
+    if (!line.empty())
+        text.append("    ").append(line) += '\n';
+}
+
+} // namespace
+
+std::string ReasonText(const Remark& remark)
+{
+    return FormatMessage(Localized(ReasonKey(RowOf(remark.kind))),
+                         {UnescapeXML(remark.subject), UnescapeXML(remark.detail)});
+}
+
+std::string RemedyText(const Remark& remark)
+{
+    return Localized(RemedyKey(RowOf(remark.kind)));
+}
+
+std::string TrackText(const Remark& remark)
+{
+    if (remark.trackKind == kNoTrack || remark.sequence.empty())
+        return {};
+    return fmt::format("{}{}", remark.trackKind == kVideo ? 'V' : 'A', remark.trackIndex + 1);
+}
+
+std::string PlaceText(const Remark& remark)
+{
+    const std::string clip = UnescapeXML(remark.clip);
+    if (remark.sequence.empty()) {
+        const std::string place = Joined({UnescapeXML(remark.bin), clip}, "/");
+        return place.empty() ? remark.path : place;
+    }
+    const std::string time =
+        remark.span.IsKnown() ? remark.span.Timecode(remark.span.start) : std::string();
+    return Joined({UnescapeXML(remark.sequence), TrackText(remark), time, clip}, ", ");
+}
+
+std::vector<RemarkGroup> GroupRemarks(const std::vector<Remark>& remarks)
+{
+    std::vector<RemarkGroup> groups;
+    std::unordered_map<std::string, std::size_t> indices;
+    for (const Remark& remark : remarks) {
+        const RemarkRow& row = RowOf(remark.kind);
+        std::string reason = ReasonText(remark);
+        const std::string key = Joined({std::string(row.id), reason, remark.path}, "\n");
+        const auto [entry, isNew] = indices.try_emplace(key, groups.size());
+        if (isNew)
+            groups.push_back({&row, std::move(reason), RemedyText(remark), {}, 0});
+        RemarkGroup& group = groups[entry->second];
+        group.remarks.push_back(&remark);
+        group.count += remark.count;
+    }
+    std::ranges::stable_sort(groups, IsWorse);
+    return groups;
+}
+
+std::string GroupText(const std::vector<RemarkGroup>& all, std::size_t groups)
+{
+    std::string text;
+    for (const RemarkGroup& group : std::span(all).first(std::min(groups, all.size()))) {
+        text += fmt::format("{}, {}: {}\n", Capitalized(OutcomeText(group.row->outcome)),
+                            group.count == 1 ? "once" : fmt::format("{} times", group.count),
+                            group.reason);
+        AppendLine(text, FirstPlaces(group));
+        AppendLine(text, group.remedy);
+    }
+    if (all.size() > groups)
+        text += fmt::format("... and {} more\n", all.size() - groups);
+    return text;
+}
+
+} // namespace XPJ
