@@ -63,8 +63,6 @@ ObjectHandle WriteSequenceHead(ExportContext& context, Catalogs& catalogs,
 void WriteTimes(ExportContext& context, const SequenceContext& sequence, ObjectHandle result)
 {
     const Ticks rate = sequence.frameTicks;
-    if (rate == 0)
-        throw NoFrameLength("sequence", sequence.sequence.GetProperty("Name"));
     const TimeUnit unit = context.DocumentUnit();
     result.AddChild(WriteRate(context.document, rate, unit));
     result.SetProperty("duration", TimeText(unit, DurationOf(sequence.sequence), rate));

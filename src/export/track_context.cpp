@@ -6,6 +6,8 @@ namespace XPJ::RVX {
 
 SequenceContext ContextOfSequence(ConstHandle sequence, Ticks frameTicks)
 {
+    if (frameTicks == 0)
+        throw NoFrameLength("sequence", sequence.GetProperty("Name"));
     const TimecodeBase counting =
         TimecodeBaseOf(frameTicks, IntProperty(sequence, "MZ.Sequence.VideoTimeDisplayFormat"));
     return {.sequence = sequence,

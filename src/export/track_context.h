@@ -14,6 +14,7 @@ struct SequenceContext {
     Ticks frameTicks = kNtscFrameTicks; // of its video; transitions and issues count in it
     FrameSpan numbering = {};           // how it numbers its frames
 };
+// DocumentFault for frames of no length.
 SequenceContext ContextOfSequence(ConstHandle sequence, Ticks frameTicks);
 
 // A written track that is being filled.

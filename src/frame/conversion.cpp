@@ -5,6 +5,7 @@
 #include "export/export_driver.h"
 #include "frame/release.h"
 #include "import/import_driver.h"
+#include "import/unread_elements.h"
 #include "platform/platform.h"
 #include "platform/settings.h"
 #include "report/encoding_issues.h"
@@ -74,6 +75,9 @@ private:
         AddEncodingIssues(details.encoding, DirectionOf(request_), outcome_.account);
         isHandOff_ = request_.handOff.value_or(details.isHandOff);
         outcome_.stop = std::move(details.stop);
+        if (result == kSuccess && !outcome_.stop.reason.empty())
+            AddRemark(outcome_.account, RemarkKind::DocumentCutOff, {},
+                      {.path = outcome_.stop.path});
         if (result == kSuccess && UsesDialects(*request_.from)) {
             AssumptionList assumptions;
             RestateAsMeant(sourceDocument_, source_, assumptions);
@@ -108,8 +112,12 @@ private:
                                     .sn2vlMode = isHandOff_,
                                     .aafSupport = request_.aafSupport,
                                     .settings = SettingsOfTranslation()};
-        return ImportDocument(source_, options, progress_, translatedDocument_, outcome_.account,
-                              translated_);
+        sourceDocument_.MarkReads();
+        const int result = ImportDocument(source_, options, progress_, translatedDocument_,
+                                          outcome_.account, translated_);
+        if (result == kSuccess)
+            AddUnreadElements(source_, outcome_.account);
+        return result;
     }
 
     // The input's own name, for programs that show it.
@@ -155,15 +163,26 @@ private:
     // First, since a project lists its report.
     void Report()
     {
-        if (outcome_.account.issues.empty() || isHandOff_)
+        if (isHandOff_)
+            return;
+        if (request_.reserveReport) {
+            if (!outcome_.account.remarks.empty())
+                ListReport(request_.reserveReport());
+            return;
+        }
+        if (outcome_.account.issues.empty())
             return;
         std::string folder = request_.reportFolder;
         if (folder.empty())
             folder = IsImport() ? GetPlatform().DocumentsFolder() : FolderOf(request_.outputPath);
         if (IsImport() && folder.empty())
             return;
-        outcome_.reportPath = WriteReport(folder, outcome_.account.issues, DirectionOf(request_),
-                                          request_.reportNames);
+        ListReport(WriteReport(folder, outcome_.account.issues, DirectionOf(request_)));
+    }
+
+    void ListReport(std::string path)
+    {
+        outcome_.reportPath = std::move(path);
         if (IsImport() && request_.listsReport && !outcome_.reportPath.empty())
             AddReportItem(translated_, outcome_.reportPath);
     }

@@ -11,6 +11,7 @@
 #include "report/report.h"
 #include "tree/reading.h"
 
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -37,7 +38,9 @@ struct ConversionRequest {
 
     // The report
     std::string reportFolder{}; // with its last separator; empty: the default
-    NameStyle reportNames = NameStyle::AsInDocument;
+    // Called when something did not arrive, before the output is written; gives the path of a
+    // report that the caller writes itself. Empty: the host's report is written.
+    std::function<std::string()> reserveReport{};
 };
 
 // Sets both formats from the extension of the input: a document becomes one of the other kind.

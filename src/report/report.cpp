@@ -67,13 +67,6 @@ std::string LocationText(const TranslationIssue& issue)
     return GetMessage(Message::kSequence, {issue.sequence, issue.time, TrackText(issue)});
 }
 
-TranslationIssue WithPlainNames(TranslationIssue issue)
-{
-    for (std::string* text : {&issue.sequence, &issue.clip, &issue.subject, &issue.time})
-        *text = UnescapeXML(*text);
-    return issue;
-}
-
 std::string LocalTimeText()
 {
     const std::time_t now = std::chrono::system_clock::to_time_t(GetPlatform().Now());
@@ -86,15 +79,14 @@ std::string LocalTimeText()
 
 } // namespace
 
-std::string IssueReportText(const IssueSet& issues, Direction direction, NameStyle names)
+std::string IssueReportText(const IssueSet& issues, Direction direction)
 {
     const std::string heading = GetMessage(Message::kTranslationIssue);
     std::string text;
-    for (const TranslationIssue& found : issues) {
-        const IssueKind* const kind = FindIssueKind(direction, found.kind);
+    for (const TranslationIssue& issue : issues) {
+        const IssueKind* const kind = FindIssueKind(direction, issue.kind);
         if (!kind)
             continue;
-        const TranslationIssue issue = names == NameStyle::Plain ? WithPlainNames(found) : found;
         text.append(heading).append(kLineEnd);
         if (kind->line != IssueLine::Plain)
             text += '\t';
@@ -117,8 +109,7 @@ std::string MakeUniqueFileName(const std::string& base, std::string_view extensi
     }
 }
 
-std::string WriteReport(std::string_view folder, const IssueSet& issues, Direction direction,
-                        NameStyle names)
+std::string WriteReport(std::string_view folder, const IssueSet& issues, Direction direction)
 {
     std::string base(folder);
     base.append(GetMessage(Message::kTranslationResults)).append(" ").append(LocalTimeText());
@@ -127,7 +118,7 @@ std::string WriteReport(std::string_view folder, const IssueSet& issues, Directi
     if (path.empty())
         return {};
 
-    const std::string text = IssueReportText(issues, direction, names);
+    const std::string text = IssueReportText(issues, direction);
     std::size_t written = 0;
     if (file.Write(text.data(), text.size(), written) && file.Close())
         return path;

@@ -1,4 +1,4 @@
-// The translation report: what a conversion could not carry over.
+// The host's report: the issues of a conversion, with names as in the documents.
 #pragma once
 
 #include "core/account.h"
@@ -10,15 +10,10 @@
 
 namespace XPJ {
 
-// How a report states names: as in the documents, with their entities ("A &amp; B"), as hosts
-// expect it, or in plain text.
-enum class NameStyle { AsInDocument, Plain };
-
 // Two lines for each issue, in set order, ending in CR LF.
 //   Translation issue:
 //   <tab>Sequence <Cut 1> at 01:00:00:00, video track 1: Effect <Sepia> on Clip <A> not translated.
-std::string IssueReportText(const IssueSet& issues, Direction direction,
-                            NameStyle names = NameStyle::AsInDocument);
+std::string IssueReportText(const IssueSet& issues, Direction direction);
 
 // Creates the first of "base.txt", "base (1).txt", "base (2).txt" and so on that doesn't exist, and
 // leaves it open in `file`: no two runs get the same one. Gives its path; empty when none could be
@@ -27,8 +22,7 @@ std::string MakeUniqueFileName(const std::string& base, std::string_view extensi
 
 // Writes the report into `folder` (with its last separator; empty for the current one) under a name
 // of its own with the local time. Gives its path; empty when it could not be written.
-std::string WriteReport(std::string_view folder, const IssueSet& issues, Direction direction,
-                        NameStyle names = NameStyle::AsInDocument);
+std::string WriteReport(std::string_view folder, const IssueSet& issues, Direction direction);
 
 // Adds the report to the main bin of the project, if the project has one.
 void AddReportItem(ObjectHandle projectDocument, std::string_view reportPath);

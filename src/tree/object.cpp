@@ -23,13 +23,23 @@ std::uint32_t Size32(std::string_view text)
     return static_cast<std::uint32_t>(text.size());
 }
 
+constexpr std::uint32_t kNameSizeBits = ~std::uint32_t{0} >> 1;
+constexpr std::uint64_t kUniqueIdBits = ~std::uint64_t{0} >> 1;
+
 } // namespace
 
 void ObjectHandle::InsertProperty(Name key, std::string_view value) const
 {
+    if (key.Size() > kNameSizeBits)
+        throw std::length_error("a name of more than 2 GiB");
     Property* const property =
         new (object_->document->Allocate(sizeof(Property), alignof(Property)))
-            Property{nullptr, key.Text(), value.data(), key.Size(), Size32(value)};
+            Property{.next = nullptr,
+                     .name = key.Text(),
+                     .value = value.data(),
+                     .nameSize = key.Size() & kNameSizeBits,
+                     .isRead = 0,
+                     .valueSize = Size32(value)};
     if (object_->lastProperty)
         object_->lastProperty->next = property;
     else
@@ -85,8 +95,10 @@ void ObjectHandle::RemoveProperty(Name key) const
 Object* ConstHandle::FindChild(std::string_view name) const
 {
     for (const ChildEntry* entry = FirstEntry(); entry; entry = entry->next)
-        if (entry->NameView() == name)
+        if (entry->NameView() == name) {
+            MarkRead(entry->object);
             return entry->object;
+        }
     return nullptr;
 }
 
@@ -132,7 +144,14 @@ ObjectHandle Document::NewObject(Name name)
 {
     const std::uint64_t id = nextUniqueId.fetch_add(1, std::memory_order_relaxed);
     return ObjectHandle(new (Allocate(sizeof(Object), alignof(Object)))
-                            Object{this, id, name, nullptr, nullptr, nullptr, nullptr});
+                            Object{.document = this,
+                                   .uniqueId = id & kUniqueIdBits,
+                                   .isRead = 0,
+                                   .name = name,
+                                   .firstProperty = nullptr,
+                                   .lastProperty = nullptr,
+                                   .firstChild = nullptr,
+                                   .lastChild = nullptr});
 }
 
 std::string_view Document::Store(std::string_view text)

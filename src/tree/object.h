@@ -33,7 +33,8 @@ struct Property {
     Property* next;
     const char* name;
     const char* value;
-    std::uint32_t nameSize;
+    std::uint32_t nameSize : 31;
+    mutable std::uint32_t isRead : 1; // see Document::MarkReads
     std::uint32_t valueSize;
 
     std::string_view NameView() const { return {name, nameSize}; }
@@ -53,13 +54,19 @@ struct ChildEntry {
 
 struct Object {
     Document* document;
-    std::uint64_t uniqueId;
+    std::uint64_t uniqueId : 63;
+    mutable std::uint64_t isRead : 1; // see Document::MarkReads
     Name name;
     Property* firstProperty;
     Property* lastProperty;
     ChildEntry* firstChild;
     ChildEntry* lastChild;
 };
+
+// Records that someone has looked the node up by its name, or the property, if the document is to
+// record it.
+void MarkRead(const Object* object);
+void MarkRead(const Object* owner, const Property* property);
 
 // The children of a node, all or those of one name. Appending while walking is allowed: the walk
 // then comes to what was appended.
@@ -69,7 +76,12 @@ public:
     class Iterator {
     public:
         Iterator(ChildEntry* entry, const Name* filter) : entry_(entry), filter_(filter) { Skip(); }
-        Handle operator*() const { return Handle(entry_->object); }
+        Handle operator*() const
+        {
+            if (filter_)
+                MarkRead(entry_->object);
+            return Handle(entry_->object);
+        }
         // The name under which the child is entered.
         std::string_view EntryName() const { return entry_->NameView(); }
         Iterator& operator++()
@@ -116,6 +128,8 @@ public:
 
     // The element's name, or the class name of a node that a translator made.
     Name GetName() const { return object_ ? object_->name : Name(); }
+    // Whether someone has looked the node up; see Document::MarkReads.
+    bool IsRead() const { return object_ && object_->isRead; }
     // Identity over the process's life; 0 for a null handle.
     std::uint64_t UniqueId() const { return object_ ? object_->uniqueId : 0; }
 
@@ -154,8 +168,10 @@ protected:
         if (!object_)
             return nullptr;
         for (Property* property = object_->firstProperty; property; property = property->next)
-            if (property->NameView() == key)
+            if (property->NameView() == key) {
+                MarkRead(object_, property);
                 return property;
+            }
         return nullptr;
     }
     Object* FindChild(std::string_view name) const;
@@ -216,13 +232,31 @@ public:
     {
         return arena_.allocate(size, alignment);
     }
+    // From now on each node and each property that is looked up by its name is marked, so that
+    // what nobody has looked at can be found afterwards. A walk over all children or properties
+    // marks nothing.
+    void MarkReads() { marksReads_ = true; }
+    bool MarksReads() const { return marksReads_; }
     // The document keeps `bytes` (a file's text, into which values point) to its end.
     std::string_view Adopt(std::string&& bytes);
 
 private:
     std::pmr::monotonic_buffer_resource arena_{65536};
     std::forward_list<std::string> adopted_; // a list node each: short texts don't move
+    bool marksReads_ = false;
 };
+
+inline void MarkRead(const Object* object)
+{
+    if (object->document->MarksReads())
+        object->isRead = 1;
+}
+
+inline void MarkRead(const Object* owner, const Property* property)
+{
+    if (owner->document->MarksReads())
+        property->isRead = 1;
+}
 
 // A set of nodes by identity, one bit a node: for walks that take each node once.
 class NodeSet {

@@ -84,16 +84,6 @@ TEST(IssueReportText, SortsAndJoinsIssues)
                   "Effect <Sepia> on Clip <A> not translated.\r\n");
 }
 
-TEST(IssueReportText, PlainNames)
-{
-    TranslationIssue issue = Issue(3);
-    issue.clip = "Q&amp;A &lt;1&gt; &#233;";
-    issue.subject = "Sepia &amp;amp; co";
-    EXPECT_EQ(IssueReportText({issue}, Direction::Import, NameStyle::Plain),
-              "Translation issue:\r\n\tSequence <Cut & 1> at 01:00:00:00, video track 2: Effect "
-              "<Sepia &amp; co> on Clip <Q&A <1> \xC3\xA9> not translated.\r\n");
-}
-
 TEST(MakeUniqueFileName, TakesTheFirstFreeOne)
 {
     const TempFolder folder;

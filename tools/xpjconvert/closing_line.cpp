@@ -1,8 +1,7 @@
 #include "xpjconvert/closing_line.h"
 #include "frame/user_messages.h"
 #include "platform/platform.h"
-
-#include <map>
+#include "report/account_report.h"
 
 #include <fmt/format.h>
 
@@ -14,23 +13,11 @@ std::string Counted(std::size_t count, std::string_view noun)
     return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
-// "3 lost, 1 changed"
-std::string TotalsText(const Account& account)
-{
-    std::map<RemarkOutcome, std::size_t> totals;
-    for (const Remark& remark : account.remarks)
-        totals[RowOf(remark.kind).outcome] += remark.count;
-    std::string text;
-    for (const auto& [outcome, count] : totals)
-        text += fmt::format("{}{} {}", text.empty() ? "" : ", ", count, OutcomeText(outcome));
-    return text;
-}
-
 std::string LossesText(const ConversionOutcome& outcome)
 {
     if (outcome.account.remarks.empty())
         return outcome.stop.reason.empty() ? "nothing was lost" : "no issues";
-    const std::string totals = TotalsText(outcome.account);
+    const std::string totals = CountsText(CountOutcomes(outcome.account));
     if (outcome.reportPath.empty())
         return totals + ", without a report file";
     return fmt::format("{}, listed in {}", totals, outcome.reportPath);

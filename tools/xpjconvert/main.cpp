@@ -10,6 +10,7 @@
 #include "xpjconvert/options.h"
 #include "xpjconvert/print.h"
 #include "xpjconvert/progress_display.h"
+#include "xpjconvert/reports.h"
 
 #include <filesystem>
 #include <iostream>
@@ -37,11 +38,6 @@ void PreparePlatform(const ToolOptions& options, DefaultPlatform& platform)
         platform.SetDebugEntry("FCP.OpenInterchange", "true");
     for (const auto& [key, value] : options.debugEntries)
         platform.SetDebugEntry(key, value);
-    if (!options.reportFolder.empty()) {
-        std::error_code error; // without a folder, the last line states that there is no report
-        std::filesystem::create_directories(options.reportFolder, error);
-        platform.SetReportFolder(options.reportFolder);
-    }
 }
 
 // What did not arrive as it was: as many groups as fit on a screen.
@@ -51,7 +47,7 @@ void PrintLosses(const ConversionOutcome& outcome)
     Print(GroupText(GroupRemarks(outcome.account.remarks), kGroups));
 }
 
-int Convert(const ConversionRequest& request, bool quiet)
+int Convert(const ToolOptions& options, ConversionRequest& request)
 {
     std::error_code error;
     if (std::filesystem::equivalent(request.inputPath, request.outputPath, error)) {
@@ -62,10 +58,13 @@ int Convert(const ConversionRequest& request, bool quiet)
     if (request.handOff.value_or(false))
         Print("Processing for Sonara consumption...\n");
 
+    Reports reports(options, request);
+    request.reserveReport = [&reports] { return reports.Reserve(); };
     CatchInterrupts();
-    const ConversionOutcome outcome = ConvertUnderDisplay(request, quiet);
+    const ConversionOutcome outcome = ConvertUnderDisplay(request, options.quiet);
     ReleaseInterrupts();
-    if (!quiet)
+    const std::string problems = reports.Write(outcome);
+    if (!options.quiet)
         PrintLosses(outcome);
     if (outcome.result == kSuccess) {
         PrintError(CutOffLine(request, outcome));
@@ -73,11 +72,13 @@ int Convert(const ConversionRequest& request, bool quiet)
     } else {
         PrintError(FailureLine(request, outcome));
     }
+    PrintError(problems);
     // The conversion itself has succeeded or not, whatever becomes of this output.
     if (const std::string loss = FlushPrinted(); !loss.empty())
         PrintError(
             fmt::format("XPJConvert: the standard output could not be written: {}.\n", loss));
-    return outcome.result;
+    return outcome.result == kSuccess && HasFailure(options, outcome) ? kLossesFound
+                                                                      : outcome.result;
 }
 
 // What the command line doesn't state itself.
@@ -86,9 +87,6 @@ void CompleteRequest(const ToolOptions& options, ConversionRequest& request)
     if (request.outputPath.empty())
         request.outputPath = DefaultOutputName(request);
     request.listsReport = !options.seed; // its name and folder don't follow from the input
-    request.reportNames = NameStyle::Plain;
-    if (!options.reportFolder.empty())
-        request.reportFolder = GetPlatform().DocumentsFolder(); // made absolute, with its separator
 }
 
 int Run(int argc, char** argv)
@@ -115,7 +113,7 @@ int Run(int argc, char** argv)
     PreparePlatform(options, platform);
     const PlatformScope scope(platform);
     CompleteRequest(options, request);
-    return Convert(request, options.quiet);
+    return Convert(options, request);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "xpjconvert/options.h"
 
+#include "report/account_report.h"
+
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
@@ -18,6 +20,7 @@ Exit status:
   5   the input could not be opened
   6   unexpected error, or the output could not be written
   10  --compare found differences
+  11  converted, but the report has what --fail-on names
   64  wrong usage
   A run that is stopped by a signal ends with that signal.
 
@@ -43,6 +46,14 @@ std::string CheckKeyValue(const std::string& text)
 std::string CheckGuid(const std::string& text)
 {
     return StringToGUID(text) == kZeroGuid ? "'" + text + "' is not a GUID" : "";
+}
+
+const std::set<std::string> kFailures = {"lost", "changed", "assumed", "skipped", "cut-off", "any"};
+
+std::string CheckReport(const std::string& path)
+{
+    return path == "-" || FormatOfReport(path) ? ""
+                                               : "'" + path + "' is not .txt, .json, .csv or .html";
 }
 
 // Rules for more than one option.
@@ -87,9 +98,23 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
         ->option_text("KEY=VALUE")
         ->allow_extra_args(false)
         ->check(CheckKeyValue);
+    app.add_option(
+           "--report", options.reports,
+           "Write what did not arrive into this file, by its extension as .txt, .json, .csv "
+           "or .html; - is the standard output, as text; may be repeated")
+        ->option_text("FILE")
+        ->allow_extra_args(false)
+        ->check(CheckReport);
     app.add_option("--report-dir", options.reportFolder,
-                   "Write the translation report into this folder")
+                   "Without --report: write the report into this folder, not beside OUTPUT")
         ->option_text("DIR");
+    app.add_option("--fail-on", options.failOn,
+                   "End with status 11 when the report has such a thing: lost, changed, assumed, "
+                   "skipped, cut-off or any; may be repeated")
+        ->option_text("OUTCOME,...")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->check(CLI::IsMember(kFailures));
     app.add_option("--sequence", sequence, "Convert only this sequence of a .vlproj")
         ->option_text("GUID")
         ->check(CheckGuid);

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -15,6 +16,8 @@ namespace XPJ {
 constexpr int kWrongUsage = 64;
 // Exit status of a comparison that found differences.
 constexpr int kDifferent = 10;
+// Exit status of a conversion with what --fail-on names.
+constexpr int kLossesFound = 11;
 
 struct ToolOptions {
     ConversionRequest request; // its formats are still to be set
@@ -22,7 +25,10 @@ struct ToolOptions {
     bool strict = false; // without the rules for other programs' dialects
     std::optional<std::uint64_t> seed;
     std::vector<std::pair<std::string, std::string>> debugEntries;
-    std::string reportFolder; // empty: where reports go by default
+    // The account of the conversion.
+    std::vector<std::string> reports; // files to write, by extension; "-" is the standard output
+    std::string reportFolder;         // of the report without --report; empty: beside the output
+    std::set<std::string> failOn; // outcomes that give the status of losses, or "cut-off", "any"
     // Instead of a conversion.
     bool inspect = false;
     bool compare = false; // the input with the "output", both of which are read

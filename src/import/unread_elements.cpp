@@ -1,0 +1,231 @@
+#include "import/unread_elements.h"
+
+#include "core/numbers.h"
+#include "tree/unread.h"
+#include "xmeml/rates.h"
+#include "xmeml/sequences.h"
+#include "xmeml/unused_fields.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace XPJ {
+
+namespace {
+
+using Path = TreePath;
+
+// The last element of the path with one of the names; null without one.
+ConstHandle Around(Path path, std::initializer_list<Name> names)
+{
+    for (std::size_t i = path.size(); i > 0; --i)
+        if (std::ranges::find(names, path[i - 1].GetName()) != names.end())
+            return path[i - 1];
+    return {};
+}
+
+// ---- What counts for nothing
+
+bool IsAny(Path)
+{
+    return true;
+}
+
+// The items of a browser clip show its file, as the clip itself states.
+bool IsInBrowserClip(Path path)
+{
+    return Around(path, {"clip", "sequence"}).GetName() == "clip";
+}
+
+// Documents of a whole project state the logging of clips in their bins.
+bool IsInProject(Path path)
+{
+    return path.size() > 1 && path[1].GetName() == "project";
+}
+
+bool HasColorLabel(Path path)
+{
+    return HasValue(path.back(), "label2");
+}
+
+bool IsIdentity(Path path)
+{
+    return path.back().GetProperty("key").find("uuid") != std::string_view::npos;
+}
+
+// Of the definitions of one file the first counts.
+bool IsInRepeatedFile(Path path)
+{
+    const ConstHandle file = Around(path, {"file"});
+    if (!file)
+        return false;
+    for (const Property* property = file.FirstProperty(); property; property = property->next)
+        if (property->isRead && property->NameView() != "id")
+            return false;
+    return true;
+}
+
+// What carries nothing that a project could hold, beside the fields that the table of elements
+// states no translation uses.
+struct EmptyField {
+    Name owner; // the element around it, empty for any
+    Name field; // empty for any
+    std::string_view reason;
+    bool (*holds)(Path) = IsAny;
+};
+
+constexpr std::string_view kOfFile = "the file states it as well, and that counts";
+constexpr std::string_view kOfClip = "the clip around it states it as well";
+constexpr std::string_view kFoundById = "the linked item is found by its id";
+constexpr std::string_view kOfEffect = "the id identifies the effect";
+constexpr std::string_view kAccounted = "the rules of effects account for parameters";
+constexpr std::string_view kBound = "the reference is bound";
+
+constexpr EmptyField kEmptyFields[] = {
+    {{}, "id", "identifies an element inside its document"},
+    {{}, "fileid", kBound},
+    {{}, "clipid", kBound},
+    {{}, "sequenceid", kBound},
+    {{}, {}, "an earlier definition of the file counts", IsInRepeatedFile},
+    {"timecode", "string", "the frame counts"},
+    {"clipitem", "link", kFoundById},
+    {"link", {}, kFoundById},
+    {"clipitem", "anamorphic", kOfFile},
+    {"clipitem", "fielddominance", kOfFile},
+    {"clipitem", "pixelaspectratio", kOfFile},
+    {"clipitem", "stillframe", kOfFile},
+    {"clipitem", "channelcount", kOfFile},
+    {"clipitem", "name", kOfClip, IsInBrowserClip},
+    {"clipitem", "rate", kOfClip, IsInBrowserClip},
+    {"clipitem", "duration", kOfClip, IsInBrowserClip},
+    {"clipitem", "sourcetrack", kOfClip, IsInBrowserClip},
+    {"clipitem", "masterclipid", kOfClip, IsInBrowserClip},
+    {"clipitem", "start", kOfClip, IsInBrowserClip},
+    {"clipitem", "end", kOfClip, IsInBrowserClip},
+    {"clipitem", "in", kOfClip, IsInBrowserClip},
+    {"clipitem", "out", kOfClip, IsInBrowserClip},
+    {"clipitem", "enabled", kOfClip, IsInBrowserClip},
+    {"clipitem", "logginginfo", "clips of a cut share the logging of their master", IsInProject},
+    {"clipitem", "comments", "clips of a cut share the comments of their master", IsInProject},
+    {"labels", "label", "`label2` is the color", HasColorLabel},
+    {"metadata", "value", "the identity of a file in other programs", IsIdentity},
+    {"video", "duration", "the file states its duration"},
+    {"audio", "samplecharacteristics", "those of the first `audio` count"},
+    {"audio", "layout", "those of the first `audio` count"},
+    {"samplecharacteristics", "rate", "the file states its rate"},
+    {"format", "appspecificdata", "how renders were compressed"},
+    {"group", "index", "groups are in order"},
+    {"group", "channel", "the number of channels counts"},
+    {"transitionitem", "rate", "transitions count in the rate of the sequence"},
+    {"effect", "name", kOfEffect},
+    {"effect", "effecttype", kOfEffect},
+    {"effect", "effectcategory", kOfEffect},
+    {"effect", "mediatype", kOfEffect},
+    {"effect", "parameter", kAccounted},
+    {"parameter", {}, kAccounted},
+    {"keyframe", {}, kAccounted},
+    {"value", {}, kAccounted},
+};
+
+bool IsExempt(Path path, Name field)
+{
+    const ConstHandle owner = path.back();
+    return IsUnusedField(owner.GetName(), field) ||
+           std::ranges::any_of(kEmptyFields, [&](const EmptyField& row) {
+               return (row.owner.IsEmpty() || row.owner == owner.GetName()) &&
+                      (row.field.IsEmpty() || row.field == field) && row.holds(path);
+           });
+}
+
+// ---- Places
+
+std::string PathText(Path path, Name name)
+{
+    std::string text;
+    for (const ConstHandle& node : path)
+        text.append(node.GetName().View()) += '/';
+    return text.append(name.View());
+}
+
+// The names of the bins, "Day 1/Sound".
+std::string BinText(Path path)
+{
+    std::string text;
+    for (const ConstHandle& node : path)
+        if (node.GetName() == "bin")
+            text.append(text.empty() ? "" : "/").append(node.GetProperty("name"));
+    return text;
+}
+
+struct TrackPosition {
+    int kind = kNoTrack;
+    int index = 0;
+};
+
+TrackPosition TrackOf(Path path)
+{
+    const ConstHandle track = Around(path, {"track"});
+    const ConstHandle group = Around(path, {"video", "audio"});
+    if (!track || !group)
+        return {};
+    int index = 0;
+    for (const ConstHandle& other : group.GetChildren("track")) {
+        if (other == track)
+            break;
+        ++index;
+    }
+    return {group.GetName() == "video" ? 1 : 2, index};
+}
+
+// The first places of one path, and how often it is there.
+struct UnreadPath {
+    std::vector<Remark> places;
+    std::size_t count = 0;
+};
+
+constexpr std::size_t kPlaces = 3;
+
+Remark PlaceOf(Path path, std::string pathText)
+{
+    Remark place{
+        .kind = RemarkKind::ElementUnread, .detail = pathText, .path = std::move(pathText)};
+    const ConstHandle item = Around(path, {"clipitem", "generatoritem", "transitionitem"});
+    const ConstHandle sequence = Around(path, {"sequence"});
+    const ConstHandle clip = Around(path, {"clip"});
+    place.bin = BinText(path);
+    place.clip = (item ? item : clip ? clip : Around(path, {"file"})).GetProperty("name");
+    if (!sequence)
+        return place;
+    place.sequence = sequence.GetProperty("name");
+    const TrackPosition track = TrackOf(path);
+    place.trackKind = track.kind;
+    place.trackIndex = track.index;
+    return place;
+}
+
+} // namespace
+
+void AddUnreadElements(ConstHandle root, Account& account)
+{
+    std::map<std::string, UnreadPath> found;
+    ForEachUnread(root, IsExempt, [&found](Path path, Name name) {
+        std::string text = PathText(path, name);
+        UnreadPath& entry = found[text];
+        ++entry.count;
+        if (entry.places.size() < kPlaces)
+            entry.places.push_back(PlaceOf(path, std::move(text)));
+    });
+    for (auto& [path, entry] : found) {
+        entry.places.back().count += entry.count - entry.places.size();
+        for (Remark& place : entry.places)
+            account.remarks.push_back(std::move(place));
+    }
+}
+
+} // namespace XPJ

@@ -1,0 +1,121 @@
+#include "xpjconvert/reports.h"
+
+#include "core/paths.h"
+#include "platform/atomic_file.h"
+#include "report/account_report.h"
+#include "report/report.h"
+#include "xpjconvert/print.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <string_view>
+#include <system_error>
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+namespace XPJ {
+
+namespace {
+
+std::string ResultText(int result)
+{
+    constexpr std::string_view kTexts[] = {"success",
+                                           "aborted",
+                                           "no FCP data found",
+                                           "out of memory",
+                                           "no xmeml data found",
+                                           "the input could not be opened",
+                                           "unexpected error"};
+    static_assert(std::size(kTexts) == kUnexpectedError + 1);
+    return std::string(kTexts[std::clamp<int>(result, kSuccess, kUnexpectedError)]);
+}
+
+// "out/cut.vlproj" -> "out/cut.report"
+std::string BaseBeside(const std::string& outputPath, const std::string& folder)
+{
+    const std::filesystem::path output(outputPath);
+    const std::filesystem::path parent =
+        folder.empty() ? output.parent_path() : std::filesystem::path(folder);
+    return (parent / output.stem()).string() + ".report";
+}
+
+} // namespace
+
+std::string Reports::Reserve()
+{
+    for (const std::string& path : options_.reports)
+        if (path != "-")
+            return AbsolutePath(path);
+    if (!options_.reports.empty())
+        return {};
+    if (!options_.reportFolder.empty()) {
+        std::error_code error; // a folder that can't be made can't hold the file either
+        std::filesystem::create_directories(options_.reportFolder, error);
+    }
+    CoreFile file;
+    reserved_ = MakeUniqueFileName(
+        AbsolutePath(BaseBeside(request_.outputPath, options_.reportFolder)), "txt", file);
+    return reserved_;
+}
+
+std::string Reports::Write(const ConversionOutcome& outcome)
+{
+    std::string problems;
+    for (const std::string& path : options_.reports)
+        problems += WriteOne(path, outcome);
+    if (!reserved_.empty())
+        problems += WriteOne(reserved_, outcome);
+    return problems;
+}
+
+std::string Reports::WriteOne(const std::string& path, const ConversionOutcome& outcome) const
+{
+    const std::string text = TextOf(path, outcome);
+    if (path == "-") {
+        Print(text);
+        return {};
+    }
+    AtomicFile output(path);
+    std::size_t written = 0;
+    if (output.IsOpen() && output.File().Write(text.data(), text.size(), written) &&
+        output.Commit())
+        return {};
+    return fmt::format("XPJConvert: {}: the report could not be written: {}.\n", path,
+                       output.Reason());
+}
+
+std::string Reports::TextOf(const std::string& path, const ConversionOutcome& outcome) const
+{
+    const ReportHeader header{
+        .tool = "xpjconvert " VELA_VERSION,
+        .date = fmt::format("{:%Y-%m-%dT%H:%M:%SZ}", fmt::gmtime(std::time(nullptr))),
+        .input = request_.inputPath,
+        .output = outcome.result == kSuccess ? request_.outputPath : "",
+        .result = ResultText(outcome.result)};
+    switch (FormatOfReport(path).value_or(ReportFormat::Text)) {
+    case ReportFormat::Json:
+        return AccountJson(header, outcome.account);
+    case ReportFormat::Csv:
+        return AccountCsv(outcome.account);
+    case ReportFormat::Page:
+    case ReportFormat::Text:
+        break;
+    }
+    return AccountText(header, outcome.account);
+}
+
+bool HasFailure(const ToolOptions& options, const ConversionOutcome& outcome)
+{
+    const bool isCutOff = !outcome.stop.reason.empty();
+    if (options.failOn.contains("any") && (isCutOff || !outcome.account.remarks.empty()))
+        return true;
+    if (options.failOn.contains("cut-off") && isCutOff)
+        return true;
+    return std::ranges::any_of(outcome.account.remarks, [&options](const Remark& remark) {
+        return options.failOn.contains(std::string(OutcomeText(RowOf(remark.kind).outcome)));
+    });
+}
+
+} // namespace XPJ

@@ -1,0 +1,38 @@
+// The reports that a conversion leaves.
+#pragma once
+
+#include "xpjconvert/options.h"
+
+#include <string>
+
+namespace XPJ {
+
+// Those of --report; without it one text file beside the output, when something did not arrive.
+class Reports {
+public:
+    Reports(const ToolOptions& options, const ConversionRequest& request)
+        : options_(options), request_(request)
+    {
+    }
+
+    // The absolute path of the report that a project lists: the first of --report, else a new file
+    // "cut.report.txt" beside the output "cut.vlproj", which no other run gets. Empty if there is
+    // none.
+    std::string Reserve();
+
+    // Writes them; a line for each that could not be written.
+    std::string Write(const ConversionOutcome& outcome);
+
+private:
+    std::string WriteOne(const std::string& path, const ConversionOutcome& outcome) const;
+    std::string TextOf(const std::string& path, const ConversionOutcome& outcome) const;
+
+    const ToolOptions& options_;
+    const ConversionRequest& request_;
+    std::string reserved_; // the file beside the output
+};
+
+// True when the account has what --fail-on names.
+bool HasFailure(const ToolOptions& options, const ConversionOutcome& outcome);
+
+} // namespace XPJ
