@@ -3,6 +3,7 @@
 #include "core/paths.h"
 #include "dialects/dialects.h"
 #include "export/export_driver.h"
+#include "export/unread_objects.h"
 #include "frame/release.h"
 #include "import/import_driver.h"
 #include "import/unread_elements.h"
@@ -74,6 +75,11 @@ private:
                                                progress_, sourceDocument_, source_, details);
         AddEncodingIssues(details.encoding, DirectionOf(request_), outcome_.account);
         isHandOff_ = request_.handOff.value_or(details.isHandOff);
+        for (const IgnoredElements& ignored : details.ignored)
+            AddRemark(outcome_.account, RemarkKind::ElementUnknown, {},
+                      {.detail = ignored.path.substr(ignored.path.rfind('/') + 1),
+                       .path = ignored.path,
+                       .count = ignored.count});
         outcome_.stop = std::move(details.stop);
         if (result == kSuccess && !outcome_.stop.reason.empty())
             AddRemark(outcome_.account, RemarkKind::DocumentCutOff, {},
@@ -137,8 +143,11 @@ private:
                                          .sequenceGuid = request_.sequenceGuid,
                                          .exportTransformEffect = settings_.exportTransform,
                                          .settings = SettingsOfTranslation()};
+        sourceDocument_.MarkReads();
         const int result = RVX::TranslateProjectDocument(
             source_, options, progress_, translatedDocument_, outcome_.account, translated_);
+        if (result == kSuccess && request_.sequenceGuid == kZeroGuid)
+            RVX::AddUnreadObjects(source_, outcome_.account);
         // The one chosen sequence is all that the project then holds.
         outcome_.lacksSequence = result == kSuccess && request_.needsSequence &&
                                  request_.sequenceGuid != kZeroGuid &&

@@ -55,6 +55,7 @@ int ReadXmeml(const DocumentInput& input, Progress& progress, Document& document
     const int result = ReadFCPXML(input.path, progress, document, root, &found, manner);
     details.stop = std::move(found.stop);
     details.encoding = std::move(found.encoding);
+    details.ignored = std::move(found.ignored);
     details.isHandOff = found.kind.sn2vlMode;
     return ResultOfRead(result);
 }

@@ -7,13 +7,9 @@
 #include "xmeml/unused_fields.h"
 
 #include <algorithm>
-#include <map>
-#include <optional>
-#include <span>
+#include <initializer_list>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 namespace XPJ {
 
@@ -145,14 +141,6 @@ bool IsExempt(Path path, Name field)
 
 // ---- Places
 
-std::string PathText(Path path, Name name)
-{
-    std::string text;
-    for (const ConstHandle& node : path)
-        text.append(node.GetName().View()) += '/';
-    return text.append(name.View());
-}
-
 // The names of the bins, "Day 1/Sound".
 std::string BinText(Path path)
 {
@@ -183,18 +171,24 @@ TrackPosition TrackOf(Path path)
     return {group.GetName() == "video" ? 1 : 2, index};
 }
 
-// The first places of one path, and how often it is there.
-struct UnreadPath {
-    std::vector<Remark> places;
-    std::size_t count = 0;
-};
-
-constexpr std::size_t kPlaces = 3;
-
-Remark PlaceOf(Path path, std::string pathText)
+// Edges that only the items beside it state are not known here.
+FrameSpan SpanOf(ConstHandle sequence, ConstHandle item)
 {
-    Remark place{
-        .kind = RemarkKind::ElementUnread, .detail = pathText, .path = std::move(pathText)};
+    const SequenceTimecode timecode = TimecodeOfSequence(sequence, RatesOfSequence(sequence, false));
+    const auto frameOf = [&](Name edge) {
+        const Frames value = HasValue(item, edge) ? Int64Property(item, edge) : -1;
+        return value < 0 ? -1 : timecode.FrameOf(value);
+    };
+    return {.start = frameOf("start"),
+            .end = frameOf("end"),
+            .first = timecode.first,
+            .base = timecode.base,
+            .drop = timecode.drop};
+}
+
+Remark PlaceOf(Path path)
+{
+    Remark place;
     const ConstHandle item = Around(path, {"clipitem", "generatoritem", "transitionitem"});
     const ConstHandle sequence = Around(path, {"sequence"});
     const ConstHandle clip = Around(path, {"clip"});
@@ -206,6 +200,7 @@ Remark PlaceOf(Path path, std::string pathText)
     const TrackPosition track = TrackOf(path);
     place.trackKind = track.kind;
     place.trackIndex = track.index;
+    place.span = SpanOf(sequence, item);
     return place;
 }
 
@@ -213,19 +208,7 @@ Remark PlaceOf(Path path, std::string pathText)
 
 void AddUnreadElements(ConstHandle root, Account& account)
 {
-    std::map<std::string, UnreadPath> found;
-    ForEachUnread(root, IsExempt, [&found](Path path, Name name) {
-        std::string text = PathText(path, name);
-        UnreadPath& entry = found[text];
-        ++entry.count;
-        if (entry.places.size() < kPlaces)
-            entry.places.push_back(PlaceOf(path, std::move(text)));
-    });
-    for (auto& [path, entry] : found) {
-        entry.places.back().count += entry.count - entry.places.size();
-        for (Remark& place : entry.places)
-            account.remarks.push_back(std::move(place));
-    }
+    AddUnread(root, {.isExempt = IsExempt, .placeOf = PlaceOf}, account);
 }
 
 } // namespace XPJ

@@ -118,14 +118,24 @@ private:
     std::vector<ObjectHandle> blobsWithoutBytes_;
 };
 
+int Parse(std::string_view text, Document& document, ObjectHandle& root, ReadNotes& notes)
+{
+    ProjectReader reader(text, document);
+    const int result = reader.Read(root, &notes.stop);
+    notes.ignored = reader.Ignored();
+    reader.Finish();
+    return result;
+}
+
 } // namespace
 
 int ParseProjectDocument(std::string_view text, Document& document, ObjectHandle& root,
                          ReadStop* stop)
 {
-    ProjectReader reader(text, document);
-    const int result = reader.Read(root, stop);
-    reader.Finish();
+    ReadNotes notes;
+    const int result = Parse(text, document, root, notes);
+    if (stop != nullptr)
+        *stop = std::move(notes.stop);
     return result;
 }
 
@@ -141,7 +151,7 @@ int ReadProjectDocument(std::istream& input, Document& document, ObjectHandle& r
         return kReadNoInput;
     }
     const std::string_view text = DecodeInput(ReadInput(input, document), document, found.encoding);
-    return ParseProjectDocument(text, document, root, &found.stop);
+    return Parse(text, document, root, found);
 }
 
 } // namespace XPJ

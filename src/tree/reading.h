@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace XPJ {
 
@@ -33,9 +34,16 @@ struct ReadStop {
     std::string path;       // open elements, "xmeml/project/children"; a deep one has "..." inside
 };
 
+// Elements that the vocabulary doesn't have where they are. What is inside is not listed.
+struct IgnoredElements {
+    std::string path; // "xmeml/sequence/media/video/track/fold"
+    std::size_t count = 0;
+};
+
 // What reading found beside the tree.
 struct ReadNotes {
     ReadStop stop;
+    std::vector<IgnoredElements> ignored = {}; // by path
     EncodingFaults encoding;
 };
 

@@ -123,8 +123,13 @@ bool TreeReader::StartElement()
     if (action.kind == Action::Leaf)
         return ReadLeaf(number);
     const StartTag tag{tokens_.Name(), tokens_.Attributes(), tokens_.IsSelfClosed(), action};
-    if (TakeStart(current, tag) || action.kind != Action::Child)
+    if (TakeStart(current, tag))
         return true;
+    if (action.kind != Action::Child) {
+        if (action.kind == Action::Ignore)
+            Ignore(tag.name, tag.selfClosed);
+        return true;
+    }
     if (open_.size() > kMaxNesting) {
         reason_ = kTooDeep;
         fault_ = Token::SyntaxError;
@@ -172,6 +177,8 @@ bool TreeReader::ReadLeaf(TagNumber tag)
 
 bool TreeReader::EndElement()
 {
+    if (tokens_.Name() == openIgnored_)
+        openIgnored_ = {};
     TakeEnd(open_.back(), tokens_.Name());
     if (open_.back().rule->tag != tokens_.Name())
         return true;
@@ -179,6 +186,29 @@ bool TreeReader::EndElement()
         return false;
     Close();
     return true;
+}
+
+// An ignored element that is never closed ends with the one around it.
+void TreeReader::Ignore(std::string_view tag, bool isSelfClosed)
+{
+    const bool isElement = !tag.starts_with('?') && !tag.starts_with('!');
+    if (!isElement || (!openIgnored_.empty() && open_.size() >= ignoredDepth_))
+        return;
+    IgnoredElements& entry = ignored_[{open_.back().rule->index, tag}];
+    if (entry.count++ == 0)
+        entry.path = OpenPath().append("/").append(tag);
+    if (isSelfClosed)
+        return;
+    openIgnored_ = tag;
+    ignoredDepth_ = open_.size();
+}
+
+std::vector<IgnoredElements> TreeReader::Ignored() const
+{
+    std::vector<IgnoredElements> result;
+    for (const auto& [key, entry] : ignored_)
+        result.push_back(entry);
+    return result;
 }
 
 void TreeReader::KeepText(std::string_view text)
@@ -234,6 +264,20 @@ std::string_view TreeReader::EscapedCData()
     return escaped == text ? text : document_.Store(escaped);
 }
 
+// "xmeml/project/children"; of a deep path both ends are enough.
+std::string TreeReader::OpenPath() const
+{
+    std::string path;
+    for (std::size_t i = 1; i < open_.size(); ++i) {
+        if (i == kPathEnds + 1 && open_.size() > 2 * kPathEnds + 2) {
+            path += "/...";
+            i = open_.size() - kPathEnds;
+        }
+        path.append(i > 1 ? "/" : "").append(open_[i].rule->tag.View());
+    }
+    return path;
+}
+
 void TreeReader::FillStop(ReadStop& stop) const
 {
     stop.reason = reason_;
@@ -241,15 +285,7 @@ void TreeReader::FillStop(ReadStop& stop) const
     const TextPosition position = PositionOf(input_, stop.offset);
     stop.line = position.line;
     stop.column = position.column;
-    stop.path.clear();
-    for (std::size_t i = 1; i < open_.size(); ++i) {
-        // Of a deep path both ends are enough.
-        if (i == kPathEnds + 1 && open_.size() > 2 * kPathEnds + 2) {
-            stop.path += "/...";
-            i = open_.size() - kPathEnds;
-        }
-        stop.path.append(i > 1 ? "/" : "").append(open_[i].rule->tag.View());
-    }
+    stop.path = OpenPath();
     if (!openLeaf_.IsEmpty())
         stop.path.append(stop.path.empty() ? "" : "/").append(openLeaf_.View());
 }

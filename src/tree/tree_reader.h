@@ -7,8 +7,10 @@
 #include "tree/tokeniser.h"
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace XPJ {
@@ -35,6 +37,9 @@ public:
 
     // Reads to the input's end and binds the references.
     int Read(ObjectHandle& documentElement, ReadStop* stop);
+
+    // What was read over; complete after `Read`.
+    std::vector<IgnoredElements> Ignored() const;
 
 protected:
     ~TreeReader() = default;
@@ -78,6 +83,8 @@ private:
     bool StartElement();
     bool ReadLeaf(TagNumber tag);
     bool EndElement();
+    void Ignore(std::string_view tag, bool isSelfClosed);
+    std::string OpenPath() const;
     void KeepText(std::string_view text);
     void Open(const Rule& rule, std::string_view attributes);
     void Close();
@@ -92,6 +99,10 @@ private:
     IdTable ids_;
     std::vector<Element> open_;
     Name openLeaf_;
+    // By rule and tag, and the outermost ignored element that is open, in that many elements.
+    std::map<std::pair<std::uint16_t, std::string_view>, IgnoredElements> ignored_;
+    std::string_view openIgnored_;
+    std::size_t ignoredDepth_ = 0;
     Token fault_ = Token::EndOfInput; // what else ended the reading
     const char* reason_ = "";
 };

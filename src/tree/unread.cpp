@@ -1,5 +1,8 @@
 #include "tree/unread.h"
 
+#include <map>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace XPJ {
@@ -31,16 +34,28 @@ bool HasContent(ConstHandle node, int depth = 0)
     return false;
 }
 
+constexpr std::size_t kFirstPlaces = 3;
+
+// What is at one path of names.
+struct UnreadPath {
+    std::vector<Remark> places; // the first ones
+    std::size_t count = 0;
+};
+
+std::string PathText(TreePath path, Name name)
+{
+    std::string text;
+    for (const ConstHandle& node : path)
+        text.append(node.GetName().View()) += '/';
+    return text.append(name.View());
+}
+
 class Walk {
 public:
-    Walk(const std::function<bool(TreePath, Name)>& isExempt,
-         const std::function<void(TreePath, Name)>& visit)
-        : isExempt_(isExempt), visit_(visit)
-    {
-    }
+    explicit Walk(const UnreadRules& rules) : rules_(rules) {}
 
     // With a stack of its own: trees are as deep as documents nest.
-    void Run(ConstHandle root)
+    std::map<std::string, UnreadPath> Run(ConstHandle root)
     {
         Enter(root);
         while (!open_.empty()) {
@@ -54,6 +69,7 @@ public:
             if (visited_.Insert(child))
                 Take(child);
         }
+        return std::move(found_);
     }
 
 private:
@@ -76,12 +92,22 @@ private:
 
     void Report(Name name)
     {
-        if (!isExempt_(path_, name))
-            visit_(path_, name);
+        if (rules_.isExempt(path_, name))
+            return;
+        std::string text = PathText(path_, name);
+        UnreadPath& entry = found_[text];
+        ++entry.count;
+        if (entry.places.size() == kFirstPlaces)
+            return;
+        Remark place = rules_.placeOf(path_);
+        place.kind = RemarkKind::ElementUnread;
+        place.detail = name.View();
+        place.path = std::move(text);
+        entry.places.push_back(std::move(place));
     }
 
-    const std::function<bool(TreePath, Name)>& isExempt_;
-    const std::function<void(TreePath, Name)>& visit_;
+    const UnreadRules& rules_;
+    std::map<std::string, UnreadPath> found_;
     std::vector<ConstHandle> path_;
     std::vector<ConstChildRange::Iterator> open_; // the next child of each node of the path
     const ConstChildRange::Iterator end_ = ConstChildRange(nullptr).end();
@@ -90,11 +116,15 @@ private:
 
 } // namespace
 
-void ForEachUnread(ConstHandle root, const std::function<bool(TreePath, Name)>& isExempt,
-                   const std::function<void(TreePath, Name)>& visit)
+void AddUnread(ConstHandle root, const UnreadRules& rules, Account& account)
 {
-    if (root)
-        Walk(isExempt, visit).Run(root);
+    if (!root)
+        return;
+    for (auto& [path, entry] : Walk(rules).Run(root)) {
+        entry.places.back().count += entry.count - entry.places.size();
+        for (Remark& place : entry.places)
+            account.remarks.push_back(std::move(place));
+    }
 }
 
 } // namespace XPJ

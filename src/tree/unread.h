@@ -1,6 +1,7 @@
 // What nobody has looked at in a tree whose document marks what is read.
 #pragma once
 
+#include "core/account.h"
 #include "tree/object.h"
 
 #include <functional>
@@ -11,11 +12,17 @@ namespace XPJ {
 // From the root to the owner of a property, or of a child node.
 using TreePath = std::span<const ConstHandle>;
 
-// Calls `visit` for each property with a value, and for each child with content, that was not
-// looked up, in document order; nothing inside such a child is visited. `isExempt` decides by its
-// name what doesn't count. A node counts as looked up when something of its own was. Each node is
-// taken once, where the walk first meets it.
-void ForEachUnread(ConstHandle root, const std::function<bool(TreePath, Name)>& isExempt,
-                   const std::function<void(TreePath, Name)>& visit);
+struct UnreadRules {
+    // What doesn't count, by its owner and its own name.
+    std::function<bool(TreePath, Name)> isExempt;
+    // A remark with the place of what is at the path.
+    std::function<Remark(TreePath)> placeOf;
+};
+
+// Enters remarks for properties with a value, and children with content, that were not looked up;
+// nothing inside such a child counts. They are grouped by the names along their path: the first
+// places each, and in the last of them how often there are more. A node counts as looked up when
+// something of its own was. Each node is taken once, where the walk first meets it.
+void AddUnread(ConstHandle root, const UnreadRules& rules, Account& account);
 
 } // namespace XPJ

@@ -152,7 +152,10 @@ int ReadFCPXML(const std::string& path, Progress& progress, Document& document, 
     found.kind = SniffText(text);
     if (!stage && !text.empty())
         stage.emplace(progress, 1, stepsOf(text.size()));
-    return FCPXMLReader(text, document, stage ? &*stage : nullptr, manner).Read(root, &found.stop);
+    FCPXMLReader reader(text, document, stage ? &*stage : nullptr, manner);
+    const int result = reader.Read(root, &found.stop);
+    found.ignored = reader.Ignored();
+    return result;
 }
 
 int ParseFCPXML(std::string_view text, Document& document, ObjectHandle& root, ReadStop* stop,

@@ -1,0 +1,13 @@
+// What a project states and the export has not looked at.
+#pragma once
+
+#include "core/account.h"
+#include "tree/object.h"
+
+namespace XPJ::RVX {
+
+// Enters a remark for each path of objects and properties that the export did not read, with the
+// first places and a count. The document must have marked what was read.
+void AddUnreadObjects(ConstHandle root, Account& account);
+
+} // namespace XPJ::RVX
