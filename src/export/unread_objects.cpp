@@ -154,4 +154,9 @@ void AddUnreadObjects(ConstHandle root, Account& account)
     AddUnread(root.GetChild("Project"), {.isExempt = IsExempt, .placeOf = PlaceOf}, account);
 }
 
+void AddIgnoredObjects(const std::vector<IgnoredElements>& ignored, Account& account)
+{
+    AddIgnored(ignored, IsKnownProjectTag, account);
+}
+
 } // namespace XPJ::RVX

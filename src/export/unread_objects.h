@@ -3,11 +3,18 @@
 
 #include "core/account.h"
 #include "tree/object.h"
+#include "tree/reading.h"
+
+#include <vector>
 
 namespace XPJ::RVX {
 
 // Enters a remark for each path of objects and properties that the export did not read, with the
 // first places and a count. The document must have marked what was read.
 void AddUnreadObjects(ConstHandle root, Account& account);
+
+// The same for elements that the reader ignored, unless the table of classes knows them: what it
+// writes and doesn't read is always the same, or its row states why.
+void AddIgnoredObjects(const std::vector<IgnoredElements>& ignored, Account& account);
 
 } // namespace XPJ::RVX

@@ -75,11 +75,10 @@ private:
                                                progress_, sourceDocument_, source_, details);
         AddEncodingIssues(details.encoding, DirectionOf(request_), outcome_.account);
         isHandOff_ = request_.handOff.value_or(details.isHandOff);
-        for (const IgnoredElements& ignored : details.ignored)
-            AddRemark(outcome_.account, RemarkKind::ElementUnknown, {},
-                      {.detail = ignored.path.substr(ignored.path.rfind('/') + 1),
-                       .path = ignored.path,
-                       .count = ignored.count});
+        if (IsImport())
+            AddIgnoredElements(details.ignored, outcome_.account);
+        else
+            RVX::AddIgnoredObjects(details.ignored, outcome_.account);
         outcome_.stop = std::move(details.stop);
         if (result == kSuccess && !outcome_.stop.reason.empty())
             AddRemark(outcome_.account, RemarkKind::DocumentCutOff, {},

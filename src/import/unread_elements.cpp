@@ -139,6 +139,24 @@ bool IsExempt(Path path, Name field)
            });
 }
 
+// Elements of documents that the format has no use for.
+struct IgnoredTag {
+    std::string_view tag;
+    std::string_view reason;
+};
+
+constexpr IgnoredTag kIgnoredTags[] = {
+    {"updatebehavior", "how a program merges the document into its project"},
+    {"stillframe", kOfFile},
+    {"inbez", "the interpolation accounts for it"},
+    {"outbez", "the interpolation accounts for it"},
+    {"inscale", "the interpolation accounts for it"},
+    {"outscale", "the interpolation accounts for it"},
+    {"itemhistory", "the edits that a program remembers"},
+    {"sampledepth", "audio is mixed in floating point"},
+    {"fcpimageprocessing", "how a program renders"},
+};
+
 // ---- Places
 
 // The names of the bins, "Day 1/Sound".
@@ -174,7 +192,8 @@ TrackPosition TrackOf(Path path)
 // Edges that only the items beside it state are not known here.
 FrameSpan SpanOf(ConstHandle sequence, ConstHandle item)
 {
-    const SequenceTimecode timecode = TimecodeOfSequence(sequence, RatesOfSequence(sequence, false));
+    const SequenceTimecode timecode =
+        TimecodeOfSequence(sequence, RatesOfSequence(sequence, false));
     const auto frameOf = [&](Name edge) {
         const Frames value = HasValue(item, edge) ? Int64Property(item, edge) : -1;
         return value < 0 ? -1 : timecode.FrameOf(value);
@@ -209,6 +228,16 @@ Remark PlaceOf(Path path)
 void AddUnreadElements(ConstHandle root, Account& account)
 {
     AddUnread(root, {.isExempt = IsExempt, .placeOf = PlaceOf}, account);
+}
+
+void AddIgnoredElements(const std::vector<IgnoredElements>& ignored, Account& account)
+{
+    AddIgnored(
+        ignored,
+        [](std::string_view tag) {
+            return std::ranges::find(kIgnoredTags, tag, &IgnoredTag::tag) != std::end(kIgnoredTags);
+        },
+        account);
 }
 
 } // namespace XPJ

@@ -21,6 +21,10 @@ public:
             unused_.erase(field);
     }
     bool Contains(Name field) const { return unused_.contains(field.View()); }
+    bool IsKnown(std::string_view tag) const
+    {
+        return used_.contains(tag) || unused_.contains(tag);
+    }
 
 private:
     void AddRows(std::span<const BodyRow> rows)
@@ -43,12 +47,22 @@ private:
     std::set<std::string_view> unused_;
 };
 
+const UnusedFields& AllFields()
+{
+    static const UnusedFields fields;
+    return fields;
+}
+
 } // namespace
 
 bool IsUnusedProjectField(Name field)
 {
-    static const UnusedFields fields;
-    return fields.Contains(field);
+    return AllFields().Contains(field);
+}
+
+bool IsKnownProjectTag(std::string_view tag)
+{
+    return AllFields().IsKnown(tag);
 }
 
 } // namespace XPJ

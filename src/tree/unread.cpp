@@ -127,4 +127,16 @@ void AddUnread(ConstHandle root, const UnreadRules& rules, Account& account)
     }
 }
 
+void AddIgnored(const std::vector<IgnoredElements>& ignored,
+                const std::function<bool(std::string_view tag)>& isExempt, Account& account)
+{
+    for (const IgnoredElements& elements : ignored) {
+        const std::string_view path = elements.path;
+        const std::string_view tag = path.substr(path.rfind('/') + 1);
+        if (!isExempt(tag))
+            AddRemark(account, RemarkKind::ElementUnknown, {},
+                      {.detail = tag, .path = path, .count = elements.count});
+    }
+}
+
 } // namespace XPJ

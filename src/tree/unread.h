@@ -3,9 +3,12 @@
 
 #include "core/account.h"
 #include "tree/object.h"
+#include "tree/reading.h"
 
 #include <functional>
 #include <span>
+#include <string_view>
+#include <vector>
 
 namespace XPJ {
 
@@ -24,5 +27,9 @@ struct UnreadRules {
 // places each, and in the last of them how often there are more. A node counts as looked up when
 // something of its own was. Each node is taken once, where the walk first meets it.
 void AddUnread(ConstHandle root, const UnreadRules& rules, Account& account);
+
+// Enters remarks for the elements that a reader ignored, but for exempt tags.
+void AddIgnored(const std::vector<IgnoredElements>& ignored,
+                const std::function<bool(std::string_view tag)>& isExempt, Account& account);
 
 } // namespace XPJ
