@@ -55,7 +55,8 @@ void AddIssue(Account& account, Direction direction, const TranslationIssue& iss
                                .trackIndex = issue.trackIndex,
                                .span = span,
                                .subject = issue.subject,
-                               .detail = isOfTime ? issue.time : std::string()});
+                               .detail = isOfTime ? issue.time : std::string(),
+                               .isIssue = true});
 }
 
 bool HasRemark(const Account& account, RemarkKind kind)

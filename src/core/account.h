@@ -66,6 +66,7 @@ struct Remark {
     std::string detail = {};
     std::string path = {};
     std::size_t count = 1;
+    bool isIssue = false; // the host's report lists it
 };
 
 struct Account {

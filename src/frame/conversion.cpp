@@ -4,6 +4,7 @@
 #include "dialects/dialects.h"
 #include "export/export_driver.h"
 #include "export/unread_objects.h"
+#include "frame/loss_markers.h"
 #include "frame/release.h"
 #include "import/import_driver.h"
 #include "import/unread_elements.h"
@@ -162,6 +163,8 @@ private:
                              {.oneSequence = request_.sequenceGuid != kZeroGuid}, assumptions);
             AddAssumptions(assumptions);
         }
+        if (request_.markLosses)
+            MarkLosses(outcome_.account, request_.to->kind, translatedDocument_, translated_);
         Report();
         const WriteOptions options{.handOff = isHandOff_,
                                    .additions = request_.additions || isHandOff_};
@@ -178,14 +181,23 @@ private:
                 ListReport(request_.reserveReport());
             return;
         }
-        if (outcome_.account.issues.empty())
+        const std::string text = HostReportText();
+        if (text.empty())
             return;
         std::string folder = request_.reportFolder;
         if (folder.empty())
             folder = IsImport() ? GetPlatform().DocumentsFolder() : FolderOf(request_.outputPath);
         if (IsImport() && folder.empty())
             return;
-        ListReport(WriteReport(folder, outcome_.account.issues, DirectionOf(request_)));
+        ListReport(WriteReport(folder, text));
+    }
+
+    std::string HostReportText() const
+    {
+        std::string text = IssueReportText(outcome_.account.issues, DirectionOf(request_));
+        if (settings_.openInterchange)
+            text += RemarkReportText(outcome_.account);
+        return text;
     }
 
     void ListReport(std::string path)

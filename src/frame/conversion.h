@@ -36,6 +36,8 @@ struct ConversionRequest {
     bool needsSequence = true;     // a sequence that is missing ends the conversion
     bool additions = true;         // also what the document type doesn't have
 
+    bool markLosses = false; // a marker in the output where something did not arrive
+
     // The report
     std::string reportFolder{}; // with its last separator; empty: the default
     // Called when something did not arrive, before the output is written; gives the path of a

@@ -135,6 +135,12 @@ void RunUnderDialog(ProgressOperation& operation)
     }
 }
 
+// Also one that could not be written, so that the user learns of the issues.
+bool HasReport(const ConversionOutcome& outcome)
+{
+    return !outcome.account.issues.empty() || !outcome.reportPath.empty();
+}
+
 std::int32_t Import(ConverterContext& context, bool supportsAAF)
 {
     const std::string path = PathOf(context);
@@ -154,7 +160,7 @@ std::int32_t Import(ConverterContext& context, bool supportsAAF)
 
     const ConversionOutcome outcome = operation.Outcome();
     const std::int32_t result = HostResult(buffer.Status(), outcome.result);
-    if (result == kVelaDone && !outcome.account.issues.empty() && !kind.sn2vlMode)
+    if (result == kVelaDone && HasReport(outcome) && !kind.sn2vlMode)
         ShowMessage(Message::kTranslationReport, GetMessage(Message::kTranslationResultsReport),
                     showUI);
     else if (result == kVelaConversionFailed)
@@ -198,7 +204,7 @@ std::int32_t Export(ConverterContext& context)
     std::int32_t result = HostResult(inputBuffer.Status(), outcome.result);
     if (result == kVelaDone && !file.Commit())
         result = kVelaConversionFailed;
-    if (result == kVelaDone && !outcome.account.issues.empty() && !target.isHandOff)
+    if (result == kVelaDone && HasReport(outcome) && !target.isHandOff)
         ShowMessage(Message::kTranslationReport, GetMessage(Message::kTranslationResultsXML),
                     showUI);
     return result;

@@ -4,12 +4,16 @@
 #include "core/paths.h"
 #include "core/text.h"
 #include "platform/platform.h"
+#include "report/remark_groups.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <ctime>
+#include <iterator>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -109,7 +113,19 @@ std::string MakeUniqueFileName(const std::string& base, std::string_view extensi
     }
 }
 
-std::string WriteReport(std::string_view folder, const IssueSet& issues, Direction direction)
+std::string RemarkReportText(const Account& account)
+{
+    std::vector<Remark> others;
+    std::ranges::copy_if(account.remarks, std::back_inserter(others),
+                         [](const Remark& remark) { return !remark.isIssue; });
+    const std::vector<RemarkGroup> groups = GroupRemarks(others);
+    std::string text;
+    for (const char c : GroupText(groups, groups.size()))
+        text += c == '\n' ? std::string(kLineEnd) : std::string(1, c);
+    return text;
+}
+
+std::string WriteReport(std::string_view folder, const std::string& text)
 {
     std::string base(folder);
     base.append(GetMessage(Message::kTranslationResults)).append(" ").append(LocalTimeText());
@@ -118,7 +134,6 @@ std::string WriteReport(std::string_view folder, const IssueSet& issues, Directi
     if (path.empty())
         return {};
 
-    const std::string text = IssueReportText(issues, direction);
     std::size_t written = 0;
     if (file.Write(text.data(), text.size(), written) && file.Close())
         return path;

@@ -20,9 +20,12 @@ std::string IssueReportText(const IssueSet& issues, Direction direction);
 // created.
 std::string MakeUniqueFileName(const std::string& base, std::string_view extension, CoreFile& file);
 
-// Writes the report into `folder` (with its last separator; empty for the current one) under a name
-// of its own with the local time. Gives its path; empty when it could not be written.
-std::string WriteReport(std::string_view folder, const IssueSet& issues, Direction direction);
+// What the report doesn't list: the other remarks, by groups.
+std::string RemarkReportText(const Account& account);
+
+// Writes `text` as a report into `folder` (with its last separator; empty for the current one)
+// under a name of its own with the local time. Gives its path; empty when it could not be written.
+std::string WriteReport(std::string_view folder, const std::string& text);
 
 // Adds the report to the main bin of the project, if the project has one.
 void AddReportItem(ObjectHandle projectDocument, std::string_view reportPath);

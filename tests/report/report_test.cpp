@@ -128,12 +128,12 @@ TEST(WriteReport, GoesIntoTheFolderUnderTheLocalTime)
     StoppedClock platform;
     const PlatformScope scope(platform);
     const IssueSet issues = {Issue(3)};
-    const std::string path = WriteReport(folder.Path(), issues, Direction::Import);
+    const std::string path = WriteReport(folder.Path(), IssueReportText(issues, Direction::Import));
     EXPECT_EQ(path, folder / "FCP Translation Results 2016-01-02 03-04.txt");
     EXPECT_EQ(TempFolder::Read(path), IssueReportText(issues, Direction::Import));
-    EXPECT_EQ(WriteReport(folder.Path(), issues, Direction::Import),
+    EXPECT_EQ(WriteReport(folder.Path(), IssueReportText(issues, Direction::Import)),
               folder / "FCP Translation Results 2016-01-02 03-04 (1).txt");
-    EXPECT_EQ(WriteReport(folder / "none/", issues, Direction::Import), "");
+    EXPECT_EQ(WriteReport(folder / "none/", "text"), "");
 }
 
 TEST(AddReportItem, NeedsAMainBin)

@@ -199,74 +199,86 @@ lost_output() {
     expect_file small.vlproj
 }
 
-# An unknown version is an issue.
+# An unknown version is all that these documents have to report.
 report() {
     minimal | sed 's/version="5"/version="9"/' >nine.xml
     expect_status 0 nine.xml
-    ls documents/*.txt >reports 2>/dev/null
-    expect_lines reports 1
+    expect_text nine.report.txt 'Version 9'
+    expect_text nine.vlproj "<FullPath>$work/nine.report.txt"
     tail -1 out >closing
-    expect_text closing '1 issue'
-    expect_text closing "$(cat reports)"
-    expect_text out 'version (9)'
+    expect_text closing '1 assumed'
+    expect_text closing "$work/nine.report.txt"
+    expect_text out 'Version 9'
+    # Each run has a file of its own.
+    expect_status 0 nine.xml
+    expect_file 'nine.report (1).txt'
 
     expect_status 0 --report-dir "$work/sub" nine.xml
-    ls sub/*.txt >reports 2>/dev/null
-    [ -d sub ] && expect_lines reports 1
-
+    [ -d sub ] && expect_file sub/nine.report.txt
     printf '<VelaData Version="4"><Project ObjectID="1"></Project></VelaData>' >four.vlproj
-    mkdir -p export beside
-    expect_status 0 --report-dir export four.vlproj beside/four.xml
-    ls export/*.txt >reports 2>/dev/null
-    expect_lines reports 1
+    mkdir beside
     expect_status 0 four.vlproj beside/four.xml
-    ls beside/*.txt >reports 2>/dev/null
-    expect_lines reports 1
-    expect_status 0 --report-dir relative/folder nine.xml
-    expect_text nine.vlproj "<FullPath>$work/relative/folder/FCP Translation Results"
+    expect_file beside/four.report.txt
 
     # A folder that can't be used costs only the report.
     : >file
     expect_status 0 --report-dir "$work/file/x" nine.xml
     expect_file nine.vlproj
     tail -1 out >closing
-    expect_text closing '1 issue'
+    expect_text closing '1 assumed'
     expect_no_text closing .txt
 
     minimal >small.xml
     expect_status 0 small.xml
     tail -1 out >closing
     expect_text closing 'nothing was lost'
+    [ ! -e small.report.txt ] || fail 'a report of nothing'
 }
 
-# Runs at once, within a minute: each has a report of its own, and names it in its project.
+# Reports by name, in every format.
+report_files() {
+    one_clip 0 | sed -e 's/version="5"/version="4"/' \
+        -e 's|</clipitem>|<filter><effect><name>Tom \&amp; "Co"</name><effectid>Tom</effectid><effecttype>filter</effecttype><mediatype>video</mediatype></effect></filter>&|' >tom.xml
+    expect_status 0 --quiet --report tom.json --report tom.csv --report tom.TXT --report - tom.xml
+    expect_text out 'The effect <Tom & "Co"> has no counterpart.'
+    expect_text tom.TXT 'The effect <Tom & "Co"> has no counterpart.'
+    expect_text tom.csv '"Tom & ""Co"""'
+    expect_text tom.json '"subject": "Tom & \"Co\""'
+    expect_text tom.vlproj "<FullPath>$work/tom.json"
+    [ ! -e tom.report.txt ] || fail 'a report that nobody named'
+    expect_status 64 --report tom.doc tom.xml
+    expect_status 0 --report "$work/none/tom.json" tom.xml
+    expect_text err 'the report could not be written'
+
+    # The status follows what the report has.
+    expect_status 11 --fail-on skipped,lost tom.xml
+    expect_file tom.vlproj
+    expect_status 11 --fail-on any tom.xml
+    expect_status 0 --fail-on cut-off,assumed tom.xml
+    expect_status 64 --fail-on everything tom.xml
+    minimal | head -c 200 >cut.xml
+    expect_status 11 --fail-on cut-off cut.xml
+}
+
+# Runs at once into one folder: each has a report of its own, and names it in its project.
 parallel_reports() {
     local i version named
+    mkdir reports
     for i in {1..64}; do
         version=$((i + 100))
-        minimal | sed "s/version=\"5\"/version=\"$version\"/" >"$i.xml"
+        mkdir "$i"
+        minimal | sed "s/version=\"5\"/version=\"$version\"/" >"$i/cut.xml"
     done
     for i in {1..64}; do
-        "$tool" --quiet "$i.xml" >/dev/null 2>&1 &
+        (cd "$i" && "$tool" --quiet --report-dir ../reports cut.xml >/dev/null 2>&1) &
     done
     wait
-    ls documents/*.txt >reports
-    expect_lines reports 64
+    ls reports/*.txt >list
+    expect_lines list 64
     for i in {1..64}; do
-        named=$(sed -n 's|.*<FullPath>\(.*\)</FullPath>.*|\1|p' "$i.vlproj")
-        grep -qF "version ($((i + 100)))" "$named" || fail "$i.vlproj names '$named'"
+        named=$(sed -n 's|.*<FullPath>\(.*\)</FullPath>.*|\1|p' "$i/cut.vlproj")
+        grep -qF "Version $((i + 100))" "$named" || fail "$i/cut.vlproj names '$named'"
     done
-    # Beyond a hundred in a minute: all names of this one and the next are taken.
-    local minute
-    for minute in now '1 minute'; do
-        minute=$(date -d "$minute" '+%Y-%m-%d %H-%M')
-        : >>"documents/FCP Translation Results $minute.txt"
-        for i in {1..150}; do
-            : >>"documents/FCP Translation Results $minute ($i).txt"
-        done
-    done
-    expect_status 0 1.xml
-    expect_text out '(151).txt'
 }
 
 # Names in the tool's messages and in its report are as people write them.
@@ -276,8 +288,7 @@ plain_names() {
     expect_status 0 names.xml
     expect_text out 'Q&A'
     expect_no_text out '&amp;'
-    cat documents/*.txt >report 2>/dev/null
-    expect_no_text report '&amp;'
+    expect_no_text names.report.txt '&amp;'
 }
 
 # Names in any encoding arrive; invalid bytes are reported, with line and column.
@@ -307,12 +318,12 @@ encodings() {
     # shellcheck disable=SC2059
     printf "${text/ENC/Klingon}" >klingon.xml
     expect_status 0 klingon.xml
-    expect_text out 'Encoding (Klingon)'
-    expect_text out '1 issue,'
+    expect_text out 'The encoding Klingon is unknown'
+    expect_text out '1 assumed,'
     # A project, too.
     printf '<?xml version="1.0" encoding="windows-1252"?><VelaData Version="4\351"><Project ObjectID="1"></Project></VelaData>' >four.vlproj
     expect_status 0 four.vlproj
-    expect_text out 'version (4é)'
+    expect_text out 'Version 4é'
 }
 
 # Documents of the audio editor count in ticks.
