@@ -93,7 +93,7 @@ constexpr RemarkRow kRows[] = {
     {Kind::SpeedCurveOfAudio, "audio.speed-curve", Outcome::Lost, Severity::Warning,
      "The audio has a variable speed that has no counterpart.",
      "Render the retimed audio and cut it in."},
-    {Kind::Unexplained, "unexplained", Outcome::Changed, Severity::Warning, "$1: before <$2>.",
+    {Kind::Unexplained, "unexplained", Outcome::Changed, Severity::Warning, "The $1 differs for no known reason: $2.",
      "Compare the clip in both programs."},
     // Of the import
     {Kind::CompositeModeUnknown, "composite-mode.unknown", Outcome::Lost, Severity::Warning,

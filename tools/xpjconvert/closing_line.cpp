@@ -13,10 +13,10 @@ std::string Counted(std::size_t count, std::string_view noun)
     return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
-std::string LossesText(const ConversionOutcome& outcome)
+std::string LossesText(const ConversionOutcome& outcome, bool isVerified)
 {
     if (outcome.account.remarks.empty())
-        return outcome.stop.reason.empty() ? "nothing was lost" : "no issues";
+        return isVerified ? "nothing was lost (verified)" : "nothing was lost";
     const std::string totals = CountsText(CountOutcomes(outcome.account));
     if (outcome.reportPath.empty())
         return totals + ", without a report file";
@@ -46,9 +46,10 @@ std::string EncodingLines(const std::string& input, const EncodingFaults& faults
     return lines;
 }
 
-std::string SuccessLine(const ConversionRequest& request, const ConversionOutcome& outcome)
+std::string SuccessLine(const ConversionRequest& request, const ConversionOutcome& outcome,
+                        bool isVerified)
 {
-    return fmt::format("Wrote {}: {}\n", request.outputPath, LossesText(outcome));
+    return fmt::format("Wrote {}: {}\n", request.outputPath, LossesText(outcome, isVerified));
 }
 
 std::string CutOffLine(const ConversionRequest& request, const ConversionOutcome& outcome)

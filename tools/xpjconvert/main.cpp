@@ -1,6 +1,7 @@
 // xpjconvert INPUT [OUTPUT]: converts one document, in the direction of its extension.
 #include "frame/console.h"
 #include "frame/file_conversion.h"
+#include "frame/verification.h"
 #include "platform/default_platform.h"
 #include "platform/platform.h"
 #include "report/remark_groups.h"
@@ -61,14 +62,16 @@ int Convert(const ToolOptions& options, ConversionRequest& request)
     Reports reports(options, request);
     request.reserveReport = [&reports] { return reports.Reserve(); };
     CatchInterrupts();
-    const ConversionOutcome outcome = ConvertUnderDisplay(request, options.quiet);
+    ConversionOutcome outcome = ConvertUnderDisplay(request, options.quiet);
     ReleaseInterrupts();
+    if (options.verify && outcome.result == kSuccess)
+        AddUnexplained(request.inputPath, request.outputPath, outcome.account);
     const std::string problems = reports.Write(outcome);
     if (!options.quiet)
         PrintLosses(outcome);
     if (outcome.result == kSuccess) {
         PrintError(CutOffLine(request, outcome));
-        Print(SuccessLine(request, outcome));
+        Print(SuccessLine(request, outcome, options.verify));
     } else {
         PrintError(FailureLine(request, outcome));
     }

@@ -108,6 +108,8 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
     app.add_option("--report-dir", options.reportFolder,
                    "Without --report: write the report into this folder, not beside OUTPUT")
         ->option_text("DIR");
+    app.add_flag("--verify", options.verify,
+                 "Read the output back and report every difference that nothing else explains");
     app.add_flag("--mark-losses", options.request.markLosses,
                  "Put a marker into the written sequences wherever something did not arrive");
     app.add_option("--fail-on", options.failOn,

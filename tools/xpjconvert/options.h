@@ -27,6 +27,7 @@ struct ToolOptions {
     std::vector<std::pair<std::string, std::string>> debugEntries;
     // The account of the conversion.
     std::vector<std::string> reports; // files to write, by extension; "-" is the standard output
+    bool verify = false;              // compare the output with the input
     std::string reportFolder;         // of the report without --report; empty: beside the output
     std::set<std::string> failOn; // outcomes that give the status of losses, or "cut-off", "any"
     // Instead of a conversion.

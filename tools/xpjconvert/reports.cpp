@@ -60,8 +60,11 @@ std::string Reports::Reserve()
     return reserved_;
 }
 
-std::string Reports::Write(const ConversionOutcome& outcome)
+std::string Reports::Write(ConversionOutcome& outcome)
 {
+    const bool isNeeded = outcome.result == kSuccess && !outcome.account.remarks.empty();
+    if (isNeeded && outcome.reportPath.empty())
+        outcome.reportPath = Reserve();
     std::string problems;
     for (const std::string& path : options_.reports)
         problems += WriteOne(path, outcome);

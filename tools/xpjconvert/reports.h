@@ -20,8 +20,9 @@ public:
     // none.
     std::string Reserve();
 
-    // Writes them; a line for each that could not be written.
-    std::string Write(const ConversionOutcome& outcome);
+    // Writes them, and sets the path of the one for people in `outcome`. Gives a line for each that
+    // could not be written.
+    std::string Write(ConversionOutcome& outcome);
 
 private:
     std::string WriteOne(const std::string& path, const ConversionOutcome& outcome) const;

@@ -1,0 +1,14 @@
+// The output of a conversion, read back and compared with its input.
+#pragma once
+
+#include "core/account.h"
+
+#include <string>
+
+namespace XPJ {
+
+// Enters each difference between the timelines of the two documents that no remark explains, as a
+// remark of its own kind. An output that can't be read is one, too.
+void AddUnexplained(const std::string& inputPath, const std::string& outputPath, Account& account);
+
+} // namespace XPJ
