@@ -46,6 +46,11 @@ bool IsUsable(const std::string& path, const DocumentTimelines& read)
     return read.result == kSuccess;
 }
 
+DocumentReading ReadingOf(const ToolOptions& options)
+{
+    return options.strict ? DocumentReading::ToTheLetter : DocumentReading::AsMeant;
+}
+
 int InspectLook(const ToolOptions& options, std::string_view bytes)
 {
     CZvError error;
@@ -72,7 +77,7 @@ int Inspect(const ToolOptions& options)
     } else if (IsLookFile(bytes)) {
         return InspectLook(options, bytes);
     } else {
-        read = ReadTimelines(bytes, FolderOf(options.request.inputPath));
+        read = ReadTimelines(bytes, FolderOf(options.request.inputPath), ReadingOf(options));
     }
     if (!IsUsable(options.request.inputPath, read))
         return read.result;
@@ -83,10 +88,10 @@ int Inspect(const ToolOptions& options)
 
 int CompareFiles(const ToolOptions& options)
 {
-    const DocumentTimelines a = ReadTimelinesOfFile(options.request.inputPath);
+    const DocumentTimelines a = ReadTimelinesOfFile(options.request.inputPath, ReadingOf(options));
     if (!IsUsable(options.request.inputPath, a))
         return a.result;
-    const DocumentTimelines b = ReadTimelinesOfFile(options.request.outputPath);
+    const DocumentTimelines b = ReadTimelinesOfFile(options.request.outputPath, ReadingOf(options));
     if (!IsUsable(options.request.outputPath, b))
         return b.result;
     const std::vector<Difference> differences = Compare(a.project, b.project);
