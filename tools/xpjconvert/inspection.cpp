@@ -94,7 +94,8 @@ int CompareFiles(const ToolOptions& options)
     const DocumentTimelines b = ReadTimelinesOfFile(options.request.outputPath, ReadingOf(options));
     if (!IsUsable(options.request.outputPath, b))
         return b.result;
-    const std::vector<Difference> differences = Compare(a.project, b.project);
+    std::vector<Difference> differences = Compare(a.project, b.project);
+    options.ignored.RemoveFrom(differences);
     return PrintAll(options.json ? DifferencesJson(differences) : DifferencesText(differences),
                     differences.empty() ? kSuccess : kDifferent);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/conversion.h"
+#include "inspect/ignored.h"
 
 #include <cstdint>
 #include <optional>
@@ -25,7 +26,8 @@ struct ToolOptions {
     std::string reportFolder; // empty: where reports go by default
     // Instead of a conversion.
     bool inspect = false;
-    bool compare = false; // the input with the "output", both of which are read
+    bool compare = false;        // the input with the "output", both of which are read
+    Inspection::Ignored ignored; // by the comparison
     bool listEffects = false;
     bool json = false; // how the first two print
 };
