@@ -188,8 +188,11 @@ void BrowserComparison::CompareEntries(DifferenceList& differences) const
         const Entry& entry = left_.At(i);
         if (entry.kind == EntryKind::Sequence)
             continue;
+        const std::size_t partner = left_.partners[i];
+        if (partner != kNothing && AreSame(i, partner))
+            continue;
         const ComparedSubject subject = SubjectOf(entry, left_.PathOf(i));
-        if (const std::size_t partner = left_.partners[i]; partner != kNothing) {
+        if (partner != kNothing) {
             ComparePlaces(i, partner, subject, differences);
             if (entry.kind == EntryKind::Clip)
                 CompareClips(i, partner, subject, differences);
@@ -204,6 +207,16 @@ void BrowserComparison::CompareEntries(DifferenceList& differences) const
         if (entry.kind == EntryKind::Bin || !shownRight.Has(entry))
             differences.Add(SubjectOf(entry, right_.PathOf(i)), Change::Added);
     }
+}
+
+// Most are: of these nothing is put into words.
+bool BrowserComparison::AreSame(std::size_t left, std::size_t right) const
+{
+    const Entry& a = left_.At(left);
+    const Entry& b = right_.At(right);
+    return left_.parents[left] == BinOfRight(right) && a.name == b.name && a.label == b.label &&
+           a.markers == b.markers &&
+           PathOfMedia(*left_.project, a) == PathOfMedia(*right_.project, b);
 }
 
 void BrowserComparison::CompareSequenceEntries(std::size_t left, std::size_t right,

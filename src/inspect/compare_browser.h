@@ -57,6 +57,7 @@ private:
     void KeepPairs(const Matching& matching, const std::vector<std::size_t>& left,
                    const std::vector<std::size_t>& right);
     std::size_t BinOfRight(std::size_t entry) const;
+    bool AreSame(std::size_t left, std::size_t right) const;
     void ComparePlaces(std::size_t left, std::size_t right, const ComparedSubject& subject,
                        DifferenceList& differences) const;
     void CompareClips(std::size_t left, std::size_t right, const ComparedSubject& subject,

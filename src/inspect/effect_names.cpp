@@ -41,13 +41,13 @@ const EffectListing* FindByMatch(bool isTransition, std::string_view matchName)
     return found;
 }
 
-// An effect without a known id goes by its name, which may be an id.
-const EffectListing* FindByName(std::string_view name)
+// The name of an effect may be an id. One without an id goes by its name.
+const EffectListing* FindByName(std::string_view name, bool hasId)
 {
     if (name.empty())
         return nullptr;
     for (const EffectListing& row : KnownEffects())
-        if (!row.isTransition && (name == row.effectName || name == row.effectId))
+        if (!row.isTransition && (name == row.effectId || (!hasId && name == row.effectName)))
             return &row;
     return nullptr;
 }
@@ -103,7 +103,8 @@ std::string KindOf(const EffectListing& row)
 Effect NamedById(std::string_view effectId, std::string_view name)
 {
     const EffectListing* const row = FindById(false, effectId);
-    return Named(row ? row : FindByName(name), NameOf(row, name, effectId), name);
+    return Named(row ? row : FindByName(name, !effectId.empty()), NameOf(row, name, effectId),
+                 name);
 }
 
 Effect NamedByMatch(std::string_view matchName, std::string_view displayName,
