@@ -20,6 +20,7 @@ DocumentTimelines ReadTimelines(std::string_view bytes, std::string_view folder,
     const Format& format = FormatOfText(text);
     timelines.result = format.parse(text, isOpen, document, root, details);
     timelines.stop = std::move(details.stop);
+    timelines.isHandOff = details.isHandOff;
     if (timelines.result != kSuccess)
         return timelines;
     // The audio hand-off is a contract of two programs.

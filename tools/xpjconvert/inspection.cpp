@@ -14,6 +14,7 @@
 
 #include <filesystem>
 #include <iostream>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -86,12 +87,23 @@ int Inspect(const ToolOptions& options)
                     kSuccess);
 }
 
+// Both in one way: a document of the hand-off is taken to the letter, and so is its partner.
+std::pair<DocumentTimelines, DocumentTimelines> ReadBoth(const ToolOptions& options)
+{
+    const auto read = [&options](DocumentReading reading) {
+        return std::pair(ReadTimelinesOfFile(options.request.inputPath, reading),
+                         ReadTimelinesOfFile(options.request.outputPath, reading));
+    };
+    auto both = read(ReadingOf(options));
+    return both.first.isHandOff == both.second.isHandOff ? std::move(both)
+                                                         : read(DocumentReading::ToTheLetter);
+}
+
 int CompareFiles(const ToolOptions& options)
 {
-    const DocumentTimelines a = ReadTimelinesOfFile(options.request.inputPath, ReadingOf(options));
+    const auto [a, b] = ReadBoth(options);
     if (!IsUsable(options.request.inputPath, a))
         return a.result;
-    const DocumentTimelines b = ReadTimelinesOfFile(options.request.outputPath, ReadingOf(options));
     if (!IsUsable(options.request.outputPath, b))
         return b.result;
     std::vector<Difference> differences = Compare(a.project, b.project);
