@@ -465,6 +465,15 @@ void AddDocumentRow(const EffectContext& context, const DocumentRow& row, ConstH
 
 } // namespace
 
+std::vector<XmemlParam> ColorCorrectorConstants()
+{
+    std::vector<XmemlParam> constants{kDisplayMode};
+    for (const DocumentRow& row : kDocumentRows)
+        if (row.id == 0)
+            constants.push_back(row.constant);
+    return constants;
+}
+
 bool ColorCorrectorToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
                              Components& components)
 {

@@ -5,10 +5,15 @@
 
 #include "effects/effect_row.h"
 
+#include <vector>
+
 namespace XPJ {
 
 inline constexpr int kColorCorrectorParamCount = 134;
 extern const ParamRow kColorCorrectorParams[kColorCorrectorParamCount];
+
+// The parameters of documents that projects do not have; an export writes them all alike.
+std::vector<XmemlParam> ColorCorrectorConstants();
 
 // Always true, with an issue that the effect is to be reviewed.
 bool ColorCorrectorToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,

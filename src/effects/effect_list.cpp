@@ -36,6 +36,8 @@ void AddVideoEffects(Listings& list)
                           .note = row.note,
                           .matchName = row.project.match,
                           .userName = row.name,
+                          .effectName = row.xmeml.name,
+                          .displayName = row.project.display,
                           .outcome = row.outcome,
                           .isListed = !row.xmeml.id.empty()});
         if (row.isIntrinsic && !row.name.empty())
@@ -95,6 +97,7 @@ void AddAudioFilters(Listings& list)
                           .note = row.note,
                           .matchName = row.project.Stem(),
                           .userName = row.name,
+                          .effectName = row.xmeml.name,
                           .outcome = row.outcome});
         for (const AudioParamRow& param : row.params)
             AddParam(param.param, listing);

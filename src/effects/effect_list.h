@@ -33,8 +33,10 @@ struct EffectListing {
     std::string_view note = {}; // what is lost, or on what the outcome depends
 
     // For listings of documents.
-    std::string_view matchName = {}; // or how it begins: audio effects have one a channel type
-    std::string_view userName = {};  // the same in both families; empty: each document's own
+    std::string_view matchName = {};   // or how it begins: audio effects have one a channel type
+    std::string_view userName = {};    // the same in both families; empty: each document's own
+    std::string_view effectName = {};  // in documents, where nobody renamed it
+    std::string_view displayName = {}; // the same in projects
     std::vector<NeutralValue> neutralValues = {}; // of effects that editors write for every clip
     Outcome outcome = Outcome::CarriedOver;
     bool isTransition = false;

@@ -4,8 +4,6 @@
 #include "effects/keyframes.h"
 #include "effects/values.h"
 
-#include <optional>
-
 namespace XPJ {
 
 namespace {
@@ -92,7 +90,8 @@ void AddBlendMode(const EffectContext& context, std::string_view compositeMode,
     add(kSecondMode, mode.second);
 }
 
-// Empty for a mode that documents don't know, nothing for the normal one.
+} // namespace
+
 std::optional<std::string_view> CompositeModeOf(ConstHandle component)
 {
     const int mode = StartInteger(ParamOfRow(component, kFirstMode), kNormal.first);
@@ -103,8 +102,6 @@ std::optional<std::string_view> CompositeModeOf(ConstHandle component)
             return row.compositeMode;
     return "";
 }
-
-} // namespace
 
 ObjectHandle TranslateOpacity(const EffectContext& context, ConstHandle effect,
                               std::string_view compositeMode)

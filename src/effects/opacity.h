@@ -3,6 +3,7 @@
 
 #include "effects/effect_row.h"
 
+#include <optional>
 #include <string_view>
 
 namespace XPJ {
@@ -50,6 +51,10 @@ inline constexpr EffectRow kOpacity = {
 // mode that has no counterpart is normal, with an issue.
 ObjectHandle TranslateOpacity(const EffectContext& context, ConstHandle effect,
                               std::string_view compositeMode);
+
+// The `compositemode` that an Opacity component has in documents: nothing for the normal one, empty
+// for one that documents do not know.
+std::optional<std::string_view> CompositeModeOf(ConstHandle component);
 
 // Puts the effect and the `compositemode` of an Opacity component on an item. A mode that documents
 // do not know is empty, with an issue.

@@ -318,6 +318,13 @@ bool IsTextTitle(ConstHandle generator)
     return TitleEffectOf(generator) != nullptr;
 }
 
+bool IsTextOrFont(std::string_view parameterId)
+{
+    const TitleParameter* const row = FindRow(kTitleParameters, parameterId);
+    return row &&
+           (row->field <= Field::Style || row->field == Field::Color || row->field == Field::Text);
+}
+
 bool IsShape(ConstHandle generator)
 {
     return ShapeEffectOf(generator) != nullptr;

@@ -27,6 +27,9 @@ std::vector<GeneratorListing> ListGenerators();
 bool IsTextTitle(ConstHandle generator);
 bool IsShape(ConstHandle generator);
 
+// True for the `parameterid` of a title's text, or of its font, size, style or color.
+bool IsTextOrFont(std::string_view parameterId);
+
 enum class TitleMotion { Still = 0, Scroll = 1, Crawl = 2 };
 enum class Alignment { Left = 0, Center = 1, Right = 2 };
 

@@ -15,13 +15,21 @@ struct DocumentTimelines {
     int result = kSuccess; // a ConversionResult
     ReadStop stop;         // where reading stopped early
     EncodingFaults encoding;
+    bool isHandOff = false; // of the audio hand-off, which is taken to the letter
     Inspection::Project project; // as far as it could be read
+};
+
+// How documents of other programs are taken.
+enum class DocumentReading {
+    ToTheLetter,
+    AsMeant, // as a conversion in open interchange takes them: by the dialect rules
 };
 
 // Of a document in memory; relative paths of media count from `folder`, which has its last
 // separator.
-DocumentTimelines ReadTimelines(std::string_view bytes, std::string_view folder = {});
+DocumentTimelines ReadTimelines(std::string_view bytes, std::string_view folder = {},
+                                DocumentReading reading = DocumentReading::ToTheLetter);
 
-DocumentTimelines ReadTimelinesOfFile(const std::string& path);
+DocumentTimelines ReadTimelinesOfFile(const std::string& path, DocumentReading reading);
 
 } // namespace XPJ

@@ -47,12 +47,17 @@ int ResultOfWrite(int writeResult)
 
 // ---- Final Cut Pro XML
 
+ReadingManner MannerOf(bool isOpen)
+{
+    return isOpen ? ReadingManner::Open : ReadingManner::Letter;
+}
+
 int ReadXmeml(const DocumentInput& input, Progress& progress, Document& document,
               ObjectHandle& root, DocumentDetails& details)
 {
     XmemlReadNotes found;
-    const ReadingManner manner = input.isOpen ? ReadingManner::Open : ReadingManner::Letter;
-    const int result = ReadFCPXML(input.path, progress, document, root, &found, manner);
+    const int result =
+        ReadFCPXML(input.path, progress, document, root, &found, MannerOf(input.isOpen));
     details.stop = std::move(found.stop);
     details.encoding = std::move(found.encoding);
     details.ignored = std::move(found.ignored);
@@ -60,11 +65,11 @@ int ReadXmeml(const DocumentInput& input, Progress& progress, Document& document
     return ResultOfRead(result);
 }
 
-int ParseXmeml(std::string_view text, Document& document, ObjectHandle& root,
+int ParseXmeml(std::string_view text, bool isOpen, Document& document, ObjectHandle& root,
                DocumentDetails& details)
 {
     details.isHandOff = SniffText(text).sn2vlMode;
-    return ResultOfRead(ParseFCPXML(text, document, root, &details.stop));
+    return ResultOfRead(ParseFCPXML(text, document, root, &details.stop, MannerOf(isOpen)));
 }
 
 int WriteXmeml(ObjectHandle root, const WriteOptions& options, Progress& progress,
@@ -100,7 +105,7 @@ int ReadProject(const DocumentInput& input, Progress& progress, Document& docume
                         : ReadProjectFile(input.path, progress, document, root, details);
 }
 
-int ParseProject(std::string_view text, Document& document, ObjectHandle& root,
+int ParseProject(std::string_view text, bool /*isOpen*/, Document& document, ObjectHandle& root,
                  DocumentDetails& details)
 {
     return ResultOfRead(ParseProjectDocument(text, document, root, &details.stop));

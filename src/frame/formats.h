@@ -43,7 +43,7 @@ struct Format {
     int (*read)(const DocumentInput& input, Progress& progress, Document& document,
                 ObjectHandle& root, DocumentDetails& details);
     // The same for UTF-8 text in memory, which must live as long as the document.
-    int (*parse)(std::string_view text, Document& document, ObjectHandle& root,
+    int (*parse)(std::string_view text, bool isOpen, Document& document, ObjectHandle& root,
                  DocumentDetails& details);
     // Writes what `root` holds, and flushes; the stream's errors are the caller's.
     int (*write)(ObjectHandle root, const WriteOptions& options, Progress& progress,

@@ -1,5 +1,6 @@
 #include "inspect/compare.h"
 
+#include "inspect/compare_browser.h"
 #include "inspect/compare_items.h"
 #include "inspect/compare_parts.h"
 #include "inspect/difference_list.h"
@@ -26,21 +27,22 @@ std::size_t CountItems(const Sequence& sequence)
     return count;
 }
 
-void CompareSettings(const Sequence& left, const Sequence& right, DifferenceList& differences)
+void CompareSettings(const Sequence& left, const Sequence& right, const ComparedSubject& subject,
+                     DifferenceList& differences)
 {
-    const ComparedSubject subject{.name = left.name};
-    differences.CompareTexts(subject, "name", left.name, right.name);
+    differences.CompareTexts(subject, Property::Name, left.name, right.name);
     if (left.format.ticks != right.format.ticks)
-        differences.Add(subject, Change::Changed, "frame length", TickText(left.format.ticks),
-                        TickText(right.format.ticks));
-    differences.CompareSwitches(subject, "drop frame", left.format.drop, right.format.drop);
-    differences.CompareTimes(subject, "start timecode", left.format, left.start, right.start);
+        differences.Add(subject, Change::Changed, Property::FrameLength,
+                        TickText(left.format.ticks), TickText(right.format.ticks));
+    differences.CompareSwitches(subject, Property::DropFrame, left.format.drop, right.format.drop);
+    differences.CompareTimes(subject, Property::StartTimecode, left.format, left.start,
+                             right.start);
     const auto frameText = [](const Sequence& sequence) {
         return fmt::format("{}x{}", sequence.width, sequence.height);
     };
     if (left.width > 0 && right.width > 0)
-        differences.CompareTexts(subject, "frame size", frameText(left), frameText(right));
-    CompareMarkers({}, left.format, left.markers, right.markers, differences);
+        differences.CompareTexts(subject, Property::FrameSize, frameText(left), frameText(right));
+    CompareMarkers({.name = {}}, left.format, left.markers, right.markers, differences);
 }
 
 void CompareTracks(const Sequence& left, const Sequence& right, DifferenceList& differences)
@@ -48,28 +50,33 @@ void CompareTracks(const Sequence& left, const Sequence& right, DifferenceList& 
     Matching matching(left.tracks.size(), right.tracks.size());
     MatchBy(matching, left.tracks, right.tracks,
             [](const Track& track) { return std::pair(track.kind, track.number); });
-    const auto subjectOf = [](const Track& track) {
-        return ComparedSubject{Subject::Track, TrackText(track), track.name};
+    const auto subjectOf = [](const Track& track, std::size_t index, std::size_t other) {
+        return ComparedSubject{.subject = Subject::Track,
+                               .track = TrackText(track),
+                               .name = track.name,
+                               .leftItem = {index, kNothing},
+                               .rightItem = {other, kNothing}};
     };
     for (std::size_t i = 0; i < left.tracks.size(); ++i) {
         const Track& track = left.tracks[i];
-        const ComparedSubject subject = subjectOf(track);
+        const ComparedSubject subject = subjectOf(track, i, matching.PartnerInB(i));
         if (matching.PartnerInB(i) == kNothing) {
             if (!IsEmpty(track))
                 differences.Add(subject, Change::Lost);
             continue;
         }
         const Track& other = right.tracks[matching.PartnerInB(i)];
-        differences.CompareTexts(subject, "name", track.name, other.name);
-        differences.CompareSwitches(subject, "enabled", track.enabled, other.enabled);
-        differences.CompareSwitches(subject, "locked", track.locked, other.locked);
+        differences.CompareTexts(subject, Property::Name, track.name, other.name);
+        differences.CompareSwitches(subject, Property::Enabled, track.enabled, other.enabled);
+        differences.CompareSwitches(subject, Property::Locked, track.locked, other.locked);
     }
     for (std::size_t i = 0; i < right.tracks.size(); ++i)
         if (matching.PartnerInA(i) == kNothing && !IsEmpty(right.tracks[i]))
-            differences.Add(subjectOf(right.tracks[i]), Change::Added);
+            differences.Add(subjectOf(right.tracks[i], kNothing, i), Change::Added);
 }
 
 struct TransitionOnTrack {
+    std::size_t trackIndex;
     const Track* track;
     const Transition* transition;
 };
@@ -77,16 +84,20 @@ struct TransitionOnTrack {
 std::vector<TransitionOnTrack> TransitionsOf(const Sequence& sequence)
 {
     std::vector<TransitionOnTrack> transitions;
-    for (const Track& track : sequence.tracks)
-        for (const Transition& transition : track.transitions)
-            transitions.push_back({&track, &transition});
+    for (std::size_t i = 0; i < sequence.tracks.size(); ++i)
+        for (const Transition& transition : sequence.tracks[i].transitions)
+            transitions.push_back({i, &sequence.tracks[i], &transition});
     return transitions;
 }
 
 ComparedSubject SubjectOf(const TransitionOnTrack& entry)
 {
-    return {Subject::Transition, TrackText(*entry.track), entry.transition->name,
-            entry.transition->start};
+    return {.subject = Subject::Transition,
+            .track = TrackText(*entry.track),
+            .name = entry.transition->name,
+            .time = entry.transition->start,
+            .leftItem = {entry.trackIndex, kNothing},
+            .rightItem = {entry.trackIndex, kNothing}};
 }
 
 // The clips themselves show whether there is one on either side.
@@ -98,17 +109,21 @@ std::string WithoutBlack(const std::string& alignment)
 void CompareTransition(const ComparedSequences& sequences, const TransitionOnTrack& left,
                        const TransitionOnTrack& right, DifferenceList& differences)
 {
-    const ComparedSubject subject = SubjectOf(left);
+    ComparedSubject subject = SubjectOf(left);
+    subject.rightItem.track = right.trackIndex;
     const TimecodeFormat& format = sequences.left.format;
     const Transition& a = *left.transition;
     const Transition& b = *right.transition;
-    differences.CompareTimes(subject, "start", format, a.start, b.start, Change::Moved);
-    differences.CompareTimes(subject, "end", format, a.end, b.end);
-    differences.CompareTexts(subject, "name", a.name, b.name);
-    differences.CompareTexts(subject, "alignment", WithoutBlack(a.alignment),
+    differences.CompareTimes(subject, Property::Start, format, a.start, b.start, Change::Moved);
+    differences.CompareTimes(subject, Property::End, format, a.end, b.end);
+    differences.CompareTexts(subject, Property::Name, a.name, b.name);
+    differences.CompareTexts(subject, Property::Alignment, WithoutBlack(a.alignment),
                              WithoutBlack(b.alignment));
-    if (sequences.AreOfOneFamily())
-        CompareParameters(subject, "", format, a.parameters, b.parameters, differences);
+    if (!sequences.AreOfOneFamily())
+        return;
+    const Effect effect{.kind = a.name, .parameters = a.parameters};
+    const Effect other{.kind = b.name, .parameters = b.parameters};
+    CompareParameters(subject, {effect, other, sequences.leftProject.family, format}, differences);
 }
 
 void CompareTransitions(const ComparedSequences& sequences, DifferenceList& differences)
@@ -135,21 +150,29 @@ void CompareTransitions(const ComparedSequences& sequences, DifferenceList& diff
             differences.Add(SubjectOf(right[i]), Change::Added);
 }
 
-void CompareSequences(const ComparedSequences& sequences, std::vector<Difference>& found)
+void CompareSequences(const ComparedSequences& sequences, const BrowserComparison& browser,
+                      std::vector<Difference>& found)
 {
-    DifferenceList differences(sequences.left, sequences.right, found);
-    CompareSettings(sequences.left, sequences.right, differences);
+    DifferenceList differences(sequences, found);
+    const ComparedSubject subject{.name = sequences.left.name};
+    browser.CompareSequenceEntries(IndexOf(sequences.leftProject, sequences.left),
+                                   IndexOf(sequences.rightProject, sequences.right), subject,
+                                   differences);
+    CompareSettings(sequences.left, sequences.right, subject, differences);
     CompareTracks(sequences.left, sequences.right, differences);
     CompareItems(sequences, differences);
     CompareTransitions(sequences, differences);
 }
 
-Difference WholeSequence(Change change, const Sequence& sequence)
+Difference WholeSequence(Change change, const Project& project, std::size_t index)
 {
-    return {.change = change,
-            .sequence = sequence.name,
-            .name = sequence.name,
-            .timecode = sequence.format.Timecode(sequence.start)};
+    const Sequence& sequence = project.sequences[index];
+    Difference difference{.change = change,
+                          .sequence = sequence.name,
+                          .name = sequence.name,
+                          .timecode = sequence.format.Timecode(sequence.start)};
+    (change == Change::Added ? difference.second : difference.first).sequence = index;
+    return difference;
 }
 
 } // namespace
@@ -157,6 +180,9 @@ Difference WholeSequence(Change change, const Sequence& sequence)
 std::vector<Difference> Compare(const Project& a, const Project& b)
 {
     std::vector<Difference> found;
+    const BrowserComparison browser(a, b);
+    DifferenceList ofBrowser(found);
+    browser.CompareEntries(ofBrowser);
     Matching matching(a.sequences.size(), b.sequences.size());
     MatchBy(matching, a.sequences, b.sequences,
             [](const Sequence& sequence) { return std::string_view(sequence.name); });
@@ -166,12 +192,12 @@ std::vector<Difference> Compare(const Project& a, const Project& b)
     });
     for (std::size_t i = 0; i < a.sequences.size(); ++i)
         if (const std::size_t partner = matching.PartnerInB(i); partner == kNothing)
-            found.push_back(WholeSequence(Change::Lost, a.sequences[i]));
+            found.push_back(WholeSequence(Change::Lost, a, i));
         else
-            CompareSequences({a, b, a.sequences[i], b.sequences[partner]}, found);
+            CompareSequences({a, b, a.sequences[i], b.sequences[partner]}, browser, found);
     for (std::size_t i = 0; i < b.sequences.size(); ++i)
         if (matching.PartnerInA(i) == kNothing)
-            found.push_back(WholeSequence(Change::Added, b.sequences[i]));
+            found.push_back(WholeSequence(Change::Added, b, i));
     return found;
 }
 

@@ -1,6 +1,7 @@
 #include "inspect/compare_items.h"
 
 #include "core/numbers.h"
+#include "core/text.h"
 #include "effects/values.h"
 #include "inspect/compare_parts.h"
 #include "inspect/matching.h"
@@ -23,15 +24,17 @@ constexpr std::size_t kNamedPartners = 8; // of a link; of more only the number 
 struct ItemOnTrack {
     const Track* track;
     const Item* item;
+    ItemIndex index;
 };
 
 // Track by track.
 std::vector<ItemOnTrack> ItemsOf(const Sequence& sequence)
 {
     std::vector<ItemOnTrack> items;
-    for (const Track& track : sequence.tracks)
-        for (const Item& item : track.items)
-            items.push_back({&track, &item});
+    for (std::size_t track = 0; track < sequence.tracks.size(); ++track)
+        for (std::size_t item = 0; item < sequence.tracks[track].items.size(); ++item)
+            items.push_back(
+                {&sequence.tracks[track], &sequence.tracks[track].items[item], {track, item}});
     return items;
 }
 
@@ -52,9 +55,23 @@ private:
     std::vector<std::size_t> firsts_;
 };
 
-ComparedSubject SubjectOf(const ItemOnTrack& entry)
+// An item and its partner; of an item without one the other index has nothing.
+ComparedSubject SubjectOf(const ItemOnTrack& entry, const ItemIndex& left, const ItemIndex& right)
 {
-    return {Subject::Item, TrackText(*entry.track), entry.item->name, entry.item->start};
+    return {.subject = Subject::Item,
+            .track = TrackText(*entry.track),
+            .name = entry.item->name,
+            .time = entry.item->start,
+            .leftItem = left,
+            .rightItem = right};
+}
+
+constexpr ItemIndex kNoItem = {kNothing, kNothing};
+
+// The normal mode has a name in some documents.
+std::string CompositeModeOf(const Item& item)
+{
+    return EqualsIgnoreCase(item.compositeMode, "normal") ? std::string() : item.compositeMode;
 }
 
 Matching MatchItems(const std::vector<ItemOnTrack>& left, const std::vector<ItemOnTrack>& right)
@@ -101,12 +118,12 @@ public:
         NumberLinks(matching, left.size());
         for (std::size_t i = 0; i < left.size(); ++i)
             if (matching.PartnerInB(i) == kNothing)
-                differences_.Add(SubjectOf(left[i]), Change::Lost);
+                differences_.Add(SubjectOf(left[i], left[i].index, kNoItem), Change::Lost);
             else
                 CompareItem(left[i], right[matching.PartnerInB(i)]);
         for (std::size_t i = 0; i < right.size(); ++i)
             if (matching.PartnerInA(i) == kNothing)
-                differences_.Add(SubjectOf(right[i]), Change::Added);
+                differences_.Add(SubjectOf(right[i], kNoItem, right[i].index), Change::Added);
     }
 
 private:
@@ -141,37 +158,38 @@ private:
 
     void CompareItem(const ItemOnTrack& left, const ItemOnTrack& right)
     {
-        const ComparedSubject subject = SubjectOf(left);
+        const ComparedSubject subject = SubjectOf(left, left.index, right.index);
         const Item& a = *left.item;
         const Item& b = *right.item;
         if (TrackText(*left.track) != TrackText(*right.track))
-            differences_.Add(subject, Change::Moved, "track", TrackText(*left.track),
+            differences_.Add(subject, Change::Moved, Property::Track, TrackText(*left.track),
                              TrackText(*right.track));
         // The end of an item that moves moves with it.
         const bool keepsLength = SubtractTicks(a.end, a.start) == SubtractTicks(b.end, b.start);
-        differences_.CompareTimes(subject, "start", sequences_.left.format, a.start, b.start,
-                                  keepsLength ? Change::Moved : Change::Changed);
+        differences_.CompareTimes(subject, Property::Start, sequences_.left.format, a.start,
+                                  b.start, keepsLength ? Change::Moved : Change::Changed);
         if (!keepsLength)
-            differences_.CompareTimes(subject, "end", sequences_.left.format, a.end, b.end);
-        differences_.CompareTexts(subject, "name", a.name, b.name);
-        differences_.CompareTimes(subject, "in", a.sourceFormat, a.in, b.in);
-        differences_.CompareTimes(subject, "out", a.sourceFormat, a.out, b.out);
+            differences_.CompareTimes(subject, Property::End, sequences_.left.format, a.end, b.end);
+        differences_.CompareTexts(subject, Property::Name, a.name, b.name);
+        differences_.CompareTimes(subject, Property::In, a.sourceFormat, a.in, b.in);
+        differences_.CompareTimes(subject, Property::Out, a.sourceFormat, a.out, b.out);
         CompareSpeed(subject, a, b);
-        differences_.CompareSwitches(subject, "enabled", a.enabled, b.enabled);
-        differences_.CompareTexts(subject, "label", a.label, b.label);
+        differences_.CompareSwitches(subject, Property::Enabled, a.enabled, b.enabled);
+        differences_.CompareTexts(subject, Property::Label, a.label, b.label);
         if (a.channel > 0 && b.channel > 0)
-            differences_.CompareTexts(subject, "source channel", IntToString(a.channel),
+            differences_.CompareTexts(subject, Property::SourceChannel, IntToString(a.channel),
                                       IntToString(b.channel));
-        if (sequences_.AreOfOneFamily())
-            differences_.CompareTexts(subject, "composite mode", a.compositeMode, b.compositeMode);
+        differences_.CompareTexts(subject, Property::CompositeMode, CompositeModeOf(a),
+                                  CompositeModeOf(b));
         CompareSources(subject, a, b);
         CompareTitles(subject, a.title, b.title);
-        CompareEffects(
-            subject, a, b,
-            {.parameters = sequences_.AreOfOneFamily(), .titles = !AreTitlesOfTwoKinds(a, b)},
-            differences_);
-        CompareMarkers(TrackText(*left.track) + " " + a.name, a.sourceFormat, a.markers, b.markers,
-                       differences_);
+        CompareEffects(subject, {a, sequences_.leftProject.family},
+                       {b, sequences_.rightProject.family}, differences_);
+        CompareMarkers({.track = TrackText(*left.track) + " " + a.name,
+                        .source = &a.sourceFormat,
+                        .leftItem = left.index,
+                        .rightItem = right.index},
+                       a.sourceFormat, a.markers, b.markers, differences_);
         CompareLinks(subject, a, b);
     }
 
@@ -180,33 +198,39 @@ private:
         const auto speedText = [](const Item& item) {
             return NumberText(item.speed * 100) + "%" + (item.reverse ? " reversed" : "");
         };
-        differences_.CompareTexts(subject, "speed", speedText(a), speedText(b));
-        differences_.CompareSwitches(subject, "frame blending", a.frameBlending, b.frameBlending);
-        CompareKeyframes(subject, "speed", a.sourceFormat, a.speedKeyframes, b.speedKeyframes,
-                         differences_);
+        differences_.CompareTexts(subject, Property::Speed, speedText(a), speedText(b));
+        differences_.CompareSwitches(subject, Property::FrameBlending, a.frameBlending,
+                                     b.frameBlending);
+        CompareKeyframes(subject, Property::Speed, a.sourceFormat, a.speedKeyframes,
+                         b.speedKeyframes, differences_);
     }
 
     void CompareSources(const ComparedSubject& subject, const Item& a, const Item& b)
     {
         const auto kindText = [](const Item& item) { return std::string(SourceText(item.source)); };
-        if (AreTitlesOfTwoKinds(a, b))
-            differences_.CompareTexts(subject, "source", kindText(a), kindText(b));
-        else
-            differences_.CompareTexts(subject, "source", kindText(a) + " " + a.sourceName,
+        if (AreNamesComparable(a, b))
+            differences_.CompareTexts(subject, Property::Source, kindText(a) + " " + a.sourceName,
                                       kindText(b) + " " + b.sourceName);
+        else
+            differences_.CompareTexts(subject, Property::Source, kindText(a), kindText(b));
         const auto pathOf = [](const Project& project, const Item& item) {
             return item.mediaFile == kNothing ? std::string()
                                               : project.mediaFiles[item.mediaFile].path;
         };
-        differences_.CompareTexts(subject, "path", pathOf(sequences_.leftProject, a),
+        differences_.CompareTexts(subject, Property::Path, pathOf(sequences_.leftProject, a),
                                   pathOf(sequences_.rightProject, b));
     }
 
-    // Each family has a name and an effect of its own for what carries a title's text; the texts
-    // are compared themselves.
-    bool AreTitlesOfTwoKinds(const Item& a, const Item& b) const
+    // Each family has names of its own for generators and for what carries the text of a title.
+    // Media may have no name in a document.
+    bool AreNamesComparable(const Item& a, const Item& b) const
     {
-        return !sequences_.AreOfOneFamily() && a.title != kNothing && b.title != kNothing;
+        if (sequences_.AreOfOneFamily())
+            return true;
+        const bool areGenerators =
+            a.source == SourceKind::Generator && b.source == SourceKind::Generator;
+        const bool areTitles = a.title != kNothing && b.title != kNothing;
+        return !areGenerators && !areTitles && !a.sourceName.empty() && !b.sourceName.empty();
     }
 
     // Many items may share a title.
@@ -237,8 +261,8 @@ private:
         const std::size_t numberA = a.link == kNothing ? kNothing : leftLinks_[a.link];
         const std::size_t numberB = b.link == kNothing ? kNothing : rightLinks_[b.link];
         if (numberA != numberB)
-            differences_.Add(subject, Change::Changed, "links", LinkText(sequences_.left, a),
-                             LinkText(sequences_.right, b));
+            differences_.Add(subject, Change::Changed, Property::Links,
+                             LinkText(sequences_.left, a), LinkText(sequences_.right, b));
     }
 
     // "V1 at 100, A1 at 100"

@@ -11,16 +11,6 @@
 
 namespace XPJ::Inspection {
 
-// Two sequences that belong together, and their documents.
-struct ComparedSequences {
-    const Project& leftProject;
-    const Project& rightProject;
-    const Sequence& left;
-    const Sequence& right;
-
-    bool AreOfOneFamily() const { return leftProject.family == rightProject.family; }
-};
-
 void CompareItems(const ComparedSequences& sequences, DifferenceList& differences);
 
 } // namespace XPJ::Inspection

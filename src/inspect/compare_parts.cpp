@@ -1,6 +1,9 @@
 #include "inspect/compare_parts.h"
 
+#include "effects/distort.h"
+#include "effects/motion.h"
 #include "inspect/matching.h"
+#include "inspect/neutral_effects.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,73 +12,152 @@
 
 namespace XPJ::Inspection {
 
-void CompareParameters(const ComparedSubject& subject, const std::string& prefix,
-                       const TimecodeFormat& format, const std::vector<Parameter>& a,
-                       const std::vector<Parameter>& b, DifferenceList& differences)
+namespace {
+
+// "2 keyframes, 12.5 at 00:00:08:20", with the keyframe `at`, if there is one.
+std::string KeyframesText(const TimecodeFormat& format, const std::vector<Keyframe>& keyframes,
+                          std::vector<Keyframe>::const_iterator at)
 {
+    const std::string count = fmt::format("{} keyframes", keyframes.size());
+    return at == keyframes.end()
+               ? count
+               : fmt::format("{}, {} at {}", count, at->value, format.Timecode(at->time));
+}
+
+void CompareParameter(const ComparedSubject& subject, const ComparedParameters& compared,
+                      const Parameter& a, const Parameter& b, DifferenceList& differences)
+{
+    const std::string name = compared.prefix + a.name;
+    const std::optional<std::string_view> stillA = StillValue(a);
+    const std::optional<std::string_view> stillB = StillValue(b);
+    if (!stillA || !stillB)
+        CompareKeyframes(subject, {Property::Parameter, name}, compared.format, a.keyframes,
+                         b.keyframes, differences);
+    else if (!IsSameStillValue(compared.a, compared.family, a, *stillA, *stillB))
+        differences.Add(subject, Change::Changed, {Property::Parameter, name}, std::string(*stillA),
+                        std::string(*stillB));
+}
+
+// ---- Effects
+
+// Projects have no Distort, and no Basic 3D that moves its clip: their Motion does it.
+bool IsDoneByMotion(const Effect& effect)
+{
+    return effect.kind == kBasic3D.xmeml.name ||
+           (effect.kind == kDistort.name && IsAspectOnly(effect));
+}
+
+bool IsMotion(const Effect& effect)
+{
+    return effect.kind == kMotion.name;
+}
+
+// True for an effect that the other item, of another family, has as a part of another effect.
+bool IsPartOfOther(const Effect& effect, const ItemOfFamily& other)
+{
+    if (other.family == Family::Project)
+        return IsDoneByMotion(effect) && std::ranges::any_of(other.item.effects, IsMotion);
+    return IsMotion(effect) && std::ranges::any_of(other.item.effects, IsDoneByMotion);
+}
+
+// Whether an effect counts that the other item doesn't have. What the item shows is compared as its
+// source.
+bool CountsAlone(const Effect& effect, const ItemOfFamily& own, const ItemOfFamily& other)
+{
+    if (IsNeutral(effect, own.family))
+        return false;
+    if (own.family != other.family)
+        return !effect.isSource && !IsPartOfOther(effect, other);
+    return !effect.isSource || own.item.sourceName == other.item.sourceName;
+}
+
+void CompareEffect(const ComparedSubject& subject, const ComparedParameters& compared,
+                   bool areOfOneFamily, DifferenceList& differences)
+{
+    const Effect& a = compared.a;
+    const Effect& b = compared.b;
+    // A project may have a name where its document has none: that of a look's file.
+    if (areOfOneFamily || !a.ownName.empty())
+        differences.CompareTexts(subject, {Property::EffectName, "name of effect " + a.kind},
+                                 a.ownName, b.ownName);
+    if (!a.enabled && !b.enabled)
+        return;
+    differences.CompareSwitches(subject, {Property::Effect, "effect " + a.name}, a.enabled,
+                                b.enabled);
+    if (areOfOneFamily)
+        CompareParameters(subject, compared, differences);
+}
+
+} // namespace
+
+void CompareParameters(const ComparedSubject& subject, const ComparedParameters& compared,
+                       DifferenceList& differences)
+{
+    const std::vector<Parameter>& a = compared.a.parameters;
+    const std::vector<Parameter>& b = compared.b.parameters;
     Matching matching(a.size(), b.size());
     MatchBy(matching, a, b,
             [](const Parameter& parameter) { return std::string_view(parameter.name); });
+    const auto counts = [&](const Effect& effect, const Parameter& parameter) {
+        return !IsOfItem(effect, compared.family, parameter);
+    };
     for (std::size_t i = 0; i < a.size(); ++i) {
-        const std::string name = prefix + a[i].name;
-        if (const std::size_t partner = matching.PartnerInB(i); partner != kNothing) {
-            differences.CompareTexts(subject, name, a[i].value, b[partner].value);
-            CompareKeyframes(subject, name, format, a[i].keyframes, b[partner].keyframes,
-                             differences);
-        } else {
-            differences.Add(subject, Change::Lost, name, a[i].value);
-        }
+        if (!counts(compared.a, a[i]))
+            continue;
+        if (const std::size_t partner = matching.PartnerInB(i); partner != kNothing)
+            CompareParameter(subject, compared, a[i], b[partner], differences);
+        else if (!IsDefault(compared.a, compared.family, a[i]))
+            differences.Add(subject, Change::Lost,
+                            {Property::Parameter, compared.prefix + a[i].name}, a[i].value);
     }
     for (std::size_t i = 0; i < b.size(); ++i)
-        if (matching.PartnerInA(i) == kNothing)
-            differences.Add(subject, Change::Added, prefix + b[i].name, {}, b[i].value);
+        if (matching.PartnerInA(i) == kNothing && counts(compared.b, b[i]) &&
+            !IsDefault(compared.b, compared.family, b[i]))
+            differences.Add(subject, Change::Added,
+                            {Property::Parameter, compared.prefix + b[i].name}, {}, b[i].value);
 }
 
-// One difference for the whole list: the first keyframe that differs.
-void CompareKeyframes(const ComparedSubject& subject, const std::string& property,
+// The first keyframe that differs is shown.
+void CompareKeyframes(const ComparedSubject& subject, const ComparedProperty& property,
                       const TimecodeFormat& format, const std::vector<Keyframe>& a,
                       const std::vector<Keyframe>& b, DifferenceList& differences)
 {
-    const auto [first, second] = std::ranges::mismatch(a, b);
-    if (first == a.end() && second == b.end())
-        return;
-    const auto text = [&](const std::vector<Keyframe>& list, auto at) {
-        const std::string count = fmt::format("{} keyframes", list.size());
-        return at == list.end()
-                   ? count
-                   : fmt::format("{}, {} at {}", count, at->value, format.Timecode(at->time));
-    };
-    differences.Add(subject, Change::Changed, property + " keyframes", text(a, first),
-                    text(b, second));
+    const auto [first, second] =
+        std::ranges::mismatch(a, b, [](const Keyframe& x, const Keyframe& y) {
+            return x.time == y.time && IsSameValue(x.value, y.value);
+        });
+    if (first != a.end() || second != b.end())
+        differences.Add(subject, Change::Changed, {property.property, property.text + " keyframes"},
+                        KeyframesText(format, a, first), KeyframesText(format, b, second));
 }
 
-void CompareEffects(const ComparedSubject& subject, const Item& a, const Item& b,
-                    EffectComparison counts, DifferenceList& differences)
+void CompareEffects(const ComparedSubject& subject, const ItemOfFamily& a, const ItemOfFamily& b,
+                    DifferenceList& differences)
 {
-    Matching matching(a.effects.size(), b.effects.size());
-    MatchBy(matching, a.effects, b.effects,
-            [](const Effect& effect) { return std::string_view(effect.name); });
-    const auto isCounted = [&](const Effect& effect) { return counts.titles || !effect.isTitle; };
-    for (std::size_t i = 0; i < a.effects.size(); ++i) {
-        const Effect& effect = a.effects[i];
-        if (matching.PartnerInB(i) == kNothing) {
-            if (isCounted(effect))
-                differences.Add(subject, Change::Lost, "effect", effect.name);
-            continue;
-        }
-        const Effect& other = b.effects[matching.PartnerInB(i)];
-        differences.CompareSwitches(subject, "effect " + effect.name, effect.enabled,
-                                    other.enabled);
-        if (counts.parameters)
-            CompareParameters(subject, effect.name + ": ", a.sourceFormat, effect.parameters,
-                              other.parameters, differences);
+    const std::vector<Effect>& left = a.item.effects;
+    const std::vector<Effect>& right = b.item.effects;
+    Matching matching(left.size(), right.size());
+    MatchBy(matching, left, right, [](const Effect& effect) {
+        return std::pair(std::string_view(effect.kind), std::string_view(effect.ownName));
+    });
+    MatchBy(matching, left, right,
+            [](const Effect& effect) { return std::string_view(effect.kind); });
+    for (std::size_t i = 0; i < left.size(); ++i) {
+        const Effect& effect = left[i];
+        if (const std::size_t partner = matching.PartnerInB(i); partner != kNothing)
+            CompareEffect(
+                subject,
+                {effect, right[partner], a.family, a.item.sourceFormat, effect.name + ": "},
+                a.family == b.family, differences);
+        else if (CountsAlone(effect, a, b))
+            differences.Add(subject, Change::Lost, Property::Effect, effect.name);
     }
-    for (std::size_t i = 0; i < b.effects.size(); ++i)
-        if (matching.PartnerInA(i) == kNothing && isCounted(b.effects[i]))
-            differences.Add(subject, Change::Added, "effect", {}, b.effects[i].name);
+    for (std::size_t i = 0; i < right.size(); ++i)
+        if (matching.PartnerInA(i) == kNothing && CountsAlone(right[i], b, a))
+            differences.Add(subject, Change::Added, Property::Effect, {}, right[i].name);
 }
 
-void CompareMarkers(const std::string& owner, const TimecodeFormat& format,
+void CompareMarkers(const ComparedSubject& owner, const TimecodeFormat& format,
                     const std::vector<Marker>& a, const std::vector<Marker>& b,
                     DifferenceList& differences)
 {
@@ -86,8 +168,11 @@ void CompareMarkers(const std::string& owner, const TimecodeFormat& format,
     MatchBy(matching, a, b, [](const Marker& marker) { return std::string_view(marker.name); });
     MatchBy(matching, a, b, [](const Marker& marker) { return marker.start; });
     const auto subjectOf = [&](const Marker& marker) {
-        return ComparedSubject{Subject::Marker, owner, marker.name, marker.start,
-                               owner.empty() ? nullptr : &format};
+        ComparedSubject subject = owner;
+        subject.subject = Subject::Marker;
+        subject.name = marker.name;
+        subject.time = marker.start;
+        return subject;
     };
     for (std::size_t i = 0; i < a.size(); ++i) {
         const ComparedSubject subject = subjectOf(a[i]);
@@ -96,10 +181,12 @@ void CompareMarkers(const std::string& owner, const TimecodeFormat& format,
             continue;
         }
         const Marker& other = b[matching.PartnerInB(i)];
-        differences.CompareTimes(subject, "start", format, a[i].start, other.start, Change::Moved);
-        differences.CompareTimes(subject, "duration", format, a[i].duration, other.duration);
-        differences.CompareTexts(subject, "name", a[i].name, other.name);
-        differences.CompareTexts(subject, "comment", a[i].comment, other.comment);
+        differences.CompareTimes(subject, Property::Start, format, a[i].start, other.start,
+                                 Change::Moved);
+        differences.CompareTimes(subject, Property::Duration, format, a[i].duration,
+                                 other.duration);
+        differences.CompareTexts(subject, Property::Name, a[i].name, other.name);
+        differences.CompareTexts(subject, Property::Comment, a[i].comment, other.comment);
     }
     for (std::size_t i = 0; i < b.size(); ++i)
         if (matching.PartnerInA(i) == kNothing)

@@ -10,26 +10,37 @@
 
 namespace XPJ::Inspection {
 
-// `prefix` is put in front of the parameters' names.
-void CompareParameters(const ComparedSubject& subject, const std::string& prefix,
-                       const TimecodeFormat& format, const std::vector<Parameter>& a,
-                       const std::vector<Parameter>& b, DifferenceList& differences);
+// An effect, or the effect of a transition, in two documents of one family.
+struct ComparedParameters {
+    const Effect& a;
+    const Effect& b;
+    Family family;
+    const TimecodeFormat& format; // of the keyframes' times
+    std::string prefix = {};      // in front of the parameters' names
+};
 
-void CompareKeyframes(const ComparedSubject& subject, const std::string& property,
+// Neither what has its default on one side and isn't stated on the other is a difference, nor
+// keyframes that all have the value of the other side.
+void CompareParameters(const ComparedSubject& subject, const ComparedParameters& compared,
+                       DifferenceList& differences);
+
+// One difference for the whole list.
+void CompareKeyframes(const ComparedSubject& subject, const ComparedProperty& property,
                       const TimecodeFormat& format, const std::vector<Keyframe>& a,
                       const std::vector<Keyframe>& b, DifferenceList& differences);
 
-// What counts of effects.
-struct EffectComparison {
-    bool parameters = true;
-    bool titles = true; // effects that carry a title
+struct ItemOfFamily {
+    const Item& item;
+    Family family;
 };
 
-void CompareEffects(const ComparedSubject& subject, const Item& a, const Item& b,
-                    EffectComparison counts, DifferenceList& differences);
+// An effect that does nothing may be missing on the other side. Between two families parameters are
+// not compared, and what the item shows is not an effect.
+void CompareEffects(const ComparedSubject& subject, const ItemOfFamily& a, const ItemOfFamily& b,
+                    DifferenceList& differences);
 
-// `owner` is the item that they are on, empty for those of the sequence.
-void CompareMarkers(const std::string& owner, const TimecodeFormat& format,
+// `owner` is the item, the sequence or the bin clip that they are on.
+void CompareMarkers(const ComparedSubject& owner, const TimecodeFormat& format,
                     const std::vector<Marker>& a, const std::vector<Marker>& b,
                     DifferenceList& differences);
 

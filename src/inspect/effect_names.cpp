@@ -3,11 +3,9 @@
 #include "core/base64.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "effects/effect_list.h"
 #include "effects/values.h"
 
 #include <algorithm>
-#include <vector>
 
 #include <fmt/format.h>
 
@@ -20,48 +18,59 @@ std::string OwnName(std::string_view name, std::string_view id)
     return UnescapeXML(name.empty() ? id : name);
 }
 
-// Of the effects or of the transitions. What has no name for people goes by its own.
-std::string NameOfId(bool isTransition, std::string_view effectId, std::string_view name)
+// Null for what the converter doesn't know.
+const EffectListing* FindById(bool isTransition, std::string_view effectId)
 {
+    if (effectId.empty())
+        return nullptr;
     for (const EffectListing& row : KnownEffects())
-        if (row.isTransition == isTransition && !row.userName.empty() && !effectId.empty() &&
-            effectId == row.effectId)
-            return std::string(row.userName);
-    return OwnName(name, effectId);
+        if (row.isTransition == isTransition && effectId == row.effectId)
+            return &row;
+    return nullptr;
 }
 
-std::string NameOfMatch(bool isTransition, std::string_view matchName, std::string_view displayName)
+// The longest beginning counts: "Matte" is one of "Matte 8", which has a row of its own.
+const EffectListing* FindByMatch(bool isTransition, std::string_view matchName)
 {
+    const EffectListing* found = nullptr;
     for (const EffectListing& row : KnownEffects())
-        if (row.isTransition == isTransition && !row.userName.empty() && !row.matchName.empty() &&
-            matchName.starts_with(row.matchName))
-            return std::string(row.userName);
-    return OwnName(displayName, matchName);
+        if (row.isTransition == isTransition && !row.matchName.empty() &&
+            matchName.starts_with(row.matchName) &&
+            (!found || row.matchName.size() > found->matchName.size()))
+            found = &row;
+    return found;
 }
 
-bool IsOneOf(std::string_view values, std::string_view value)
+// The name of an effect may be an id. One without an id goes by its name.
+const EffectListing* FindByName(std::string_view name, bool hasId)
 {
-    while (!values.empty()) {
-        const std::size_t end = std::min(values.find(' '), values.size());
-        if (values.substr(0, end) == value)
-            return true;
-        values.remove_prefix(std::min(end + 1, values.size()));
-    }
-    return false;
+    if (name.empty())
+        return nullptr;
+    for (const EffectListing& row : KnownEffects())
+        if (!row.isTransition && (name == row.effectId || (!hasId && name == row.effectName)))
+            return &row;
+    return nullptr;
 }
 
-bool HasNeutralValue(const EffectListing& row, const Parameter& parameter)
+// What has no name for people goes by its own.
+std::string NameOf(const EffectListing* row, std::string_view name, std::string_view id)
 {
-    return std::ranges::any_of(row.neutralValues, [&](const NeutralValue& neutral) {
-        return neutral.parameter == parameter.name && IsOneOf(neutral.values, parameter.value);
-    });
+    return row && !row->userName.empty() ? std::string(row->userName) : OwnName(name, id);
 }
 
-bool IsStill(const Parameter& parameter)
+bool IsNameOf(const EffectListing& row, std::string_view name)
 {
-    return std::ranges::all_of(parameter.keyframes, [&](const Keyframe& keyframe) {
-        return keyframe.value == parameter.value;
-    });
+    return name.empty() || name == row.effectId || name == row.effectName ||
+           name == row.displayName || name == row.userName;
+}
+
+Effect Named(const EffectListing* row, std::string name, std::string_view given)
+{
+    Effect effect{.kind = row ? KindOf(*row) : name};
+    if (row && !IsNameOf(*row, given))
+        effect.ownName = UnescapeXML(given);
+    effect.name = std::move(name);
+    return effect;
 }
 
 // Longer texts are data, not text for people.
@@ -83,40 +92,36 @@ std::string PlainPart(std::string_view part)
 
 } // namespace
 
-std::string EffectNameOfId(std::string_view effectId, std::string_view name)
+std::string KindOf(const EffectListing& row)
 {
-    return NameOfId(false, effectId, name);
+    for (const std::string_view name : {row.userName, row.effectName, row.effectId})
+        if (!name.empty())
+            return std::string(name);
+    return std::string(row.displayName);
 }
 
-std::string EffectNameOfMatch(std::string_view matchName, std::string_view displayName)
+Effect NamedById(std::string_view effectId, std::string_view name)
 {
-    return NameOfMatch(false, matchName, displayName);
+    const EffectListing* const row = FindById(false, effectId);
+    return Named(row ? row : FindByName(name, !effectId.empty()), NameOf(row, name, effectId),
+                 name);
+}
+
+Effect NamedByMatch(std::string_view matchName, std::string_view displayName,
+                    std::string_view instanceName)
+{
+    const EffectListing* const row = FindByMatch(false, matchName);
+    return Named(row, NameOf(row, displayName, matchName), instanceName);
 }
 
 std::string TransitionNameOfId(std::string_view effectId, std::string_view name)
 {
-    return NameOfId(true, effectId, name);
+    return NameOf(FindById(true, effectId), name, effectId);
 }
 
 std::string TransitionNameOfMatch(std::string_view matchName, std::string_view displayName)
 {
-    return NameOfMatch(true, matchName, displayName);
-}
-
-bool IsNeutral(const Effect& effect)
-{
-    // The volume of a clip and its gain have one name.
-    const std::vector<EffectListing>& known = KnownEffects();
-    const auto isOfEffect = [&](const EffectListing& row) {
-        return row.userName == effect.name && !row.neutralValues.empty();
-    };
-    const auto isNeutral = [&](const Parameter& parameter) {
-        return IsStill(parameter) && std::ranges::any_of(known, [&](const EffectListing& row) {
-                   return isOfEffect(row) && HasNeutralValue(row, parameter);
-               });
-    };
-    return std::ranges::any_of(known, isOfEffect) &&
-           std::ranges::all_of(effect.parameters, isNeutral);
+    return NameOf(FindByMatch(true, matchName), displayName, matchName);
 }
 
 std::string PlainText(std::string_view value)

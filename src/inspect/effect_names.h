@@ -1,6 +1,7 @@
 // Effects and transitions under one name in both families, and their values in one format.
 #pragma once
 
+#include "effects/effect_list.h"
 #include "inspect/timeline.h"
 
 #include <string>
@@ -8,10 +9,14 @@
 
 namespace XPJ::Inspection {
 
-// The name of an effect of an XML document, by its `effectid`, else its `name`.
-std::string EffectNameOfId(std::string_view effectId, std::string_view name);
-// The name of an effect of a project, by its match name, else its display name.
-std::string EffectNameOfMatch(std::string_view matchName, std::string_view displayName);
+// Of an effect of an XML document, by its `effectid`, else its `name`.
+Effect NamedById(std::string_view effectId, std::string_view name);
+// Of an effect of a project, by its match name, else its display name. `instanceName` is that which
+// its user gave it.
+Effect NamedByMatch(std::string_view matchName, std::string_view displayName,
+                    std::string_view instanceName);
+// What both families know an effect by.
+std::string KindOf(const EffectListing& row);
 
 // The same for transitions.
 std::string TransitionNameOfId(std::string_view effectId, std::string_view name);
@@ -21,9 +26,5 @@ std::string TransitionNameOfMatch(std::string_view matchName, std::string_view d
 // at their ends. A long text, such as a look, becomes its length and checksum.
 //   PlainText("100.") == "100", PlainText("0.50:.5") == "0.5:0.5"
 std::string PlainText(std::string_view value);
-
-// True for what changes nothing: a level of 0 dB, a pan in the middle, a full opacity. Some editors
-// write such effects for clips that nobody touched, others do not.
-bool IsNeutral(const Effect& effect);
 
 } // namespace XPJ::Inspection

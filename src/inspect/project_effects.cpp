@@ -2,9 +2,12 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
+#include "effects/audio_filters.h"
 #include "effects/keyframes.h"
+#include "effects/opacity.h"
 #include "effects/parameters.h"
 #include "inspect/effect_names.h"
+#include "inspect/neutral_effects.h"
 #include "inspect/titles.h"
 #include "project/accessors.h"
 
@@ -25,10 +28,11 @@ Parameter ReadParameter(ConstHandle param)
 
 Effect ReadComponent(ConstHandle component)
 {
-    Effect effect{.name = EffectNameOfMatch(ComponentMatchName(component),
-                                            component.GetProperty("DisplayName")),
-                  .enabled = !IsTrue(component, "Bypass"),
-                  .isTitle = ComponentMatchName(component) == kTextComponent};
+    const std::string_view match = ComponentMatchName(component);
+    Effect effect = NamedByMatch(match, component.GetProperty("DisplayName"),
+                                 component.GetProperty("InstanceName"));
+    effect.enabled = !IsTrue(component, "Bypass");
+    effect.isSource = match == kTextComponent || match == kGraphicShape.project.match;
     for (const ConstHandle& param : ParamsOf(component))
         effect.parameters.push_back(ReadParameter(param));
     return effect;
@@ -53,14 +57,23 @@ std::vector<Effect> ReadProjectEffects(TrackItem trackItem)
 {
     std::vector<Effect> effects;
     for (const ConstHandle& component : ComponentsOf(ChainOfOwner(trackItem)))
-        if (Effect effect = ReadComponent(component); !IsNeutral(effect))
+        if (Effect effect = ReadComponent(component); !IsOfUntouchedClip(effect, Family::Project))
             effects.push_back(std::move(effect));
-    Effect pan{.name = "Pan"};
+    Effect pan{.name = std::string(kAudioPan.name), .kind = std::string(kAudioPan.name)};
     for (const ConstHandle& param : ParamsOf(PannerOf(trackItem)))
         pan.parameters.push_back(ReadParameter(param));
-    if (!IsNeutral(pan))
+    if (!IsOfUntouchedClip(pan, Family::Project))
         effects.push_back(std::move(pan));
     return effects;
+}
+
+std::string ReadProjectCompositeMode(TrackItem trackItem)
+{
+    for (const ConstHandle& component : ComponentsOf(ChainOfOwner(trackItem)))
+        if (ComponentMatchName(component) == kOpacity.project.match)
+            if (const auto mode = CompositeModeOf(component))
+                return std::string(mode->empty() ? kOtherCompositeMode : *mode);
+    return {};
 }
 
 std::vector<Keyframe> ReadProjectSpeedKeyframes(ConstHandle clip)

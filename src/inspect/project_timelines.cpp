@@ -56,6 +56,14 @@ std::vector<Marker> ReadMarkers(ConstHandle owner)
     return markers;
 }
 
+// The markers of a clip belong to its audio, where it has audio.
+ConstHandle MarkedClipOf(MasterClip master)
+{
+    const ConstHandle main = master.MainClip();
+    const ConstChildRange markers = MarkersOf(main);
+    return markers.begin() != markers.end() ? main : master.AudioClip();
+}
+
 double SpeedOf(ConstHandle core)
 {
     const double speed = std::abs(DoubleProperty(core, "PlaybackSpeed"));
@@ -126,7 +134,7 @@ private:
             if (sequence && !IsMergedSequence(sequence))
                 entry.sequence = sequences_.NumberOf(sequence);
             entry.mediaFile = MediaFileOf(MediaOfSource(SourceOfClip(clip)));
-            entry.markers = ReadMarkers(clip);
+            entry.markers = ReadMarkers(MarkedClipOf(master));
         }
         project_.entries.push_back(std::move(entry));
     }
@@ -215,8 +223,10 @@ private:
             item.channel = static_cast<int>(
                 std::clamp<std::int64_t>(Int64Property(clip, "SecondaryIndex"), 0, 65535) + 1);
         SetSource(clip, item);
-        if (kind == MediaType::Video)
+        if (kind == MediaType::Video) {
+            item.compositeMode = ReadProjectCompositeMode(node);
             item.title = TitleOf(node, clip);
+        }
         item.effects = ReadProjectEffects(node);
         item.markers = ReadMarkers(clip);
         return item;

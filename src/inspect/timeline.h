@@ -46,9 +46,11 @@ struct Parameter {
 };
 
 struct Effect {
-    std::string name = {}; // the same in both families, as far as it is known
+    std::string name = {};    // the same in both families, as far as it is known
+    std::string kind = {};    // the same in both families and for all names
+    std::string ownName = {}; // that its user gave it; empty: it goes by its kind
     bool enabled = true;
-    bool isTitle = false; // its text is listed as the title of the item
+    bool isSource = false; // what the item shows: a generator, the text or shape of a graphic
     std::vector<Parameter> parameters = {};
 
     friend bool operator==(const Effect&, const Effect&) = default;

@@ -235,6 +235,7 @@ std::string DifferencesJson(const std::vector<Difference>& differences)
         list.push_back({{"change", ChangeText(difference.change)},
                         {"subject", SubjectText(difference.subject)},
                         {"sequence", difference.sequence},
+                        {"bin", difference.bin},
                         {"track", difference.track},
                         {"name", difference.name},
                         {"frame", difference.frame},

@@ -215,14 +215,25 @@ private:
     std::string text_;
 };
 
+// A sequence without a name has a heading of its own too.
+std::string HeadingOf(const Difference& difference)
+{
+    return difference.first.sequence == kNothing && difference.second.sequence == kNothing
+               ? "browser"
+               : "sequence " + Quoted(difference.sequence);
+}
+
 std::string DifferenceLine(const Difference& difference)
 {
     std::string text = fmt::format("  {:<8}", ChangeText(difference.change));
-    if (!difference.track.empty())
-        text += difference.track + ' ';
-    text += fmt::format("{} {}", difference.timecode, SubjectText(difference.subject));
+    for (const std::string& at : {difference.track, difference.timecode})
+        if (!at.empty())
+            text += at + ' ';
+    text += SubjectText(difference.subject);
     if (!difference.name.empty())
         text += ' ' + Quoted(difference.name);
+    if (!difference.bin.empty())
+        text += " in " + Quoted(difference.bin);
     if (difference.property.empty())
         return text;
     text += ": " + difference.property;
@@ -247,13 +258,13 @@ std::string DifferencesText(const std::vector<Difference>& differences)
         return "No differences.\n";
     std::string text;
     std::array<std::size_t, 4> counts{}; // by Change
-    const std::string* sequence = nullptr;
+    std::string heading;
     for (const Difference& difference : differences) {
-        if (!sequence || *sequence != difference.sequence) {
-            AppendPrintable("sequence " + Quoted(difference.sequence), text);
+        if (std::string next = HeadingOf(difference); next != heading) {
+            AppendPrintable(next, text);
             text += '\n';
+            heading = std::move(next);
         }
-        sequence = &difference.sequence;
         AppendPrintable(DifferenceLine(difference), text);
         text += '\n';
         ++counts[static_cast<std::size_t>(difference.change)];

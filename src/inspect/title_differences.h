@@ -1,6 +1,7 @@
 // What differs between the texts of two titles.
 #pragma once
 
+#include "inspect/difference.h"
 #include "inspect/timeline.h"
 
 #include <optional>
@@ -11,7 +12,7 @@ namespace XPJ::Inspection {
 
 // A text that only one of the two has is nothing on the other side.
 struct TitleDifference {
-    std::string property; // "title", "title font", "title size", "title color"
+    Property property = Property::Title; // or its font, size or color
     std::optional<std::string> before;
     std::optional<std::string> after;
 };

@@ -4,9 +4,9 @@
 #include "core/text.h"
 #include "effects/keyframes.h"
 #include "effects/time_remap.h"
-#include "effects/title_reader.h"
 #include "effects/values.h"
 #include "inspect/effect_names.h"
+#include "inspect/neutral_effects.h"
 #include "inspect/titles.h"
 
 namespace XPJ::Inspection {
@@ -44,10 +44,12 @@ std::vector<Parameter> ReadParameters(ConstHandle effect, Ticks frameTicks)
 
 Effect ReadEffect(ConstHandle effect, Ticks frameTicks)
 {
-    return {.name = EffectNameOfId(effect.GetProperty("effectid"), effect.GetProperty("name")),
-            .enabled = !IsTrue(effect, "velaBypass"),
-            .isTitle = effect.GetProperty("effectid") == kTextEffect,
-            .parameters = ReadParameters(effect, frameTicks)};
+    const std::string_view id = effect.GetProperty("effectid");
+    Effect read = NamedById(id, effect.GetProperty("name"));
+    read.enabled = !IsTrue(effect, "velaBypass");
+    read.isSource = id == kTextEffect || id == kGraphicShape.xmeml.id;
+    read.parameters = ReadParameters(effect, frameTicks);
+    return read;
 }
 
 // A gain of 1 is written as an effect without a name.
@@ -63,7 +65,7 @@ std::vector<Effect> ReadXmemlEffects(ConstHandle item, Ticks frameTicks)
     std::vector<Effect> effects;
     if (item.GetName() == "generatoritem" && item.HasChild("effect")) {
         effects.push_back(ReadEffect(item.GetChild("effect"), frameTicks));
-        effects.back().isTitle = IsTextTitle(item);
+        effects.back().isSource = true;
     }
     for (const ConstHandle& filter : item.GetChildren("filter")) {
         const ConstHandle effect = filter.GetChild("effect");
@@ -72,7 +74,7 @@ std::vector<Effect> ReadXmemlEffects(ConstHandle item, Ticks frameTicks)
         Effect read = ReadEffect(effect, frameTicks);
         if (EqualsIgnoreCase(filter.GetProperty("enabled"), "FALSE"))
             read.enabled = false;
-        if (!IsNeutral(read))
+        if (!IsOfUntouchedClip(read, Family::Xmeml))
             effects.push_back(std::move(read));
     }
     return effects;

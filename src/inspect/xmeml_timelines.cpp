@@ -86,6 +86,19 @@ std::vector<Marker> ReadMarkers(ConstHandle element, Ticks frameTicks)
     return markers;
 }
 
+// Of a project, which may hold its entries itself.
+ConstHandle ChildrenOf(ConstHandle project)
+{
+    const ConstHandle children = project.GetChild("children");
+    return children ? children : project;
+}
+
+// False for what only names by its id what is defined elsewhere.
+bool IsDefined(ConstHandle entry)
+{
+    return entry.HasChildren() || HasValue(entry, "name");
+}
+
 // An item with what is needed to find its links.
 struct ReadItem {
     Item item;
@@ -106,8 +119,7 @@ public:
         project_.name = TextOf(xmeml.GetChild("project"), "name");
         FindFiles(xmeml);
         for (const ConstHandle& node : xmeml.GetChildren())
-            AddEntries(node.GetName() == "project" ? node.GetChild("children") : ConstHandle(),
-                       node, 0);
+            AddEntries(node.GetName() == "project" ? ChildrenOf(node) : ConstHandle(), node, 0);
         // A sequence may use others, which then come at the end.
         for (std::size_t i = 0; i < sequences_.Size(); ++i)
             project_.sequences.push_back(ReadSequence(sequences_.At(i)));
@@ -150,12 +162,12 @@ private:
             project_.entries.push_back(std::move(entry));
             if (const ConstHandle children = node.GetChild("children"))
                 AddEntries(children, {}, depth + 1);
-        } else if (node.GetName() == "clip" && node.HasChildren()) {
+        } else if (node.GetName() == "clip" && IsDefined(node)) {
             entry.kind = EntryKind::Clip;
             entry.mediaFile = MediaFileOf(FirstFileOf(files_, node));
             entry.markers = ReadMarkers(node, RatesOfItem(node, kNtscFrameTicks).item);
             project_.entries.push_back(std::move(entry));
-        } else if (node.GetName() == "sequence" && node.HasChildren()) {
+        } else if (node.GetName() == "sequence" && IsDefined(node)) {
             entry.kind = EntryKind::Sequence;
             entry.sequence = sequences_.NumberOf(node);
             project_.entries.push_back(std::move(entry));

@@ -47,7 +47,7 @@ TEST(Formats, ReadTheirOwnDocuments)
         Document document;
         ObjectHandle root;
         DocumentDetails details;
-        ASSERT_EQ(format.parse(text, document, root, details), kSuccess) << format.name;
+        ASSERT_EQ(format.parse(text, false, document, root, details), kSuccess) << format.name;
         EXPECT_EQ(root.GetName(), format.element);
 
         std::ostringstream output;

@@ -65,6 +65,36 @@ TEST(Compare, MatchesSequencesByNameAndOrder)
               "1 difference: 1 changed\n");
 }
 
+// A drawing marks the items that a difference is about.
+TEST(Compare, StatesWhichItemsDiffer)
+{
+    const std::string text = DataText("edit.xml");
+    const Project before = Timelines(text);
+    // The second clip of V1 is renamed, and one comes before it.
+    const std::string added = "<clipitem><name>New</name><start>160</start><end>170</end><in>0</in>"
+                              "<out>10</out><file id=\"boat file\"/></clipitem>";
+    std::string changed = Replaced(text, "<name>Boat, slow</name>", "<name>Boat</name>");
+    changed = Replaced(changed, "<clipitem id=\"one\">", added + "<clipitem id=\"one\">");
+    const std::vector<Difference> differences = Compare(before, Timelines(changed));
+    ASSERT_EQ(differences.size(), 2U) << DifferencesText(differences);
+    const DifferenceLocation renamed{0, {0, 1}};
+    EXPECT_EQ(differences[0].first, renamed);
+    EXPECT_EQ(differences[0].second, renamed);
+    const DifferenceLocation none;
+    const DifferenceLocation last{0, {0, 2}};
+    EXPECT_EQ(differences[1].first, none);
+    EXPECT_EQ(differences[1].second, last);
+    // A marker is on its item, a track has none.
+    const std::vector<Difference> ofMarker =
+        Compare(before, Timelines(Replaced(text, "<name>Gull</name>", "<name>Tern</name>")));
+    const DifferenceLocation first{0, {0, 0}};
+    EXPECT_EQ(ofMarker.at(0).first, first);
+    const std::vector<Difference> ofTrack =
+        Compare(before, Timelines(Replaced(text, "<locked>TRUE</locked>", "")));
+    const DifferenceLocation track{0, {1, kNothing}};
+    EXPECT_EQ(ofTrack.at(0).second, track);
+}
+
 // A thousand clips that are one frame late and alike in all else stay pairs.
 TEST(Compare, FollowsARippleThroughAllClips)
 {

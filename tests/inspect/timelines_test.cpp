@@ -67,6 +67,32 @@ TEST(Timelines, CountsInTheRateOfEachThing)
     EXPECT_EQ(sequence.format.Timecode(kNtscFrameTicks + 5), "00;00;00;01+5t");
 }
 
+// Other programs' documents, as they are written and as a conversion takes them.
+TEST(Timelines, OfWhatADocumentMeans)
+{
+    const std::string text = Replaced(
+        DataText("edit.xml"), "<name>Boat leaves</name>",
+        "<name>Boat leaves</name><labels><label>Good Take</label><label2> </label2></labels>");
+    const auto labelOf = [&text](DocumentReading reading) {
+        const Project project = ReadTimelines(text, {}, reading).project;
+        return project.sequences.at(0).tracks.at(0).items.at(0).label;
+    };
+    EXPECT_NE(labelOf(DocumentReading::ToTheLetter), "Good Take");
+    EXPECT_EQ(labelOf(DocumentReading::AsMeant), "Good Take");
+}
+
+// A document may leave out `children`, and define a clip or a sequence by its name alone.
+TEST(Timelines, ListsEveryEntry)
+{
+    const Project project = Timelines(R"(<xmeml version="5"><project><name>P</name>
+<bin><name>B</name><children><clip id="c"><name>C</name></clip><clip id="d"/></children></bin>
+<sequence id="s"><name>S</name></sequence></project></xmeml>)");
+    std::string names;
+    for (const Entry& entry : project.entries)
+        names += entry.name + " ";
+    EXPECT_EQ(names, "B C S ");
+}
+
 TEST(Timelines, IsWrittenAsJson)
 {
     const std::string text = TreeJson(Timelines(DataText("edit.xml")),

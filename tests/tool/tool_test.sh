@@ -414,6 +414,11 @@ compare() {
     expect_text out 'start 100 (00:00:04:00) -> 101 (00:00:04:01)'
     expect_status 10 --compare --json one.xml two.xml
     expect_text out '"change": "moved"'
+    expect_status 0 --compare --ignore 'label, start' --ignore end one.xml two.xml
+    expect_status 10 --compare --ignore label one.xml two.xml
+    expect_status 64 --compare --ignore label,colour one.xml two.xml
+    expect_text err 'frame length'
+    expect_status 64 --inspect --ignore label one.xml
     cp two.xml kept.xml
     expect_same two.xml kept.xml
     expect_status 5 --compare one.xml absent.xml

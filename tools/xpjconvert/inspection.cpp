@@ -14,6 +14,7 @@
 
 #include <filesystem>
 #include <iostream>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -46,6 +47,11 @@ bool IsUsable(const std::string& path, const DocumentTimelines& read)
     return read.result == kSuccess;
 }
 
+DocumentReading ReadingOf(const ToolOptions& options)
+{
+    return options.strict ? DocumentReading::ToTheLetter : DocumentReading::AsMeant;
+}
+
 int InspectLook(const ToolOptions& options, std::string_view bytes)
 {
     CZvError error;
@@ -72,7 +78,7 @@ int Inspect(const ToolOptions& options)
     } else if (IsLookFile(bytes)) {
         return InspectLook(options, bytes);
     } else {
-        read = ReadTimelines(bytes, FolderOf(options.request.inputPath));
+        read = ReadTimelines(bytes, FolderOf(options.request.inputPath), ReadingOf(options));
     }
     if (!IsUsable(options.request.inputPath, read))
         return read.result;
@@ -81,15 +87,27 @@ int Inspect(const ToolOptions& options)
                     kSuccess);
 }
 
+// Both in one way: a document of the hand-off is taken to the letter, and so is its partner.
+std::pair<DocumentTimelines, DocumentTimelines> ReadBoth(const ToolOptions& options)
+{
+    const auto read = [&options](DocumentReading reading) {
+        return std::pair(ReadTimelinesOfFile(options.request.inputPath, reading),
+                         ReadTimelinesOfFile(options.request.outputPath, reading));
+    };
+    auto both = read(ReadingOf(options));
+    return both.first.isHandOff == both.second.isHandOff ? std::move(both)
+                                                         : read(DocumentReading::ToTheLetter);
+}
+
 int CompareFiles(const ToolOptions& options)
 {
-    const DocumentTimelines a = ReadTimelinesOfFile(options.request.inputPath);
+    const auto [a, b] = ReadBoth(options);
     if (!IsUsable(options.request.inputPath, a))
         return a.result;
-    const DocumentTimelines b = ReadTimelinesOfFile(options.request.outputPath);
     if (!IsUsable(options.request.outputPath, b))
         return b.result;
-    const std::vector<Difference> differences = Compare(a.project, b.project);
+    std::vector<Difference> differences = Compare(a.project, b.project);
+    options.ignored.RemoveFrom(differences);
     return PrintAll(options.json ? DifferencesJson(differences) : DifferencesText(differences),
                     differences.empty() ? kSuccess : kDifferent);
 }

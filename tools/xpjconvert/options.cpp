@@ -2,6 +2,8 @@
 
 #include "report/account_report.h"
 
+#include <sstream>
+
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
@@ -12,6 +14,7 @@ constexpr const char* kDescription =
     "Converts a Final Cut Pro XML document into a Vela project, or back.";
 
 constexpr const char* kFooter = R"(
+
 Exit status:
   0   converted
   2   no FCP data in the input, or no such sequence
@@ -37,6 +40,33 @@ std::string FormatsText()
     return text;
 }
 
+// Lines of at most 80 characters, indented by two; `list` has commas between its entries.
+std::string WrappedList(const std::string& list)
+{
+    constexpr std::size_t kWidth = 80;
+    std::string text;
+    std::string line = " ";
+    std::istringstream entries(list);
+    for (std::string entry; std::getline(entries, entry, ',');) {
+        if (entry.starts_with(' '))
+            entry.erase(0, 1);
+        if (line.size() + 1 + entry.size() + 1 > kWidth) {
+            text += line + "\n";
+            line = " ";
+        }
+        line += " " + entry + ",";
+    }
+    line.pop_back();
+    return text + line;
+}
+
+std::string CheckIgnorable(const std::string& name)
+{
+    return Inspection::Ignored().Add(name)
+               ? ""
+               : "'" + name + "' is none of " + Inspection::IgnorableNames();
+}
+
 std::string CheckKeyValue(const std::string& text)
 {
     const auto equals = text.find('=');
@@ -57,7 +87,7 @@ std::string CheckReport(const std::string& path)
 }
 
 // Rules for more than one option.
-void CheckNeeds(const ToolOptions& options)
+void CheckNeeds(const ToolOptions& options, bool ignores)
 {
     const int modes = options.inspect + options.compare + options.listEffects;
     if (modes > 1)
@@ -69,6 +99,8 @@ void CheckNeeds(const ToolOptions& options)
         throw CLI::RequiredError("OUTPUT");
     if (options.inspect && !options.request.outputPath.empty())
         throw CLI::ExtrasError({options.request.outputPath});
+    if (ignores && !options.compare)
+        throw CLI::RequiresError("--ignore", "--compare");
     if (options.json && !options.inspect && !options.compare)
         throw CLI::RequiresError("--json", "--inspect or --compare");
 }
@@ -78,12 +110,13 @@ void CheckNeeds(const ToolOptions& options)
 std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& options)
 {
     std::vector<std::string> entries;
+    std::vector<std::string> ignored;
     std::string sequence;
     bool handOff = false;
     bool noAdditions = false;
 
     CLI::App app(kDescription, "xpjconvert");
-    app.footer(kFooter);
+    app.footer("\nNames for --ignore:\n" + WrappedList(Inspection::IgnorableNames()) + kFooter);
     app.set_version_flag("--version", "xpjconvert " VELA_VERSION);
     app.add_option("INPUT", options.request.inputPath, "The document to convert: " + FormatsText());
     app.add_option("OUTPUT", options.request.outputPath,
@@ -128,13 +161,19 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
     app.add_flag("--inspect", options.inspect, "Print what is in INPUT instead of converting it");
     app.add_flag("--compare", options.compare,
                  "Print the differences between INPUT and OUTPUT instead of converting");
+    app.add_option("--ignore", ignored,
+                   "With --compare: what is not compared, separated by commas; may be repeated")
+        ->option_text("NAME,...")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->check(CheckIgnorable);
     app.add_flag("--list-effects", options.listEffects,
                  "Print what becomes of each effect; needs no INPUT");
     app.add_flag("--json", options.json, "With --inspect or --compare: print JSON");
 
     try {
         app.parse(argc, argv);
-        CheckNeeds(options);
+        CheckNeeds(options, !ignored.empty());
     } catch (const CLI::ParseError& end) {
         return app.exit(end) == 0 ? 0 : kWrongUsage;
     }
@@ -142,6 +181,8 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
         const auto equals = entry.find('=');
         options.debugEntries.emplace_back(entry.substr(0, equals), entry.substr(equals + 1));
     }
+    for (const std::string& name : ignored)
+        options.ignored.Add(name);
     options.request.sequenceGuid = StringToGUID(sequence);
     options.request.handOff = handOff ? std::optional(true) : std::nullopt;
     options.request.additions = !noAdditions;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/conversion.h"
+#include "inspect/ignored.h"
 
 #include <cstdint>
 #include <optional>
@@ -32,7 +33,8 @@ struct ToolOptions {
     std::set<std::string> failOn; // outcomes that give the status of losses, or "cut-off", "any"
     // Instead of a conversion.
     bool inspect = false;
-    bool compare = false; // the input with the "output", both of which are read
+    bool compare = false;        // the input with the "output", both of which are read
+    Inspection::Ignored ignored; // by the comparison
     bool listEffects = false;
     bool json = false; // how the first two print
 };
