@@ -3,9 +3,9 @@
 
 #include "dialects/parts.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace XPJ {
@@ -26,10 +26,13 @@ struct FileUses {
     std::string_view Name() const;
 };
 
-// True for a `file` that states something beside its id.
-bool HasContent(ConstHandle file);
-
 // In the order in which the document mentions them.
-std::vector<FileUses> FindFileUses(const TreeParts& parts);
+struct FileUseTable {
+    static constexpr std::size_t kNoFile = static_cast<std::size_t>(-1);
+
+    std::vector<FileUses> files;
+    std::vector<std::size_t> ofItems; // for each item of the parts the index of its file
+};
+FileUseTable FindFileUses(const TreeParts& parts);
 
 } // namespace XPJ

@@ -163,7 +163,7 @@ void AddMissingFiles(DialectPass& pass)
 {
     std::vector<ObjectHandle> empty;
     for (const ItemPart& part : pass.Parts().items)
-        if (!part.file && part.item.GetName() == "clipitem" && ShowsNothing(part.item))
+        if (!part.file && part.kind == ItemKind::Clip && ShowsNothing(part.item))
             empty.push_back(part.item);
     for (const ObjectHandle& clip : pass.Parts().clips)
         if (ShowsNothing(clip))
@@ -178,7 +178,8 @@ void AddMissingFiles(DialectPass& pass)
 
 void AddMissingMedia(DialectPass& pass)
 {
-    for (FileUses& uses : pass.Files()) {
+    bool hasChanged = false;
+    for (FileUses& uses : pass.Files().files) {
         NameFile(uses);
         if (HasMedia(uses) || !NeedsMedia(uses))
             continue;
@@ -187,12 +188,15 @@ void AddMissingMedia(DialectPass& pass)
         for (const ObjectHandle& file : uses.definitions)
             AddMediaTo(pass, uses, file);
         pass.Assume(uses.Name());
+        hasChanged = true;
     }
+    if (hasChanged)
+        pass.PartsChanged();
 }
 
 void AddMissingHalves(DialectPass& pass)
 {
-    for (const FileUses& uses : pass.Files()) {
+    for (const FileUses& uses : pass.Files().files) {
         const bool lacksVideo = uses.onVideo && !uses.Child("media").HasChild("video");
         const bool lacksAudio = uses.onAudio && !uses.Child("media").HasChild("audio");
         if (!HasMedia(uses) || !NeedsMedia(uses) || (!lacksVideo && !lacksAudio))
