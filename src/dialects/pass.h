@@ -80,4 +80,12 @@ inline ObjectHandle GetOrAddChild(Document& document, ObjectHandle parent, Name 
     return child ? child : AddNew(document, parent, name);
 }
 
+// Makes `rate` the only one of `node`: the first of several is the one that counts.
+inline void SetRate(ObjectHandle node, ObjectHandle rate)
+{
+    while (const ObjectHandle old = node.GetChild("rate"))
+        node.RemoveChild(old);
+    node.AddChild(rate);
+}
+
 } // namespace XPJ

@@ -83,14 +83,13 @@ private:
         }
         for (const ObjectHandle& owner : owners)
             if (const ObjectHandle rate = owner.GetChild("rate"); TicksOfRate(rate) > 0) {
-                sequence.RemoveChild(sequence.GetChild("rate"));
-                sequence.AddChild(rate);
+                SetRate(sequence, rate);
                 return true;
             }
-        sequence.RemoveChild(sequence.GetChild("rate"));
-        const ObjectHandle rate = AddNew(pass_.Nodes(), sequence, "rate");
+        const ObjectHandle rate = pass_.Nodes().NewObject("rate");
         rate.SetPropertyShared("timebase", "30");
         rate.SetPropertyShared("ntsc", "TRUE");
+        SetRate(sequence, rate);
         return false;
     }
 
@@ -176,8 +175,7 @@ void CompleteRate(const FileUses& uses)
         return;
     for (const ObjectHandle& file : uses.definitions)
         if (TicksOfRate(file.GetChild("rate")) == 0) {
-            file.RemoveChild(file.GetChild("rate"));
-            file.AddChild(rate);
+            SetRate(file, rate);
         }
 }
 

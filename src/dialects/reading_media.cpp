@@ -104,8 +104,7 @@ void CompleteFile(DialectPass& pass, const FileUses& uses, ObjectHandle file)
         file.SetPropertyShared("name", uses.element.GetProperty("name"));
     if (TicksOfRate(file.GetChild("rate")) == 0 &&
         TicksOfRate(uses.element.GetChild("rate")) == 0) {
-        file.RemoveChild(file.GetChild("rate"));
-        file.AddChild(RateFor(pass, uses));
+        SetRate(file, RateFor(pass, uses));
     }
     if (!HasValue(file, "duration") && Int64Property(uses.element, "duration") <= 0)
         file.SetProperty("duration", IntToString(std::max<std::int64_t>(uses.lastFrame, 0)));

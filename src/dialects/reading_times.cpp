@@ -86,8 +86,7 @@ void CountInFileRate(DialectPass& pass)
         if (rate.ticks == 0 || rate.ticks == sequenceTicks ||
             !CountsInFileRate(ClipItem(part.item), sequenceTicks, rate.ticks))
             continue;
-        part.item.RemoveChild(part.item.GetChild("rate"));
-        part.item.AddChild(rate.node);
+        SetRate(part.item, rate.node);
         pass.Assume(part.item.GetProperty("name"));
     }
 }
