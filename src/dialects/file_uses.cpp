@@ -17,14 +17,17 @@ public:
     {
         for (const ObjectHandle& file : parts.files)
             table_.files[IndexOf(file, file.GetProperty("id"))].definitions.push_back(file);
+        for (FileUses& uses : table_.files) {
+            KeepWholeDefinitions(uses.definitions);
+            const ConstHandle media = uses.Child("media");
+            uses.hasMedia = media.HasChild("video") || media.HasChild("audio");
+        }
         table_.ofItems.reserve(parts.items.size());
         for (const ItemPart& part : parts.items)
             table_.ofItems.push_back(part.file ? AddItem(part) : FileUseTable::kNoFile);
         for (const ObjectHandle& clip : parts.clips)
             if (const ObjectHandle file = clip.GetChild("file"))
                 AddClip(clip, table_.files[IndexOf(file, file.GetProperty("id"))]);
-        for (FileUses& uses : table_.files)
-            KeepWholeDefinitions(uses.definitions);
         return std::move(table_);
     }
 
@@ -58,7 +61,8 @@ private:
             uses.sequence = part.owner.GetName() == "sequence" ? part.owner : ObjectHandle();
         }
         (part.type == MediaType::Video ? uses.onVideo : uses.onAudio) = true;
-        uses.lastFrame = std::max(uses.lastFrame, part.out);
+        if (!uses.hasMedia)
+            uses.lastFrame = std::max(uses.lastFrame, ParseInt64(part.out));
         if (part.type == MediaType::Audio)
             uses.channels = std::max({uses.channels, part.channelCount, part.sourceTrack});
         return index;

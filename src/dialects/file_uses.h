@@ -16,8 +16,9 @@ struct FileUses {
     bool onVideo = false;
     bool onAudio = false;
     bool inBin = false;         // a clip's own file
+    bool hasMedia = false;      // video or audio
     std::int64_t channels = 0;  // the highest channel that an item names
-    std::int64_t lastFrame = 0; // the highest out point
+    std::int64_t lastFrame = 0; // the highest out point, of a file without media
     ObjectHandle element;       // the first item or clip that shows it
     ObjectHandle sequence;      // around that item; null for a clip of a bin
 

@@ -163,7 +163,8 @@ private:
                       .track = visit.track,
                       .owner = visit.owner,
                       .type = visit.type,
-                      .kind = kind};
+                      .kind = kind,
+                      .hasChildren = visit.node.HasChildren()};
         NoteValues(part);
         TakeChildren(visit, &part);
         parts_.items.push_back(part);
@@ -181,8 +182,10 @@ private:
             part.statesFormat = part.statesFormat || IsOfFormat(name);
             part.isStill = part.isStill || name == "stillframeoffset";
             part.statesChannelType = part.statesChannelType || name == "velaChannelType";
-            if (name == "out")
-                part.out = ParseInt64(value);
+            if (name == "id")
+                part.id = value;
+            else if (name == "out")
+                part.out = value;
             else if (name == "channelcount")
                 part.channelCount = ParseInt64(value);
         }

@@ -26,6 +26,13 @@ std::string_view StatedId(std::string_view id)
     return isNumbered ? id.substr(0, number) : id;
 }
 
+// The reader leaves the id of an item without children as it is.
+bool MayRepeatId(const ItemPart& part)
+{
+    return part.kind == ItemKind::Clip &&
+           (!part.hasChildren || (!part.statesTimes && StatedId(part.id) != part.id));
+}
+
 // ---- Held frames
 
 ObjectHandle SpeedFilter(ObjectHandle item)
@@ -76,12 +83,12 @@ void AddPlainEffect(DialectPass& pass, const PlainTransition& plain, ObjectHandl
 void CompleteRepeatedItems(DialectPass& pass)
 {
     const auto& items = pass.Parts().items;
-    if (std::ranges::all_of(items, &ItemPart::statesTimes))
+    if (std::ranges::none_of(items, MayRepeatId))
         return;
     bool hasChanged = false;
     std::unordered_map<std::string_view, ObjectHandle> first;
     for (const ItemPart& part : items) {
-        const std::string_view id = part.item.GetProperty("id");
+        const std::string_view id = part.id;
         if (id.empty() || part.kind != ItemKind::Clip)
             continue;
         first.try_emplace(id, part.item);

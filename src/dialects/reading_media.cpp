@@ -120,12 +120,6 @@ void NameFile(const FileUses& uses)
 
 // ---- Their media
 
-bool HasMedia(const FileUses& uses)
-{
-    const ConstHandle media = uses.Child("media");
-    return media.HasChild("video") || media.HasChild("audio");
-}
-
 // Generated media and images in layers state no `media`.
 bool NeedsMedia(const FileUses& uses)
 {
@@ -180,7 +174,7 @@ void AddMissingMedia(DialectPass& pass)
     bool hasChanged = false;
     for (FileUses& uses : pass.Files().files) {
         NameFile(uses);
-        if (HasMedia(uses) || !NeedsMedia(uses))
+        if (uses.hasMedia || !NeedsMedia(uses))
             continue;
         if (uses.definitions.empty()) // an id that leads nowhere
             uses.definitions.push_back(uses.element.GetChild("file"));
@@ -196,9 +190,12 @@ void AddMissingMedia(DialectPass& pass)
 void AddMissingHalves(DialectPass& pass)
 {
     for (const FileUses& uses : pass.Files().files) {
-        const bool lacksVideo = uses.onVideo && !uses.Child("media").HasChild("video");
-        const bool lacksAudio = uses.onAudio && !uses.Child("media").HasChild("audio");
-        if (!HasMedia(uses) || !NeedsMedia(uses) || (!lacksVideo && !lacksAudio))
+        if (!uses.hasMedia || !NeedsMedia(uses))
+            continue;
+        const ConstHandle stated = uses.Child("media");
+        const bool lacksVideo = uses.onVideo && !stated.HasChild("video");
+        const bool lacksAudio = uses.onAudio && !stated.HasChild("audio");
+        if (!lacksVideo && !lacksAudio)
             continue;
         for (const ObjectHandle& file : uses.definitions) {
             const ObjectHandle media = GetOrAddChild(pass.Nodes(), file, "media");

@@ -84,12 +84,13 @@ private:
 
 } // namespace
 
+// The parts stay as they are: a repeated file shares what rules change in the original, and a brief
+// one has nothing to change.
 void WriteFilesWhole(DialectPass& pass)
 {
     Files files(pass);
     for (const ItemPart& part : pass.Parts().items)
         files.WriteFor(part.item, part.owner.GetName() == "sequence" ? part.owner.UniqueId() : 0);
-    pass.PartsChanged();
 }
 
 } // namespace XPJ
