@@ -32,7 +32,7 @@ public:
     }
 
 private:
-    // A use that states a name and a path defines nothing where another one says more.
+    // A use that states a name and a path defines nothing where another one states more.
     static void KeepWholeDefinitions(std::vector<ObjectHandle>& definitions)
     {
         const auto isWhole = [](ObjectHandle file) { return file.HasChildren(); };

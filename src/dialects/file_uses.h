@@ -10,7 +10,7 @@
 
 namespace XPJ {
 
-// A file with all of its definitions, and what the document's clips and items ask of it.
+// A file with all of its definitions, and what the clips and items of the document need of it.
 struct FileUses {
     std::vector<ObjectHandle> definitions; // the `file`s with content; some writers repeat them
     bool onVideo = false;

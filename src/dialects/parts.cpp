@@ -165,12 +165,12 @@ private:
                       .type = visit.type,
                       .kind = kind,
                       .hasChildren = visit.node.HasChildren()};
-        NoteValues(part);
+        RecordValues(part);
         TakeChildren(visit, &part);
         parts_.items.push_back(part);
     }
 
-    static void NoteValues(ItemPart& part)
+    static void RecordValues(ItemPart& part)
     {
         for (const Property* property = part.item.FirstProperty(); property;
              property = property->next) {
@@ -205,7 +205,7 @@ private:
             else if (kind == Kind::Effect && visit.kind == Kind::GeneratorItem)
                 parts_.effects.push_back({visit.node, {}, *child, visit.type});
             if (item && kind != Kind::Other)
-                NoteChild(*item, kind, *child);
+                RecordChild(*item, kind, *child);
             if (IsVisited(visit.kind, kind) && (kind != Kind::File || HasContent(*child)))
                 open_.push_back({*child, kind, visit.owner, visit.track, visit.type});
         }
@@ -218,7 +218,7 @@ private:
         return parent != Kind::File && kind != Kind::Other && kind < Kind::Filter;
     }
 
-    static void NoteChild(ItemPart& part, Kind kind, ObjectHandle child)
+    static void RecordChild(ItemPart& part, Kind kind, ObjectHandle child)
     {
         if (kind == Kind::Filter) {
             part.hasFilters = true;

@@ -1,7 +1,7 @@
 // The parts of an `xmeml` tree that rules look at, found in one walk.
 //
-// A tree is larger than any cache, so what a rule asks of every item is noted when the walk comes
-// by; a rule then looks into those nodes alone where it has something to do.
+// The tree of a large document fits no cache. What rules need to know of every item is therefore
+// recorded when the walk visits it; a rule then touches only the nodes that it changes.
 #pragma once
 
 #include "core/media_type.h"

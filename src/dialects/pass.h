@@ -37,7 +37,7 @@ public:
         return *parts_;
     }
 
-    // What items and clips ask of the files, of the same parts.
+    // What items and clips need of the files, of the same parts.
     FileUseTable& Files()
     {
         if (!files_)

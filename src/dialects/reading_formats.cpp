@@ -128,7 +128,7 @@ private:
     }
 
     // The import guesses the pixels of standard definition by the rate; nothing larger has others
-    // than square ones unless it says so.
+    // than square ones unless it states them.
     static void AssumeSquarePixels(ObjectHandle characteristics)
     {
         constexpr int kStandardWidth = 720;

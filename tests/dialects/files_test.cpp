@@ -226,9 +226,9 @@ TEST_F(Files, AMergedClipHasBothChannelsOfAStream)
     EXPECT_EQ(CountOf(ToProject(clip), "<AudioClipTrackItem "), 1);
 }
 
-// A sequence in a sequence that is not stated as its item leaves a second `rate` behind.
 using Rates = XmemlTest;
 
+// A sequence directly in another one leaves its `rate` behind there.
 TEST_F(Rates, ThoseThatStateNothingAreReplaced)
 {
     const std::string none = In("rate", In("timebase", "0"));
