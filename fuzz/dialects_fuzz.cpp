@@ -1,11 +1,12 @@
-// Any bytes that read as an `xmeml` document are restated in both directions, twice as they are
-// meant: the rules come to an end, and the document can be written.
+// Any bytes that read as an `xmeml` document are restated in both directions: the rules come to an
+// end, leave nothing to assume for a second run, and the document can be written.
 #include "dialects/dialects.h"
 #include "document_check.h"
 #include "tree/reading.h"
 #include "xmeml/reader.h"
 #include "xmeml/writer.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <sstream>
 
@@ -20,7 +21,14 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
 
     AssumptionList assumptions;
     RestateAsMeant(document, root, assumptions);
+    assumptions.clear();
     RestateAsMeant(document, root, assumptions);
+    for (const Assumption& assumption : assumptions)
+        std::fprintf(stderr, "assumed again: %s: %s\n", std::string(assumption.rule->name).c_str(),
+                     assumption.subject.c_str());
+    if (!assumptions.empty())
+        std::abort();
+
     RestateForOthers(document, root, {}, assumptions);
     SilentProgress progress;
     std::ostringstream text;

@@ -17,6 +17,7 @@
 namespace XPJ {
 
 class DialectPass;
+struct EffectPart;
 
 // A rule of one direction. The texts are those of docs/dialects.md.
 struct DialectRule {
@@ -25,6 +26,9 @@ struct DialectRule {
     std::string_view does;
     // Changes the tree; null for a rule that is a test elsewhere, in `file` below src/.
     void (*apply)(DialectPass& pass) = nullptr;
+    // The same for each effect of the tree. Neighbouring rules of this kind run over the effects
+    // together.
+    void (*applyToEffect)(DialectPass& pass, const EffectPart& part) = nullptr;
     std::string_view file = {};
 };
 

@@ -13,16 +13,26 @@ namespace {
 
 class Finder {
 public:
-    std::vector<FileUses> Run(const TreeParts& parts)
+    FileUseTable Run(const TreeParts& parts)
     {
-        Find(parts);
-        for (FileUses& uses : uses_)
+        for (const ObjectHandle& file : parts.files)
+            table_.files[IndexOf(file, file.GetProperty("id"))].definitions.push_back(file);
+        for (FileUses& uses : table_.files) {
             KeepWholeDefinitions(uses.definitions);
-        return std::move(uses_);
+            const ConstHandle media = uses.Child("media");
+            uses.hasMedia = media.HasChild("video") || media.HasChild("audio");
+        }
+        table_.ofItems.reserve(parts.items.size());
+        for (const ItemPart& part : parts.items)
+            table_.ofItems.push_back(part.file ? AddItem(part) : FileUseTable::kNoFile);
+        for (const ObjectHandle& clip : parts.clips)
+            if (const ObjectHandle file = clip.GetChild("file"))
+                AddClip(clip, table_.files[IndexOf(file, file.GetProperty("id"))]);
+        return std::move(table_);
     }
 
 private:
-    // A use that states a name and a path defines nothing where another one says more.
+    // A use that states a name and a path defines nothing where another one states more.
     static void KeepWholeDefinitions(std::vector<ObjectHandle>& definitions)
     {
         const auto isWhole = [](ObjectHandle file) { return file.HasChildren(); };
@@ -30,58 +40,43 @@ private:
             std::erase_if(definitions, std::not_fn(isWhole));
     }
 
-    void Find(const TreeParts& parts)
-    {
-        for (const ObjectHandle& file : parts.files)
-            if (HasContent(file))
-                Of(file).definitions.push_back(file);
-        for (const ItemPart& part : parts.items)
-            AddItem(part);
-        for (const ObjectHandle& clip : parts.clips)
-            if (const ConstHandle file = clip.GetChild("file"))
-                AddElement(file, clip, {}).inBin = true;
-    }
-
     // Files without an id are known by themselves alone.
-    FileUses& Of(ConstHandle file)
+    std::size_t IndexOf(ConstHandle file, std::string_view id)
     {
-        const std::string_view id = file.GetProperty("id");
-        std::size_t index = uses_.size();
-        if (id.empty())
-            index = byNode_.try_emplace(file.UniqueId(), index).first->second;
-        else
-            index = byId_.try_emplace(id, index).first->second;
-        if (index == uses_.size())
-            uses_.emplace_back();
-        return uses_[index];
+        const std::size_t next = table_.files.size();
+        const std::size_t index = id.empty()
+                                      ? byNode_.try_emplace(file.UniqueId(), next).first->second
+                                      : byId_.try_emplace(id, next).first->second;
+        if (index == next)
+            table_.files.emplace_back();
+        return index;
     }
 
-    FileUses& AddElement(ConstHandle file, ObjectHandle element, ObjectHandle sequence)
+    std::size_t AddItem(const ItemPart& part)
     {
-        FileUses& uses = Of(file);
+        const std::size_t index = IndexOf(part.file, part.fileId);
+        FileUses& uses = table_.files[index];
         if (!uses.element) {
-            uses.element = element;
-            uses.sequence = sequence;
+            uses.element = part.item;
+            uses.sequence = part.owner.GetName() == "sequence" ? part.owner : ObjectHandle();
         }
-        uses.lastFrame = std::max(uses.lastFrame, Int64Property(element, "out"));
-        return uses;
-    }
-
-    void AddItem(const ItemPart& part)
-    {
-        const ConstHandle file = part.file;
-        if (!file)
-            return;
-        const bool isInSequence = part.owner.GetName() == "sequence";
-        FileUses& uses = AddElement(file, part.item, isInSequence ? part.owner : ObjectHandle());
         (part.type == MediaType::Video ? uses.onVideo : uses.onAudio) = true;
+        if (!uses.hasMedia)
+            uses.lastFrame = std::max(uses.lastFrame, ParseInt64(part.out));
         if (part.type == MediaType::Audio)
-            uses.channels =
-                std::max({uses.channels, Int64Property(part.item, "channelcount"),
-                          Int64Property(part.item.GetChild("sourcetrack"), "trackindex")});
+            uses.channels = std::max({uses.channels, part.channelCount, part.sourceTrack});
+        return index;
     }
 
-    std::vector<FileUses> uses_;
+    static void AddClip(ObjectHandle clip, FileUses& uses)
+    {
+        if (!uses.element)
+            uses.element = clip;
+        uses.inBin = true;
+        uses.lastFrame = std::max(uses.lastFrame, Int64Property(clip, "out"));
+    }
+
+    FileUseTable table_;
     std::unordered_map<std::string_view, std::size_t> byId_;
     std::unordered_map<std::uint64_t, std::size_t> byNode_;
 };
@@ -101,17 +96,7 @@ std::string_view FileUses::Name() const
     return definitions.empty() ? std::string_view() : definitions.front().GetProperty("name");
 }
 
-bool HasContent(ConstHandle file)
-{
-    if (file.HasChildren())
-        return true;
-    for (const Property* property = file.FirstProperty(); property; property = property->next)
-        if (property->NameView() != "id")
-            return true;
-    return false;
-}
-
-std::vector<FileUses> FindFileUses(const TreeParts& parts)
+FileUseTable FindFileUses(const TreeParts& parts)
 {
     return Finder().Run(parts);
 }

@@ -6,7 +6,6 @@
 
 #include "core/numbers.h"
 #include "core/ticks.h"
-#include "dialects/file_uses.h"
 #include "xmeml/files.h"
 #include "xmeml/parameter_values.h"
 
@@ -39,8 +38,7 @@ public:
     explicit SlugFiles(const TreeParts& parts)
     {
         for (const ObjectHandle& file : parts.files)
-            if (HasContent(file))
-                files_.Add(FileElement(file));
+            files_.Add(FileElement(file));
     }
     // The effect of the generator that an item is; empty for an item that is no gap.
     std::string_view EffectOf(ConstHandle item) const
@@ -155,7 +153,7 @@ void ReplaceStyles(DialectPass& pass, StyleColumn from, StyleColumn to)
 {
     NodeSet done;
     for (const ItemPart& part : pass.Parts().items) {
-        if (part.item.GetName() != "generatoritem")
+        if (part.kind != ItemKind::Generator)
             continue;
         const ObjectHandle effect = part.item.GetChild("effect");
         if (!done.Insert(effect))
@@ -184,7 +182,7 @@ void ReadSlugsAsGenerators(DialectPass& pass)
     NodeSet done;
     bool hasChanged = false;
     for (const ItemPart& part : pass.Parts().items)
-        if (!files.EffectOf(part.item).empty() && !angles.Contains(part.owner) &&
+        if (part.file && !files.EffectOf(part.item).empty() && !angles.Contains(part.owner) &&
             done.Insert(part.track)) {
             ReplaceSlugs(pass.Nodes(), files, part.track, part.type);
             hasChanged = true;

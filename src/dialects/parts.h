@@ -1,12 +1,19 @@
 // The parts of an `xmeml` tree that rules look at, found in one walk.
+//
+// The tree of a large document fits no cache. What rules need to know of every item is therefore
+// recorded when the walk visits it; a rule then touches only the nodes that it changes.
 #pragma once
 
 #include "core/media_type.h"
 #include "tree/object.h"
 
+#include <cstdint>
+#include <string_view>
 #include <vector>
 
 namespace XPJ {
+
+enum class ItemKind : std::uint8_t { Clip, Generator, Transition };
 
 // A clip, generator or transition on a track.
 struct ItemPart {
@@ -14,8 +21,31 @@ struct ItemPart {
     ObjectHandle track;
     ObjectHandle owner; // the `sequence` or `clip` around the track
     MediaType type = MediaType::Video;
-    ObjectHandle file = {}; // its own; null without one
+    ItemKind kind = ItemKind::Clip;
+
+    std::string_view id = {};
+    std::string_view out = {};
+    ObjectHandle file = {}; // the first of its own; null without one
+    std::string_view fileId = {};
+    std::int64_t sourceTrack = 0; // the channel of the file that it names, from 1
+    std::int64_t channelCount = 0;
+
+    bool hasChildren = false;
     bool hasFilters = false;
+    bool hasLabels = false;
+    bool hasSequence = false;
+    bool statesTimes = false;  // one of the four
+    bool statesFormat = false; // something of the frame of its file
+    bool isStill = false;      // states a `stillframeoffset`
+    bool statesChannelType = false;
+};
+
+// A filter of an item, track, file, sequence or clip, or the effect of a generator.
+struct EffectPart {
+    ObjectHandle owner;
+    ObjectHandle filter; // null for the effect of a generator
+    ObjectHandle effect; // null in a filter without one
+    MediaType type = MediaType::Video;
 };
 
 // Each node once, in document order, also where references lead to it from several others.
@@ -23,10 +53,14 @@ struct TreeParts {
     std::vector<ObjectHandle> sequences;
     std::vector<ObjectHandle> clips; // of bins, and of the angles of multiclips
     std::vector<ObjectHandle> bins;  // with `project`s
-    std::vector<ObjectHandle> files; // also those that only name an id
+    std::vector<ObjectHandle> files; // that state something beside their id
     std::vector<ObjectHandle> tracks;
     std::vector<ItemPart> items;
+    std::vector<EffectPart> effects;
 };
 TreeParts FindParts(ObjectHandle root);
+
+// True where a node states size, pixels or fields of a frame.
+bool StatesFormat(ConstHandle node);
 
 } // namespace XPJ

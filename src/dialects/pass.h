@@ -6,6 +6,7 @@
 #include "dialects/parts.h"
 
 #include <optional>
+#include <span>
 #include <string_view>
 
 namespace XPJ {
@@ -36,22 +37,15 @@ public:
         return *parts_;
     }
 
-    // What items and clips ask of the files, of the same parts.
-    std::vector<FileUses>& Files()
+    // What items and clips need of the files, of the same parts.
+    FileUseTable& Files()
     {
         if (!files_)
             files_ = FindFileUses(Parts());
         return *files_;
     }
 
-    void Run(std::span<const DialectRule> rules)
-    {
-        for (const DialectRule& rule : rules)
-            if (rule.apply != nullptr) {
-                current_ = &rule;
-                rule.apply(*this);
-            }
-    }
+    void Run(std::span<const DialectRule> rules);
 
     // The current rule guessed something about the named file, clip or sequence.
     void Assume(std::string_view subject)
@@ -60,12 +54,14 @@ public:
     }
 
 private:
+    void ApplyToEffects(std::span<const DialectRule> rules);
+
     Document& document_;
     ObjectHandle root_;
     AssumptionList& assumptions_;
     WritingRequest request_;
     std::optional<TreeParts> parts_;
-    std::optional<std::vector<FileUses>> files_;
+    std::optional<FileUseTable> files_;
     const DialectRule* current_ = nullptr;
 };
 
@@ -82,6 +78,14 @@ inline ObjectHandle GetOrAddChild(Document& document, ObjectHandle parent, Name 
 {
     const ObjectHandle child = parent.GetChild(name);
     return child ? child : AddNew(document, parent, name);
+}
+
+// Makes `rate` the only one of `node`: the first of several is the one that counts.
+inline void SetRate(ObjectHandle node, ObjectHandle rate)
+{
+    while (const ObjectHandle old = node.GetChild("rate"))
+        node.RemoveChild(old);
+    node.AddChild(rate);
 }
 
 } // namespace XPJ

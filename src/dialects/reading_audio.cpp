@@ -4,6 +4,7 @@
 #include "core/text.h"
 #include "dialects/filters.h"
 #include "xmeml/flags.h"
+#include "xmeml/tracks.h"
 
 #include <algorithm>
 #include <cmath>
@@ -67,36 +68,31 @@ std::string_view StaticGain(ObjectHandle effect)
     return isStatic ? value : std::string_view();
 }
 
-} // namespace
-
-void ReadGains(DialectPass& pass)
+// True when the filter is the gain of its clip.
+bool IsGainOfClip(const EffectPart& part)
 {
-    NodeSet gainsOfClips;
-    for (const ItemPart& part : pass.Parts().items) {
-        if (part.type != MediaType::Audio || !part.hasFilters)
-            continue;
-        const ObjectHandle effect = FirstGain(part.item);
-        if (!HasValue(part.item, "velaGain"))
-            if (const std::string_view value = StaticGain(effect); !value.empty())
-                part.item.SetProperty("velaGain", FactorOfDecibels(value));
-        if (HasValue(part.item, "velaGain"))
-            gainsOfClips.Insert(effect);
-    }
-    ForEachFilter(pass.Parts(), [&](const ObjectHandle& filter) {
-        const ObjectHandle effect = filter.GetChild("effect");
-        if (kGainEffect.Matches(effect) && !gainsOfClips.Contains(effect))
-            ToFactors(effect);
-    });
+    if (part.type != MediaType::Audio || !IsTrackItem(part.owner) ||
+        FirstGain(part.owner) != part.effect)
+        return false;
+    if (!HasValue(part.owner, "velaGain"))
+        if (const std::string_view value = StaticGain(part.effect); !value.empty())
+            part.owner.SetProperty("velaGain", FactorOfDecibels(value));
+    return HasValue(part.owner, "velaGain");
 }
 
-void ReadPans(DialectPass& pass)
+} // namespace
+
+void ReadGain(DialectPass&, const EffectPart& part)
 {
-    ForEachFilter(pass.Parts(), [](const ObjectHandle& filter) {
-        const ObjectHandle effect = filter.GetChild("effect");
-        if (kPanEffect.Matches(effect))
-            for (const ObjectHandle& parameter : effect.GetChildren("parameter"))
-                parameter.SetPropertyShared("authoringApp", "VelaPro");
-    });
+    if (kGainEffect.Matches(part.effect) && !IsGainOfClip(part))
+        ToFactors(part.effect);
+}
+
+void ReadPan(DialectPass&, const EffectPart& part)
+{
+    if (kPanEffect.Matches(part.effect))
+        for (const ObjectHandle& parameter : part.effect.GetChildren("parameter"))
+            parameter.SetPropertyShared("authoringApp", "VelaPro");
 }
 
 } // namespace XPJ

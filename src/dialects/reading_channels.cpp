@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace XPJ {
@@ -101,14 +100,14 @@ bool IsStereoFile(ConstHandle file)
 
 bool IsAudioOfFile(const ItemPart& part)
 {
-    return part.type == MediaType::Audio && part.item.GetName() == "clipitem" &&
-           part.owner.GetName() == "sequence" && static_cast<bool>(part.file);
+    return part.type == MediaType::Audio && part.kind == ItemKind::Clip && part.file &&
+           !part.fileId.empty() && part.owner.GetName() == "sequence";
 }
 
 // Items and tracks of this system's own documents state their type.
 bool StatesType(const ItemPart& part)
 {
-    return HasValue(part.item, "velaChannelType") || HasValue(part.track, "velaTrackType") ||
+    return part.statesChannelType || HasValue(part.track, "velaTrackType") ||
            HasFlag(part.track, "monotrack");
 }
 
@@ -126,27 +125,22 @@ void ReadChannels(DialectPass& pass)
         if (!HasFlag(media, "hasDiscreteStreams") && !HasFlag(media, "hasStereoPairs"))
             ReadLayouts(audios);
     }
-    for (const FileUses& uses : pass.Files())
+    for (const FileUses& uses : pass.Files().files)
         for (const ObjectHandle& file : uses.definitions)
             CountChannelsOfItems(file.GetChild("media"), uses.channels);
 }
 
 void ShowBothChannels(DialectPass& pass)
 {
-    std::unordered_map<std::string_view, bool> showsFirstAlone; // by the id of the file
-    for (const ItemPart& part : pass.Parts().items)
-        if (IsAudioOfFile(part)) {
-            const bool isFirst =
-                Int64Property(part.item.GetChild("sourcetrack"), "trackindex") == 1;
-            const std::string_view id = part.file.GetProperty("id");
-            bool& isAlone = showsFirstAlone.try_emplace(id, true).first->second;
-            isAlone = isAlone && isFirst && !StatesType(part);
-        }
-    for (const ItemPart& part : pass.Parts().items) {
-        const ConstHandle file = part.file;
-        const std::string_view id = file.GetProperty("id");
-        if (part.type != MediaType::Audio || !IsAudioOfFile(part) || id.empty() ||
-            !showsFirstAlone[id] || !IsStereoFile(file))
+    const std::vector<ItemPart>& items = pass.Parts().items;
+    const FileUseTable& files = pass.Files();
+    std::vector<bool> showsFirstAlone(files.files.size(), true);
+    for (std::size_t i = 0; i < items.size(); ++i)
+        if (IsAudioOfFile(items[i]) && (items[i].sourceTrack != 1 || StatesType(items[i])))
+            showsFirstAlone[files.ofItems[i]] = false;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const ItemPart& part = items[i];
+        if (!IsAudioOfFile(part) || !showsFirstAlone[files.ofItems[i]] || !IsStereoFile(part.file))
             continue;
         part.item.SetPropertyShared("velaChannelType", "stereo");
         pass.Assume(part.item.GetProperty("name"));

@@ -28,11 +28,6 @@ void CopyFormat(ConstHandle from, ObjectHandle to)
             to.SetPropertyShared(leaf, from.GetProperty(leaf));
 }
 
-bool StatesFormat(ConstHandle node)
-{
-    return std::ranges::any_of(kFormatLeaves, [node](Name leaf) { return HasValue(node, leaf); });
-}
-
 // The size of most that is cut today.
 void AssumeSize(ObjectHandle characteristics)
 {
@@ -52,8 +47,7 @@ public:
     explicit Completion(DialectPass& pass) : pass_(pass)
     {
         for (const ObjectHandle& file : pass.Parts().files)
-            if (HasContent(file))
-                files_.Add(FileElement(file));
+            files_.Add(FileElement(file));
     }
 
     void Complete(ObjectHandle sequence)
@@ -70,7 +64,7 @@ private:
     {
         if (items_.empty())
             for (const ItemPart& part : pass_.Parts().items)
-                if (part.owner.GetName() == "sequence" && part.item.GetName() == "clipitem")
+                if (part.owner.GetName() == "sequence" && part.kind == ItemKind::Clip)
                     items_[part.owner.UniqueId()].push_back(part.item);
         return items_[sequence.UniqueId()];
     }
@@ -89,14 +83,13 @@ private:
         }
         for (const ObjectHandle& owner : owners)
             if (const ObjectHandle rate = owner.GetChild("rate"); TicksOfRate(rate) > 0) {
-                sequence.RemoveChild(sequence.GetChild("rate"));
-                sequence.AddChild(rate);
+                SetRate(sequence, rate);
                 return true;
             }
-        sequence.RemoveChild(sequence.GetChild("rate"));
-        const ObjectHandle rate = AddNew(pass_.Nodes(), sequence, "rate");
+        const ObjectHandle rate = pass_.Nodes().NewObject("rate");
         rate.SetPropertyShared("timebase", "30");
         rate.SetPropertyShared("ntsc", "TRUE");
+        SetRate(sequence, rate);
         return false;
     }
 
@@ -135,7 +128,7 @@ private:
     }
 
     // The import guesses the pixels of standard definition by the rate; nothing larger has others
-    // than square ones unless it says so.
+    // than square ones unless it states them.
     static void AssumeSquarePixels(ObjectHandle characteristics)
     {
         constexpr int kStandardWidth = 720;
@@ -182,8 +175,7 @@ void CompleteRate(const FileUses& uses)
         return;
     for (const ObjectHandle& file : uses.definitions)
         if (TicksOfRate(file.GetChild("rate")) == 0) {
-            file.RemoveChild(file.GetChild("rate"));
-            file.AddChild(rate);
+            SetRate(file, rate);
         }
 }
 
@@ -200,7 +192,8 @@ void GatherFormats(DialectPass& pass)
     for (const ObjectHandle& file : pass.Parts().files)
         gather(file, file);
     for (const ItemPart& part : pass.Parts().items) {
-        gather(part.item, part.file);
+        if (part.statesFormat)
+            gather(part.item, part.file);
         if (part.owner.GetName() == "clip")
             gather(part.owner, part.file);
     }
@@ -213,7 +206,7 @@ void CompleteFormats(DialectPass& pass)
     Completion completion(pass);
     for (const ObjectHandle& sequence : pass.Parts().sequences)
         completion.Complete(sequence);
-    for (const FileUses& uses : pass.Files()) {
+    for (const FileUses& uses : pass.Files().files) {
         CompleteFile(pass, uses);
         CompleteRate(uses);
     }

@@ -18,20 +18,19 @@ namespace {
 
 constexpr Name kItemLeaves[] = {"name", "masterclipid", "duration", "start", "end", "in", "out"};
 
-bool StatesTimes(ConstHandle item)
-{
-    for (const Name time : {Name("start"), Name("end"), Name("in"), Name("out")})
-        if (HasValue(item, time))
-            return true;
-    return false;
-}
-
 // The reader numbers ids that are stated again: "a", "a_1".
 std::string_view StatedId(std::string_view id)
 {
     const std::size_t number = id.find_last_not_of("0123456789");
     const bool isNumbered = number != id.npos && number + 1 < id.size() && id[number] == '_';
     return isNumbered ? id.substr(0, number) : id;
+}
+
+// The reader leaves the id of an item without children as it is.
+bool MayRepeatId(const ItemPart& part)
+{
+    return part.kind == ItemKind::Clip &&
+           (!part.hasChildren || (!part.statesTimes && StatedId(part.id) != part.id));
 }
 
 // ---- Held frames
@@ -84,17 +83,17 @@ void AddPlainEffect(DialectPass& pass, const PlainTransition& plain, ObjectHandl
 void CompleteRepeatedItems(DialectPass& pass)
 {
     const auto& items = pass.Parts().items;
-    const auto isInPart = [](const ItemPart& part) { return !StatesTimes(part.item); };
-    if (std::ranges::none_of(items, isInPart))
+    if (std::ranges::none_of(items, MayRepeatId))
         return;
+    bool hasChanged = false;
     std::unordered_map<std::string_view, ObjectHandle> first;
     for (const ItemPart& part : items) {
-        const std::string_view id = part.item.GetProperty("id");
-        if (id.empty() || part.item.GetName() != "clipitem")
+        const std::string_view id = part.id;
+        if (id.empty() || part.kind != ItemKind::Clip)
             continue;
         first.try_emplace(id, part.item);
         const auto earlier = first.find(StatedId(id));
-        if (earlier == first.end() || earlier->second == part.item || StatesTimes(part.item))
+        if (earlier == first.end() || earlier->second == part.item || part.statesTimes)
             continue;
         const ObjectHandle whole = earlier->second;
         bool isCompleted = false;
@@ -107,30 +106,31 @@ void CompleteRepeatedItems(DialectPass& pass)
             part.item.AddChild(whole.GetChild("rate"));
         if (isCompleted)
             pass.Assume(whole.GetProperty("name"));
+        hasChanged = hasChanged || isCompleted;
     }
+    if (hasChanged)
+        pass.PartsChanged();
 }
 
 void HoldFrames(DialectPass& pass)
 {
     std::unordered_map<std::uint64_t, int> itemCounts; // by owner
-    for (const ItemPart& part : pass.Parts().items)
-        ++itemCounts[part.owner.UniqueId()];
+    if (std::ranges::any_of(pass.Parts().items, &ItemPart::isStill))
+        for (const ItemPart& part : pass.Parts().items)
+            ++itemCounts[part.owner.UniqueId()];
     bool hasChanged = false;
     for (const ItemPart& part : pass.Parts().items) {
-        const ObjectHandle item = part.item;
-        const bool isOnTrack = item.GetName() == "clipitem" && part.owner.GetName() == "sequence" &&
-                               part.type == MediaType::Video && part.file &&
-                               !item.HasChild("sequence");
-        const bool isStill =
-            itemCounts[part.owner.UniqueId()] == 1 && HasValue(item, "stillframeoffset");
-        const bool isFreeze = HasValue(item, "stillframeoffset");
-        if (!isOnTrack || isStill || !(isFreeze || part.hasFilters))
+        const bool isOnTrack = part.kind == ItemKind::Clip && part.type == MediaType::Video &&
+                               part.file && !part.hasSequence && part.owner.GetName() == "sequence";
+        const bool isWholeSequence = part.isStill && itemCounts[part.owner.UniqueId()] == 1;
+        if (!isOnTrack || isWholeSequence || !(part.isStill || part.hasFilters))
             continue;
+        const ObjectHandle item = part.item;
         const bool isStopped = SpeedOfItem(item).isStopped;
-        if (!isFreeze && !isStopped)
+        if (!part.isStill && !isStopped)
             continue;
         hasChanged = true;
-        Hold(pass, item, item.GetProperty(isFreeze ? Name("stillframeoffset") : Name("in")));
+        Hold(pass, item, item.GetProperty(part.isStill ? Name("stillframeoffset") : Name("in")));
         if (isStopped)
             item.RemoveChild(SpeedFilter(item));
     }
@@ -141,9 +141,9 @@ void HoldFrames(DialectPass& pass)
 void CompleteTransitions(DialectPass& pass)
 {
     for (const ItemPart& part : pass.Parts().items) {
-        const ObjectHandle item = part.item;
-        if (item.GetName() != "transitionitem")
+        if (part.kind != ItemKind::Transition)
             continue;
+        const ObjectHandle item = part.item;
         const bool lacksEffect = !item.HasChild("effect");
         const bool isUnknown =
             HasValue(item, "alignment") && !FindAlignment(item.GetProperty("alignment"));

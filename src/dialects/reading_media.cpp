@@ -104,8 +104,7 @@ void CompleteFile(DialectPass& pass, const FileUses& uses, ObjectHandle file)
         file.SetPropertyShared("name", uses.element.GetProperty("name"));
     if (TicksOfRate(file.GetChild("rate")) == 0 &&
         TicksOfRate(uses.element.GetChild("rate")) == 0) {
-        file.RemoveChild(file.GetChild("rate"));
-        file.AddChild(RateFor(pass, uses));
+        SetRate(file, RateFor(pass, uses));
     }
     if (!HasValue(file, "duration") && Int64Property(uses.element, "duration") <= 0)
         file.SetProperty("duration", IntToString(std::max<std::int64_t>(uses.lastFrame, 0)));
@@ -120,12 +119,6 @@ void NameFile(const FileUses& uses)
 }
 
 // ---- Their media
-
-bool HasMedia(const FileUses& uses)
-{
-    const ConstHandle media = uses.Child("media");
-    return media.HasChild("video") || media.HasChild("audio");
-}
 
 // Generated media and images in layers state no `media`.
 bool NeedsMedia(const FileUses& uses)
@@ -163,7 +156,7 @@ void AddMissingFiles(DialectPass& pass)
 {
     std::vector<ObjectHandle> empty;
     for (const ItemPart& part : pass.Parts().items)
-        if (!part.file && part.item.GetName() == "clipitem" && ShowsNothing(part.item))
+        if (!part.file && part.kind == ItemKind::Clip && ShowsNothing(part.item))
             empty.push_back(part.item);
     for (const ObjectHandle& clip : pass.Parts().clips)
         if (ShowsNothing(clip))
@@ -178,24 +171,31 @@ void AddMissingFiles(DialectPass& pass)
 
 void AddMissingMedia(DialectPass& pass)
 {
-    for (FileUses& uses : pass.Files()) {
+    bool hasChanged = false;
+    for (FileUses& uses : pass.Files().files) {
         NameFile(uses);
-        if (HasMedia(uses) || !NeedsMedia(uses))
+        if (uses.hasMedia || !NeedsMedia(uses))
             continue;
         if (uses.definitions.empty()) // an id that leads nowhere
             uses.definitions.push_back(uses.element.GetChild("file"));
         for (const ObjectHandle& file : uses.definitions)
             AddMediaTo(pass, uses, file);
         pass.Assume(uses.Name());
+        hasChanged = true;
     }
+    if (hasChanged)
+        pass.PartsChanged();
 }
 
 void AddMissingHalves(DialectPass& pass)
 {
-    for (const FileUses& uses : pass.Files()) {
-        const bool lacksVideo = uses.onVideo && !uses.Child("media").HasChild("video");
-        const bool lacksAudio = uses.onAudio && !uses.Child("media").HasChild("audio");
-        if (!HasMedia(uses) || !NeedsMedia(uses) || (!lacksVideo && !lacksAudio))
+    for (const FileUses& uses : pass.Files().files) {
+        if (!uses.hasMedia || !NeedsMedia(uses))
+            continue;
+        const ConstHandle stated = uses.Child("media");
+        const bool lacksVideo = uses.onVideo && !stated.HasChild("video");
+        const bool lacksAudio = uses.onAudio && !stated.HasChild("audio");
+        if (!lacksVideo && !lacksAudio)
             continue;
         for (const ObjectHandle& file : uses.definitions) {
             const ObjectHandle media = GetOrAddChild(pass.Nodes(), file, "media");

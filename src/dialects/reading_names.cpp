@@ -23,7 +23,8 @@ void ReadFinalCutLabels(DialectPass& pass)
         for (const ObjectHandle& owner : *owners)
             ReadLabel(owner);
     for (const ItemPart& part : parts.items)
-        ReadLabel(part.item);
+        if (part.hasLabels)
+            ReadLabel(part.item);
 }
 
 void NameTracks(DialectPass& pass)

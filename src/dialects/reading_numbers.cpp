@@ -3,9 +3,9 @@
 #include "core/text.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace XPJ {
 
@@ -26,16 +26,18 @@ bool HasDecimalComma(std::string_view text)
 
 void Restate(ObjectHandle node)
 {
-    for (const Name name : kNumbers) {
-        const std::string_view text = Trimmed(node.GetProperty(name));
-        if (!HasDecimalComma(text))
+    for (const Property* property = node.FirstProperty(); property; property = property->next) {
+        const Name* const name =
+            std::ranges::find(kNumbers, property->NameView(), [](Name n) { return n.View(); });
+        if (name == std::end(kNumbers) || !HasDecimalComma(Trimmed(property->Value())))
             continue;
-        std::string number(text);
+        std::string number(Trimmed(property->Value()));
         std::ranges::replace(number, ',', '.');
-        node.SetProperty(name, number);
+        node.SetProperty(*name, number);
     }
 }
 
+// Those of the node, and of points in it.
 void RestateValues(ObjectHandle node)
 {
     Restate(node);
@@ -50,36 +52,17 @@ bool IsText(ConstHandle parameter)
     return id.starts_with("str") || id.starts_with("font");
 }
 
-void RestateEffect(ObjectHandle effect)
+} // namespace
+
+void ReadDecimalCommas(DialectPass&, const EffectPart& part)
 {
-    for (const ObjectHandle& parameter : effect.GetChildren("parameter")) {
+    for (const ObjectHandle& parameter : part.effect.GetChildren("parameter")) {
         if (IsText(parameter))
             continue;
         RestateValues(parameter);
         for (const ObjectHandle& keyframe : parameter.GetChildren("keyframe"))
             RestateValues(keyframe);
     }
-}
-
-void RestateEffects(ObjectHandle owner)
-{
-    RestateEffect(owner.GetChild("effect"));
-    for (const ObjectHandle& filter : owner.GetChildren("filter"))
-        RestateEffect(filter.GetChild("effect"));
-}
-
-} // namespace
-
-void ReadDecimalCommas(DialectPass& pass)
-{
-    const TreeParts& parts = pass.Parts();
-    for (const ItemPart& part : parts.items)
-        if (part.hasFilters || part.item.GetName() == "generatoritem")
-            RestateEffects(part.item);
-    for (const std::vector<ObjectHandle>* const owners :
-         {&parts.sequences, &parts.clips, &parts.files, &parts.tracks})
-        for (const ObjectHandle& owner : *owners)
-            RestateEffects(owner);
 }
 
 } // namespace XPJ

@@ -5,7 +5,7 @@
 
 namespace XPJ {
 
-// Makes the decimal commas of effect parameters and keyframes points.
-void ReadDecimalCommas(DialectPass& pass);
+// Makes the decimal commas of parameters and their keyframes points.
+void ReadDecimalCommas(DialectPass& pass, const EffectPart& part);
 
 } // namespace XPJ

@@ -128,7 +128,7 @@ void TakeInStrays(DialectPass& pass)
 void TakeInClipFilters(DialectPass& pass)
 {
     for (const ItemPart& part : pass.Parts().items) {
-        if (part.owner.GetName() != "clip" || part.type != MediaType::Video)
+        if (!part.hasFilters || part.type != MediaType::Video || part.owner.GetName() != "clip")
             continue;
         std::vector<ObjectHandle> filters;
         for (const ObjectHandle& filter : part.item.GetChildren("filter"))

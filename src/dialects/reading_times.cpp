@@ -9,8 +9,7 @@
 
 #include <cstdlib>
 #include <optional>
-#include <string_view>
-#include <unordered_map>
+#include <vector>
 
 namespace XPJ {
 
@@ -66,32 +65,28 @@ void CountInFileRate(DialectPass& pass)
         ObjectHandle node;
         Ticks ticks = 0;
     };
-    std::unordered_map<std::string_view, Rate> rates; // by id of the file
-    for (const ObjectHandle& file : pass.Parts().files)
-        if (const ObjectHandle rate = file.GetChild("rate"))
-            rates.try_emplace(file.GetProperty("id"), Rate{rate, TicksOfRate(rate)});
-    const auto rateOf = [&rates](ObjectHandle file) {
-        const std::string_view id = file.GetProperty("id");
-        if (id.empty())
-            return Rate{file.GetChild("rate"), TicksOfRate(file.GetChild("rate"))};
-        const auto found = rates.find(id);
-        return found == rates.end() ? Rate() : found->second;
-    };
+    const FileUseTable& files = pass.Files();
+    std::vector<Rate> rates;
+    for (const FileUses& uses : files.files) {
+        const ObjectHandle rate = uses.Child("rate");
+        rates.push_back({rate, TicksOfRate(rate)});
+    }
+    const std::vector<ItemPart>& items = pass.Parts().items;
     ConstHandle sequence;
     Ticks sequenceTicks = 0;
-    for (const ItemPart& part : pass.Parts().items) {
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const ItemPart& part = items[i];
         if (!part.file || part.owner.GetName() != "sequence")
             continue;
         if (sequence != part.owner) { // items come sequence by sequence
             sequence = part.owner;
             sequenceTicks = TicksOfRate(sequence.GetChild("rate"));
         }
-        const Rate rate = rateOf(part.file);
+        const Rate& rate = rates[files.ofItems[i]];
         if (rate.ticks == 0 || rate.ticks == sequenceTicks ||
             !CountsInFileRate(ClipItem(part.item), sequenceTicks, rate.ticks))
             continue;
-        part.item.RemoveChild(part.item.GetChild("rate"));
-        part.item.AddChild(rate.node);
+        SetRate(part.item, rate.node);
         pass.Assume(part.item.GetProperty("name"));
     }
 }

@@ -58,32 +58,31 @@ void AddSteps(Document& document, ObjectHandle parameter)
 
 } // namespace
 
-void NamePans(DialectPass& pass)
+void NamePan(DialectPass&, const EffectPart& part)
 {
-    ForEachFilter(pass.Parts(), [](const ObjectHandle& filter) {
-        const ObjectHandle effect = filter.GetChild("effect");
-        if (kPanEffect.Matches(effect))
-            ForEachParameter(effect, "level", [](const ObjectHandle& parameter) {
-                parameter.SetPropertyShared("parameterid", "pan");
-            });
-    });
+    if (kPanEffect.Matches(part.effect))
+        ForEachParameter(part.effect, "level", [](const ObjectHandle& parameter) {
+            parameter.SetPropertyShared("parameterid", "pan");
+        });
 }
 
-void WriteSteps(DialectPass& pass)
+void WriteSteps(DialectPass& pass, const EffectPart& part)
 {
-    ForEachFilter(pass.Parts(), [&](const ObjectHandle& filter) {
-        for (const ObjectHandle& parameter : filter.GetChild("effect").GetChildren("parameter"))
-            if (HasHeldKeyframe(parameter))
-                AddSteps(pass.Nodes(), parameter);
-    });
+    for (const ObjectHandle& parameter : part.effect.GetChildren("parameter"))
+        if (HasHeldKeyframe(parameter))
+            AddSteps(pass.Nodes(), parameter);
 }
 
-void SwitchOffBypassed(DialectPass& pass)
+void SwitchOffBypassed(DialectPass&, const EffectPart& part)
 {
-    ForEachFilter(pass.Parts(), [](const ObjectHandle& filter) {
-        if (IsTrue(filter.GetChild("effect"), "velaBypass"))
-            filter.SetPropertyShared("enabled", "FALSE");
-    });
+    if (IsTrue(part.effect, "velaBypass"))
+        part.filter.SetPropertyShared("enabled", "FALSE");
+}
+
+void RemoveNameless(DialectPass&, const EffectPart& part)
+{
+    if (!HasValue(part.effect, "name") && !HasValue(part.effect, "effectid"))
+        part.owner.RemoveChild(part.filter);
 }
 
 } // namespace XPJ

@@ -24,8 +24,8 @@ public:
             files_.try_emplace(file.GetProperty("id"), File{file});
     }
 
-    // `place` numbers the sequence around an item; all clips of bins have the same.
-    void WriteFor(ObjectHandle item, std::uint64_t place)
+    // `sequence` is the identity of the one around an item, 0 for all clips of bins.
+    void WriteFor(ObjectHandle item, std::uint64_t sequence)
     {
         const ObjectHandle own = item.GetChild("file");
         const std::string_view id = own ? own.GetProperty("id") : item.GetProperty("fileid");
@@ -35,7 +35,7 @@ public:
         item.RemoveChild(own);
         item.RemoveProperty("fileid");
         File& file = found->second;
-        item.AddChild(file.places.insert(place).second ? Whole(file) : Brief(file));
+        item.AddChild(file.sequences.insert(sequence).second ? Whole(file) : Brief(file));
     }
 
 private:
@@ -43,12 +43,12 @@ private:
         ObjectHandle original;
         ObjectHandle repeated = {};
         ObjectHandle brief = {};
-        std::unordered_set<std::uint64_t> places = {}; // where it is written whole
+        std::unordered_set<std::uint64_t> sequences = {}; // where it is written whole
     };
 
     ObjectHandle Whole(File& file)
     {
-        if (file.places.size() == 1)
+        if (file.sequences.size() == 1)
             return file.original;
         if (!file.repeated)
             file.repeated = WithoutFilters(file.original);
@@ -84,12 +84,13 @@ private:
 
 } // namespace
 
+// The parts stay as they are: a repeated file shares what rules change in the original, and a brief
+// one has nothing to change.
 void WriteFilesWhole(DialectPass& pass)
 {
     Files files(pass);
     for (const ItemPart& part : pass.Parts().items)
         files.WriteFor(part.item, part.owner.GetName() == "sequence" ? part.owner.UniqueId() : 0);
-    pass.PartsChanged();
 }
 
 } // namespace XPJ

@@ -61,11 +61,6 @@ constexpr DialectRule kWritingRules[] = {
      .does = "`fontstyle` has those numbers; `velaStyle` beside it is that of the import.",
      .apply = WriteTitleStyles},
 
-    {.name = "effects without name",
-     .seen = "readers that look effects up by id",
-     .does = "A `filter` whose `effect` has neither name nor id is not written. Transitions and "
-             "generators always have both.",
-     .apply = RemoveNamelessEffects},
     // Times, audio and effects
     {.name = "mixed rates",
      .seen = "all readers: the edges of an item count in frames of the sequence",
@@ -97,19 +92,24 @@ constexpr DialectRule kWritingRules[] = {
      .seen = "documents with mono tracks, which a project has as stereo tracks of mono clips",
      .does = "A track is written as as many as its items play channels, without empty ones.",
      .file = "export/audio_tracks.cpp"},
+    {.name = "effects without name",
+     .seen = "readers that look effects up by id",
+     .does = "A `filter` whose `effect` has neither name nor id is not written. Transitions and "
+             "generators always have both.",
+     .applyToEffect = RemoveNameless},
     {.name = "pan",
      .seen = "readers that look parameters up by id",
      .does = "The `parameterid` of a pan is `pan`.",
-     .apply = NamePans},
+     .applyToEffect = NamePan},
     {.name = "held values",
      .seen = "keyframes with hold interpolation, which documents do not have",
      .does = "The value is repeated a frame before the next keyframe. `velaHold` marks both, so "
              "that they come back as one.",
-     .apply = WriteSteps},
+     .applyToEffect = WriteSteps},
     {.name = "bypassed effects",
      .seen = "readers that look at the `filter` alone",
      .does = "The `filter` of a bypassed effect has `enabled` FALSE.",
-     .apply = SwitchOffBypassed},
+     .applyToEffect = SwitchOffBypassed},
     {.name = "channels of mono audio",
      .seen = "readers that go by the layout and the labels of the channels",
      .does =

@@ -8,9 +8,6 @@ namespace XPJ {
 // Puts the sequences of a document that is to hold one directly into `xmeml`.
 void PutSequenceFirst(DialectPass& pass);
 
-// Removes each `filter` whose `effect` has neither name nor id.
-void RemoveNamelessEffects(DialectPass& pass);
-
 // Labels the channels of mono audio as such: some readers go by the labels.
 void LabelMonoAudio(DialectPass& pass);
 

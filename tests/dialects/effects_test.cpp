@@ -1,83 +1,41 @@
 // Effects in open interchange: what a project has of a document, and what comes back.
-#include "dialects/dialects.h"
-#include "export/export_driver.h"
-#include "import/import_driver.h"
-#include "project/reader.h"
-#include "project/writer.h"
-#include "tree/reading.h"
-#include "xmeml/reader.h"
-#include "xmeml/writer.h"
+#include "support/open_conversion.h"
 
-#include <sstream>
 #include <string>
 #include <string_view>
-
-#include <gtest/gtest.h>
 
 namespace XPJ {
 namespace {
 
-std::string Imported(const std::string& text)
+using OpenEffects = OpenConversionTest;
+
+const std::string kRate = In("rate", In("timebase", "25"));
+const std::string kFrame = In("samplecharacteristics", In("width", "1920") + In("height", "1080") +
+                                                           In("pixelaspectratio", "square"));
+
+// An item of 50 frames, with `content` beside its file.
+std::string Item(int start, const std::string& content)
 {
-    SilentProgress progress;
-    Document source;
-    ObjectHandle root;
-    EXPECT_EQ(ParseFCPXML(text, source, root), kReadDone);
-    ImportOptions options;
-    options.settings.openInterchange = true;
-    Document document;
-    ObjectHandle project;
-    Account account;
-    EXPECT_EQ(ImportDocument(root, options, progress, document, account, project), kSuccess);
-    std::ostringstream output;
-    WriteProjectDocument(project, progress, output, false);
-    return output.str();
+    const std::string at = std::to_string(start);
+    const std::string media = In("video", kFrame) + In("audio", In("channelcount", "1"));
+    return "<clipitem id=\"c" + at + "\">" + In("name", "A") + kRate + In("start", at) +
+           In("end", std::to_string(start + 50)) + In("in", "50") + In("out", "100") +
+           "<file id=\"f\">" + In("name", "A.mov") + In("pathurl", "/m/A.mov") + kRate +
+           In("duration", "200") + In("media", media) + "</file>" + content + "</clipitem>";
 }
 
-std::string Exported(const std::string& project)
+// A sequence with one track of the type.
+std::string Cut(const std::string& type, const std::string& items)
 {
-    SilentProgress progress;
-    Document source;
-    ObjectHandle root;
-    std::istringstream input(project);
-    EXPECT_EQ(ReadProjectDocument(input, source, root), kReadDone);
-    RVX::IdCounters ids;
-    RVX::ExportOptions options;
-    options.ids = &ids;
-    options.settings.openInterchange = true;
-    Document document;
-    ObjectHandle xmeml;
-    Account account;
-    EXPECT_EQ(RVX::TranslateProjectDocument(root, options, progress, document, account, xmeml),
-              kSuccess);
-    std::ostringstream output;
-    WriteFCPXML(xmeml, progress, false, output);
-    return output.str();
-}
-
-std::string In(std::string_view name, const std::string& content)
-{
-    return "<" + std::string(name) + ">" + content + "</" + std::string(name) + ">";
+    return "<xmeml version=\"5\"><sequence id=\"s\">" + In("name", "Cut") + kRate +
+           In("media", In(type, In("format", kFrame) + In("track", items))) + "</sequence></xmeml>";
 }
 
 // A clip with one effect, which states its `effectid` and `parameters`.
 std::string DocumentOf(const std::string& effectId, const std::string& parameters)
 {
-    const std::string rate = In("rate", In("timebase", "25"));
-    const std::string frame =
-        In("samplecharacteristics",
-           In("width", "1920") + In("height", "1080") + In("pixelaspectratio", "square"));
-    const std::string file = "<file id=\"f\">" + In("name", "A.mov") + In("pathurl", "/m/A.mov") +
-                             rate + In("duration", "100") + In("media", In("video", frame)) +
-                             "</file>";
-    const std::string filter =
-        In("filter", In("effect", In("name", effectId) + In("effectid", effectId) + parameters));
-    const std::string item = "<clipitem id=\"c\">" + In("name", "A") + rate + In("start", "0") +
-                             In("end", "50") + In("in", "0") + In("out", "50") + file + filter +
-                             "</clipitem>";
-    return "<xmeml version=\"5\"><sequence id=\"s\">" + In("name", "Cut") + rate +
-           In("media", In("video", In("format", frame) + In("track", item))) +
-           "</sequence></xmeml>";
+    const std::string names = In("name", effectId) + In("effectid", effectId);
+    return Cut("video", Item(0, In("filter", In("effect", names + parameters))));
 }
 
 std::string Parameter(const std::string& id, const std::string& content)
@@ -118,7 +76,7 @@ std::string DocumentValue(const std::string& document, const std::string& id)
 
 constexpr const char* kCorrector = "Color Corrector 3-way";
 
-TEST(OpenEffects, ValuesComeBack)
+TEST_F(OpenEffects, ValuesComeBack)
 {
     const struct {
         const char* effect;
@@ -163,38 +121,38 @@ TEST(OpenEffects, ValuesComeBack)
     for (const auto& row : rows) {
         const std::string range = In("valuemin", "-100") + In("value", row.document);
         const std::string project =
-            Imported(DocumentOf(row.effect, returning + Parameter(row.id, range)));
+            ToProject(DocumentOf(row.effect, returning + Parameter(row.id, range)));
         EXPECT_EQ(ProjectValue(project, row.name), row.project) << row.id << " " << row.document;
-        const std::string document = Exported(project);
+        const std::string document = ToXmeml(project);
         EXPECT_EQ(DocumentValue(document, row.id), row.document) << row.id;
-        EXPECT_EQ(ProjectValue(Imported(document), row.name), row.project) << row.id;
+        EXPECT_EQ(ProjectValue(ToProject(document), row.name), row.project) << row.id;
     }
 }
 
 // The same scale as that of a project.
-TEST(OpenEffects, AThresholdOfAnotherRangeIsTakenAsItIs)
+TEST_F(OpenEffects, AThresholdOfAnotherRangeIsTakenAsItIs)
 {
     const std::string threshold = In("valuemin", "0") + In("valuemax", "100") + In("value", "40");
-    EXPECT_EQ(ProjectValue(Imported(DocumentOf("Luma Key", Parameter("threshold", threshold))),
+    EXPECT_EQ(ProjectValue(ToProject(DocumentOf("Luma Key", Parameter("threshold", threshold))),
                            "Threshold"),
               "40");
 }
 
 // The angle moves over half a turn, by 20 degrees.
-TEST(OpenEffects, KeyframesOfACorrectorComeBack)
+TEST_F(OpenEffects, KeyframesOfACorrectorComeBack)
 {
     const auto keyframe = [](const char* when, const char* value) {
         return In("keyframe", In("when", when) + In("value", value));
     };
     const std::string hue = In("value", "170") + keyframe("0", "170") + keyframe("10", "190");
-    const std::string project = Imported(DocumentOf(kCorrector, Parameter("b_hue", hue)));
+    const std::string project = ToProject(DocumentOf(kCorrector, Parameter("b_hue", hue)));
     constexpr const char* kRecords = "<Keyframes>0,80.,0,0,0,0.166667,0,0.166667;"
                                      "101606400000,100.,0,0,0,0.166667,0,0.166667;</Keyframes>";
     EXPECT_NE(project.find(kRecords), project.npos);
-    EXPECT_NE(Imported(Exported(project)).find(kRecords), project.npos);
+    EXPECT_NE(ThereAndBack(project).find(kRecords), project.npos);
 }
 
-TEST(OpenEffects, NoneIsLost)
+TEST_F(OpenEffects, NoneIsLost)
 {
     const std::string returning = In("velaBypass", "true");
     const struct {
@@ -223,11 +181,11 @@ TEST(OpenEffects, NoneIsLost)
         return names;
     };
     for (const auto& row : rows) {
-        const std::string project = Imported(DocumentOf(row.effect, row.parameters));
+        const std::string project = ToProject(DocumentOf(row.effect, row.parameters));
         EXPECT_EQ(matchNames(project), row.matchNames) << row.effect << row.parameters;
         const bool isBypassed = row.parameters.ends_with(returning);
         EXPECT_EQ(project.find("<Bypass>true</Bypass>") != project.npos, isBypassed) << row.effect;
-        const std::string back = Imported(Exported(project));
+        const std::string back = ThereAndBack(project);
         EXPECT_EQ(matchNames(back), row.matchNames) << row.effect << row.parameters;
         EXPECT_EQ(back.find("<Bypass>true</Bypass>") != back.npos, isBypassed) << row.effect;
     }
@@ -237,24 +195,12 @@ TEST(OpenEffects, NoneIsLost)
 std::string DocumentOfTransition(const std::string& type, const std::string& effectId,
                                  const std::string& parameters)
 {
-    const std::string rate = In("rate", In("timebase", "25"));
-    const std::string file = "<file id=\"f\">" + In("name", "A.mov") + In("pathurl", "/m/A.mov") +
-                             rate + In("duration", "200") +
-                             In("media", In("video", "") + In("audio", In("channelcount", "1"))) +
-                             "</file>";
-    const auto item = [&](const std::string& start, const std::string& end) {
-        return "<clipitem id=\"c" + start + "\">" + In("name", "A") + rate + In("start", start) +
-               In("end", end) + In("in", "50") + In("out", "100") + file + "</clipitem>";
-    };
-    const std::string transition = In(
-        "transitionitem", rate + In("start", "45") + In("end", "55") + In("alignment", "center") +
-                              In("effect", In("effectid", effectId) + parameters));
-    return "<xmeml version=\"5\"><sequence id=\"s\">" + In("name", "Cut") + rate +
-           In("media", In(type, In("track", item("0", "50") + transition + item("50", "100")))) +
-           "</sequence></xmeml>";
+    const std::string transition = In("start", "45") + In("end", "55") + In("alignment", "center") +
+                                   In("effect", In("effectid", effectId) + parameters);
+    return Cut(type, Item(0, "") + In("transitionitem", kRate + transition) + Item(50, ""));
 }
 
-TEST(OpenEffects, TransitionsComeBack)
+TEST_F(OpenEffects, TransitionsComeBack)
 {
     const auto wipe = [](const char* angle) {
         return Parameter("directionofwipe", In("value", angle)) +
@@ -275,56 +221,56 @@ TEST(OpenEffects, TransitionsComeBack)
     };
     for (const auto& row : rows) {
         const std::string project =
-            Imported(DocumentOfTransition(row.type, row.effect, row.parameters));
+            ToProject(DocumentOfTransition(row.type, row.effect, row.parameters));
         EXPECT_NE(project.find(row.project), project.npos) << row.project;
-        EXPECT_NE(Imported(Exported(project)).find(row.project), project.npos) << row.project;
+        EXPECT_NE(ThereAndBack(project).find(row.project), project.npos) << row.project;
     }
 }
 
 // A mode that documents don't know is carried beside the opacity, and without one for others.
-TEST(OpenEffects, BlendModesComeBack)
+TEST_F(OpenEffects, BlendModesComeBack)
 {
     const std::string opacity = Parameter("opacity", In("value", "50"));
     const std::string project =
-        Imported(DocumentOf("opacity", opacity + Parameter("vela2", In("value", "0")) +
-                                           Parameter("vela3", In("value", "7"))));
-    const std::string document = Exported(project);
+        ToProject(DocumentOf("opacity", opacity + Parameter("vela2", In("value", "0")) +
+                                            Parameter("vela3", In("value", "7"))));
+    const std::string document = ToXmeml(project);
     EXPECT_EQ(document.find("compositemode"), document.npos);
     EXPECT_EQ(DocumentValue(document, "vela2"), "0");
     EXPECT_EQ(DocumentValue(document, "vela3"), "7");
 }
 
 // 1 percent, which is less than what changes of pixels leave.
-TEST(OpenEffects, SmallStretchesComeBack)
+TEST_F(OpenEffects, SmallStretchesComeBack)
 {
     const std::string document =
-        Exported(Imported(DocumentOf("deformation", Parameter("aspect", In("value", "-1")))));
+        ToXmeml(ToProject(DocumentOf("deformation", Parameter("aspect", In("value", "-1")))));
     EXPECT_EQ(DocumentValue(document, "aspect"), "-1");
 }
 
 // The anchor moves by a tenth of the frame while the center stays: the position moves with it.
-TEST(OpenEffects, AnchorsMoveAlone)
+TEST_F(OpenEffects, AnchorsMoveAlone)
 {
     const auto point = [](const char* horiz) {
         return In("value", In("horiz", horiz) + In("vert", "0"));
     };
     const std::string anchors = point("0") + In("keyframe", In("when", "0") + point("0")) +
                                 In("keyframe", In("when", "10") + point("0.1"));
-    const std::string project = Imported(DocumentOf(
+    const std::string project = ToProject(DocumentOf(
         "basic", Parameter("center", point("0.2")) + Parameter("centerOffset", anchors)));
     EXPECT_NE(project.find("0,0.7:0.5,0,0"), project.npos);
     EXPECT_NE(project.find("101606400000,0.8:0.5,0,0"), project.npos);
     EXPECT_NE(project.find("101606400000,0.6:0.5,0,0"), project.npos);
-    EXPECT_NE(Imported(Exported(project)).find("101606400000,0.8:0.5,0,0"), project.npos);
+    EXPECT_NE(ThereAndBack(project).find("101606400000,0.8:0.5,0,0"), project.npos);
 
     // A position that does not move while the anchor does.
     std::string still = project;
     const std::size_t keyframes = still.find("<Keyframes>0,0.7:0.5");
     ASSERT_NE(keyframes, still.npos);
     still.erase(keyframes, still.find("</Keyframes>", keyframes) + 12 - keyframes);
-    const std::string document = Exported(still);
+    const std::string document = ToXmeml(still);
     EXPECT_NE(document.find("<horiz>0.1</horiz>"), document.npos); // 0.2 - 0.1
-    EXPECT_EQ(Imported(document).find("<Keyframes>0,0.7:0.5"), document.npos);
+    EXPECT_EQ(ToProject(document).find("<Keyframes>0,0.7:0.5"), document.npos);
 }
 
 } // namespace

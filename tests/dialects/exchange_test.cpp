@@ -7,70 +7,20 @@
 //   %% effects      effects of that document
 //   %% back         what a project of it lacks, read with the setting
 //   %% back strict  the same, read to the letter
-#include "dialects/dialects.h"
-#include "export/export_driver.h"
 #include "export/outline.h"
 #include "frame/document_timelines.h"
-#include "import/import_driver.h"
 #include "import/outline.h"
 #include "inspect/compare.h"
 #include "inspect/timeline_text.h"
-#include "project/reader.h"
-#include "project/writer.h"
 #include "support/document_text.h"
 #include "support/golden.h"
-#include "tree/reading.h"
-#include "xmeml/reader.h"
-#include "xmeml/writer.h"
-
-#include <sstream>
+#include "support/open_conversion.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
 namespace XPJ {
 namespace {
-
-std::string Imported(std::string_view text, bool isOpen)
-{
-    SilentProgress progress;
-    Document source;
-    ObjectHandle root;
-    EXPECT_EQ(ParseFCPXML(text, source, root), kReadDone);
-    AssumptionList assumptions;
-    if (isOpen)
-        RestateAsMeant(source, root, assumptions);
-    ImportOptions options{.inputPath = "/documents/case.xml"};
-    options.settings.openInterchange = isOpen;
-    Document document;
-    ObjectHandle project;
-    Account account;
-    EXPECT_EQ(ImportDocument(root, options, progress, document, account, project), kSuccess);
-    std::ostringstream output;
-    WriteProjectDocument(project, progress, output, false);
-    return output.str();
-}
-
-std::string Exported(const std::string& project)
-{
-    SilentProgress progress;
-    Document source;
-    ObjectHandle root;
-    std::istringstream input(project);
-    EXPECT_EQ(ReadProjectDocument(input, source, root), kReadDone);
-    RVX::ExportOptions options;
-    options.settings.openInterchange = true;
-    Document document;
-    ObjectHandle xmeml;
-    Account account;
-    EXPECT_EQ(RVX::TranslateProjectDocument(root, options, progress, document, account, xmeml),
-              kSuccess);
-    AssumptionList assumptions;
-    RestateForOthers(document, xmeml, {}, assumptions);
-    std::ostringstream output;
-    WriteFCPXML(xmeml, progress, false, output);
-    return output.str();
-}
 
 // Calls `use(element)` for an element and all below it that have the name.
 template <typename Use>
@@ -149,17 +99,17 @@ std::string Differences(const std::string& before, const std::string& after)
 
 std::string Produce(const GoldenSection& input, const GoldenSection& output)
 {
-    GoldenPlatform platform;
-    const PlatformScope scope(platform);
-    const std::string project = Imported(input.text, true);
+    OpenConversion conversion;
+    const std::string project = conversion.ToProject(input.text);
     if (output.name == "project")
         return EffectsOfProject(project);
-    const std::string xmeml = Exported(project);
+    const std::string xmeml = conversion.ToXmeml(project);
     if (output.name == "times")
         return TimesOfDocument(xmeml);
     if (output.name == "effects")
         return EffectsOfDocument(xmeml);
-    return Differences(project, Imported(xmeml, output.arguments != "strict"));
+    conversion.SetOpen(output.arguments != "strict");
+    return Differences(project, conversion.ToProject(xmeml));
 }
 
 class ExchangeCase : public testing::TestWithParam<std::filesystem::path> {};

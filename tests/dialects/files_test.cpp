@@ -7,18 +7,38 @@ namespace {
 
 using Files = OpenConversionTest;
 
+const std::string kRate = In("rate", In("timebase", "25"));
+const std::string kTimes = In("start", "0") + In("end", "10") + In("in", "0") + In("out", "10");
+
+std::string SequenceOf(const std::string& media, const std::string& leaves = {})
+{
+    return "<xmeml version=\"5\"><sequence id=\"s\">" + In("name", "S") + kRate + leaves +
+           In("media", media) + "</sequence></xmeml>";
+}
+
+std::string FileOf(const std::string& id, const std::string& media, const std::string& leaves = {})
+{
+    return "<file id=\"" + id + "\">" + In("name", id) + In("pathurl", "file://localhost/" + id) +
+           In("duration", "10") + kRate + leaves + In("media", media) + "</file>";
+}
+
+// A clip of a bin with these `video` and `audio`.
+std::string ClipOf(const std::string& media)
+{
+    return "<xmeml version=\"5\"><clip id=\"c\">" + In("name", "C") + In("masterclipid", "c") +
+           In("duration", "10") + kRate + In("media", media) + "</clip></xmeml>";
+}
+
+std::string Track(const std::string& type, const std::string& item)
+{
+    return In(type, In("track", In("clipitem", item)));
+}
+
 // A sequence with one video item.
 std::string Cut(const std::string& item, const std::string& file, const std::string& video)
 {
-    return "<xmeml version=\"5\"><sequence id=\"s\"><name>S</name><rate><timebase>25</timebase>"
-           "</rate><media><video><track><clipitem id=\"i\"><name>I</name><start>0</start>"
-           "<end>10</end><in>0</in><out>10</out>" +
-           item +
-           "<file "
-           "id=\"f\"><name>f.mov</name><pathurl>file://localhost/f.mov</pathurl><duration>10</"
-           "duration>" +
-           file + "<media><video>" + video +
-           "</video></media></file></clipitem></track></video></media>" + "</sequence></xmeml>";
+    return SequenceOf(Track("video", In("name", "I") + kTimes + item +
+                                         FileOf("f.mov", In("video", video), file)));
 }
 
 TEST_F(Files, TakeTheFrameThatIsStatedElsewhere)
@@ -52,13 +72,10 @@ TEST_F(Files, TakeTheFrameThatIsStatedElsewhere)
 
 TEST_F(Files, ASequenceTakesItsFrameFromItsOwnLeaves)
 {
-    const std::string back =
-        ToXmeml(ToProject("<xmeml version=\"5\"><sequence id=\"s\"><name>S</name><rate><timebase>25"
-                          "</timebase></rate><pixelaspectratio>PAL-601</pixelaspectratio>"
-                          "<fielddominance>lower</fielddominance><media><video><format>"
-                          "<samplecharacteristics><width>720</width><height>576</height>"
-                          "</samplecharacteristics></format><track/></video></media></sequence>"
-                          "</xmeml>"));
+    const std::string frame = In("samplecharacteristics", In("width", "720") + In("height", "576"));
+    const std::string back = ToXmeml(
+        ToProject(SequenceOf(In("video", In("format", frame) + "<track/>"),
+                             In("pixelaspectratio", "PAL-601") + In("fielddominance", "lower"))));
     EXPECT_TRUE(Has(back, "<pixelaspectratio>PAL-601</pixelaspectratio>"));
     EXPECT_TRUE(Has(back, "<fielddominance>lower</fielddominance>"));
 }
@@ -90,12 +107,11 @@ protected:
 std::string Audio(const std::string& count, const std::string& layout, const std::string& label)
 {
     const auto leaf = [](const std::string& name, const std::string& value) {
-        return value.empty() ? "" : "<" + name + ">" + value + "</" + name + ">";
+        return value.empty() ? "" : In(name, value);
     };
-    return "<audio><samplecharacteristics/>" + leaf("channelcount", count) +
-           leaf("layout", layout) +
-           leaf("audiochannel", leaf("sourcechannel", "1") + leaf("channellabel", label)) +
-           "</audio>";
+    return In("audio",
+              "<samplecharacteristics/>" + leaf("channelcount", count) + leaf("layout", layout) +
+                  leaf("audiochannel", leaf("sourcechannel", "1") + leaf("channellabel", label)));
 }
 
 TEST_F(Channels, AreCountedByLabelsAndLayout)
@@ -151,21 +167,13 @@ TEST_F(Files, AnItemOfAStereoFileHasBothChannels)
 {
     const auto cut = [](const std::string& first, const std::string& second) {
         const auto track = [](const std::string& channel, const std::string& file) {
-            return channel.empty() ? std::string()
-                                   : "<track><clipitem id=\"i" + channel +
-                                         "\"><name>I</name><start>0</start><end>10</end><in>0</in>"
-                                         "<out>10</out>" +
-                                         file + "<sourcetrack><trackindex>" + channel +
-                                         "</trackindex></sourcetrack></clipitem></track>";
+            const std::string item = "<clipitem id=\"i" + channel + "\">" + In("name", "I") +
+                                     kTimes + file + In("sourcetrack", In("trackindex", channel)) +
+                                     "</clipitem>";
+            return channel.empty() ? std::string() : In("track", item);
         };
-        const std::string file =
-            "<file id=\"f\"><name>f.wav</name><pathurl>file://localhost/f.wav</pathurl>"
-            "<duration>10</duration><media><audio><channelcount>2</channelcount></audio></media>"
-            "</file>";
-        return "<xmeml version=\"5\"><sequence id=\"s\"><name>S</name><rate><timebase>25</timebase>"
-               "</rate><media><audio>" +
-               track(first, file) + track(second, "<file id=\"f\"/>") +
-               "</audio></media></sequence></xmeml>";
+        const std::string file = FileOf("f", In("audio", In("channelcount", "2")));
+        return SequenceOf(In("audio", track(first, file) + track(second, "<file id=\"f\"/>")));
     };
     const struct {
         std::string first, second; // the channel that each names
@@ -185,13 +193,8 @@ TEST_F(Files, AnItemOfAStereoFileHasBothChannels)
 
 TEST_F(Files, MonoAudioIsLabelled)
 {
-    const std::string back = ToXmeml(
-        ToProject("<xmeml version=\"5\"><clip id=\"c\"><name>C</name><duration>10</duration><rate>"
-                  "<timebase>25</timebase></rate><media><audio><track><clipitem id=\"i\"><file "
-                  "id=\"f\"><name>F</name><duration>10</duration><rate><timebase>25</timebase>"
-                  "</rate><media>" +
-                  Audio("1", "mono", "discrete") + Audio("1", "mono", "discrete") +
-                  "</media></file></clipitem></track></audio></media></clip></xmeml>"));
+    const std::string mono = Audio("1", "mono", "discrete");
+    const std::string back = ToXmeml(ToProject(ClipOf(Track("audio", FileOf("f", mono + mono)))));
     EXPECT_EQ(CountOf(back, "<layout>mono</layout>"), 2);
     EXPECT_EQ(CountOf(back, "<channellabel>discrete</channellabel>"), 2);
 }
@@ -199,14 +202,11 @@ TEST_F(Files, MonoAudioIsLabelled)
 // A clip of a bin whose audio is filtered wherever it is used.
 TEST_F(Files, AudioEffectsOfBrowserClipsComeBack)
 {
+    const std::string level = In("parameter", In("parameterid", "level") + In("value", "0.5"));
+    const std::string levels = In("name", "Audio Levels") + In("effectid", "audiolevels") + level;
     const std::string clip =
-        "<xmeml version=\"5\"><clip id=\"c\"><name>C</name><duration>10</duration><rate>"
-        "<timebase>25</timebase></rate><media><audio><track><clipitem id=\"i\"><file id=\"f\">"
-        "<name>F</name><duration>10</duration><rate><timebase>25</timebase></rate><media><audio>"
-        "<channelcount>1</channelcount></audio></media></file><filter><effect><name>Audio Levels"
-        "</name><effectid>audiolevels</effectid><parameter><parameterid>level</parameterid><name>"
-        "Level</name><value>0.5</value></parameter></effect></filter></clipitem></track></audio>"
-        "</media></clip></xmeml>";
+        ClipOf(Track("audio", FileOf("f", In("audio", In("channelcount", "1"))) +
+                                  In("filter", In("effect", levels))));
     const std::string project = ToProject(clip);
     EXPECT_TRUE(Has(project, "<AudioComponentChain ObjectRef="));
     EXPECT_TRUE(Has(project, ",0.25,")) << project; // half the level is a quarter of the range
@@ -219,16 +219,30 @@ TEST_F(Files, AudioEffectsOfBrowserClipsComeBack)
 TEST_F(Files, AMergedClipHasBothChannelsOfAStream)
 {
     const std::string clip =
-        "<xmeml version=\"5\"><clip id=\"m\"><name>Synced</name><duration>100</duration><rate>"
-        "<timebase>25</timebase></rate><masterclipid>m</masterclipid><media><video><track>"
-        "<clipitem id=\"i\"><file id=\"v\"><name>v.mov</name><duration>100</duration><rate>"
-        "<timebase>25</timebase></rate><media><video/></media></file></clipitem></track></video>"
-        "<audio><track><clipitem id=\"j\"><file id=\"a\"><name>a.wav</name><duration>100</duration>"
-        "<rate><timebase>25</timebase></rate><media><audio><channelcount>2</channelcount></audio>"
-        "</media></file></clipitem></track></audio></media></clip></xmeml>";
+        ClipOf(Track("video", FileOf("v", "<video/>")) +
+               Track("audio", FileOf("a", In("audio", In("channelcount", "2")))));
     EXPECT_EQ(CountOf(ToProject(clip), "<AudioClipTrackItem "), 2);
     SetOpen(false);
     EXPECT_EQ(CountOf(ToProject(clip), "<AudioClipTrackItem "), 1);
+}
+
+using Rates = XmemlTest;
+
+// A sequence directly in another one leaves its `rate` behind there.
+TEST_F(Rates, ThoseThatStateNothingAreReplaced)
+{
+    const std::string none = In("rate", In("timebase", "0"));
+    ObjectHandle root;
+    ASSERT_EQ(ParseFCPXML(document_.Store("<xmeml><sequence id=\"s\">" + none + none +
+                                          "</sequence></xmeml>"),
+                          document_, root),
+              kReadDone);
+    AssumptionList assumptions;
+    RestateAsMeant(document_, root, assumptions);
+    EXPECT_EQ(FindPath(root, {"sequence", "rate"}).GetProperty("timebase"), "30");
+    assumptions.clear();
+    RestateAsMeant(document_, root, assumptions);
+    EXPECT_TRUE(assumptions.empty());
 }
 
 } // namespace

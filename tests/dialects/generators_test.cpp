@@ -1,16 +1,11 @@
 // Generated video on its way to other programs and back: what the generators of a document are
 // after so many conversions to a project and back.
-#include "frame/file_conversion.h"
-#include "platform/default_platform.h"
-#include "platform/platform.h"
 #include "support/document_text.h"
-#include "support/temp_folder.h"
+#include "support/open_conversion.h"
 
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace XPJ {
 namespace {
@@ -49,24 +44,11 @@ std::string Generator(std::string_view id, std::string_view effect, std::string_
 
 std::string Converted(std::string text, int passes, bool graphics)
 {
-    const TempFolder folder;
-    DefaultPlatform platform;
-    platform.SetDebugEntry("FCP.OpenInterchange", "true");
+    OpenConversion conversion;
     if (graphics)
-        platform.SetDebugEntry("FCP.ConvertTitleToGraphicAndType", "true");
-    platform.SetReportFolder(folder.Path());
-    const PlatformScope scope(platform);
-    for (int pass = 0; pass < passes; ++pass) {
-        ConversionRequest request{.inputPath = folder.Write("in.xml", text),
-                                  .outputPath = folder / "out.vlproj",
-                                  .listsReport = false};
-        SetFormatsByExtension(request);
-        EXPECT_EQ(ConvertFiles(request).result, kSuccess);
-        ConversionRequest back{.inputPath = folder / "out.vlproj", .outputPath = folder / "o.xml"};
-        SetFormatsByExtension(back);
-        EXPECT_EQ(ConvertFiles(back).result, kSuccess);
-        text = TempFolder::Read(back.outputPath);
-    }
+        conversion.Set("FCP.ConvertTitleToGraphicAndType");
+    for (int pass = 0; pass < passes; ++pass)
+        text = conversion.ToXmeml(conversion.ToProject(text));
     return text;
 }
 
@@ -112,7 +94,7 @@ std::string GeneratorsOf(const std::string& document)
     return text;
 }
 
-std::size_t CountOf(const std::string& document, std::string_view element)
+std::size_t ElementCount(const std::string& document, std::string_view element)
 {
     return FindAll(ParseElements(document), element).size();
 }
@@ -166,9 +148,9 @@ TEST(GeneratorDialect, GivesTheSameGeneratorBack)
             const std::string document =
                 Converted(DocumentOf(Generator("g", row.effect, row.parameters)), passes, false);
             EXPECT_EQ(GeneratorsOf(document), row.expected) << row.effect;
-            EXPECT_EQ(CountOf(document, "sequence"), 1u) << row.effect;
-            EXPECT_EQ(CountOf(document, "clip"), 1u) << row.effect << ", in the bin";
-            EXPECT_EQ(CountOf(document, "file"), 0u) << row.effect;
+            EXPECT_EQ(ElementCount(document, "sequence"), 1u) << row.effect;
+            EXPECT_EQ(ElementCount(document, "clip"), 1u) << row.effect << ", in the bin";
+            EXPECT_EQ(ElementCount(document, "file"), 0u) << row.effect;
         }
 }
 
@@ -183,8 +165,8 @@ TEST(GeneratorDialect, ItemsOfOneClipShareItsMasterIfTheirTextsAreEqual)
                              Generator("d", "Text", first) + "</track></video></media></clip>";
     for (const int passes : {1, 3}) {
         const std::string document = Converted(DocumentOf(tracks, {}, clip), passes, false);
-        EXPECT_EQ(CountOf(document, "clip"), 2u) << passes;
-        EXPECT_EQ(CountOf(document, "generatoritem"), 5u) << passes;
+        EXPECT_EQ(ElementCount(document, "clip"), 2u) << passes;
+        EXPECT_EQ(ElementCount(document, "generatoritem"), 5u) << passes;
     }
 }
 
@@ -198,7 +180,7 @@ TEST(GeneratorDialect, KeepsTheEffectsOfAMaster)
     const std::string clip = "<clip id=\"m\"><name>Title</name><media><video><track>" + generator +
                              "</track></video></media></clip>";
     for (const int passes : {1, 3})
-        EXPECT_EQ(CountOf(Converted(DocumentOf({}, {}, clip), passes, false), "filter"), 1u);
+        EXPECT_EQ(ElementCount(Converted(DocumentOf({}, {}, clip), passes, false), "filter"), 1u);
 }
 
 TEST(GeneratorDialect, KeepsTheWholeGraphicBesideItsText)
@@ -244,14 +226,14 @@ TEST(GeneratorDialect, ASlugWithAFileIsGeneratedVideo)
             const std::string document = Converted(
                 DocumentOf(item("v", file), item("a", "<file id=\"s\"/>")), passes, false);
             EXPECT_EQ(GeneratorsOf(document), row.expected) << row.name;
-            EXPECT_EQ(CountOf(document, "clipitem"), 0u) << row.name;
-            EXPECT_EQ(CountOf(document, "sequence"), 1u) << row.name;
+            EXPECT_EQ(ElementCount(document, "clipitem"), 0u) << row.name;
+            EXPECT_EQ(ElementCount(document, "sequence"), 1u) << row.name;
         }
     const std::string media = item("v", "<file id=\"s\"><name>A001.mov</name>"
                                         "<mediaSource>Slug</mediaSource><rate>"
                                         "<timebase>25</timebase></rate></file>");
     const std::string document = Converted(DocumentOf(media), 1, false);
-    EXPECT_GT(CountOf(document, "clipitem"), 0u);
+    EXPECT_GT(ElementCount(document, "clipitem"), 0u);
 }
 
 } // namespace

@@ -44,7 +44,9 @@ TEST(DialectRules, HaveOneHome)
     for (const std::span<const DialectRule> rules : {ReadingRules(), WritingRules()})
         for (const DialectRule& rule : rules) {
             EXPECT_TRUE(names.insert(rule.name).second) << rule.name;
-            EXPECT_NE(rule.apply == nullptr, rule.file.empty()) << rule.name;
+            const int homes =
+                (rule.apply != nullptr) + (rule.applyToEffect != nullptr) + !rule.file.empty();
+            EXPECT_EQ(homes, 1) << rule.name;
             if (rule.file.empty())
                 continue;
             std::ifstream file(VELA_SOURCES "/" + std::string(rule.file));

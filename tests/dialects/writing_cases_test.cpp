@@ -7,12 +7,9 @@
 //   %% equal passes=3            "yes" if so many passes give the same lines
 //
 // `one-sequence` chooses the sequence "Cut"; `no-additions` is the option of the tool.
-#include "frame/file_conversion.h"
 #include "support/document_text.h"
 #include "support/golden.h"
-#include "support/temp_folder.h"
-
-#include <gtest/gtest.h>
+#include "support/open_conversion.h"
 
 #include <algorithm>
 #include <map>
@@ -58,26 +55,13 @@ Guid SequenceNamed(const std::string& project, std::string_view name)
 
 std::string Converted(const std::string& document, const Run& run)
 {
-    const TempFolder folder;
-    GoldenPlatform platform;
-    platform.SetDebugEntry("FCP.OpenInterchange", "true");
-    platform.SetReportFolder(folder.Path());
-    const PlatformScope scope(platform);
+    OpenConversion conversion;
     std::string text = document;
     for (int pass = 0; pass < run.passes; ++pass) {
-        ConversionRequest request{.inputPath = folder.Write("in.xml", text),
-                                  .outputPath = folder / "out.vlproj",
-                                  .listsReport = false};
-        SetFormatsByExtension(request);
-        EXPECT_EQ(ConvertFiles(request).result, kSuccess);
-        ConversionRequest back{.inputPath = folder / "out.vlproj",
-                               .outputPath = folder / "out.xml",
-                               .additions = run.additions};
-        SetFormatsByExtension(back);
-        if (run.oneSequence)
-            back.sequenceGuid = SequenceNamed(TempFolder::Read(back.inputPath), "Cut");
-        EXPECT_EQ(ConvertFiles(back).result, kSuccess);
-        text = TempFolder::Read(back.outputPath);
+        const std::string project = conversion.ToProject(text);
+        text = conversion.ToXmeml(
+            project, {.sequenceGuid = run.oneSequence ? SequenceNamed(project, "Cut") : kZeroGuid,
+                      .additions = run.additions});
     }
     return text;
 }

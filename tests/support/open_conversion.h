@@ -10,13 +10,16 @@
 
 #include <sstream>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace XPJ {
 
-class OpenConversionTest : public ::testing::Test {
-protected:
-    OpenConversionTest() { SetOpen(true); }
+class OpenConversion {
+public:
+    OpenConversion() { SetOpen(true); }
 
+    void Set(const std::string& entry) { platform_.SetDebugEntry(entry, "true"); }
     void SetOpen(bool isOpen)
     {
         platform_.SetDebugEntry("FCP.OpenInterchange", isOpen ? "true" : "false");
@@ -26,12 +29,14 @@ protected:
     {
         return Converted({.inputPath = folder_.Write("cut.xml", xmeml)});
     }
-    std::string ToXmeml(const std::string& project)
+    std::string ToXmeml(const std::string& project, ConversionRequest request = {})
     {
-        return Converted({.from = &FormatOf(TreeKind::Project),
-                          .to = &FormatOf(TreeKind::Xmeml),
-                          .inputPath = folder_.Write("cut.vlproj", project)});
+        request.from = &FormatOf(TreeKind::Project);
+        request.to = &FormatOf(TreeKind::Xmeml);
+        request.inputPath = folder_.Write("cut.vlproj", project);
+        return Converted(std::move(request));
     }
+    std::string ThereAndBack(const std::string& project) { return ToProject(ToXmeml(project)); }
 
 private:
     std::string Converted(ConversionRequest request)
@@ -51,6 +56,14 @@ private:
     DefaultPlatform platform_;
     PlatformScope scope_{platform_};
 };
+
+class OpenConversionTest : public ::testing::Test, protected OpenConversion {};
+
+// An element.
+inline std::string In(std::string_view name, std::string_view content)
+{
+    return "<" + std::string(name) + ">" + std::string(content) + "</" + std::string(name) + ">";
+}
 
 inline bool Has(std::string_view text, std::string_view part)
 {
