@@ -1,0 +1,404 @@
+// The page: its state, what changes it, and what follows from a change.
+
+const data = readData();
+
+const state = {
+    cut: data.cuts[0] ?? null,
+    hidden: new Set(), // marks that the filter leaves out
+    text: '', // that a clip or remark has to contain, in small letters
+    group: null, // the open one
+    shownInGroup: LIST_STEP,
+    selected: null, // a clip
+    isFit: true, // the whole cut is as wide as the window
+};
+
+function render() {
+    renderLegend();
+    renderTable();
+    renderDetails();
+    renderTools();
+    scheduleDrawing();
+}
+
+function currentViews() {
+    return state.cut ? state.cut.views.filter(Boolean) : [];
+}
+
+function* clipsOf(cut) {
+    for (const view of cut?.views ?? [])
+        for (const track of view?.tracks ?? [])
+            yield* track.clips;
+}
+
+// What the overview shows.
+function* markedClips() {
+    for (const clip of clipsOf(state.cut))
+        if (clip.mark !== ARRIVED && !clip.isFaint)
+            yield clip;
+}
+
+// Changes
+
+function showCut(cut) {
+    state.cut = cut;
+    state.selected = null;
+    state.isFit = true;
+    layoutTimeline(cut);
+    sizeTimeline();
+    timeline.scroller.scrollTo(0, 0);
+    filter();
+}
+
+// Finds out what passes: clips that don't are faint, groups show only what does.
+function filter() {
+    for (const group of data.groups)
+        countGroup(group, group.remarks.filter(passes));
+    for (const clip of clipsOf(state.cut)) {
+        const isInGroup = !state.group || state.group.clips.has(clip);
+        clip.isFaint = !isInGroup || !clipPasses(clip);
+    }
+    render();
+}
+
+function clipPasses(clip) {
+    if (clip.remarks.length === 0)
+        return !state.hidden.has(ARRIVED) && contains(clip.name);
+    return clip.remarks.some((remark) => !state.hidden.has(remark.mark) &&
+        (contains(clip.name) || passes(remark)));
+}
+
+function passes(remark) {
+    if (state.hidden.has(remark.mark))
+        return false;
+    const {heading, kind, clip, subject, changes, reason, remedy, sequence, track} = remark;
+    return state.text === '' ||
+        [heading, kind, clip, subject, changes, reason, remedy, sequence, track].some(contains);
+}
+
+function contains(text) {
+    return state.text === '' || Boolean(text?.toLowerCase().includes(state.text));
+}
+
+// Opens a group, marks its clips and shows the first of them.
+function toggleGroup(group) {
+    state.group = state.group === group ? null : group;
+    state.shownInGroup = LIST_STEP;
+    const first = state.group?.shown.find((remark) => remark.clips.length > 0);
+    if (first && ![...state.group.clips].some(isInCut))
+        showCut(first.cut);
+    else
+        filter();
+    const clip = first && [...state.group.clips].find(isInCut);
+    if (clip)
+        scrollToClip(clip);
+}
+
+function isInCut(clip) {
+    return currentViews().includes(clip.track.view);
+}
+
+function select(clip) {
+    state.selected = clip;
+    if (clip)
+        scrollToClip(clip);
+    render();
+    announce(clip);
+}
+
+function goToClip(clip) {
+    if (!isInCut(clip))
+        showCut(data.cuts.find(({views}) => views.includes(clip.track.view)));
+    select(clip);
+}
+
+// For screen readers: "V1, A001, 01:00:00:00 to 01:00:04:00, lost: effect Sepia"
+function announce(clip) {
+    const texts = clip ? clip.remarks.slice(0, 3).map(remarkText) : [];
+    if (clip?.remarks.length > 3)
+        texts.push(`and ${clip.remarks.length - 3} more`);
+    if (clip && texts.length === 0)
+        texts.push(MARKS[ARRIVED].word);
+    document.getElementById('live').textContent = clip ? [clipText(clip), ...texts].join(', ') : '';
+}
+
+// Keys of the timeline
+
+const KEYS = {
+    'ArrowRight': () => selectBeside(1),
+    'ArrowLeft': () => selectBeside(-1),
+    'ArrowDown': () => selectOnTrack(1),
+    'ArrowUp': () => selectOnTrack(-1),
+    'Home': () => selectAt(0),
+    'End': () => selectAt(-1),
+    'n': () => selectMarked(1),
+    'p': () => selectMarked(-1),
+    '+': () => zoomTo(timeline.scale * 1.5, anchorOfZoom()),
+    '=': () => zoomTo(timeline.scale * 1.5, anchorOfZoom()),
+    '-': () => zoomTo(timeline.scale / 1.5, anchorOfZoom()),
+    '0': () => zoomTo(fitScale()),
+    'Enter': () => document.getElementById('details-heading').focus(),
+    'Escape': () => select(null),
+};
+
+function onKey(event) {
+    const action = KEYS[event.key];
+    if (!action || event.ctrlKey || event.metaKey || event.altKey)
+        return;
+    event.preventDefault();
+    action();
+}
+
+function tracksWithClips() {
+    return currentViews().flatMap((view) => view.tracks).filter((track) => track.clips.length > 0);
+}
+
+function selectFirst() {
+    const [track] = tracksWithClips();
+    if (track)
+        select(track.clips[0]);
+}
+
+function selectBeside(step) {
+    if (!state.selected)
+        return selectFirst();
+    const {clips} = state.selected.track;
+    const next = clips[clips.indexOf(state.selected) + step];
+    if (next)
+        select(next);
+}
+
+// The clip of the next track that plays at the same time, or the one before it.
+function selectOnTrack(step) {
+    if (!state.selected)
+        return selectFirst();
+    const tracks = tracksWithClips();
+    const {track: from, start} = state.selected;
+    const track = tracks[tracks.indexOf(from) + step];
+    if (!track)
+        return;
+    const seconds = start * from.view.frameSeconds;
+    const after = firstIndex(track.clips,
+        (clip) => clip.start * track.view.frameSeconds <= seconds + 1e-6);
+    select(track.clips[Math.max(after - 1, 0)]);
+}
+
+function selectAt(index) {
+    const track = state.selected?.track ?? tracksWithClips()[0];
+    if (track)
+        select(track.clips.at(index));
+}
+
+// The next clip of the track to which something happened, then of those below.
+function selectMarked(step) {
+    const clips = [...clipsOf(state.cut)];
+    const at = state.selected ? clips.indexOf(state.selected) : step > 0 ? -1 : clips.length;
+    for (let i = at + step; i >= 0 && i < clips.length; i += step)
+        if (clips[i].mark !== ARRIVED && !clips[i].isFaint)
+            return select(clips[i]);
+}
+
+// The selected clip stays where it is, if it can be seen.
+function anchorOfZoom() {
+    const {selected} = state;
+    const x = selected ? xOf(selected.track.view, selected.start) : -1;
+    return x >= timeline.left && x <= timeline.scroller.clientWidth ? x : undefined;
+}
+
+// Head, legend and tools
+
+function renderLegend() {
+    for (const button of document.querySelectorAll('#legend button'))
+        button.setAttribute('aria-pressed', String(!state.hidden.has(Number(button.value))));
+    for (const swatch of document.querySelectorAll('#legend canvas'))
+        drawSwatch(swatch, Number(swatch.dataset.mark));
+}
+
+function drawSwatch(canvas, mark) {
+    const size = {width: 22, height: 14};
+    const context = prepareCanvas(canvas, size);
+    if (mark === ARRIVED) {
+        context.fillStyle = palette.kinds.video.body;
+        context.fillRect(0, 0, size.width, size.height);
+    } else {
+        fillPattern(context, mark, {x: 0, y: 0, ...size});
+    }
+}
+
+// For each mark how often, and on how many clips.
+function buildLegend() {
+    const remarks = MARKS.map(() => 0);
+    const clips = MARKS.map(() => 0);
+    for (const remark of data.remarks)
+        remarks[remark.mark] += remark.count;
+    const mainViews = data.cuts.map(({views}) => ({views: [views[0] ?? views[1]]}));
+    for (const cut of mainViews)
+        for (const clip of clipsOf(cut))
+            if (clip.kind !== TRANSITION)
+                ++clips[clip.mark];
+    for (const mark of data.marks) {
+        const index = MARKS.indexOf(mark);
+        const isArrived = index === ARRIVED;
+        const count = isArrived ? countText(clips[index], 'clip') : remarks[index].toLocaleString('en');
+        const button = element('button', {'type': 'button', 'value': index, 'aria-pressed': 'true'},
+            element('canvas', {'data-mark': index, 'aria-hidden': 'true'}),
+            element('span', {'class': 'sign', 'aria-hidden': 'true'}, mark.sign),
+            element('span', {}, capitalized(mark.word)), element('strong', {}, count));
+        button.addEventListener('click', () => toggleMark(index));
+        document.getElementById('legend').append(button);
+    }
+}
+
+function toggleMark(mark) {
+    if (!state.hidden.delete(mark))
+        state.hidden.add(mark);
+    filter();
+}
+
+function renderTools() {
+    document.getElementById('cut').value = String(data.cuts.indexOf(state.cut));
+    document.getElementById('zoom-out').disabled = state.isFit;
+    document.getElementById('zoom-in').disabled = timeline.scale >= maxScale() * 0.999;
+}
+
+function buildHead() {
+    document.title = `${data.title} \u2013 ${data.account ? 'what arrived' : 'differences'}`;
+    document.getElementById('title').textContent = data.title;
+    const about = document.getElementById('about');
+    const {account} = data;
+    if (!account) {
+        about.append('Comparison of two documents');
+        return;
+    }
+    const files = [account.input, account.output].filter(Boolean);
+    files.forEach((file, index) => about.append(index ? ' \u2192 ' : '', quoted(file, 'path')));
+    const {name = '', version = ''} = account.tool ?? {};
+    const made = [account.result, dateText(account.date), `${name} ${version}`.trim()];
+    about.append(element('br'), made.filter(Boolean).join(' \u00b7 '));
+}
+
+function dateText(date) {
+    const time = new Date(date ?? '');
+    return Number.isNaN(time.getTime()) ? '' :
+        time.toLocaleString('en', {dateStyle: 'long', timeStyle: 'short'});
+}
+
+function buildTools() {
+    const select = document.getElementById('cut');
+    data.cuts.forEach((cut, index) => select.append(element('option', {value: index}, cutText(cut))));
+    select.addEventListener('change', () => showCut(data.cuts[select.value]));
+    document.getElementById('search').addEventListener('input', ({target}) => {
+        state.text = target.value.trim().toLowerCase();
+        filter();
+    });
+    const onClick = (id, action) => document.getElementById(id).addEventListener('click', action);
+    onClick('zoom-in', () => zoom(1.5));
+    onClick('zoom-out', () => zoom(1 / 1.5));
+    onClick('fit', () => zoom(0));
+    onClick('theme', () => showTheme(isDark() ? 'light' : 'dark'));
+}
+
+function zoom(factor) {
+    zoomTo(timeline.scale * factor, anchorOfZoom());
+    renderTools();
+}
+
+// "Cut 1 (120 clips, 3 with remarks)"
+function cutText(cut) {
+    const clips = [...clipsOf({views: [cut.views[0] ?? cut.views[1]]})]
+        .filter((clip) => clip.kind !== TRANSITION);
+    const marked = clips.filter((clip) => clip.mark !== ARRIVED).length;
+    const word = data.account ? 'with remarks' : 'that differ';
+    return `${cut.name || 'Without name'} (${countText(clips.length, 'clip')}` +
+        `${marked ? `, ${marked.toLocaleString('en')} ${word}` : ''})`;
+}
+
+// Theme
+
+const darkSystem = matchMedia('(prefers-color-scheme: dark)');
+
+function isDark() {
+    return document.documentElement.dataset.theme === 'dark';
+}
+
+function showTheme(theme) {
+    document.documentElement.dataset.theme = theme;
+    document.getElementById('theme').textContent = theme === 'dark' ? 'Light' : 'Dark';
+    readPalette();
+    renderLegend();
+    drawTimeline();
+    drawOverview();
+}
+
+// Paper is white.
+function followSystem() {
+    const themeOfSystem = () => darkSystem.matches ? 'dark' : 'light';
+    let themeOfScreen = themeOfSystem();
+    darkSystem.addEventListener('change', () => showTheme(themeOfSystem()));
+    addEventListener('beforeprint', () => {
+        themeOfScreen = document.documentElement.dataset.theme;
+        showTheme('light');
+    });
+    addEventListener('afterprint', () => showTheme(themeOfScreen));
+    showTheme(themeOfSystem());
+}
+
+// Mouse and scrolling
+
+function listenToTimeline() {
+    const {scroller, overview} = timeline;
+    scroller.addEventListener('scroll', scheduleDrawing);
+    scroller.addEventListener('keydown', onKey);
+    scroller.addEventListener('click', (event) => {
+        const box = timeline.canvas.getBoundingClientRect();
+        select(clipAt(event.clientX - box.left, event.clientY - box.top));
+    });
+    scroller.addEventListener('wheel', (event) => {
+        if (!event.ctrlKey)
+            return;
+        event.preventDefault();
+        const x = event.clientX - timeline.canvas.getBoundingClientRect().left;
+        zoomTo(timeline.scale * Math.exp(-event.deltaY / 300), Math.max(x, timeline.left));
+        renderTools();
+    }, {passive: false});
+    const scrollFromOverview = (event) => {
+        if (event.buttons !== 1)
+            return;
+        const box = overview.getBoundingClientRect();
+        const seconds = (event.clientX - box.left) / box.width * timeline.seconds;
+        const room = scroller.clientWidth - timeline.left;
+        scroller.scrollLeft = seconds * timeline.scale - room / 2;
+    };
+    overview.addEventListener('pointerdown', (event) => {
+        overview.setPointerCapture(event.pointerId);
+        scrollFromOverview(event);
+    });
+    overview.addEventListener('pointermove', scrollFromOverview);
+    document.getElementById('details').addEventListener('keydown', (event) => {
+        if (event.key === 'Escape')
+            scroller.focus();
+    });
+    new ResizeObserver(() => {
+        if (!state.cut)
+            return;
+        sizeTimeline();
+        scheduleDrawing();
+    }).observe(scroller);
+}
+
+function start() {
+    buildHead();
+    buildLegend();
+    buildTable(data.groups);
+    buildTools();
+    document.getElementById('cuts').hidden = !state.cut;
+    document.getElementById('details').hidden = !state.cut;
+    readPalette();
+    if (state.cut)
+        showCut(state.cut);
+    else
+        filter();
+    followSystem();
+    listenToTimeline();
+}
+
+start();
