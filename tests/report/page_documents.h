@@ -20,28 +20,29 @@ inline constexpr std::string_view kHostileNames[] = {
     "ill-formed \xFF\xC3 bytes",
 };
 
-// A sequence of 25 frames a second that starts at one hour; tracks get their clips end to end.
-inline Inspection::Sequence EmptySequence(std::string name)
+inline Inspection::Sequence EmptySequence(std::string name,
+                                          Inspection::TimecodeFormat format = {kPalFrameTicks,
+                                                                               false})
 {
-    return {.name = std::move(name),
-            .format = {.ticks = kPalFrameTicks},
-            .start = 3600 * kTicksPerSecond};
+    return {.name = std::move(name), .format = format, .start = 90000 * format.ticks};
 }
 
-inline Inspection::Item ItemAt(std::string name, std::int64_t frame, std::int64_t length)
+inline Inspection::Item ItemAt(std::string name, Ticks start, Ticks end)
 {
     return {.name = std::move(name),
-            .start = frame * kPalFrameTicks,
-            .end = (frame + length) * kPalFrameTicks,
+            .start = start,
+            .end = end,
             .source = Inspection::SourceKind::MediaFile,
             .sourceName = "media.mov"};
 }
 
-// A feature film: the clips lie on ten tracks.
+// A feature film with drop frame: its clips are on ten tracks, with gaps between them.
 inline Inspection::Project LargeProject(std::size_t clipCount)
 {
     constexpr std::size_t kTracks = 10;
-    Inspection::Project project{.name = "Feature", .sequences = {EmptySequence("Reel 1 to 6")}};
+    constexpr Inspection::TimecodeFormat kFormat{kNtscFrameTicks, true};
+    Inspection::Project project{.name = "Feature",
+                                .sequences = {EmptySequence("Reel 1 to 6", kFormat)}};
     std::vector<Inspection::Track>& tracks = project.sequences[0].tracks;
     for (std::size_t t = 0; t < kTracks; ++t) {
         const bool isVideo = t < kTracks / 2;
@@ -49,11 +50,11 @@ inline Inspection::Project LargeProject(std::size_t clipCount)
                           .number = static_cast<int>(isVideo ? t + 1 : t + 1 - kTracks / 2)});
     }
     for (std::size_t i = 0; i < clipCount; ++i) {
-        const std::size_t track = i % kTracks;
-        const auto place = static_cast<std::int64_t>(i / kTracks);
-        const auto length = static_cast<std::int64_t>(20 + (i * 7919) % 60);
-        tracks[track].items.push_back(ItemAt(
-            "A" + std::to_string(100 + i % 400) + "_C" + std::to_string(i), place * 80, length));
+        const auto start = static_cast<Ticks>(i / kTracks * 80);
+        const auto length = static_cast<Ticks>(20 + (i * 7919) % 61);
+        tracks[i % kTracks].items.push_back(
+            ItemAt("A" + std::to_string(100 + i % 400) + "_C" + std::to_string(i),
+                   start * kFormat.ticks, (start + length) * kFormat.ticks));
     }
     return project;
 }

@@ -107,10 +107,10 @@ std::string HostilePage()
 {
     Project project{.sequences = {EmptySequence(std::string(kHostileNames[0]))}};
     Track track;
-    std::int64_t frame = 0;
+    Ticks start = 0;
     for (const std::string_view name : kHostileNames) {
-        track.items.push_back(ItemAt(std::string(name), frame, 100));
-        frame += 100;
+        track.items.push_back(ItemAt(std::string(name), start, start + 4 * kTicksPerSecond));
+        start += 4 * kTicksPerSecond;
     }
     project.sequences[0].tracks = {track};
     Json account = AccountOf(project, [](std::size_t) { return true; });
@@ -134,7 +134,10 @@ std::string LargePage()
 
 std::string ComparisonPage()
 {
-    const Project first = Sample("film.xml");
+    Project first = Sample("film.xml");
+    for (Track& track : first.sequences[0].tracks)
+        for (Item& item : track.items)
+            item.link = kNothing;
     Project second = first;
     std::vector<Track>& tracks = second.sequences[0].tracks;
     std::vector<Item>& items = tracks[0].items;
@@ -143,7 +146,7 @@ std::string ComparisonPage()
     items[2].name += " v2";
     items[4].start += 12 * frame;
     items[4].end += 12 * frame;
-    items[7].speed = 0.5;
+    items[5].speed = 0.5;
     Item added = items.back();
     added.name = "New last shot";
     added.start = items.back().end + 20 * frame;

@@ -7,8 +7,8 @@
 // What can become of a clip, worst first; the last is for all without a remark.
 const MARKS = [
     {id: 'lost', word: 'lost', sign: '\u2715'},
-    {id: 'changed', word: 'changed', sign: '\u2260'},
     {id: 'moved', word: 'moved', sign: '\u2192'},
+    {id: 'changed', word: 'changed', sign: '\u2260'},
     {id: 'skipped', word: 'skipped', sign: '\u2013'},
     {id: 'assumed', word: 'assumed', sign: '?'},
     {id: 'added', word: 'added', sign: '+'},
@@ -16,7 +16,7 @@ const MARKS = [
 ];
 const ARRIVED = MARKS.length - 1;
 const MARKS_OF_ACCOUNT = ['lost', 'changed', 'skipped', 'assumed', 'arrived'];
-const MARKS_OF_COMPARISON = ['lost', 'changed', 'moved', 'added', 'arrived'];
+const MARKS_OF_COMPARISON = ['lost', 'moved', 'changed', 'added', 'arrived'];
 
 // By the numbers that the timelines have for them.
 const CLIP_KINDS = ['clip', 'clip', 'nested sequence', 'multiclip', 'generator', 'title'];
@@ -194,6 +194,7 @@ function remarksOfAccount(account) {
     return account.items.map((item) => ({
         ...item,
         mark: markOf(item.outcome),
+        markOfClip: markOf(item.outcome),
         count: item.count ?? 1,
         topic: item.kind.split('.')[0],
         heading: capitalized(item.kind.replace('.', ': ').replaceAll(/[._]/g, ' ')),
@@ -213,6 +214,8 @@ function remarksOfDifferences(rows, texts) {
         return {
             kind: `${subject} ${property || change}`,
             mark: markOf(change),
+            // A clip that has lost an effect is one that has changed.
+            markOfClip: markOf(isWhole || change === 'moved' ? change : 'changed'),
             count: 1,
             topic: isWhole ? subject : property,
             heading: capitalized(isWhole ? `${subject}s ${change}` : `${subject}: ${property}`),
@@ -284,7 +287,7 @@ function placeRemark(remark, view, place) {
         return;
     }
     clip.remarks.push(remark);
-    clip.mark = Math.min(clip.mark, remark.mark);
+    clip.mark = Math.min(clip.mark, remark.markOfClip);
     remark.clips.push(clip);
 }
 
@@ -351,6 +354,12 @@ function placeText(remark) {
     return places.filter(Boolean).join(', ') || OF_DOCUMENT;
 }
 
+const numberFormat = new Intl.NumberFormat('en');
+
+function numberText(number) {
+    return numberFormat.format(number);
+}
+
 function countText(count, word) {
-    return `${count.toLocaleString('en')} ${word}${count === 1 ? '' : 's'}`;
+    return `${numberText(count)} ${word}${count === 1 ? '' : 's'}`;
 }

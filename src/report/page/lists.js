@@ -34,15 +34,15 @@ function buildTable(groups) {
             group.heading);
         group.button.addEventListener('click', () => toggleGroup(group));
         group.cells = {
-            count: element('td', {class: 'number'}),
-            clips: element('td', {class: 'number'}),
+            count: element('td', {'class': 'number', 'data-label': 'Count'}),
+            clips: element('td', {'class': 'number', 'data-label': 'Clips'}),
             places: element('td', {class: 'places'}),
         };
         group.row = element('tr', {class: 'summary'},
             element('td', {}, badge(group.mark)),
             element('th', {scope: 'row'}, group.button, subjectsOf(group)),
             group.cells.count, group.cells.clips, group.cells.places,
-            adviceCell(group.remarks[0]));
+            data.account ? adviceCell(group.remarks[0]) : changesCell(group.remarks));
         group.list = element('td', {colspan: '6'});
         group.listRow = element('tr', {class: 'list', hidden: ''}, group.list);
         body.append(group.row, group.listRow);
@@ -56,6 +56,12 @@ function adviceCell({reason = '', remedy = ''}) {
     if (remedy)
         cell.append(element('p', {class: 'remedy'}, remedy));
     return cell;
+}
+
+function changesCell(remarks) {
+    const changes = remarks.slice(0, FIRST_PLACES).map((remark) => remark.changes);
+    return element('td', {class: 'advice'},
+        ...changes.filter(Boolean).map((text) => element('div', {}, quoted(text))));
 }
 
 // "Sepia (12), Blur (3)": what it happened to, the most frequent first.
@@ -82,8 +88,8 @@ function renderTable() {
         group.button.setAttribute('aria-expanded', String(isOpen));
         group.row.classList.toggle('open', isOpen);
         group.listRow.hidden = !isOpen;
-        group.cells.count.textContent = group.count.toLocaleString('en');
-        group.cells.clips.textContent = group.clipCount ? group.clipCount.toLocaleString('en') : '\u2013';
+        group.cells.count.textContent = numberText(group.count);
+        group.cells.clips.textContent = group.clipCount ? numberText(group.clipCount) : '\u2013';
         group.cells.places.replaceChildren(...firstPlaces(group));
         group.list.replaceChildren(...(isOpen ? listOf(group) : []));
     }
@@ -112,7 +118,7 @@ function listOf(group) {
     if (rest <= 0)
         return [list];
     const more = element('button', {type: 'button', class: 'more'},
-        `Show ${Math.min(rest, LIST_STEP)} of ${rest.toLocaleString('en')} more`);
+        `Show ${Math.min(rest, LIST_STEP)} of ${numberText(rest)} more`);
     more.addEventListener('click', () => showMore(group));
     return [list, more];
 }
@@ -141,7 +147,7 @@ function remarkLine(remark, typical) {
         if (text)
             line.append(' ', quoted(text));
     if (remark.count > 1)
-        line.append(` \u00d7 ${remark.count.toLocaleString('en')}`);
+        line.append(` \u00d7 ${numberText(remark.count)}`);
     for (const key of ['reason', 'remedy'])
         if (remark[key] && remark[key] !== typical[key])
             line.append(' ', element('span', {class: key}, remark[key]));

@@ -16,7 +16,7 @@ namespace XPJ {
 
 // Texts are UTF-8; what is ill-formed is replaced.
 struct PageInput {
-    std::string title;                           // "interview.xml"
+    std::string title = {};                      // "interview.xml"
     std::string accountJson = {};                // empty for a comparison without conversion
     const Inspection::Project* first = nullptr;  // timelines of what was read
     const Inspection::Project* second = nullptr; // the other document of a comparison

@@ -238,7 +238,7 @@ function buildLegend() {
     for (const mark of data.marks) {
         const index = MARKS.indexOf(mark);
         const isArrived = index === ARRIVED;
-        const count = isArrived ? countText(clips[index], 'clip') : remarks[index].toLocaleString('en');
+        const count = isArrived ? countText(clips[index], 'clip') : numberText(remarks[index]);
         const button = element('button', {'type': 'button', 'value': index, 'aria-pressed': 'true'},
             element('canvas', {'data-mark': index, 'aria-hidden': 'true'}),
             element('span', {'class': 'sign', 'aria-hidden': 'true'}, mark.sign),
@@ -267,6 +267,7 @@ function buildHead() {
     const {account} = data;
     if (!account) {
         about.append('Comparison of two documents');
+        document.getElementById('advice').textContent = 'Before and after';
         return;
     }
     const files = [account.input, account.output].filter(Boolean);
@@ -309,7 +310,7 @@ function cutText(cut) {
     const marked = clips.filter((clip) => clip.mark !== ARRIVED).length;
     const word = data.account ? 'with remarks' : 'that differ';
     return `${cut.name || 'Without name'} (${countText(clips.length, 'clip')}` +
-        `${marked ? `, ${marked.toLocaleString('en')} ${word}` : ''})`;
+        `${marked ? `, ${numberText(marked)} ${word}` : ''})`;
 }
 
 // Theme
@@ -325,8 +326,7 @@ function showTheme(theme) {
     document.getElementById('theme').textContent = theme === 'dark' ? 'Light' : 'Dark';
     readPalette();
     renderLegend();
-    drawTimeline();
-    drawOverview();
+    scheduleDrawing();
 }
 
 // Paper is white.
@@ -337,6 +337,7 @@ function followSystem() {
     addEventListener('beforeprint', () => {
         themeOfScreen = document.documentElement.dataset.theme;
         showTheme('light');
+        drawTimeline();
     });
     addEventListener('afterprint', () => showTheme(themeOfScreen));
     showTheme(themeOfSystem());
@@ -377,7 +378,9 @@ function listenToTimeline() {
         if (event.key === 'Escape')
             scroller.focus();
     });
+    const {parentElement: section} = scroller;
     new ResizeObserver(() => {
+        document.documentElement.style.setProperty('--cuts', `${section.offsetHeight}px`);
         if (!state.cut)
             return;
         sizeTimeline();
@@ -392,12 +395,11 @@ function start() {
     buildTools();
     document.getElementById('cuts').hidden = !state.cut;
     document.getElementById('details').hidden = !state.cut;
-    readPalette();
+    followSystem();
     if (state.cut)
         showCut(state.cut);
     else
         filter();
-    followSystem();
     listenToTimeline();
 }
 

@@ -52,7 +52,8 @@ function layoutTimeline(cut) {
 
 function captionOf(view, index) {
     const place = index === 0 ? 'First' : 'Second';
-    return view ? `${place}: ${view.name}` : `${place}: does not have this sequence`;
+    const name = view ? view.name : 'does not have this sequence';
+    return `${place}: ${[data.projects[index].name, name].filter(Boolean).join(' \u2013 ')}`;
 }
 
 function sizeTimeline() {
@@ -148,6 +149,8 @@ function scheduleDrawing() {
 function drawTimeline() {
     const {scroller, canvas, rows} = timeline;
     const area = {width: scroller.clientWidth, height: scroller.clientHeight};
+    canvas.style.width = `${area.width}px`;
+    canvas.style.height = `${area.height}px`;
     const context = prepareCanvas(canvas, area);
     context.font = `12px ${palette.font}`;
     context.textBaseline = 'middle';
@@ -168,8 +171,6 @@ function prepareCanvas(canvas, {width, height}) {
     const density = window.devicePixelRatio || 1;
     canvas.width = Math.round(width * density);
     canvas.height = Math.round(height * density);
-    canvas.style.width = `${width}px`;
-    canvas.style.height = `${height}px`;
     const context = canvas.getContext('2d');
     context.setTransform(density, 0, 0, density, 0, 0);
     return context;
@@ -214,11 +215,13 @@ function xOf(view, frame) {
 
 function drawClips(context, track, row) {
     const visible = clipsBetween(track, secondsAt(timeline.left), secondsAt(row.width));
+    const origin = xOf(track.view, 0);
+    const frameWidth = track.view.frameSeconds * timeline.scale;
     const wide = [];
     const columns = new Map(); // the most important clip by x
     for (const clip of visible) {
-        const x = xOf(track.view, clip.start);
-        const width = xOf(track.view, clip.end) - x;
+        const x = origin + clip.start * frameWidth;
+        const width = (clip.end - clip.start) * frameWidth;
         if (width >= MIN_CLIP_WIDTH) {
             wide.push({clip, x, width});
             continue;
@@ -232,16 +235,34 @@ function drawClips(context, track, row) {
     for (const entry of wide)
         if (entry.clip.kind !== TRANSITION)
             drawClip(context, {...entry, ...nameRange(entry, transitions)}, row);
-    for (const [x, clip] of columns) {
-        context.globalAlpha = clip.isFaint ? palette.faint : 1;
-        context.fillStyle = clip === state.selected ? palette.accent : colorOf(clip).strong;
-        context.fillRect(x, row.y, 1.5, row.height);
-    }
+    drawColumns(context, columns, row);
     for (const entry of transitions)
         drawTransition(context, entry, row);
     context.globalAlpha = 1;
     if (state.selected?.track === track)
         drawSelection(context, track, row);
+}
+
+// Columns that look alike and are side by side are drawn as one.
+function drawColumns(context, columns, {y, height}) {
+    let run = null;
+    const drawRun = () => {
+        if (!run)
+            return;
+        context.globalAlpha = run.alpha;
+        context.fillStyle = run.color;
+        context.fillRect(run.x, y, run.end - run.x + 0.5, height);
+    };
+    for (const [x, clip] of columns) {
+        const alpha = clip.isFaint ? palette.faint : clip.mark === ARRIVED ? 0.6 : 1;
+        const color = clip === state.selected ? palette.accent : colorOf(clip).strong;
+        if (run?.end !== x || run.alpha !== alpha || run.color !== color) {
+            drawRun();
+            run = {x, alpha, color};
+        }
+        run.end = x + 1;
+    }
+    drawRun();
 }
 
 // The name of a clip is between the transitions at its edges.
@@ -341,7 +362,7 @@ function drawTrackHead(context, track, {y, height}) {
     const width = timeline.left - TRACK_GAP;
     context.fillStyle = palette.panel;
     context.fillRect(0, y, width, height);
-    const mark = Math.min(ARRIVED, ...track.remarks.map((remark) => remark.mark));
+    const mark = track.remarks.reduce((worst, remark) => Math.min(worst, remark.mark), ARRIVED);
     if (mark !== ARRIVED)
         fillPattern(context, mark, {x: 0, y, width: 5, height});
     context.fillStyle = track.enabled ? palette.ink : palette.muted;
