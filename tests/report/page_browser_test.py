@@ -131,6 +131,7 @@ class PageTest(unittest.TestCase):
         tab.key("Enter")
         self.assertEqual(tab.value("document.activeElement.id"), "details-heading")
         self.assertEqual(tab.value("document.querySelectorAll('.happened > li').length"), 1)
+        tab.screenshot(folder / "report-selected.png")
         tab.key("Escape")
         self.assertEqual(tab.value("document.activeElement.id"), "timeline")
         tab.key("Tab")
@@ -159,7 +160,9 @@ class PageTest(unittest.TestCase):
         lines = "document.querySelectorAll('.remarks > li').length"
         self.assertEqual(tab.value(lines), min(clips, 200))
         tab.screenshot(folder / "large-group.png")
+        tab.value("document.querySelector('ol.remarks').scrollIntoView()")
         tab.click("ol.remarks button.place")
+        tab.key("+")
         self.assertEqual(tab.value("state.selected === [...state.group.clips][0]"), True)
         tab.click("button.group")
         self.assertEqual(tab.value(lines), 0)
@@ -260,7 +263,7 @@ CONTRASTS = """(() => {
     const marks = MARKS.map(({id}) => id);
     const bodies = ['video', 'audio', 'title', 'generator', 'nested', ...marks.map((id) => `${id}-body`)];
     const pairs = [['ink', 'page'], ['ink', 'panel'], ['ink', 'hover'], ['muted', 'page'],
-        ['muted', 'panel'], ['accent', 'panel'], ['accent', 'hover'],
+        ['muted', 'panel'], ['muted', 'hover'], ['accent', 'panel'], ['accent', 'hover'],
         ...bodies.map((body) => ['ink', body]),
         ...marks.filter((id) => id !== 'arrived').map((id) => [id, `${id}-body`])];
     return pairs.map(([text, ground]) => {

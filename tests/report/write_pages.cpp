@@ -70,7 +70,7 @@ Json AccountOf(const Project& project, IsHit isHit)
                     json["clip"] = item.name;
                     items.push_back(std::move(json));
                 }
-    return {{"tool", {{"name", "xpjconvert"}, {"version", "0.1.0"}}},
+    return {{"tool", "xpjconvert 0.1.0"},
             {"date", "2026-11-22T13:00:00Z"},
             {"input", "/media/edit/night ferry.xml"},
             {"output", "/media/edit/night ferry.vlproj"},

@@ -171,21 +171,41 @@ function pairSequences(projects, remarks) {
     return [...cuts, ...rest.map((sequence) => ({name: sequence.name, views: [null, sequence]}))];
 }
 
-// "01:00:04:00"; with drop frame two numbers, or four, are skipped each minute but each tenth.
-function timecode(view, frame) {
-    const count = view.start + frame;
-    const dropped = view.drop && view.base % 30 === 0 ? view.base / 15 : 0;
+// Timecodes. With drop frame the numbers 0 and 1 of each minute but each tenth are skipped, at 60
+// frames a second 0 to 3: the number of a frame is then ahead of the count of frames.
+
+function droppedNumbers({base, drop}) {
+    return drop && base % 30 === 0 ? base / 15 : 0;
+}
+
+function numberOfFrame(view, frame) {
+    const dropped = droppedNumbers(view);
     const minute = view.base * 60 - dropped;
     const tenMinutes = minute * 10 + dropped;
-    let number = Math.abs(count);
-    const tens = Math.floor(number / tenMinutes);
-    const minutes = Math.max(0, Math.floor((number % tenMinutes - dropped) / minute));
-    number += dropped * (9 * tens + minutes);
-    const seconds = Math.floor(number / view.base);
+    const count = Math.abs(view.start + frame);
+    const tens = Math.floor(count / tenMinutes);
+    const minutes = Math.max(0, Math.floor((count % tenMinutes - dropped) / minute));
+    return (count + dropped * (9 * tens + minutes)) * (view.start + frame < 0 ? -1 : 1);
+}
+
+// That of the next one for a number that is skipped.
+function frameOfNumber(view, number) {
+    const minutes = Math.floor(number / (view.base * 60));
+    const skipped = droppedNumbers(view) * (minutes - Math.floor(minutes / 10));
+    const isSkipped = minutes % 10 !== 0 && number % (view.base * 60) < droppedNumbers(view);
+    const next = isSkipped ? minutes * view.base * 60 + droppedNumbers(view) : number;
+    return next - skipped - view.start;
+}
+
+// "01:00:04:00"
+function timecode(view, frame) {
+    const number = numberOfFrame(view, frame);
+    const seconds = Math.floor(Math.abs(number) / view.base);
     const parts = [Math.floor(seconds / 3600), Math.floor(seconds / 60) % 60, seconds % 60,
-        number % view.base];
-    const text = parts.map((part) => String(part).padStart(2, '0')).join(dropped ? ';' : ':');
-    return count < 0 ? `-${text}` : text;
+        Math.abs(number) % view.base];
+    const mark = droppedNumbers(view) > 0 ? ';' : ':';
+    const text = parts.map((part) => String(part).padStart(2, '0')).join(mark);
+    return number < 0 ? `-${text}` : text;
 }
 
 // Remarks
@@ -197,7 +217,7 @@ function remarksOfAccount(account) {
         markOfClip: markOf(item.outcome),
         count: item.count ?? 1,
         topic: item.kind.split('.')[0],
-        heading: capitalized(item.kind.replace('.', ': ').replaceAll(/[._]/g, ' ')),
+        heading: capitalized(item.kind.replace('.', ': ').replaceAll(/[._-]/g, ' ')),
         changes: '',
         isInFirst: true,
         isInSecond: false,
@@ -341,16 +361,28 @@ function rangeText(clip) {
     return `${timecode(view, clip.start)} to ${timecode(view, clip.end)}`;
 }
 
+// "V1, A001, 01:00:00:00 to 01:00:04:00, lost: effect Sepia"
+function summaryOf(clip) {
+    const texts = clip.remarks.slice(0, 3).map(remarkText);
+    if (clip.remarks.length > 3)
+        texts.push(`and ${clip.remarks.length - 3} more`);
+    if (texts.length === 0)
+        texts.push(MARKS[ARRIVED].word);
+    return [clipText(clip), ...texts].join(', ');
+}
+
 // "V1, A001, 01:00:00:00 to 01:00:04:00"
 function clipText(clip) {
     const name = clip.kind === 'clip' ? clip.name : `${clip.kind} ${clip.name}`;
     return `${clip.track.id}, ${name || 'without name'}, ${rangeText(clip)}`;
 }
 
-// "Cut 1, V1, A001, 01:00:00:00 to 01:00:04:00", as far as the remark has them
+// "Cut 1, V1, A001, 01:00:00:00 to 01:00:04:00", as far as the remark has them; the sequence only
+// where there are several.
 function placeText(remark) {
+    const sequence = remark.track && data.cuts.length === 1 ? '' : remark.sequence;
     const time = [remark.start, remark.end].filter(Boolean).join(' to ');
-    const places = [remark.sequence, remark.track, remark.clip, time];
+    const places = [sequence, remark.track, remark.clip, time];
     return places.filter(Boolean).join(', ') || OF_DOCUMENT;
 }
 

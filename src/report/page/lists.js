@@ -42,26 +42,33 @@ function buildTable(groups) {
             element('td', {}, badge(group.mark)),
             element('th', {scope: 'row'}, group.button, subjectsOf(group)),
             group.cells.count, group.cells.clips, group.cells.places,
-            data.account ? adviceCell(group.remarks[0]) : changesCell(group.remarks));
+            data.account ? adviceCell(group) : changesCell(group.remarks));
         group.list = element('td', {colspan: '6'});
         group.listRow = element('tr', {class: 'list', hidden: ''}, group.list);
         body.append(group.row, group.listRow);
     }
 }
 
-function adviceCell({reason = '', remedy = ''}) {
+// The reasons of a kind may name what they are about.
+function adviceCell(group) {
+    const texts = (key) => [...new Set(group.remarks.map((remark) => remark[key] ?? ''))].filter(Boolean);
     const cell = element('td', {class: 'advice'});
-    if (reason)
-        cell.append(element('p', {}, reason));
-    if (remedy)
-        cell.append(element('p', {class: 'remedy'}, remedy));
+    for (const key of ['reason', 'remedy'])
+        for (const text of withRest(texts(key)))
+            cell.append(element('p', {class: key}, text));
     return cell;
 }
 
+// The first texts of a list, and how many more there are.
+function withRest(texts) {
+    const rest = texts.length - FIRST_PLACES;
+    return rest > 0 ? [...texts.slice(0, FIRST_PLACES), `and ${numberText(rest)} more`] : texts;
+}
+
 function changesCell(remarks) {
-    const changes = remarks.slice(0, FIRST_PLACES).map((remark) => remark.changes);
+    const changes = remarks.map((remark) => remark.changes).filter(Boolean);
     return element('td', {class: 'advice'},
-        ...changes.filter(Boolean).map((text) => element('div', {}, quoted(text))));
+        ...withRest(changes).map((text) => element('div', {}, quoted(text))));
 }
 
 // "Sepia (12), Blur (3)": what it happened to, the most frequent first.
@@ -132,7 +139,7 @@ function showMore(group) {
     line.focus();
 }
 
-// Reason and remedy only where they are not those of the group.
+// Reason and remedy only where they are not those of the first of the group.
 function remarkLine(remark, typical) {
     const line = element('li');
     const [clip] = remark.clips;

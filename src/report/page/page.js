@@ -43,7 +43,6 @@ function showCut(cut) {
     state.cut = cut;
     state.selected = null;
     state.isFit = true;
-    layoutTimeline(cut);
     sizeTimeline();
     timeline.scroller.scrollTo(0, 0);
     filter();
@@ -102,23 +101,13 @@ function select(clip) {
     if (clip)
         scrollToClip(clip);
     render();
-    announce(clip);
+    document.getElementById('live').textContent = clip ? summaryOf(clip) : '';
 }
 
 function goToClip(clip) {
     if (!isInCut(clip))
         showCut(data.cuts.find(({views}) => views.includes(clip.track.view)));
     select(clip);
-}
-
-// For screen readers: "V1, A001, 01:00:00:00 to 01:00:04:00, lost: effect Sepia"
-function announce(clip) {
-    const texts = clip ? clip.remarks.slice(0, 3).map(remarkText) : [];
-    if (clip?.remarks.length > 3)
-        texts.push(`and ${clip.remarks.length - 3} more`);
-    if (clip && texts.length === 0)
-        texts.push(MARKS[ARRIVED].word);
-    document.getElementById('live').textContent = clip ? [clipText(clip), ...texts].join(', ') : '';
 }
 
 // Keys of the timeline
@@ -272,9 +261,9 @@ function buildHead() {
     }
     const files = [account.input, account.output].filter(Boolean);
     files.forEach((file, index) => about.append(index ? ' \u2192 ' : '', quoted(file, 'path')));
-    const {name = '', version = ''} = account.tool ?? {};
-    const made = [account.result, dateText(account.date), `${name} ${version}`.trim()];
-    about.append(element('br'), made.filter(Boolean).join(' \u00b7 '));
+    const tool = [account.tool?.name ?? account.tool, account.tool?.version];
+    const made = [account.result, dateText(account.date), tool.filter(Boolean).join(' ')];
+    about.append(element('div', {}, made.filter(Boolean).join(' \u00b7 ')));
 }
 
 function dateText(date) {
@@ -345,13 +334,19 @@ function followSystem() {
 
 // Mouse and scrolling
 
+function clipUnder({clientX, clientY}) {
+    const box = timeline.canvas.getBoundingClientRect();
+    return clipAt(clientX - box.left, clientY - box.top);
+}
+
 function listenToTimeline() {
     const {scroller, overview} = timeline;
     scroller.addEventListener('scroll', scheduleDrawing);
     scroller.addEventListener('keydown', onKey);
-    scroller.addEventListener('click', (event) => {
-        const box = timeline.canvas.getBoundingClientRect();
-        select(clipAt(event.clientX - box.left, event.clientY - box.top));
+    scroller.addEventListener('click', (event) => select(clipUnder(event)));
+    scroller.addEventListener('pointermove', (event) => {
+        const clip = clipUnder(event);
+        scroller.title = clip ? summaryOf(clip) : '';
     });
     scroller.addEventListener('wheel', (event) => {
         if (!event.ctrlKey)
@@ -378,14 +373,14 @@ function listenToTimeline() {
         if (event.key === 'Escape')
             scroller.focus();
     });
-    const {parentElement: section} = scroller;
-    new ResizeObserver(() => {
-        document.documentElement.style.setProperty('--cuts', `${section.offsetHeight}px`);
+    const resize = () => {
         if (!state.cut)
             return;
         sizeTimeline();
         scheduleDrawing();
-    }).observe(scroller);
+    };
+    new ResizeObserver(resize).observe(scroller);
+    addEventListener('resize', resize);
 }
 
 function start() {
@@ -393,6 +388,7 @@ function start() {
     buildLegend();
     buildTable(data.groups);
     buildTools();
+    document.getElementById('tools').hidden = !state.cut && data.remarks.length === 0;
     document.getElementById('cuts').hidden = !state.cut;
     document.getElementById('details').hidden = !state.cut;
     followSystem();

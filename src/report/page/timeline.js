@@ -5,6 +5,8 @@ const RULER_HEIGHT = 26;
 const CAPTION_HEIGHT = 24;
 const TRACK_GAP = 2;
 const SECTION_GAP = 8;
+const SCROLLBAR_HEIGHT = 18;
+const VISIBLE_PART = 0.4; // of the window, as in the style sheet
 const MIN_NAMED_WIDTH = 22; // of what is free for the name of a clip
 const MIN_CLIP_WIDTH = 3; // below it clips become columns of one pixel
 const MAX_WIDTH = 12e6; // browsers limit the size of what scrolls
@@ -27,8 +29,7 @@ const timeline = {
 // Layout
 
 function layoutTimeline(cut) {
-    const trackCount = cut.views.reduce((sum, view) => sum + (view?.tracks.length ?? 0), 0);
-    const trackHeight = trackCount > 24 ? 20 : trackCount > 10 ? 28 : 38;
+    const trackHeight = trackHeightOf(cut);
     timeline.rows = [];
     let y = RULER_HEIGHT + TRACK_GAP;
     const add = (row) => {
@@ -50,6 +51,15 @@ function layoutTimeline(cut) {
     timeline.seconds = Math.max(...cut.views.map((view) => view ? view.length * view.frameSeconds : 0));
 }
 
+// Tracks are as high as lets all of them be seen, within limits.
+function trackHeightOf({views}) {
+    const count = views.reduce((sum, view) => sum + (view?.tracks.length ?? 0), 0);
+    const captions = data.isComparison ? views.length * (CAPTION_HEIGHT + TRACK_GAP) : 0;
+    const others = RULER_HEIGHT + captions + views.length * SECTION_GAP + SCROLLBAR_HEIGHT;
+    const room = window.innerHeight * VISIBLE_PART - others;
+    return Math.min(Math.max(Math.floor(room / count) - TRACK_GAP, 17), 38);
+}
+
 function captionOf(view, index) {
     const place = index === 0 ? 'First' : 'Second';
     const name = view ? view.name : 'does not have this sequence';
@@ -57,9 +67,12 @@ function captionOf(view, index) {
 }
 
 function sizeTimeline() {
+    layoutTimeline(state.cut);
     timeline.left = timeline.scroller.clientWidth < 560 ? 44 : 110;
-    timeline.scroller.parentElement.style.setProperty('--height', `${timeline.height}px`);
-    timeline.scroller.parentElement.style.setProperty('--left', `${timeline.left}px`);
+    const section = timeline.scroller.parentElement;
+    section.style.setProperty('--height', `${timeline.height + SCROLLBAR_HEIGHT}px`);
+    section.style.setProperty('--left', `${timeline.left}px`);
+    document.documentElement.style.setProperty('--cuts', `${section.offsetHeight}px`);
     timeline.scale = Math.min(Math.max(timeline.scale, fitScale()), maxScale());
     if (state.isFit)
         timeline.scale = fitScale();
@@ -386,19 +399,20 @@ function drawRuler(context, {width, height}) {
     if (!view)
         return;
     const step = rulerStep(view);
-    const first = Math.floor(secondsAt(timeline.left) / view.frameSeconds / step) * step;
+    const first = Math.floor(secondsAt(timeline.left) / view.frameSeconds);
+    const last = secondsAt(width) / view.frameSeconds;
     context.font = `11px ${palette.font}`;
-    for (let frame = Math.max(first, 0); xOf(view, frame) < width; frame += step) {
-        const x = Math.round(xOf(view, frame)) + 0.5;
+    let number = Math.ceil(numberOfFrame(view, first) / step) * step;
+    for (let frame; (frame = frameOfNumber(view, number)) < last; number += step) {
+        const x = Math.round(xOf(view, frame));
         if (x < timeline.left)
             continue;
         context.fillStyle = palette.muted;
         context.fillText(timecode(view, frame), x + 4, RULER_HEIGHT / 2);
-        context.fillRect(x - 0.5, RULER_HEIGHT - 8, 1, 8);
+        context.fillRect(x, RULER_HEIGHT - 8, 1, 8);
         context.fillStyle = palette.grid;
-        context.fillRect(x - 0.5, RULER_HEIGHT, 1, height);
+        context.fillRect(x, RULER_HEIGHT, 1, height);
     }
-    context.clearRect(0, 0, timeline.left, RULER_HEIGHT);
 }
 
 function rulerStep(view) {
