@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <vector>
 
 #include <utf8.h>
 
@@ -70,7 +71,11 @@ std::string PageText(const PageInput& input)
     const std::size_t place = asset.find(kDataPlace);
 
     const std::string account = input.accountJson.empty() ? "null" : WellFormed(input.accountJson);
-    const std::string timelines = PageTimelinesJson(input);
+    std::vector<const Inspection::Project*> projects;
+    for (const Inspection::Project* project : {input.first, input.second})
+        if (project)
+            projects.push_back(project);
+    const std::string timelines = PageTimelinesJson(input.title, projects, input.differences);
     std::string page;
     page.reserve(asset.size() + account.size() + timelines.size() + 1024);
     page += asset.substr(0, place);

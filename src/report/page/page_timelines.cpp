@@ -65,20 +65,20 @@ private:
 
 class TimelinesBuilder {
 public:
-    Json Build(const PageInput& input)
+    Json Build(std::string_view title, std::span<const Project* const> projects,
+               std::span<const Difference> differences)
     {
         texts_.IndexOf("");
-        Json projects = Json::array();
-        for (const Project* project : {input.first, input.second})
-            if (project)
-                projects.push_back(ProjectJson(*project));
-        Json differences = Json::array();
-        for (const Difference& difference : input.differences)
-            differences.push_back(DifferenceJson(difference));
-        return {{"title", input.title},
+        Json projectList = Json::array();
+        for (const Project* project : projects)
+            projectList.push_back(ProjectJson(*project));
+        Json differenceList = Json::array();
+        for (const Difference& difference : differences)
+            differenceList.push_back(DifferenceJson(difference));
+        return {{"title", title},
                 {"texts", texts_.Take()},
-                {"projects", std::move(projects)},
-                {"differences", std::move(differences)}};
+                {"projects", std::move(projectList)},
+                {"differences", std::move(differenceList)}};
     }
 
 private:
@@ -150,9 +150,13 @@ private:
 
 } // namespace
 
-std::string PageTimelinesJson(const PageInput& input)
+std::string PageTimelinesJson(std::string_view title,
+                              std::span<const Inspection::Project* const> projects,
+                              std::span<const Inspection::Difference> differences)
 {
-    return TimelinesBuilder().Build(input).dump(-1, ' ', false, Json::error_handler_t::replace);
+    return TimelinesBuilder()
+        .Build(title, projects, differences)
+        .dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
 } // namespace XPJ

@@ -18,12 +18,18 @@
 // off. All of a difference but the frame are texts.
 #pragma once
 
-#include "report/page/page.h"
+#include "inspect/difference.h"
+#include "inspect/timeline.h"
 
+#include <span>
 #include <string>
+#include <string_view>
 
 namespace XPJ {
 
-std::string PageTimelinesJson(const PageInput& input);
+// No project may be null.
+std::string PageTimelinesJson(std::string_view title,
+                              std::span<const Inspection::Project* const> projects,
+                              std::span<const Inspection::Difference> differences);
 
 } // namespace XPJ
