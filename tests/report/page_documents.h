@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace XPJ {
 
@@ -20,9 +22,8 @@ inline constexpr std::string_view kHostileNames[] = {
     "ill-formed \xFF\xC3 bytes",
 };
 
-inline Inspection::Sequence EmptySequence(std::string name,
-                                          Inspection::TimecodeFormat format = {kPalFrameTicks,
-                                                                               false})
+inline Inspection::Sequence EmptySequence(std::string name, Inspection::TimecodeFormat format = {
+                                                                kPalFrameTicks, false})
 {
     return {.name = std::move(name), .format = format, .start = 90000 * format.ticks};
 }

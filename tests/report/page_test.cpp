@@ -3,7 +3,11 @@
 #include "page_documents.h"
 
 #include <chrono>
+#include <limits>
+#include <string>
+#include <string_view>
 
+#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 namespace XPJ {

@@ -175,7 +175,7 @@ function pairSequences(projects, remarks) {
 // frames a second 0 to 3: the number of a frame is then ahead of the count of frames.
 
 function droppedNumbers({base, drop}) {
-    return drop && base % 30 === 0 ? base / 15 : 0;
+    return drop && (base === 30 || base === 60) ? base / 15 : 0;
 }
 
 function numberOfFrame(view, frame) {
@@ -375,6 +375,14 @@ function summaryOf(clip) {
 function clipText(clip) {
     const name = clip.kind === 'clip' ? clip.name : `${clip.kind} ${clip.name}`;
     return `${clip.track.id}, ${name || 'without name'}, ${rangeText(clip)}`;
+}
+
+// What the filter looks for, made when it is first used.
+function wordsOf(remark) {
+    const {heading, kind, clip, subject, changes, reason, remedy, sequence, track} = remark;
+    const words = [heading, kind, clip, subject, changes, reason, remedy, sequence, track];
+    remark.words ??= words.filter(Boolean).join('\n').toLowerCase();
+    return remark.words;
 }
 
 // "Cut 1, V1, A001, 01:00:00:00 to 01:00:04:00", as far as the remark has them; the sequence only

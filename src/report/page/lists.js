@@ -98,7 +98,7 @@ function renderTable() {
         group.cells.count.textContent = numberText(group.count);
         group.cells.clips.textContent = group.clipCount ? numberText(group.clipCount) : '\u2013';
         group.cells.places.replaceChildren(...firstPlaces(group));
-        group.list.replaceChildren(...(isOpen ? listOf(group) : []));
+        renderList(group, isOpen ? group.shown.slice(0, state.shownInGroup) : []);
     }
     const count = shown.reduce((sum, group) => sum + group.count, 0);
     document.getElementById('remark-count').textContent = data.remarks.length === 0 ? '' :
@@ -117,17 +117,21 @@ function firstPlaces(group) {
     });
 }
 
-function listOf(group) {
-    const list = element('ol', {class: 'remarks'});
-    for (const remark of group.shown.slice(0, state.shownInGroup))
-        list.append(remarkLine(remark, group.remarks[0]));
-    const rest = group.shown.length - state.shownInGroup;
-    if (rest <= 0)
-        return [list];
+// Built anew only if it changes: the focus may be in it.
+function renderList(group, remarks) {
+    const listed = group.listed ?? [];
+    if (remarks.length === listed.length && remarks.every((remark, i) => remark === listed[i]))
+        return;
+    group.listed = remarks;
+    const lines = remarks.map((remark) => remarkLine(remark, group.remarks[0]));
+    group.list.replaceChildren(element('ol', {class: 'remarks'}, ...lines));
+    const rest = group.shown.length - remarks.length;
+    if (remarks.length === 0 || rest === 0)
+        return;
     const more = element('button', {type: 'button', class: 'more'},
         `Show ${Math.min(rest, LIST_STEP)} of ${numberText(rest)} more`);
     more.addEventListener('click', () => showMore(group));
-    return [list, more];
+    group.list.append(more);
 }
 
 function showMore(group) {

@@ -45,55 +45,60 @@ function showCut(cut) {
     state.isFit = true;
     sizeTimeline();
     timeline.scroller.scrollTo(0, 0);
-    filter();
+    markClips();
+    render();
 }
 
-// Finds out what passes: clips that don't are faint, groups show only what does.
+// Groups show only what passes; an open one without any closes.
 function filter() {
     for (const group of data.groups)
         countGroup(group, group.remarks.filter(passes));
+    if (state.group?.shown.length === 0)
+        state.group = null;
+    markClips();
+    render();
+}
+
+// Clips that don't pass are faint, and those outside of the open group.
+function markClips() {
     for (const clip of clipsOf(state.cut)) {
         const isInGroup = !state.group || state.group.clips.has(clip);
         clip.isFaint = !isInGroup || !clipPasses(clip);
     }
-    render();
 }
 
 function clipPasses(clip) {
+    const hasName = clip.name.toLowerCase().includes(state.text);
     if (clip.remarks.length === 0)
-        return !state.hidden.has(ARRIVED) && contains(clip.name);
-    return clip.remarks.some((remark) => !state.hidden.has(remark.mark) &&
-        (contains(clip.name) || passes(remark)));
+        return hasName && !state.hidden.has(ARRIVED);
+    return clip.remarks.some((remark) =>
+        hasName ? !state.hidden.has(remark.mark) : passes(remark));
 }
 
 function passes(remark) {
-    if (state.hidden.has(remark.mark))
-        return false;
-    const {heading, kind, clip, subject, changes, reason, remedy, sequence, track} = remark;
-    return state.text === '' ||
-        [heading, kind, clip, subject, changes, reason, remedy, sequence, track].some(contains);
-}
-
-function contains(text) {
-    return state.text === '' || Boolean(text?.toLowerCase().includes(state.text));
+    return !state.hidden.has(remark.mark) && (!state.text || wordsOf(remark).includes(state.text));
 }
 
 // Opens a group, marks its clips and shows the first of them.
 function toggleGroup(group) {
     state.group = state.group === group ? null : group;
     state.shownInGroup = LIST_STEP;
-    const first = state.group?.shown.find((remark) => remark.clips.length > 0);
-    if (first && ![...state.group.clips].some(isInCut))
-        showCut(first.cut);
-    else
-        filter();
-    const clip = first && [...state.group.clips].find(isInCut);
-    if (clip)
-        scrollToClip(clip);
+    const clips = [...state.group?.clips ?? []];
+    if (clips.length > 0 && !clips.some(isInCut))
+        showCut(cutOf(clips[0]));
+    markClips();
+    render();
+    const first = clips.find(isInCut);
+    if (first)
+        scrollToClip(first);
 }
 
 function isInCut(clip) {
     return currentViews().includes(clip.track.view);
+}
+
+function cutOf(clip) {
+    return data.cuts.find(({views}) => views.includes(clip.track.view));
 }
 
 function select(clip) {
@@ -106,11 +111,13 @@ function select(clip) {
 
 function goToClip(clip) {
     if (!isInCut(clip))
-        showCut(data.cuts.find(({views}) => views.includes(clip.track.view)));
+        showCut(cutOf(clip));
     select(clip);
 }
 
 // Keys of the timeline
+
+const ZOOM_STEP = 1.5;
 
 const KEYS = {
     'ArrowRight': () => selectBeside(1),
@@ -121,10 +128,10 @@ const KEYS = {
     'End': () => selectAt(-1),
     'n': () => selectMarked(1),
     'p': () => selectMarked(-1),
-    '+': () => zoomTo(timeline.scale * 1.5, anchorOfZoom()),
-    '=': () => zoomTo(timeline.scale * 1.5, anchorOfZoom()),
-    '-': () => zoomTo(timeline.scale / 1.5, anchorOfZoom()),
-    '0': () => zoomTo(fitScale()),
+    '+': () => zoom(ZOOM_STEP),
+    '=': () => zoom(ZOOM_STEP),
+    '-': () => zoom(1 / ZOOM_STEP),
+    '0': () => zoom(0),
     'Enter': () => document.getElementById('details-heading').focus(),
     'Escape': () => select(null),
 };
@@ -281,12 +288,13 @@ function buildTools() {
         filter();
     });
     const onClick = (id, action) => document.getElementById(id).addEventListener('click', action);
-    onClick('zoom-in', () => zoom(1.5));
-    onClick('zoom-out', () => zoom(1 / 1.5));
+    onClick('zoom-in', () => zoom(ZOOM_STEP));
+    onClick('zoom-out', () => zoom(1 / ZOOM_STEP));
     onClick('fit', () => zoom(0));
     onClick('theme', () => showTheme(isDark() ? 'light' : 'dark'));
 }
 
+// 0 shows the whole cut.
 function zoom(factor) {
     zoomTo(timeline.scale * factor, anchorOfZoom());
     renderTools();
@@ -340,7 +348,7 @@ function clipUnder({clientX, clientY}) {
 }
 
 function listenToTimeline() {
-    const {scroller, overview} = timeline;
+    const {scroller} = timeline;
     scroller.addEventListener('scroll', scheduleDrawing);
     scroller.addEventListener('keydown', onKey);
     scroller.addEventListener('click', (event) => select(clipUnder(event)));
@@ -348,15 +356,34 @@ function listenToTimeline() {
         const clip = clipUnder(event);
         scroller.title = clip ? summaryOf(clip) : '';
     });
-    scroller.addEventListener('wheel', (event) => {
-        if (!event.ctrlKey)
-            return;
-        event.preventDefault();
-        const x = event.clientX - timeline.canvas.getBoundingClientRect().left;
-        zoomTo(timeline.scale * Math.exp(-event.deltaY / 300), Math.max(x, timeline.left));
-        renderTools();
-    }, {passive: false});
-    const scrollFromOverview = (event) => {
+    scroller.addEventListener('wheel', onWheel, {passive: false});
+    document.getElementById('details').addEventListener('keydown', (event) => {
+        if (event.key === 'Escape')
+            scroller.focus();
+    });
+    new ResizeObserver(onResize).observe(scroller);
+    addEventListener('resize', onResize);
+}
+
+function onWheel(event) {
+    if (!event.ctrlKey)
+        return;
+    event.preventDefault();
+    const x = event.clientX - timeline.canvas.getBoundingClientRect().left;
+    zoomTo(timeline.scale * Math.exp(-event.deltaY / 300), Math.max(x, timeline.left));
+    renderTools();
+}
+
+function onResize() {
+    if (!state.cut)
+        return;
+    sizeTimeline();
+    scheduleDrawing();
+}
+
+function listenToOverview() {
+    const {overview, scroller} = timeline;
+    const scrollTo = (event) => {
         if (event.buttons !== 1)
             return;
         const box = overview.getBoundingClientRect();
@@ -366,21 +393,9 @@ function listenToTimeline() {
     };
     overview.addEventListener('pointerdown', (event) => {
         overview.setPointerCapture(event.pointerId);
-        scrollFromOverview(event);
+        scrollTo(event);
     });
-    overview.addEventListener('pointermove', scrollFromOverview);
-    document.getElementById('details').addEventListener('keydown', (event) => {
-        if (event.key === 'Escape')
-            scroller.focus();
-    });
-    const resize = () => {
-        if (!state.cut)
-            return;
-        sizeTimeline();
-        scheduleDrawing();
-    };
-    new ResizeObserver(resize).observe(scroller);
-    addEventListener('resize', resize);
+    overview.addEventListener('pointermove', scrollTo);
 }
 
 function start() {
@@ -395,8 +410,9 @@ function start() {
     if (state.cut)
         showCut(state.cut);
     else
-        filter();
+        render();
     listenToTimeline();
+    listenToOverview();
 }
 
 start();

@@ -131,12 +131,14 @@ function clipAt(x, y) {
     });
     if (!row?.track || x < timeline.left || y < RULER_HEIGHT)
         return null;
-    const {frameSeconds} = row.track.view;
     const slack = 2 / timeline.scale;
-    const found = clipsBetween(row.track, secondsAt(x) - slack, secondsAt(x) + slack);
-    const isUnder = (clip) => clip.start * frameSeconds <= secondsAt(x) + slack;
-    const transition = found.find((clip) => clip.kind === TRANSITION && isUnder(clip));
-    return transition ?? found.findLast(isUnder) ?? null;
+    const near = clipsBetween(row.track, secondsAt(x) - slack, secondsAt(x) + slack);
+    const isWide = (clip) => xOf(clip.track.view, clip.end) - xOf(clip.track.view, clip.start) >=
+        MIN_CLIP_WIDTH;
+    const under = clipsBetween(row.track, secondsAt(x), secondsAt(x)).filter(isWide);
+    const transition = under.find(({kind}) => kind === TRANSITION);
+    const narrow = near.sort((a, b) => importanceOf(a) - importanceOf(b));
+    return transition ?? under.at(-1) ?? narrow[0] ?? null;
 }
 
 function clipsBetween(track, from, to) {
@@ -400,10 +402,10 @@ function drawRuler(context, {width, height}) {
         return;
     const step = rulerStep(view);
     const first = Math.floor(secondsAt(timeline.left) / view.frameSeconds);
-    const last = secondsAt(width) / view.frameSeconds;
     context.font = `11px ${palette.font}`;
-    let number = Math.ceil(numberOfFrame(view, first) / step) * step;
-    for (let frame; (frame = frameOfNumber(view, number)) < last; number += step) {
+    const number = Math.ceil(numberOfFrame(view, first) / step) * step;
+    for (let label = 0; label < width / LABEL_DISTANCE + 1; ++label) {
+        const frame = frameOfNumber(view, number + label * step);
         const x = Math.round(xOf(view, frame));
         if (x < timeline.left)
             continue;
