@@ -67,8 +67,8 @@ class PageTest(unittest.TestCase):
         texts = tab.value("data.remarks.filter(({clips}) => clips.length > 0).map(({clips, start,"
                           " end, clip}) => [clips[0].name, rangeText(clips[0]), clip,"
                           " `${start} to ${end}`])")
-        placed = [item for item in embedded(page, "account")["items"] if "frame" in item]
-        self.assertEqual(len(texts), len(placed))
+        located = [item for item in embedded(page, "account")["items"] if "frame" in item]
+        self.assertEqual(len(texts), len(located))
         for name, span, expected_name, expected_span in texts:
             self.assertEqual((name, span), (expected_name, expected_span))
 
@@ -141,15 +141,15 @@ class PageTest(unittest.TestCase):
     def test_clips_are_selected_where_they_are_drawn(self, tab, page):
         for index in (0, 2, 5):
             box = tab.value("timeline.canvas.getBoundingClientRect().toJSON()")
-            place = tab.value(f"""(() => {{
+            location = tab.value(f"""(() => {{
                 const row = timeline.rows.filter(({{track}}) => track)[{index}];
                 const clip = row.track.clips.find(({{kind}}) => kind !== TRANSITION);
                 const middle = (clip.start + clip.end) / 2;
                 return {{x: xOf(row.track.view, middle), y: row.y + row.height / 2,
                          text: clipText(clip)}};
             }})()""")
-            tab.click_at(box["x"] + place["x"], box["y"] + place["y"])
-            self.assertTrue(tab.text("#live").startswith(place["text"]), place)
+            tab.click_at(box["x"] + location["x"], box["y"] + location["y"])
+            self.assertTrue(tab.text("#live").startswith(location["text"]), location)
 
     @opened("large")
     def test_groups_mark_their_clips(self, tab, page):
@@ -161,7 +161,7 @@ class PageTest(unittest.TestCase):
         self.assertEqual(tab.value(lines), min(clips, 200))
         tab.screenshot(folder / "large-group.png")
         tab.value("document.querySelector('ol.remarks').scrollIntoView()")
-        tab.click("ol.remarks button.place")
+        tab.click("ol.remarks button.location")
         tab.key("+")
         self.assertEqual(tab.value("state.selected === [...state.group.clips][0]"), True)
         tab.click("button.group")

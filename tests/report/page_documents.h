@@ -11,7 +11,7 @@
 
 namespace XPJ {
 
-// Names that would break out of their place if they were taken for markup, script or JSON; one is
+// Names that would break out of their element if they were taken for markup, script or JSON; one is
 // no UTF-8.
 inline constexpr std::string_view kHostileNames[] = {
     "</script><script>document.title = 'broken'</script>",

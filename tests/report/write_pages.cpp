@@ -41,7 +41,7 @@ constexpr Happening kHappenings[] = {
     {"marker.color", "lost", "Marker \"Foley\"", "Markers of the format have no color.", ""},
     {"media.offline", "assumed", "A007_C003.mov",
      "The file states no duration; that of the clip is taken.", "Relink the media file."},
-    {"item.disabled", "skipped", "Generator \"Slug\"", "Slugs stand for nothing.", ""},
+    {"item.disabled", "skipped", "Generator \"Slug\"", "Slugs are gaps.", ""},
     {"keyframe.interpolation", "changed", "Opacity", "Curves between keyframes become straight.",
      "Check fades that begin slowly."},
     {"time.rounded", "changed", "Audio start", "Times are whole frames: 240 samples are cut.", ""},

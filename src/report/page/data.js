@@ -6,13 +6,13 @@
 
 // What can become of a clip, worst first; the last is for all without a remark.
 const MARKS = [
-    {id: 'lost', word: 'lost', sign: '\u2715'},
-    {id: 'moved', word: 'moved', sign: '\u2192'},
-    {id: 'changed', word: 'changed', sign: '\u2260'},
-    {id: 'skipped', word: 'skipped', sign: '\u2013'},
-    {id: 'assumed', word: 'assumed', sign: '?'},
-    {id: 'added', word: 'added', sign: '+'},
-    {id: 'arrived', word: 'arrived', sign: '\u2713'},
+    {id: 'lost', name: 'lost', symbol: '\u2715'},
+    {id: 'moved', name: 'moved', symbol: '\u2192'},
+    {id: 'changed', name: 'changed', symbol: '\u2260'},
+    {id: 'skipped', name: 'skipped', symbol: '\u2013'},
+    {id: 'assumed', name: 'assumed', symbol: '?'},
+    {id: 'added', name: 'added', symbol: '+'},
+    {id: 'arrived', name: 'arrived', symbol: '\u2713'},
 ];
 const ARRIVED = MARKS.length - 1;
 const MARKS_OF_ACCOUNT = ['lost', 'changed', 'skipped', 'assumed', 'arrived'];
@@ -44,7 +44,7 @@ function readData() {
         remarks,
     };
     data.marks = marksOf(data);
-    placeRemarks(data);
+    assignRemarks(data);
     data.groups = groupRemarks(remarks);
     return data;
 }
@@ -53,7 +53,7 @@ function marksOf(data) {
     const ids = new Set([...(data.account ? MARKS_OF_ACCOUNT : []),
         ...(data.isComparison ? MARKS_OF_COMPARISON : [])]);
     if (!data.account)
-        MARKS[ARRIVED].word = 'unchanged';
+        MARKS[ARRIVED].name = 'unchanged';
     return MARKS.filter((mark) => ids.has(mark.id));
 }
 
@@ -259,7 +259,7 @@ function capitalized(text) {
 }
 
 // Gives each remark its clips, and each clip and track its remarks.
-function placeRemarks(data) {
+function assignRemarks(data) {
     const moves = data.isComparison ? movesOf(data.remarks) : new Map();
     const cuts = new Map();
     for (const cut of [...data.cuts].reverse())
@@ -270,25 +270,25 @@ function placeRemarks(data) {
             continue;
         const [first, second] = remark.cut.views;
         if (remark.isInFirst)
-            placeRemark(remark, first, remark);
+            assignRemark(remark, first, remark);
         if (remark.isInSecond)
-            placeRemark(remark, second, moves.get(subjectKey(remark)) ?? remark);
+            assignRemark(remark, second, moves.get(subjectKey(remark)) ?? remark);
     }
 }
 
-// Where in the second document what has moved is now, by its place in the first.
+// Where in the second document what has moved is now, by its location in the first.
 function movesOf(remarks) {
     const moves = new Map();
     for (const remark of remarks) {
         if (remark.property !== 'track' && remark.property !== 'start')
             continue;
         const key = subjectKey(remark);
-        const place = moves.get(key) ?? {track: remark.track, frame: remark.frame, clip: remark.clip};
+        const location = moves.get(key) ?? {track: remark.track, frame: remark.frame, clip: remark.clip};
         if (remark.property === 'track')
-            place.track = remark.after;
+            location.track = remark.after;
         else
-            place.frame = parseInt(remark.after, 10);
-        moves.set(key, place);
+            location.frame = parseInt(remark.after, 10);
+        moves.set(key, location);
     }
     return moves;
 }
@@ -297,11 +297,11 @@ function subjectKey({sequence, track, frame, clip}) {
     return JSON.stringify([sequence, track, frame, clip]);
 }
 
-function placeRemark(remark, view, place) {
-    const track = view?.tracks.find(({id}) => id === place.track);
+function assignRemark(remark, view, location) {
+    const track = view?.tracks.find(({id}) => id === location.track);
     if (!track)
         return;
-    const clip = findClip(track, place.frame, place.clip);
+    const clip = findClip(track, location.frame, location.clip);
     if (!clip) {
         track.remarks.push(remark);
         return;
@@ -352,8 +352,8 @@ function countGroup(group, shown) {
 
 // "lost: effect Sepia"
 function remarkText(remark) {
-    const words = [remark.topic, remark.subject, remark.changes];
-    return `${MARKS[remark.mark].word}: ${words.filter(Boolean).join(' ')}`;
+    const texts = [remark.topic, remark.subject, remark.changes];
+    return `${MARKS[remark.mark].name}: ${texts.filter(Boolean).join(' ')}`;
 }
 
 function rangeText(clip) {
@@ -367,7 +367,7 @@ function summaryOf(clip) {
     if (clip.remarks.length > 3)
         texts.push(`and ${clip.remarks.length - 3} more`);
     if (texts.length === 0)
-        texts.push(MARKS[ARRIVED].word);
+        texts.push(MARKS[ARRIVED].name);
     return [clipText(clip), ...texts].join(', ');
 }
 
@@ -378,20 +378,20 @@ function clipText(clip) {
 }
 
 // What the filter looks for, made when it is first used.
-function wordsOf(remark) {
+function searchTextOf(remark) {
     const {heading, kind, clip, subject, changes, reason, remedy, sequence, track} = remark;
-    const words = [heading, kind, clip, subject, changes, reason, remedy, sequence, track];
-    remark.words ??= words.filter(Boolean).join('\n').toLowerCase();
-    return remark.words;
+    const texts = [heading, kind, clip, subject, changes, reason, remedy, sequence, track];
+    remark.searchText ??= texts.filter(Boolean).join('\n').toLowerCase();
+    return remark.searchText;
 }
 
 // "Cut 1, V1, A001, 01:00:00:00 to 01:00:04:00", as far as the remark has them; the sequence only
 // where there are several.
-function placeText(remark) {
+function locationText(remark) {
     const sequence = remark.track && data.cuts.length === 1 ? '' : remark.sequence;
     const time = [remark.start, remark.end].filter(Boolean).join(' to ');
-    const places = [sequence, remark.track, remark.clip, time];
-    return places.filter(Boolean).join(', ') || OF_DOCUMENT;
+    const parts = [sequence, remark.track, remark.clip, time];
+    return parts.filter(Boolean).join(', ') || OF_DOCUMENT;
 }
 
 const numberFormat = new Intl.NumberFormat('en');
@@ -400,6 +400,6 @@ function numberText(number) {
     return numberFormat.format(number);
 }
 
-function countText(count, word) {
-    return `${numberText(count)} ${word}${count === 1 ? '' : 's'}`;
+function countText(count, noun) {
+    return `${numberText(count)} ${noun}${count === 1 ? '' : 's'}`;
 }

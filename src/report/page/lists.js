@@ -1,7 +1,7 @@
 // What happened as lists: the table of groups, what is in the open group, and the selected clip.
 
 const LIST_STEP = 200;
-const FIRST_PLACES = 3;
+const SUMMARY_LENGTH = 3; // of lists in the table
 
 // Children are elements or texts.
 function element(tag, attributes = {}, ...children) {
@@ -13,15 +13,15 @@ function element(tag, attributes = {}, ...children) {
     return result;
 }
 
-// A text out of a document, whose direction must not reach what is around it.
+// A text out of a document, whose direction must not affect what is around it.
 function quoted(text, className = 'name') {
     return element('bdi', {class: className}, text);
 }
 
 function badge(mark) {
-    const {id, sign, word} = MARKS[mark];
+    const {id, symbol, name} = MARKS[mark];
     return element('span', {class: `badge ${id}`},
-        element('span', {'class': 'sign', 'aria-hidden': 'true'}, sign), word);
+        element('span', {'aria-hidden': 'true'}, symbol), name);
 }
 
 // The table of groups
@@ -36,12 +36,12 @@ function buildTable(groups) {
         group.cells = {
             count: element('td', {'class': 'number', 'data-label': 'Count'}),
             clips: element('td', {'class': 'number', 'data-label': 'Clips'}),
-            places: element('td', {class: 'places'}),
+            locations: element('td', {class: 'locations'}),
         };
         group.row = element('tr', {class: 'summary'},
             element('td', {}, badge(group.mark)),
             element('th', {scope: 'row'}, group.button, subjectsOf(group)),
-            group.cells.count, group.cells.clips, group.cells.places,
+            group.cells.count, group.cells.clips, group.cells.locations,
             data.account ? adviceCell(group) : changesCell(group.remarks));
         group.list = element('td', {colspan: '6'});
         group.listRow = element('tr', {class: 'list', hidden: ''}, group.list);
@@ -61,8 +61,8 @@ function adviceCell(group) {
 
 // The first texts of a list, and how many more there are.
 function withRest(texts) {
-    const rest = texts.length - FIRST_PLACES;
-    return rest > 0 ? [...texts.slice(0, FIRST_PLACES), `and ${numberText(rest)} more`] : texts;
+    const rest = texts.length - SUMMARY_LENGTH;
+    return rest > 0 ? [...texts.slice(0, SUMMARY_LENGTH), `and ${numberText(rest)} more`] : texts;
 }
 
 function changesCell(remarks) {
@@ -79,11 +79,11 @@ function subjectsOf(group) {
             counts.set(subject, (counts.get(subject) ?? 0) + count);
     const most = [...counts].sort((a, b) => b[1] - a[1]);
     const result = element('div', {class: 'subjects'});
-    most.slice(0, FIRST_PLACES).forEach(([subject, count], index) => {
+    most.slice(0, SUMMARY_LENGTH).forEach(([subject, count], index) => {
         result.append(index ? ', ' : '', quoted(subject), count > 1 ? ` (${count})` : '');
     });
-    if (most.length > FIRST_PLACES)
-        result.append(`, and ${most.length - FIRST_PLACES} more`);
+    if (most.length > SUMMARY_LENGTH)
+        result.append(`, and ${most.length - SUMMARY_LENGTH} more`);
     return result;
 }
 
@@ -97,7 +97,7 @@ function renderTable() {
         group.listRow.hidden = !isOpen;
         group.cells.count.textContent = numberText(group.count);
         group.cells.clips.textContent = group.clipCount ? numberText(group.clipCount) : '\u2013';
-        group.cells.places.replaceChildren(...firstPlaces(group));
+        group.cells.locations.replaceChildren(...firstLocations(group));
         renderList(group, isOpen ? group.shown.slice(0, state.shownInGroup) : []);
     }
     const count = shown.reduce((sum, group) => sum + group.count, 0);
@@ -110,10 +110,10 @@ function renderTable() {
         data.account ? 'Everything arrived as it was.' : 'No differences.';
 }
 
-function firstPlaces(group) {
-    return group.shown.slice(0, FIRST_PLACES).map((remark) => {
-        const words = [remark.track, remark.start].filter(Boolean).join(' ') || remark.sequence;
-        return element('div', {}, quoted(words || OF_DOCUMENT));
+function firstLocations(group) {
+    return group.shown.slice(0, SUMMARY_LENGTH).map((remark) => {
+        const text = [remark.track, remark.start].filter(Boolean).join(' ') || remark.sequence;
+        return element('div', {}, quoted(text || OF_DOCUMENT));
     });
 }
 
@@ -148,11 +148,11 @@ function remarkLine(remark, typical) {
     const line = element('li');
     const [clip] = remark.clips;
     if (clip) {
-        const button = element('button', {type: 'button', class: 'place'}, quoted(placeText(remark)));
+        const button = element('button', {type: 'button', class: 'location'}, quoted(locationText(remark)));
         button.addEventListener('click', () => goToClip(clip));
         line.append(button);
     } else {
-        line.append(quoted(placeText(remark), 'place'));
+        line.append(quoted(locationText(remark), 'location'));
     }
     for (const text of [remark.subject, remark.changes])
         if (text)

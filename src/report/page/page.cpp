@@ -66,9 +66,9 @@ std::string WellFormed(std::string_view text)
 
 std::string PageText(const PageInput& input)
 {
-    constexpr std::string_view kDataPlace = "<!-- data -->\n";
+    constexpr std::string_view kDataMarker = "<!-- data -->\n";
     const std::string_view asset = kPageAsset;
-    const std::size_t place = asset.find(kDataPlace);
+    const std::size_t marker = asset.find(kDataMarker);
 
     const std::string account = input.accountJson.empty() ? "null" : WellFormed(input.accountJson);
     std::vector<const Inspection::Project*> projects;
@@ -78,10 +78,10 @@ std::string PageText(const PageInput& input)
     const std::string timelines = PageTimelinesJson(input.title, projects, input.differences);
     std::string page;
     page.reserve(asset.size() + account.size() + timelines.size() + 1024);
-    page += asset.substr(0, place);
+    page += asset.substr(0, marker);
     AppendData(page, "account", account);
     AppendData(page, "timelines", timelines);
-    page += asset.substr(place + kDataPlace.size());
+    page += asset.substr(marker + kDataMarker.size());
     return page;
 }
 

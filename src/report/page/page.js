@@ -4,7 +4,7 @@ const data = readData();
 
 const state = {
     cut: data.cuts[0] ?? null,
-    hidden: new Set(), // marks that the filter leaves out
+    hidden: new Set(), // marks that are filtered out
     text: '', // that a clip or remark has to contain, in small letters
     group: null, // the open one
     shownInGroup: LIST_STEP,
@@ -76,7 +76,7 @@ function clipPasses(clip) {
 }
 
 function passes(remark) {
-    return !state.hidden.has(remark.mark) && (!state.text || wordsOf(remark).includes(state.text));
+    return !state.hidden.has(remark.mark) && (!state.text || searchTextOf(remark).includes(state.text));
 }
 
 // Opens a group, marks its clips and shows the first of them.
@@ -237,8 +237,8 @@ function buildLegend() {
         const count = isArrived ? countText(clips[index], 'clip') : numberText(remarks[index]);
         const button = element('button', {'type': 'button', 'value': index, 'aria-pressed': 'true'},
             element('canvas', {'data-mark': index, 'aria-hidden': 'true'}),
-            element('span', {'class': 'sign', 'aria-hidden': 'true'}, mark.sign),
-            element('span', {}, capitalized(mark.word)), element('strong', {}, count));
+            element('span', {'aria-hidden': 'true'}, mark.symbol),
+            element('span', {}, capitalized(mark.name)), element('strong', {}, count));
         button.addEventListener('click', () => toggleMark(index));
         document.getElementById('legend').append(button);
     }
@@ -305,9 +305,9 @@ function cutText(cut) {
     const clips = [...clipsOf({views: [cut.views[0] ?? cut.views[1]]})]
         .filter((clip) => clip.kind !== TRANSITION);
     const marked = clips.filter((clip) => clip.mark !== ARRIVED).length;
-    const word = data.account ? 'with remarks' : 'that differ';
+    const which = data.account ? 'with remarks' : 'that differ';
     return `${cut.name || 'Without name'} (${countText(clips.length, 'clip')}` +
-        `${marked ? `, ${numberText(marked)} ${word}` : ''})`;
+        `${marked ? `, ${numberText(marked)} ${which}` : ''})`;
 }
 
 // Theme
@@ -388,8 +388,8 @@ function listenToOverview() {
             return;
         const box = overview.getBoundingClientRect();
         const seconds = (event.clientX - box.left) / box.width * timeline.seconds;
-        const room = scroller.clientWidth - timeline.left;
-        scroller.scrollLeft = seconds * timeline.scale - room / 2;
+        const width = scroller.clientWidth - timeline.left;
+        scroller.scrollLeft = seconds * timeline.scale - width / 2;
     };
     overview.addEventListener('pointerdown', (event) => {
         overview.setPointerCapture(event.pointerId);

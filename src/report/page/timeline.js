@@ -1,4 +1,4 @@
-// The drawing of a cut. Only what is visible is drawn, on a canvas that stays in its place while the
+// The drawing of a cut. Only what is visible is drawn, on a canvas that stays where it is while the
 // scroller around it moves: an element as long as the cut makes it scroll.
 
 const RULER_HEIGHT = 26;
@@ -56,14 +56,14 @@ function trackHeightOf({views}) {
     const count = views.reduce((sum, view) => sum + (view?.tracks.length ?? 0), 0);
     const captions = data.isComparison ? views.length * (CAPTION_HEIGHT + TRACK_GAP) : 0;
     const others = RULER_HEIGHT + captions + views.length * SECTION_GAP + SCROLLBAR_HEIGHT;
-    const room = window.innerHeight * VISIBLE_PART - others;
-    return Math.min(Math.max(Math.floor(room / count) - TRACK_GAP, 17), 38);
+    const space = window.innerHeight * VISIBLE_PART - others;
+    return Math.min(Math.max(Math.floor(space / count) - TRACK_GAP, 17), 38);
 }
 
 function captionOf(view, index) {
-    const place = index === 0 ? 'First' : 'Second';
+    const ordinal = index === 0 ? 'First' : 'Second';
     const name = view ? view.name : 'does not have this sequence';
-    return `${place}: ${[data.projects[index].name, name].filter(Boolean).join(' \u2013 ')}`;
+    return `${ordinal}: ${[data.projects[index].name, name].filter(Boolean).join(' \u2013 ')}`;
 }
 
 function sizeTimeline() {
@@ -83,8 +83,8 @@ function sizeTimeline() {
 }
 
 function fitScale() {
-    const room = timeline.scroller.clientWidth - timeline.left - 6;
-    return Math.max(room, 50) / Math.max(timeline.seconds, 1e-3);
+    const space = timeline.scroller.clientWidth - timeline.left - 6;
+    return Math.max(space, 50) / Math.max(timeline.seconds, 1e-3);
 }
 
 function maxScale() {
@@ -113,9 +113,9 @@ function scrollToClip(clip) {
     const {frameSeconds} = clip.track.view;
     const start = clip.start * frameSeconds * scale;
     const end = clip.end * frameSeconds * scale;
-    const room = scroller.clientWidth - left;
-    if (start < scroller.scrollLeft || Math.min(end, start + room) > scroller.scrollLeft + room)
-        scroller.scrollLeft = start - Math.max(room - (end - start), 0) / 2;
+    const space = scroller.clientWidth - left;
+    if (start < scroller.scrollLeft || Math.min(end, start + space) > scroller.scrollLeft + space)
+        scroller.scrollLeft = start - Math.max(space - (end - start), 0) / 2;
     if (row.y - RULER_HEIGHT < scroller.scrollTop)
         scroller.scrollTop = row.y - RULER_HEIGHT - TRACK_GAP;
     else if (row.y + row.height > scroller.scrollTop + scroller.clientHeight)
@@ -295,7 +295,7 @@ function importanceOf(clip) {
     return clip === state.selected ? -1 : clip.mark + (clip.isFaint ? MARKS.length : 0);
 }
 
-// The colors of a clip: its body, and what stands out.
+// The colors of a clip: its body, and its edge.
 function colorOf(clip) {
     const kind = clip.kind === 'clip' ? (clip.track.isVideo ? 'video' : 'audio') : clip.kind;
     const neutral = palette.kinds[kind];
@@ -325,25 +325,25 @@ function drawClip(context, {clip, x, width, nameStart, nameEnd}, {y, height}) {
     const from = Math.max(nameStart, timeline.left) + 6;
     if (nameEnd - from >= MIN_NAMED_WIDTH)
         drawClipName(context, clip, {x: from, y: y + (height - (height < 24 ? 3 : 8)) / 2,
-            room: nameEnd - from - 4});
+            space: nameEnd - from - 4});
 }
 
-function drawClipName(context, clip, {x, y, room}) {
-    const sign = clip.mark === ARRIVED ? '' : `${MARKS[clip.mark].sign} `;
-    const rest = sign ? room - context.measureText(sign).width : room;
+function drawClipName(context, clip, {x, y, space}) {
+    const symbol = clip.mark === ARRIVED ? '' : `${MARKS[clip.mark].symbol} `;
+    const rest = symbol ? space - context.measureText(symbol).width : space;
     context.fillStyle = palette.ink;
-    context.fillText(sign + shortened(context, clip.name, rest), x, y);
+    context.fillText(symbol + shortened(context, clip.name, rest), x, y);
 }
 
 // As much of a text as fits.
-function shortened(context, text, room) {
-    if (room < 8)
+function shortened(context, text, space) {
+    if (space < 8)
         return '';
     const start = text.slice(0, 200);
     const width = context.measureText(start).width;
-    if (width <= room && start === text)
+    if (width <= space && start === text)
         return text;
-    const count = Math.floor(start.length * Math.min(1, (room - 10) / width));
+    const count = Math.floor(start.length * Math.min(1, (space - 10) / width));
     return count < 1 ? '' : `${start.slice(0, count).replace(/[\ud800-\udbff]$/, '')}\u2026`;
 }
 
@@ -385,8 +385,8 @@ function drawTrackHead(context, track, {y, height}) {
     context.fillText(track.id, 11, y + height / 2);
     context.font = `11px ${palette.font}`;
     context.fillStyle = palette.muted;
-    const notes = [track.name, track.enabled ? '' : 'off', track.locked ? 'locked' : ''];
-    const text = notes.filter(Boolean).join(', ');
+    const details = [track.name, track.enabled ? '' : 'off', track.locked ? 'locked' : ''];
+    const text = details.filter(Boolean).join(', ');
     context.fillText(shortened(context, text, width - 40), 40, y + height / 2);
     context.font = `12px ${palette.font}`;
 }
@@ -450,76 +450,4 @@ function drawOverview() {
     }
     context.strokeStyle = palette.accent;
     context.strokeRect(from + 0.5, 0.5, Math.max(shown, 4) - 1, size.height - 1);
-}
-
-// Colors and patterns
-
-// What the style sheet has for the canvas; read anew when the theme changes.
-let palette = null;
-
-function readPalette() {
-    const style = getComputedStyle(document.documentElement);
-    const color = (name) => style.getPropertyValue(`--${name}`).trim();
-    const names = ['ink', 'muted', 'panel', 'line', 'track', 'gap', 'grid', 'accent', 'window'];
-    palette = Object.fromEntries(names.map((name) => [name, color(name)]));
-    palette.font = style.fontFamily;
-    palette.faint = 0.22;
-    const kindColors = (name) => ({body: color(name), strong: color(`${name}-edge`)});
-    palette.kinds = {
-        'video': kindColors('video'),
-        'audio': kindColors('audio'),
-        'nested sequence': kindColors('nested'),
-        'multiclip': kindColors('nested'),
-        'generator': kindColors('generator'),
-        'title': kindColors('title'),
-        [TRANSITION]: kindColors('transition'),
-    };
-    palette.marks = MARKS.map(({id}) => ({body: color(`${id}-body`), strong: color(id)}));
-}
-
-// Draws what the band of a mark repeats every 8 pixels, in the color of the body.
-const PATTERNS = {
-    lost: (context) => drawLines(context, [[-2, 10, 10, -2], [-6, 6, 6, -6], [2, 14, 14, 2]]),
-    changed: (context) => drawLines(context, [[2, 0, 2, 8], [6, 0, 6, 8]]),
-    moved: (context) => drawLines(context, [[1, 0, 5, 4], [5, 4, 1, 8]]),
-    skipped: (context) => drawLines(context, [[0, 2, 4, 2], [4, 6, 8, 6]]),
-    assumed: (context) => {
-        for (const [x, y] of [[2, 2], [6, 6]])
-            context.fillRect(x - 1, y - 1, 2, 2);
-    },
-    added: (context) => drawLines(context, [[4, 1, 4, 7], [1, 4, 7, 4]]),
-    arrived: () => {},
-};
-
-function drawLines(context, lines) {
-    for (const [fromX, fromY, toX, toY] of lines) {
-        context.beginPath();
-        context.moveTo(fromX, fromY);
-        context.lineTo(toX, toY);
-        context.stroke();
-    }
-}
-
-function fillPattern(context, mark, {x, y, width, height}) {
-    const colors = palette.marks[mark];
-    if (!colors.pattern)
-        colors.pattern = context.createPattern(patternTile(mark), 'repeat');
-    colors.pattern.setTransform(new DOMMatrix([1 / 4, 0, 0, 1 / 4, x, y]));
-    context.fillStyle = colors.pattern;
-    context.fillRect(x, y, width, height);
-}
-
-// Four times as large as it is drawn, for sharp screens.
-function patternTile(mark) {
-    const colors = palette.marks[mark];
-    const tile = document.createElement('canvas');
-    tile.width = tile.height = 32;
-    const context = tile.getContext('2d');
-    context.scale(4, 4);
-    context.fillStyle = colors.strong;
-    context.fillRect(0, 0, 8, 8);
-    context.fillStyle = context.strokeStyle = colors.body;
-    context.lineWidth = 1.6;
-    PATTERNS[MARKS[mark].id](context);
-    return tile;
 }
