@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -89,7 +90,10 @@ std::string Dump(const Json& json)
 
 Project Sample(const char* name)
 {
-    return ReadTimelinesOfFile(std::string(VELA_SAMPLES) + "/" + name).project;
+    std::ifstream file(std::filesystem::path(VELA_SAMPLES) / name);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return ReadTimelines(text.str()).project;
 }
 
 std::string ReportPage()
