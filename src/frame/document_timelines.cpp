@@ -45,4 +45,14 @@ DocumentTimelines ReadTimelinesOfFile(const std::string& path, DocumentReading r
     return timelines;
 }
 
+ComparedTimelines ReadForComparison(const std::string& first, const std::string& second,
+                                    DocumentReading reading)
+{
+    ComparedTimelines both{ReadTimelinesOfFile(first, reading),
+                           ReadTimelinesOfFile(second, reading)};
+    if (both.first.isHandOff == both.second.isHandOff || reading == DocumentReading::ToTheLetter)
+        return both;
+    return ReadForComparison(first, second, DocumentReading::ToTheLetter);
+}
+
 } // namespace XPJ

@@ -32,4 +32,13 @@ DocumentTimelines ReadTimelines(std::string_view bytes, std::string_view folder 
 
 DocumentTimelines ReadTimelinesOfFile(const std::string& path, DocumentReading reading);
 
+// Of two files that are to be compared, both in one way: a document of the hand-off is taken to the
+// letter, and so is its partner.
+struct ComparedTimelines {
+    DocumentTimelines first;
+    DocumentTimelines second;
+};
+ComparedTimelines ReadForComparison(const std::string& first, const std::string& second,
+                                    DocumentReading reading);
+
 } // namespace XPJ

@@ -2,7 +2,6 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
-#include "frame/document_timelines.h"
 #include "inspect/compare.h"
 #include "report/remark_groups.h"
 
@@ -117,10 +116,9 @@ Remark RemarkOf(const Difference& difference)
 
 } // namespace
 
-void AddUnexplained(const std::string& inputPath, const std::string& outputPath, Account& account)
+void AddUnexplained(const ComparedTimelines& documents, Account& account)
 {
-    const DocumentTimelines input = ReadTimelinesOfFile(inputPath);
-    const DocumentTimelines output = ReadTimelinesOfFile(outputPath);
+    const auto& [input, output] = documents;
     if (input.result != kSuccess || output.result != kSuccess) {
         AddRemark(account, RemarkKind::Unexplained, {},
                   {.name = "document", .detail = "it can't be read back"});

@@ -2,13 +2,12 @@
 #pragma once
 
 #include "core/account.h"
-
-#include <string>
+#include "frame/document_timelines.h"
 
 namespace XPJ {
 
 // Enters each difference between the timelines of the two documents that no remark explains, as a
 // remark of its own kind. An output that can't be read is one, too.
-void AddUnexplained(const std::string& inputPath, const std::string& outputPath, Account& account);
+void AddUnexplained(const ComparedTimelines& documents, Account& account);
 
 } // namespace XPJ

@@ -87,27 +87,37 @@ int Inspect(const ToolOptions& options)
                     kSuccess);
 }
 
-// Both in one way: a document of the hand-off is taken to the letter, and so is its partner.
-std::pair<DocumentTimelines, DocumentTimelines> ReadBoth(const ToolOptions& options)
+// A page draws both; other formats are those of the printed list.
+std::string TextOfDifferences(const std::string& path, const ToolOptions& options,
+                              const DocumentTimelines& a, const DocumentTimelines& b,
+                              const std::vector<Difference>& differences)
 {
-    const auto read = [&options](DocumentReading reading) {
-        return std::pair(ReadTimelinesOfFile(options.request.inputPath, reading),
-                         ReadTimelinesOfFile(options.request.outputPath, reading));
-    };
-    auto both = read(ReadingOf(options));
-    return both.first.isHandOff == both.second.isHandOff ? std::move(both)
-                                                         : read(DocumentReading::ToTheLetter);
+    switch (FormatOfReport(path).value_or(ReportFormat::Text)) {
+    case ReportFormat::Page:
+        return PageText({.title = fmt::format("{} and {}", FileNameOf(options.request.inputPath),
+                                              FileNameOf(options.request.outputPath)),
+                         .first = &a.project,
+                         .second = &b.project,
+                         .differences = differences});
+    case ReportFormat::Json:
+        return DifferencesJson(differences);
+    default:
+        return DifferencesText(differences);
+    }
 }
 
 int CompareFiles(const ToolOptions& options)
 {
-    const auto [a, b] = ReadBoth(options);
+    const auto [a, b] = ReadForComparison(options.request.inputPath, options.request.outputPath,
+                                          ReadingOf(options));
     if (!IsUsable(options.request.inputPath, a))
         return a.result;
     if (!IsUsable(options.request.outputPath, b))
         return b.result;
     std::vector<Difference> differences = Compare(a.project, b.project);
     options.ignored.RemoveFrom(differences);
+    for (const std::string& path : options.reports)
+        PrintError(WriteReportFile(path, TextOfDifferences(path, options, a, b, differences)));
     return PrintAll(options.json ? DifferencesJson(differences) : DifferencesText(differences),
                     differences.empty() ? kSuccess : kDifferent);
 }

@@ -65,7 +65,10 @@ int Convert(const ToolOptions& options, ConversionRequest& request)
     ConversionOutcome outcome = ConvertUnderDisplay(request, options.quiet);
     ReleaseInterrupts();
     if (options.verify && outcome.result == kSuccess)
-        AddUnexplained(request.inputPath, request.outputPath, outcome.account);
+        AddUnexplained(ReadForComparison(request.inputPath, request.outputPath,
+                                         options.strict ? DocumentReading::ToTheLetter
+                                                        : DocumentReading::AsMeant),
+                       outcome.account);
     const std::string problems = reports.Write(outcome);
     if (!options.quiet)
         PrintLosses(outcome);

@@ -1,8 +1,10 @@
 #include "xpjconvert/reports.h"
 
 #include "core/paths.h"
+#include "frame/document_timelines.h"
 #include "platform/atomic_file.h"
 #include "report/account_report.h"
+#include "report/page/page.h"
 #include "report/report.h"
 #include "xpjconvert/print.h"
 
@@ -67,15 +69,14 @@ std::string Reports::Write(ConversionOutcome& outcome)
         outcome.reportPath = Reserve();
     std::string problems;
     for (const std::string& path : options_.reports)
-        problems += WriteOne(path, outcome);
+        problems += WriteReportFile(path, TextOf(path, outcome));
     if (!reserved_.empty())
-        problems += WriteOne(reserved_, outcome);
+        problems += WriteReportFile(reserved_, TextOf(reserved_, outcome));
     return problems;
 }
 
-std::string Reports::WriteOne(const std::string& path, const ConversionOutcome& outcome) const
+std::string WriteReportFile(const std::string& path, const std::string& text)
 {
-    const std::string text = TextOf(path, outcome);
     if (path == "-") {
         Print(text);
         return {};
@@ -103,10 +104,22 @@ std::string Reports::TextOf(const std::string& path, const ConversionOutcome& ou
     case ReportFormat::Csv:
         return AccountCsv(outcome.account);
     case ReportFormat::Page:
+        return PageOf(AccountJson(header, outcome.account));
     case ReportFormat::Text:
         break;
     }
     return AccountText(header, outcome.account);
+}
+
+// What was read, with what became of it.
+std::string Reports::PageOf(const std::string& accountJson) const
+{
+    const DocumentTimelines read = ReadTimelinesOfFile(
+        request_.inputPath,
+        options_.strict ? DocumentReading::ToTheLetter : DocumentReading::AsMeant);
+    return PageText({.title = std::string(FileNameOf(request_.inputPath)),
+                     .accountJson = accountJson,
+                     .first = &read.project});
 }
 
 bool HasFailure(const ToolOptions& options, const ConversionOutcome& outcome)

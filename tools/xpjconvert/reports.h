@@ -25,13 +25,16 @@ public:
     std::string Write(ConversionOutcome& outcome);
 
 private:
-    std::string WriteOne(const std::string& path, const ConversionOutcome& outcome) const;
     std::string TextOf(const std::string& path, const ConversionOutcome& outcome) const;
+    std::string PageOf(const std::string& accountJson) const;
 
     const ToolOptions& options_;
     const ConversionRequest& request_;
     std::string reserved_; // the file beside the output
 };
+
+// Puts `text` into the file, or on the standard output for "-". Gives a line about what failed.
+std::string WriteReportFile(const std::string& path, const std::string& text);
 
 // True when the account has what --fail-on names.
 bool HasFailure(const ToolOptions& options, const ConversionOutcome& outcome);
