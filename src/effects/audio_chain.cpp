@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "effects/effect_elements.h"
+#include "effects/effect_losses.h"
 #include "effects/keyframes.h"
 #include "effects/time_remap.h"
 #include "effects/values.h"
@@ -24,14 +25,18 @@ bool IsLevel(const AudioParamRow& row)
     return row.scale == AudioScale::Volume || row.scale == AudioScale::VolumeInDecibels;
 }
 
+bool IsOfRow(const AudioParamRow& row, ConstHandle parameter)
+{
+    return parameter.GetProperty("parameterid") == row.param.xmeml.id ||
+           (!row.specifier.empty() && parameter.GetProperty("parameterspecifier") == row.specifier);
+}
+
 // The last one, if several match; null without one.
 ConstHandle FindSource(ConstHandle effect, const AudioParamRow& row)
 {
     ConstHandle found;
     for (const ConstHandle parameter : effect.GetChildren("parameter"))
-        if (parameter.GetProperty("parameterid") == row.param.xmeml.id ||
-            (!row.specifier.empty() &&
-             parameter.GetProperty("parameterspecifier") == row.specifier))
+        if (IsOfRow(row, parameter))
             found = parameter;
     return found;
 }
@@ -77,6 +82,73 @@ ObjectHandle MakeScaledParam(const EffectContext& context, const AudioParamRow& 
                           MappedKeyframes(source, context.frameTicks, scale));
 }
 
+// ---- What of an effect is lost
+
+// Calls `use(value)` for the static value and for those of keyframes.
+template <typename Use>
+void ForEachValue(ConstHandle parameter, const Use& use)
+{
+    if (const std::string_view value = PlainValue(parameter); !value.empty())
+        use(ParseDouble(value));
+    for (const ConstHandle keyframe : parameter.GetChildren("keyframe"))
+        if (const std::string_view value = PlainValue(keyframe); !value.empty())
+            use(ParseDouble(value));
+}
+
+template <typename Is>
+bool HasAnyValue(ConstHandle parameter, const Is& is)
+{
+    bool found = false;
+    ForEachValue(parameter, [&](double value) { found = found || is(value); });
+    return found;
+}
+
+// Of a value that the scale of the project ends before.
+bool IsBeyondScale(const EffectContext& context, AudioScale scale, double value)
+{
+    switch (scale) {
+    case AudioScale::Volume:
+        return value < 0;
+    case AudioScale::Frequency:
+        return value < 0 ||
+               value > static_cast<double>(DivTicksOr0(kTicksPerSecond, context.sampleTicks)) / 2;
+    case AudioScale::Q:
+        return value < kLowestQ || value > kHighestQ;
+    default:
+        return false;
+    }
+}
+
+// To the letter the decibels of a gain count as a factor.
+void RemarkOnGain(const EffectContext& context, ConstHandle effect, ConstHandle parameter)
+{
+    const auto isSilent = [](double decibels) { return decibels <= 0; };
+    const RemarkKind kind =
+        HasAnyValue(parameter, isSilent) ? RemarkKind::GainMutes : RemarkKind::GainAsFactor;
+    context.AddRemark(kind, effect, StaticValue(parameter, "0"));
+}
+
+void RemarkOnAudioParameters(const EffectContext& context, const AudioFilterRow& row,
+                             ConstHandle effect)
+{
+    for (const ConstHandle parameter : effect.GetChildren("parameter")) {
+        const auto known = std::ranges::find_if(row.params, [&](const AudioParamRow& param) {
+            return param.scale != AudioScale::None && IsOfRow(param, parameter);
+        });
+        if (known == row.params.end()) {
+            RemarkOnLostParameter(context, effect, parameter);
+            continue;
+        }
+        RemarkOnKeyframes(context, effect, parameter);
+        const AudioScale scale = known->scale;
+        if (scale == AudioScale::VolumeInDecibels && !context.openInterchange)
+            RemarkOnGain(context, effect, parameter);
+        else if (HasAnyValue(parameter,
+                             [&](double value) { return IsBeyondScale(context, scale, value); }))
+            context.AddRemark(RemarkKind::ValueLimited, effect, ParameterName(parameter));
+    }
+}
+
 // `effect` may be null.
 ObjectHandle MakeComponent(const EffectContext& context, int channelType, const AudioFilterRow& row,
                            ConstHandle effect)
@@ -113,8 +185,12 @@ ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemAudio&
     const AudioFilterRow* const row = FindAudioFilter(effectId);
     if (!row || !row->IsInChain()) {
         // The pan becomes the panner of the item, a speed that of its clip.
-        if (!row && effectId != kTimeRemap.xmeml.id)
-            context.AddIssue(ImportIssue::EffectNotTranslated, EffectName(effect));
+        if (effectId == kTimeRemap.xmeml.id) {
+            if (HasSpeedCurve(effect))
+                context.AddRemark(RemarkKind::SpeedCurveOfAudio, effect);
+        } else if (!row) {
+            context.AddIssue(ImportIssue::EffectNotTranslated, effect);
+        }
         return {};
     }
     const ObjectHandle component = MakeComponent(context, audio.channelType, *row, effect);
@@ -131,14 +207,42 @@ ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemAudio&
             isLevel ? MakeLevelParam(context, param, source, audio.delayFrames, &clamped)
                     : MakeScaledParam(context, param, source);
         if (!result) {
-            context.AddIssue(row->refusal, EffectName(effect));
+            context.AddIssue(row->refusal, effect);
             return {};
         }
         component.AddChild("Param", result);
     }
     if (clamped)
-        context.AddIssue(ImportIssue::AudioLevelClamped, EffectName(effect));
+        context.AddIssue(ImportIssue::AudioLevelClamped, effect);
+    RemarkOnAudioParameters(context, *row, effect);
     return component;
+}
+
+bool IsNeutralAudioFilter(ConstHandle effect)
+{
+    const std::string_view effectId = AudioEffectId(effect);
+    if (effectId == kTimeRemap.xmeml.id)
+        return IsNeutralSpeed(effect);
+    const AudioFilterRow* const row = FindAudioFilter(effectId);
+    if (!row)
+        return false;
+    for (const ConstHandle parameter : effect.GetChildren("parameter")) {
+        const auto known = std::ranges::find_if(
+            row->params, [&](const AudioParamRow& param) { return IsOfRow(param, parameter); });
+        const ParamRow* const param = known == row->params.end() ? nullptr : &known->param;
+        if (!IsHarmless(param, parameter) && StatesValue(parameter))
+            return false;
+    }
+    return true;
+}
+
+void RemarkOnPan(const EffectContext& context, RemarkKind kind, ConstHandle owner)
+{
+    const ConstHandle effect = FindAudioEffect(owner, kAudioPan.xmeml.id);
+    if (!effect || IsNeutralAudioFilter(effect))
+        return;
+    const ConstHandle pan = effect.GetChild("parameter");
+    context.AddRemark(kind, effect, HasKeyframes(pan) ? "keyframes" : StaticValue(pan, {}));
 }
 
 namespace {
@@ -152,9 +256,13 @@ std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemA
     // The first Gain filter of an item that states its gain is that gain, which its clip has.
     const ConstHandle gain =
         HasValue(item, "velaGain") ? FindAudioEffect(item, kAudioGain.xmeml.id) : ConstHandle();
+    const ConstHandle pan = FindAudioEffect(item, kAudioPan.xmeml.id);
+    RemarkOnFilters(context, item, IsNeutralAudioFilter);
     ForEachEffect(item, [&](ConstHandle effect) {
         if (effect == gain)
             return;
+        if (effect != pan && AudioEffectId(effect) == kAudioPan.xmeml.id)
+            RemarkOnSecond(context, effect, IsNeutralAudioFilter);
         const ObjectHandle component = TranslateAudioFilter(context, audio, effect);
         if (!component)
             return;

@@ -29,6 +29,11 @@ ObjectHandle BuildAudioChain(const EffectContext& context, const ItemAudio& audi
 ObjectHandle TranslateAudioFilter(const EffectContext& context, const ItemAudio& audio,
                                   ConstHandle effect);
 
+// True for an audio effect of documents that changes nothing.
+bool IsNeutralAudioFilter(ConstHandle effect);
+// On a pan that an item or a track can't have, unless it is in the center.
+void RemarkOnPan(const EffectContext& context, RemarkKind kind, ConstHandle owner);
+
 // ---- To `xmeml`. Keyframes count in `frameTicks` of the context.
 
 // True for the chain of a track that has more than fader and meter.

@@ -4,6 +4,7 @@
 #include "effects/audio_chain.h"
 #include "effects/audio_filters.h"
 #include "effects/effect_elements.h"
+#include "effects/effect_losses.h"
 #include "effects/keyframes.h"
 #include "effects/parameters.h"
 #include "effects/values.h"
@@ -55,6 +56,11 @@ bool IsNeutralLevel(ConstHandle level)
     return value.empty() || (!HasKeyframes(level) && ParseDouble(value) == kNeutral);
 }
 
+bool IsPan(ConstHandle effect)
+{
+    return AudioEffectId(effect) == kAudioPan.xmeml.id;
+}
+
 } // namespace
 
 ObjectHandle MakeFaderChain(Document& document, const FaderFormat& format)
@@ -78,6 +84,7 @@ void ApplyFaderLevel(const EffectContext& context, ConstHandle owner, ObjectHand
     const ConstHandle level = FindParameter(effect, LevelParam().id);
     if (!level || IsNeutralLevel(level))
         return;
+    RemarkOnKeyframes(context, effect, level);
     const Clamp clamp = ClampOf(level);
     bool clamped = false;
     const double start = ClampedValue(ParseDouble(StaticValue(level, {})), clamp, &clamped);
@@ -88,7 +95,18 @@ void ApplyFaderLevel(const EffectContext& context, ConstHandle owner, ObjectHand
     volume.SetProperty("StartKeyframe", StartKeyframeText(value));
     SetKeyframes(volume, ClampedKeyframes(level, context.frameTicks, clamp, &clamped));
     if (clamped)
-        context.AddIssue(ImportIssue::AudioLevelClamped, EffectName(effect));
+        context.AddIssue(ImportIssue::AudioLevelClamped, effect);
+}
+
+void RemarkOnTrackFilters(const EffectContext& context, ConstHandle owner)
+{
+    const ConstHandle fader = FindAudioEffect(owner, kAudioLevels.xmeml.id);
+    RemarkOnFilters(context, owner, IsNeutralAudioFilter);
+    RemarkOnPan(context, RemarkKind::PanOfTrack, owner);
+    ForEachEffect(owner, [&](ConstHandle effect) {
+        if (effect != fader && !IsPan(effect) && !IsNeutralAudioFilter(effect))
+            context.AddRemark(RemarkKind::TrackFilter, effect);
+    });
 }
 
 void FaderToXmeml(Document& document, ConstHandle volume, ObjectHandle owner)
@@ -104,8 +122,10 @@ void AddTrackFilters(const EffectContext& context, ConstHandle owner, ObjectHand
     const ItemAudio audio{.channelType = IntProperty(chain, "ChannelType")};
     const ConstHandle fader = FindAudioEffect(owner, kAudioLevels.xmeml.id);
     int id = IntProperty(chain, "NextComponentID");
+    RemarkOnFilters(context, owner, IsNeutralAudioFilter);
+    RemarkOnPan(context, RemarkKind::PanOfTrack, owner);
     ForEachEffect(owner, [&](ConstHandle effect) {
-        if (effect == fader)
+        if (effect == fader || IsPan(effect))
             return;
         if (const ObjectHandle component = TranslateAudioFilter(context, audio, effect)) {
             component.SetProperty("ID", IntToString(id++));

@@ -20,6 +20,9 @@ ObjectHandle MakeFaderChain(Document& document, const FaderFormat& format);
 // sequence. Other filters of an owner act on nothing that a fader has.
 void ApplyFaderLevel(const EffectContext& context, ConstHandle owner, ObjectHandle chain);
 
+// On the filters of `owner` beside its level, which are not translated.
+void RemarkOnTrackFilters(const EffectContext& context, ConstHandle owner);
+
 // The filters of `owner` beside its level, as further components of a chain with a fader.
 void AddTrackFilters(const EffectContext& context, ConstHandle owner, ObjectHandle chain);
 

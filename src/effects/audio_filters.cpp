@@ -34,7 +34,7 @@ constexpr AudioParamRow kGainParams[] = {
     {.param = {.kind = K::Audio,
                .name = "Level",
                .value = "0.5",
-               .xmeml = {"Gain(dB)", "Gain(dB)", "-96", "96"}},
+               .xmeml = {"Gain(dB)", "Gain(dB)", "-96", "96", "", "0"}},
      .scale = AudioScale::VolumeInDecibels,
      .units = "dB"},
 };
@@ -119,8 +119,6 @@ constexpr double kLowestGain = 1e-5; // below -96 dB
 // The scale of a frequency is that of half the sample rate.
 constexpr double kLowestFrequency = 0.00041666600736789405;
 constexpr double kFrequencyRange = 0.9900000095367432;
-constexpr double kLowestQ = 1.0;
-constexpr double kHighestQ = 20.0;
 
 double Decibels(double factor)
 {

@@ -93,6 +93,9 @@ double LevelOfFader(double volume);
 // From -96 on, in single precision.
 double DecibelsOfGain(double gain);
 
+inline constexpr double kLowestQ = 1.0;
+inline constexpr double kHighestQ = 20.0;
+
 inline constexpr double kFaderTop = 2.0;
 // From a level to a fader: the highest level is the top of the fader.
 inline constexpr double kFaderFactor = 0.5023749777071104;

@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "effects/effect_elements.h"
+#include "effects/effect_losses.h"
 #include "effects/keyframes.h"
 #include "effects/values.h"
 #include "project/accessors.h"
@@ -107,10 +108,11 @@ ObjectHandle TranslatePan(const EffectContext& context, const ItemAudio& audio, 
         return carried;
     const ConstHandle source = PanSource(effect);
     if (!source) {
-        context.AddIssue(ImportIssue::InvalidPanFilterParameters, EffectName(effect));
+        context.AddIssue(ImportIssue::InvalidPanFilterParameters, effect);
         return {};
     }
     const Clamp clamp = ClampOf(source, audio);
+    RemarkOnKeyframes(context, effect, source);
     const ObjectHandle param = MakePanParam(context.document, StartPan(source, audio, clamp));
     SetKeyframes(param, ClampedKeyframes(source, context.frameTicks, clamp));
     return param;

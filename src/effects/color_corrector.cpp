@@ -477,7 +477,7 @@ std::vector<XmemlParam> ColorCorrectorConstants()
 bool ColorCorrectorToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
                              Components& components)
 {
-    context.AddIssue(ImportIssue::ThreeWayApproximation, EffectName(effect));
+    context.AddIssue(ImportIssue::ThreeWayApproximation, effect);
     const ObjectHandle component = MakeFilterComponent(context.document, row.project, effect);
     for (const ParamRow& param : kColorCorrectorParams) {
         if (context.openInterchange) {

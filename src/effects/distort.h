@@ -16,6 +16,9 @@ inline constexpr ParamRow kDistortParams[] = {
     XmemlOnly({.id = "lrcorner", .neutral = "0.5:0.5"}, ParamKind::Point),
 };
 
+inline constexpr ParamRow kLowerLeftCorner =
+    XmemlOnly({.id = "llcorner", .neutral = "-0.5:0.5"}, ParamKind::Point);
+
 inline constexpr EffectRow kDistort = {
     .xmeml = {"deformation", "Distort", "motion", "motion"},
     .name = "Distort",

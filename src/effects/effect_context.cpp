@@ -1,12 +1,14 @@
 #include "effects/effect_context.h"
 
 #include "core/numbers.h"
+#include "effects/effect_elements.h"
 #include "effects/keyframes.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <vector>
 
 namespace XPJ {
 
@@ -17,14 +19,21 @@ double Ratio(int clip, int sequence)
     return clip > 0 && sequence > 0 ? static_cast<double>(clip) / sequence : 1.0;
 }
 
-void Enter(const EffectContext& context, Direction direction, int kind, std::string_view subject)
+// The remark of the issue; null if it is there already.
+Remark* Enter(const EffectContext& context, Direction direction, int kind, std::string_view subject)
 {
+    std::vector<Remark>& remarks = context.account.remarks;
+    const std::size_t before = remarks.size();
     TranslationIssue issue = IssueAt(context.location);
     if (context.time)
         issue.time = context.time();
     issue.kind = kind;
     issue.subject = subject;
     XPJ::AddIssue(context.account, direction, issue, context.location.span);
+    if (remarks.size() == before)
+        return nullptr;
+    remarks.back().bin = context.location.bin;
+    return &remarks.back();
 }
 
 } // namespace
@@ -79,6 +88,25 @@ void EffectContext::AddIssue(ExportIssue kind, std::string_view subject) const
 void EffectContext::AddRemark(RemarkKind kind, const RemarkSubject& subject) const
 {
     XPJ::AddRemark(account, kind, location, subject);
+}
+
+void EffectContext::AddIssue(ImportIssue kind, ConstHandle effect) const
+{
+    Remark* const remark =
+        Enter(*this, Direction::Import, static_cast<int>(kind), EffectName(effect));
+    if (!remark)
+        return;
+    remark->subject = FullEffectName(effect);
+    remark->subjectId = effect.GetProperty("effectid");
+}
+
+void EffectContext::AddRemark(RemarkKind kind, ConstHandle effect, std::string_view detail,
+                              std::size_t count) const
+{
+    AddRemark(kind, {.name = FullEffectName(effect),
+                     .id = effect.GetProperty("effectid"),
+                     .detail = detail,
+                     .count = count});
 }
 
 } // namespace XPJ

@@ -6,6 +6,7 @@
 #include "core/ticks.h"
 #include "tree/object.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -59,6 +60,11 @@ struct EffectContext {
     // The same for what the report doesn't list.
     //   context.AddRemark(RemarkKind::FilterRange, {.name = "Blur"})
     void AddRemark(RemarkKind kind, const RemarkSubject& subject = {}) const;
+    // The same for an `effect`, under the name and the id that it has.
+    //   context.AddRemark(RemarkKind::EffectParameterLost, effect, "Softness")
+    void AddIssue(ImportIssue kind, ConstHandle effect) const;
+    void AddRemark(RemarkKind kind, ConstHandle effect, std::string_view detail = {},
+                   std::size_t count = 1) const;
 };
 
 } // namespace XPJ

@@ -18,12 +18,29 @@ ObjectHandle MakeComponent(Document& document, const ComponentNames& names, bool
     return component;
 }
 
+// Most ids are the names of effects. Others are words of the format ("basic"), codes in braces, or
+// begin with the name of a plug-in interface and a colon.
+bool IsName(std::string_view id)
+{
+    const bool isCapitalized = !id.empty() && id.front() >= 'A' && id.front() <= 'Z';
+    return isCapitalized && id.find(':') == id.npos;
+}
+
 } // namespace
 
 std::string_view EffectName(ConstHandle effect)
 {
     const std::string_view name = effect.GetProperty("name");
     return name.empty() ? effect.GetProperty("effectid") : name;
+}
+
+std::string FullEffectName(ConstHandle effect)
+{
+    std::string name(EffectName(effect));
+    const std::string_view id = effect.GetProperty("effectid");
+    if (IsName(id) && !EqualsIgnoreCase(id, name))
+        name.append(" (").append(id).append(")");
+    return name;
 }
 
 ConstHandle ActiveEffect(ConstHandle filter)

@@ -3,6 +3,7 @@
 
 #include "tree/object.h"
 
+#include <string>
 #include <string_view>
 
 namespace XPJ {
@@ -11,6 +12,9 @@ namespace XPJ {
 
 // The name under which issues list an effect: its `name`, else its id.
 std::string_view EffectName(ConstHandle effect);
+// The same with the name that the id states, where a user gave the effect another one.
+//   "Dream Look (Gaussian Blur)"
+std::string FullEffectName(ConstHandle effect);
 
 // The `effect` of a `filter`; null if the filter is off without being kept as a bypassed one, or if
 // its effect states neither its name nor its id, as that of a clip with a plain gain.

@@ -116,18 +116,6 @@ bool IsNumberNeutral(std::string_view neutral, ConstHandle parameter)
     return false;
 }
 
-bool IsParameterNeutral(const ParamRow& row, ConstHandle parameter)
-{
-    const std::string_view neutral = row.xmeml.neutral;
-    if (neutral.empty())
-        return true;
-    if (row.kind == ParamKind::Point)
-        return ArePartsNeutral(kPointParts, neutral, parameter.GetChild("value"));
-    if (row.kind == ParamKind::Color)
-        return ArePartsNeutral(kColorParts, neutral, parameter.GetChild("value"));
-    return IsNumberNeutral(neutral, parameter);
-}
-
 } // namespace
 
 const ParamRow* FindParamRow(std::span<const ParamRow> rows, std::string_view parameterId)
@@ -243,6 +231,18 @@ Point FromCenter(const Point& point)
     return {point.horiz - kFrameCenter.horiz, point.vert - kFrameCenter.vert};
 }
 
+bool IsNeutralValue(const ParamRow& row, ConstHandle parameter)
+{
+    const std::string_view neutral = row.xmeml.neutral;
+    if (neutral.empty())
+        return true;
+    if (row.kind == ParamKind::Point)
+        return ArePartsNeutral(kPointParts, neutral, parameter.GetChild("value"));
+    if (row.kind == ParamKind::Color)
+        return ArePartsNeutral(kColorParts, neutral, parameter.GetChild("value"));
+    return IsNumberNeutral(neutral, parameter);
+}
+
 bool IsNeutral(std::span<const ParamRow> rows, ConstHandle effect, std::string_view ignored)
 {
     for (const ConstHandle parameter : effect.GetChildren("parameter")) {
@@ -250,7 +250,7 @@ bool IsNeutral(std::span<const ParamRow> rows, ConstHandle effect, std::string_v
             return false;
         const std::string_view id = parameter.GetProperty("parameterid");
         const ParamRow* const row = id.empty() ? nullptr : FindParamRow(rows, id);
-        if (row && id != ignored && !IsParameterNeutral(*row, parameter))
+        if (row && id != ignored && !IsNeutralValue(*row, parameter))
             return false;
     }
     return true;

@@ -139,6 +139,10 @@ Point FromCenter(const Point& point);
 
 // ---- Neutral effects, which documents carry and which do nothing
 
+// True if the value of a `parameter`, or of one of its keyframes, is a neutral one of its row, or
+// not there. A row without neutral values takes any.
+bool IsNeutralValue(const ParamRow& row, ConstHandle parameter);
+
 // True when every parameter of `effect` that has a value has one at which the effect, whose rows
 // these are, changes nothing. What is animated is in use. `ignored` is a `parameterid` whose value
 // may be any.

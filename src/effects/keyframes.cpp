@@ -95,6 +95,11 @@ bool IsPointKeyframe(ConstHandle child)
     return child.GetName() == "keyframe" && child.HasChild("value") && !IsRepeatedKeyframe(child);
 }
 
+std::size_t CountPointKeyframes(const std::vector<ConstHandle>& children)
+{
+    return static_cast<std::size_t>(std::ranges::count_if(children, IsPointKeyframe));
+}
+
 // Calls `use` for each record that is not empty.
 template <typename Use>
 void ForEachRecord(std::string_view text, const Use& use)
@@ -209,11 +214,13 @@ AnchorAndPosition PairedPointKeyframes(ConstHandle centerOffset, ConstHandle cen
     }
     const std::vector<ConstHandle> offsets = StepChildren(centerOffset);
     const std::vector<ConstHandle> centers = StepChildren(center);
+    lists.unpaired = CountPointKeyframes(offsets) + CountPointKeyframes(centers);
     for (std::size_t i = 0; i < std::min(offsets.size(), centers.size()); ++i) {
         if (!IsPointKeyframe(offsets[i]) || !IsPointKeyframe(centers[i]))
             continue;
         const Point offset = PointValue(offsets[i]);
         const Point middle = PointValue(centers[i]);
+        lists.unpaired -= When(offsets[i]) == When(centers[i]) ? 2 : 1;
         AppendPointRecord(lists.anchor, MultiplyTicks(When(offsets[i]), frameTicks),
                           ProjectPoint(offset, 1.0, 1.0), IsHeld(offsets[i]));
         AppendPointRecord(lists.position, MultiplyTicks(When(centers[i]), frameTicks),
@@ -222,8 +229,10 @@ AnchorAndPosition PairedPointKeyframes(ConstHandle centerOffset, ConstHandle cen
                           IsHeld(centers[i]));
     }
     // A still anchor: the center moves alone.
-    if (offsets.size() == 1 && lists.anchor.empty())
+    if (offsets.size() == 1 && lists.anchor.empty()) {
         lists.position = PointKeyframes(center, frameTicks, horizontalFactor, verticalFactor);
+        lists.unpaired = CountPointKeyframes(offsets);
+    }
     return lists;
 }
 

@@ -15,6 +15,7 @@
 #include "effects/values.h"
 #include "tree/object.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <limits>
@@ -85,6 +86,7 @@ std::string PointKeyframes(ConstHandle parameter, Ticks frameTicks, double horiz
 struct AnchorAndPosition {
     std::string anchor;
     std::string position;
+    std::size_t unpaired = 0; // keyframes without partner, and pairs at two times
 };
 
 // A center that moves with its anchor point: keyframes of `centerOffset` and `center` are taken

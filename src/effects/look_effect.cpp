@@ -144,6 +144,8 @@ bool LookToProject(const EffectContext& context, const EffectRow& row, ConstHand
     const StoredLook* const look = pathParameter ? OpenLook(context, path, name) : nullptr;
     if (pathParameter && !look)
         return false;
+    if (look && look->base64.empty())
+        context.AddRemark(RemarkKind::LookUnreadable, effect, FileNameOf(path));
 
     const ObjectHandle component = MakeFilterComponent(document, row.project, effect);
     component.SetProperty("InstanceName", name);

@@ -1,6 +1,7 @@
 #include "effects/motion.h"
 
 #include "core/numbers.h"
+#include "effects/effect_losses.h"
 #include "effects/keyframes.h"
 #include "effects/values.h"
 
@@ -113,6 +114,9 @@ Position PositionOf(const EffectContext& context, ConstHandle effect)
         result.keyframes = PairedPointKeyframes(
             centerOffset, isHeld ? HeldCenter(context, center, centerOffset) : center,
             context.frameTicks, horizontal, vertical);
+        if (result.keyframes.unpaired > 0)
+            context.AddRemark(RemarkKind::KeyframeUnpaired, effect, ParameterName(centerOffset),
+                              result.keyframes.unpaired);
         if (context.openInterchange && !result.keyframes.anchor.empty() &&
             AreAllAt(result.position, result.keyframes.position))
             result.keyframes.position.clear();
@@ -269,6 +273,8 @@ ObjectHandle TranslateMotion(const EffectContext& context, ConstHandle source, C
     if (context.openInterchange) {
         CopyBypass(source, component);
         CopyExpanded(source, component);
+    } else if (IsTrue(source, "velaBypass")) {
+        context.AddRemark(RemarkKind::BypassLost, source);
     }
     const Position position = PositionOf(context, source);
     const bool uniform = IsUniform(factors, static_cast<bool>(SourceOf(kScale, source)));

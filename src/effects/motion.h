@@ -8,13 +8,13 @@ namespace XPJ {
 
 // clang-format off
 inline constexpr ParamRow kMotionParams[] = {
-    {1, ParamKind::Point,    "Position",            "",    "",        "",       {"center", "Center"}},
-    {2, ParamKind::Scalar,   "Scale",               "1.0", "0.",      "600.",   {"scale", "Scale", "0", "1000"}},
-    {3, ParamKind::Scalar,   "Scale Width",         "1.0", "0.",      "600.",   {"scale", "Scale", "0", "1000"}},
+    {1, ParamKind::Point,    "Position",            "",    "",        "",       {"center", "Center", "", "", "", "0:0"}},
+    {2, ParamKind::Scalar,   "Scale",               "1.0", "0.",      "600.",   {"scale", "Scale", "0", "1000", "", "100"}},
+    {3, ParamKind::Scalar,   "Scale Width",         "1.0", "0.",      "600.",   {"scale", "Scale", "0", "1000", "", "100"}},
     {4, ParamKind::CheckBox, " "}, // uniform scale
-    {5, ParamKind::Scalar,   "Rotation",            "0",   "-32768.", "32767.", {"rotation", "Rotation", "-8640", "8640"}},
-    {6, ParamKind::Point,    "Anchor Point",        "",    "",        "",       {"centerOffset", "Anchor Point"}},
-    {7, ParamKind::Slider,   "Anti-flicker Filter", "0.",  "0.",      "1.",     {"antiflicker", "Anti-flicker Filter", "0.0", "1.0"}},
+    {5, ParamKind::Scalar,   "Rotation",            "0",   "-32768.", "32767.", {"rotation", "Rotation", "-8640", "8640", "", "0"}},
+    {6, ParamKind::Point,    "Anchor Point",        "",    "",        "",       {"centerOffset", "Anchor Point", "", "", "", "0:0"}},
+    {7, ParamKind::Slider,   "Anti-flicker Filter", "0.",  "0.",      "1.",     {"antiflicker", "Anti-flicker Filter", "0.0", "1.0", "", "0"}},
 };
 // clang-format on
 

@@ -1,6 +1,8 @@
 #include "effects/opacity.h"
 
 #include "core/numbers.h"
+#include "core/text.h"
+#include "effects/effect_losses.h"
 #include "effects/keyframes.h"
 #include "effects/values.h"
 
@@ -37,6 +39,11 @@ const BlendMode& FindBlendMode(std::string_view compositeMode)
         if (row.compositeMode == compositeMode)
             return row;
     return kNormal;
+}
+
+bool IsNormal(std::string_view compositeMode)
+{
+    return compositeMode.empty() || EqualsIgnoreCase(compositeMode, "normal");
 }
 
 // Opacity counts as animated even where it is not. The first parameter of the effect is meant,
@@ -77,6 +84,8 @@ void AddBlendMode(const EffectContext& context, std::string_view compositeMode,
     const BlendMode& mode = FindBlendMode(compositeMode);
     if (!mode.supported)
         context.AddIssue(ImportIssue::CompositeModeNotSupported, compositeMode);
+    if (&mode == &kNormal && !IsNormal(compositeMode))
+        context.AddRemark(RemarkKind::CompositeModeUnknown, {.name = compositeMode});
     const auto add = [&](const ParamRow& row, int value) {
         component.AddChild("Param", MakeParam(context.document, row.kind,
                                               {.name = row.name,
@@ -110,6 +119,7 @@ ObjectHandle TranslateOpacity(const EffectContext& context, ConstHandle effect,
     CopyBypass(effect, component);
     CopyExpanded(effect, component);
     AddAmount(context, effect, component);
+    RemarkOnParameters(context, kOpacityParams, effect, effect.GetChild("parameter"));
     if (!compositeMode.empty() || !TakeCarriedMode(context, effect, component))
         AddBlendMode(context, compositeMode, component);
     return component;

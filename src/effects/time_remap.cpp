@@ -240,9 +240,26 @@ std::string_view UpperTrue(bool value)
 
 bool IsVariableSpeed(ConstHandle effect)
 {
+    return HasSpeedCurve(effect) && EqualsIgnoreCase(effect.GetProperty("mediatype"), "video");
+}
+
+bool HasSpeedCurve(ConstHandle effect)
+{
     return IsSwitchedOn(FindParameter(effect, kVariable.xmeml.id)) &&
-           HasOwnPoint(FindParameter(effect, kSpeedCurve.xmeml.id)) &&
-           EqualsIgnoreCase(effect.GetProperty("mediatype"), "video");
+           HasOwnPoint(SpeedGraph(effect));
+}
+
+bool IsNeutralSpeed(ConstHandle effect)
+{
+    constexpr double kFullSpeed = 100;
+    const std::string_view speed = PlainValue(FindParameter(effect, kConstantSpeed.xmeml.id));
+    return (speed.empty() || ParseDouble(speed) == kFullSpeed) && !HasSpeedCurve(effect) &&
+           !IsSwitchedOn(FindParameter(effect, kReverse.xmeml.id));
+}
+
+ConstHandle SpeedGraph(ConstHandle effect)
+{
+    return FindParameter(effect, kSpeedCurve.xmeml.id);
 }
 
 bool AddTimeRemapping(Document& document, ConstHandle effect, Ticks frameTicks,
@@ -254,9 +271,7 @@ bool AddTimeRemapping(Document& document, ConstHandle effect, Ticks frameTicks,
     if (clip.HasChild("TimeRemapping"))
         return true;
     const ObjectHandle remapping = document.NewObject("TimeRemapping");
-    remapping.AddChild(
-        "Keyframes",
-        MakeSpeedParam(document, FindParameter(effect, kSpeedCurve.xmeml.id), frameTicks));
+    remapping.AddChild("Keyframes", MakeSpeedParam(document, SpeedGraph(effect), frameTicks));
     clip.AddChild("TimeRemapping", remapping);
     return true;
 }

@@ -36,6 +36,12 @@ inline constexpr EffectRow kTimeRemap = {
 // True for a `timeremap` effect of video whose graph has points of its own, beside those at the
 // edges of the clip.
 bool IsVariableSpeed(ConstHandle effect);
+// The same for any media.
+bool HasSpeedCurve(ConstHandle effect);
+// True for a `timeremap` that plays its source as it is.
+bool IsNeutralSpeed(ConstHandle effect);
+// The `parameter` of the graph; null without one.
+ConstHandle SpeedGraph(ConstHandle effect);
 
 // Gives the clip of a SubClip the graph of a `timeremap`, unless it has one; false without a clip.
 bool AddTimeRemapping(Document& document, ConstHandle effect, Ticks frameTicks,

@@ -2,6 +2,7 @@
 #include "effects/title_reader.h"
 
 #include "core/numbers.h"
+#include "effects/effect_losses.h"
 
 #include <algorithm>
 #include <iterator>
@@ -94,6 +95,30 @@ constexpr TitleParameter kTitleParameters[] = {
     {"size2", Field::Size, Of::LowerThird, 1},
     {"color1", Field::Color, Of::LowerThird, 0},
     {"color2", Field::Color, Of::LowerThird, 1},
+};
+
+// What is read of a shape.
+constexpr std::string_view kShapeParameters[] = {
+    "center", "size", "a", "col", "fontcolor", "textcolor", "linecolor", "linewidth",
+};
+
+// The values at which parameters that are not read change nothing, separated by blanks.
+struct NeutralParameter {
+    std::string_view id;
+    std::string_view values = {}; // empty: any
+};
+constexpr NeutralParameter kNeutralParameters[] = {
+    {"aspect", "1"},   {"fonttrack", "0 1"},
+    {"track", "0 1"},  {"leading", "0"},
+    {"lead", "0"},     {"autokern"},
+    {"subpixel"},      {"textopacity", "100"},
+    {"linesoft", "0"}, {"soft", "0"},
+    {"feather", "0"},  {"xscale", "0"}, // of a background, which has no size then
+    {"yscale", "0"},   {"xoffset"},
+    {"yoffset"},       {"backcolor"},
+    {"backopacity"},   {"backsoft"},
+    {"crop", "0"},     {"opacity", "100"},
+    {"direction", "1"},
 };
 
 // No title has more; sums and products of such numbers are finite.
@@ -301,6 +326,33 @@ private:
     bool hasOrigin_ = false;
 };
 
+// ---- What is lost
+
+bool IsReadOf(ConstHandle generator, std::string_view id)
+{
+    if (IsShape(generator))
+        return std::ranges::find(kShapeParameters, id) != std::end(kShapeParameters);
+    return FindRow(kTitleParameters, id) != nullptr;
+}
+
+bool IsNeutralParameter(ConstHandle parameter)
+{
+    const NeutralParameter* const row =
+        FindRow(kNeutralParameters, parameter.GetProperty("parameterid"));
+    if (!row)
+        return false;
+    const ParamRow neutral = XmemlOnly({.neutral = row->values});
+    return row->values.empty() || IsHarmless(&neutral, parameter);
+}
+
+bool IsAnimated(ConstHandle parameter)
+{
+    int keyframes = 0;
+    for ([[maybe_unused]] const ConstHandle keyframe : parameter.GetChildren("keyframe"))
+        ++keyframes;
+    return keyframes > 1;
+}
+
 } // namespace
 
 std::vector<GeneratorListing> ListGenerators()
@@ -349,6 +401,24 @@ Title ReadTitle(ConstHandle generator, const FrameSize& frame)
         reader.Take(parameter);
     reader.Finish();
     return title;
+}
+
+void RemarkOnTitle(const EffectContext& context, ConstHandle generator, bool isGraphic)
+{
+    const ConstHandle effect = EffectOf(generator);
+    const TitleEffect* const title = TitleEffectOf(generator);
+    if (title && isGraphic && title->motion != TitleMotion::Still)
+        context.AddRemark(RemarkKind::TitleStands, effect);
+    for (const ConstHandle parameter : effect.GetChildren("parameter")) {
+        const std::string_view id = parameter.GetProperty("parameterid");
+        // A title document has no outline.
+        const bool isOutline = title && title->kind == TextKind::Outlined && !isGraphic &&
+                               id == "linewidth" && ReadLineWidth(parameter, 0) > 0;
+        if (isOutline || (!IsReadOf(generator, id) && !IsNeutralParameter(parameter)))
+            RemarkOnLostParameter(context, effect, parameter);
+        else if (IsReadOf(generator, id) && IsAnimated(parameter))
+            context.AddRemark(RemarkKind::KeyframesLost, effect, ParameterName(parameter));
+    }
 }
 
 Shape ReadShape(ConstHandle generator, const FrameSize& frame)

@@ -68,6 +68,9 @@ struct Title {
 // or clip around the generator.
 Title ReadTitle(ConstHandle generator, const FrameSize& frame);
 
+// On what a title document, or the effect of a graphic, can't hold of a title or shape.
+void RemarkOnTitle(const EffectContext& context, ConstHandle generator, bool isGraphic);
+
 enum class ShapeKind { Rectangle, Square, Circle, Oval };
 
 struct Shape {

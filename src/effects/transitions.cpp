@@ -1,10 +1,12 @@
 #include "effects/transitions.h"
 
 #include "core/numbers.h"
+#include "effects/effect_losses.h"
 #include "effects/values.h"
 #include "project/accessors.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <string>
 
@@ -142,10 +144,13 @@ const TransitionRow& VideoRowOf(const EffectContext& context, ConstHandle effect
 {
     const TransitionRow* const row = FindRow(MediaType::Video, effect);
     if (!row) {
-        context.AddIssue(ImportIssue::CrossDissolveTransitionNotTranslated, EffectName(effect));
+        context.AddIssue(ImportIssue::CrossDissolveTransitionNotTranslated, effect);
         return OtherTransition(MediaType::Video);
     }
-    return row->dipColor ? DipOfColor(context, *row, effect) : *row;
+    if (row->dipColor)
+        return DipOfColor(context, *row, effect);
+    RemarkOnParameters(context, row->params, effect);
+    return *row;
 }
 
 ObjectHandle MakeTransition(Document& document, Name className, const TransitionRow& row)
@@ -184,6 +189,9 @@ void SetWipe(const EffectContext& context, ConstHandle effect, ObjectHandle tran
 {
     if (const ConstHandle width = FindParameter(effect, kBorderWidth.id)) {
         const std::string_view text = StaticValue(width, {});
+        const double pixels = ParseDouble(text);
+        if (!context.openInterchange && pixels != std::trunc(pixels))
+            context.AddRemark(RemarkKind::ValueLimited, effect, ParameterName(width));
         transition.SetProperty("BorderWidth", context.openInterchange
                                                   ? NumberText(ParseDouble(text))
                                                   : IntToString(ParseInt64(text)));
@@ -192,9 +200,11 @@ void SetWipe(const EffectContext& context, ConstHandle effect, ObjectHandle tran
         transition.SetProperty("BorderColor", ColorText(ColorValue(color)));
     if (const ConstHandle angle = FindParameter(effect, kDirection.id)) {
         const std::int64_t degrees = ParseInt64(StaticValue(angle, {}));
-        transition.SetProperty("Direction",
-                               IntToString(context.openInterchange ? NearestDirection(degrees)
-                                                                   : DirectionOfAngle(degrees)));
+        const int nearest = NearestDirection(degrees);
+        const int direction = context.openInterchange ? nearest : DirectionOfAngle(degrees);
+        if (direction != nearest || degrees % kWipeStep != 0)
+            context.AddRemark(RemarkKind::ValueLimited, effect, ParameterName(angle));
+        transition.SetProperty("Direction", IntToString(direction));
     }
 }
 
@@ -321,7 +331,7 @@ ObjectHandle MakeAudioTransition(const EffectContext& context, ConstHandle effec
         return {};
     const TransitionRow* const row = FindRow(MediaType::Audio, effect);
     if (!row)
-        context.AddIssue(ImportIssue::ConstantPowerTransitionNotTranslated, EffectName(effect));
+        context.AddIssue(ImportIssue::ConstantPowerTransitionNotTranslated, effect);
     return MakeTransition(context.document, "AudioTransitionTrackItem",
                           row ? *row : OtherTransition(MediaType::Audio));
 }

@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "effects/distort.h"
 #include "effects/effect_elements.h"
+#include "effects/effect_losses.h"
 #include "effects/motion.h"
 #include "effects/opacity.h"
 #include "effects/time_remap.h"
@@ -25,6 +26,7 @@ struct ItemEffects {
     ObjectHandle opacity = {};
     ConstHandle motionSource = {};
     ConstHandle distortSource = {};
+    ConstHandle speedSource = {};
     Components filters = {};
 };
 
@@ -33,14 +35,34 @@ struct ItemEffects {
 // The first one counts.
 bool TakeOpacity(ItemEffects& effects, ConstHandle effect)
 {
-    if (!effects.opacity)
+    if (effects.opacity)
+        RemarkOnSecond(effects.context, effect, IsNeutralFilter);
+    else
         effects.opacity =
             TranslateOpacity(effects.context, effect, effects.item.GetProperty("compositemode"));
     return true;
 }
 
+// On what a Basic 3D moves in the plane, which no Motion takes.
+void RemarkOnMotionOf(const EffectContext& context, ConstHandle basic3D)
+{
+    for (const ParamRow& row : kBasic3D.params) {
+        const ConstHandle parameter =
+            row.name.empty() ? FindParameter(basic3D, row.xmeml.id) : ConstHandle();
+        if (parameter && !IsHarmless(&row, parameter))
+            RemarkOnLostParameter(context, basic3D, parameter);
+    }
+}
+
+// The last one counts, also before a Basic 3D.
 bool TakeMotion(ItemEffects& effects, ConstHandle effect)
 {
+    if (const ConstHandle earlier = effects.motionSource) {
+        if (earlier.GetProperty("effectid") == kBasic3D.xmeml.id)
+            RemarkOnMotionOf(effects.context, earlier);
+        else
+            RemarkOnSecond(effects.context, earlier, IsNeutralFilter);
+    }
     effects.motionSource = effect;
     return true;
 }
@@ -48,10 +70,16 @@ bool TakeMotion(ItemEffects& effects, ConstHandle effect)
 // Motion has no corners, but it can take an aspect.
 bool TakeDistort(ItemEffects& effects, ConstHandle effect)
 {
-    if (IsNeutral(kDistort.params, effect))
-        return true;
-    if (!IsAspectOnly(effect))
+    const bool isNeutral = IsNeutral(kDistort.params, effect);
+    if (!isNeutral && !IsAspectOnly(effect))
         return false;
+    if (const ConstHandle corner = FindParameter(effect, kLowerLeftCorner.xmeml.id);
+        corner && !IsHarmless(&kLowerLeftCorner, corner))
+        RemarkOnLostParameter(effects.context, effect, corner);
+    if (isNeutral)
+        return true;
+    if (effects.distortSource)
+        RemarkOnSecond(effects.context, effects.distortSource, IsNeutralFilter);
     effects.distortSource = effect;
     return true;
 }
@@ -59,6 +87,16 @@ bool TakeDistort(ItemEffects& effects, ConstHandle effect)
 // A constant speed is a value of the clip.
 bool TakeSpeed(ItemEffects& effects, ConstHandle effect)
 {
+    if (effects.speedSource) {
+        RemarkOnSecond(effects.context, effect, IsNeutralFilter);
+    } else {
+        effects.speedSource = effect;
+        const bool isVariable = IsVariableSpeed(effect);
+        if (isVariable)
+            RemarkOnKeyframes(effects.context, effect, SpeedGraph(effect));
+        else if (HasSpeedCurve(effect))
+            RemarkOnLostParameter(effects.context, effect, SpeedGraph(effect));
+    }
     return !IsVariableSpeed(effect) ||
            AddTimeRemapping(effects.context.document, effect, effects.context.frameTicks,
                             effects.subClip);
@@ -74,6 +112,8 @@ void AddBasic3D(const EffectContext& context, ConstHandle effect, Components& co
         components.push_back(basic3D.component);
     if (basic3D.isMotionSource && !motionSource)
         motionSource = effect;
+    else
+        RemarkOnMotionOf(context, effect);
 }
 
 bool TakeBasic3D(ItemEffects& effects, ConstHandle effect)
@@ -103,12 +143,17 @@ bool TakeEffect(ItemEffects& effects, ConstHandle effect)
 bool TakeMasterEffect(const EffectContext& context, ConstHandle effect, Components& components)
 {
     const std::string_view id = effect.GetProperty("effectid");
-    if (id == kTimeRemap.xmeml.id)
+    if (id == kTimeRemap.xmeml.id) {
+        if (!IsNeutralSpeed(effect))
+            context.AddRemark(RemarkKind::BrowserClipEffect, effect);
         return true;
+    }
     if (id != kBasic3D.xmeml.id)
         return FilterToProject(context, effect, components);
     ConstHandle motionSource;
     AddBasic3D(context, effect, components, motionSource);
+    if (motionSource)
+        RemarkOnMotionOf(context, effect);
     return true;
 }
 
@@ -119,13 +164,14 @@ template <typename Take>
 void TakeOne(const EffectContext& context, ConstHandle effect, const Take& take)
 {
     if (!take(effect))
-        context.AddIssue(ImportIssue::EffectNotTranslated, EffectName(effect));
+        context.AddIssue(ImportIssue::EffectNotTranslated, effect);
 }
 
 // The same for each effect of a walk.
 template <typename Take>
 void TakeEffects(const EffectContext& context, ConstHandle owner, const Take& take)
 {
+    RemarkOnFilters(context, owner, IsNeutralFilter);
     ForEachEffect(owner, [&](ConstHandle effect) { TakeOne(context, effect, take); });
 }
 
@@ -135,6 +181,14 @@ void AddOpacityOfMode(ItemEffects& effects)
     const std::string_view mode = effects.item.GetProperty("compositemode");
     if (!mode.empty() && !effects.opacity)
         effects.opacity = TranslateOpacity(effects.context, {}, mode);
+}
+
+// The effect from which the Motion of the item is made.
+void RemarkOnMotion(const ItemEffects& effects)
+{
+    const ConstHandle source = effects.motionSource;
+    if (source.GetProperty("effectid") == kMotion.xmeml.id)
+        RemarkOnParameters(effects.context, kMotion.params, source);
 }
 
 // ---- The result
@@ -185,14 +239,18 @@ ObjectHandle BuildSequenceChain(const EffectContext& context, ConstHandle item,
     chain.SetProperty("SeqID", sequenceId);
     chain.SetPropertyShared("DefaultOpacity", "true");
     chain.SetPropertyShared("DefaultMotion", "true");
-    if (context.frameTicks == 0)
+    if (context.frameTicks == 0) {
+        if (item.HasChild("filter") || title)
+            context.AddRemark(RemarkKind::EffectsWithoutRate);
         return chain;
+    }
     ItemEffects effects{.context = context, .item = item, .subClip = subClip};
     const auto take = [&](ConstHandle effect) { return TakeEffect(effects, effect); };
     if (title)
         TakeOne(context, title, take);
     TakeEffects(context, item, take);
     AddOpacityOfMode(effects);
+    RemarkOnMotion(effects);
     AttachItemEffects(chain, effects,
                       TranslateMotion(context, effects.motionSource, effects.distortSource));
     return chain;

@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "effects/color_corrector.h"
 #include "effects/distort.h"
+#include "effects/effect_losses.h"
 #include "effects/graphic_effects.h"
 #include "effects/kept_params.h"
 #include "effects/look_effect.h"
@@ -94,8 +95,11 @@ ObjectHandle MakeFlip(const EffectContext& context, const ComponentNames& names,
 {
     const ObjectHandle component = MakeFilterComponent(context.document, names, effect);
     component.SetPropertyShared("VideoFilterType", "1");
-    if (!context.openInterchange)
+    if (!context.openInterchange) {
+        if (IsTrue(effect, "velaBypass"))
+            context.AddRemark(RemarkKind::BypassLost, effect);
         component.SetPropertyShared("Bypass", "false");
+    }
     component.AddChild("Param", MakeEmptyBlob(context.document));
     return component;
 }
@@ -134,14 +138,15 @@ constexpr ParamRow kGaussianBlurParams[] = {
     // kind      name               value  lower upper     xmeml
     {1, K::Slider, "Blurriness",      "1.0", "0.", "30000.", {"radius", "Radius", "0", "100"}},
     {2, K::Choice, "Blur Dimensions", "0",   "0",  "2",      {}, kPopUp},
-    XmemlOnly({.id = "channel", .name = "Channel", .value = "1"}), // all alike, as projects blur
+    XmemlOnly({.id = "channel", .name = "Channel", .value = "1", .neutral = "1"}), // all alike, as projects blur
 };
 
 constexpr ParamRow kLumaKeyParams[] = {
     // The mode in which the key takes a threshold and a tolerance.
-    XmemlOnly({"keymode", "Key Mode", "1", "4", "4"}),
+    XmemlOnly({"keymode", "Key Mode", "1", "4", "4", "4"}),
     {1, K::Scalar, "Threshold", "0.", "0.", "100.", {"threshold", "Threshold", "-100", "100"}, 0, true, LumaThreshold, PercentOfThreshold},
     {2, K::Scalar, "Cutoff",    "0.", "0.", "100.", {"tolerance", "Tolerance", "0", "100"}},
+    XmemlOnly({.id = "softness", .neutral = "0"}),
 };
 
 constexpr ParamRow kLookParams[] = {
@@ -162,6 +167,9 @@ constexpr ParamRow kFourPointMatteParams[] = {
     {2, K::Point, "Top Right",    "", "", "", {"p1", "Point 2"}},
     {3, K::Point, "Bottom Right", "", "", "", {"p2", "Point 3"}},
     {4, K::Point, "Bottom Left",  "", "", "", {"p3", "Point 4"}},
+    XmemlOnly({.id = "smooth",  .neutral = "0"}),
+    XmemlOnly({.id = "choke",   .neutral = "0"}),
+    XmemlOnly({.id = "feather", .neutral = "0"}),
 };
 
 constexpr ParamRow kEightPointMatteParams[] = {
@@ -173,6 +181,9 @@ constexpr ParamRow kEightPointMatteParams[] = {
     {6, K::Point, "Bottom Center Tangent", "", "", "", {"p5", "Point 6"}},
     {7, K::Point, "Left Bottom Vertex",    "", "", "", {"p6", "Point 7"}},
     {8, K::Point, "Left Center Tangent",   "", "", "", {"p7", "Point 8"}},
+    XmemlOnly({.id = "smooth",  .neutral = "0"}),
+    XmemlOnly({.id = "choke",   .neutral = "0"}),
+    XmemlOnly({.id = "feather", .neutral = "0"}),
 };
 
 constexpr ParamRow kMotionBlurParams[] = {
@@ -287,6 +298,14 @@ const EffectRow* FindById(std::string_view effectId)
     return row == std::end(kVideoEffects) ? nullptr : row;
 }
 
+// True for an effect of which the rows state what is carried. The others carry all parameters, or
+// have an issue.
+bool IsByRows(const EffectRow& row)
+{
+    return !row.keepsParams && row.toProject != LookToProject &&
+           row.toProject != ColorCorrectorToProject;
+}
+
 // ---- To `xmeml`
 
 bool IsWritten(const EffectContext& context, const EffectRow& row)
@@ -352,7 +371,26 @@ bool FilterToProject(const EffectContext& context, ConstHandle effect, Component
     const EffectRow* row = FindById(effect.GetProperty("effectid"));
     if (!row || !row->toProject)
         row = FindById(effect.GetProperty("name"));
-    return row && row->toProject && row->toProject(context, *row, effect, components);
+    if (!row || !row->toProject || !row->toProject(context, *row, effect, components))
+        return false;
+    if (IsByRows(*row))
+        RemarkOnParameters(context, row->params, effect);
+    return true;
+}
+
+bool IsNeutralFilter(ConstHandle effect)
+{
+    const EffectRow* const row = FindById(effect.GetProperty("effectid"));
+    if (!row)
+        return false;
+    if (row->xmeml.id == kTimeRemap.xmeml.id)
+        return IsNeutralSpeed(effect);
+    for (const ConstHandle parameter : effect.GetChildren("parameter"))
+        if (!IsHarmless(FindParamRow(row->params, parameter.GetProperty("parameterid")),
+                        parameter) &&
+            StatesValue(parameter))
+            return false;
+    return true;
 }
 
 void FiltersToXmeml(const EffectContext& context, ConstHandle chain, ObjectHandle element)

@@ -17,6 +17,9 @@ std::span<const EffectRow> VideoEffects();
 // their `name`, which may be an id. False for one that is not translated.
 bool FilterToProject(const EffectContext& context, ConstHandle effect, Components& components);
 
+// True for an effect of documents, those of every item included, that changes nothing.
+bool IsNeutralFilter(ConstHandle effect);
+
 // Puts a `filter` on `element` for every component that documents have a counterpart for, and
 // reports the others. Motion and Opacity, which only items have, are not among them. The location
 // of the context has no track for the effects of a file.

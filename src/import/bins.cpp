@@ -8,17 +8,19 @@
 
 #include <memory>
 #include <stack>
+#include <string_view>
 
 namespace XPJ {
 
 namespace {
 
-ObjectHandle MakeBinItem(const ImportState& state, ConstHandle bin)
+ObjectHandle MakeBinItem(ImportState& state, ConstHandle bin)
 {
     const ObjectHandle item = state.document.NewObject("BinProjectItem");
     AddUid(item);
     item.SetPropertyShared("Name", bin.GetProperty("name"));
-    CopyLabel(state, bin, item, kItemLabel);
+    if (!CopyLabel(state, bin, item, kItemLabel))
+        RemarkOnLabel(state, bin, LocationOfClip(state, bin));
     return item;
 }
 
@@ -27,7 +29,7 @@ void TranslateEntry(ImportState& state, ConstHandle entry, ObjectHandle parentIt
 {
     if (entry.GetName() == "clip") {
         if (!TranslateClip(state, entry, parentItem))
-            AddSkipped(state, {.clip = entry.GetProperty("name")});
+            AddSkipped(state, entry, LocationOfClip(state, entry));
     } else if (entry.GetName() == "sequence") {
         TranslateSequence(state, entry, parentItem);
     }
@@ -44,9 +46,10 @@ std::size_t CountChildren(ConstHandle node)
 // A list of entries that is being translated, and the item that their items belong to. Bins nest
 // far deeper than a thread's stack allows, so the open ones are kept on a stack of these.
 struct OpenList {
-    OpenList(Progress& progress, ConstHandle entries, ObjectHandle parentItem)
+    OpenList(Progress& progress, ConstHandle entries, ObjectHandle parentItem,
+             std::string_view binPath)
         : stage(progress, 1, CountChildren(entries)), next(entries.GetChildren().begin()),
-          end(entries.GetChildren().end()), item(parentItem)
+          end(entries.GetChildren().end()), item(parentItem), path(binPath)
     {
     }
 
@@ -54,6 +57,7 @@ struct OpenList {
     ConstChildRange::Iterator next;
     ConstChildRange::Iterator end;
     ObjectHandle item;
+    std::string_view path; // of the bins
 };
 
 using OpenLists = std::stack<std::unique_ptr<OpenList>>;
@@ -65,12 +69,14 @@ bool TranslateNext(ImportState& state, OpenLists& lists)
     OpenList& list = *lists.top();
     const ConstHandle entry = *list.next;
     ++list.next;
+    state.bin = list.path;
     if (entry.GetName() != "bin") {
         TranslateEntry(state, entry, list.item);
         return list.stage.Step();
     }
     const ObjectHandle item = MakeBinItem(state, entry);
-    lists.push(std::make_unique<OpenList>(state.progress, entry.GetChild("children"), item));
+    lists.push(std::make_unique<OpenList>(state.progress, entry.GetChild("children"), item,
+                                          PathOfBin(state.document, list.path, entry)));
     return true;
 }
 
@@ -91,7 +97,7 @@ bool CloseList(OpenLists& lists)
 bool TranslateEntries(ImportState& state, ConstHandle entries, ObjectHandle parentItem)
 {
     OpenLists lists;
-    lists.push(std::make_unique<OpenList>(state.progress, entries, parentItem));
+    lists.push(std::make_unique<OpenList>(state.progress, entries, parentItem, std::string_view()));
     bool goesOn = true;
     while (goesOn && !lists.empty()) {
         const OpenList& list = *lists.top();

@@ -116,7 +116,16 @@ void AddGeneratorIssue(ImportState& state, ConstHandle clip, ConstHandle generat
     issue.clip = generator.GetProperty("name");
     issue.sequence = clip.GetProperty("name");
     issue.trackKind = kVideoTrackKind;
+    const std::size_t before = state.account.remarks.size();
     AddIssue(state.account, Direction::Import, issue);
+    if (state.account.remarks.size() == before)
+        return;
+    // The issue has the clip as its sequence; the remark says where it is.
+    Remark& remark = state.account.remarks.back();
+    remark.clip = std::move(remark.sequence);
+    remark.sequence.clear();
+    remark.trackKind = kNoTrack;
+    remark.bin = state.bin;
 }
 
 void CollectGenerator(ImportState& state, ConstHandle clip, ConstHandle generator)
@@ -124,6 +133,8 @@ void CollectGenerator(ImportState& state, ConstHandle clip, ConstHandle generato
     const GeneratorResult result = TranslateGenerator(state, ClipItem(generator), clip);
     if (!result.translated)
         AddGeneratorIssue(state, clip, generator);
+    if (result.isNew)
+        RemarkOnGenerator(state, generator, result, LocationOfClip(state, clip));
     const std::string_view id = generator.GetProperty("id");
     if (result.master && !id.empty())
         state.masters.AddSignature(SignatureOf(clip, id), result.master);
@@ -253,6 +264,7 @@ bool TranslateClip(ImportState& state, ConstHandle clip, ObjectHandle parentItem
             TranslateMulticlipItem(state, clip, parentItem);
             return true;
         }
+        RemarkOnAngles(state, multiclip, LocationOfClip(state, clip));
         clip = state.angles.Of(multiclip).clip;
     }
     const ClipFileList list(state.files, clip);

@@ -7,6 +7,7 @@
 #include "xmeml/sequences.h"
 
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
@@ -35,9 +36,14 @@ private:
     std::unordered_set<std::string_view> taken_;
 };
 
+struct CollectedNode {
+    ConstHandle node;
+    std::string_view bin; // the path of the bins around it
+};
+
 struct Collection {
     // In post-order: a node comes after all its children.
-    std::vector<ConstHandle> nodes;
+    std::vector<CollectedNode> nodes;
     IdMaker sequenceIds{"sequence-", 0};
     // A "-" would mean a subclip's file, "Slug" at the start a slug.
     IdMaker fileIds{"unnamedfile", 1};
@@ -47,9 +53,24 @@ using Handler = void (*)(ImportState&, Collection&, ConstHandle);
 
 void CollectFile(ImportState& state, Collection& collection, ConstHandle file)
 {
-    if (file.HasChildren())
-        state.files.Add(FileElement(file),
-                        HasValue(file, "id") ? std::string() : collection.fileIds.Make());
+    if (!file.HasChildren())
+        return;
+    state.files.Add(FileElement(file),
+                    HasValue(file, "id") ? std::string() : collection.fileIds.Make());
+    const std::string_view path = file.GetProperty("pathurl");
+    const std::string_view used = state.files.Resolve(file).GetProperty("pathurl");
+    if (!path.empty() && !used.empty() && path != used)
+        AddRemark(state.account, RemarkKind::FileTwice, {.bin = state.bin},
+                  {.name = file.GetProperty("name"),
+                   .id = file.GetProperty("id"),
+                   .detail = file.GetProperty("id")});
+}
+
+// A document may state one sequence several times.
+bool AreSameSequence(ConstHandle a, ConstHandle b)
+{
+    return a.GetProperty("name") == b.GetProperty("name") &&
+           a.GetProperty("duration") == b.GetProperty("duration");
 }
 
 void CollectSequence(ImportState& state, Collection& collection, ConstHandle sequence)
@@ -59,8 +80,15 @@ void CollectSequence(ImportState& state, Collection& collection, ConstHandle seq
     if (!HasValue(sequence, "id"))
         state.sequences.SetGeneratedId(sequence, collection.sequenceIds.Make());
     const std::string_view id = state.sequences.IdOf(sequence);
-    if (!state.sequences.MasterOf(id))
+    const MasterClipHandle known = state.sequences.MasterOf(id);
+    if (!known) {
         state.sequences.AddMaster(id, MakeSequenceMaster(state, sequence));
+        return;
+    }
+    const ConstHandle used = state.sequences.ElementOf(known.Sequence());
+    if (sequence.HasChildren() && !AreSameSequence(sequence, used))
+        AddRemark(state.account, RemarkKind::SequenceTwice, LocationOfClip(state, sequence),
+                  {.name = used.GetProperty("name"), .id = id, .detail = id});
 }
 
 struct CollectedTag {
@@ -84,11 +112,11 @@ Handler HandlerOf(ConstHandle node)
     return nullptr;
 }
 
-void Enter(Collection& collection, ConstHandle node)
+void Enter(Collection& collection, ConstHandle node, std::string_view bin)
 {
     if (!HandlerOf(node))
         return;
-    collection.nodes.push_back(node);
+    collection.nodes.push_back({node, bin});
     if (node.GetName() == "sequence")
         collection.sequenceIds.Take(node.GetProperty("id"));
     else if (node.GetName() == "file")
@@ -97,26 +125,30 @@ void Enter(Collection& collection, ConstHandle node)
 
 // Bound references give nodes several parents, so each is taken where it is met first. The handlers
 // run when the walk is over and all ids are known.
-Collection Gather(ConstHandle project)
+Collection Gather(Document& document, ConstHandle project)
 {
     struct Level {
         ConstHandle node;
         ConstChildRange::Iterator next;
+        std::string_view bin; // the path of the bins around its children
     };
     Collection collection;
     NodeSet visited;
     visited.Insert(project);
-    std::vector<Level> levels{{project, project.GetChildren().begin()}};
+    std::vector<Level> levels{{project, project.GetChildren().begin(), {}}};
     const ConstChildRange::Iterator end = project.GetChildren().end();
     while (!levels.empty()) {
         Level& level = levels.back();
         if (level.next != end) {
             const ConstHandle child = *level.next;
             ++level.next;
-            if (visited.Insert(child))
-                levels.push_back({child, child.GetChildren().begin()});
+            if (!visited.Insert(child))
+                continue;
+            const std::string_view bin =
+                child.GetName() == "bin" ? PathOfBin(document, level.bin, child) : level.bin;
+            levels.push_back({child, child.GetChildren().begin(), bin});
         } else {
-            Enter(collection, level.node);
+            Enter(collection, level.node, level.bin);
             levels.pop_back();
         }
     }
@@ -127,9 +159,10 @@ Collection Gather(ConstHandle project)
 
 bool CollectReferences(ImportState& state, ConstHandle project)
 {
-    Collection collection = Gather(project);
+    Collection collection = Gather(state.document, project);
     StageScope stage(state.progress, 1, collection.nodes.size());
-    for (const ConstHandle& node : collection.nodes) {
+    for (const auto& [node, bin] : collection.nodes) {
+        state.bin = bin;
         HandlerOf(node)(state, collection, node);
         if (!stage.Step())
             return false;

@@ -4,9 +4,11 @@
 #include "core/numbers.h"
 #include "effects/audio_chain.h"
 #include "effects/audio_pan.h"
+#include "effects/effect_elements.h"
 #include "effects/graphic_effects.h"
 #include "effects/graphic_title.h"
 #include "effects/video_chain.h"
+#include "effects/video_effects.h"
 #include "project/media.h"
 #include "project/panners.h"
 #include "xmeml/file_audio.h"
@@ -153,22 +155,75 @@ bool CanPan(const SequenceContext& sequence, const ItemChannels& channels)
            sequence.groupType != kAdaptiveType;
 }
 
+void RemarkOnItemPan(const SequenceContext& sequence, const EffectContext& context,
+                     ConstHandle item)
+{
+    RemarkOnPan(context,
+                sequence.groupType == kAdaptiveType ? RemarkKind::PanManyOutputs
+                                                    : RemarkKind::PanOfClip,
+                item);
+}
+
 // ---- Masters
+
+// The filters of an owner that masters can't have.
+void RemarkOnOwner(const EffectContext& context, ConstHandle owner,
+                   bool (*isNeutral)(ConstHandle effect))
+{
+    ForEachEffect(owner, [&](ConstHandle effect) {
+        if (!isNeutral(effect))
+            context.AddRemark(RemarkKind::BrowserClipEffect, effect);
+    });
+}
+
+EffectContext ContextOfClip(ImportState& state, ConstHandle clip)
+{
+    return {.document = state.document,
+            .account = state.account,
+            .location = LocationOfClip(state, clip)};
+}
+
+// On the filters of the items of a browser clip, of either type.
+void RemarkOnItems(const EffectContext& context, ConstHandle group,
+                   bool (*isNeutral)(ConstHandle effect))
+{
+    for (const ConstHandle& track : group.GetChildren("track"))
+        for (const ConstHandle& item : track.GetChildren("clipitem"))
+            RemarkOnOwner(context, item, isNeutral);
+}
+
+// Once.
+void RemarkOnClipItems(ImportState& state, ConstHandle clip)
+{
+    const ConstHandle media = clip.GetChild("media");
+    if (!media || !state.remarkedFilters.Insert(media))
+        return;
+    const EffectContext context = ContextOfClip(state, clip);
+    RemarkOnItems(context, media.GetChild("video"), IsNeutralFilter);
+    RemarkOnItems(context, media.GetChild("audio"), IsNeutralAudioFilter);
+}
 
 void AddMasterVideoEffects(ImportState& state, ConstHandle element, FileElement file,
                            MasterClipHandle master)
 {
-    const ObjectHandle chain = master.GetChild("VideoComponentChain");
-    if (!chain)
-        return;
     // The filters of a track item are its own, whichever master it brings.
     const ConstHandle clip = element.GetName() == "clip" ? element : ConstHandle();
-    const ItemLocation location{.clip = element.GetProperty("name")};
     const ConstHandle ownFile = file;
+    const ObjectHandle chain = master.GetChild("VideoComponentChain");
+    const ItemLocation location = LocationOfClip(state, element);
+    Account unused; // a clip has several masters, but its losses once
     for (const ConstHandle& owner : {clip, ownFile}) {
+        if (!owner.HasChild("filter"))
+            continue;
+        const bool isFirst = state.remarkedFilters.Insert(owner);
+        if (!chain) {
+            if (isFirst)
+                RemarkOnOwner(ContextOfClip(state, element), owner, IsNeutralFilter);
+            continue;
+        }
         const Ticks frameTicks = FilterTicks(owner, master, kNtscFrameTicks);
         const EffectContext context{.document = state.document,
-                                    .account = state.account,
+                                    .account = isFirst ? state.account : unused,
                                     .location = location,
                                     .frameTicks = frameTicks,
                                     .lookFiles = &state.lookFiles,
@@ -177,19 +232,43 @@ void AddMasterVideoEffects(ImportState& state, ConstHandle element, FileElement 
     }
 }
 
-// To the letter a browser clip has no audio effects.
+// True if an item has an effect of the kind: the channels of a clip mostly have the same effects.
+bool HasEffectLike(ConstHandle item, ConstHandle effect)
+{
+    return static_cast<bool>(FindAudioEffect(item, AudioEffectId(effect)));
+}
+
+// On effects that the further items of a clip have and the one whose effects are translated has
+// not.
+void RemarkOnFurtherItems(const EffectContext& context, ConstHandle clip, ConstHandle translated)
+{
+    for (const ConstHandle& track : FindPath(clip, {"media", "audio"}).GetChildren("track"))
+        for (const ConstHandle& item : track.GetChildren("clipitem"))
+            ForEachEffect(item, [&](ConstHandle effect) {
+                if (!HasEffectLike(translated, effect) && !IsNeutralAudioFilter(effect))
+                    context.AddRemark(RemarkKind::BrowserClipEffect, effect);
+            });
+}
+
+// To the letter a browser clip has no effects of its items.
 void AddMasterAudioEffects(ImportState& state, ConstHandle clip, MasterClipHandle master)
 {
+    if (clip.GetName() != "clip")
+        return;
     const ObjectHandle audioClip = master.AudioClip();
-    if (!IsOpen(state) || clip.GetName() != "clip" || !audioClip)
+    if (!IsOpen(state))
+        return RemarkOnClipItems(state, clip);
+    if (!audioClip)
         return;
     for (const ConstHandle& track : FindPath(clip, {"media", "audio"}).GetChildren("track")) {
         const ConstHandle item = track.GetChild("clipitem");
         if (!item.HasChild("filter"))
             continue;
-        const ItemLocation location{.clip = clip.GetProperty("name")};
+        const bool isFirst = state.remarkedFilters.Insert(item);
+        Account unused;
+        const ItemLocation location = LocationOfClip(state, clip);
         const EffectContext context{.document = state.document,
-                                    .account = state.account,
+                                    .account = isFirst ? state.account : unused,
                                     .location = location,
                                     .frameTicks = FilterTicks(item, master, kNtscFrameTicks),
                                     .sampleTicks = Int64Property(audioClip, "FrameRate"),
@@ -198,6 +277,8 @@ void AddMasterAudioEffects(ImportState& state, ConstHandle clip, MasterClipHandl
             IsExploded(clip) && AudioKindOfFile(FileOfItem(state.files, item)).kind == kStereo;
         const ItemAudio audio = AudioOfItem(state.files, item, isStereo ? kStereoType : kMonoType);
         master.AddChild("AudioComponentChain", BuildAudioChain(context, audio, item));
+        RemarkOnPan(context, RemarkKind::BrowserClipEffect, item);
+        RemarkOnFurtherItems(context, clip, item);
         return;
     }
 }
@@ -227,6 +308,15 @@ void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, const 
     if (CanPan(sequence, channels))
         trackItem.AddChild("Panner", MakeItemPanner(document, TranslatePan(effects, audio, source),
                                                     sequence.rates.audio));
+    else
+        RemarkOnItemPan(sequence, effects, item);
+}
+
+void RemarkOnClipFilters(ImportState& state, ConstHandle clip)
+{
+    if (state.remarkedFilters.Insert(clip))
+        RemarkOnOwner(ContextOfClip(state, clip), clip, IsNeutralFilter);
+    RemarkOnClipItems(state, clip);
 }
 
 void AddMasterEffects(ImportState& state, ConstHandle element, FileElement file,

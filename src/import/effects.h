@@ -23,4 +23,7 @@ void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, const 
 void AddMasterEffects(ImportState& state, ConstHandle element, FileElement file,
                       MasterClipHandle master);
 
+// On the filters of a browser `clip` and of its items, none of which is translated. Once.
+void RemarkOnClipFilters(ImportState& state, ConstHandle clip);
+
 } // namespace XPJ

@@ -1,11 +1,13 @@
 #include "import/generators.h"
 
+#include "effects/effect_losses.h"
 #include "effects/graphic_effects.h"
 #include "effects/graphic_title.h"
 #include "effects/legacy_title.h"
 #include "effects/plain_generators.h"
 #include "effects/title_reader.h"
 #include "effects/video_chain.h"
+#include "import/effects.h"
 #include "import/masters.h"
 #include "project/media.h"
 #include "project/synthetic_media.h"
@@ -188,7 +190,7 @@ GeneratorResult TranslateGraphic(ImportState& state, const ClipItem& item, Const
         state.options.settings.titlesAsMasterEffects || owner.GetName() != "sequence";
     if (master && isMasterEffect)
         AddTitleToMaster(state, item, ParseFrameSize(frame.rect, frame.par), master);
-    return {master, true, isMasterEffect};
+    return {master, true, isMasterEffect, true};
 }
 
 // Video that the host generates by itself.
@@ -247,7 +249,7 @@ GeneratorResult TranslateNew(ImportState& state, const ClipItem& item, ConstHand
 void AddMasterFilters(ImportState& state, ConstHandle generator, ConstHandle owner,
                       MasterClipHandle master)
 {
-    const ItemLocation location{.clip = generator.GetProperty("name")};
+    const ItemLocation location = LocationOfClip(state, generator);
     const EffectContext context{.document = state.document,
                                 .account = state.account,
                                 .location = location,
@@ -267,10 +269,33 @@ GeneratorResult TranslateGenerator(ImportState& state, const ClipItem& item, Con
                 route != GeneratorRoute::Graphic || state.titles.IsTitled(known)};
     if (const MasterClipHandle shared = ShareMaster(state, item))
         return {shared, route != GeneratorRoute::Unknown, false};
-    const GeneratorResult result = TranslateNew(state, item, owner, route);
-    if (state.options.settings.openInterchange && owner.GetName() == "clip" && result.master)
-        AddMasterFilters(state, item, owner, result.master);
+    GeneratorResult result = TranslateNew(state, item, owner, route);
+    result.isNew = true;
+    if (owner.GetName() == "clip" && result.master) {
+        if (state.options.settings.openInterchange)
+            AddMasterFilters(state, item, owner, result.master);
+        else
+            RemarkOnClipFilters(state, owner);
+    }
     return result;
+}
+
+void RemarkOnGenerator(ImportState& state, ConstHandle item, const GeneratorResult& result,
+                       const ItemLocation& location)
+{
+    if (!result.translated)
+        return;
+    const EffectContext context{
+        .document = state.document, .account = state.account, .location = location};
+    const ConstHandle effect = item.GetChild("effect");
+    if (IsTextTitle(item) || IsShape(item)) {
+        RemarkOnTitle(context, item, result.isGraphic);
+        return;
+    }
+    const ColorEffect* const color = ColorEffectOf(item);
+    for (const ConstHandle parameter : effect.GetChildren("parameter"))
+        if (!color || parameter.GetProperty("parameterid") != color->parameterId)
+            RemarkOnLostParameter(context, effect, parameter);
 }
 
 } // namespace XPJ

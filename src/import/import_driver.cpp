@@ -43,6 +43,43 @@ ConstHandle EntriesOf(ConstHandle root)
     return container.HasChildren() ? container : ConstHandle();
 }
 
+bool IsEntry(ConstHandle node)
+{
+    const Name name = node.GetName();
+    return name == "bin" || name == "clip" || name == "sequence";
+}
+
+void RemarkOnOutside(Account& account, ConstHandle node, std::string_view path)
+{
+    if (node.GetName() == "project")
+        AddRemark(account, RemarkKind::ProjectSecond, {},
+                  {.name = node.GetProperty("name"), .path = "xmeml/project"});
+    else if (IsEntry(node))
+        AddRemark(
+            account, RemarkKind::OutsideProject, {},
+            {.name = node.GetProperty("name"), .detail = node.GetName().View(), .path = path});
+}
+
+// On what is beside the entries that are translated. In open interchange nothing is.
+void RemarkOnOtherEntries(Account& account, ConstHandle root)
+{
+    const ConstHandle project = root.GetChild("project");
+    if (!project)
+        return;
+    for (const ConstHandle& child : root.GetChildren())
+        if (child != project)
+            RemarkOnOutside(account, child, "xmeml");
+    const ConstHandle children = project.GetChild("children");
+    if (!children)
+        return;
+    for (const ConstHandle& child : project.GetChildren()) {
+        RemarkOnOutside(account, child, "xmeml/project");
+        if (child.GetName() == "children" && child != children)
+            for (const ConstHandle& entry : child.GetChildren())
+                RemarkOnOutside(account, entry, "xmeml/project/children");
+    }
+}
+
 // Null, and true, for a project without entries. False when cancelled.
 bool TranslateRootItem(ImportState& state, ConstHandle entries, ObjectHandle& rootItem)
 {
@@ -71,6 +108,7 @@ int TranslateProject(ImportState& state, ConstHandle root, ObjectHandle project)
     if (!CollectReferences(state, stated ? stated : root) || !stage.Step())
         return kAborted;
 
+    RemarkOnOtherEntries(state.account, root);
     AddProjectSettings(state.document, project);
     KeepName(state, stated, project);
     ObjectHandle rootItem;

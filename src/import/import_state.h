@@ -18,6 +18,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_set>
 
 namespace XPJ {
 
@@ -45,6 +46,14 @@ struct ImportState {
     GeneratorCatalog generators = {};
     TitleCatalog titles{options.settings};
     LinkRecords links = {};
+
+    // The bins around the entry that is being translated, as LocationOfClip has them.
+    std::string_view bin = {};
+    // Nodes whose losses are in the account already: a clip has several masters, and a multiclip
+    // (by id, where it has one) is on several tracks.
+    NodeSet remarked = {};
+    NodeSet remarkedFilters = {}; // owners of filters
+    std::unordered_set<std::string_view> remarkedMulticlips = {};
 };
 
 // Settings::openInterchange, which an audio hand-off never follows.
@@ -57,6 +66,14 @@ void AddItemIssue(const ImportState& state, const ItemLocation& location, Import
                   std::string_view subject = {});
 
 // Records an item, a clip of a bin or a sequence of which nothing could be made.
-void AddSkipped(ImportState& state, const ItemLocation& location);
+void AddSkipped(ImportState& state, ConstHandle element, const ItemLocation& location);
+
+// The location of a clip, a sequence or a marker's owner in a bin.
+ItemLocation LocationOfClip(const ImportState& state, ConstHandle element);
+// The path of the bins in `outer` and of `bin` in them. Bins that nest very deeply share one.
+std::string_view PathOfBin(Document& document, std::string_view outer, ConstHandle bin);
+
+// On the angles of a collapsed multiclip beside its active one, once.
+void RemarkOnAngles(ImportState& state, ConstHandle multiclip, const ItemLocation& location);
 
 } // namespace XPJ

@@ -83,6 +83,19 @@ ObjectHandle MakeItemSubClip(ImportState& state, ConstHandle item, ObjectHandle 
     return parts.subClip;
 }
 
+// The label of an item, and what is lost of it and of the markers.
+void CopyNotes(const TrackContext& track, const ClipItem& item, const ItemTimes& times,
+               ObjectHandle clip)
+{
+    ImportState& state = track.sequence.state;
+    const auto locate = [&] {
+        return LocationOfItem(track, item.GetProperty("name"), times.start, times.end);
+    };
+    if (!CopyLabel(state, item, clip, kClipLabel))
+        RemarkOnLabel(state, item, locate());
+    RemarkOnMarkers(state, item, locate);
+}
+
 // The channel of its source that a `clipitem` plays, from 0.
 int SourceChannelOf(ConstHandle item, int trackIndex)
 {
@@ -109,6 +122,18 @@ public:
 private:
     std::vector<MasterChannel> channels_;
 };
+
+// On a channel that an item states and its media does not have.
+void RemarkOnChannel(const TrackContext& track, const ClipItem& item, const ItemTimes& times,
+                     const MasterChannels& channels)
+{
+    const ConstHandle sourceTrack = item.GetChild("sourcetrack");
+    const int stated = IntProperty(sourceTrack, "trackindex");
+    if (stated > std::ssize(channels.All()))
+        AddRemark(track.sequence.state.account, RemarkKind::ChannelAssumed,
+                  LocationOfItem(track, item.GetProperty("name"), times.start, times.end),
+                  {.detail = sourceTrack.GetProperty("trackindex")});
+}
 
 // Channels of an item whose other channels are on the following tracks: those of the items there
 // that it is linked to, and on from the last one where links are missing.
@@ -191,7 +216,7 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
     const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Video,
                                               masterClip.GetChild("Source"), unit);
     const ObjectHandle clip = MakeVideoClip(document, source, FieldsOf(item, speed));
-    CopyLabel(state, item, clip, kClipLabel);
+    CopyNotes(track, item, timing.times, clip);
 
     SourceRange range{.in = ScaledTicks(timing.times.in, unit, speed.speed),
                       .out = OutTicks(timing.times.out, unit, speed.speed)};
@@ -217,11 +242,12 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
     const Ticks unit = timing.rates.item;
     const ItemSpeed speed = SpeedOfItem(item);
     const int sourceChannel = channels.Reduce(SourceChannelOf(item, track.index));
+    RemarkOnChannel(track, item, timing.times, channels);
     const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Audio,
                                               channels.At(sourceChannel).clip.GetChild("Source"),
                                               track.sequence.rates.audio);
     const ObjectHandle clip = MakeAudioClip(document, source, FieldsOf(item, speed));
-    CopyLabel(state, item, clip, kClipLabel);
+    CopyNotes(track, item, timing.times, clip);
 
     const Frames delay = Int64Property(item, "mediadelay");
     const Ticks in = ScaledTicks(AddTicks(timing.times.in, delay), unit, speed.speed);

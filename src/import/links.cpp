@@ -63,17 +63,25 @@ void AddLinks(Document& document, std::vector<OrderedGroup>& groups, ObjectHandl
 
 } // namespace
 
-void LinkRecords::Add(const LinkIndex& index, ConstHandle item, const LinkedItem& linked)
+std::vector<ConstHandle> LinkRecords::Add(const LinkIndex& index, ConstHandle item,
+                                          const LinkedItem& linked)
 {
     // Every item is stored, since a group finds its members here; only the first one makes it.
     items_.emplace(linked.key, linked.trackItem);
     if (!item.HasChild("link") || !grouped_.insert(linked.key).second)
-        return;
+        return {};
     Group group{linked.key};
-    for (const ConstHandle& link : item.GetChildren("link"))
-        if (const LinkKey target = index.TargetOf(link); grouped_.insert(target).second)
-            group.push_back(target);
+    std::vector<ConstHandle> unknown;
+    for (const ConstHandle& link : item.GetChildren("link")) {
+        const LinkKey target = index.TargetOf(link);
+        if (!grouped_.insert(target).second)
+            continue;
+        group.push_back(target);
+        if (!index.ItemAt(target) && !index.IsNamed(link))
+            unknown.push_back(link);
+    }
     groups_.push_back(std::move(group));
+    return unknown;
 }
 
 void LinkRecords::AddGroup(const std::vector<LinkedItem>& items)

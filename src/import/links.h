@@ -20,7 +20,9 @@ struct LinkedItem {
 class LinkRecords {
 public:
     // Enters a translated item and, unless an earlier item did so, the group that its `link`s make.
-    void Add(const LinkIndex& index, ConstHandle item, const LinkedItem& linked);
+    // Gives those that lead to no item.
+    std::vector<ConstHandle> Add(const LinkIndex& index, ConstHandle item,
+                                 const LinkedItem& linked);
     // A group that no `link` states.
     void AddGroup(const std::vector<LinkedItem>& items);
 

@@ -6,6 +6,7 @@
 #include "core/ticks.h"
 #include "project/time_display.h"
 #include "xmeml/rates.h"
+#include "xmeml/tracks.h"
 
 #include <algorithm>
 #include <span>
@@ -83,6 +84,12 @@ void AddTimecodeFormat(std::string_view format, ObjectHandle info)
     info.SetProperty("CaptureMode", "3");
 }
 
+// As the format names a missing label.
+bool IsNone(std::string_view label)
+{
+    return label.empty() || EqualsIgnoreCase(label, "none");
+}
+
 char LowerCase(char c)
 {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -138,19 +145,32 @@ void CopyGoodFlag(ConstHandle element, ObjectHandle target)
         target.SetProperty("Column.PropertyBool.Good", good);
 }
 
-void CopyLabel(const ImportState& state, ConstHandle element, ObjectHandle target,
+bool CopyLabel(const ImportState& state, ConstHandle element, ObjectHandle target,
                const LabelKeys& keys)
 {
     const std::string_view label = element.GetChild("labels").GetProperty("label2");
-    if (state.options.settings.openInterchange)
+    if (state.options.settings.openInterchange) {
         SetLabel(target, keys, Trimmed(label));
-    else if (const std::string_view color = LabelKeyOf(label); !color.empty())
+        return true;
+    }
+    const std::string_view color = LabelKeyOf(label);
+    if (!color.empty())
         target.SetProperty(keys.color, color);
+    return !color.empty() || IsNone(Trimmed(label));
 }
 
-void CopyItemLabel(const ImportState& state, ConstHandle element, ObjectHandle item)
+void RemarkOnLabel(ImportState& state, ConstHandle element, const ItemLocation& location)
 {
-    CopyLabel(state, element, item, kItemLabel);
+    if (state.remarked.Insert(element.GetChild("labels")))
+        AddRemark(state.account, RemarkKind::LabelWithoutColor, location,
+                  {.name = element.GetChild("labels").GetProperty("label2")});
+}
+
+void CopyItemLabel(ImportState& state, ConstHandle element, ObjectHandle item)
+{
+    const bool isKept = CopyLabel(state, element, item, kItemLabel);
+    if (!isKept && !IsTrackItem(element)) // which states its label itself
+        RemarkOnLabel(state, element, LocationOfClip(state, element));
     if (element.GetName() == "sequence")
         return;
     const auto label = FirstFileOf(state.files, element).Metadata(kClipLabel.color.View());

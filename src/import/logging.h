@@ -22,10 +22,12 @@ void CopyComments(ConstHandle element, ObjectHandle target);
 void CopyGoodFlag(ConstHandle element, ObjectHandle target);
 
 // Copies the label of an element. To the letter a label is one of the host's colors, by its name;
-// others write nothing.
-void CopyLabel(const ImportState& state, ConstHandle element, ObjectHandle target,
+// others write nothing. False for a label that is lost.
+bool CopyLabel(const ImportState& state, ConstHandle element, ObjectHandle target,
                const LabelKeys& keys);
+// On a label that is lost, once.
+void RemarkOnLabel(ImportState& state, ConstHandle element, const ItemLocation& location);
 // The label of a ClipProjectItem: that of the metadata of the clip's first file wins.
-void CopyItemLabel(const ImportState& state, ConstHandle element, ObjectHandle item);
+void CopyItemLabel(ImportState& state, ConstHandle element, ObjectHandle item);
 
 } // namespace XPJ

@@ -75,4 +75,13 @@ ObjectHandle TranslateMarkers(Document& document, ConstHandle element, Ticks def
     return markers;
 }
 
+void RemarkOnMarkers(ImportState& state, ConstHandle element,
+                     const std::function<ItemLocation()>& locate)
+{
+    for (const ConstHandle& marker : element.GetChildren("marker"))
+        if (!HasValue(marker, "in") || Int64Property(marker, "in") < 0)
+            AddRemark(state.account, RemarkKind::MarkerWithoutTime, locate(),
+                      {.name = marker.GetProperty("name")});
+}
+
 } // namespace XPJ

@@ -92,6 +92,7 @@ struct DeferredItem {
     ConstHandle clip;
     MasterClipHandle master;
     ObjectHandle parentItem;
+    std::string_view bin; // the path of the bins around it
 };
 
 class MasterCatalog {

@@ -200,7 +200,7 @@ MasterClipHandle MasterForItem(const ImportState& state, ConstHandle item, Media
     return {};
 }
 
-MasterClipHandle BuildMasterClip(const ImportState& state, const ClipItem& element,
+MasterClipHandle BuildMasterClip(ImportState& state, const ClipItem& element,
                                  const MasterFields& fields)
 {
     Document& document = state.document;
@@ -211,6 +211,9 @@ MasterClipHandle BuildMasterClip(const ImportState& state, const ClipItem& eleme
         master.AddChild("Clip", MakeMasterVideoClip(state, element, source));
     const bool hasAudio = AddAudio(document, element, fields, master);
     AddVideoMarkers(state, element, hasAudio, master);
+    // The markers of an item are its own, those of a sequence are in it.
+    if (element.GetName() == "clip" && state.remarked.Insert(element))
+        RemarkOnMarkers(state, element, [&] { return LocationOfClip(state, element); });
 
     master.AddChild("LoggingInfo",
                     element ? MakeLoggingInfo(state, element) : MakeDefaultLoggingInfo(document));

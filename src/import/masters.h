@@ -44,7 +44,7 @@ struct MasterFields {
 };
 
 // A new MasterClip of an element, which is null for black video.
-MasterClipHandle BuildMasterClip(const ImportState& state, const ClipItem& element,
+MasterClipHandle BuildMasterClip(ImportState& state, const ClipItem& element,
                                  const MasterFields& fields);
 
 // Stereo is held as two mono elements, unless the element's tracks are exploded or the document is

@@ -81,6 +81,18 @@ void ReplaceComponents(const MergeComponents& components, NodeSet& replaced)
     }
 }
 
+// On a merged clip whose part was in a bin.
+void RemarkOnMove(ImportState& state, std::string_view mergeId, const NodeSet& replaced,
+                  ObjectHandle rootItem)
+{
+    for (const DeferredItem& item : state.masters.DeferredItems(mergeId))
+        if (replaced.Contains(item.master) && item.parentItem != rootItem) {
+            AddRemark(state.account, RemarkKind::MergedClipMoved,
+                      {.clip = item.clip.GetProperty("name"), .bin = item.bin});
+            return;
+        }
+}
+
 void CleanBin(ObjectHandle bin, const NodeSet& replaced)
 {
     std::vector<ObjectHandle> kept;
@@ -125,6 +137,7 @@ void MergePass(ImportState& state, ObjectHandle rootItem)
             AddMergedItem(state.document, merged, rootItem);
             JoinSelection(components);
             ReplaceComponents(components, replaced);
+            RemarkOnMove(state, mergeId, replaced, rootItem);
         }
         AddDeferredItems(state, mergeId, replaced);
     }

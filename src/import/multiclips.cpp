@@ -117,6 +117,15 @@ std::string_view FieldTypeOfMulticlip(const FileCatalog& files, ConstHandle mult
     return FieldTypeOfDominance(own.empty() ? characteristics.GetProperty("fielddominance") : own);
 }
 
+void RemarkOnMissing(const MulticlipContext& context, std::string_view part)
+{
+    const ConstHandle multiclip = context.multiclip;
+    AddRemark(
+        context.state.account, RemarkKind::MulticlipIncomplete,
+        LocationOfClip(context.state, multiclip),
+        {.name = multiclip.GetProperty("name"), .id = multiclip.GetProperty("id"), .detail = part});
+}
+
 // The master of an angle: that of its clip, else of the item in it.
 MasterClipHandle MasterOfAngle(const ImportState& state, const Angle& angle, MediaType type)
 {
@@ -232,8 +241,10 @@ void AddAngles(const MulticlipContext& context, ObjectHandle sequence)
     int index = 0;
     for (const ConstHandle& node : context.multiclip.GetChildren("angle")) {
         const ConstHandle clip = node.GetChild("clip");
-        if (!clip.HasChild("media"))
+        if (!clip.HasChild("media")) {
+            RemarkOnMissing(context, "media of an angle");
             continue;
+        }
         const Angle angle{clip, FirstClipItem(clip.GetChild("media")), index,
                           MultiplyTicks(Int64Property(clip, "duration"), context.rates.video)};
         AddAngle(context, angle, videoGroup, audioGroup);
@@ -265,7 +276,7 @@ void TranslateMulticlipItem(ImportState& state, ConstHandle element, ObjectHandl
     const ConstHandle multiclip = FindMulticlip(element);
     const MasterClipHandle master = state.masters.OfMulticlip(multiclip.GetProperty("id"));
     if (!master)
-        return;
+        return AddSkipped(state, element, LocationOfClip(state, element));
     const ObjectHandle sequence = master.Sequence();
     if (!FillMulticlipSequence(state, multiclip, sequence, parentItem))
         return;
@@ -286,8 +297,11 @@ bool FillMulticlipSequence(ImportState& state, ConstHandle multiclip, ObjectHand
             sequence.SetPropertyShared(key, multiclip.GetProperty(key));
     context.rates = RatesOfMulticlip(multiclip);
     context.frame = FrameOfMulticlip(state.files, multiclip);
-    if (context.frame.rect.empty() || context.frame.par.empty())
+    if (context.frame.rect.empty() || context.frame.par.empty()) {
+        RemarkOnMissing(context, "frame size");
         return false;
+    }
+    RemarkOnMarkers(state, multiclip, [&] { return LocationOfClip(state, multiclip); });
 
     AddAngles(context, sequence);
     sequence.AddChild("Markers", TranslateMarkers(state.document, multiclip, context.rates.video));

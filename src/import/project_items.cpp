@@ -45,8 +45,8 @@ void LimitToSubclip(const FileCatalog& files, ConstHandle element, MasterClipHan
 
 } // namespace
 
-ObjectHandle MakeClipProjectItem(const ImportState& state, ConstHandle element,
-                                 MasterClipHandle master, ObjectHandle parentItem)
+ObjectHandle MakeClipProjectItem(ImportState& state, ConstHandle element, MasterClipHandle master,
+                                 ObjectHandle parentItem)
 {
     const ObjectHandle item = state.document.NewObject("ClipProjectItem");
     AddUid(item);
@@ -69,7 +69,8 @@ void AddClipItem(ImportState& state, ConstHandle clip, MasterClipHandle master,
     const std::string_view mergeId = MergeIdOf(clip);
     const MergeComponent* const component = state.masters.ComponentOf(master);
     if (state.masters.IsMergeId(mergeId) || (component && clip.HasChild("subclipinfo")))
-        state.masters.Defer(component ? component->mergeId : mergeId, {clip, master, parentItem});
+        state.masters.Defer(component ? component->mergeId : mergeId,
+                            {clip, master, parentItem, state.bin});
     else
         MakeClipProjectItem(state, clip, master, parentItem);
 }

@@ -10,8 +10,8 @@ namespace XPJ {
 
 // Adds a new item for a `clip`, `clipitem`, `generatoritem` or `sequence` to `parentItem`. Null
 // `element`: black video.
-ObjectHandle MakeClipProjectItem(const ImportState& state, ConstHandle element,
-                                 MasterClipHandle master, ObjectHandle parentItem);
+ObjectHandle MakeClipProjectItem(ImportState& state, ConstHandle element, MasterClipHandle master,
+                                 ObjectHandle parentItem);
 
 // Adds the item of a browser `clip`, whose name the master takes. The item of a part of a merged
 // clip is deferred until the merge pass knows whether there will be one.

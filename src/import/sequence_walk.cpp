@@ -124,12 +124,16 @@ void TranslateGeneratorReference(ImportState& state, const SequenceWalk& walk,
     if (id.empty() || state.masters.registry.Find({item.GetProperty("masterclipid"), id}))
         return;
     const GeneratorResult result = TranslateGenerator(state, item, walk.sequence);
+    const auto locate = [&] {
+        return LocationOfItem(
+            walk.timecode, item.GetProperty("name"),
+            {reference.type, reference.trackIndex, item.times.start.value, item.times.end.value});
+    };
     if (!result.translated && state.generators.Report(item))
-        AddItemIssue(state,
-                     LocationOfItem(walk.timecode, item.GetProperty("name"),
-                                    {reference.type, reference.trackIndex, item.times.start.value}),
-                     ImportIssue::GeneratorNotTranslated2,
+        AddItemIssue(state, locate(), ImportIssue::GeneratorNotTranslated2,
                      item.GetChild("effect").GetProperty("name"));
+    if (result.isNew)
+        RemarkOnGenerator(state, item, result, locate());
     if (result.master && result.needsProjectItem)
         MakeClipProjectItem(state, item, result.master, parentItem);
 }
@@ -156,6 +160,8 @@ ConstHandle TranslateReference(ImportState& state, const SequenceWalk& walk,
 void FinishSequence(ImportState& state, const SequenceWalk& walk, ObjectHandle parentItem)
 {
     const MasterClipHandle master = state.sequences.MasterOf(state.sequences.IdOf(walk.sequence));
+    if (!master)
+        AddRemark(state.account, RemarkKind::SequenceAsStill, LocationOfClip(state, walk.sequence));
     if (master && FillSequence(state, walk.sequence, walk.items, master))
         MakeClipProjectItem(state, walk.sequence, master, parentItem);
 }

@@ -109,9 +109,13 @@ bool FillSequence(ImportState& state, ConstHandle sequence, const SequenceItems&
     context.timecode = TimecodeOfSequence(sequence, context.rates);
     context.frame = FrameOfSequence(sequence);
     if (context.frame.rect.empty() || context.frame.par.empty()) {
-        AddSkipped(state, {.sequence = context.timecode.name});
+        AddSkipped(state, sequence, {.sequence = context.timecode.name, .bin = state.bin});
         return false;
     }
+    const auto locate = [&] { return ItemLocation{.sequence = context.timecode.name}; };
+    if (TicksOfRate(sequence.GetChild("rate")) == 0)
+        AddRemark(state.account, RemarkKind::RateAssumed, locate());
+    RemarkOnMarkers(state, sequence, locate);
     AddTrackGroups(context, result);
     result.AddChild("Markers", TranslateMarkers(state.document, sequence, context.rates.video));
     result.AddChild("DVDMarkers", state.document.NewObject("DVDMarkers"));

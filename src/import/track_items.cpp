@@ -33,12 +33,19 @@ std::optional<ItemTiming> TimingOf(const TrackContext& track, const ClipItem& it
     return std::nullopt;
 }
 
+ItemLocation LocationOf(const TrackContext& track, ConstHandle item, const ItemTimes& times)
+{
+    return LocationOfItem(track, item.GetProperty("name"), times.start, times.end);
+}
+
 // The values that items of both types begin with.
 ObjectHandle MakeItem(const TrackContext& track, Name className, ConstHandle item,
                       const ItemTimes& times)
 {
     SequenceContext& sequence = track.sequence;
     const Ticks end = MultiplyTicks(times.end, sequence.rates.edges);
+    if (const ConstHandle multiclip = item.GetChild("multiclip"))
+        RemarkOnAngles(sequence.state, multiclip, LocationOf(track, item, times));
     const ObjectHandle result = sequence.state.document.NewObject(className);
     result.SetPropertyShared("MediaType", MediaTypeText(track.type));
     result.SetProperty("TrackIndex", IntToString(track.index));
@@ -51,8 +58,7 @@ ObjectHandle MakeItem(const TrackContext& track, Name className, ConstHandle ite
 
 ObjectHandle Skip(const TrackContext& track, ConstHandle item, const ItemTimes& times)
 {
-    AddSkipped(track.sequence.state,
-               LocationOfItem(track, item.GetProperty("name"), times.start, times.end));
+    AddSkipped(track.sequence.state, item, LocationOf(track, item, times));
     return {};
 }
 

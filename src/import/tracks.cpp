@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "core/video_formats.h"
 #include "effects/audio_fader.h"
+#include "effects/effect_elements.h"
 #include "import/track_items.h"
 #include "import/transitions.h"
 #include "platform/platform.h"
@@ -101,7 +102,8 @@ EffectContext ContextOfLevel(const SequenceContext& sequence, const ItemLocation
             .account = sequence.state.account,
             .location = location,
             .frameTicks = sequence.rates.edges,
-            .sampleTicks = sequence.rates.audio};
+            .sampleTicks = sequence.rates.audio,
+            .openInterchange = sequence.state.options.settings.openInterchange};
 }
 
 // `owner` is a `track` or the `audio` of a sequence. Its filters count in open interchange.
@@ -113,6 +115,8 @@ void ApplyTrackEffects(const SequenceContext& sequence, const ItemLocation& loca
     ApplyFaderLevel(context, owner, chain);
     if (sequence.state.options.settings.openInterchange)
         AddTrackFilters(context, owner, chain);
+    else
+        RemarkOnTrackFilters(context, owner);
 }
 
 // Moves the fader of a project's track as the level filter of a `track` states.
@@ -124,6 +128,7 @@ void ApplyTrackLevel(const TrackContext& context, ConstHandle track, ObjectHandl
         GetMessage(Message::kAudioTrack, {IntToString(std::int64_t{context.index} + 1)});
     if (location.clip.empty())
         location.clip = number;
+    location.span = {};
     ApplyTrackEffects(context.sequence, location, track, result);
 }
 
@@ -134,6 +139,31 @@ void ApplyMasterLevel(const SequenceContext& context, ConstHandle audio, ObjectH
                                    .clip = context.timecode.name, // the whole of it
                                    .time = context.timecode.TextOf(0)};
     ApplyTrackEffects(context, location, audio, masterTrack);
+}
+
+// On a link to an item that is not there.
+void RemarkOnLink(const TrackContext& context, const ClipItem& item, ConstHandle link)
+{
+    std::string target(link.GetProperty("linkclipref"));
+    if (target.empty())
+        target.append("clip ")
+            .append(link.GetProperty("clipindex"))
+            .append(" of track ")
+            .append(link.GetProperty("trackindex"));
+    AddRemark(context.sequence.state.account, RemarkKind::LinkUnknown,
+              LocationOfItem(context, item.GetProperty("name"), item.times.start.value,
+                             item.times.end.value),
+              {.detail = target});
+}
+
+// Filters of a video track have no counterpart.
+void RemarkOnVideoTrack(const TrackContext& context, ConstHandle track)
+{
+    ForEachEffect(track, [&](ConstHandle effect) {
+        ItemLocation location = LocationOfItem(context, track.GetProperty("name"), 0);
+        location.span = {};
+        ContextOfLevel(context.sequence, location).AddRemark(RemarkKind::TrackFilter, effect);
+    });
 }
 
 // Transitions find their neighbours once all items are there.
@@ -152,7 +182,10 @@ void TranslateItems(const TrackContext& context, ConstHandle track,
                                              .type = context.type,
                                              .track = context.number,
                                              .position = item.position});
-        sequence.state.links.Add(sequence.links, item, {key, trackItem});
+        const std::vector<ConstHandle> unknown =
+            sequence.state.links.Add(sequence.links, item, {key, trackItem});
+        for (const ConstHandle& link : unknown)
+            RemarkOnLink(context, item, link);
     }
     TranslateTransitions(context, track, result);
 }
@@ -162,6 +195,7 @@ ObjectHandle TranslateVideoTrack(const TrackContext& context, ConstHandle track)
     const SequenceContext& sequence = context.sequence;
     const ObjectHandle result = MakeVideoTrack(sequence.state.document, context.index, context.id);
     CopyTrackProperties(track, result);
+    RemarkOnVideoTrack(context, track);
     TranslateItems(context, track,
                    sequence.items.video[static_cast<std::size_t>(context.number) - 1], result,
                    [&](const ClipItem& item) { return TranslateVideoItem(context, item); });
@@ -236,6 +270,9 @@ ObjectHandle TranslateAudioTracks(SequenceContext& context, ConstHandle audio, i
                                 ? std::min(outputs, kMaxTrackChannels)
                                 : ChannelCountOf(context.groupType);
     const AudioGroup group = MakeAudioGroup(document, sampleTicks, context.groupChannels);
+    if (outputs > kMaxTrackChannels && context.groupType == kAdaptiveType)
+        AddRemark(context.state.account, RemarkKind::OutputsLost,
+                  {.sequence = context.timecode.name}, {.detail = IntToString(outputs)});
     TrackNames names;
     TrackContext track{.sequence = context, .type = MediaType::Audio, .id = kFirstAudioId};
     for (const AudioTrackRange& range : AudioTracksOf(audio)) {

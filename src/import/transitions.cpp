@@ -230,6 +230,10 @@ ObjectHandle MakeTransition(const TrackContext& context, ConstHandle item, int c
                                 .openInterchange = IsOpen(sequence.state)};
     const bool isVideo = context.type == MediaType::Video;
     const ConstHandle effect = item.GetChild("effect");
+    if (EffectName(effect).empty()) {
+        effects.AddRemark(RemarkKind::TransitionWithoutEffect);
+        return {};
+    }
     const ObjectHandle result =
         isVideo ? MakeVideoTransition(effects, effect) : MakeAudioTransition(effects, effect);
     const Ticks unit = sequence.rates.edges;
@@ -256,6 +260,25 @@ std::string CutText(ConstHandle item, const Neighbours& neighbours, CutPosition 
     return TickText(neighbours.incoming && cut == CutPosition::Middle ? length / 2 : length);
 }
 
+void RemarkOnNeighbours(const TrackContext& context, ConstHandle item, const Neighbours& found)
+{
+    const std::string_view alignment = item.GetProperty("alignment");
+    const bool isAlone = !found.outgoing && !found.incoming;
+    const bool isUnknown = !alignment.empty() && !FindAlignment(alignment);
+    if (!isAlone && !isUnknown)
+        return;
+    const ConstHandle effect = item.GetChild("effect");
+    const ItemLocation location =
+        LocationOfItem(context, item.GetProperty("name"), Int64Property(item, "start"),
+                       Int64Property(item, "end"));
+    if (isUnknown)
+        AddRemark(context.sequence.state.account, RemarkKind::TransitionAlignment, location,
+                  {.name = EffectName(effect), .detail = alignment});
+    if (isAlone)
+        AddRemark(context.sequence.state.account, RemarkKind::TransitionAlone, location,
+                  {.name = EffectName(effect)});
+}
+
 // Attaches a transition to its neighbours.
 void Attach(const TrackContext& context, ConstHandle item, ObjectHandle transition,
             ItemsByStart& items)
@@ -264,6 +287,7 @@ void Attach(const TrackContext& context, ConstHandle item, ObjectHandle transiti
     const Ticks end = Int64Property(transition, "End");
     const TransitionAlignment& alignment = AlignmentOf(item);
     const Neighbours found = NeighbourSearch(items, start, end, alignment).Find();
+    RemarkOnNeighbours(context, item, found);
 
     found.outgoing.AddChild("TailTransition", transition);
     found.incoming.AddChild("HeadTransition", transition);

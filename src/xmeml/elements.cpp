@@ -25,6 +25,7 @@ constexpr std::string_view kFreshIdentity = "each import generates identities of
 constexpr std::string_view kCodecDescription = "the codec is found by its name";
 constexpr std::string_view kRamp =
     "the values of the keyframes state how fast a ramp begins and ends";
+constexpr std::string_view kCurve = "curves between keyframes are not carried over";
 constexpr std::string_view kNoRange = "a filter covers its whole item";
 constexpr std::string_view kByLayout = "channels are found by number and layout of the elements";
 constexpr std::string_view kExploded = "a track of each channel is written instead";
@@ -360,7 +361,8 @@ constexpr XmemlField kKeyframe[] = {
     Leaf("speedkfend", ForOthers(kRamp)), Leaf("velaRampStart", Addition()),
     Leaf("velaRampEnd", Addition()),
     Leaf("velaHold", Addition()),
-    Child("outbez", WriteOnly(kOthers)), Child("inbez", WriteOnly(kOthers)),
+    Child("outbez", ForOthers(kCurve)), Child("inbez", ForOthers(kCurve)),
+    Child("outscale", Skipped(kCurve)), Child("inscale", Skipped(kCurve)),
     Child("interpolation", ReadOnly("written once, in the parameter")),
 };
 
@@ -475,6 +477,8 @@ constexpr XmemlElement kElements[] = {
     {"keyframe", "keyframe", kKeyframe},
     {"inbez", "inbez", kBezier},
     {"outbez", "outbez", kBezier},
+    {"inscale", "inscale", kBezier},
+    {"outscale", "outscale", kBezier},
     {"interpolation", "interpolation", kInterpolation},
     {"value", "value", kValue, {}, nullptr, "value"},
     {"valuelist", "valuelist", kValueList},

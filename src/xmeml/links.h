@@ -30,6 +30,8 @@ public:
 
     // Key of the item that a `link` names, by id where it states one, else by track and position.
     LinkKey TargetOf(ConstHandle link) const;
+    // True for a `link` that states the id of an item.
+    bool IsNamed(ConstHandle link) const { return byId_.contains(link.GetProperty("linkclipref")); }
     // The item of a key; null if there is none.
     ConstHandle ItemAt(const LinkKey& key) const;
 

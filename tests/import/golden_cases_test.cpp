@@ -10,7 +10,8 @@ namespace XPJ {
 namespace {
 
 // The arguments of `%% import` switch modes on: "aaf", "sn2vl", "titles" for titles as graphics,
-// "on-masters" for graphics on master clips, "here" for a document in the folder of the case.
+// "on-masters" for graphics on master clips, "here" for a document in the folder of the case,
+// "open" for open interchange (the dialects are not applied).
 ImportOptions OptionsOf(const GoldenSection& input)
 {
     const auto has = [&](const char* word) {
@@ -22,6 +23,7 @@ ImportOptions OptionsOf(const GoldenSection& input)
     options.sn2vlMode = has("sn2vl");
     options.settings.convertTitles = has("titles");
     options.settings.titlesAsMasterEffects = has("on-masters");
+    options.settings.openInterchange = has("open");
     return options;
 }
 
@@ -51,6 +53,8 @@ std::string Produce(const GoldenSection& input, const GoldenSection& output)
         return WithoutFolder(imported.issues);
     if (output.name == "skipped")
         return imported.skipped;
+    if (output.name == "remarks")
+        return imported.remarks;
     const std::string_view project =
         std::string_view(imported.project)
             .substr(std::min(imported.project.find("<?xml"), imported.project.size()));

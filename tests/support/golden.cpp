@@ -84,6 +84,24 @@ std::string Join(std::vector<std::string_view>::const_iterator begin,
     return text;
 }
 
+std::string PlaceOf(const Remark& remark)
+{
+    std::string place;
+    const auto add = [&place](std::string_view part) {
+        if (!part.empty())
+            place.append(place.empty() ? "" : ", ").append(part);
+    };
+    add(remark.sequence);
+    if (remark.trackKind != kNoTrack)
+        add(fmt::format("{}{}", remark.trackKind == 1 ? 'V' : 'A', remark.trackIndex + 1));
+    if (remark.span.IsKnown())
+        add(fmt::format("{}-{}", remark.span.Timecode(remark.span.start), remark.span.end));
+    add(remark.bin);
+    add(remark.clip);
+    add(remark.path);
+    return place;
+}
+
 // The number of a text in the order of first appearance, from 1.
 class Numbering {
 public:
@@ -255,10 +273,29 @@ std::string SkippedLines(const Account& account)
     std::string text;
     for (const Remark& remark : account.remarks)
         if (remark.kind == RemarkKind::ClipWithoutMedia ||
+            remark.kind == RemarkKind::FileWithoutMedia ||
+            remark.kind == RemarkKind::GeneratorInBin ||
+            remark.kind == RemarkKind::MulticlipIncomplete ||
             remark.kind == RemarkKind::SequenceWithoutFormat)
             text += fmt::format(
                 "sequence=\"{}\" clip=\"{}\" time=\"{}\"\n", remark.sequence, remark.clip,
                 remark.span.IsKnown() ? remark.span.Timecode(remark.span.start) : "00:00");
+    return text;
+}
+
+std::string RemarkLines(const Account& account)
+{
+    std::string text;
+    for (const Remark& remark : account.remarks) {
+        text += fmt::format("{} \"{}\"", RowOf(remark.kind).id, PlaceOf(remark));
+        if (!remark.subject.empty())
+            text += fmt::format(" <{}>", remark.subject);
+        if (!remark.detail.empty())
+            text += " " + remark.detail;
+        if (remark.count != 1)
+            text += fmt::format(" x{}", remark.count);
+        text += '\n';
+    }
     return text;
 }
 

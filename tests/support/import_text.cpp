@@ -28,6 +28,7 @@ Imported ImportTree(ConstHandle root, const ImportOptions& options, Progress* pr
         ImportDocument(root, options, progress ? *progress : silent, document, account, project);
     imported.issues = IssueText(account.issues, Direction::Import);
     imported.skipped = SkippedLines(account);
+    imported.remarks = RemarkLines(account);
     if (!project)
         return imported;
     std::ostringstream text;

@@ -16,6 +16,7 @@ struct Imported {
     std::string project = {}; // empty if one of the two failed
     std::string issues = {};
     std::string skipped = {};
+    std::string remarks = {};
 };
 
 Imported ImportText(std::string_view xmeml, const ImportOptions& options = {},
