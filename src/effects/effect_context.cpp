@@ -24,7 +24,7 @@ void Enter(const EffectContext& context, Direction direction, int kind, std::str
         issue.time = context.time();
     issue.kind = kind;
     issue.subject = subject;
-    XPJ::AddIssue(context.account, direction, issue, context.location.span);
+    XPJ::AddIssue(context.account, direction, issue, context.location.span, context.location.bin);
 }
 
 } // namespace
@@ -78,7 +78,8 @@ void EffectContext::AddIssue(ExportIssue kind, std::string_view subject) const
 
 void EffectContext::AddRemark(RemarkKind kind, const RemarkSubject& subject) const
 {
-    XPJ::AddRemark(account, kind, location, subject);
+    if (!isRepeated)
+        XPJ::AddRemark(account, kind, location, subject);
 }
 
 } // namespace XPJ
