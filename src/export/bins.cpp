@@ -15,8 +15,9 @@ namespace XPJ::RVX {
 namespace {
 
 // Documents are read to a nesting of kMaxNesting elements. A bin takes two, `bin` and `children`;
-// this many leave room for what may be in the innermost: a clip, or sequences in sequences. Bins
-// that are deeper are written beside each other in the last one, with all that they hold.
+// this many leave room for what may be in the innermost: a clip, or sequences in sequences. Depths
+// count from 0; bins that are deeper are written beside each other in the last one, with all that
+// they hold.
 constexpr std::size_t kMaxBinDepth = 400;
 
 bool IsBinItem(ConstHandle item)

@@ -52,12 +52,18 @@ ObjectHandle MakePlainEffect(Document& document, MediaKind kind)
     return effect;
 }
 
+FrameSize FrameOf(Media media)
+{
+    const ConstHandle stream = VideoStreamOf(media);
+    return ParseFrameSize(stream.GetProperty("FrameRect"), PixelAspectOf(stream));
+}
+
 // True for a title document that the import makes of the generator: it has nothing else.
-bool IsMadeOf(Document& document, ObjectHandle effect, const LegacyTitle& title, Media media)
+bool IsMadeOf(Document& document, ObjectHandle effect, Media media)
 {
     const ObjectHandle generator = document.NewObject("generatoritem");
     generator.AddChild(effect);
-    return LegacyTitleDocument(ReadTitle(generator, title.frame)) ==
+    return LegacyTitleDocument(ReadTitle(generator, FrameOf(media))) ==
            DecodeBase64(media.GetProperty("ImporterPrefs"));
 }
 
@@ -70,7 +76,7 @@ ObjectHandle MakeEffectOfTitle(ExportContext& context, const GeneratorSource& so
     if (title.texts.empty())
         return MakePlainEffect(context.document, MediaKind::BlackVideo);
     const ObjectHandle effect = MakeTitleEffect(context.document, title);
-    if (isInFull && !IsMadeOf(context.document, effect, title, source.media))
+    if (isInFull && !IsMadeOf(context.document, effect, source.media))
         AddRemark(context.account, RemarkKind::TitleSimplified, *source.location,
                   {.name = source.media.GetProperty("Title")});
     return effect;
@@ -93,9 +99,7 @@ ObjectHandle MakeEffectOfMedia(ExportContext& context, const GeneratorSource& so
 ObjectHandle MakeEffectOfGraphic(ExportContext& context, const GeneratorSource& source,
                                  ConstHandle chain)
 {
-    const ConstHandle stream = VideoStreamOf(source.media);
-    const LegacyTitle title = ReadGraphicTitle(
-        chain, ParseFrameSize(stream.GetProperty("FrameRect"), PixelAspectOf(stream)));
+    const LegacyTitle title = ReadGraphicTitle(chain, FrameOf(source.media));
     if (title.texts.empty())
         return {};
     if (!IsStatedInFull(title))
