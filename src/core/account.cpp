@@ -41,7 +41,7 @@ void AddRemark(Account& account, RemarkKind kind, const ItemLocation& location,
 }
 
 void AddIssue(Account& account, Direction direction, const TranslationIssue& issue,
-              const FrameSpan& span)
+              const FrameSpan& span, std::string_view bin)
 {
     const IssueKind* const kind = FindIssueKind(direction, issue.kind);
     const auto [entry, isNew] = account.issues.insert(issue);
@@ -51,6 +51,7 @@ void AddIssue(Account& account, Direction direction, const TranslationIssue& iss
     account.remarks.push_back({.kind = kind->remark,
                                .sequence = issue.sequence,
                                .clip = issue.clip,
+                               .bin = std::string(bin),
                                .trackKind = issue.trackKind,
                                .trackIndex = issue.trackIndex,
                                .span = span,

@@ -78,10 +78,10 @@ struct Account {
 void AddRemark(Account& account, RemarkKind kind, const ItemLocation& location,
                const RemarkSubject& subject = {});
 
-// Enters an issue and, unless the same one is there already, its remark. `span` is that
+// Enters an issue and, unless the same one is there already, its remark. `span` and `bin` are those
 // of the issue's location.
 void AddIssue(Account& account, Direction direction, const TranslationIssue& issue,
-              const FrameSpan& span = {});
+              const FrameSpan& span = {}, std::string_view bin = {});
 
 // True when a remark of the kind is there.
 bool HasRemark(const Account& account, RemarkKind kind);

@@ -4,10 +4,12 @@
 #include "effects/effect_elements.h"
 #include "effects/effect_losses.h"
 #include "effects/keyframes.h"
+#include "effects/param_losses.h"
 #include "effects/time_remap.h"
 #include "effects/values.h"
 #include "project/accessors.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -289,6 +291,44 @@ const AudioFilterRow* FindWritten(const EffectContext& context, std::string_view
     return nullptr;
 }
 
+double SampleRateOf(const EffectContext& context)
+{
+    return static_cast<double>(DivTicks(kTicksPerSecond, context.sampleTicks));
+}
+
+bool IsClamped(const EffectContext& context, AudioScale scale, ConstHandle param)
+{
+    const double sampleRate = SampleRateOf(context);
+    const auto isBeyond = [&](double value) { return IsBeyondRange(scale, value, sampleRate); };
+    return (!StartText(param).empty() && isBeyond(CurrentNumber(param, 0))) ||
+           std::ranges::any_of(ParseKeyframes(param.GetProperty("Keyframes")), isBeyond,
+                               &KeyframeRecord::Number);
+}
+
+// `row` is null for one behind those of the effect.
+void ReportAudioParam(const EffectContext& context, const RemarkSubject& effect,
+                      const AudioParamRow* row, ConstHandle param)
+{
+    if (!row || row->scale == AudioScale::None)
+        return ReportUnwritten(context, effect, row ? &row->param : nullptr, param);
+    ReportKeyframes(context, effect, param);
+    if (IsClamped(context, row->scale, param))
+        context.AddRemark(
+            RemarkKind::ValueClamped,
+            {.name = effect.name, .id = effect.id, .detail = param.GetProperty("Name")});
+}
+
+void ReportAudioParams(const EffectContext& context, const AudioFilterRow& row,
+                       ConstHandle component)
+{
+    RemarkSubject effect = SubjectOf(component);
+    if (!HasValue(component, "DisplayName"))
+        effect.name = row.name;
+    auto next = row.params.begin();
+    for (const ConstHandle param : ParamsOf(component))
+        ReportAudioParam(context, effect, next != row.params.end() ? &*next++ : nullptr, param);
+}
+
 void ComponentToXmeml(const EffectContext& context, const AudioFilterRow& row,
                       ConstHandle component, ObjectHandle element)
 {
@@ -303,6 +343,7 @@ void ComponentToXmeml(const EffectContext& context, const AudioFilterRow& row,
         if (isThere)
             ++next;
     }
+    ReportAudioParams(context, row, component);
 }
 
 void FilterToXmeml(const EffectContext& context, ConstHandle component, ObjectHandle element)
@@ -321,6 +362,26 @@ EffectContext ContextOfChain(const EffectContext& context, ConstHandle chain)
         sample > 0 && sample != std::numeric_limits<Ticks>::max())
         result.sampleTicks = sample;
     return result;
+}
+
+// The level, which every clip has, at its neutral value.
+bool IsNeutralVolume(const AudioFilterRow* row, ConstHandle component)
+{
+    if (row != &kAudioLevels)
+        return false;
+    auto next = row->params.begin();
+    for (const ConstHandle param : ParamsOf(component)) {
+        if (next == row->params.end())
+            return true;
+        const ParamRow& known = next++->param;
+        const bool isNeutral =
+            known.kind == ParamKind::AudioBypass
+                ? !StartSwitch(param, false)
+                : StartNumber(param, ParseDouble(known.value)) == ParseDouble(known.value);
+        if (HasValue(param, "Keyframes") || !isNeutral)
+            return false;
+    }
+    return true;
 }
 
 // Fader and meter of a track are parts of its chain.
@@ -376,6 +437,17 @@ void ReportAudioChain(const EffectContext& context, ConstHandle chain, ExportIss
             context.AddIssue(kind, matchName);
 }
 
+void ReportAudioEffects(const EffectContext& context, ConstHandle chain,
+                        const WrittenChain& written)
+{
+    for (const ConstHandle component : ComponentsOf(chain)) {
+        const AudioFilterRow* const row = FindWritten(context, ComponentMatchName(component));
+        const bool isThere = row ? written.isWritten : written.isReported;
+        if (!isThere && IsFilter(component) && !IsNeutralVolume(row, component))
+            context.AddRemark(written.loss, SubjectOf(component));
+    }
+}
+
 void GainToXmeml(const EffectContext& context, ConstHandle clip, bool isBarsAndTone,
                  ObjectHandle element)
 {
@@ -402,7 +474,7 @@ void AddAudioParameter(const EffectContext& context, const AudioParamRow& row, C
 {
     if (row.param.value.empty() && StartText(param).empty())
         return;
-    const auto sampleRate = static_cast<double>(DivTicks(kTicksPerSecond, context.sampleTicks));
+    const double sampleRate = SampleRateOf(context);
     const auto map = [&](double value) { return AudioValueToXmeml(row.scale, value, sampleRate); };
     const double value = CurrentNumber(param, ParseDouble(row.param.value));
     const ObjectHandle parameter =

@@ -48,6 +48,17 @@ void TrackFiltersToXmeml(const EffectContext& context, ConstHandle chain, Object
 // Reports the components that documents have no term for, for a chain that can't be written.
 void ReportAudioChain(const EffectContext& context, ConstHandle chain, ExportIssue kind);
 
+// What became of a chain that the document has no place for.
+struct WrittenChain {
+    RemarkKind loss;         // of a component
+    bool isWritten = false;  // elsewhere: those that documents have a term for
+    bool isReported = false; // by an issue: the others
+};
+// Remarks for the components of such a chain, but for fader, meter and a volume that changes
+// nothing.
+void ReportAudioEffects(const EffectContext& context, ConstHandle chain,
+                        const WrittenChain& written);
+
 // The `Gain` of a clip that states one: a `filter` even where the gain changes nothing; its effect
 // is then without a name. Bars and tone have a gain of their own, which projects do not state.
 void GainToXmeml(const EffectContext& context, ConstHandle clip, bool isBarsAndTone,

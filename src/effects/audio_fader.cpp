@@ -6,6 +6,7 @@
 #include "effects/effect_elements.h"
 #include "effects/effect_losses.h"
 #include "effects/keyframes.h"
+#include "effects/param_losses.h"
 #include "effects/parameters.h"
 #include "effects/values.h"
 
@@ -145,6 +146,7 @@ void TrackEffectsToXmeml(const EffectContext& context, ConstHandle chain, ConstH
             AddParameter(context.document, LevelParam(), NumberText(LevelOfFader(value)),
                          AddFilter(context.document, kAudioLevels.xmeml, owner));
         WriteKeyframes(context.document, parameter, keyframes, context.frameTicks, LevelOfFader);
+        ReportKeyframes(context, {.name = volume.GetProperty("Name")}, volume);
     }
     TrackFiltersToXmeml(context, chain, owner);
 }

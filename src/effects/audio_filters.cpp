@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <limits>
 
 namespace XPJ {
 
@@ -133,7 +134,7 @@ double DecibelsOfVolume(double volume)
 
 double PanOfProject(double pan)
 {
-    return std::clamp(2 * (pan - 0.5), -1.0, 1.0);
+    return 2 * (pan - 0.5);
 }
 
 double FrequencyOfScale(double scaled, double sampleRate)
@@ -144,6 +145,50 @@ double FrequencyOfScale(double scaled, double sampleRate)
 double QOfScale(double scaled)
 {
     return scaled * scaled * (kHighestQ - kLowestQ) + kLowestQ;
+}
+
+// What the parameters of documents state as their range.
+struct Range {
+    double low = -std::numeric_limits<double>::infinity();
+    double high = std::numeric_limits<double>::infinity();
+};
+
+Range RangeOf(AudioScale scale)
+{
+    switch (scale) {
+    case AudioScale::None:
+        break;
+    case AudioScale::Volume:
+        return {0, kHighestLevel};
+    case AudioScale::VolumeInDecibels:
+        return {kSilence, kLoudest};
+    case AudioScale::Pan:
+        return {-1, 1};
+    case AudioScale::Frequency:
+        return {0, 20000};
+    case AudioScale::Q:
+        return {0.7071, 20};
+    }
+    return {};
+}
+
+double UnclampedValue(AudioScale scale, double value, double sampleRate)
+{
+    switch (scale) {
+    case AudioScale::None:
+        break;
+    case AudioScale::Volume:
+        return 2 * value;
+    case AudioScale::VolumeInDecibels:
+        return DecibelsOfVolume(value);
+    case AudioScale::Pan:
+        return PanOfProject(value);
+    case AudioScale::Frequency:
+        return FrequencyOfScale(value, sampleRate);
+    case AudioScale::Q:
+        return QOfScale(value);
+    }
+    return value;
 }
 
 } // namespace
@@ -188,26 +233,21 @@ ConstHandle FindAudioEffect(ConstHandle owner, std::string_view effectId)
 
 double AudioValueToXmeml(AudioScale scale, double value, double sampleRate)
 {
-    switch (scale) {
-    case AudioScale::None:
-        break;
-    case AudioScale::Volume:
-        return LevelOfVolume(value);
-    case AudioScale::VolumeInDecibels:
-        return DecibelsOfVolume(value);
-    case AudioScale::Pan:
-        return PanOfProject(value);
-    case AudioScale::Frequency:
-        return std::clamp(FrequencyOfScale(value, sampleRate), 0.0, 20000.0);
-    case AudioScale::Q:
-        return std::clamp(QOfScale(value), 0.7071, 20.0);
-    }
-    return value;
+    const Range range = RangeOf(scale);
+    return std::clamp(UnclampedValue(scale, value, sampleRate), range.low, range.high);
+}
+
+bool IsBeyondRange(AudioScale scale, double value, double sampleRate)
+{
+    constexpr double kNoise = 1e-4;
+    const Range range = RangeOf(scale);
+    const double unclamped = UnclampedValue(scale, value, sampleRate);
+    return unclamped < range.low - kNoise || unclamped > range.high * (1 + kNoise);
 }
 
 double LevelOfVolume(double volume)
 {
-    return std::clamp(2 * volume, 0.0, kHighestLevel);
+    return AudioValueToXmeml(AudioScale::Volume, volume, 0);
 }
 
 double LevelOfFader(double volume)

@@ -87,6 +87,8 @@ ConstHandle FindAudioEffect(ConstHandle owner, std::string_view effectId);
 
 // `sampleRate` is in samples a second.
 double AudioValueToXmeml(AudioScale scale, double value, double sampleRate);
+// True for a value of which a document takes the nearest in its range.
+bool IsBeyondRange(AudioScale scale, double value, double sampleRate);
 
 double LevelOfVolume(double volume);
 double LevelOfFader(double volume);

@@ -4,6 +4,7 @@
 #include "effects/effect_elements.h"
 #include "effects/effect_losses.h"
 #include "effects/keyframes.h"
+#include "effects/param_losses.h"
 #include "effects/values.h"
 #include "project/accessors.h"
 
@@ -97,6 +98,17 @@ ConstHandle FirstParam(ConstHandle processor)
     return {};
 }
 
+// Those of surround panners, behind the one that documents have.
+void ReportOthers(const EffectContext& context, ConstHandle processor)
+{
+    bool isFirst = true;
+    for (const ConstHandle param : ParamsOf(processor)) {
+        if (!isFirst && HasValue(param, "Keyframes"))
+            ReportUnwritten(context, {.name = PanRow().param.name}, nullptr, param);
+        isFirst = false;
+    }
+}
+
 } // namespace
 
 ObjectHandle TranslatePan(const EffectContext& context, const ItemAudio& audio, ConstHandle item)
@@ -123,6 +135,7 @@ void PanToXmeml(const EffectContext& context, ConstHandle processor, ObjectHandl
     const ConstHandle param = FirstParam(processor);
     for (const auto& row : kCarriedFields)
         CopyProperty(param, row.field, item, row.carried);
+    ReportOthers(context, processor);
     if (StartText(param).empty())
         return;
     AudioParamRow row = PanRow();

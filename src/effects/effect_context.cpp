@@ -29,11 +29,8 @@ Remark* Enter(const EffectContext& context, Direction direction, int kind, std::
         issue.time = context.time();
     issue.kind = kind;
     issue.subject = subject;
-    XPJ::AddIssue(context.account, direction, issue, context.location.span);
-    if (remarks.size() == before)
-        return nullptr;
-    remarks.back().bin = context.location.bin;
-    return &remarks.back();
+    XPJ::AddIssue(context.account, direction, issue, context.location.span, context.location.bin);
+    return remarks.size() == before ? nullptr : &remarks.back();
 }
 
 } // namespace
@@ -87,7 +84,8 @@ void EffectContext::AddIssue(ExportIssue kind, std::string_view subject) const
 
 void EffectContext::AddRemark(RemarkKind kind, const RemarkSubject& subject) const
 {
-    XPJ::AddRemark(account, kind, location, subject);
+    if (!isRepeated)
+        XPJ::AddRemark(account, kind, location, subject);
 }
 
 void EffectContext::AddIssue(ImportIssue kind, ConstHandle effect) const

@@ -46,6 +46,7 @@ struct EffectContext {
     // Of an export.
     bool isHandOff = false; // the document is an audio hand-off
     bool exportTransformEffect = false;
+    bool isRepeated = false; // the item is written once more: its remarks are there already
 
     // The factors between coordinates of the clip and of the sequence; 1 for an unknown size.
     double HorizontalRatio() const;

@@ -76,14 +76,6 @@ std::string_view WithoutZeros(std::string_view text)
                : text;
 }
 
-bool IsDefault(const ParamRow& row, std::string_view text)
-{
-    const std::string_view value = WithoutZeros(text);
-    const std::string_view missing = WithoutZeros(row.value);
-    return value.empty() || value == missing ||
-           (missing.empty() && (value == "0" || value == "false"));
-}
-
 // ---- Neutral values
 
 constexpr Name kPointParts[] = {"horiz", "vert"};
@@ -170,6 +162,14 @@ ObjectHandle MakeRowParam(const EffectContext& context, const ParamRow& row, Con
     SetKeyframes(param, isMapped ? MappedKeyframes(parameter, context.frameTicks, row.fromXmeml)
                                  : ScalarKeyframes(parameter, context.frameTicks));
     return param;
+}
+
+bool IsDefault(const ParamRow& row, std::string_view text)
+{
+    const std::string_view value = WithoutZeros(text);
+    const std::string_view missing = WithoutZeros(row.value);
+    return value.empty() || value == missing ||
+           (missing.empty() && (value == "0" || value == "false"));
 }
 
 ConstHandle ParamOfRow(ConstHandle component, const ParamRow& row)

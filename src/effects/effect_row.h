@@ -55,6 +55,8 @@ struct ParamRow {
     // The values in projects at which it changes nothing, separated by blanks. Stated for effects
     // that editors write for every clip, also for those that nobody touched.
     std::string_view neutral = {};
+    // Of a parameter that documents do not have.
+    RemarkKind loss = RemarkKind::EffectParameterLost;
 };
 
 // A parameter that only documents have.
@@ -112,6 +114,8 @@ struct EffectRow {
 
 // The parameter of a row, with value and keyframes of `parameter` (null: none).
 ObjectHandle MakeRowParam(const EffectContext& context, const ParamRow& row, ConstHandle parameter);
+// True for the text of the value that an import gives the parameter where nothing states it.
+bool IsDefault(const ParamRow& row, std::string_view text);
 // The parameter of a component for a row; null without one.
 ConstHandle ParamOfRow(ConstHandle component, const ParamRow& row);
 // Attaches the `parameter` of a row, with value and keyframes of the component's.

@@ -3,10 +3,12 @@
 #include "core/numbers.h"
 #include "effects/effect_losses.h"
 #include "effects/keyframes.h"
+#include "effects/param_losses.h"
 #include "effects/values.h"
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -226,6 +228,41 @@ void AddCenter(const EffectContext& context, ConstHandle component, const FrameF
                                          inStep ? FromCenter(anchors[i].GetPoint()) : offset)));
 }
 
+bool AreInStep(std::span<const KeyframeRecord> a, std::span<const KeyframeRecord> b)
+{
+    return std::ranges::equal(a, b, {}, &KeyframeRecord::time, &KeyframeRecord::time);
+}
+
+// True where one list of keyframes and a stretch state both scales.
+bool AreInProportion(ConstHandle height, ConstHandle width)
+{
+    constexpr double kAboutEqual = 1e-3; // of a percent
+    const std::vector<KeyframeRecord> heights = ParseKeyframes(height.GetProperty("Keyframes"));
+    const std::vector<KeyframeRecord> widths = ParseKeyframes(width.GetProperty("Keyframes"));
+    const double stretch = StartNumber(width, kFullScale) / StartNumber(height, kFullScale);
+    return AreInStep(heights, widths) &&
+           std::ranges::equal(heights, widths, [stretch](const auto& a, const auto& b) {
+               return std::abs(a.Number() * stretch - b.Number()) < kAboutEqual;
+           });
+}
+
+// A document has one scale, and one center that its anchor point moves.
+void ReportMovement(const EffectContext& context, ConstHandle component)
+{
+    if (!StartSwitch(ParamOfRow(component, kUniformScale), true) &&
+        !AreInProportion(ParamOfRow(component, kScale.param),
+                         ParamOfRow(component, kScaleWidth.param)))
+        context.AddRemark(RemarkKind::ScaleOfTwo, SubjectOf(component));
+    const ConstHandle anchor = ParamOfRow(component, kAnchorPoint.param);
+    if (!HasValue(anchor, "Keyframes"))
+        return;
+    const ConstHandle position = ParamOfRow(component, kPosition.param);
+    const std::vector<KeyframeRecord> moves = ParseKeyframes(position.GetProperty("Keyframes"));
+    const bool isHeld = moves.empty() && context.openInterchange;
+    if (!isHeld && !AreInStep(moves, ParseKeyframes(anchor.GetProperty("Keyframes"))))
+        context.AddRemark(RemarkKind::AnchorOutOfStep, SubjectOf(component));
+}
+
 // ---- Basic 3D
 
 bool Turns(ConstHandle effect, std::string_view id)
@@ -306,6 +343,8 @@ double MotionToXmeml(const EffectContext& context, ConstHandle component, Object
     AddRowParameter(context, kAnchorPoint.param, component, effect);
     AddCenter(context, component, FrameFactorsOf(context), effect);
     AddRowParameter(context, kAntiFlicker.param, component, effect);
+    ReportParams(context, kMotionParams, component, kUniformScale.id);
+    ReportMovement(context, component);
     return scale.IsStretched() ? scale.width / scale.height : 1.0;
 }
 

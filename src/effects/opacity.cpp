@@ -4,6 +4,7 @@
 #include "core/text.h"
 #include "effects/effect_losses.h"
 #include "effects/keyframes.h"
+#include "effects/param_losses.h"
 #include "effects/values.h"
 
 namespace XPJ {
@@ -130,6 +131,7 @@ void OpacityToXmeml(const EffectContext& context, ConstHandle component, ObjectH
     const ObjectHandle effect = AddFilter(context.document, kOpacity.xmeml, item);
     WriteSwitches(component, effect);
     AddRowParameter(context, kAmount, component, effect);
+    ReportParams(context, kOpacityParams, component, kSecondMode.id);
     const std::optional<std::string_view> mode = CompositeModeOf(component);
     if (!mode)
         return;

@@ -276,6 +276,20 @@ bool AddTimeRemapping(Document& document, ConstHandle effect, Ticks frameTicks,
     return true;
 }
 
+// Behind the kind of a record are the handles of its curve.
+bool HasSpeedCurves(std::string_view keyframes)
+{
+    constexpr int kFirstHandle = 3;
+    constexpr int kLastHandle = 7;
+    while (!keyframes.empty()) {
+        for (int field = kFirstHandle; field <= kLastHandle; ++field)
+            if (ParseDouble(KeyframeField(keyframes, field)) != 0)
+                return true;
+        keyframes.remove_prefix(std::min(keyframes.find(';'), keyframes.size() - 1) + 1);
+    }
+    return false;
+}
+
 void TimeRemapToXmeml(Document& document, const PlayedSpeed& speed, std::string_view keyframes,
                       MediaType type, ObjectHandle item)
 {

@@ -58,6 +58,9 @@ struct PlayedSpeed {
     double ratio = 1.0;                // originalDuration / duration
 };
 
+// True for speed keyframes that are joined by curves of the user's, which documents don't have.
+bool HasSpeedCurves(std::string_view keyframes);
+
 // Puts a Time Remap on an item that has its `in` and `out` already. `keyframes` are the project's
 // speed keyframes, empty for a constant speed.
 void TimeRemapToXmeml(Document& document, const PlayedSpeed& speed, std::string_view keyframes,

@@ -280,6 +280,18 @@ void WriteRun(MediaType type, ConstHandle transition, ObjectHandle effect)
                                        : "1");
 }
 
+// A direction that is none of the eight.
+void ReportDirection(const EffectContext& context, ConstHandle transition)
+{
+    const int direction = IntProperty(transition, "Direction");
+    if (direction != 0 &&
+        std::ranges::find(kWipeDirections, direction) == std::end(kWipeDirections))
+        context.AddRemark(RemarkKind::EffectParameterLost,
+                          {.name = transition.GetProperty("DisplayName"),
+                           .id = transition.GetProperty("MatchName"),
+                           .detail = "Direction"});
+}
+
 ObjectHandle MakeXmemlEffect(Document& document, const TransitionRow& row, MediaType type,
                              ConstHandle transition)
 {
@@ -346,6 +358,8 @@ ObjectHandle TransitionToXmeml(const EffectContext& context, MediaType type, Con
                          transition.GetProperty("DisplayName"));
         row = isVideo ? &kOtherVideoInXmeml : &kOtherAudioInXmeml;
     }
+    if (!row->params.empty())
+        ReportDirection(context, transition);
     return MakeXmemlEffect(context.document, *row, type, transition);
 }
 

@@ -9,6 +9,7 @@
 #include "effects/look_effect.h"
 #include "effects/motion.h"
 #include "effects/opacity.h"
+#include "effects/param_losses.h"
 #include "effects/time_remap.h"
 #include "effects/values.h"
 #include "project/accessors.h"
@@ -137,7 +138,8 @@ constexpr int kPopUp = 7;
 constexpr ParamRow kGaussianBlurParams[] = {
     // kind      name               value  lower upper     xmeml
     {1, K::Slider, "Blurriness",      "1.0", "0.", "30000.", {"radius", "Radius", "0", "100"}},
-    {2, K::Choice, "Blur Dimensions", "0",   "0",  "2",      {}, kPopUp},
+    {.id = 2, .kind = K::Choice, .name = "Blur Dimensions", .value = "0", .lower = "0", .upper = "2",
+     .control = kPopUp, .loss = RemarkKind::BlurDirection},
     XmemlOnly({.id = "channel", .name = "Channel", .value = "1", .neutral = "1"}), // all alike, as projects blur
 };
 
@@ -347,6 +349,13 @@ void ReportUnknown(const EffectContext& context, ConstHandle component)
     ofFile.AddIssue(ExportIssue::EffectNotTranslatedHeadless, DisplayName(component));
 }
 
+// What keeps all its parameters, or is an issue anyway, has nothing more to report.
+bool IsWrittenByRows(const EffectRow& row)
+{
+    return row.exported != Exported::WithIssue &&
+           (row.toXmeml == ParamsToXmeml || row.toXmeml == CropToXmeml);
+}
+
 void ComponentToXmeml(const EffectContext& context, ConstHandle component, ObjectHandle element)
 {
     const EffectRow* const row = FindWritten(context, ComponentMatchName(component));
@@ -355,6 +364,8 @@ void ComponentToXmeml(const EffectContext& context, ConstHandle component, Objec
     const ObjectHandle effect = AddEmptyFilter(context.document, element);
     row->toXmeml(context, *row, component, effect);
     WriteSwitches(component, effect);
+    if (IsWrittenByRows(*row))
+        ReportParams(context, row->params, component);
     if (row->exported == Exported::WithIssue)
         context.AddIssue(ExportIssue::ThreeWayApproximation, DisplayName(component));
 }

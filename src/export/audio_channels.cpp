@@ -190,6 +190,16 @@ std::vector<int> AssignedChannels(ConstHandle panner, int count)
     return channels;
 }
 
+bool AssignsManyOutputs(ConstHandle panner)
+{
+    if (!HasValue(panner, "Matrix"))
+        return false;
+    const Json rows = MatrixRows(panner.GetProperty("Matrix"));
+    return std::ranges::any_of(rows, [](const Json& row) {
+        return row.is_array() && row.size() >= 2 && row[1].is_array() && row[1].size() != 1;
+    });
+}
+
 int OutputChannels::Assigned(int channel, bool movesOn)
 {
     int output = channel + 1;

@@ -49,6 +49,9 @@ constexpr int kUnassigned = -1;
 // AssignsChannels.
 std::vector<int> AssignedChannels(ConstHandle panner, int count);
 
+// True for a panner that sends a channel to several outputs or to none; of these one is written.
+bool AssignsManyOutputs(ConstHandle panner);
+
 // Numbers the tracks of one group with their `outputchannelindex`, counted from 1, in the order in
 // which they are written.
 class OutputChannels {

@@ -49,18 +49,21 @@ bool HasGain(ConstHandle clip)
 }
 
 // The channels of an item find each other by their group, also without a link in the project.
-void AddLink(Document& document, LinkGroups& links, TrackItem item, const LinkTarget& target,
-             std::string_view source)
+void AddLink(Document& document, LinkGroups& links, const LinkedItem& item,
+             const LinkTarget& target, std::string_view source)
 {
-    if (!links.Contains(item))
-        links.AddGroupOf(item);
+    if (!links.Contains(item.item))
+        links.AddGroupOf(item.item);
     links.Add(document, item, target, source);
 }
 
 EffectContext EffectsOf(ExportContext& context, const TrackContext& track, const ItemRecord& record)
 {
-    return EffectContextOf(context, track, record.item, record.subClip.GetProperty("Name"),
-                           record.timing.unit == TimeUnit::Ticks ? 1 : record.timing.rate);
+    EffectContext effects =
+        EffectContextOf(context, track, record.item, record.subClip.GetProperty("Name"),
+                        record.timing.unit == TimeUnit::Ticks ? 1 : record.timing.rate);
+    effects.isRepeated = record.isRepeated;
+    return effects;
 }
 
 NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, TrackContext& track,
@@ -78,7 +81,7 @@ NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, Tra
         element.SetPropertyShared("velaGain", record.clip.GetProperty("Gain"));
     WriteClipOptions(context, record, element);
     const ItemSource source = WriteItemSource(context, catalogs, track, record, element);
-    AddLink(context.document, catalogs.links, record.item,
+    AddLink(context.document, catalogs.links, {record.item, record.location},
             {.element = element,
              .id = record.id,
              .type = MediaType::Audio,
@@ -96,6 +99,9 @@ NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, Tra
     if (record.timing.speed != 1.0 || record.timing.reverse)
         TimeRemapToXmeml(context.document, PlayedSpeedOf(record.timing), {}, MediaType::Audio,
                          element);
+    if (!SpeedKeyframesOf(record.clip).empty())
+        AddRemark(context, record, RemarkKind::SpeedCurveOfAudio);
+    ReportItem(context, track, record);
     track.Add(element);
     return source.nested;
 }
@@ -106,8 +112,10 @@ NestedSequence TranslateAudioItem(ExportContext& context, Catalogs& catalogs, Tr
                                   const ItemPart& part)
 {
     ItemRecord record = ReadItem(context, catalogs, track, part.item);
-    if (!record.subClip)
+    if (!record.subClip) {
+        AddRemark(context, record, RemarkKind::ClipWithoutMedia);
         return {};
+    }
     TranslateHeadTransition(context, track, part.item);
     const NestedSequence nested = TranslateClipItem(context, catalogs, track, record, part);
     TranslateTailTransition(context, track, part.item);

@@ -3,6 +3,7 @@
 #include "core/channel_types.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "effects/audio_chain.h"
 #include "effects/audio_fader.h"
 #include "effects/parameters.h"
 #include "export/audio_channels.h"
@@ -141,19 +142,87 @@ int OutputOf(const ExportContext& context, AudioGroup& group, const TrackChannel
     return group.outputs.Unassigned(ofSeveral ? part.channel : number - 1, ofSeveral);
 }
 
-// `audioTrack` is a track or a master track. Keyframes and filters, for which the
-// letter has no term on tracks, leave in open interchange.
-void WriteFader(ExportContext& context, const SequenceContext& sequence, ConstHandle audioTrack,
-                const ItemLocation& location, ObjectHandle owner)
+bool IsAnimated(ConstHandle param)
 {
-    const ConstHandle volume = FaderParam(audioTrack, "Volume");
-    if (!context.options.settings.openInterchange)
-        return FaderToXmeml(context.document, volume, owner);
-    const EffectContext effects{.document = context.document,
-                                .account = context.account,
-                                .location = location,
-                                .frameTicks = sequence.frameTicks};
-    TrackEffectsToXmeml(effects, ChainOfOwner(audioTrack), volume, owner);
+    return HasValue(param, "Keyframes");
+}
+
+bool IsPanned(ConstHandle panner)
+{
+    constexpr double kCenter = 0.5;
+    for (const ConstHandle param : ParamsOf(panner))
+        return IsAnimated(param) || StartNumber(param, kCenter) != kCenter;
+    return false;
+}
+
+// What no fader of a document has: in open interchange that is the mute, to the letter all that
+// moves or is a filter. `filter` is the kind of remark for the latter.
+void ReportFader(const EffectContext& effects, bool isOpen, ConstHandle audioTrack,
+                 RemarkKind filter)
+{
+    for (const std::string_view name : {"Volume", "Mute"})
+        if (IsAnimated(FaderParam(audioTrack, name)) && !(isOpen && name == "Volume"))
+            effects.AddRemark(RemarkKind::FaderAutomation, {.detail = name});
+    if (!isOpen)
+        ReportAudioEffects(effects, ChainOfOwner(audioTrack), {.loss = filter});
+    if (IsPanned(PannerOf(audioTrack)))
+        effects.AddRemark(RemarkKind::TrackPan);
+}
+
+// A track or a master track.
+struct FaderOwner {
+    ConstHandle track;
+    ItemLocation location;
+    Ticks frameTicks;
+    RemarkKind filter;       // of the remarks about its filters
+    bool isRepeated = false; // written once more
+};
+
+// Keyframes and filters, for which the letter has no term on tracks, leave in open interchange.
+void WriteFader(ExportContext& context, const FaderOwner& fader, ObjectHandle owner)
+{
+    const bool isOpen = context.options.settings.openInterchange;
+    EffectContext effects{.document = context.document,
+                          .account = context.account,
+                          .location = fader.location,
+                          .frameTicks = fader.frameTicks,
+                          .isRepeated = fader.isRepeated};
+    const ConstHandle volume = FaderParam(fader.track, "Volume");
+    if (isOpen)
+        TrackEffectsToXmeml(effects, ChainOfOwner(fader.track), volume, owner);
+    else
+        FaderToXmeml(context.document, volume, owner);
+    if (fader.filter == RemarkKind::MasterEffect)
+        effects.location.trackKind = kNoTrack;
+    ReportFader(effects, isOpen, fader.track, fader.filter);
+}
+
+// Channels of items that are on none of the written tracks, and silent ones on any of them.
+void ReportChannels(ExportContext& context, const TrackContext& track, const AudioTrack& source)
+{
+    for (const UsedItem& used : source.items) {
+        const auto add = [&](RemarkKind kind) {
+            AddRemark(context.account, kind,
+                      LocationOfItem(track, used.item, SubClipOf(used.item).GetProperty("Name")));
+        };
+        const int contents = std::min(ContentCount(ClipOfSubClip(SubClipOf(used.item))),
+                                      static_cast<int>(kMaxTrackChannels));
+        if (source.exploded > 1 && used.channels == 0)
+            add(RemarkKind::ClipSilent);
+        else if (std::popcount(used.channels) < contents)
+            add(RemarkKind::ChannelSilent);
+        if (source.exploded > 1 && used.channels >> (source.exploded - 1) > 1)
+            add(RemarkKind::ChannelBeyondTrack);
+    }
+}
+
+void ReportTrack(ExportContext& context, const TrackContext& track, const TrackChannel& part)
+{
+    ReportTrackName(context, track, part.source.track, "Audio");
+    if (AssignsManyOutputs(PannerOf(part.source.track)))
+        AddRemark(context.account, RemarkKind::TrackOutputs, LocationOfTrack(track));
+    if (!context.IsHandOff())
+        ReportChannels(context, track, part.source);
 }
 
 void OpenExplodedTrack(ExportContext& context, AudioGroup& group, const TrackChannel& part)
@@ -167,7 +236,15 @@ void OpenExplodedTrack(ExportContext& context, AudioGroup& group, const TrackCha
                                .element = context.document.NewObject("track")},
                      .items = ItemsOfChannel(source, part.channel)};
     const ObjectHandle element = result.track.element;
-    WriteFader(context, group.sequence, source.track, LocationOfItem(result.track, 0, {}), element);
+    ItemLocation location = LocationOfTrack(result.track);
+    location.time = FormatItemTime(group.sequence, 0);
+    WriteFader(context,
+               {.track = source.track,
+                .location = location,
+                .frameTicks = group.sequence.frameTicks,
+                .filter = RemarkKind::TrackEffect,
+                .isRepeated = part.channel > 0},
+               element);
     WriteTrackState(context, source.track, IsMutedByFader(source.track), element);
     if (context.IsHandOff())
         WriteHandOffState(source, element);
@@ -175,6 +252,8 @@ void OpenExplodedTrack(ExportContext& context, AudioGroup& group, const TrackCha
         WriteExplodedState(source, part.channel, element);
     element.SetProperty("outputchannelindex",
                         IntToString(OutputOf(context, group, part, result.track.number)));
+    if (part.channel == 0)
+        ReportTrack(context, result.track, part);
     group.element.AddChild(element);
     group.tracks.push_back(std::move(result));
 }
@@ -240,8 +319,12 @@ std::vector<OpenTrack> TranslateAudioGroup(ExportContext& context, const Sequenc
     result.outputs = OutputChannels(outputs);
 
     media.AddChild(result.element);
-    WriteFader(context, sequence, masterTrack,
-               {.sequence = sequence.sequence.GetProperty("Name"), .trackKind = 2}, result.element);
+    WriteFader(context,
+               {.track = masterTrack,
+                .location = {.sequence = sequence.sequence.GetProperty("Name"), .trackKind = 2},
+                .frameTicks = sequence.frameTicks,
+                .filter = RemarkKind::MasterEffect},
+               result.element);
     result.element.SetProperty("numOutputChannels", IntToString(channels));
     result.element.AddChild(WriteFormat(context, sequence, group));
     result.element.AddChild(WriteOutputs(context.document, outputs));

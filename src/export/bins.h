@@ -6,8 +6,8 @@
 namespace XPJ::RVX {
 
 // Lists the items of the browser with the masters that they show, for those who meet a master on a
-// track.
-void CollectBrowserItems(ConstHandle rootItem, MasterCatalog& masters);
+// track. Paths of bins are stored in `document`.
+void CollectBrowserItems(Document& document, ConstHandle rootItem, MasterCatalog& masters);
 
 // Translates what `rootItem` holds into a `children` element. Where the options choose a sequence,
 // only the first item that shows it is translated, without the bins around it. False when nothing

@@ -43,17 +43,24 @@ MasterAudio ReadAudio(MasterClip masterClip)
 
 } // namespace
 
-void MasterCatalog::AddBrowserItem(MasterClip masterClip, ConstHandle item)
+void MasterCatalog::AddBrowserItem(MasterClip masterClip, const BrowserClip& clip)
 {
     Record& record = records_[masterClip.UniqueId()];
-    if (!record.browserItem)
-        record.browserItem = item;
+    if (!record.browserClip.item)
+        record.browserClip = clip;
 }
 
 ConstHandle MasterCatalog::BrowserItemOf(MasterClip masterClip) const
 {
     const auto found = records_.find(masterClip.UniqueId());
-    return found == records_.end() ? ConstHandle() : found->second.browserItem;
+    return found == records_.end() ? ConstHandle() : found->second.browserClip.item;
+}
+
+ItemLocation MasterCatalog::LocationOf(MasterClip masterClip) const
+{
+    const auto found = records_.find(masterClip.UniqueId());
+    return {.clip = masterClip.GetProperty("Name"),
+            .bin = found == records_.end() ? std::string_view() : found->second.browserClip.bin};
 }
 
 const MasterSource& MasterCatalog::SourceOf(MasterClip masterClip)

@@ -30,13 +30,21 @@ struct MasterAudio {
     std::int64_t firstStream = 0;
 };
 
+// A ClipProjectItem, and the path of the bins around it.
+struct BrowserClip {
+    ConstHandle item;
+    std::string_view bin = {};
+};
+
 // A master may have many clips, and many items show it: everything is read once.
 class MasterCatalog {
 public:
     // Only the first item of the browser that shows a master counts.
-    void AddBrowserItem(MasterClip masterClip, ConstHandle item);
+    void AddBrowserItem(MasterClip masterClip, const BrowserClip& clip);
     // Null for a master that the browser doesn't show.
     ConstHandle BrowserItemOf(MasterClip masterClip) const;
+    // For remarks about what belongs to the master, wherever it is met.
+    ItemLocation LocationOf(MasterClip masterClip) const;
 
     const MasterSource& SourceOf(MasterClip masterClip);
     const MasterAudio& AudioOf(MasterClip masterClip);
@@ -48,7 +56,7 @@ public:
 
 private:
     struct Record {
-        ConstHandle browserItem;
+        BrowserClip browserClip;
         std::optional<MasterSource> source;
         std::optional<MasterAudio> audio;
         std::string_view id;
@@ -70,6 +78,7 @@ struct FileRecord {
     ObjectHandle rate = {};    // elements that show the file share it
     std::int64_t duration = 0; // as it is written; 0: it is not
     FileTimecode timecode = {};
+    MasterClip masterClip = {}; // whose effects it has
 };
 
 class FileCatalog {

@@ -42,7 +42,7 @@ ObjectHandle ClipWriter::NewClipItem(LinkTarget target)
     item.SetPropertyShared("masterclipid", catalogs.masters.IdOf(context, source.masterClip));
     if (HasValue(source.masterClip, "Name"))
         item.SetProperty("name", EscapeXML(source.masterClip.GetProperty("Name")));
-    item.AddChild(WriteFile(context, catalogs.files, source, item).rate);
+    item.AddChild(WriteFile(context, catalogs, source, item).rate);
     items.push_back(target);
     return item;
 }
@@ -80,12 +80,14 @@ ObjectHandle TranslateGenerator(ExportContext& context, Catalogs& catalogs, Mast
     item.SetProperty("duration", duration);
     item.AddChild(WriteRate(document, frameTicks));
     WriteClipRange(context.DocumentUnit(), masterClip.MainClip(), frameTicks, item);
+    // Remarks about the markers are those of the clip.
     TranslateMarkers(
-        document,
+        context,
         {.owner = masterClip.MainClip(), .frameTicks = frameTicks, .unit = context.DocumentUnit()},
         item);
-    item.AddChild(catalogs.generators.EffectOf(context, media, masterClip, {}));
-    TranslateMasterEffects(context, masterClip, frameTicks, item);
+    const ItemLocation location = catalogs.masters.LocationOf(masterClip);
+    item.AddChild(catalogs.generators.EffectOf(context, {media, masterClip, {}, &location}));
+    TranslateMasterEffects(context, {masterClip, location, frameTicks}, item);
 
     const ObjectHandle format = document.NewObject("format");
     format.AddChild(WriteSampleCharacteristics(
@@ -121,7 +123,11 @@ ObjectHandle ClipWriter::TranslateAudio()
             {.type = MediaType::Audio, .track = channel, .isGrouped = AreGrouped(context, layout)});
         WriteSourceTrack(context.document, channel, item);
         if (context.options.settings.openInterchange)
-            TranslateMasterAudioEffects(context, source.masterClip, ClipRate(source.media), item);
+            TranslateMasterAudioEffects(context,
+                                        {source.masterClip,
+                                         catalogs.masters.LocationOf(source.masterClip),
+                                         ClipRate(source.media)},
+                                        channel, item);
         audio.AddChild(TrackWith(context.document, item));
     }
     return audio;

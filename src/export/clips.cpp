@@ -6,6 +6,7 @@
 #include "export/markers.h"
 #include "export/rates.h"
 #include "export/sequences.h"
+#include "project/labels.h"
 
 #include <algorithm>
 #include <string_view>
@@ -24,21 +25,47 @@ Ticks RangeRate(MasterClip masterClip, ConstHandle sequence)
     return IsRate(own) ? own : FrameTicksOfSequence(sequence);
 }
 
-void WriteSequenceReference(Document& document, std::string_view id, ObjectHandle children)
+std::string_view ClipName(MasterClip masterClip, ConstHandle clipItem)
 {
-    const ObjectHandle reference = document.NewObject("sequenceref");
+    const std::string_view name = masterClip.GetProperty("Name");
+    return name.empty() ? clipItem.GetProperty("Name") : name;
+}
+
+ItemLocation LocationOf(const BrowserClip& clip)
+{
+    return {.clip = ClipName(MasterOfItem(clip.item), clip.item), .bin = clip.bin};
+}
+
+bool HasRange(MasterClip masterClip)
+{
+    const ConstHandle main = masterClip.MainClip();
+    return Int64Property(main, "InPoint") >= 1 || Int64Property(main, "OutPoint") >= 1;
+}
+
+// A sequence that is written already has what its first item shows of it.
+void TranslateReference(ExportContext& context, const BrowserClip& clip, ConstHandle sequence,
+                        std::string_view id, ObjectHandle children)
+{
+    const ObjectHandle reference = context.document.NewObject("sequenceref");
     reference.SetPropertyShared("id", id);
     children.AddChild(reference);
+    const std::string_view name = clip.item.GetProperty("Name");
+    if (HasRange(MasterOfItem(clip.item)) || !LabelOf(clip.item, kItemLabel).empty() ||
+        (!name.empty() && name != sequence.GetProperty("Name")))
+        AddRemark(context.account, RemarkKind::SequenceFirstMet, LocationOf(clip));
+    if (IsMergedSequence(sequence))
+        AddRemark(context.account, RemarkKind::MergedClipAsSequence, LocationOf(clip));
 }
 
 // A sequence with what the browser knows of it, and behind it those that were nested too deep.
-void TranslateSequenceItem(ExportContext& context, Catalogs& catalogs, ConstHandle clipItem,
+void TranslateSequenceItem(ExportContext& context, Catalogs& catalogs, const BrowserClip& clip,
                            const ShownSequence& shown, ObjectHandle children)
 {
     std::vector<ShownSequence> postponed;
     const ObjectHandle result = TranslateSequence(context, catalogs, shown, postponed);
-    result.SetProperty("name", EscapeXML(clipItem.GetProperty("Name")));
-    WriteLabel(context, clipItem, kItemLabel, result);
+    result.SetProperty("name", EscapeXML(clip.item.GetProperty("Name")));
+    WriteLabel(context, clip.item, kItemLabel, result);
+    ReportLabel(context, clip.item, kItemLabel, LocationOf(clip));
     WriteClipRange(context.DocumentUnit(), shown.masterClip.MainClip(),
                    RangeRate(shown.masterClip, shown.sequence), result);
     children.AddChild(result);
@@ -53,12 +80,6 @@ void TranslateSequenceItem(ExportContext& context, Catalogs& catalogs, ConstHand
             {.clip = shown.sequence.GetProperty("Name"), .trackKind = kVideoTrackKind, .time = {}});
 }
 
-std::string_view ClipName(MasterClip masterClip, ConstHandle clipItem)
-{
-    const std::string_view name = masterClip.GetProperty("Name");
-    return name.empty() ? clipItem.GetProperty("Name") : name;
-}
-
 // The import leaves the markers of a clip to its audio, where it has audio.
 ConstHandle MarkedClip(MasterClip masterClip)
 {
@@ -68,19 +89,22 @@ ConstHandle MarkedClip(MasterClip masterClip)
 }
 
 // What the video and the audio of the master state of the clip.
-void WriteClipOptions(ExportContext& context, MasterClip masterClip, Ticks frameTicks,
+void WriteClipOptions(ExportContext& context, const BrowserClip& clip, Ticks frameTicks,
                       ObjectHandle result)
 {
+    const MasterClip masterClip = MasterOfItem(clip.item);
+    const ItemLocation location = LocationOf(clip);
     const ConstHandle marked = MarkedClip(masterClip);
     const Ticks offset = context.options.settings.openInterchange
                              ? 0
                              : std::max<Ticks>(Int64Property(marked, "InPoint"), 0);
-    TranslateMarkers(context.document,
+    TranslateMarkers(context,
                      {.owner = marked,
                       .frameTicks = frameTicks,
                       .unit = context.DocumentUnit(),
                       .offset = offset,
-                      .endOffset = offset},
+                      .endOffset = offset,
+                      .location = &location},
                      result);
     WriteClipRange(context.DocumentUnit(), masterClip.MainClip(), frameTicks, result);
 }
@@ -93,13 +117,49 @@ void WriteLabels(ExportContext& context, ConstHandle clipItem, ConstHandle mainC
         WriteLabel(context, mainClip, kClipLabel, result);
 }
 
-void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, ConstHandle clipItem,
+// Of the clips of a master the first one with media has the file.
+void ReportFiles(ExportContext& context, MasterClip masterClip, Media written,
+                 const ItemLocation& location)
+{
+    for (const ConstHandle clip : masterClip.Clips()) {
+        const Media media = MediaOfSource(SourceOfClip(clip));
+        if (!media || media == written || MediaPath(media) == MediaPath(written))
+            continue;
+        AddRemark(context.account, RemarkKind::ClipOfFiles, location,
+                  {.name = media.GetProperty("Title"), .id = MediaPath(media)});
+        return;
+    }
+}
+
+// What a clip of a bin has that the document has no place for.
+void ReportClip(ExportContext& context, const BrowserClip& clip, const MasterSource& source)
+{
+    const ItemLocation location = LocationOf(clip);
+    const MasterClip masterClip = MasterOfItem(clip.item);
+    const std::string_view name = clip.item.GetProperty("Name");
+    if (!name.empty() && name != location.clip)
+        AddRemark(context.account, RemarkKind::ClipRenamed, location, {.name = name});
+    if (HasValue(clip.item, "Column.PropertyText.Comment"))
+        AddRemark(context.account, RemarkKind::ClipComment, location,
+                  {.detail = clip.item.GetProperty("Column.PropertyText.Comment")});
+    if (ShowsCaptions(source.media))
+        AddRemark(context.account, RemarkKind::CaptionUnsupported, location);
+    ReportLabel(context, clip.item, kItemLabel, location);
+    ReportFiles(context, masterClip, source.media, location);
+}
+
+void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, const BrowserClip& browserClip,
                         const MasterSource& source, ObjectHandle children)
 {
+    const ConstHandle clipItem = browserClip.item;
     const MasterClip masterClip = MasterOfItem(clipItem);
     const std::string_view id = catalogs.masters.IdOf(context, masterClip);
-    if (id.empty())
+    if (id.empty()) {
+        AddRemark(context.account, RemarkKind::GeneratorInBin, LocationOf(browserClip),
+                  {.name = source.media.GetProperty("Title")});
         return;
+    }
+    ReportClip(context, browserClip, source);
     const ObjectHandle clip = context.document.NewObject("clip");
     clip.SetPropertyShared("id", id);
     if (!context.IsHandOff())
@@ -113,7 +173,7 @@ void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, ConstHandle 
     if (IsVideoClip(main))
         clip.SetPropertyShared("scaleToFrameSize",
                                IsTrue(main, "ScaleToFrameSize") ? "TRUE" : "FALSE");
-    WriteClipOptions(context, masterClip, ClipRate(source.media), clip);
+    WriteClipOptions(context, browserClip, ClipRate(source.media), clip);
 
     const bool hasFile = !ShowsCaptions(source.media);
     clip.AddChild(TranslateClipMedia(context, catalogs, masterClip, source));
@@ -124,17 +184,19 @@ void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, ConstHandle 
 
 } // namespace
 
-void TranslateBrowserClip(ExportContext& context, Catalogs& catalogs, ConstHandle clipItem,
+void TranslateBrowserClip(ExportContext& context, Catalogs& catalogs, const BrowserClip& clip,
                           ObjectHandle children)
 {
-    const MasterClip masterClip = MasterOfItem(clipItem);
+    const MasterClip masterClip = MasterOfItem(clip.item);
     const MasterSource& source = catalogs.masters.SourceOf(masterClip);
     if (source.media)
-        TranslateMediaItem(context, catalogs, clipItem, source, children);
+        TranslateMediaItem(context, catalogs, clip, source, children);
     else if (const std::string_view id = catalogs.sequences.FindId(source.sequence); !id.empty())
-        WriteSequenceReference(context.document, id, children);
+        TranslateReference(context, clip, source.sequence, id, children);
     else if (source.sequence)
-        TranslateSequenceItem(context, catalogs, clipItem, {source.sequence, masterClip}, children);
+        TranslateSequenceItem(context, catalogs, clip, {source.sequence, masterClip}, children);
+    else
+        AddRemark(context.account, RemarkKind::ClipWithoutMedia, LocationOf(clip));
 }
 
 } // namespace XPJ::RVX

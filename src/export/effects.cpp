@@ -1,6 +1,7 @@
 #include "export/effects.h"
 
 #include "effects/audio_chain.h"
+#include "effects/param_losses.h"
 #include "effects/video_effects.h"
 #include "project/accessors.h"
 
@@ -20,6 +21,14 @@ EffectContext EffectContextAt(ExportContext& context, const ItemLocation& locati
             .exportTransformEffect = context.options.exportTransformEffect};
 }
 
+EffectContext ContextOfAudio(ExportContext& context, const MasterPlace& master)
+{
+    constexpr int kAudio = 2;
+    ItemLocation location = master.location;
+    location.trackKind = kAudio;
+    return EffectContextAt(context, location, kNtscFrameTicks);
+}
+
 } // namespace
 
 EffectContext EffectContextOf(ExportContext& context, const TrackContext& track, TrackItem item,
@@ -27,39 +36,58 @@ EffectContext EffectContextOf(ExportContext& context, const TrackContext& track,
 {
     const Ticks start = Int64Property(item, "Start");
     EffectContext effects =
-        EffectContextAt(context,
-                        {.sequence = track.sequence.sequence.GetProperty("Name"),
-                         .clip = clipName,
-                         .trackKind = track.type == MediaType::Video ? 1 : 2,
-                         .trackIndex = track.index,
-                         .span = SpanOf(track.sequence, start, Int64Property(item, "End"))},
-                        frameTicks);
+        EffectContextAt(context, LocationOfItem(track, item, clipName), frameTicks);
     effects.time = [&track, start] { return FormatItemTime(track.sequence, start); };
     return effects;
 }
 
-void TranslateMasterEffects(ExportContext& context, MasterClip masterClip, Ticks frameTicks,
-                            ObjectHandle file)
+void TranslateMasterEffects(ExportContext& context, const MasterPlace& master, ObjectHandle file)
 {
-    FiltersToXmeml(EffectContextAt(context, {.clip = masterClip.GetProperty("Name")}, frameTicks),
-                   VideoChainOfMaster(masterClip), file);
+    EffectContext effects = EffectContextAt(context, master.location, master.frameTicks);
+    effects.isRepeated = !context.remarkedNodes.Insert(master.masterClip);
+    FiltersToXmeml(effects, VideoChainOfMaster(master.masterClip), file);
 }
 
-void TranslateMasterAudioEffects(ExportContext& context, MasterClip masterClip, Ticks frameTicks,
+// What documents have no term for is reported with the file, as that of a master.
+void TranslateMasterAudioEffects(ExportContext& context, const MasterPlace& master, int channel,
                                  ObjectHandle item)
 {
-    Account reported; // with the file, as those of a master
-    const EffectContext effects{
-        .document = context.document, .account = reported, .frameTicks = frameTicks};
-    AudioChainToXmeml(effects, AudioChainOfMaster(masterClip), item);
+    Account ofItem;
+    const EffectContext effects{.document = context.document,
+                                .account = ofItem,
+                                .location = master.location,
+                                .frameTicks = master.frameTicks,
+                                .openInterchange = true,
+                                .isRepeated = channel > 1};
+    AudioChainToXmeml(effects, AudioChainOfMaster(master.masterClip), item);
+    for (const Remark& remark : ofItem.remarks)
+        if (remark.kind != RemarkKind::EffectUnsupported)
+            context.account.remarks.push_back(remark);
 }
 
-void ReportMasterAudioEffects(ExportContext& context, MasterClip masterClip)
+void ReportMasterAudioEffects(ExportContext& context, const MasterPlace& master, bool written)
 {
-    constexpr int kAudio = 2;
-    const ItemLocation location = {.clip = masterClip.GetProperty("Name"), .trackKind = kAudio};
-    ReportAudioChain(EffectContextAt(context, location, kNtscFrameTicks),
-                     AudioChainOfMaster(masterClip), ExportIssue::EffectNotTranslatedHeadless);
+    const EffectContext effects = ContextOfAudio(context, master);
+    const ConstHandle chain = AudioChainOfMaster(master.masterClip);
+    ReportAudioChain(effects, chain, ExportIssue::EffectNotTranslatedHeadless);
+    ReportAudioEffects(
+        effects, chain,
+        {.loss = RemarkKind::MasterClipEffect, .isWritten = written, .isReported = true});
+}
+
+void ReportSecondMaster(ExportContext& context, const MasterPlace& master, bool written)
+{
+    ReportVideoEffects(context, RemarkKind::SecondClipEffect, master.location,
+                       VideoChainOfMaster(master.masterClip));
+    ReportAudioEffects(ContextOfAudio(context, master), AudioChainOfMaster(master.masterClip),
+                       {.loss = RemarkKind::MasterClipEffect, .isWritten = written});
+}
+
+void ReportVideoEffects(ExportContext& context, RemarkKind kind, const ItemLocation& location,
+                        ConstHandle chain)
+{
+    for (const ConstHandle component : ComponentsOf(chain))
+        AddRemark(context.account, kind, location, SubjectOf(component));
 }
 
 } // namespace XPJ::RVX

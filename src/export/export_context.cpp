@@ -22,10 +22,4 @@ void AddIssue(ExportContext& context, ExportIssue kind, const ItemLocation& loca
         .AddIssue(kind, subject);
 }
 
-void AddSkipped(ExportContext& context, TrackItem item, const ItemLocation& location)
-{
-    if (context.skippedItems.Insert(item))
-        AddRemark(context.account, RemarkKind::ClipWithoutMedia, location);
-}
-
 } // namespace XPJ::RVX

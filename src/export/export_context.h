@@ -42,7 +42,9 @@ struct ExportContext {
     const ExportOptions& options;
     IdCounters& ids;
 
-    NodeSet skippedItems = {}; // track items in it: one may be written on several tracks
+    // Items, transitions and masters whose remarks are entered: an item may be written on several
+    // tracks, and a master reached through many items.
+    NodeSet remarkedNodes = {};
 
     bool IsHandOff() const { return options.vl2snMode; }
     // The unit of the document: of clips, sequences and audio. Items of video tracks always count
@@ -56,8 +58,5 @@ std::string_view NewId(Document& document, std::string_view prefix, std::int64_t
 
 void AddIssue(ExportContext& context, ExportIssue kind, const ItemLocation& location,
               std::string_view subject = {});
-
-// Lists an item that shows nothing which the project still has, once.
-void AddSkipped(ExportContext& context, TrackItem item, const ItemLocation& location);
 
 } // namespace XPJ::RVX

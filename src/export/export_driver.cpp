@@ -26,7 +26,7 @@ void TranslateRootItem(ExportContext& context, Catalogs& catalogs, ConstHandle r
                        ObjectHandle project)
 {
     const ObjectHandle children = context.document.NewObject("children");
-    CollectBrowserItems(rootItem, catalogs.masters);
+    CollectBrowserItems(context.document, rootItem, catalogs.masters);
     if (TranslateItems(context, catalogs, rootItem, children))
         project.AddChild(children);
 }
@@ -39,6 +39,13 @@ std::string_view NameOf(const ExportOptions& options, ConstHandle source)
                : options.projectTitle;
 }
 
+void ReportName(ExportContext& context, ConstHandle source, std::string_view written)
+{
+    const std::string_view name = source.GetProperty("Project.Name");
+    if (!name.empty() && EscapeXML(name) != written)
+        AddRemark(context.account, RemarkKind::ProjectRenamed, {}, {.name = name});
+}
+
 int TranslateProject(ExportContext& context, Progress& progress, ConstHandle source,
                      ObjectHandle& project)
 {
@@ -47,11 +54,12 @@ int TranslateProject(ExportContext& context, Progress& progress, ConstHandle sou
         return kAborted;
     project = context.document.NewObject("project");
     project.SetProperty("name", EscapeXML(NameOf(context.options, source)));
+    ReportName(context, source, project.GetProperty("name"));
     Catalogs catalogs;
     TranslateRootItem(context, catalogs, source.GetChild("RootProjectItem"), project);
     if (!stage.Step())
         return kAborted;
-    catalogs.links.WriteLinks(context.options.settings.openInterchange);
+    catalogs.links.WriteLinks(context);
     return stage.Step() ? kSuccess : kAborted;
 }
 

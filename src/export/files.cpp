@@ -147,7 +147,6 @@ ObjectHandle TranslateAudio(ExportContext& context, const FileStreams& source)
         audio.SetProperty("channelcount", IntToString(layout.count));
         audio.SetProperty("channeltype", IntToString(layout.type));
     }
-    ReportMasterAudioEffects(context, source.masterClip);
     return audio;
 }
 
@@ -177,10 +176,27 @@ void WriteTimes(ExportContext& context, const FileStreams& source, Ticks rate, F
     file.element.AddChild(file.timecode.element);
 }
 
-FileRecord TranslateFile(ExportContext& context, const FileStreams& source)
+// Of the rate and the path.
+void ReportGuesses(ExportContext& context, const FileStreams& source, const ItemLocation& location)
+{
+    if (context.options.settings.openInterchange && IsMissing(source.media))
+        AddRemark(context.account, RemarkKind::PathAssumed, location, {.name = NameOf(source)});
+    if (!source.video || IsStill(source))
+        return;
+    const Ticks rate = Int64Property(source.video, "FrameRate");
+    if (!IsRate(rate))
+        AddRemark(context.account, RemarkKind::RateAssumed, location);
+    else if (!IsRateExact(rate))
+        AddRemark(context.account, RemarkKind::RateRounded, location, {.detail = RateText(rate)});
+}
+
+// `audioOnClip`: the effects of its audio are written elsewhere.
+FileRecord TranslateFile(ExportContext& context, const FileStreams& source, MasterPlace master,
+                         bool audioOnClip)
 {
     FileRecord file{.id = NewId(context.document, "file-", context.ids.file),
-                    .element = context.document.NewObject("file")};
+                    .element = context.document.NewObject("file"),
+                    .masterClip = source.masterClip};
     file.element.SetPropertyShared("id", file.id);
     WriteSource(context, source, file.element);
     const bool isOffline = context.options.settings.openInterchange && IsMissing(source.media);
@@ -193,22 +209,40 @@ FileRecord TranslateFile(ExportContext& context, const FileStreams& source)
         media.AddChild(TranslateVideo(context, source, rate));
     if (source.audio)
         media.AddChild(TranslateAudio(context, source));
+    if (source.audio)
+        ReportMasterAudioEffects(context, master, audioOnClip);
     file.element.AddChild(media);
     WriteTimes(context, source, rate, file);
-    TranslateMasterEffects(context, source.masterClip, rate, file.element);
+    master.frameTicks = rate;
+    TranslateMasterEffects(context, master, file.element);
+    ReportGuesses(context, source, master.location);
     return file;
 }
 
 } // namespace
 
-FileRecord& WriteFile(ExportContext& context, FileCatalog& files, const FileSource& source,
+FileRecord& WriteFile(ExportContext& context, Catalogs& catalogs, const FileSource& source,
                       ObjectHandle element)
 {
-    if (FileRecord* const written = files.Find(source.media)) {
+    const auto place = [&] {
+        return MasterPlace{.masterClip = source.masterClip,
+                           .location = catalogs.masters.LocationOf(source.masterClip)};
+    };
+    const auto isOnClip = [&] {
+        return context.options.settings.openInterchange &&
+               context.options.sequenceGuid == kZeroGuid &&
+               catalogs.masters.BrowserItemOf(source.masterClip);
+    };
+    if (FileRecord* const written = catalogs.files.Find(source.media)) {
         element.SetPropertyShared("fileid", written->id);
+        if (written->masterClip != source.masterClip &&
+            context.remarkedNodes.Insert(source.masterClip))
+            ReportSecondMaster(context, place(), isOnClip());
         return *written;
     }
-    FileRecord& file = files.Add(source.media, TranslateFile(context, ReadStreams(source)));
+    const FileStreams streams = ReadStreams(source);
+    FileRecord& file =
+        catalogs.files.Add(source.media, TranslateFile(context, streams, place(), isOnClip()));
     element.AddChild(file.element);
     return file;
 }

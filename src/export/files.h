@@ -13,7 +13,7 @@ struct FileSource {
 
 // Adds the `file` of a Media to an element, as a child or as the reference `fileid`. A clip item
 // without `rate` of its own should take that of the file.
-FileRecord& WriteFile(ExportContext& context, FileCatalog& files, const FileSource& source,
+FileRecord& WriteFile(ExportContext& context, Catalogs& catalogs, const FileSource& source,
                       ObjectHandle element);
 
 } // namespace XPJ::RVX

@@ -3,6 +3,7 @@
 #include "core/base64.h"
 #include "core/text.h"
 #include "effects/color_matte.h"
+#include "effects/legacy_title.h"
 #include "effects/plain_generators.h"
 #include "effects/title_writer.h"
 #include "export/formats.h"
@@ -51,20 +52,42 @@ ObjectHandle MakePlainEffect(Document& document, MediaKind kind)
     return effect;
 }
 
-ObjectHandle MakeEffectOfTitle(ExportContext& context, Media media)
+FrameSize FrameOf(Media media)
 {
-    const LegacyTitle title = TitleOfMedia(media);
-    if (title.texts.empty() || !IsStatedInFull(title))
-        ReportReplaced(context, media);
-    return title.texts.empty() ? MakePlainEffect(context.document, MediaKind::BlackVideo)
-                               : MakeTitleEffect(context.document, title);
+    const ConstHandle stream = VideoStreamOf(media);
+    return ParseFrameSize(stream.GetProperty("FrameRect"), PixelAspectOf(stream));
 }
 
-ObjectHandle MakeEffectOfMedia(ExportContext& context, Media media)
+// True for a title document that the import makes of the generator: it has nothing else.
+bool IsMadeOf(Document& document, ObjectHandle effect, Media media)
 {
+    const ObjectHandle generator = document.NewObject("generatoritem");
+    generator.AddChild(effect);
+    return LegacyTitleDocument(ReadTitle(generator, FrameOf(media))) ==
+           DecodeBase64(media.GetProperty("ImporterPrefs"));
+}
+
+ObjectHandle MakeEffectOfTitle(ExportContext& context, const GeneratorSource& source)
+{
+    const LegacyTitle title = TitleOfMedia(source.media);
+    const bool isInFull = !title.texts.empty() && IsStatedInFull(title);
+    if (!isInFull)
+        ReportReplaced(context, source.media);
+    if (title.texts.empty())
+        return MakePlainEffect(context.document, MediaKind::BlackVideo);
+    const ObjectHandle effect = MakeTitleEffect(context.document, title);
+    if (isInFull && !IsMadeOf(context.document, effect, source.media))
+        AddRemark(context.account, RemarkKind::TitleSimplified, *source.location,
+                  {.name = source.media.GetProperty("Title")});
+    return effect;
+}
+
+ObjectHandle MakeEffectOfMedia(ExportContext& context, const GeneratorSource& source)
+{
+    const Media media = source.media;
     const MediaKind kind = MediaKindOf(media);
     if (kind == MediaKind::Title)
-        return MakeEffectOfTitle(context, media);
+        return MakeEffectOfTitle(context, source);
     if (kind == MediaKind::ColorMatte)
         return ColorMatteEffect(context.document, media);
     if (kind == MediaKind::Other)
@@ -73,12 +96,16 @@ ObjectHandle MakeEffectOfMedia(ExportContext& context, Media media)
 }
 
 // Other programs read the text; the graphic itself is among the filters.
-ObjectHandle MakeEffectOfGraphic(Document& document, Media media, ConstHandle chain)
+ObjectHandle MakeEffectOfGraphic(ExportContext& context, const GeneratorSource& source,
+                                 ConstHandle chain)
 {
-    const ConstHandle stream = VideoStreamOf(media);
-    const LegacyTitle title = ReadGraphicTitle(
-        chain, ParseFrameSize(stream.GetProperty("FrameRect"), PixelAspectOf(stream)));
-    return title.texts.empty() ? ObjectHandle() : MakeTitleEffect(document, title);
+    const LegacyTitle title = ReadGraphicTitle(chain, FrameOf(source.media));
+    if (title.texts.empty())
+        return {};
+    if (!IsStatedInFull(title))
+        AddRemark(context.account, RemarkKind::TitleInOneLook, *source.location,
+                  {.name = source.media.GetProperty("Title")});
+    return MakeTitleEffect(context.document, title);
 }
 
 } // namespace
@@ -105,16 +132,15 @@ void ReportReplaced(ExportContext& context, Media media)
              {.clip = name, .trackKind = 2, .time = {}});
 }
 
-ObjectHandle GeneratorCatalog::EffectOf(ExportContext& context, Media media, MasterClip masterClip,
-                                        ConstHandle chain)
+ObjectHandle GeneratorCatalog::EffectOf(ExportContext& context, const GeneratorSource& source)
 {
-    if (MediaKindOf(media) == MediaKind::Graphic)
-        for (const ConstHandle& owner : {chain, VideoChainOfMaster(masterClip)})
-            if (const ObjectHandle effect = MakeEffectOfGraphic(context.document, media, owner))
+    if (MediaKindOf(source.media) == MediaKind::Graphic)
+        for (const ConstHandle& owner : {source.chain, VideoChainOfMaster(source.masterClip)})
+            if (const ObjectHandle effect = MakeEffectOfGraphic(context, source, owner))
                 return effect;
-    const auto [entry, isNew] = effects_.try_emplace(media.UniqueId());
+    const auto [entry, isNew] = effects_.try_emplace(source.media.UniqueId());
     if (isNew)
-        entry->second = MakeEffectOfMedia(context, media);
+        entry->second = MakeEffectOfMedia(context, source);
     return entry->second;
 }
 

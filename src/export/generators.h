@@ -20,13 +20,20 @@ bool FitsAnyFrame(const ExportContext& context, Media media);
 // Reports that a slug replaces media, or that a generator states it in part.
 void ReportReplaced(ExportContext& context, Media media);
 
+// What is written as a generator: media, and the item or the clip of a bin that shows it.
+struct GeneratorSource {
+    Media media;
+    MasterClip masterClip;
+    // Of the item: the text of a graphic may belong to the item or to its master. Null for the clip
+    // of a bin.
+    ConstHandle chain;
+    const ItemLocation* location; // for remarks
+};
+
 // The `effect`s of generators. Items of one Media share the element.
 class GeneratorCatalog {
 public:
-    // `chain` is that of the item: the text of a graphic may belong to the item or to its master.
-    // Null for the clip of a bin.
-    ObjectHandle EffectOf(ExportContext& context, Media media, MasterClip masterClip,
-                          ConstHandle chain);
+    ObjectHandle EffectOf(ExportContext& context, const GeneratorSource& source);
 
 private:
     std::unordered_map<std::uint64_t, ObjectHandle> effects_; // by the Media's `uniqueId`

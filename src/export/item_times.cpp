@@ -153,6 +153,13 @@ void WriteEdges(TrackItem item, ItemTiming& timing, ObjectHandle element)
     timing.endDelta = WriteEdge(kEnd, item, TailTransitionOf(item), timing, element);
 }
 
+Ticks LostBehindFrame(Ticks edge, const ItemTiming& timing)
+{
+    const bool isExact = timing.unit == TimeUnit::Ticks || timing.sequenceRate <= 0 ||
+                         (!timing.openInterchange && IsLost(edge, timing));
+    return isExact ? 0 : edge % timing.sequenceRate;
+}
+
 void ReadSpeed(ConstHandle clip, ConstHandle shownClip, ItemTiming& timing)
 {
     const double speed = DoubleProperty(clip, "PlaybackSpeed");

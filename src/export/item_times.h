@@ -37,6 +37,10 @@ PlayedSpeed PlayedSpeedOf(const ItemTiming& timing);
 // mean that to a reader of this system, which takes the item's rate without them.
 void WriteEdges(TrackItem item, ItemTiming& timing, ObjectHandle element);
 
+// How far an edge is behind the frame at which it is written; 0 where it is written exactly as
+// well.
+Ticks LostBehindFrame(Ticks edge, const ItemTiming& timing);
+
 // Takes speed, direction and blending from a VideoClip or AudioClip, and the source's length from
 // the one that shows it.
 void ReadSpeed(ConstHandle clip, ConstHandle shownClip, ItemTiming& timing);

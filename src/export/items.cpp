@@ -1,12 +1,15 @@
 #include "export/items.h"
 
 #include "core/text.h"
+#include "effects/audio_chain.h"
+#include "export/effects.h"
 #include "export/files.h"
 #include "export/logging.h"
 #include "export/markers.h"
 #include "export/multiclips.h"
 #include "export/rates.h"
 #include "export/transitions.h"
+#include "xmeml/files.h"
 
 namespace XPJ::RVX {
 
@@ -24,8 +27,7 @@ Ticks RateOfItem(Media media, const TrackContext& track)
 std::string_view WriteMediaFile(ExportContext& context, Catalogs& catalogs,
                                 const ItemRecord& record, ObjectHandle element)
 {
-    FileRecord& file =
-        WriteFile(context, catalogs.files, {record.media, record.masterClip}, element);
+    FileRecord& file = WriteFile(context, catalogs, {record.media, record.masterClip}, element);
     TranslateLoggingInfo(context.document, record.masterClip, &file, element);
     if (const ConstHandle browserItem = catalogs.masters.BrowserItemOf(record.masterClip)) {
         if (MediaKindOf(record.media) == MediaKind::Graphic)
@@ -48,6 +50,47 @@ ItemSource WriteSequence(ExportContext& context, SequenceCatalog& sequences,
             .nested = {.shown = {record.sequence, record.masterClip}, .clipItem = element}};
 }
 
+void AddMulticamIssue(ExportContext& context, const TrackContext& track, const ItemRecord& record)
+{
+    ItemLocation location = record.location;
+    location.clip = record.name;
+    location.time = FormatItemTime(track.sequence, record.Start());
+    AddIssue(context, ExportIssue::MulticamExportNotSupported, location);
+}
+
+struct ItemEdge {
+    std::string_view name;
+    Ticks time;
+    ConstHandle transition;
+};
+
+// Where there is a transition its own edges count. The sequence that an import makes of a slug is
+// of one length at any rate.
+void ReportEdge(ExportContext& context, const TrackContext& track, const ItemRecord& record,
+                const ItemEdge& edge)
+{
+    const Ticks lost = LostBehindFrame(edge.time, record.timing);
+    if (lost == 0 || IsTransition(edge.transition) || edge.time == kSlugSequenceDuration)
+        return;
+    const std::string detail =
+        std::string(edge.name).append(" by ").append(FramesText(lost, track.sequence));
+    AddRemark(context, record, RemarkKind::EdgeRounded, {.detail = detail});
+}
+
+// Of a multiclip of which an angle is written.
+void ReportAngle(ExportContext& context, const TrackContext& track, const ItemRecord& record)
+{
+    AddRemark(context, record, RemarkKind::MulticamAngles);
+    if (record.angle.isCut)
+        AddRemark(context, record, RemarkKind::MulticamCut);
+    const ConstHandle chain = ChainOfOwner(record.angle.item);
+    if (track.type == MediaType::Audio)
+        ReportAudioEffects(EffectContextOf(context, track, record.item, record.location.clip, 1),
+                           chain, {.loss = RemarkKind::AngleEffect});
+    else
+        ReportVideoEffects(context, RemarkKind::AngleEffect, record.location, chain);
+}
+
 ConstHandle SequenceOfItem(MasterCatalog& masters, TrackItem item)
 {
     return masters.SourceOf(MasterOfSubClip(SubClipOf(item))).sequence;
@@ -55,7 +98,7 @@ ConstHandle SequenceOfItem(MasterCatalog& masters, TrackItem item)
 
 } // namespace
 
-ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const TrackContext& track,
+ItemRecord ReadItem(ExportContext& context, Catalogs& catalogs, const TrackContext& track,
                     TrackItem item)
 {
     const ConstHandle clip = ClipOfSubClip(SubClipOf(item));
@@ -66,6 +109,9 @@ ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const Trac
     const MasterClip masterClip = MasterOfSubClip(subClip);
     const MasterSource& source = catalogs.masters.SourceOf(masterClip);
     return {.item = item,
+            .location = LocationOfItem(track, item, SubClipOf(item).GetProperty("Name")),
+            .isRepeated = !context.remarkedNodes.Insert(item),
+            .angle = angle,
             .subClip = subClip,
             .clip = clip,
             .shownClip = ClipOfSubClip(subClip),
@@ -79,6 +125,24 @@ ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const Trac
                        .sourceOffset = angle.offset,
                        .infinite = IsTrue(source.media, "Infinite"),
                        .openInterchange = context.options.settings.openInterchange}};
+}
+
+void AddRemark(ExportContext& context, const ItemRecord& record, RemarkKind kind,
+               const RemarkSubject& subject)
+{
+    if (!record.isRepeated)
+        AddRemark(context.account, kind, record.location, subject);
+}
+
+void ReportItem(ExportContext& context, const TrackContext& track, const ItemRecord& record)
+{
+    if (record.isRepeated)
+        return;
+    ReportEdge(context, track, record, {"start", record.Start(), HeadTransitionOf(record.item)});
+    ReportEdge(context, track, record, {"end", record.End(), TailTransitionOf(record.item)});
+    ReportLabel(context, record.clip, kClipLabel, record.location);
+    if (record.angle.item)
+        ReportAngle(context, track, record);
 }
 
 void WriteItemHead(ExportContext& context, MasterCatalog& masters, ItemRecord& record,
@@ -104,11 +168,12 @@ void WriteClipOptions(ExportContext& context, ItemRecord& record, ObjectHandle e
                               IsTrue(record.clip, "ScaleToFrameSize") ? "TRUE" : "FALSE");
     WriteLabel(context, record.clip, kClipLabel, element);
     ReadSpeed(record.clip, record.shownClip, record.timing);
-    TranslateMarkers(context.document,
+    TranslateMarkers(context,
                      {.owner = record.clip,
                       .frameTicks = record.timing.rate,
                       .unit = record.timing.unit,
-                      .offset = record.timing.sourceOffset},
+                      .offset = record.timing.sourceOffset,
+                      .location = record.isRepeated ? nullptr : &record.location},
                      element);
 }
 
@@ -119,13 +184,11 @@ ItemSource WriteItemSource(ExportContext& context, Catalogs& catalogs, const Tra
     if (record.media)
         source.linkKey = WriteMediaFile(context, catalogs, record, element);
     else if (IsTrue(record.shownClip, "IsMulticam"))
-        AddIssue(context, ExportIssue::MulticamExportNotSupported,
-                 LocationOfItem(track, record.Start(), record.name, record.End()));
+        AddMulticamIssue(context, track, record);
     else if (record.sequence)
         source = WriteSequence(context, catalogs.sequences, record, element);
     else
-        AddSkipped(context, record.item,
-                   LocationOfItem(track, record.Start(), record.name, record.End()));
+        AddRemark(context, record, RemarkKind::ClipWithoutMedia);
     if (!record.masterClipId.empty())
         source.linkKey = record.masterClipId;
     return source;

@@ -14,6 +14,9 @@ namespace XPJ::RVX {
 // project still has.
 struct ItemRecord {
     TrackItem item;
+    ItemLocation location;
+    bool isRepeated = false; // it is written already, on another track
+    ShownAngle angle;        // of a multiclip
     ConstHandle subClip;
     ConstHandle clip;      // a VideoClip or an AudioClip
     ConstHandle shownClip; // the same; of a multiclip that of its active angle
@@ -32,8 +35,13 @@ struct ItemRecord {
     Ticks End() const { return Int64Property(item, "End"); }
 };
 
-ItemRecord ReadItem(const ExportContext& context, Catalogs& catalogs, const TrackContext& track,
+ItemRecord ReadItem(ExportContext& context, Catalogs& catalogs, const TrackContext& track,
                     TrackItem item);
+// At the item, once for all tracks on which it is written.
+void AddRemark(ExportContext& context, const ItemRecord& record, RemarkKind kind,
+               const RemarkSubject& subject = {});
+// About edges between frames, labels, and what of a multiclip isn't shown.
+void ReportItem(ExportContext& context, const TrackContext& track, const ItemRecord& record);
 
 // ---- Steps of items of both types, in their order
 

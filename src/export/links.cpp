@@ -45,19 +45,23 @@ void LinkGroups::AddGroupOf(TrackItem item)
     groups_.emplace_back();
 }
 
-void LinkGroups::Add(Document& document, TrackItem item, const LinkTarget& target,
+void LinkGroups::Add(Document& document, const LinkedItem& item, const LinkTarget& target,
                      std::string_view source)
 {
-    const auto found = groupOfItem_.find(item.UniqueId());
-    if (found != groupOfItem_.end())
-        groups_[found->second].push_back(
-            {target.element, WriteLink(document, target), source, found->first});
+    const auto found = groupOfItem_.find(item.item.UniqueId());
+    if (found == groupOfItem_.end())
+        return;
+    Group& group = groups_[found->second];
+    if (group.members.empty())
+        group.location = item.location;
+    group.members.push_back({target.element, WriteLink(document, target), source, found->first});
 }
 
-void LinkGroups::WriteBySource(const Group& group)
+// True where all show the same: items of other sources are no longer linked to them.
+bool LinkGroups::WriteBySource(const Group& group)
 {
     std::unordered_map<std::string_view, std::vector<const Member*>> membersBySource;
-    for (const Member& member : group) {
+    for (const Member& member : group.members) {
         if (member.source.empty())
             member.element.AddChild(member.link);
         else
@@ -70,29 +74,40 @@ void LinkGroups::WriteBySource(const Group& group)
             for (const Member* const target : members)
                 item->element.AddChild(target->link);
     }
+    return group.members.size() < 2 ||
+           (membersBySource.size() == 1 &&
+            membersBySource.begin()->second.size() == group.members.size());
 }
 
 // The channels of an item come first: readers find them by the first links.
 void LinkGroups::WriteAll(const Group& group)
 {
-    const bool isLarge = group.size() > kMaxLinkedItems;
-    for (const Member& member : group) {
-        if (isLarge && &member != &group.front()) {
+    const bool isLarge = group.members.size() > kMaxLinkedItems;
+    for (const Member& member : group.members) {
+        if (isLarge && &member != &group.members.front()) {
             member.element.AddChild(member.link);
-            member.element.AddChild(group.front().link);
+            member.element.AddChild(group.members.front().link);
             continue;
         }
         for (const bool ofItem : {true, false})
-            for (const Member& target : group)
+            for (const Member& target : group.members)
                 if ((target.item == member.item) == ofItem)
                     member.element.AddChild(target.link);
     }
 }
 
-void LinkGroups::WriteLinks(bool openInterchange) const
+void LinkGroups::WriteLinks(ExportContext& context) const
 {
-    for (const Group& group : groups_)
-        openInterchange ? WriteAll(group) : WriteBySource(group);
+    for (const Group& group : groups_) {
+        if (context.options.settings.openInterchange) {
+            WriteAll(group);
+            continue;
+        }
+        if (!WriteBySource(group))
+            AddRemark(context.account, RemarkKind::LinkOfFiles, group.location);
+        if (group.members.size() > kMaxLinkedItems)
+            AddRemark(context.account, RemarkKind::LinkTooLarge, group.location);
+    }
 }
 
 } // namespace XPJ::RVX

@@ -25,6 +25,12 @@ struct LinkTarget {
 // The `link` that names an item.
 ObjectHandle WriteLink(Document& document, const LinkTarget& target);
 
+// An item of the project, and its location for remarks.
+struct LinkedItem {
+    TrackItem item;
+    const ItemLocation& location;
+};
+
 // The items that the project links, in the order in which they are written.
 class LinkGroups {
 public:
@@ -38,12 +44,13 @@ public:
 
     // Adds what is written for an item to the item's group, if it has one. `source` is the id of
     // what it shows, empty if that has none.
-    void Add(Document& document, TrackItem item, const LinkTarget& target, std::string_view source);
+    void Add(Document& document, const LinkedItem& item, const LinkTarget& target,
+             std::string_view source);
 
     // The last pass: adds to every element a `link` to each one of its group that shows the
-    // same source, itself included, in the order of the group. With `openInterchange` to each one
-    // of its group.
-    void WriteLinks(bool openInterchange) const;
+    // same source, itself included, in the order of the group. In open interchange to each one of
+    // its group.
+    void WriteLinks(ExportContext& context) const;
 
 private:
     struct Member {
@@ -52,8 +59,11 @@ private:
         std::string_view source;
         std::uint64_t item; // of the project
     };
-    using Group = std::vector<Member>;
-    static void WriteBySource(const Group& group);
+    struct Group {
+        std::vector<Member> members;
+        ItemLocation location = {}; // of the first one
+    };
+    static bool WriteBySource(const Group& group);
     static void WriteAll(const Group& group);
 
     std::vector<Group> groups_;

@@ -88,6 +88,19 @@ bool WriteLabel(ExportContext& context, ConstHandle properties, const LabelKeys&
     return true;
 }
 
+void ReportLabel(ExportContext& context, ConstHandle properties, const LabelKeys& keys,
+                 const ItemLocation& location)
+{
+    std::string_view lost = LabelOf(properties, keys);
+    if (lost.empty())
+        lost = properties.GetProperty(HasValue(properties, keys.text) ? keys.text : keys.color);
+    else if (context.options.settings.openInterchange ||
+             lost == LabelNameOf(properties.GetProperty(keys.color)))
+        return;
+    if (!lost.empty())
+        AddRemark(context.account, RemarkKind::LabelLost, location, {.name = lost});
+}
+
 void WriteComments(Document& document, ConstHandle itemProperties, ObjectHandle element)
 {
     const ObjectHandle comments = document.NewObject("comments");

@@ -15,6 +15,10 @@ void TranslateLoggingInfo(Document& document, MasterClip masterClip, FileRecord*
 // name of its color. False without a label.
 bool WriteLabel(ExportContext& context, ConstHandle properties, const LabelKeys& keys,
                 ObjectHandle element);
+// A remark about a label that is lost, or has another name now.
+void ReportLabel(ExportContext& context, ConstHandle properties, const LabelKeys& keys,
+                 const ItemLocation& location);
+
 // Adds `comments` if the item of the browser has any comment.
 void WriteComments(Document& document, ConstHandle itemProperties, ObjectHandle element);
 

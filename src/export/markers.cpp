@@ -77,19 +77,62 @@ ObjectHandle WriteMarker(Document& document, const MarkerRecord& record, const M
     return marker;
 }
 
+// ---- Remarks
+
+constexpr std::string_view kOrdinaryType = "Comment";
+
+// At the marker, where its owner is a sequence.
+void AddMarkerRemark(ExportContext& context, const MarkerSource& source, RemarkKind kind,
+                     const MarkerRecord& record)
+{
+    ItemLocation location = *source.location;
+    if (location.clip.empty())
+        location.span.start = DivTicksOr0(std::max<Ticks>(record.start, 0), source.frameTicks);
+    AddRemark(context.account, kind, location, {.name = record.name, .detail = record.type});
+}
+
+// The points in and out are written as such.
+void ReportSkipped(ExportContext& context, const MarkerSource& source,
+                   const std::optional<MarkerRecord>& record)
+{
+    if (!source.location || (record && record->type == kInOutType))
+        return;
+    if (record)
+        AddMarkerRemark(context, source, RemarkKind::MarkerLost, *record);
+    else
+        AddRemark(context.account, RemarkKind::MarkerUnreadable, *source.location);
+}
+
+void ReportMarker(ExportContext& context, const MarkerSource& source, const MarkerRecord& record,
+                  const MarkerTimes& times)
+{
+    if (!source.location)
+        return;
+    const auto add = [&](RemarkKind kind) { AddMarkerRemark(context, source, kind, record); };
+    if (!times.AreWritten())
+        return add(RemarkKind::MarkerOutside);
+    if (times.end - times.in < record.duration)
+        add(RemarkKind::MarkerTrimmed);
+    if (!record.type.empty() && record.type != kOrdinaryType)
+        add(RemarkKind::MarkerKind);
+}
+
 } // namespace
 
-void TranslateMarkers(Document& document, const MarkerSource& source, ObjectHandle element)
+void TranslateMarkers(ExportContext& context, const MarkerSource& source, ObjectHandle element)
 {
     const std::optional<MediaRange> range = RangeOf(source.owner);
     for (const ConstHandle marker : MarkersOf(source.owner)) {
         const std::optional<MarkerRecord> record = ParseMarkerRecord(MarkerRecordOf(marker));
-        if (!record || record->type == kSpeechType || record->type == kInOutType)
+        if (!record || record->type == kSpeechType || record->type == kInOutType) {
+            ReportSkipped(context, source, record);
             continue;
+        }
         const MarkerTimes times =
             range ? TimesInRange(*record, *range) : TimesWithOffset(*record, source);
         if (times.AreWritten())
-            element.AddChild(WriteMarker(document, *record, times, source));
+            element.AddChild(WriteMarker(context.document, *record, times, source));
+        ReportMarker(context, source, *record, times);
     }
 }
 

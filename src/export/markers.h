@@ -14,9 +14,10 @@ struct MarkerSource {
     TimeUnit unit = TimeUnit::Frames;
     Ticks offset = 0;
     Ticks endOffset = 0;
+    const ItemLocation* location = nullptr; // of the owner, for remarks; null: they are entered
 };
 
 // Adds a `marker` for each marker that lies in what the element shows.
-void TranslateMarkers(Document& document, const MarkerSource& source, ObjectHandle element);
+void TranslateMarkers(ExportContext& context, const MarkerSource& source, ObjectHandle element);
 
 } // namespace XPJ::RVX

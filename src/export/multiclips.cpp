@@ -39,7 +39,8 @@ ShownAngle AngleCatalog::Find(ConstHandle clip, ConstHandle sequence, MediaType 
         return {};
     const AngleItem& shown = *std::prev(next);
     const ConstHandle shownClip = ClipOfSubClip(SubClipOf(shown.item));
-    return {shown.item, SubtractTicks(Int64Property(shownClip, "InPoint"), shown.start)};
+    return {shown.item, SubtractTicks(Int64Property(shownClip, "InPoint"), shown.start),
+            shown.end < Int64Property(clip, "OutPoint")};
 }
 
 } // namespace XPJ::RVX

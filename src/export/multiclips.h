@@ -17,6 +17,7 @@ namespace XPJ::RVX {
 struct ShownAngle {
     TrackItem item = {};
     Ticks offset = 0;
+    bool isCut = false; // it ends before the item of the multiclip does
 };
 
 // The items of the angles of multiclips, of which each is read once.

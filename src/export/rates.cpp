@@ -2,6 +2,7 @@
 
 #include "core/frame_rate.h"
 #include "core/numbers.h"
+#include "effects/values.h"
 
 namespace XPJ::RVX {
 
@@ -13,6 +14,18 @@ std::int64_t TimeOf(TimeUnit unit, Ticks ticks, Ticks frameTicks)
 std::string TimeText(TimeUnit unit, Ticks ticks, Ticks frameTicks)
 {
     return IntToString(TimeOf(unit, ticks, frameTicks));
+}
+
+bool IsRateExact(Ticks frameTicks)
+{
+    const FrameRate stated = RateOfFrame(frameTicks);
+    Ticks written = 0;
+    return FrameTicks(stated.timebase, stated.ntsc, &written) && written == frameTicks;
+}
+
+std::string RateText(Ticks frameTicks)
+{
+    return NumberText(static_cast<double>(kTicksPerSecond) / static_cast<double>(frameTicks));
 }
 
 ObjectHandle WriteRate(Document& document, Ticks frameTicks, TimeUnit unit)

@@ -12,6 +12,11 @@ namespace XPJ::RVX {
 std::int64_t TimeOf(TimeUnit unit, Ticks ticks, Ticks frameTicks);
 std::string TimeText(TimeUnit unit, Ticks ticks, Ticks frameTicks);
 
+// True for frames of which documents have the rate.
+bool IsRateExact(Ticks frameTicks);
+// Frames a second, for remarks: "12.5"
+std::string RateText(Ticks frameTicks);
+
 // A `rate`; one of ticks has the `timebase` alone, with the ticks of a second.
 ObjectHandle WriteRate(Document& document, Ticks frameTicks, TimeUnit unit = TimeUnit::Frames);
 

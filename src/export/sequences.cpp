@@ -38,6 +38,13 @@ Ticks DurationOf(ConstHandle sequence)
     return end;
 }
 
+// A sequence of audio alone states no frames.
+bool StatesRate(ConstHandle sequence)
+{
+    const ConstHandle group = GroupOfKind(sequence, MediaType::Video);
+    return group && Int64Property(group, "FrameRate") != std::numeric_limits<Ticks>::max();
+}
+
 void CopyUIProperties(ConstHandle properties, ObjectHandle result)
 {
     for (const Name& key : SequenceUIPropertyList())
@@ -60,9 +67,24 @@ ObjectHandle WriteSequenceHead(ExportContext& context, Catalogs& catalogs,
     return result;
 }
 
+ItemLocation LocationOf(const SequenceContext& sequence)
+{
+    return {.sequence = sequence.sequence.GetProperty("Name"), .span = sequence.numbering};
+}
+
+void ReportRate(ExportContext& context, const SequenceContext& sequence)
+{
+    if (!StatesRate(sequence.sequence))
+        AddRemark(context.account, RemarkKind::RateAssumed, LocationOf(sequence));
+    else if (context.DocumentUnit() == TimeUnit::Frames && !IsRateExact(sequence.frameTicks))
+        AddRemark(context.account, RemarkKind::RateRounded, LocationOf(sequence),
+                  {.detail = RateText(sequence.frameTicks)});
+}
+
 void WriteTimes(ExportContext& context, const SequenceContext& sequence, ObjectHandle result)
 {
     const Ticks rate = sequence.frameTicks;
+    ReportRate(context, sequence);
     const TimeUnit unit = context.DocumentUnit();
     result.AddChild(WriteRate(context.document, rate, unit));
     result.SetProperty("duration", TimeText(unit, DurationOf(sequence.sequence), rate));
@@ -100,11 +122,16 @@ public:
         if (shown.sequence.HasChild("TrackGroup")) {
             WriteTimes(context, sequence_, element_);
             groups_ = GroupsOf(shown.sequence);
-            TranslateMarkers(context.document,
+            const ItemLocation location = LocationOf(sequence_);
+            TranslateMarkers(context,
                              {.owner = shown.sequence,
                               .frameTicks = sequence_.frameTicks,
-                              .unit = context.DocumentUnit()},
+                              .unit = context.DocumentUnit(),
+                              .location = &location},
                              element_);
+        } else {
+            AddRemark(context.account, RemarkKind::SequenceWithoutFormat,
+                      {.sequence = shown.sequence.GetProperty("Name")});
         }
         element_.AddChild(media_);
     }
@@ -189,6 +216,8 @@ ObjectHandle TranslateSequence(ExportContext& context, Catalogs& catalogs,
             nested.clipItem.SetPropertyShared(
                 "sequenceid", catalogs.sequences.IdOf(context, nested.shown.sequence));
             postponed.push_back(nested.shown);
+            AddRemark(context.account, RemarkKind::SequenceTooDeep,
+                      {.sequence = nested.shown.sequence.GetProperty("Name")});
         }
     }
     return result;

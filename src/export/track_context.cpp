@@ -1,6 +1,7 @@
 #include "export/track_context.h"
 
 #include "core/frame_rate.h"
+#include "effects/values.h"
 
 namespace XPJ::RVX {
 
@@ -34,15 +35,33 @@ FrameSpan SpanOf(const SequenceContext& context, Ticks start, Ticks end)
     return span;
 }
 
-ItemLocation LocationOfItem(const TrackContext& track, Ticks start, std::string_view clipName,
-                            Ticks end)
+ItemLocation LocationOfTrack(const TrackContext& track)
 {
     return {.sequence = track.sequence.sequence.GetProperty("Name"),
-            .clip = clipName,
             .trackKind = track.type == MediaType::Video ? 1 : 2,
             .trackIndex = track.index,
-            .time = FormatItemTime(track.sequence, start),
-            .span = SpanOf(track.sequence, start, end)};
+            .span = track.sequence.numbering};
+}
+
+ItemLocation LocationOfItem(const TrackContext& track, ConstHandle item, std::string_view clipName)
+{
+    ItemLocation location = LocationOfTrack(track);
+    location.clip = clipName;
+    location.span =
+        SpanOf(track.sequence, Int64Property(item, "Start"), Int64Property(item, "End"));
+    return location;
+}
+
+Ticks BehindFrame(Ticks time, const TrackContext& track)
+{
+    const Ticks frame = track.sequence.frameTicks;
+    return track.unit == TimeUnit::Frames && frame > 0 ? time % frame : 0;
+}
+
+std::string FramesText(Ticks ticks, const SequenceContext& context)
+{
+    return NumberText(static_cast<double>(ticks) / static_cast<double>(context.frameTicks)) +
+           " frames";
 }
 
 } // namespace XPJ::RVX

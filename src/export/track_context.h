@@ -14,7 +14,7 @@ struct SequenceContext {
     Ticks frameTicks = kNtscFrameTicks; // of its video; transitions and issues count in it
     FrameSpan numbering = {};           // how it numbers its frames
 };
-// DocumentFault for frames of no length.
+// Throws DocumentFault for frames of no length.
 SequenceContext ContextOfSequence(ConstHandle sequence, Ticks frameTicks);
 
 // A written track that is being filled.
@@ -47,9 +47,14 @@ struct ItemPart {
 // The sequence's timecode at a time in it.
 std::string FormatItemTime(const SequenceContext& context, Ticks start);
 
-// The location of what starts at `start` on the track, for issues.
-ItemLocation LocationOfItem(const TrackContext& track, Ticks start, std::string_view clipName,
-                            Ticks end = -1);
+ItemLocation LocationOfTrack(const TrackContext& track);
+// Of an item or a transition, with its span and without its `time`, which only issues need.
+ItemLocation LocationOfItem(const TrackContext& track, ConstHandle item, std::string_view clipName);
+
+// How far a time on the track is behind the frame at which it is written.
+Ticks BehindFrame(Ticks time, const TrackContext& track);
+// "0.25 frames"
+std::string FramesText(Ticks ticks, const SequenceContext& context);
 
 // From `start` to `end` in the sequence; a negative time is not known.
 FrameSpan SpanOf(const SequenceContext& context, Ticks start, Ticks end = -1);

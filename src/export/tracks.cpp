@@ -1,7 +1,10 @@
 #include "export/tracks.h"
 
+#include "core/numbers.h"
 #include "core/text.h"
 #include "export/formats.h"
+
+#include <string>
 
 namespace XPJ::RVX {
 
@@ -34,6 +37,7 @@ OpenTrack OpenVideoTrack(ExportContext& context, const SequenceContext& sequence
                                .element = context.document.NewObject("track")},
                      .items = {}};
     WriteTrackState(context, projectTrack, false, result.track.element);
+    ReportTrackName(context, result.track, projectTrack, "Video");
     for (const ConstHandle item : TrackItemsOf(projectTrack))
         result.items.push_back({.item = TrackItem(item)});
     return result;
@@ -54,6 +58,16 @@ void WriteTrackState(const ExportContext& context, ConstHandle projectTrack, boo
     // To the letter the hand-off alone has names.
     if (context.options.settings.openInterchange && HasValue(projectTrack, "MZ.TrackName"))
         track.SetProperty("name", EscapeXML(projectTrack.GetProperty("MZ.TrackName")));
+}
+
+void ReportTrackName(ExportContext& context, const TrackContext& track, ConstHandle projectTrack,
+                     std::string_view usual)
+{
+    const std::string_view name = projectTrack.GetProperty("MZ.TrackName");
+    if (name.empty() || HasValue(track.element, "name") ||
+        name == std::string(usual) + " " + IntToString(track.index + 1))
+        return;
+    AddRemark(context.account, RemarkKind::TrackName, LocationOfTrack(track), {.name = name});
 }
 
 std::vector<OpenTrack> TranslateVideoGroup(ExportContext& context, const SequenceContext& sequence,

@@ -5,6 +5,8 @@
 #include "export/effects.h"
 #include "export/rates.h"
 
+#include <string>
+
 namespace XPJ::RVX {
 
 namespace {
@@ -27,6 +29,17 @@ std::string_view TransitionAlignment(ConstHandle transition)
     return cut > length * 0.6666666666666667 ? "end" : "center";
 }
 
+void ReportEdge(const EffectContext& effects, const TrackContext& track, Name edge, Ticks time)
+{
+    const Ticks lost = BehindFrame(time, track);
+    if (lost == 0)
+        return;
+    const std::string detail = std::string(edge == "Start" ? "start" : "end")
+                                   .append(" by ")
+                                   .append(FramesText(lost, track.sequence));
+    effects.AddRemark(RemarkKind::EdgeRounded, {.detail = detail});
+}
+
 } // namespace
 
 void TranslateTransition(ExportContext& context, TrackContext& track, ConstHandle transition)
@@ -44,8 +57,11 @@ void TranslateTransition(ExportContext& context, TrackContext& track, ConstHandl
     if (HasValue(transition, "Alignment"))
         result.SetProperty("cutPointTicks", TickText(Int64Property(transition, "Alignment")));
 
-    result.AddChild(TransitionToXmeml(
-        EffectContextOf(context, track, TrackItem(transition), {}, rate), track.type, transition));
+    EffectContext effects = EffectContextOf(context, track, TrackItem(transition), {}, rate);
+    effects.isRepeated = !context.remarkedNodes.Insert(transition);
+    for (const Name edge : {Name("Start"), Name("End")})
+        ReportEdge(effects, track, edge, Int64Property(transition, edge));
+    result.AddChild(TransitionToXmeml(effects, track.type, transition));
     track.Add(result);
     track.lastTransition = transition;
 }

@@ -7,6 +7,7 @@
 #include "export/effects.h"
 #include "export/formats.h"
 #include "export/items.h"
+#include "project/labels.h"
 
 #include <optional>
 #include <string_view>
@@ -35,6 +36,7 @@ struct VideoItem {
 
     NestedSequence TranslateClip();
     void TranslateMatte();
+    void ReportMatte(); // what it has beyond its color
     void TranslateGenerator();
     void AddLink(std::string_view source);
     void WriteTimes();
@@ -45,7 +47,7 @@ struct VideoItem {
 
 void VideoItem::AddLink(std::string_view source)
 {
-    catalogs.links.Add(context.document, record.item,
+    catalogs.links.Add(context.document, {record.item, record.location},
                        {.element = element,
                         .id = record.id,
                         .type = MediaType::Video,
@@ -65,6 +67,7 @@ void VideoItem::WriteEffects()
 {
     EffectContext effects = EffectContextOf(context, track, record.item,
                                             record.subClip.GetProperty("Name"), record.timing.rate);
+    effects.isRepeated = record.isRepeated;
     effects.sequenceFrame = catalogs.sequences.FrameOf(track.sequence.sequence);
     if (FitsAnyFrame(context, record.media))
         effects.clipFrame = effects.sequenceFrame;
@@ -73,6 +76,8 @@ void VideoItem::WriteEffects()
     VideoChainToXmeml(effects, ChainOfOwner(record.item), element);
 }
 
+constexpr int kOpticalFlow = 2; // `TimeInterpolationType`; 1 is frame blending
+
 // The Time Remap of an item that does not play its source at normal speed.
 void VideoItem::WriteSpeed()
 {
@@ -80,6 +85,11 @@ void VideoItem::WriteSpeed()
     if (HasTimeRemapping(record.clip) || timing.ratio != 1.0 || timing.reverse || timing.frameBlend)
         TimeRemapToXmeml(context.document, PlayedSpeedOf(timing), SpeedKeyframesOf(record.clip),
                          MediaType::Video, element);
+    if (HasSpeedCurves(SpeedKeyframesOf(record.clip)))
+        AddRemark(context, record, RemarkKind::KeyframeInterpolation,
+                  {.name = kTimeRemap.xmeml.name});
+    if (timing.frameBlend && IntProperty(record.clip, "TimeInterpolationType") >= kOpticalFlow)
+        AddRemark(context, record, RemarkKind::OpticalFlow);
 }
 
 // The stretch between the pixel aspects of an item and its sequence.
@@ -104,6 +114,7 @@ NestedSequence VideoItem::TranslateClip()
     WriteEffects();
     WriteSpeed();
     WriteAspectCompensation();
+    ReportItem(context, track, record);
     track.Add(element);
     return source.nested;
 }
@@ -117,7 +128,20 @@ void VideoItem::TranslateMatte()
     element.AddChild(ColorMatteEffect(context.document, record.media));
     ReadSpeed(record.clip, record.shownClip, record.timing);
     WriteTimes();
+    ReportMatte();
     track.Add(element);
+}
+
+void VideoItem::ReportMatte()
+{
+    ReportItem(context, track, record);
+    ReportVideoEffects(context, RemarkKind::GeneratorEffect, record.location,
+                       ChainOfOwner(record.item));
+    const std::string_view label = LabelOf(record.clip, kClipLabel);
+    if (!label.empty())
+        AddRemark(context, record, RemarkKind::LabelLost, {.name = label});
+    for ([[maybe_unused]] const ConstHandle marker : MarkersOf(record.clip))
+        AddRemark(context, record, RemarkKind::MarkerLost, {.detail = "Comment"});
 }
 
 // A generator as other programs have it, with all that the item states. The effects of its master
@@ -128,14 +152,19 @@ void VideoItem::TranslateGenerator()
     element = context.document.NewObject("generatoritem");
     WriteItemHead(context, catalogs.masters, record, element);
     AddLink(record.masterClipId);
-    element.AddChild(catalogs.generators.EffectOf(context, record.media, record.masterClip, chain));
+    element.AddChild(catalogs.generators.EffectOf(
+        context, {record.media, record.masterClip, chain, &record.location}));
     WriteClipOptions(context, record, element);
     WriteTimes();
     WriteEffects();
     const bool hasBins = context.options.sequenceGuid == kZeroGuid;
     if (!hasBins || !catalogs.masters.BrowserItemOf(record.masterClip))
-        TranslateMasterEffects(context, record.masterClip, record.timing.rate, element);
+        TranslateMasterEffects(
+            context,
+            {record.masterClip, catalogs.masters.LocationOf(record.masterClip), record.timing.rate},
+            element);
     WriteSpeed();
+    ReportItem(context, track, record);
     track.Add(element);
 }
 
@@ -145,8 +174,12 @@ NestedSequence TranslateVideoItem(ExportContext& context, Catalogs& catalogs, Tr
                                   TrackItem item)
 {
     VideoItem clip{context, catalogs, track, ReadItem(context, catalogs, track, item), {}};
-    if (!clip.record.subClip || ShowsCaptions(clip.record.media))
+    if (!clip.record.subClip || ShowsCaptions(clip.record.media)) {
+        AddRemark(context, clip.record,
+                  clip.record.subClip ? RemarkKind::CaptionUnsupported
+                                      : RemarkKind::ClipWithoutMedia);
         return {};
+    }
     TranslateHeadTransition(context, track, item);
     NestedSequence nested;
     if (IsWrittenAsGenerator(context, clip.record.media))

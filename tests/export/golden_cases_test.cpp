@@ -29,11 +29,12 @@ ExportOptions OptionsOf(const GoldenSection& input)
 }
 
 // A conversion that fails gives its result instead of the text.
-Exported Export(const GoldenSection& input)
+Exported Export(const GoldenSection& input, bool isOpen)
 {
     IdCounters ids; // so that every case counts from 1
     ExportOptions options = OptionsOf(input);
     options.ids = &ids;
+    options.settings.openInterchange = isOpen;
     Exported exported =
         ExportText(input.name == "nested" ? FlatProject(input.text) : input.text, options);
     if (exported.xmeml.empty())
@@ -41,13 +42,16 @@ Exported Export(const GoldenSection& input)
     return exported;
 }
 
+// `%% remarks open` are those of an export in open interchange.
 std::string Produce(const GoldenSection& input, const GoldenSection& output)
 {
-    const Exported exported = Export(input);
+    const Exported exported = Export(input, output.arguments == "open");
     if (output.name == "issues")
         return exported.issues;
     if (output.name == "skipped")
         return exported.skipped;
+    if (output.name == "remarks")
+        return exported.remarks;
     if (output.name == "outline")
         return XmemlOutline(exported.xmeml, ArgumentOf(output, "fold="));
     if (output.name == "effects")

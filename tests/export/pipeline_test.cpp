@@ -130,6 +130,44 @@ TEST(Export, BinsMayNestDeepAndInACircle)
     EXPECT_EQ(ParseFCPXML(text, back, read), kReadDone);
 }
 
+// `count` bins in each other, the innermost with `sequences` that show each other.
+std::string NestedBins(int count, std::size_t sequences)
+{
+    std::string text = CircleOf(sequences, "10160640000");
+    std::string items;
+    for (std::size_t i = 0; i < sequences; ++i)
+        items += "<Item ObjectURef=\"i" + std::to_string(i) + "\"/>";
+    text.replace(text.find(items), items.size(), "<Item ObjectURef=\"b1\"/>");
+    std::string bins;
+    for (int i = 1; i < count; ++i)
+        bins += Bin("b" + std::to_string(i), "b" + std::to_string(i + 1));
+    bins += Bin("b" + std::to_string(count), "i0");
+    return text.insert(text.rfind("</VelaData>"), bins);
+}
+
+// What is written at the limits of bins and of sequences in each other is read, and what is beyond
+// the limit is named.
+TEST(Export, BinsAndSequencesAtTheirLimits)
+{
+    constexpr int kDeepest = 401;
+    constexpr std::size_t kSequences = 32;
+    for (const int bins : {kDeepest - 1, kDeepest, kDeepest + 1}) {
+        for (const std::size_t sequences : {kSequences - 1, kSequences, kSequences + 1}) {
+            const Exported exported = Export(NestedBins(bins, sequences));
+            const std::string row =
+                std::to_string(bins) + " bins, " + std::to_string(sequences) + " sequences";
+            EXPECT_EQ(CountOf(exported.remarks, "bin.too-deep"), bins > kDeepest ? 1u : 0u) << row;
+            EXPECT_EQ(CountOf(exported.remarks, "sequence.too-deep"),
+                      sequences > kSequences ? 1u : 0u)
+                << row;
+            Document back;
+            ObjectHandle read;
+            EXPECT_EQ(ParseFCPXML(exported.xmeml, back, read), kReadDone) << row;
+            EXPECT_EQ(CountOf(exported.xmeml, "<bin>"), static_cast<std::size_t>(bins)) << row;
+        }
+    }
+}
+
 TEST(Export, NestedSequencesAreWrittenOnceEachAndSideBySide)
 {
     constexpr std::size_t kCount = 500;

@@ -24,6 +24,7 @@ Exported ExportText(const std::string& project, const ExportOptions& options, Pr
                                                document, account, xmeml);
     exported.issues = IssueText(account.issues, Direction::Export);
     exported.skipped = SkippedLines(account);
+    exported.remarks = RemarkLines(account);
     if (exported.result != kSuccess)
         return exported;
     std::ostringstream text;

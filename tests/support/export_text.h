@@ -15,6 +15,7 @@ struct Exported {
     std::string xmeml = {}; // empty if one of the two failed
     std::string issues = {};
     std::string skipped = {};
+    std::string remarks = {};
 };
 
 Exported ExportText(const std::string& project, const ExportOptions& options = {},

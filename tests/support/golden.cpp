@@ -84,24 +84,6 @@ std::string Join(std::vector<std::string_view>::const_iterator begin,
     return text;
 }
 
-std::string PlaceOf(const Remark& remark)
-{
-    std::string place;
-    const auto add = [&place](std::string_view part) {
-        if (!part.empty())
-            place.append(place.empty() ? "" : ", ").append(part);
-    };
-    add(remark.sequence);
-    if (remark.trackKind != kNoTrack)
-        add(fmt::format("{}{}", remark.trackKind == 1 ? 'V' : 'A', remark.trackIndex + 1));
-    if (remark.span.IsKnown())
-        add(fmt::format("{}-{}", remark.span.Timecode(remark.span.start), remark.span.end));
-    add(remark.bin);
-    add(remark.clip);
-    add(remark.path);
-    return place;
-}
-
 // The number of a text in the order of first appearance, from 1.
 class Numbering {
 public:
@@ -268,6 +250,35 @@ std::string IssueText(const IssueSet& issues, Direction direction)
     return text;
 }
 
+std::string RemarkLines(const Account& account)
+{
+    std::string text;
+    for (const Remark& remark : account.remarks) {
+        std::string place = remark.sequence.empty() && !remark.bin.empty() ? remark.bin + "/" : "";
+        place += remark.sequence;
+        if (!remark.sequence.empty() && remark.trackKind != kNoTrack)
+            place +=
+                fmt::format(", {}{}", remark.trackKind == 1 ? 'V' : 'A', remark.trackIndex + 1);
+        if (remark.span.IsKnown())
+            place += fmt::format(", {}", remark.span.start);
+        if (remark.span.IsKnown() && remark.span.end >= 0)
+            place += fmt::format("-{}", remark.span.end);
+        if (!remark.clip.empty())
+            place += (remark.sequence.empty() ? "" : ", ") + remark.clip;
+        text += fmt::format("{} [{}]", RowOf(remark.kind).id, place);
+        if (!remark.subject.empty())
+            text += fmt::format(" <{}>", remark.subject);
+        if (!remark.subjectId.empty() && remark.subjectId != remark.subject)
+            text += fmt::format(" ({})", remark.subjectId);
+        if (!remark.detail.empty())
+            text += ": " + remark.detail;
+        if (remark.count != 1)
+            text += fmt::format(" x{}", remark.count);
+        text += '\n';
+    }
+    return text;
+}
+
 std::string SkippedLines(const Account& account)
 {
     std::string text;
@@ -280,22 +291,6 @@ std::string SkippedLines(const Account& account)
             text += fmt::format(
                 "sequence=\"{}\" clip=\"{}\" time=\"{}\"\n", remark.sequence, remark.clip,
                 remark.span.IsKnown() ? remark.span.Timecode(remark.span.start) : "00:00");
-    return text;
-}
-
-std::string RemarkLines(const Account& account)
-{
-    std::string text;
-    for (const Remark& remark : account.remarks) {
-        text += fmt::format("{} \"{}\"", RowOf(remark.kind).id, PlaceOf(remark));
-        if (!remark.subject.empty())
-            text += fmt::format(" <{}>", remark.subject);
-        if (!remark.detail.empty())
-            text += " " + remark.detail;
-        if (remark.count != 1)
-            text += fmt::format(" x{}", remark.count);
-        text += '\n';
-    }
     return text;
 }
 

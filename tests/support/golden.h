@@ -71,12 +71,12 @@ std::string NormaliseIds(std::string_view text);
 // One line an issue, `EffectNotTranslated clip="A" subject="Sepia"`, in the report's order.
 std::string IssueText(const IssueSet& issues, Direction direction);
 
+// One line a remark: id, place, subject, detail.
+//   track.effect [Cut, A1] <Reverb>
+std::string RemarkLines(const Account& account);
+
 // Items without media, one a line.
 std::string SkippedLines(const Account& account);
-
-// One line a remark, `effect.parameter "Cut, V1, 01:00:04:00, A" <Blur> Softness`, in the order in
-// which they were made; "x3" at the end for one that counts three times.
-std::string RemarkLines(const Account& account);
 
 // Its GUIDs differ from all that documents fix.
 class GoldenPlatform final : public DefaultPlatform {

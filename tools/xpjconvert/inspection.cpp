@@ -8,9 +8,12 @@
 #include "inspect/timeline_json.h"
 #include "inspect/timeline_text.h"
 #include "platform/files.h"
+#include "report/account_report.h"
+#include "report/page/page.h"
 #include "tree/input.h"
 #include "xpjconvert/closing_line.h"
 #include "xpjconvert/print.h"
+#include "xpjconvert/reports.h"
 
 #include <filesystem>
 #include <iostream>
