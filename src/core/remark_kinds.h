@@ -76,6 +76,7 @@ enum class RemarkKind : std::uint8_t {
     TransitionAlone,
     TransitionAlignment,
     TitleStands,
+    TitleFont,
     RateAssumed,
     MarkerWithoutTime,
     LinkUnknown,

@@ -274,6 +274,12 @@ TitleFace FaceOfPostScriptName(std::string_view name)
     return {std::string(name), FontStyle::Regular};
 }
 
+bool IsKnownFont(std::string_view family, bool isTextDocument)
+{
+    const Family* const row = FindRow(kFamilies, family);
+    return row && !(isTextDocument && row->names == Names::Unnamed);
+}
+
 LegacyFontRecord LegacyFont(std::string_view family, FontStyle style)
 {
     const Family* row = FindRow(kFamilies, family);

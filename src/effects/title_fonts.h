@@ -38,4 +38,8 @@ struct LegacyFontRecord {
 //   LegacyFont("Arial", FontStyle::Bold).fullName == "Arial-BoldMT"
 LegacyFontRecord LegacyFont(std::string_view family, FontStyle style);
 
+// True for a family that the documents of titles can name; another family replaces one that they
+// can't. Text documents know fewer than legacy ones.
+bool IsKnownFont(std::string_view family, bool isTextDocument);
+
 } // namespace XPJ

@@ -108,16 +108,16 @@ struct NeutralParameter {
     std::string_view values = {}; // empty: any
 };
 constexpr NeutralParameter kNeutralParameters[] = {
-    {"aspect", "1"},   {"fonttrack", "0 1"},
-    {"track", "0 1"},  {"leading", "0"},
-    {"lead", "0"},     {"autokern"},
-    {"subpixel"},      {"textopacity", "100"},
-    {"linesoft", "0"}, {"soft", "0"},
-    {"feather", "0"},  {"xscale", "0"}, // of a background, which has no size then
-    {"yscale", "0"},   {"xoffset"},
-    {"yoffset"},       {"backcolor"},
-    {"backopacity"},   {"backsoft"},
-    {"crop", "0"},     {"opacity", "100"},
+    {"aspect", "1"},    {"fonttrack", "0 1"},
+    {"track", "0 1"},   {"leading", "0"},
+    {"lead", "0"},      {"autokern"},
+    {"subpixel"},       {"textopacity", "100"},
+    {"linesoft", "0"},  {"soft", "0"},
+    {"feather", "0"},   {"xscale", "0"}, // of a background, which has no size then
+    {"yscale", "0"},    {"xoffset"},
+    {"yoffset"},        {"backcolor"},
+    {"backopacity"},    {"backsoft"},
+    {"crop", "0"},      {"opacity", "100"},
     {"direction", "1"},
 };
 
@@ -328,6 +328,13 @@ private:
 
 // ---- What is lost
 
+void RemarkOnFonts(const EffectContext& context, ConstHandle generator, bool isGraphic)
+{
+    for (const TitleText& text : ReadTitle(generator, {}).texts)
+        if (!IsKnownFont(text.font.family, isGraphic))
+            context.AddRemark(RemarkKind::TitleFont, EffectOf(generator), text.font.family);
+}
+
 bool IsReadOf(ConstHandle generator, std::string_view id)
 {
     if (IsShape(generator))
@@ -409,6 +416,8 @@ void RemarkOnTitle(const EffectContext& context, ConstHandle generator, bool isG
     const TitleEffect* const title = TitleEffectOf(generator);
     if (title && isGraphic && title->motion != TitleMotion::Still)
         context.AddRemark(RemarkKind::TitleStands, effect);
+    if (title)
+        RemarkOnFonts(context, generator, isGraphic);
     for (const ConstHandle parameter : effect.GetChildren("parameter")) {
         const std::string_view id = parameter.GetProperty("parameterid");
         // A title document has no outline.

@@ -155,6 +155,7 @@ bool CanPan(const SequenceContext& sequence, const ItemChannels& channels)
            sequence.groupType != kAdaptiveType;
 }
 
+// On a pan that CanPan does not allow.
 void RemarkOnItemPan(const SequenceContext& sequence, const EffectContext& context,
                      ConstHandle item)
 {
@@ -192,7 +193,7 @@ void RemarkOnItems(const EffectContext& context, ConstHandle group,
             RemarkOnOwner(context, item, isNeutral);
 }
 
-// Once.
+// The same for all items of a clip, once.
 void RemarkOnClipItems(ImportState& state, ConstHandle clip)
 {
     const ConstHandle media = clip.GetChild("media");
@@ -211,11 +212,11 @@ void AddMasterVideoEffects(ImportState& state, ConstHandle element, FileElement 
     const ConstHandle ownFile = file;
     const ObjectHandle chain = master.GetChild("VideoComponentChain");
     const ItemLocation location = LocationOfClip(state, element);
-    Account unused; // a clip has several masters, but its losses once
+    Account unused; // of the further masters of a clip, which lose the same
     for (const ConstHandle& owner : {clip, ownFile}) {
         if (!owner.HasChild("filter"))
             continue;
-        const bool isFirst = state.remarkedFilters.Insert(owner);
+        const bool isFirst = owner == ownFile || state.remarkedFilters.Insert(owner);
         if (!chain) {
             if (isFirst)
                 RemarkOnOwner(ContextOfClip(state, element), owner, IsNeutralFilter);
