@@ -58,8 +58,8 @@ private:
                    const std::vector<std::size_t>& right);
     std::size_t BinOfRight(std::size_t entry) const;
     bool AreSame(std::size_t left, std::size_t right) const;
-    void ComparePlaces(std::size_t left, std::size_t right, const ComparedSubject& subject,
-                       DifferenceList& differences) const;
+    void CompareEntry(std::size_t left, std::size_t right, const ComparedSubject& subject,
+                      DifferenceList& differences) const;
     void CompareClips(std::size_t left, std::size_t right, const ComparedSubject& subject,
                       DifferenceList& differences) const;
 
