@@ -193,7 +193,7 @@ void BrowserComparison::CompareEntries(DifferenceList& differences) const
             continue;
         const ComparedSubject subject = SubjectOf(entry, left_.PathOf(i));
         if (partner != kNothing) {
-            ComparePlaces(i, partner, subject, differences);
+            CompareEntry(i, partner, subject, differences);
             if (entry.kind == EntryKind::Clip)
                 CompareClips(i, partner, subject, differences);
         } else if (entry.kind == EntryKind::Bin || !isFromProject || !shownLeft.Has(entry)) {
@@ -226,13 +226,13 @@ void BrowserComparison::CompareSequenceEntries(std::size_t left, std::size_t rig
     const std::size_t a = left_.ofSequence[left];
     const std::size_t b = right_.ofSequence[right];
     if (a != kNothing && b != kNothing)
-        ComparePlaces(a, b, subject, differences);
+        CompareEntry(a, b, subject, differences);
 }
 
 // The name of a sequence is compared with its other settings.
-void BrowserComparison::ComparePlaces(std::size_t left, std::size_t right,
-                                      const ComparedSubject& subject,
-                                      DifferenceList& differences) const
+void BrowserComparison::CompareEntry(std::size_t left, std::size_t right,
+                                     const ComparedSubject& subject,
+                                     DifferenceList& differences) const
 {
     const Entry& a = left_.At(left);
     const Entry& b = right_.At(right);

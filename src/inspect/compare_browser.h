@@ -6,8 +6,8 @@
 //
 //   Rushes          Selects          bin "Rushes": name Rushes -> Selects
 //     Boat     ->     Boat
-//     Gull            Kelp
-//     Kelp          Gull             bin clip "Gull" in Rushes: bin Rushes -> nothing
+//   Music           Music
+//     Shanty        Shanty           bin clip "Shanty" in "Music": bin Music -> nothing
 //
 // A document need not list the clips that its items show. An entry that only one of the two lists,
 // for what an item shows, was not added by anyone; nor is it lost where that document is XML and
@@ -58,8 +58,8 @@ private:
                    const std::vector<std::size_t>& right);
     std::size_t BinOfRight(std::size_t entry) const;
     bool AreSame(std::size_t left, std::size_t right) const;
-    void ComparePlaces(std::size_t left, std::size_t right, const ComparedSubject& subject,
-                       DifferenceList& differences) const;
+    void CompareEntry(std::size_t left, std::size_t right, const ComparedSubject& subject,
+                      DifferenceList& differences) const;
     void CompareClips(std::size_t left, std::size_t right, const ComparedSubject& subject,
                       DifferenceList& differences) const;
 

@@ -14,6 +14,7 @@ constexpr int kPropertyCount = static_cast<int>(Property::Comment) + 1;
 std::vector<std::string_view> Names()
 {
     std::vector<std::string_view> names;
+    names.reserve(kSubjectCount + kPropertyCount);
     for (int i = 0; i < kSubjectCount; ++i)
         names.push_back(SubjectText(static_cast<Subject>(i)));
     for (int i = 1; i < kPropertyCount; ++i)

@@ -1,4 +1,4 @@
-// Subjects and properties that a comparison leaves out at its user's wish.
+// Subjects and properties that a comparison skips at the request of its user.
 #pragma once
 
 #include "inspect/difference.h"
@@ -18,7 +18,6 @@ public:
     bool Add(std::string_view text);
     bool Has(const Difference& difference) const;
 
-    // Takes out what is ignored.
     void RemoveFrom(std::vector<Difference>& differences) const;
 
 private:

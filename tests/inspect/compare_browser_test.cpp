@@ -90,7 +90,7 @@ TEST(CompareBrowser, ListsWhatChanged)
          "-> 6 (00:00:00:06)\n"},
         {{{"MEDIA:s", "MEDIA:x"}},
          "  changed bin clip \"Shanty\" in \"Music\": path /media/s -> /media/x\n"},
-        // A clip of the browser that an item shows may be left out.
+        // A clip of the browser that an item shows need not be listed.
         {{{"<sequence", "<clip id=\"w\"><name>Wave</name>MEDIA:w</clip><sequence"}}, ""},
     };
     const Project before = Timelines(Document());

@@ -3,6 +3,7 @@
 #include "inspect/compare.h"
 #include "inspect_fixture.h"
 
+#include <fstream>
 #include <sstream>
 
 namespace XPJ::Inspection {
@@ -15,11 +16,22 @@ TEST(Ignored, TakesEachNameThatItLists)
     for (std::string name; std::getline(names, name, ','); ++count)
         EXPECT_TRUE(Ignored().Add(name)) << name;
     EXPECT_GT(count, 30);
+    EXPECT_EQ(IgnorableNames().find("bin,"), IgnorableNames().rfind("bin,")); // once for both
     for (const char* unknown : {"", "colour", "Label", "label,path", "labels"})
         EXPECT_FALSE(Ignored().Add(unknown)) << unknown;
 }
 
-TEST(Ignored, LeavesOutSubjectsAndProperties)
+TEST(Ignored, IsDocumented)
+{
+    std::ifstream file(VELA_DOCS "/inspecting.md");
+    std::ostringstream docs;
+    docs << file.rdbuf();
+    std::istringstream names(IgnorableNames());
+    for (std::string name; std::getline(names >> std::ws, name, ',');)
+        EXPECT_NE(docs.str().find("`" + name + "`"), std::string::npos) << name;
+}
+
+TEST(Ignored, SkipsSubjectsAndProperties)
 {
     const Difference differences[] = {
         {.subject = Subject::Item, .kind = Property::Label},
