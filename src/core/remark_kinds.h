@@ -101,7 +101,6 @@ enum class RemarkKind : std::uint8_t {
     BinTooDeep,
     SequenceUnknown,
     SequenceTooDeep,
-    RateAssumed,
     RateRounded,
     ProjectRenamed,
     TrackName,
