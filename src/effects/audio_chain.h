@@ -48,7 +48,7 @@ void TrackFiltersToXmeml(const EffectContext& context, ConstHandle chain, Object
 // Reports the components that documents have no term for, for a chain that can't be written.
 void ReportAudioChain(const EffectContext& context, ConstHandle chain, ExportIssue kind);
 
-// What became of a chain that the document has no place for.
+// What became of a chain that the document has no term for.
 struct WrittenChain {
     RemarkKind loss;         // of a component
     bool isWritten = false;  // elsewhere: those that documents have a term for

@@ -1,8 +1,8 @@
 // What a document does not take of an effect's parameters, in remarks.
 //
 // A parameter that is not written is lost unless it has the value that changes nothing; of a
-// parameter without a row that is 0. Keyframes lose their interpolation, and their place between
-// two frames.
+// parameter without a row that is 0. Keyframes lose their interpolation, and what they are behind
+// a frame.
 #pragma once
 
 #include "effects/effect_row.h"

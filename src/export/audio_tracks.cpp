@@ -211,7 +211,7 @@ void ReportChannels(ExportContext& context, const TrackContext& track, const Aud
             add(RemarkKind::ClipSilent);
         else if (std::popcount(used.channels) < contents)
             add(RemarkKind::ChannelSilent);
-        if (source.exploded > 1 && used.channels >> (source.exploded - 1) > 1)
+        if (used.channels >> (source.exploded - 1) > 1)
             add(RemarkKind::ChannelBeyondTrack);
     }
 }

@@ -131,7 +131,7 @@ void ReportFiles(ExportContext& context, MasterClip masterClip, Media written,
     }
 }
 
-// What a clip of a bin has that the document has no place for.
+// What a clip of a bin has that the document has no term for.
 void ReportClip(ExportContext& context, const BrowserClip& clip, const MasterSource& source)
 {
     const ItemLocation location = LocationOf(clip);

@@ -21,7 +21,7 @@ EffectContext EffectContextAt(ExportContext& context, const ItemLocation& locati
             .exportTransformEffect = context.options.exportTransformEffect};
 }
 
-EffectContext ContextOfAudio(ExportContext& context, const MasterPlace& master)
+EffectContext ContextOfAudio(ExportContext& context, const LocatedMaster& master)
 {
     constexpr int kAudio = 2;
     ItemLocation location = master.location;
@@ -41,7 +41,7 @@ EffectContext EffectContextOf(ExportContext& context, const TrackContext& track,
     return effects;
 }
 
-void TranslateMasterEffects(ExportContext& context, const MasterPlace& master, ObjectHandle file)
+void TranslateMasterEffects(ExportContext& context, const LocatedMaster& master, ObjectHandle file)
 {
     EffectContext effects = EffectContextAt(context, master.location, master.frameTicks);
     effects.isRepeated = !context.remarkedNodes.Insert(master.masterClip);
@@ -49,7 +49,7 @@ void TranslateMasterEffects(ExportContext& context, const MasterPlace& master, O
 }
 
 // What documents have no term for is reported with the file, as that of a master.
-void TranslateMasterAudioEffects(ExportContext& context, const MasterPlace& master, int channel,
+void TranslateMasterAudioEffects(ExportContext& context, const LocatedMaster& master, int channel,
                                  ObjectHandle item)
 {
     Account ofItem;
@@ -65,7 +65,7 @@ void TranslateMasterAudioEffects(ExportContext& context, const MasterPlace& mast
             context.account.remarks.push_back(remark);
 }
 
-void ReportMasterAudioEffects(ExportContext& context, const MasterPlace& master, bool written)
+void ReportMasterAudioEffects(ExportContext& context, const LocatedMaster& master, bool written)
 {
     const EffectContext effects = ContextOfAudio(context, master);
     const ConstHandle chain = AudioChainOfMaster(master.masterClip);
@@ -75,7 +75,7 @@ void ReportMasterAudioEffects(ExportContext& context, const MasterPlace& master,
         {.loss = RemarkKind::MasterClipEffect, .isWritten = written, .isReported = true});
 }
 
-void ReportSecondMaster(ExportContext& context, const MasterPlace& master, bool written)
+void ReportSecondMaster(ExportContext& context, const LocatedMaster& master, bool written)
 {
     ReportVideoEffects(context, RemarkKind::SecondClipEffect, master.location,
                        VideoChainOfMaster(master.masterClip));

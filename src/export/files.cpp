@@ -191,7 +191,7 @@ void ReportGuesses(ExportContext& context, const FileStreams& source, const Item
 }
 
 // `audioOnClip`: the effects of its audio are written elsewhere.
-FileRecord TranslateFile(ExportContext& context, const FileStreams& source, MasterPlace master,
+FileRecord TranslateFile(ExportContext& context, const FileStreams& source, LocatedMaster master,
                          bool audioOnClip)
 {
     FileRecord file{.id = NewId(context.document, "file-", context.ids.file),
@@ -224,9 +224,9 @@ FileRecord TranslateFile(ExportContext& context, const FileStreams& source, Mast
 FileRecord& WriteFile(ExportContext& context, Catalogs& catalogs, const FileSource& source,
                       ObjectHandle element)
 {
-    const auto place = [&] {
-        return MasterPlace{.masterClip = source.masterClip,
-                           .location = catalogs.masters.LocationOf(source.masterClip)};
+    const auto master = [&] {
+        return LocatedMaster{.masterClip = source.masterClip,
+                             .location = catalogs.masters.LocationOf(source.masterClip)};
     };
     const auto isOnClip = [&] {
         return context.options.settings.openInterchange &&
@@ -237,12 +237,12 @@ FileRecord& WriteFile(ExportContext& context, Catalogs& catalogs, const FileSour
         element.SetPropertyShared("fileid", written->id);
         if (written->masterClip != source.masterClip &&
             context.remarkedNodes.Insert(source.masterClip))
-            ReportSecondMaster(context, place(), isOnClip());
+            ReportSecondMaster(context, master(), isOnClip());
         return *written;
     }
     const FileStreams streams = ReadStreams(source);
     FileRecord& file =
-        catalogs.files.Add(source.media, TranslateFile(context, streams, place(), isOnClip()));
+        catalogs.files.Add(source.media, TranslateFile(context, streams, master(), isOnClip()));
     element.AddChild(file.element);
     return file;
 }

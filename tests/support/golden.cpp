@@ -254,18 +254,19 @@ std::string RemarkLines(const Account& account)
 {
     std::string text;
     for (const Remark& remark : account.remarks) {
-        std::string place = remark.sequence.empty() && !remark.bin.empty() ? remark.bin + "/" : "";
-        place += remark.sequence;
+        std::string location =
+            remark.sequence.empty() && !remark.bin.empty() ? remark.bin + "/" : "";
+        location += remark.sequence;
         if (!remark.sequence.empty() && remark.trackKind != kNoTrack)
-            place +=
+            location +=
                 fmt::format(", {}{}", remark.trackKind == 1 ? 'V' : 'A', remark.trackIndex + 1);
         if (remark.span.IsKnown())
-            place += fmt::format(", {}", remark.span.start);
+            location += fmt::format(", {}", remark.span.start);
         if (remark.span.IsKnown() && remark.span.end >= 0)
-            place += fmt::format("-{}", remark.span.end);
+            location += fmt::format("-{}", remark.span.end);
         if (!remark.clip.empty())
-            place += (remark.sequence.empty() ? "" : ", ") + remark.clip;
-        text += fmt::format("{} [{}]", RowOf(remark.kind).id, place);
+            location += (remark.sequence.empty() ? "" : ", ") + remark.clip;
+        text += fmt::format("{} [{}]", RowOf(remark.kind).id, location);
         if (!remark.subject.empty())
             text += fmt::format(" <{}>", remark.subject);
         if (!remark.subjectId.empty() && remark.subjectId != remark.subject)

@@ -71,7 +71,7 @@ std::string NormaliseIds(std::string_view text);
 // One line an issue, `EffectNotTranslated clip="A" subject="Sepia"`, in the report's order.
 std::string IssueText(const IssueSet& issues, Direction direction);
 
-// One line a remark: id, place, subject, detail.
+// One line a remark: id, location, subject, detail.
 //   track.effect [Cut, A1] <Reverb>
 std::string RemarkLines(const Account& account);
 
