@@ -1,8 +1,8 @@
 // The data of the page: cuts with their tracks and clips, and the list of what happened to them.
 //
-// A cut is a sequence, or two that are compared: it has a view for each. The clips of a track are its
-// clips and transitions by start. A remark is an item of the account or a difference; `clips` are
-// those that it is about.
+// A cut is a sequence, or two that are compared: it has a view for each. The clips of a track are
+// its clips and transitions by start. A remark is an item of the account or a difference; its
+// `clips` are those that it is about.
 
 // What can become of a clip, worst first; the last is for all without a remark.
 const MARKS = [
@@ -283,7 +283,8 @@ function movesOf(remarks) {
         if (remark.property !== 'track' && remark.property !== 'start')
             continue;
         const key = subjectKey(remark);
-        const location = moves.get(key) ?? {track: remark.track, frame: remark.frame, clip: remark.clip};
+        const {track, frame, clip} = remark;
+        const location = moves.get(key) ?? {track, frame, clip};
         if (remark.property === 'track')
             location.track = remark.after;
         else

@@ -30,8 +30,7 @@ function badge(mark) {
 function buildTable(groups) {
     const body = document.getElementById('groups');
     for (const group of groups) {
-        group.button = element('button', {'type': 'button', 'class': 'group', 'aria-expanded': 'false'},
-            group.heading);
+        group.button = element('button', {type: 'button', class: 'group'}, group.heading);
         group.button.addEventListener('click', () => toggleGroup(group));
         group.cells = {
             count: element('td', {'class': 'number', 'data-label': 'Count'}),
@@ -51,7 +50,8 @@ function buildTable(groups) {
 
 // The reasons of a kind may name what they are about.
 function adviceCell(group) {
-    const texts = (key) => [...new Set(group.remarks.map((remark) => remark[key] ?? ''))].filter(Boolean);
+    const texts = (key) =>
+        [...new Set(group.remarks.map((remark) => remark[key]))].filter(Boolean);
     const cell = element('td', {class: 'advice'});
     for (const key of ['reason', 'remedy'])
         for (const text of withRest(texts(key)))
@@ -101,8 +101,10 @@ function renderTable() {
         renderList(group, isOpen ? group.shown.slice(0, state.shownInGroup) : []);
     }
     const count = shown.reduce((sum, group) => sum + group.count, 0);
-    document.getElementById('remark-count').textContent = data.remarks.length === 0 ? '' :
-        `${countText(count, data.account ? 'remark' : 'difference')} of ${countText(shown.length, 'kind')}`;
+    const counts = [countText(count, data.account ? 'remark' : 'difference'),
+        countText(shown.length, 'kind')];
+    document.getElementById('remark-count').textContent =
+        data.remarks.length > 0 ? counts.join(' of ') : '';
     document.getElementById('table').hidden = shown.length === 0;
     const nothing = document.getElementById('nothing');
     nothing.hidden = shown.length > 0;
@@ -148,7 +150,8 @@ function remarkLine(remark, typical) {
     const line = element('li');
     const [clip] = remark.clips;
     if (clip) {
-        const button = element('button', {type: 'button', class: 'location'}, quoted(locationText(remark)));
+        const button = element('button', {type: 'button', class: 'location'},
+            quoted(locationText(remark)));
         button.addEventListener('click', () => goToClip(clip));
         line.append(button);
     } else {
@@ -183,10 +186,11 @@ function renderDetails() {
 function detailsOf(clip) {
     const {track} = clip;
     const frames = clip.end - clip.start;
+    const length = timecode({...track.view, start: 0}, frames);
     const facts = [
         ['Track', [track.id, track.name].filter(Boolean).join(', ')],
         ['Time', rangeText(clip)],
-        ['Length', `${timecode({...track.view, start: 0}, frames)} (${countText(frames, 'frame')})`],
+        ['Length', `${length} (${countText(frames, 'frame')})`],
         ['Source', clip.source],
         ['Kind', clip.kind + (clip.enabled ? '' : ', switched off')],
     ];

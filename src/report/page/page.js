@@ -5,7 +5,7 @@ const data = readData();
 const state = {
     cut: data.cuts[0] ?? null,
     hidden: new Set(), // marks that are filtered out
-    text: '', // that a clip or remark has to contain, in small letters
+    text: '', // in lower case, that a clip or remark has to contain
     group: null, // the open one
     shownInGroup: LIST_STEP,
     selected: null, // a clip
@@ -76,7 +76,8 @@ function clipPasses(clip) {
 }
 
 function passes(remark) {
-    return !state.hidden.has(remark.mark) && (!state.text || searchTextOf(remark).includes(state.text));
+    return !state.hidden.has(remark.mark) &&
+        (!state.text || searchTextOf(remark).includes(state.text));
 }
 
 // Opens a group, marks its clips and shows the first of them.
@@ -281,7 +282,8 @@ function dateText(date) {
 
 function buildTools() {
     const select = document.getElementById('cut');
-    data.cuts.forEach((cut, index) => select.append(element('option', {value: index}, cutText(cut))));
+    const options = data.cuts.map((cut, index) => element('option', {value: index}, cutText(cut)));
+    select.append(...options);
     select.addEventListener('change', () => showCut(data.cuts[select.value]));
     document.getElementById('search').addEventListener('input', ({target}) => {
         state.text = target.value.trim().toLowerCase();

@@ -9,7 +9,8 @@ function readPalette() {
     const names = ['ink', 'muted', 'panel', 'line', 'track', 'gap', 'grid', 'accent', 'window'];
     palette = Object.fromEntries(names.map((name) => [name, color(name)]));
     palette.font = style.fontFamily;
-    palette.faint = 0.22;
+    palette.faint = 0.22; // opacity of what is filtered out
+    palette.off = 0.55; // and of what is switched off
     const kindColors = (name) => ({body: color(name), strong: color(`${name}-edge`)});
     palette.kinds = {
         'video': kindColors('video'),

@@ -48,7 +48,8 @@ function layoutTimeline(cut) {
         }
     });
     timeline.height = y;
-    timeline.seconds = Math.max(...cut.views.map((view) => view ? view.length * view.frameSeconds : 0));
+    const secondsOf = (view) => view ? view.length * view.frameSeconds : 0;
+    timeline.seconds = Math.max(...cut.views.map(secondsOf));
 }
 
 // Tracks are as high as lets all of them be seen, within limits.
@@ -225,7 +226,8 @@ function drawGaps(context, track, {y, height, width}) {
 }
 
 function xOf(view, frame) {
-    return timeline.left + frame * view.frameSeconds * timeline.scale - timeline.scroller.scrollLeft;
+    const {left, scale, scroller} = timeline;
+    return left + frame * view.frameSeconds * scale - scroller.scrollLeft;
 }
 
 function drawClips(context, track, row) {
@@ -306,7 +308,8 @@ function colorOf(clip) {
 function drawClip(context, {clip, x, width, nameStart, nameEnd}, {y, height}) {
     const colors = colorOf(clip);
     const inner = Math.max(width - 1, 1.5);
-    context.globalAlpha = clip.isFaint ? palette.faint : clip.enabled && clip.track.enabled ? 1 : 0.55;
+    const isOn = clip.enabled && clip.track.enabled;
+    context.globalAlpha = clip.isFaint ? palette.faint : isOn ? 1 : palette.off;
     context.fillStyle = colors.body;
     context.fillRect(x, y, inner, height);
     if (clip.mark === ARRIVED) {
@@ -350,7 +353,12 @@ function shortened(context, text, space) {
 // A box with the line that one clip goes down and the other comes up on.
 function drawTransition(context, {clip, x, width}, {y, height}) {
     const colors = colorOf(clip);
-    const box = {x: x + 0.5, y: y + 1.5, width: Math.max(width - 1, 1), height: Math.round(height * 0.45)};
+    const box = {
+        x: x + 0.5,
+        y: y + 1.5,
+        width: Math.max(width - 1, 1),
+        height: Math.round(height * 0.45),
+    };
     context.globalAlpha = clip.isFaint ? palette.faint : 1;
     context.fillStyle = colors.body;
     context.fillRect(box.x, box.y, box.width, box.height);
