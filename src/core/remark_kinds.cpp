@@ -300,8 +300,6 @@ constexpr RemarkRow kRows[] = {
      "Sync the files in a sequence instead of a clip."},
     {Kind::PathAssumed, "file.without-path", Outcome::Assumed, Severity::Warning,
      "Nothing states the path of the media; its name was written as one.", "Relink the clip to its file."},
-    {Kind::MatteColor, "media.matte-color", Outcome::Lost, Severity::Note,
-     "The matte color $2 of the alpha channel has no counterpart.", ""},
     {Kind::LinkTooLarge, "link.too-large", Outcome::Lost, Severity::Note,
      "Too many clips are linked to each other; they are written without links.",
      "Link the clips anew."},

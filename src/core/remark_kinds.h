@@ -131,7 +131,6 @@ enum class RemarkKind : std::uint8_t {
     ClipRenamed,
     ClipOfFiles,
     PathAssumed,
-    MatteColor,
     LinkTooLarge,
 };
 

@@ -55,16 +55,15 @@ bool IsIdentity(Path path)
     return path.back().GetProperty("key").find("uuid") != std::string_view::npos;
 }
 
-// Of the definitions of one file the first counts.
+// Of the definitions of one file the first counts, and its media are looked at.
 bool IsInRepeatedFile(Path path)
 {
     const ConstHandle file = Around(path, {"file"});
-    if (!file)
-        return false;
-    for (const Property* property = file.FirstProperty(); property; property = property->next)
-        if (property->isRead && property->NameView() != "id")
+    const auto children = file.GetChildren();
+    for (const ConstHandle& child : children)
+        if (child.GetName() == "media" && child.IsRead())
             return false;
-    return true;
+    return static_cast<bool>(file);
 }
 
 // What carries nothing that a project could hold, beside the fields that the table of elements
@@ -107,6 +106,11 @@ constexpr EmptyField kEmptyFields[] = {
     {"clipitem", "in", kOfClip, IsInBrowserClip},
     {"clipitem", "out", kOfClip, IsInBrowserClip},
     {"clipitem", "enabled", kOfClip, IsInBrowserClip},
+    {"generatoritem", "rate", kOfClip, IsInBrowserClip},
+    {"generatoritem", "duration", kOfClip, IsInBrowserClip},
+    {"generatoritem", "sourcetrack", kOfClip, IsInBrowserClip},
+    {"generatoritem", "enabled", kOfClip, IsInBrowserClip},
+    {"clip", "rate", "the item in it counts"},
     {"clipitem", "logginginfo", "clips of a cut share the logging of their master", IsInProject},
     {"clipitem", "comments", "clips of a cut share the comments of their master", IsInProject},
     {"labels", "label", "`label2` is the color", HasColorLabel},
@@ -126,6 +130,8 @@ constexpr EmptyField kEmptyFields[] = {
     {"effect", "parameter", kAccounted},
     {"parameter", {}, kAccounted},
     {"keyframe", {}, kAccounted},
+    {"inbez", {}, kAccounted},
+    {"outbez", {}, kAccounted},
     {"value", {}, kAccounted},
 };
 
@@ -148,10 +154,8 @@ struct IgnoredTag {
 constexpr IgnoredTag kIgnoredTags[] = {
     {"updatebehavior", "how a program merges the document into its project"},
     {"stillframe", kOfFile},
-    {"inbez", "the interpolation accounts for it"},
-    {"outbez", "the interpolation accounts for it"},
-    {"inscale", "the interpolation accounts for it"},
-    {"outscale", "the interpolation accounts for it"},
+    {"inscale", kAccounted},
+    {"outscale", kAccounted},
     {"itemhistory", "the edits that a program remembers"},
     {"sampledepth", "audio is mixed in floating point"},
     {"fcpimageprocessing", "how a program renders"},

@@ -17,11 +17,11 @@ std::optional<ReportFormat> FormatOfReport(std::string_view path);
 
 // What a report says of the conversion itself.
 struct ReportHeader {
-    std::string tool;   // "xpjconvert 1.0"
-    std::string date;   // "2026-11-22T13:00:00Z"
-    std::string input;  // paths
-    std::string output; // empty: nothing was written
-    std::string result; // "success", "aborted" ...
+    std::string tool = {};   // "xpjconvert 1.0"
+    std::string date = {};   // "2026-11-22T13:00:00Z"
+    std::string input = {};  // paths
+    std::string output = {}; // empty: nothing was written
+    std::string result = {}; // "success", "aborted" ...
 };
 
 // How often each outcome is in an account, by RemarkOutcome.

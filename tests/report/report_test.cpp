@@ -1,5 +1,7 @@
 #include "platform/default_platform.h"
 #include "platform/platform.h"
+#include "report/account_report.h"
+#include "report/remark_groups.h"
 #include "report/report.h"
 #include "support/fixed_time.h"
 #include "support/rows.h"
@@ -8,8 +10,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <fstream>
 #include <set>
+#include <sstream>
 #include <thread>
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
 
 namespace XPJ {
 namespace {
@@ -151,6 +159,95 @@ TEST(AddReportItem, NeedsAMainBin)
     const ObjectHandle empty = Build(document, {"Document", {}, {{"Project"}}});
     AddReportItem(empty, "/reports/a.txt");
     EXPECT_FALSE(empty.GetChild("Project").HasChildren());
+}
+
+std::string KindTable()
+{
+    std::string text = "| Kind | Outcome | Severity | What it means | What to do |\n"
+                       "|---|---|---|---|---|\n";
+    for (const RemarkRow& row : RemarkRows())
+        text += fmt::format("| `{}` | {} | {} | {} | {} |\n", row.id, OutcomeText(row.outcome),
+                            SeverityText(row.severity), row.reason, row.remedy);
+    return text;
+}
+
+// With VELA_ACCEPT=1 in the environment the table in docs/report.md is written anew.
+TEST(RemarkKinds, AreListedInTheDocumentation)
+{
+    std::ifstream file(VELA_DOCS "/report.md");
+    std::ostringstream content;
+    content << file.rdbuf();
+    const std::string document = content.str();
+    constexpr std::string_view kHeading = "## Kinds\n\n";
+    const std::size_t heading = document.find(kHeading);
+    ASSERT_NE(heading, document.npos);
+    const std::size_t table = heading + kHeading.size();
+    if (std::getenv("VELA_ACCEPT"))
+        std::ofstream(VELA_DOCS "/report.md") << document.substr(0, table) << KindTable();
+    else
+        EXPECT_EQ(document.substr(table), KindTable());
+}
+
+TEST(RemarkKinds, HaveIdsOfTheirOwnAndSentences)
+{
+    std::set<std::string_view> ids;
+    for (const RemarkRow& row : RemarkRows()) {
+        EXPECT_TRUE(ids.insert(row.id).second) << row.id;
+        EXPECT_TRUE(row.reason.ends_with('.') || row.reason == "$2") << row.id;
+        EXPECT_TRUE(row.remedy.empty() || row.remedy.ends_with('.')) << row.id;
+    }
+}
+
+Remark RemarkAt(std::int64_t frame, std::string clip, RemarkKind kind)
+{
+    return {.kind = kind,
+            .sequence = "Cut &amp; 1",
+            .clip = std::move(clip),
+            .trackKind = 1,
+            .trackIndex = 1,
+            .span = {.start = frame, .end = frame + 25, .first = 90000, .base = 25},
+            .subject = "Tom &amp; Co"};
+}
+
+TEST(GroupRemarks, PutsTheWorstFirstAndSumsUp)
+{
+    Account account;
+    for (const std::int64_t frame : {0, 25, 50, 75})
+        account.remarks.push_back(RemarkAt(frame, "A", RemarkKind::EffectUnsupported));
+    account.remarks.push_back({.kind = RemarkKind::LabelWithoutColor, .clip = "B", .bin = "Day 1"});
+    account.remarks.push_back(RemarkAt(0, "C", RemarkKind::EdgesInvalid));
+    account.remarks[1].count = 3;
+    EXPECT_EQ(GroupText(GroupRemarks(account.remarks), 2),
+              "Lost, once: The item has an invalid start or end.\n"
+              "    Cut & 1, V2, 01:00:00:00, C\n"
+              "    Cut the clip in anew.\n"
+              "Lost, 6 times: The effect <Tom & Co> has no counterpart.\n"
+              "    Cut & 1, V2, 01:00:00:00, A; Cut & 1, V2, 01:00:01:00, A; Cut & 1, V2, "
+              "01:00:02:00, A; and 1 more\n"
+              "    Render the clip with its effect, or find a similar effect and set it anew.\n"
+              "... and 1 more\n");
+    EXPECT_EQ(CountsText(CountOutcomes(account)), "8 lost");
+}
+
+TEST(AccountReport, StatesEachFieldOnce)
+{
+    Account account;
+    account.remarks.push_back(RemarkAt(50, "Q \"A\", B\xFF", RemarkKind::EffectUnsupported));
+    const auto json = nlohmann::json::parse(AccountJson({.input = "a.xml"}, account));
+    EXPECT_EQ(json["totals"]["lost"], 1);
+    const auto& item = json["items"][0];
+    EXPECT_EQ(item["track"], "V2");
+    EXPECT_EQ(item["start"], "01:00:02:00");
+    EXPECT_EQ(item["end"], "01:00:03:00");
+    EXPECT_EQ(item["frame"], 50);
+    EXPECT_EQ(item["clip"], "Q \"A\", B\xEF\xBF\xBD");
+    EXPECT_FALSE(item.contains("path"));
+    EXPECT_EQ(AccountCsv(account),
+              "kind,outcome,severity,count,path,sequence,track,start,end,frame,clip,subject,reason,"
+              "remedy\r\n"
+              "effect.unsupported,lost,warning,1,,Cut & 1,V2,01:00:02:00,01:00:03:00,50,\"Q "
+              "\"\"A\"\", B\xFF\",Tom & Co,The effect <Tom & Co> has no counterpart.,\"Render "
+              "the clip with its effect, or find a similar effect and set it anew.\"\r\n");
 }
 
 } // namespace
