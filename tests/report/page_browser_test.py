@@ -197,6 +197,9 @@ class PageTest(unittest.TestCase):
                           ".filter((id) => id !== 'arrived').sort())")
         self.assertEqual(marks, [["changed", "changed", "changed", "lost", "moved"],
                                  ["added", "changed", "changed", "changed", "moved"]])
+        locked = tab.value("state.cut.views.map(({tracks}) => tracks.filter(({remarks}) =>"
+                           " remarks.length > 0).map(({id}) => id))")
+        self.assertEqual(locked, [["A2"], ["A2"]])
         tab.value("showTheme('dark')")
         tab.screenshot(folder / "comparison-dark.png")
 
