@@ -227,10 +227,10 @@ function remarksOfAccount(account) {
 
 function remarksOfDifferences(rows, texts) {
     return rows.map((row) => {
-        const frame = row[5];
         const [change, subject, sequence, track, name, , start, property, before, after] =
             row.map((index) => texts[index]);
         const isWhole = property === '';
+        const frame = subject === 'track' ? null : row[5];
         return {
             kind: `${subject} ${property || change}`,
             mark: markOf(change),
