@@ -197,6 +197,9 @@ class PageTest(unittest.TestCase):
                           ".filter((id) => id !== 'arrived').sort())")
         self.assertEqual(marks, [["changed", "changed", "changed", "lost", "moved"],
                                  ["added", "changed", "changed", "changed", "moved"]])
+        locked = tab.value("state.cut.views.map(({tracks}) => tracks.filter(({remarks}) =>"
+                           " remarks.length > 0).map(({id}) => id))")
+        self.assertEqual(locked, [["A2"], ["A2"]])
         tab.value("showTheme('dark')")
         tab.screenshot(folder / "comparison-dark.png")
 
@@ -230,10 +233,11 @@ class PageTest(unittest.TestCase):
             for text, ground, ratio in tab.value(CONTRASTS):
                 self.assertGreaterEqual(ratio, 4.5, (theme, text, ground))
 
-    @opened("report", "plain")
+    @opened("report", "comparison", "plain")
     def test_narrow_windows_and_paper(self, tab, page):
         tab.resize(480, 900)
-        self.assertLessEqual(tab.value("document.documentElement.scrollWidth"), 480)
+        self.assertLessEqual(tab.value("document.documentElement.scrollWidth"),
+                             tab.value("document.documentElement.clientWidth"))
         tab.screenshot(folder / f"{page}-narrow.png", whole=True)
         tab.resize(1000, 900)
         tab.print_as(folder / f"{page}-print.png")

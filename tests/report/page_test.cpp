@@ -86,6 +86,22 @@ TEST(Page, ClipsAreRowsOfNumbers)
     EXPECT_EQ(DataOf(PageText({.first = &project}), "account"), "null");
 }
 
+TEST(Page, DifferencesHaveTheirClips)
+{
+    const Difference difference{.change = Change::Lost,
+                                .subject = Subject::Item,
+                                .sequence = "Cut",
+                                .track = "V1",
+                                .name = "A",
+                                .frame = 7,
+                                .first = {2, {1, 3}}};
+    const Json timelines =
+        Json::parse(DataOf(PageText({.differences = {&difference, 1}}), "timelines"));
+    EXPECT_EQ(timelines["texts"], Json({"", "lost", "clip", "Cut", "V1", "A"}));
+    EXPECT_EQ(timelines["differences"][0],
+              Json({1, 2, 3, 0, 4, 5, 0, 0, 0, 0, 7, {2, 1, 3}, {-1, -1, -1}}));
+}
+
 // Damaged documents state any time.
 TEST(Page, TimesAtTheirLimits)
 {

@@ -161,6 +161,7 @@ std::string ComparisonPage()
     added.end = added.start + 60 * frame;
     items.push_back(added);
     tracks[2].items[0].effects.push_back({.name = "Compressor"});
+    tracks[3].locked = true;
     const std::vector<Difference> differences = Compare(first, second);
     return PageText({.title = "night ferry v7 and v8",
                      .first = &first,

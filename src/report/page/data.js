@@ -77,6 +77,7 @@ function decodeSequence(sequence, texts) {
         frameSeconds: frame,
         base, drop, start,
         tracks: [...video, ...audio],
+        tracksOfDocument: tracks,
         length: 0,
     };
     for (const track of tracks) {
@@ -103,6 +104,7 @@ function decodeTrack(track, texts) {
     }));
     const transitions = decodeRanges(track.transitions, 3,
         (name) => ({name: texts[name], source: '', kind: TRANSITION, enabled: true}));
+    result.clipsOfDocument = clips;
     result.clips = [...clips, ...transitions]
         .filter((clip) => clip.start >= 0 && clip.end >= clip.start)
         .sort((a, b) => a.start - b.start || compareTexts(a.name, b.name));
@@ -219,18 +221,17 @@ function remarksOfAccount(account) {
         topic: item.kind.split('.')[0],
         heading: capitalized(item.kind.replace('.', ': ').replaceAll(/[._-]/g, ' ')),
         changes: '',
-        isInFirst: true,
-        isInSecond: false,
         clips: [],
     }));
 }
 
 function remarksOfDifferences(rows, texts) {
     return rows.map((row) => {
-        const frame = row[5];
-        const [change, subject, sequence, track, name, , start, property, before, after] =
-            row.map((index) => texts[index]);
+        const [startFrame, first, second] = row.slice(-3);
+        const [change, subject, sequence, bin, track, name, start, property, before, after] =
+            row.slice(0, -3).map((index) => texts[index]);
         const isWhole = property === '';
+        const frame = subject === 'track' ? null : startFrame;
         return {
             kind: `${subject} ${property || change}`,
             mark: markOf(change),
@@ -240,9 +241,8 @@ function remarksOfDifferences(rows, texts) {
             topic: isWhole ? subject : property,
             heading: capitalized(isWhole ? `${subject}s ${change}` : `${subject}: ${property}`),
             changes: isWhole ? '' : `${before || 'nothing'} \u2192 ${after || 'nothing'}`,
-            isInFirst: !isWhole || change !== 'added',
-            isInSecond: !isWhole || change !== 'lost',
-            sequence, track, frame, start, property, after,
+            locations: [first, second],
+            sequence, bin, track, frame, start, property, after,
             clip: name,
             subject: isWhole ? name : '',
             clips: [],
@@ -258,51 +258,38 @@ function capitalized(text) {
     return text.charAt(0).toUpperCase() + text.slice(1);
 }
 
-// Gives each remark its clips, and each clip and track its remarks.
-function assignRemarks(data) {
-    const moves = data.isComparison ? movesOf(data.remarks) : new Map();
-    const cuts = new Map();
-    for (const cut of [...data.cuts].reverse())
-        cuts.set(cut.name, cut);
-    for (const remark of data.remarks) {
-        remark.cut = cuts.get(remark.sequence);
-        if (!remark.cut || !remark.track)
-            continue;
-        const [first, second] = remark.cut.views;
-        if (remark.isInFirst)
-            assignRemark(remark, first, remark);
-        if (remark.isInSecond)
-            assignRemark(remark, second, moves.get(subjectKey(remark)) ?? remark);
-    }
-}
-
-// Where in the second document what has moved is now, by its location in the first.
-function movesOf(remarks) {
-    const moves = new Map();
+// Gives each remark its clips, and each clip and track its remarks. A difference states the indices
+// of both clips; an item of the account is where its sequence, track and frame are.
+function assignRemarks({projects, remarks}) {
+    const views = new Map();
+    for (const sequence of projects[0]?.sequences ?? [])
+        if (!views.has(sequence.name))
+            views.set(sequence.name, sequence);
     for (const remark of remarks) {
-        if (remark.property !== 'track' && remark.property !== 'start')
+        if (remark.locations) {
+            assignDifference(remark, projects);
             continue;
-        const key = subjectKey(remark);
-        const {track, frame, clip} = remark;
-        const location = moves.get(key) ?? {track, frame, clip};
-        if (remark.property === 'track')
-            location.track = remark.after;
-        else
-            location.frame = parseInt(remark.after, 10);
-        moves.set(key, location);
+        }
+        const track = views.get(remark.sequence)?.tracks.find(({id}) => id === remark.track);
+        if (track)
+            assignRemark(remark, track, findClip(track, remark.frame, remark.clip));
     }
-    return moves;
 }
 
-function subjectKey({sequence, track, frame, clip}) {
-    return JSON.stringify([sequence, track, frame, clip]);
+// A transition has no index. One that has moved is found where it starts now.
+function assignDifference(remark, projects) {
+    remark.locations.forEach(([sequence, trackIndex, clipIndex], side) => {
+        const track = projects[side]?.sequences[sequence]?.tracksOfDocument[trackIndex];
+        if (!track)
+            return;
+        const hasMoved = side === 1 && remark.property === 'start';
+        const frame = hasMoved ? parseInt(remark.after, 10) : remark.frame;
+        const clip = track.clipsOfDocument[clipIndex] ?? findClip(track, frame, remark.clip);
+        assignRemark(remark, track, clip);
+    });
 }
 
-function assignRemark(remark, view, location) {
-    const track = view?.tracks.find(({id}) => id === location.track);
-    if (!track)
-        return;
-    const clip = findClip(track, location.frame, location.clip);
+function assignRemark(remark, track, clip) {
     if (!clip) {
         track.remarks.push(remark);
         return;
@@ -391,7 +378,7 @@ function searchTextOf(remark) {
 function locationText(remark) {
     const sequence = remark.track && data.cuts.length === 1 ? '' : remark.sequence;
     const time = [remark.start, remark.end].filter(Boolean).join(' to ');
-    const parts = [sequence, remark.track, remark.clip, time];
+    const parts = [sequence, remark.bin, remark.track, remark.clip, time];
     return parts.filter(Boolean).join(', ') || OF_DOCUMENT;
 }
 

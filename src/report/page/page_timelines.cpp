@@ -136,13 +136,25 @@ private:
         return {texts_.IndexOf(ChangeText(difference.change)),
                 texts_.IndexOf(SubjectText(difference.subject)),
                 texts_.IndexOf(difference.sequence),
+                texts_.IndexOf(difference.bin),
                 texts_.IndexOf(difference.track),
                 texts_.IndexOf(difference.name),
-                difference.frame,
                 texts_.IndexOf(difference.timecode),
                 texts_.IndexOf(difference.property),
                 texts_.IndexOf(difference.before),
-                texts_.IndexOf(difference.after)};
+                texts_.IndexOf(difference.after),
+                difference.frame,
+                LocationJson(difference.first),
+                LocationJson(difference.second)};
+    }
+
+    static Json LocationJson(const DifferenceLocation& location)
+    {
+        const auto indexOf = [](std::size_t index) {
+            return index == kNothing ? -1 : static_cast<std::int64_t>(index);
+        };
+        return {indexOf(location.sequence), indexOf(location.item.track),
+                indexOf(location.item.item)};
     }
 
     TextTable texts_;

@@ -10,12 +10,13 @@
 //        "tracks": [{"id": "V1", "name": 0, "enabled": true, "locked": false,
 //            "clips": [gap, length, name, source, kind, ...],
 //            "transitions": [gap, length, name, ...]}]}]}],
-//    "differences": [[change, subject, sequence, track, name, frame, timecode, property, before,
-//                     after], ...]}
+//    "differences": [[change, subject, sequence, bin, track, name, timecode, property, before,
+//                     after, frame, [sequence, track, clip], [sequence, track, clip]], ...]}
 //
 // Times are frames of the sequence; "frame" is the length of one in seconds, "start" the timecode
 // of the first. A kind is that of the source, 5 for a title, and 8 more for a clip that is switched
-// off. All of a difference but the frame are texts.
+// off. Up to the frame all of a difference are texts; then it has its indices in the first and the
+// second project, -1 for none.
 #pragma once
 
 #include "inspect/difference.h"
