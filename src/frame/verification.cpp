@@ -22,6 +22,7 @@ namespace {
 using Inspection::Change;
 using Inspection::Difference;
 using Inspection::Property;
+using Inspection::Subject;
 
 // What remarks explain whose ids begin so; others explain all that differs where they are.
 struct Explanation {
@@ -33,7 +34,8 @@ const Explanation kExplanations[] = {
     {"effect.", {Property::Effect, Property::EffectName, Property::Parameter}},
     {"keyframe.", {Property::Effect, Property::Parameter}},
     {"pan.", {Property::Effect, Property::Parameter}},
-    {"audio.", {Property::Effect, Property::Parameter, Property::Speed, Property::In, Property::Out}},
+    {"audio.",
+     {Property::Effect, Property::Parameter, Property::Speed, Property::In, Property::Out}},
     {"composite-mode.", {Property::CompositeMode}},
     {"label.", {Property::Label}},
     {"link.", {Property::Links}},
@@ -46,6 +48,11 @@ bool Explains(RemarkKind kind, Property property)
         if (id.starts_with(row.prefix))
             return std::ranges::find(row.properties, property) != row.properties.end();
     return true;
+}
+
+bool IsExtension(RemarkKind kind)
+{
+    return kind == RemarkKind::StartExtended || kind == RemarkKind::EndExtended;
 }
 
 // Where something is; a remark may know less than a difference.
@@ -66,6 +73,10 @@ public:
                 remark.kind);
             if (remark.sequence.empty())
                 clips_[UnescapeXML(remark.clip)].push_back(remark.kind);
+            // What happened to a transition for its sake is about the clip beside it.
+            if (IsExtension(remark.kind))
+                transitions_[{UnescapeXML(remark.sequence), TrackText(remark)}].push_back(
+                    remark.kind);
         }
     }
 
@@ -75,7 +86,9 @@ public:
         return Has(places_, exact, difference) ||
                Has(places_, Place{difference.sequence, difference.track}, difference) ||
                Has(places_, Place{difference.sequence}, difference) ||
-               Has(clips_, difference.name, difference);
+               Has(clips_, difference.name, difference) ||
+               (difference.subject == Subject::Transition &&
+                Has(transitions_, Place{difference.sequence, difference.track}, difference));
     }
 
 private:
@@ -92,21 +105,21 @@ private:
 
     std::map<Place, std::vector<RemarkKind>> places_;
     std::map<std::string, std::vector<RemarkKind>> clips_; // of remarks about media and bins
+    std::map<Place, std::vector<RemarkKind>> transitions_; // of remarks about clips beside them
 };
 
 Remark RemarkOf(const Difference& difference)
 {
     const bool isOfProperty = difference.kind != Property::None;
-    Remark remark{.kind = RemarkKind::Unexplained,
-                  .sequence = EscapeXML(difference.sequence),
-                  .clip = EscapeXML(difference.name),
-                  .bin = EscapeXML(difference.bin),
-                  .subject = EscapeXML(isOfProperty ? difference.property
-                                                    : SubjectText(difference.subject)),
-                  .detail = EscapeXML(
-                      isOfProperty
-                          ? fmt::format("\"{}\", was \"{}\"", difference.after, difference.before)
-                          : std::string(ChangeText(difference.change)))};
+    Remark remark{
+        .kind = RemarkKind::Unexplained,
+        .sequence = EscapeXML(difference.sequence),
+        .clip = EscapeXML(difference.name),
+        .bin = EscapeXML(difference.bin),
+        .subject = EscapeXML(isOfProperty ? difference.property : SubjectText(difference.subject)),
+        .detail = EscapeXML(
+            isOfProperty ? fmt::format("\"{}\", was \"{}\"", difference.after, difference.before)
+                         : std::string(ChangeText(difference.change)))};
     if (!difference.track.empty()) {
         remark.trackKind = difference.track.starts_with('V') ? 1 : 2;
         remark.trackIndex = ParseInt(std::string_view(difference.track).substr(1)) - 1;

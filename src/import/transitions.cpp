@@ -183,6 +183,9 @@ void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, Extension
         HasValue(clip, "PlaybackSpeed") ? DoubleProperty(clip, "PlaybackSpeed") : 1.0;
     const Ticks delta = std::max(extension.delta, -MediaBefore(clip, unit, speed));
     const Ticks shift = ScaledTicks(delta / unit, unit, speed);
+    ItemLocation location = LocationOfItem(context, subClip.GetProperty("Name"),
+                                           Int64Property(trackItem, "Start") / unit,
+                                           Int64Property(trackItem, "End") / unit);
 
     Ticks edge = 0;
     if (delta < 0) {
@@ -195,7 +198,8 @@ void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, Extension
         Move(clip, "OutPoint", shift);
         sequence.end = std::max(sequence.end, edge);
     }
-    AddItemIssue(sequence.state, LocationOfItem(context, subClip.GetProperty("Name"), edge / unit),
+    location.time = sequence.timecode.TextOf(edge / unit);
+    AddItemIssue(sequence.state, location,
                  delta < 0 ? ImportIssue::StartOfClipExtended : ImportIssue::EndOfClipExtended,
                  transitionName);
 }

@@ -193,7 +193,7 @@ TEST(RemarkKinds, HaveIdsOfTheirOwnAndSentences)
     std::set<std::string_view> ids;
     for (const RemarkRow& row : RemarkRows()) {
         EXPECT_TRUE(ids.insert(row.id).second) << row.id;
-        EXPECT_TRUE(row.reason.ends_with('.') || row.reason == "$2") << row.id;
+        EXPECT_TRUE(row.reason.ends_with('.') || row.reason.ends_with("$2")) << row.id;
         EXPECT_TRUE(row.remedy.empty() || row.remedy.ends_with('.')) << row.id;
     }
 }
