@@ -15,7 +15,7 @@ struct DocumentTimelines {
     int result = kSuccess; // a ConversionResult
     ReadStop stop;         // where reading stopped early
     EncodingFaults encoding;
-    bool isHandOff = false; // of the audio hand-off, which is taken to the letter
+    bool isHandOff = false;      // of the audio hand-off, which is taken to the letter
     Inspection::Project project; // as far as it could be read
 };
 

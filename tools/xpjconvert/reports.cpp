@@ -114,9 +114,9 @@ std::string Reports::TextOf(const std::string& path, const ConversionOutcome& ou
 // What was read, with what became of it.
 std::string Reports::PageOf(const std::string& accountJson) const
 {
-    const DocumentTimelines read = ReadTimelinesOfFile(
-        request_.inputPath,
-        options_.strict ? DocumentReading::ToTheLetter : DocumentReading::AsMeant);
+    const DocumentTimelines read =
+        ReadTimelinesOfFile(request_.inputPath, options_.strict ? DocumentReading::ToTheLetter
+                                                                : DocumentReading::AsMeant);
     return PageText({.title = std::string(FileNameOf(request_.inputPath)),
                      .accountJson = accountJson,
                      .first = &read.project});
