@@ -199,9 +199,9 @@ void AddMissingHalves(DialectPass& pass)
             continue;
         for (const ObjectHandle& file : uses.definitions) {
             const ObjectHandle media = GetOrAddChild(pass.Nodes(), file, "media");
-            if (lacksVideo)
+            if (uses.onVideo && !media.HasChild("video"))
                 AddNew(pass.Nodes(), media, "video");
-            if (lacksAudio)
+            if (uses.onAudio && !media.HasChild("audio"))
                 AddAudio(pass, uses, media);
         }
         pass.Assume(uses.Name());

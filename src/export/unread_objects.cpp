@@ -89,19 +89,37 @@ constexpr EmptyField kEmptyFields[] = {
     {"VideoStream", "OriginalFieldType", "the field order in use counts"},
 };
 
+bool IsFor(const EmptyField& row, Name owner, Name field)
+{
+    return owner.View().ends_with(row.owner) && (row.field.IsEmpty() || row.field == field);
+}
+
 // The rules of effects account for parameters.
+bool IsParameter(Name name)
+{
+    return name.View().ends_with("ComponentParam");
+}
+
+Exemption ExemptionOf(Name owner, Name field)
+{
+    if (IsUnusedProjectField(field) || IsParameter(owner) || IsParameter(field))
+        return Exemption::Always;
+    Exemption exemption = Exemption::None;
+    for (const EmptyField& row : kEmptyFields)
+        if (IsFor(row, owner, field)) {
+            if (row.neutral.empty())
+                return Exemption::Always;
+            exemption = Exemption::ByPlace;
+        }
+    return exemption;
+}
+
 bool IsExempt(TreePath path, Name field)
 {
     const ConstHandle owner = path.back();
-    const std::string_view ownerName = owner.GetName().View();
-    constexpr std::string_view kParameter = "ComponentParam";
-    return IsUnusedProjectField(field) || field.View().ends_with(kParameter) ||
-           ownerName.ends_with(kParameter) ||
-           std::ranges::any_of(kEmptyFields, [&](const EmptyField& row) {
-               return ownerName.ends_with(row.owner) &&
-                      (row.field.IsEmpty() || row.field == field) &&
-                      (row.neutral.empty() || owner.GetProperty(field) == row.neutral);
-           });
+    return std::ranges::any_of(kEmptyFields, [&](const EmptyField& row) {
+        return IsFor(row, owner.GetName(), field) && owner.GetProperty(field) == row.neutral;
+    });
 }
 
 bool EndsWith(ConstHandle node, std::string_view end)
@@ -153,7 +171,12 @@ Remark PlaceOf(TreePath path)
 
 void AddUnreadObjects(ConstHandle root, Account& account)
 {
-    AddUnread(root.GetChild("Project"), {.isExempt = IsExempt, .placeOf = PlaceOf}, account);
+    AddUnread(root.GetChild("Project"),
+              {.exemptionOf = ExemptionOf,
+               .isExempt = IsExempt,
+               .isSkipped = [](ConstHandle) { return false; },
+               .placeOf = PlaceOf},
+              account);
 }
 
 void AddIgnoredObjects(const std::vector<IgnoredElements>& ignored, Account& account)

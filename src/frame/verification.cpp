@@ -19,7 +19,6 @@ namespace XPJ {
 
 namespace {
 
-using Inspection::Change;
 using Inspection::Difference;
 using Inspection::Property;
 using Inspection::Subject;

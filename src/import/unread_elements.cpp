@@ -28,11 +28,6 @@ ConstHandle Around(Path path, std::initializer_list<Name> names)
 
 // ---- What counts for nothing
 
-bool IsAny(Path)
-{
-    return true;
-}
-
 // The items of a browser clip show its file, as the clip itself states.
 bool IsInBrowserClip(Path path)
 {
@@ -56,14 +51,15 @@ bool IsIdentity(Path path)
 }
 
 // Of the definitions of one file the first counts, and its media are looked at.
-bool IsInRepeatedFile(Path path)
+bool IsRepeatedFile(ConstHandle node)
 {
-    const ConstHandle file = Around(path, {"file"});
-    const auto children = file.GetChildren();
+    if (node.GetName() != "file")
+        return false;
+    const auto children = node.GetChildren();
     for (const ConstHandle& child : children)
         if (child.GetName() == "media" && child.IsRead())
             return false;
-    return static_cast<bool>(file);
+    return true;
 }
 
 // What carries nothing that a project could hold, beside the fields that the table of elements
@@ -72,7 +68,7 @@ struct EmptyField {
     Name owner; // the element around it, empty for any
     Name field; // empty for any
     std::string_view reason;
-    bool (*holds)(Path) = IsAny;
+    bool (*holds)(Path) = nullptr; // null: everywhere
 };
 
 constexpr std::string_view kOfFile = "the file states it as well, and that counts";
@@ -87,7 +83,6 @@ constexpr EmptyField kEmptyFields[] = {
     {{}, "fileid", kBound},
     {{}, "clipid", kBound},
     {{}, "sequenceid", kBound},
-    {{}, {}, "an earlier definition of the file counts", IsInRepeatedFile},
     {"timecode", "string", "the frame counts"},
     {"clipitem", "link", kFoundById},
     {"link", {}, kFoundById},
@@ -135,14 +130,31 @@ constexpr EmptyField kEmptyFields[] = {
     {"value", {}, kAccounted},
 };
 
+bool IsFor(const EmptyField& row, Name owner, Name field)
+{
+    return (row.owner.IsEmpty() || row.owner == owner) &&
+           (row.field.IsEmpty() || row.field == field);
+}
+
+Exemption ExemptionOf(Name owner, Name field)
+{
+    if (IsUnusedField(owner, field))
+        return Exemption::Always;
+    Exemption exemption = Exemption::None;
+    for (const EmptyField& row : kEmptyFields)
+        if (IsFor(row, owner, field)) {
+            if (row.holds == nullptr)
+                return Exemption::Always;
+            exemption = Exemption::ByPlace;
+        }
+    return exemption;
+}
+
 bool IsExempt(Path path, Name field)
 {
-    const ConstHandle owner = path.back();
-    return IsUnusedField(owner.GetName(), field) ||
-           std::ranges::any_of(kEmptyFields, [&](const EmptyField& row) {
-               return (row.owner.IsEmpty() || row.owner == owner.GetName()) &&
-                      (row.field.IsEmpty() || row.field == field) && row.holds(path);
-           });
+    return std::ranges::any_of(kEmptyFields, [&](const EmptyField& row) {
+        return IsFor(row, path.back().GetName(), field) && row.holds != nullptr && row.holds(path);
+    });
 }
 
 // Elements of documents that the format has no use for.
@@ -231,7 +243,12 @@ Remark PlaceOf(Path path)
 
 void AddUnreadElements(ConstHandle root, Account& account)
 {
-    AddUnread(root, {.isExempt = IsExempt, .placeOf = PlaceOf}, account);
+    AddUnread(root,
+              {.exemptionOf = ExemptionOf,
+               .isExempt = IsExempt,
+               .isSkipped = IsRepeatedFile,
+               .placeOf = PlaceOf},
+              account);
 }
 
 void AddIgnoredElements(const std::vector<IgnoredElements>& ignored, Account& account)

@@ -40,6 +40,20 @@ std::string Joined(std::initializer_list<std::string> parts, std::string_view se
     return text;
 }
 
+// Equal for remarks of one kind and path whose reasons are equal.
+std::string KeyOf(const Remark& remark)
+{
+    const RemarkRow& row = RowOf(remark.kind);
+    const bool hasDetail = row.reason.find("$2") != std::string_view::npos;
+    std::string key(row.id);
+    for (const std::string_view part :
+         {std::string_view(remark.subject),
+          hasDetail ? std::string_view(remark.detail) : std::string_view(),
+          std::string_view(remark.path)})
+        key.append("\n").append(part);
+    return key;
+}
+
 bool IsWorse(const RemarkGroup& a, const RemarkGroup& b)
 {
     const auto key = [](const RemarkGroup& group) {
@@ -109,12 +123,9 @@ std::vector<RemarkGroup> GroupRemarks(const std::vector<Remark>& remarks)
     std::vector<RemarkGroup> groups;
     std::unordered_map<std::string, std::size_t> indices;
     for (const Remark& remark : remarks) {
-        const RemarkRow& row = RowOf(remark.kind);
-        std::string reason = ReasonText(remark);
-        const std::string key = Joined({std::string(row.id), reason, remark.path}, "\n");
-        const auto [entry, isNew] = indices.try_emplace(key, groups.size());
+        const auto [entry, isNew] = indices.try_emplace(KeyOf(remark), groups.size());
         if (isNew)
-            groups.push_back({&row, std::move(reason), RemedyText(remark), {}, 0});
+            groups.push_back({&RowOf(remark.kind), ReasonText(remark), RemedyText(remark), {}, 0});
         RemarkGroup& group = groups[entry->second];
         group.remarks.push_back(&remark);
         group.count += remark.count;

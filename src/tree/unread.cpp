@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -84,6 +85,8 @@ private:
 
     void Take(ConstHandle child)
     {
+        if (rules_.isSkipped(child))
+            return;
         if (child.IsRead() || IsAnyRead(child))
             Enter(child);
         else if (HasContent(child))
@@ -92,7 +95,7 @@ private:
 
     void Report(Name name)
     {
-        if (rules_.isExempt(path_, name))
+        if (IsExempt(name))
             return;
         std::string text = PathText(path_, name);
         UnreadPath& entry = found_[text];
@@ -106,7 +109,33 @@ private:
         entry.places.push_back(std::move(place));
     }
 
+    bool IsExempt(Name field)
+    {
+        const Name owner = path_.back().GetName();
+        const auto [entry, isNew] =
+            exemptions_.try_emplace({owner.Text(), field.Text()}, Exemption::None);
+        if (isNew)
+            entry->second = rules_.exemptionOf(owner, field);
+        return entry->second == Exemption::Always ||
+               (entry->second == Exemption::ByPlace && rules_.isExempt(path_, field));
+    }
+
+    // Names are parts of tables, or interned: the text of one is in few places.
+    struct NameTexts {
+        const char* owner;
+        const char* field;
+        bool operator==(const NameTexts&) const = default;
+    };
+    struct NameTextsHash {
+        std::size_t operator()(const NameTexts& names) const
+        {
+            const std::hash<const char*> hash;
+            return hash(names.owner) * 31 + hash(names.field);
+        }
+    };
+
     const UnreadRules& rules_;
+    std::unordered_map<NameTexts, Exemption, NameTextsHash> exemptions_;
     std::map<std::string, UnreadPath> found_;
     std::vector<ConstHandle> path_;
     std::vector<ConstChildRange::Iterator> open_; // the next child of each node of the path

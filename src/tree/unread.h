@@ -15,11 +15,18 @@ namespace XPJ {
 // From the root to the owner of a property, or of a child node.
 using TreePath = std::span<const ConstHandle>;
 
+// Whether fields of a name in owners of a name count.
+enum class Exemption { None, Always, ByPlace };
+
 struct UnreadRules {
-    // What doesn't count, by its owner and its own name.
-    std::function<bool(TreePath, Name)> isExempt;
+    // By the names of the owner and of the property or child; found out once for each pair.
+    Exemption (*exemptionOf)(Name owner, Name field);
+    // For what is exempt by its place.
+    bool (*isExempt)(TreePath path, Name field);
+    // True for a node in which nothing counts.
+    bool (*isSkipped)(ConstHandle node);
     // A remark with the place of what is at the path.
-    std::function<Remark(TreePath)> placeOf;
+    Remark (*placeOf)(TreePath path);
 };
 
 // Enters remarks for properties with a value, and children with content, that were not looked up;
