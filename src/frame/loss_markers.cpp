@@ -10,8 +10,6 @@
 #include <unordered_map>
 #include <vector>
 
-#include <fmt/format.h>
-
 namespace XPJ {
 
 namespace {
@@ -25,8 +23,10 @@ struct MarkerFormat {
 
 std::string NameOf(const Remark& remark)
 {
-    return EscapeXML(
-        fmt::format("{}: {}", OutcomeText(RowOf(remark.kind).outcome), UnescapeXML(remark.clip)));
+    std::string name(OutcomeText(RowOf(remark.kind).outcome));
+    if (!remark.clip.empty())
+        name.append(": ").append(UnescapeXML(remark.clip));
+    return EscapeXML(name);
 }
 
 void AddXmemlMarker(Document& document, ObjectHandle sequence, const Remark& remark)

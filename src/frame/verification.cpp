@@ -126,9 +126,14 @@ Remark RemarkOf(const Difference& difference)
     return remark;
 }
 
+bool IsNewMarker(const Difference& difference)
+{
+    return difference.subject == Subject::Marker && difference.change == Inspection::Change::Added;
+}
+
 } // namespace
 
-void AddUnexplained(const ComparedTimelines& documents, Account& account)
+void AddUnexplained(const ComparedTimelines& documents, bool marksLosses, Account& account)
 {
     const auto& [input, output] = documents;
     if (input.result != kSuccess || output.result != kSuccess) {
@@ -139,7 +144,7 @@ void AddUnexplained(const ComparedTimelines& documents, Account& account)
     const KnownRemarks known(account);
     std::vector<Remark> unexplained;
     for (const Difference& difference : Compare(input.project, output.project))
-        if (!known.Explain(difference))
+        if (!known.Explain(difference) && !(marksLosses && IsNewMarker(difference)))
             unexplained.push_back(RemarkOf(difference));
     account.remarks.insert(account.remarks.end(), unexplained.begin(), unexplained.end());
 }

@@ -266,6 +266,43 @@ CHECK
     expect_status 11 --fail-on cut-off cut.xml
 }
 
+# Two clips of one file, the second with CONTENT.
+#   two_clips CONTENT
+two_clips() {
+    local item='<clipitem id="%s"><name>A</name><duration>50</duration>%s<start>%s</start><end>%s</end><in>0</in><out>50</out><file id="f">%s</file>%s</clipitem>'
+    local rate='<rate><timebase>25</timebase><ntsc>FALSE</ntsc></rate>'
+    local format='<samplecharacteristics><width>1920</width><height>1080</height><pixelaspectratio>square</pixelaspectratio></samplecharacteristics>'
+    printf '<xmeml version="4"><sequence id="s"><name>Cut</name>%s<media><video><format>%s</format><track>' \
+        "$rate" "$format"
+    # shellcheck disable=SC2059
+    printf "$item$item" \
+        a "$rate" 0 50 "<name>A.mov</name><pathurl>file:///m/A.mov</pathurl>$rate<duration>50</duration><media><video>$format</video></media>" '' \
+        b "$rate" 100 150 '' "$1"
+    printf '</track></video></media></sequence></xmeml>\n'
+}
+
+# What nobody looked at is told, and what was written is read back and marked.
+losses() {
+    local filter='<filter><effect><name>Tom</name><effectid>Tom</effectid><effecttype>filter</effecttype><mediatype>video</mediatype></effect></filter>'
+    two_clips '' >one.xml
+    expect_status 0 --quiet --verify one.xml
+    expect_text out 'nothing was lost (verified)'
+
+    two_clips "<logginginfo><lognote>take 2</lognote></logginginfo><fold><depth>2</depth></fold>$filter" >one.xml
+    expect_status 0 --quiet --report one.json --verify --mark-losses one.xml
+    expect_text one.json '"path": "xmeml/sequence/media/video/track/clipitem/logginginfo"'
+    expect_text one.json '"path": "xmeml/sequence/media/video/track/clipitem/fold"'
+    expect_no_text one.json 'fold/depth'
+    expect_no_text one.json unexplained
+    expect_status 0 --inspect one.vlproj
+    expect_text out 'marker 00:00:04:00 "lost: A"'
+    # The markers are part of the cut now, and an export marks nothing when nothing is lost.
+    expect_status 0 --verify --mark-losses one.vlproj back.xml
+    tail -1 out >closing
+    expect_text closing 'nothing was lost (verified)'
+    [ "$(grep -c '<name>lost: A</name>' back.xml)" = 2 ] || fail 'markers of an export'
+}
+
 # Runs at once into one folder: each has a report of its own, and names it in its project.
 parallel_reports() {
     local i version named

@@ -68,7 +68,7 @@ int Convert(const ToolOptions& options, ConversionRequest& request)
         AddUnexplained(ReadForComparison(request.inputPath, request.outputPath,
                                          options.strict ? DocumentReading::ToTheLetter
                                                         : DocumentReading::AsMeant),
-                       outcome.account);
+                       request.markLosses, outcome.account);
     const std::string problems = reports.Write(outcome);
     if (!options.quiet)
         PrintLosses(outcome);
