@@ -34,7 +34,7 @@ std::string TimeOf(const FrameSpan& span, std::int64_t frame)
     return frame < 0 ? std::string() : span.Timecode(frame);
 }
 
-Fields FieldsOf(const Remark& remark)
+Fields FieldsOf(const Remark& remark, RemarkTexts& texts)
 {
     const RemarkRow& row = RowOf(remark.kind);
     std::string clip = UnescapeXML(remark.clip);
@@ -53,8 +53,8 @@ Fields FieldsOf(const Remark& remark)
         {"frame", remark.span.start < 0 ? kAbsent : remark.span.start},
         {"clip", std::move(clip)},
         {"subject", UnescapeXML(remark.subject)},
-        {"reason", ReasonText(remark)},
-        {"remedy", RemedyText(remark)},
+        {"reason", texts.Reason(remark)},
+        {"remedy", texts.Remedy(remark)},
     }};
 }
 
@@ -64,10 +64,10 @@ bool IsPresent(const Field& field)
     return text ? !text->empty() : std::get<std::int64_t>(field.value) != kAbsent;
 }
 
-Json JsonOf(const Remark& remark)
+Json JsonOf(const Fields& fields)
 {
     Json item = Json::object();
-    for (const Field& field : FieldsOf(remark))
+    for (const Field& field : fields)
         if (IsPresent(field))
             std::visit([&](const auto& value) { item[std::string(field.name)] = value; },
                        field.value);
@@ -80,6 +80,11 @@ Json JsonOf(const OutcomeCounts& counts)
     for (std::size_t i = 0; i < counts.size(); ++i)
         totals[std::string(OutcomeText(static_cast<RemarkOutcome>(i)))] = counts[i];
     return totals;
+}
+
+std::string DumpOf(const Json& json, int indent)
+{
+    return json.dump(indent, ' ', false, Json::error_handler_t::replace);
 }
 
 // RFC 4180.
@@ -161,16 +166,20 @@ std::string AccountText(const ReportHeader& header, const Account& account)
     return text;
 }
 
+// A line for each item: a report may have a hundred thousand, and no tree of them is made.
 std::string AccountJson(const ReportHeader& header, const Account& account)
 {
-    Json items = Json::array();
-    for (const Remark& remark : account.remarks)
-        items.push_back(JsonOf(remark));
-    const Json report = {{"tool", header.tool},      {"date", header.date},
-                         {"input", header.input},    {"output", header.output},
-                         {"result", header.result},  {"totals", JsonOf(CountOutcomes(account))},
-                         {"items", std::move(items)}};
-    return report.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";
+    const Json head = {{"tool", header.tool},     {"date", header.date},
+                       {"input", header.input},   {"output", header.output},
+                       {"result", header.result}, {"totals", JsonOf(CountOutcomes(account))}};
+    std::string text = DumpOf(head, 1);
+    text.resize(text.size() - std::string_view("\n}").size());
+    text += ",\n \"items\": [";
+    RemarkTexts texts;
+    for (std::size_t i = 0; i < account.remarks.size(); ++i)
+        text.append(i > 0 ? ",\n  " : "\n  ")
+            .append(DumpOf(JsonOf(FieldsOf(account.remarks[i], texts)), -1));
+    return text += "\n ]\n}\n";
 }
 
 std::string AccountCsv(const Account& account)
@@ -181,9 +190,11 @@ std::string AccountCsv(const Account& account)
             text.append(i > 0 ? "," : "").append(textOf(fields[i]));
         text += "\r\n";
     };
-    appendLine(FieldsOf(Remark()), [](const Field& field) { return std::string(field.name); });
+    RemarkTexts texts;
+    appendLine(FieldsOf(Remark(), texts),
+               [](const Field& field) { return std::string(field.name); });
     for (const Remark& remark : account.remarks)
-        appendLine(FieldsOf(remark), [](const Field& field) { return CsvText(field); });
+        appendLine(FieldsOf(remark, texts), [](const Field& field) { return CsvText(field); });
     return text;
 }
 

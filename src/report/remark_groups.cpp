@@ -88,15 +88,24 @@ void AppendLine(std::string& text, const std::string& line)
 
 } // namespace
 
-std::string ReasonText(const Remark& remark)
+std::string RemarkTexts::Reason(const Remark& remark)
 {
-    return FormatMessage(Localized(ReasonKey(RowOf(remark.kind))),
+    return FormatMessage(Of(remark.kind).reason,
                          {UnescapeXML(remark.subject), UnescapeXML(remark.detail)});
 }
 
-std::string RemedyText(const Remark& remark)
+const RemarkTexts::KindTexts& RemarkTexts::Of(RemarkKind kind)
 {
-    return Localized(RemedyKey(RowOf(remark.kind)));
+    kinds_.resize(RemarkRows().size());
+    KindTexts& texts = kinds_[static_cast<std::size_t>(kind)];
+    if (!texts.isKnown)
+        texts = {Localized(ReasonKey(RowOf(kind))), Localized(RemedyKey(RowOf(kind))), true};
+    return texts;
+}
+
+std::string ReasonText(const Remark& remark)
+{
+    return RemarkTexts().Reason(remark);
 }
 
 std::string TrackText(const Remark& remark)
@@ -122,10 +131,12 @@ std::vector<RemarkGroup> GroupRemarks(const std::vector<Remark>& remarks)
 {
     std::vector<RemarkGroup> groups;
     std::unordered_map<std::string, std::size_t> indices;
+    RemarkTexts texts;
     for (const Remark& remark : remarks) {
         const auto [entry, isNew] = indices.try_emplace(KeyOf(remark), groups.size());
         if (isNew)
-            groups.push_back({&RowOf(remark.kind), ReasonText(remark), RemedyText(remark), {}, 0});
+            groups.push_back(
+                {&RowOf(remark.kind), texts.Reason(remark), texts.Remedy(remark), {}, 0});
         RemarkGroup& group = groups[entry->second];
         group.remarks.push_back(&remark);
         group.count += remark.count;

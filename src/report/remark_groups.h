@@ -9,11 +9,27 @@
 
 namespace XPJ {
 
-// What happened, with its names filled in and without entities.
-//   "The effect <Sepia> has no counterpart."
+// The texts of the kinds in the running locale, each looked up once.
+class RemarkTexts {
+public:
+    // What happened, with its names filled in and without entities.
+    //   "The effect <Sepia> has no counterpart."
+    std::string Reason(const Remark& remark);
+    // What the user can do about it; empty where there is nothing.
+    const std::string& Remedy(const Remark& remark) { return Of(remark.kind).remedy; }
+
+private:
+    struct KindTexts {
+        std::string reason;
+        std::string remedy;
+        bool isKnown = false;
+    };
+    const KindTexts& Of(RemarkKind kind);
+
+    std::vector<KindTexts> kinds_;
+};
 std::string ReasonText(const Remark& remark);
-// What the user can do about it; empty where there is nothing.
-std::string RemedyText(const Remark& remark);
+
 // "V1", "A2"; empty for what is on no track.
 std::string TrackText(const Remark& remark);
 // "Cut 1, V1, 01:00:00:00, A001", or "Day 1/Sound/A001" for a clip of a bin, or a path of elements.

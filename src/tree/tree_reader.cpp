@@ -208,6 +208,7 @@ std::vector<IgnoredElements> TreeReader::Ignored() const
     std::vector<IgnoredElements> result;
     for (const auto& [key, entry] : ignored_)
         result.push_back(entry);
+    std::ranges::sort(result, {}, &IgnoredElements::path);
     return result;
 }
 

@@ -7,10 +7,10 @@
 #include "tree/tokeniser.h"
 
 #include <cstdint>
-#include <map>
+#include <functional>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 namespace XPJ {
@@ -99,8 +99,20 @@ private:
     IdTable ids_;
     std::vector<Element> open_;
     Name openLeaf_;
-    // By rule and tag, and the outermost ignored element that is open, in that many elements.
-    std::map<std::pair<std::uint16_t, std::string_view>, IgnoredElements> ignored_;
+    // What a rule ignored.
+    struct IgnoredKey {
+        std::uint16_t rule;
+        std::string_view tag;
+        bool operator==(const IgnoredKey&) const = default;
+    };
+    struct IgnoredHash {
+        std::size_t operator()(const IgnoredKey& key) const
+        {
+            return std::hash<std::string_view>()(key.tag) * 31 + key.rule;
+        }
+    };
+    std::unordered_map<IgnoredKey, IgnoredElements, IgnoredHash> ignored_;
+    // The outermost ignored element that is open, in that many elements.
     std::string_view openIgnored_;
     std::size_t ignoredDepth_ = 0;
     Token fault_ = Token::EndOfInput; // what else ended the reading

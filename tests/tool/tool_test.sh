@@ -243,7 +243,7 @@ report_files() {
     expect_text out 'The effect <Tom & "Co" (Tom)> has no counterpart.'
     expect_text tom.TXT 'The effect <Tom & "Co" (Tom)> has no counterpart.'
     expect_text tom.csv '"Tom & ""Co"" (Tom)"'
-    expect_text tom.json '"subject": "Tom & \"Co\" (Tom)"'
+    expect_text tom.json '"subject":"Tom & \"Co\" (Tom)"'
     if python3 -c 'import jsonschema' 2>/dev/null; then
         python3 - tom.json "$samples/../docs/report.schema.json" <<'CHECK' || fail 'tom.json is not as its schema'
 import json, sys, jsonschema
@@ -290,8 +290,8 @@ losses() {
 
     two_clips "<logginginfo><lognote>take 2</lognote></logginginfo><fold><depth>2</depth></fold>$filter" >one.xml
     expect_status 0 --quiet --report one.json --verify --mark-losses one.xml
-    expect_text one.json '"path": "xmeml/sequence/media/video/track/clipitem/logginginfo"'
-    expect_text one.json '"path": "xmeml/sequence/media/video/track/clipitem/fold"'
+    expect_text one.json '"path":"xmeml/sequence/media/video/track/clipitem/logginginfo"'
+    expect_text one.json '"path":"xmeml/sequence/media/video/track/clipitem/fold"'
     expect_no_text one.json 'fold/depth'
     expect_no_text one.json unexplained
     expect_status 0 --inspect one.vlproj
