@@ -62,6 +62,12 @@ bool IsRepeatedFile(ConstHandle node)
     return true;
 }
 
+// A linked item is found by its id, and a link to nobody is a remark of its own.
+bool IsSkipped(ConstHandle node)
+{
+    return node.GetName() == "link" || IsRepeatedFile(node);
+}
+
 // What carries nothing that a project could hold, beside the fields that the table of elements
 // states no translation uses.
 struct EmptyField {
@@ -73,7 +79,6 @@ struct EmptyField {
 
 constexpr std::string_view kOfFile = "the file states it as well, and that counts";
 constexpr std::string_view kOfClip = "the clip around it states it as well";
-constexpr std::string_view kFoundById = "the linked item is found by its id";
 constexpr std::string_view kOfEffect = "the id identifies the effect";
 constexpr std::string_view kAccounted = "the rules of effects account for parameters";
 constexpr std::string_view kBound = "the reference is bound";
@@ -84,8 +89,6 @@ constexpr EmptyField kEmptyFields[] = {
     {{}, "clipid", kBound},
     {{}, "sequenceid", kBound},
     {"timecode", "string", "the frame counts"},
-    {"clipitem", "link", kFoundById},
-    {"link", {}, kFoundById},
     {"clipitem", "anamorphic", kOfFile},
     {"clipitem", "fielddominance", kOfFile},
     {"clipitem", "pixelaspectratio", kOfFile},
@@ -246,7 +249,7 @@ void AddUnreadElements(ConstHandle root, Account& account)
     AddUnread(root,
               {.exemptionOf = ExemptionOf,
                .isExempt = IsExempt,
-               .isSkipped = IsRepeatedFile,
+               .isSkipped = IsSkipped,
                .placeOf = PlaceOf},
               account);
 }

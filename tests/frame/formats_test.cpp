@@ -13,8 +13,10 @@ namespace {
 
 TEST(FormatOfText, GoesByTheDocumentElement)
 {
+    std::string farFromTheStart(70000, ' ');
+    farFromTheStart += kSmallProject;
     const struct {
-        std::string text;
+        std::string_view text;
         std::string_view extension;
     } rows[] = {
         {kSmallXML, "xml"},
@@ -22,7 +24,7 @@ TEST(FormatOfText, GoesByTheDocumentElement)
         {"<!-- VelaData --><xmeml version=\"4\"/>", "xml"},
         {"<VelaData><Name>xmeml</Name></VelaData>", "vlproj"},
         {"<VelaData><xmeml/></VelaData>", "xml"},
-        {std::string(70000, ' ') + kSmallProject, "xml"}, // far from the start
+        {farFromTheStart, "xml"},
         {"plain text", "xml"},
         {"", "xml"},
     };
