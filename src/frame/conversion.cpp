@@ -72,8 +72,8 @@ public:
         stages.Run([this] { return Read(); });
         stages.Run([this] { return IsImport() ? Import() : Export(); });
         stages.Run([this] { return Write(); });
-        stages.Run([this] { return ReleaseTree(translated_, progress_); });
-        stages.Run([this] { return ReleaseTree(source_, progress_); });
+        stages.Run([this] { return ReleaseTree(translatedDocument_, progress_); });
+        stages.Run([this] { return ReleaseTree(sourceDocument_, progress_); });
         return stages.Result();
     }
 
