@@ -85,6 +85,7 @@ ListedChoice ChooseListed(const std::vector<Inspection::Sequence>& sequences,
                           std::string_view wanted)
 {
     std::vector<ListedSequence> listed;
+    listed.reserve(sequences.size());
     for (const Inspection::Sequence& sequence : sequences)
         listed.push_back({sequence.name, sequence.id, {}});
     return ChooseListed(listed, wanted);

@@ -149,6 +149,11 @@ private:
                 {"browser", std::move(browser)}};
     }
 
+    static Otio::SourceTime TimeOf(const MediaFile& file)
+    {
+        return {file.format.ticks, file.start};
+    }
+
     Json EntryMetadata(const Entry& entry) const
     {
         constexpr const char* kKinds[] = {"bin", "clip", "sequence"};
@@ -156,8 +161,12 @@ private:
                   {"depth", entry.depth},
                   {"name", entry.name}};
         AddText(json, "label", entry.label);
-        if (entry.mediaFile != kNothing)
-            json["media"] = Otio::MediaReference(project_.mediaFiles[entry.mediaFile]);
+        if (entry.mediaFile == kNothing)
+            return json;
+        const MediaFile& file = project_.mediaFiles[entry.mediaFile];
+        json["media"] = Otio::MediaReference(file);
+        if (!entry.markers.empty())
+            json["markers"] = Otio::Markers(entry.markers, TimeOf(file));
         return json;
     }
 
@@ -170,7 +179,7 @@ private:
             Json metadata = Json::object();
             AddText(metadata, "label", entry.label);
             Json clip = Otio::MakeComponent("Clip.2", entry.name, std::move(metadata));
-            clip["markers"] = Otio::Markers(entry.markers, {file.format.ticks, file.start});
+            clip["markers"] = Otio::Markers(entry.markers, TimeOf(file));
             SetReference(clip, Otio::MediaReference(file));
             lines_.Add(clip);
         }

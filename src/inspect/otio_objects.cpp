@@ -152,11 +152,11 @@ Json MakeComponent(std::string_view schema, std::string name, Json metadata)
 Json RationalTime(Ticks time, Ticks frameTicks)
 {
     const auto frame = static_cast<double>(frameTicks);
-    const auto whole = static_cast<double>(time / frameTicks);
-    const auto rest = static_cast<double>(time % frameTicks);
+    const Ticks whole = time / frameTicks;
+    const Ticks rest = time % frameTicks;
     return {{"OTIO_SCHEMA", "RationalTime.1"},
             {"rate", static_cast<double>(kTicksPerSecond) / frame},
-            {"value", whole + rest / frame}};
+            {"value", static_cast<double>(whole) + static_cast<double>(rest) / frame}};
 }
 
 Json TimeRange(const Range& range)

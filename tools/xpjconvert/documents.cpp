@@ -168,7 +168,7 @@ std::string OutputNameOf(const std::string& place, std::string_view extension)
 
 std::string OutputPathOf(const ToolOptions& options, const std::string& name, const Format& to)
 {
-    const std::string file = OutputNameOf(name, options.toOtio ? kOtioExtension : to.extension);
+    std::string file = OutputNameOf(name, options.toOtio ? kOtioExtension : to.extension);
     if (options.output.empty())
         return file;
     std::error_code error;

@@ -297,9 +297,13 @@ void CheckOtio(const CommandLine& line)
 {
     const ToolOptions& options = line.options;
     const std::pair<bool, std::string_view> excluded[] = {
-        {options.verify, "--verify"},           {!options.reports.empty(), "--report"},
-        {!options.failOn.empty(), "--fail-on"}, {options.request.markLosses, "--mark-losses"},
-        {options.handOff, "--handoff"},         {line.noAdditions, "--no-additions"},
+        {options.verify, "--verify"},
+        {!options.reports.empty(), "--report"},
+        {!options.reportFolder.empty(), "--report-dir"},
+        {!options.failOn.empty(), "--fail-on"},
+        {options.request.markLosses, "--mark-losses"},
+        {options.handOff, "--handoff"},
+        {line.noAdditions, "--no-additions"},
     };
     for (const auto& [isGiven, name] : excluded)
         if (isGiven)
