@@ -15,6 +15,16 @@ namespace {
 
 constexpr const char* kNamespace = "vela_fcpxml";
 
+// An object of so many fields at most: files consist of small ones, and growing them costs more
+// than all else.
+Json Typed(std::string_view schema, std::size_t fields)
+{
+    Json json = Json::object();
+    json.get_ref<Json::object_t&>().reserve(fields);
+    json["OTIO_SCHEMA"] = schema;
+    return json;
+}
+
 Json SimpleRange(Ticks start, Ticks duration, Ticks frameTicks)
 {
     return TimeRange({start, frameTicks, duration, frameTicks});
@@ -133,7 +143,10 @@ void AddSpeed(const Item& item, const SourceTime& time, Json& effects)
 
 Json MakeObject(std::string_view schema, std::string name, Json metadata)
 {
-    Json object{{"OTIO_SCHEMA", schema}, {"name", std::move(name)}, {"metadata", Json::object()}};
+    constexpr std::size_t kMostFields = 10; // a clip's
+    Json object = Typed(schema, kMostFields);
+    object["name"] = std::move(name);
+    object["metadata"] = Json::object();
     if (!metadata.empty())
         object["metadata"][kNamespace] = std::move(metadata);
     return object;
@@ -154,16 +167,18 @@ Json RationalTime(Ticks time, Ticks frameTicks)
     const auto frame = static_cast<double>(frameTicks);
     const Ticks whole = time / frameTicks;
     const Ticks rest = time % frameTicks;
-    return {{"OTIO_SCHEMA", "RationalTime.1"},
-            {"rate", static_cast<double>(kTicksPerSecond) / frame},
-            {"value", static_cast<double>(whole) + static_cast<double>(rest) / frame}};
+    Json json = Typed("RationalTime.1", 3);
+    json["rate"] = static_cast<double>(kTicksPerSecond) / frame;
+    json["value"] = static_cast<double>(whole) + static_cast<double>(rest) / frame;
+    return json;
 }
 
 Json TimeRange(const Range& range)
 {
-    return {{"OTIO_SCHEMA", "TimeRange.1"},
-            {"start_time", RationalTime(range.start, range.startFrame)},
-            {"duration", RationalTime(range.duration, range.durationFrame)}};
+    Json json = Typed("TimeRange.1", 3);
+    json["start_time"] = RationalTime(range.start, range.startFrame);
+    json["duration"] = RationalTime(range.duration, range.durationFrame);
+    return json;
 }
 
 SourceTime SourceTimeOf(const Project& project, const Item& item)
