@@ -189,7 +189,7 @@ TEST(OtioJson, CountsInFramesOfTheRealRate)
     EXPECT_EQ(duration["value"], 3);
 }
 
-TEST(OtioJson, KeepsWhatHasNoPlace)
+TEST(OtioJson, KeepsWhatHasNoPosition)
 {
     Project project;
     project.sequences = {{.tracks = {{.items = {{.name = "A", .start = -1, .end = -1}},

@@ -132,7 +132,7 @@ TEST(TrackLayout, PutsEverythingInARow)
          {{10, 10}, {10, 10}, {10, 20}},
          {},
          "gap 0-10, item0 10-10, item1 10-10, item2 10-20"},
-        // Without a place
+        // Without a position
         {"no start", {{-1, 20}, {0, 10}}, {}, "item1 0-10 -item0"},
         {"backwards", {{20, 10}, {30, 40}}, {}, "gap 0-30, item1 30-40 -item0"},
         {"the limits",
@@ -147,7 +147,7 @@ TEST(TrackLayout, PutsEverythingInARow)
     }
 }
 
-// All at one place: a row each, and no time that grows with their square.
+// All at one position: a row each, in a time that does not grow with their square.
 TEST(TrackLayout, OfManyOverlaps)
 {
     constexpr std::size_t kItems = 20'000;

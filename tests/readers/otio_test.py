@@ -100,7 +100,7 @@ def length(child):
 
 
 # A clip or a transition with its position in ticks.
-Place = collections.namedtuple("Place", "track name start end source")
+Position = collections.namedtuple("Position", "track name start end source")
 
 
 def is_near(a, b):
@@ -162,19 +162,19 @@ class Found:
                     if start < begin - 1 or end > begin + ticks(stated["duration"]) + 1:
                         self.faults.append("%s covers more than was stated" % child["name"])
                     start, end = begin, begin + ticks(stated["duration"])
-                self.transitions.append(Place(name, child["name"], start, end, 0))
+                self.transitions.append(Position(name, child["name"], start, end, 0))
                 continue
             end = now + length(child)
             if schema(child) != "Gap":
                 source = ticks(child["source_range"]["start_time"])
-                self.items.append(Place(name, child["name"], now, end, source))
+                self.items.append(Position(name, child["name"], now, end, source))
             if schema(child) == "Stack":
                 self.nested.append((name[0], child))
             now = end
         for transition in metadata.get("unplaced_transitions", []):
             start = ticks(transition["range"]["start_time"])
             end = start + ticks(transition["range"]["duration"])
-            self.transitions.append(Place(name, transition["name"], start, end, 0))
+            self.transitions.append(Position(name, transition["name"], start, end, 0))
 
 
 def is_placed(item):
@@ -188,12 +188,12 @@ def items_of(inspected, sequence, kinds):
         for item in track["items"]:
             media = item["source"]["medium"]
             first = 0 if media is None else inspected["media"][media]["start"]["ticks"]
-            yield item, Place(track["track"], item["name"], item["start"]["ticks"],
+            yield item, Position(track["track"], item["name"], item["start"]["ticks"],
                               item["end"]["ticks"], first + item["in"]["ticks"])
 
 
 def transitions_of(sequence, kinds):
-    return [Place(track["track"], transition["name"], transition["start"]["ticks"],
+    return [Position(track["track"], transition["name"], transition["start"]["ticks"],
                   transition["end"]["ticks"], 0)
             for track in sequence["tracks"] if track["track"][0] in kinds
             for transition in track["transitions"]]
@@ -213,10 +213,10 @@ def stack_faults(inspected, sequence, stack, kinds="VA"):
     found = Found(stack)
     faults = found.faults
     items = list(items_of(inspected, sequence, kinds))
-    faults += differences("clips", [place for item, place in items if is_placed(item)], found.items)
+    faults += differences("clips", [position for item, position in items if is_placed(item)], found.items)
     faults += differences("transitions", transitions_of(sequence, kinds), found.transitions)
     if found.unplaced != sum(not is_placed(item) for item, _ in items):
-        faults.append("%d clips without a place" % found.unplaced)
+        faults.append("%d clips without a position" % found.unplaced)
     for kind, nested in found.nested:
         name = nested["metadata"][NAMESPACE]["sequence"]["name"]
         named = [other for other in inspected["sequences"] if other["name"] == name]
