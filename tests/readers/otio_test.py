@@ -54,7 +54,9 @@ REFERENCES = {"ExternalReference", "MissingReference", "GeneratorReference"}
 
 def schema(value):
     """"Clip" of a "Clip.2", None of what is no object of a schema."""
-    return value.get("OTIO_SCHEMA", "").partition(".")[0] or None if isinstance(value, dict) else None
+    if not isinstance(value, dict):
+        return None
+    return value.get("OTIO_SCHEMA", "").partition(".")[0] or None
 
 
 def is_of(value, kind):
@@ -189,12 +191,12 @@ def items_of(inspected, sequence, kinds):
             media = item["source"]["medium"]
             first = 0 if media is None else inspected["media"][media]["start"]["ticks"]
             yield item, Position(track["track"], item["name"], item["start"]["ticks"],
-                              item["end"]["ticks"], first + item["in"]["ticks"])
+                                 item["end"]["ticks"], first + item["in"]["ticks"])
 
 
 def transitions_of(sequence, kinds):
     return [Position(track["track"], transition["name"], transition["start"]["ticks"],
-                  transition["end"]["ticks"], 0)
+                     transition["end"]["ticks"], 0)
             for track in sequence["tracks"] if track["track"][0] in kinds
             for transition in track["transitions"]]
 
@@ -213,7 +215,8 @@ def stack_faults(inspected, sequence, stack, kinds="VA"):
     found = Found(stack)
     faults = found.faults
     items = list(items_of(inspected, sequence, kinds))
-    faults += differences("clips", [position for item, position in items if is_placed(item)], found.items)
+    placed = [position for item, position in items if is_placed(item)]
+    faults += differences("clips", placed, found.items)
     faults += differences("transitions", transitions_of(sequence, kinds), found.transitions)
     if found.unplaced != sum(not is_placed(item) for item, _ in items):
         faults.append("%d clips without a position" % found.unplaced)
