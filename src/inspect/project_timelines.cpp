@@ -9,6 +9,7 @@
 #include "project/accessors.h"
 #include "project/labels.h"
 #include "project/marker_record.h"
+#include "project/media.h"
 #include "tree/reading.h"
 
 #include <algorithm>
@@ -74,6 +75,14 @@ double SpeedOf(ConstHandle core)
 bool IsMadeByEditor(std::string_view path)
 {
     return !path.empty() && path.find_first_not_of("0123456789") == path.npos;
+}
+
+Ticks DurationOf(Media media)
+{
+    const ConstHandle video = VideoStreamOf(media);
+    const Ticks duration = Int64Property(video ? video : AudioStreamOf(media), "Duration");
+    return IsTrue(video, "IsStill") || duration >= kEndlessDuration ? 0
+                                                                    : std::max<Ticks>(duration, 0);
 }
 
 class ProjectTimelines {
@@ -152,7 +161,8 @@ private:
                 {.name = TextOf(media, "Title"),
                  .path = IsMadeByEditor(path) ? "" : path,
                  .format = FormatOf(Int64Property(VideoStreamOf(media), "FrameRate"), 0),
-                 .start = Int64Property(media, isStated ? Name("AlternateStart") : Name("Start"))});
+                 .start = Int64Property(media, isStated ? Name("AlternateStart") : Name("Start")),
+                 .duration = DurationOf(media)});
         }
         return entry->second;
     }
@@ -242,7 +252,7 @@ private:
             item.source = isMulticam ? SourceKind::Multiclip : SourceKind::Sequence;
             item.sourceName = TextOf(sequence, "Name");
             if (!isMulticam && !IsMergedSequence(sequence))
-                sequences_.NumberOf(sequence);
+                item.sequence = sequences_.NumberOf(sequence);
         } else if (const Media media = MediaOfSource(source)) {
             item.mediaFile = MediaFileOf(media);
             const MediaFile& file = project_.mediaFiles[item.mediaFile];

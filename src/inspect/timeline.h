@@ -69,7 +69,8 @@ struct MediaFile {
     std::string name = {};
     std::string path = {}; // empty: generated, or not stated
     TimecodeFormat format = {};
-    Ticks start = 0; // timecode of its first frame
+    Ticks start = 0;    // timecode of its first frame
+    Ticks duration = 0; // 0: not stated, or endless as a still
 };
 
 // Text on screen, in one style.
@@ -104,6 +105,7 @@ struct Item {
     SourceKind source = SourceKind::None;
     std::string sourceName = {};
     std::size_t mediaFile = kNothing; // in Project::mediaFiles
+    std::size_t sequence = kNothing;  // in Project::sequences
     TimecodeFormat sourceFormat = {};
     std::size_t title = kNothing; // in Project::titles
 

@@ -71,6 +71,11 @@ Ticks StartOfSequence(ConstHandle timecode, Ticks frameTicks)
                            : MultiplyTicks(Int64Property(timecode, "frame"), frameTicks);
 }
 
+Ticks DurationOf(FileElement file, Ticks frameTicks)
+{
+    return std::max<Ticks>(MultiplyTicks(Int64Property(file, "duration"), frameTicks), 0);
+}
+
 std::vector<Marker> ReadMarkers(ConstHandle element, Ticks frameTicks)
 {
     std::vector<Marker> markers;
@@ -182,11 +187,13 @@ private:
         const auto [entry, isNew] = media_.emplace(file.UniqueId(), project_.mediaFiles.size());
         if (isNew) {
             const ConstHandle timecode = file.GetChild("timecode");
-            const TimecodeFormat format = FormatOf(TicksOfRate(file.GetChild("rate")), timecode);
+            const Ticks unit = TicksOfRate(file.GetChild("rate"));
+            const TimecodeFormat format = FormatOf(unit, timecode);
             project_.mediaFiles.push_back({.name = UnescapeXML(file.Title()),
                                            .path = UnescapeXML(PathOfFile(file, folder_)),
                                            .format = format,
-                                           .start = StartOf(timecode, format.ticks)});
+                                           .start = StartOf(timecode, format.ticks),
+                                           .duration = DurationOf(file, unit)});
         }
         return entry->second;
     }
@@ -348,7 +355,7 @@ private:
             item.source = SourceKind::MediaFile;
             item.sourceName = project_.mediaFiles[item.mediaFile].name;
         } else if (const ConstHandle nested = node.GetChild("sequence")) {
-            sequences_.NumberOf(nested);
+            item.sequence = sequences_.NumberOf(nested);
             item.source = SourceKind::Sequence;
             item.sourceName = TextOf(nested, "name");
         } else if (node.GetName() == "generatoritem") {

@@ -27,6 +27,7 @@ Examples:
                                             one sequence
   cat cut.xml | xpjconvert - -o - >cut.vlproj
                                             from a pipe to a pipe
+  xpjconvert cut.xml --to otio              writes cut.otio, for OpenTimelineIO
   xpjconvert --inspect=summary cut.xml      what is in a document
   xpjconvert --compare old.xml new.xml      what changed between two
 
@@ -63,6 +64,16 @@ std::vector<std::string> FormatNames()
     std::vector<std::string> names;
     for (const Format& format : AllFormats())
         names.emplace_back(NameOf(format));
+    return names;
+}
+
+// What can be written, but not read.
+constexpr std::string_view kOtioName = "otio";
+
+std::vector<std::string> TargetNames()
+{
+    std::vector<std::string> names = FormatNames();
+    names.emplace_back(kOtioName);
     return names;
 }
 
@@ -133,9 +144,11 @@ void AddDocumentOptions(CLI::App& app, CommandLine& line)
         ->option_text("FORMAT")
         ->check(CLI::IsMember(FormatNames()))
         ->group(kGroup);
-    app.add_option("--to", line.to, "The format to write")
+    app.add_option("--to", line.to,
+                   "The format to write; otio is the timelines for other programs "
+                   "(OpenTimelineIO), from either format")
         ->option_text("FORMAT")
-        ->check(CLI::IsMember(FormatNames()))
+        ->check(CLI::IsMember(TargetNames()))
         ->group(kGroup);
     app.add_option("--sequence", line.options.request.sequence,
                    "Convert only this sequence; --list-sequences shows names, numbers and ids")
@@ -280,6 +293,24 @@ void CheckPrintingMode(const CommandLine& line, ToolMode mode)
         throw CLI::ExcludesError(std::string(row.option), "--json");
 }
 
+// Nothing is translated for it: there is no account, and nothing to choose.
+void CheckOtio(const CommandLine& line)
+{
+    const ToolOptions& options = line.options;
+    const std::pair<bool, std::string_view> excluded[] = {
+        {options.verify, "--verify"},
+        {!options.reports.empty(), "--report"},
+        {!options.reportFolder.empty(), "--report-dir"},
+        {!options.failOn.empty(), "--fail-on"},
+        {options.request.markLosses, "--mark-losses"},
+        {options.handOff, "--handoff"},
+        {line.noAdditions, "--no-additions"},
+    };
+    for (const auto& [isGiven, name] : excluded)
+        if (isGiven)
+            throw CLI::ExcludesError(std::string(name), "--to otio");
+}
+
 void CheckConversion(const CommandLine& line)
 {
     if (line.documents.empty())
@@ -290,6 +321,8 @@ void CheckConversion(const CommandLine& line)
         throw CLI::RequiresError("--json", "--inspect, --list-sequences or --compare");
     if (!line.from.empty() && line.from == line.to)
         throw CLI::ExcludesError("--from " + line.from, "--to " + line.to);
+    if (line.to == kOtioName)
+        CheckOtio(line);
 }
 
 // `xpjconvert INPUT OUTPUT`, unless the output is named otherwise.
@@ -317,6 +350,7 @@ void Complete(const CommandLine& line, ToolOptions& options)
     SetDocuments(line, options);
     options.from = FormatNamed(line.from);
     options.to = FormatNamed(line.to);
+    options.toOtio = line.to == kOtioName;
     for (const std::string& entry : line.entries) {
         const auto equals = entry.find('=');
         options.debugEntries.emplace_back(entry.substr(0, equals), entry.substr(equals + 1));

@@ -40,6 +40,7 @@ struct ToolOptions {
     bool recursive = false;
     const Format* from = nullptr; // stated by the user
     const Format* to = nullptr;
+    bool toOtio = false; // instead of either format
     bool dryRun = false;
 
     ConversionRequest request; // for each document; its formats and paths are still to be set
