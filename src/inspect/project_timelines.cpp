@@ -13,7 +13,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <tuple>
 #include <unordered_map>
+#include <utility>
 
 namespace XPJ::Inspection {
 
@@ -31,8 +34,8 @@ TimecodeFormat FormatOf(Ticks frameTicks, int displayFormat)
     return {frameTicks, TimecodeBaseOf(frameTicks, displayFormat).drop};
 }
 
-// "0,0,1920,1080" is a frame of 1920 by 1080.
-void SetFrame(std::string_view rect, Sequence& sequence)
+// Width and height: "0,0,1920,1080" is a frame of 1920 by 1080.
+std::pair<int, int> FrameOf(std::string_view rect)
 {
     int numbers[4] = {};
     for (int& number : numbers) {
@@ -40,8 +43,7 @@ void SetFrame(std::string_view rect, Sequence& sequence)
         rect.remove_prefix(std::min(rect.find(','), rect.size()));
         rect.remove_prefix(rect.empty() ? 0 : 1);
     }
-    sequence.width = numbers[2];
-    sequence.height = numbers[3];
+    return {numbers[2], numbers[3]};
 }
 
 std::vector<Marker> ReadMarkers(ConstHandle owner)
@@ -74,6 +76,32 @@ double SpeedOf(ConstHandle core)
 bool IsMadeByEditor(std::string_view path)
 {
     return !path.empty() && path.find_first_not_of("0123456789") == path.npos;
+}
+
+Ticks StartOf(Media media)
+{
+    const bool isStated = IsTrue(media, "UseAlternateStart");
+    return Int64Property(media, isStated ? Name("AlternateStart") : Name("Start"));
+}
+
+MediaFacts FactsOf(Media media)
+{
+    const ConstHandle video = VideoStreamOf(media);
+    const ConstHandle audio = AudioStreamOf(media);
+    MediaFacts facts{.start = StartOf(media)};
+    const auto [width, height] = FrameOf(video.GetProperty("FrameRect"));
+    facts.width = width;
+    facts.height = height;
+    const Ticks sampleTicks = Int64Property(audio, "FrameRate");
+    if (sampleTicks > 0)
+        facts.sampleRate = static_cast<int>(
+            std::min<Ticks>(kTicksPerSecond / sampleTicks, std::numeric_limits<int>::max()));
+    if (IsTrue(video, "IsStill"))
+        return facts;
+    const Ticks frameTicks = Int64Property(video, "FrameRate");
+    facts.frameTicks = IsRate(frameTicks) ? frameTicks : 0;
+    facts.length = std::max<Ticks>(Int64Property(video ? video : audio, "Duration"), 0);
+    return facts;
 }
 
 class ProjectTimelines {
@@ -147,12 +175,12 @@ private:
         const auto [entry, isNew] = media_.emplace(media.UniqueId(), project_.mediaFiles.size());
         if (isNew) {
             const std::string path = TextOf(media, "FilePath");
-            const bool isStated = IsTrue(media, "UseAlternateStart");
             project_.mediaFiles.push_back(
                 {.name = TextOf(media, "Title"),
                  .path = IsMadeByEditor(path) ? "" : path,
                  .format = FormatOf(Int64Property(VideoStreamOf(media), "FrameRate"), 0),
-                 .start = Int64Property(media, isStated ? Name("AlternateStart") : Name("Start"))});
+                 .start = StartOf(media),
+                 .facts = FactsOf(media)});
         }
         return entry->second;
     }
@@ -168,7 +196,7 @@ private:
                           .format = format,
                           .start = Int64Property(node, "MZ.ZeroPoint"),
                           .markers = ReadMarkers(node)};
-        SetFrame(video.GetProperty("FrameRect"), sequence);
+        std::tie(sequence.width, sequence.height) = FrameOf(video.GetProperty("FrameRect"));
         items_.clear();
         for (const MediaType kind : {MediaType::Video, MediaType::Audio}) {
             int number = 0;

@@ -12,6 +12,7 @@
 #include "project/time_display.h"
 #include "tree/reading.h"
 #include "xmeml/cut_points.h"
+#include "xmeml/file_facts.h"
 #include "xmeml/files.h"
 #include "xmeml/formats.h"
 #include "xmeml/links.h"
@@ -186,7 +187,8 @@ private:
             project_.mediaFiles.push_back({.name = UnescapeXML(file.Title()),
                                            .path = UnescapeXML(PathOfFile(file, folder_)),
                                            .format = format,
-                                           .start = StartOf(timecode, format.ticks)});
+                                           .start = StartOf(timecode, format.ticks),
+                                           .facts = FactsOfFile(file)});
         }
         return entry->second;
     }
