@@ -8,12 +8,14 @@
 #include "core/guid.h"
 #include "core/progress.h"
 #include "frame/formats.h"
+#include "media/media_paths.h"
 #include "report/report.h"
 #include "tree/reading.h"
 
 #include <array>
 #include <functional>
 #include <iosfwd>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -43,6 +45,10 @@ struct ConversionRequest {
     Guid sequenceGuid = kZeroGuid; // zero: the whole project
     bool needsSequence = true;     // a sequence that is missing ends the conversion
     bool additions = true;         // also what the document type doesn't have
+
+    // Where media files are on this machine; null: where the document says. Many requests may share
+    // one.
+    std::shared_ptr<MediaPaths> mediaPaths{};
 
     bool markLosses = false; // a marker in the output where something did not arrive
 
