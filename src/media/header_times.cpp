@@ -10,7 +10,7 @@ Ticks TimeOfUnits(double count, double unitsPerSecond)
 {
     const double seconds = count / unitsPerSecond;
     return std::isfinite(seconds) && seconds > 0
-               ? ToTicks(seconds * static_cast<double>(kTicksPerSecond))
+               ? ToTicks(std::round(seconds * static_cast<double>(kTicksPerSecond)))
                : 0;
 }
 

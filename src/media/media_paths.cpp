@@ -4,7 +4,7 @@
 #include "media/media_header.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <filesystem>
 
 namespace XPJ {
 
@@ -39,6 +39,14 @@ std::string BestOf(const std::vector<std::string>& paths, const MediaFacts& stat
         agreements = fit.agreements;
     }
     return best;
+}
+
+// A relative path counts from the current folder.
+std::string RootedPath(const std::string& path)
+{
+    const bool isRooted =
+        path.starts_with('/') || path.starts_with('\\') || path.substr(1).starts_with(':');
+    return isRooted ? path : std::filesystem::path(AbsolutePath(path)).lexically_normal().string();
 }
 
 std::string_view NameOfFile(std::string_view path)
@@ -84,7 +92,7 @@ MediaPath MediaPaths::Find(const std::string& path, const MediaFacts& stated,
     MediaPath result{.path = path};
     if (path.empty())
         return result;
-    if (std::optional<std::string> mapped = map_.Mapped(path)) {
+    if (std::optional<std::string> mapped = map_.Mapped(RootedPath(path))) {
         result.path = std::move(*mapped);
         result.isMapped = true;
     }

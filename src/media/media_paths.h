@@ -47,7 +47,8 @@ public:
     {
     }
 
-    // For a path that a document states, as it decodes it; an empty one stays empty.
+    // For a path that a document states, decoded; an empty one stays empty. A path that is neither
+    // mapped nor found elsewhere comes back as it is.
     MediaPath Find(const std::string& path, const MediaFacts& stated,
                    const StopCheck& wantsStop = {});
 

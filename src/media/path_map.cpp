@@ -91,8 +91,8 @@ std::string AddPathPairs(std::string_view csv, std::string_view name, PathMap& m
         if (!record->fault.empty())
             return fmt::format("{}:{}: {}", name, record->line, record->fault);
         if (record->fields.size() != 2)
-            return fmt::format("{}:{}: {} columns instead of two, the old path and the new one",
-                               name, record->line, record->fields.size());
+            return fmt::format("{}:{}: not two columns, the old path and the new one", name,
+                               record->line);
         const std::string& oldPrefix = record->fields[0];
         const std::string& newPrefix = record->fields[1];
         const bool isHeading = isFirst && EqualsIgnoreCase(Trimmed(oldPrefix), "old") &&

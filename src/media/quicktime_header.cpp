@@ -15,6 +15,7 @@
 #include "media/header_readers.h"
 #include "media/header_times.h"
 
+#include <algorithm>
 #include <bit>
 #include <limits>
 #include <string>
