@@ -8,7 +8,6 @@
 #include "core/guid.h"
 #include "core/progress.h"
 #include "frame/formats.h"
-#include "media/media_paths.h"
 #include "report/report.h"
 #include "tree/reading.h"
 
@@ -20,6 +19,8 @@
 #include <string>
 
 namespace XPJ {
+
+class MediaPaths;
 
 struct ConversionRequest {
     const Format* from = &FormatOf(TreeKind::Xmeml);
@@ -46,7 +47,7 @@ struct ConversionRequest {
     bool needsSequence = true;     // a sequence that is missing ends the conversion
     bool additions = true;         // also what the document type doesn't have
 
-    // Where media files are on this machine; null: where the document says. Many requests may share
+    // Where media files are on this machine; null: as documents state. Many requests may share
     // one.
     std::shared_ptr<MediaPaths> mediaPaths{};
 

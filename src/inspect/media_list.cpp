@@ -3,9 +3,11 @@
 #include "core/csv.h"
 #include "core/numbers.h"
 #include "inspect/columns.h"
+#include "platform/files.h"
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -15,15 +17,30 @@ namespace XPJ::Inspection {
 
 namespace {
 
-std::vector<std::size_t> CountUses(const Project& project)
+struct MediaUse {
+    std::size_t count = 0; // of items on tracks
+    const Sequence* first = nullptr;
+};
+
+std::vector<MediaUse> FindUses(const Project& project)
 {
-    std::vector<std::size_t> uses(project.mediaFiles.size());
+    std::vector<MediaUse> uses(project.mediaFiles.size());
     for (const Sequence& sequence : project.sequences)
         for (const Track& track : sequence.tracks)
             for (const Item& item : track.items)
-                if (item.mediaFile != kNothing)
-                    ++uses[item.mediaFile];
+                if (item.mediaFile != kNothing) {
+                    MediaUse& use = uses[item.mediaFile];
+                    ++use.count;
+                    use.first = use.first ? use.first : &sequence;
+                }
     return uses;
+}
+
+// A project states no frames for audio alone; those of the cut are what its user counts in.
+TimecodeFormat FormatOf(const Project& project, const MediaFile& file, const MediaUse& use)
+{
+    const bool hasOwn = project.family == Family::Xmeml || file.facts.frameTicks > 0;
+    return hasOwn || !use.first ? file.format : use.first->format;
 }
 
 // The path that it now has, if that is another one.
@@ -41,17 +58,22 @@ std::string_view StateOf(const ListedMedia& media)
     return media.isThere ? "yes" : "no";
 }
 
-std::string StartOf(const ListedMedia& media)
+// In whole frames, also where audio starts between two.
+std::string TimecodeOf(const ListedMedia& media, Ticks time)
 {
-    return media.file->facts.start ? media.file->format.Timecode(media.file->start) : "";
+    return media.format.Timecode(time - time % media.format.ticks);
 }
 
-// In whole frames; of audio alone in any.
+std::string StartOf(const ListedMedia& media)
+{
+    const std::optional<Ticks>& start = media.file->facts.start;
+    return start && !media.file->path.empty() ? TimecodeOf(media, *start) : "";
+}
+
 std::string LengthOf(const ListedMedia& media)
 {
-    const TimecodeFormat& format = media.file->format;
     const Ticks length = media.file->facts.length;
-    return length > 0 ? format.Timecode(length - length % format.ticks) : "";
+    return length > 0 ? TimecodeOf(media, length) : "";
 }
 
 // Without line ends, which a name may hold.
@@ -81,25 +103,25 @@ Row Heading(bool hasNewPaths)
 
 } // namespace
 
-std::vector<ListedMedia> ListMedia(const Project& project, MediaPaths* paths,
-                                   const StopCheck& wantsStop)
+std::vector<ListedMedia> ListMedia(const Project& project, MediaPaths* paths)
 {
-    const std::vector<std::size_t> uses = CountUses(project);
+    const std::vector<MediaUse> uses = FindUses(project);
     std::vector<ListedMedia> list;
     std::map<std::string_view, std::size_t> byPath;
     for (std::size_t i = 0; i < project.mediaFiles.size(); ++i) {
-        if (wantsStop && wantsStop())
-            break;
         const MediaFile& file = project.mediaFiles[i];
         const auto [known, isNew] = byPath.try_emplace(file.path, list.size());
         if (!isNew && !file.path.empty()) {
-            list[known->second].uses += uses[i];
+            list[known->second].uses += uses[i].count;
             continue;
         }
-        MediaPath now =
-            paths ? paths->Find(file.path, file.facts, wantsStop) : MediaPath{.path = file.path};
+        MediaPath now = paths ? paths->Find(file.path, file.facts) : MediaPath{.path = file.path};
         const bool isThere = !now.path.empty() && FileExists(now.path);
-        list.push_back({&file, std::move(now), isThere, uses[i]});
+        list.push_back({.file = &file,
+                        .format = FormatOf(project, file, uses[i]),
+                        .now = std::move(now),
+                        .isThere = isThere,
+                        .uses = uses[i].count});
     }
     return list;
 }

@@ -3,7 +3,6 @@
 
 #include "inspect/timeline.h"
 #include "media/media_paths.h"
-#include "platform/files.h"
 
 #include <cstddef>
 #include <string>
@@ -13,15 +12,15 @@ namespace XPJ::Inspection {
 
 struct ListedMedia {
     const MediaFile* file = nullptr;
-    MediaPath now; // where the file is, or would be; empty for one that is generated
+    TimecodeFormat format; // of its times
+    MediaPath now;         // where the file is, or would be; empty for one that is generated
     bool isThere = false;
     std::size_t uses = 0; // by items of tracks
 };
 
-// Each path once, in the order of the document; its files may have several ids. `paths` says what
-// becomes of the stated ones; null: nothing. Ends early when `wantsStop` says so.
-std::vector<ListedMedia> ListMedia(const Project& project, MediaPaths* paths,
-                                   const StopCheck& wantsStop = {});
+// Each path once, in the order of the document; its files may have several ids. `paths` finds
+// the files; null: they are where the document states.
+std::vector<ListedMedia> ListMedia(const Project& project, MediaPaths* paths);
 
 // A line for each, below a heading, in columns.
 std::string MediaListText(const std::vector<ListedMedia>& list);

@@ -84,11 +84,18 @@ Ticks StartOf(Media media)
     return Int64Property(media, isStated ? Name("AlternateStart") : Name("Start"));
 }
 
-MediaFacts FactsOf(Media media)
+// The import keeps the timecode of a tape in the logging record of the master clip alone.
+Ticks StatedStartOf(Media media, MasterClip master)
+{
+    const Ticks start = StartOf(media);
+    return start == 0 ? Int64Property(LoggingInfoOf(master), "MediaInPoint") : start;
+}
+
+MediaFacts FactsOf(Media media, MasterClip master)
 {
     const ConstHandle video = VideoStreamOf(media);
     const ConstHandle audio = AudioStreamOf(media);
-    MediaFacts facts{.start = StartOf(media)};
+    MediaFacts facts;
     const auto [width, height] = FrameOf(video.GetProperty("FrameRect"));
     facts.width = width;
     facts.height = height;
@@ -98,6 +105,7 @@ MediaFacts FactsOf(Media media)
             std::min<Ticks>(kTicksPerSecond / sampleTicks, std::numeric_limits<int>::max()));
     if (IsTrue(video, "IsStill"))
         return facts;
+    facts.start = StatedStartOf(media, master);
     const Ticks frameTicks = Int64Property(video, "FrameRate");
     facts.frameTicks = IsRate(frameTicks) ? frameTicks : 0;
     facts.length = std::max<Ticks>(Int64Property(video ? video : audio, "Duration"), 0);
@@ -162,13 +170,13 @@ private:
             entry.kind = sequence ? EntryKind::Sequence : EntryKind::Clip;
             if (sequence && !IsMergedSequence(sequence))
                 entry.sequence = sequences_.NumberOf(sequence);
-            entry.mediaFile = MediaFileOf(MediaOfSource(SourceOfClip(clip)));
+            entry.mediaFile = MediaFileOf(MediaOfSource(SourceOfClip(clip)), master);
             entry.markers = ReadMarkers(MarkedClipOf(master));
         }
         project_.entries.push_back(std::move(entry));
     }
 
-    std::size_t MediaFileOf(Media media)
+    std::size_t MediaFileOf(Media media, MasterClip master)
     {
         if (!media)
             return kNothing;
@@ -180,7 +188,7 @@ private:
                  .path = IsMadeByEditor(path) ? "" : path,
                  .format = FormatOf(Int64Property(VideoStreamOf(media), "FrameRate"), 0),
                  .start = StartOf(media),
-                 .facts = FactsOf(media)});
+                 .facts = FactsOf(media, master)});
         }
         return entry->second;
     }
@@ -252,7 +260,7 @@ private:
         if (kind == MediaType::Audio && HasValue(clip, "SecondaryIndex"))
             item.channel = static_cast<int>(
                 std::clamp<std::int64_t>(Int64Property(clip, "SecondaryIndex"), 0, 65535) + 1);
-        SetSource(clip, item);
+        SetSource(clip, MasterOfSubClip(subClip), item);
         if (kind == MediaType::Video) {
             item.compositeMode = ReadProjectCompositeMode(node);
             item.title = TitleOf(node, clip);
@@ -262,7 +270,7 @@ private:
         return item;
     }
 
-    void SetSource(ConstHandle clip, Item& item)
+    void SetSource(ConstHandle clip, MasterClip master, Item& item)
     {
         const ConstHandle source = SourceOfClip(clip);
         if (const ConstHandle sequence = SequenceOfSource(source)) {
@@ -272,7 +280,7 @@ private:
             if (!isMulticam && !IsMergedSequence(sequence))
                 sequences_.NumberOf(sequence);
         } else if (const Media media = MediaOfSource(source)) {
-            item.mediaFile = MediaFileOf(media);
+            item.mediaFile = MediaFileOf(media, master);
             const MediaFile& file = project_.mediaFiles[item.mediaFile];
             item.source = IsMadeByEditor(media.GetProperty("FilePath")) ? SourceKind::Generator
                                                                         : SourceKind::MediaFile;
