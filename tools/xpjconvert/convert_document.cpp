@@ -2,6 +2,7 @@
 
 #include "core/paths.h"
 #include "frame/file_conversion.h"
+#include "frame/media_path_changes.h"
 #include "frame/verification.h"
 #include "platform/default_platform.h"
 #include "platform/platform.h"
@@ -191,6 +192,8 @@ private:
                               {output, FolderOf(request_.outputPath)}, reading);
         if (!request_.sequence.empty())
             LimitToOneSequence(documents);
+        if (request_.mediaPaths)
+            ChangeMediaPaths(*request_.mediaPaths, documents.first.project);
         AddUnexplained(documents, request_.markLosses, converted_.outcome.account);
     }
 
