@@ -69,9 +69,10 @@ MediaFacts ReadWaveHeader(HeaderBytes& bytes)
         return {};
     MediaFacts facts{.sampleRate = static_cast<int>(rate),
                      .channels = static_cast<int>(LittleEndian(chunks.format, 2, 2))};
-    if (chunks.isDataWhole && blockSize > 0)
-        facts.length = TimeOfUnits(static_cast<double>(chunks.dataSize / blockSize),
-                                   static_cast<double>(rate));
+    if (chunks.isDataWhole && blockSize > 0) {
+        const std::uint64_t samples = chunks.dataSize / blockSize;
+        facts.length = TimeOfUnits(static_cast<double>(samples), static_cast<double>(rate));
+    }
     constexpr std::size_t kTimeReference = 338;
     if (chunks.broadcast.size() >= kTimeReference + 8)
         facts.start =

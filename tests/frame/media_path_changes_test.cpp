@@ -6,6 +6,7 @@
 #include "support/xmeml_fixture.h"
 #include "xmeml/files.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 namespace XPJ {

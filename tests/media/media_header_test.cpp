@@ -1,6 +1,7 @@
 #include "media/media_bytes.h"
 #include "media/media_header.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -100,7 +101,7 @@ TEST(MediaHeader, TracksOfMovies)
 TEST(MediaHeader, Wave)
 {
     const std::string format = Chunk("fmt ", WaveFormat(2, 48000, 24));
-    const std::string data = Zeros(6 * 4800);
+    const std::string data = Zeros(28800); // a tenth of a second
     const MediaFacts facts{.length = kTicksPerSecond / 10, .sampleRate = 48000, .channels = 2};
     MediaFacts broadcast = facts;
     broadcast.start = 3600 * kTicksPerSecond;

@@ -2,6 +2,7 @@
 #include "media/media_paths.h"
 #include "support/temp_folder.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
