@@ -235,8 +235,9 @@ Json Effects(const Project& project, const Item& item)
 
 Json MediaReference(const MediaFile& file)
 {
-    Json range = file.duration > 0 ? SimpleRange(file.start, file.duration, file.format.ticks)
-                                   : Json(nullptr);
+    Json range = file.facts.length > 0
+                     ? SimpleRange(file.start, file.facts.length, file.format.ticks)
+                     : Json(nullptr);
     if (file.path.empty())
         return MakeReference("MissingReference.1", file.name, std::move(range));
     Json reference = MakeReference("ExternalReference.1", file.name, std::move(range));

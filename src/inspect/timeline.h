@@ -4,6 +4,7 @@
 // with; in a source from the first frame of its media. Texts are UTF-8 without entities.
 #pragma once
 
+#include "core/media_facts.h"
 #include "core/media_type.h"
 #include "core/ticks.h"
 
@@ -69,8 +70,8 @@ struct MediaFile {
     std::string name = {};
     std::string path = {}; // empty: generated, or not stated
     TimecodeFormat format = {};
-    Ticks start = 0;    // timecode of its first frame
-    Ticks duration = 0; // 0: not stated, or endless as a still
+    Ticks start = 0; // timecode of its first frame
+    MediaFacts facts = {};
 };
 
 // Text on screen, in one style.

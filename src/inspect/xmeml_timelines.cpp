@@ -12,6 +12,7 @@
 #include "project/time_display.h"
 #include "tree/reading.h"
 #include "xmeml/cut_points.h"
+#include "xmeml/file_facts.h"
 #include "xmeml/files.h"
 #include "xmeml/formats.h"
 #include "xmeml/links.h"
@@ -71,9 +72,14 @@ Ticks StartOfSequence(ConstHandle timecode, Ticks frameTicks)
                            : MultiplyTicks(Int64Property(timecode, "frame"), frameTicks);
 }
 
-Ticks DurationOf(FileElement file, Ticks frameTicks)
+// A file without a rate counts in frames of `frameTicks`.
+MediaFacts FactsOf(FileElement file, Ticks frameTicks)
 {
-    return std::max<Ticks>(MultiplyTicks(Int64Property(file, "duration"), frameTicks), 0);
+    MediaFacts facts = FactsOfFile(file);
+    if (TicksOfRate(file.GetChild("rate")) <= 0)
+        facts.length =
+            std::max<Ticks>(MultiplyTicks(Int64Property(file, "duration"), frameTicks), 0);
+    return facts;
 }
 
 std::vector<Marker> ReadMarkers(ConstHandle element, Ticks frameTicks)
@@ -193,7 +199,7 @@ private:
                                            .path = UnescapeXML(PathOfFile(file, folder_)),
                                            .format = format,
                                            .start = StartOf(timecode, format.ticks),
-                                           .duration = DurationOf(file, unit)});
+                                           .facts = FactsOf(file, unit)});
         }
         return entry->second;
     }

@@ -2,6 +2,7 @@
 
 #include "core/paths.h"
 #include "frame/file_conversion.h"
+#include "frame/media_path_changes.h"
 #include "frame/otio_conversion.h"
 #include "frame/verification.h"
 #include "platform/default_platform.h"
@@ -211,6 +212,8 @@ private:
                               {output, FolderOf(request_.outputPath)}, Reading());
         if (!request_.sequence.empty())
             LimitToOneSequence(documents);
+        if (request_.mediaPaths)
+            ChangeMediaPaths(*request_.mediaPaths, documents.first.project);
         AddUnexplained(documents, request_.markLosses, converted_.outcome.account);
     }
 
