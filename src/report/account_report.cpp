@@ -87,18 +87,7 @@ std::string DumpOf(const Json& json, int indent)
     return json.dump(indent, ' ', false, Json::error_handler_t::replace);
 }
 
-// RFC 4180.
-std::string CsvText(std::string_view text)
-{
-    if (text.find_first_of(",\"\r\n") == text.npos)
-        return std::string(text);
-    std::string quoted = "\"";
-    for (const char c : text)
-        quoted.append(c == '"' ? 2 : 1, c);
-    return quoted += '"';
-}
-
-std::string CsvText(const Field& field)
+std::string CsvTextOf(const Field& field)
 {
     if (!IsPresent(field))
         return {};
@@ -115,6 +104,16 @@ std::string HeaderText(const ReportHeader& header, const Account& account)
 }
 
 } // namespace
+
+std::string CsvText(std::string_view text)
+{
+    if (text.find_first_of(",\"\r\n") == text.npos)
+        return std::string(text);
+    std::string quoted = "\"";
+    for (const char c : text)
+        quoted.append(c == '"' ? 2 : 1, c);
+    return quoted += '"';
+}
 
 std::optional<ReportFormat> FormatOfReport(std::string_view path)
 {
@@ -194,7 +193,7 @@ std::string AccountCsv(const Account& account)
     appendLine(FieldsOf(Remark(), texts),
                [](const Field& field) { return std::string(field.name); });
     for (const Remark& remark : account.remarks)
-        appendLine(FieldsOf(remark, texts), [](const Field& field) { return CsvText(field); });
+        appendLine(FieldsOf(remark, texts), [](const Field& field) { return CsvTextOf(field); });
     return text;
 }
 

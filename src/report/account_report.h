@@ -37,4 +37,7 @@ std::string AccountJson(const ReportHeader& header, const Account& account);
 // A line of names, then a line for each remark; the columns are the fields of the JSON's items.
 std::string AccountCsv(const Account& account);
 
+// A text as a field of CSV (RFC 4180).
+std::string CsvText(std::string_view text);
+
 } // namespace XPJ
