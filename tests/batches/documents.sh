@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # The documents of the tests here: sourced, not run.
 
 # 200 documents below a folder, two of which can't be read.

@@ -5,6 +5,7 @@ set -uo pipefail
 XPJCONVERT=$(readlink -f "$1")
 export XPJCONVERT
 script=$(dirname "$(readlink -f "$0")")/../../contrib/slurm/convert.sbatch
+# shellcheck source=SCRIPTDIR/documents.sh
 . "$(dirname "$0")/documents.sh"
 PATH=$PATH:/usr/sbin
 work=$(mktemp -d)

@@ -3,6 +3,7 @@
 set -uo pipefail
 tool=$(readlink -f "$1")
 workflow=$(dirname "$(readlink -f "$0")")/../../contrib/snakemake/Snakefile
+# shellcheck source=SCRIPTDIR/documents.sh
 . "$(dirname "$0")/documents.sh"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT

@@ -79,6 +79,7 @@ folders() {
     expect_status 0 -j both -o back --skip-existing --to vlproj
     expect_last 'Converted 0 of 2 documents, 2 skipped.'
     expect_status 0 --dry-run -r archive/day1 -o dry
+    expect_last 'Would convert 1 of 1 document; nothing was lost.'
     [ ! -e dry ] || fail 'a run that writes nothing makes a folder'
 }
 
@@ -95,6 +96,12 @@ names() {
     document Five >archive/day1/cut
     expect_status 0 archive/day1/cut archive/day1 -o same
     expect_files same 'CUT.xml.vlproj cut.vlproj cut.xml.vlproj'
+    # What a run has written is no input of the next.
+    for _ in 1 2; do
+        (cd archive/day2 && expect_status 0 --skip-existing -r . -o out/ && exit $failures) ||
+            failures=$((failures + 1))
+        expect_files archive/day2/out 'cut.report.txt cut.vlproj late/pickups.vlproj'
+    done
     mkdir beside
     document Six >beside/a.xml
     "$tool" -q beside/a.xml beside/a.vlproj >printed
@@ -167,7 +174,8 @@ parts() {
         expect_status 0 --quiet -j2 --part "$i/3" many -o out --summary "$i.csv"
         [ "$(wc -l <"$i.csv")" -gt 5 ] || fail "part $i is hardly one"
     done
-    [ "$(ls out | wc -l)" -eq 40 ] || fail "$(ls out | wc -l) outputs of 40"
+    local outputs=(out/*)
+    [ ${#outputs[@]} -eq 40 ] || fail "${#outputs[@]} outputs of 40"
     [ "$(cat [123].csv | wc -l)" -eq 43 ] || fail 'some are in two parts'
     document More >many/0.xml
     expect_status 0 --quiet --part 2/3 many -o again --summary again.csv
@@ -202,8 +210,8 @@ summary() {
 
 # A running conversion waits for the pipe that it reads.
 child_of() {
-    local tries child
-    for tries in {1..200}; do
+    local child
+    for _ in {1..200}; do
         read -r child _ <"/proc/$1/task/$1/children"
         [ -n "${child:-}" ] && break
         sleep 0.05
@@ -281,8 +289,7 @@ interrupt() {
     child=$(child_of $pid)
     kill -KILL $pid
     wait $pid 2>/dev/null
-    local tries
-    for tries in {1..100}; do
+    for _ in {1..100}; do
         [ -d "/proc/$child" ] || break
         sleep 0.05
     done

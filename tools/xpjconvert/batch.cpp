@@ -148,7 +148,7 @@ ToolOptions Batch::OptionsFor(const PlannedDocument& planned, const std::string&
         base = (folder / fs::path(outputPath).filename()).string();
     }
     for (const std::string& format : options_.batch.reportFormats)
-        options.reports.push_back(base + ".report." + format);
+        options.reports.push_back(fmt::format("{}.report.{}", base, format));
     return options;
 }
 
@@ -161,16 +161,18 @@ bool Batch::IsToConvert(const ConversionProcess::Task& task)
                fmt::format("the output {} is another document of this batch", output));
         return false;
     }
-    if (options_.dryRun || options_.batch.overwrite || !FileExists(output))
+    if (options_.batch.overwrite || !FileExists(output))
         return true;
-    if (!options_.batch.skipExisting) {
-        Reject(task, RowResult::Failed,
-               fmt::format("{} exists; --overwrite replaces it, --skip-existing keeps it", output));
+    if (options_.batch.skipExisting) {
+        if (IsOutdated(output, task.document.path))
+            return true;
+        Reject(task, RowResult::Skipped, fmt::format("{} is up to date", output));
         return false;
     }
-    if (IsOutdated(output, task.document.path))
+    if (options_.dryRun)
         return true;
-    Reject(task, RowResult::Skipped, fmt::format("{} is up to date", output));
+    Reject(task, RowResult::Failed,
+           fmt::format("{} exists; --overwrite replaces it, --skip-existing keeps it", output));
     return false;
 }
 
@@ -253,7 +255,7 @@ int Batch::Close()
                                options_.batch.summary, summary_.Reason()));
         status = status == kSuccess ? kUnexpectedError : status;
     }
-    Print(ClosingLineOf(totals_));
+    Print(ClosingLineOf(totals_, options_.dryRun));
     return status;
 }
 

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <string_view>
 #include <unordered_set>
 #include <utility>
 
@@ -38,6 +39,25 @@ void RemoveRepeated(std::vector<InputDocument>& documents)
     std::unordered_set<std::string> known;
     std::erase_if(documents, [&known](const InputDocument& document) {
         return !known.insert(NormalPath(document.path) + '\0' + document.place).second;
+    });
+}
+
+bool IsBelow(std::string_view path, std::string_view folder)
+{
+    return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '/';
+}
+
+// What an earlier run has written into a folder that is below one of the inputs.
+void RemoveOutputs(const std::string& outputFolder, std::vector<InputDocument>& documents)
+{
+    const std::string output = NormalPath(outputFolder);
+    std::erase_if(documents, [&output](const InputDocument& document) {
+        const std::string path = NormalPath(document.path);
+        if (!IsBelow(path, output))
+            return false;
+        const std::string place = "/" + document.place;
+        return path.ends_with(place) &&
+               IsBelow(output, std::string_view(path).substr(0, path.size() - place.size()));
     });
 }
 
@@ -94,7 +114,10 @@ void MirrorFolders(std::vector<InputDocument>& documents)
 
 std::string NormalPath(const std::string& path)
 {
-    return fs::path(AbsolutePath(path)).lexically_normal().string();
+    std::string normal = fs::path(AbsolutePath(path)).lexically_normal().string();
+    if (normal.size() > 1 && normal.ends_with('/'))
+        normal.pop_back();
+    return normal;
 }
 
 std::vector<PlannedDocument> PlanBatch(const ToolOptions& options,
@@ -103,6 +126,7 @@ std::vector<PlannedDocument> PlanBatch(const ToolOptions& options,
     for (InputDocument& document : documents)
         if (document.path == kStandardStream)
             document.place = "standard input";
+    RemoveOutputs(options.output, documents);
     RemoveRepeated(documents);
     std::vector<std::size_t> clashes = FindClashes(options, documents);
     if (!clashes.empty()) {
@@ -111,6 +135,7 @@ std::vector<PlannedDocument> PlanBatch(const ToolOptions& options,
         clashes = FindClashes(options, documents);
     }
     std::vector<PlannedDocument> planned;
+    planned.reserve(documents.size());
     for (const InputDocument& document : documents)
         planned.push_back({document, StemOf(document.place)});
     for (const std::size_t i : clashes)

@@ -22,7 +22,8 @@ struct PlannedDocument {
     std::string outputStem;
 };
 
-// The documents of the part that the options name; a document that is named twice is there once.
+// The documents of the part that the options name. A document that is named twice is there once,
+// and a folder for the outputs that is below an input is no input.
 std::vector<PlannedDocument> PlanBatch(const ToolOptions& options,
                                        std::vector<InputDocument> documents);
 
@@ -30,7 +31,7 @@ std::vector<PlannedDocument> PlanBatch(const ToolOptions& options,
 // only: other documents may come and go while the parts are converted elsewhere.
 bool IsInPart(const PlannedDocument& planned, const BatchPart& part);
 
-// By which two paths are compared: absolute, without "." and "..".
+// By which two paths are compared: absolute, without ".", ".." and a last "/".
 std::string NormalPath(const std::string& path);
 
 } // namespace XPJ

@@ -37,10 +37,11 @@ std::string_view ResultName(RowResult result)
     return kNames[static_cast<std::size_t>(result)];
 }
 
-std::string ClosingLineOf(const BatchTotals& totals)
+std::string ClosingLineOf(const BatchTotals& totals, bool isDryRun)
 {
-    std::string line = fmt::format("Converted {} of {} document{}", totals.converted,
-                                   totals.documents, totals.documents == 1 ? "" : "s");
+    std::string line =
+        fmt::format("{} {} of {} document{}", isDryRun ? "Would convert" : "Converted",
+                    totals.converted, totals.documents, totals.documents == 1 ? "" : "s");
     const std::pair<std::size_t, std::string_view> rest[] = {
         {totals.skipped, "skipped"},
         {totals.failed, "failed"},

@@ -48,6 +48,6 @@ struct BatchTotals {
 std::string_view ResultName(RowResult result);
 
 // "Converted 198 of 200 documents, 2 failed; 3 lost, 1 changed."
-std::string ClosingLineOf(const BatchTotals& totals);
+std::string ClosingLineOf(const BatchTotals& totals, bool isDryRun);
 
 } // namespace XPJ

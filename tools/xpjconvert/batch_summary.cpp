@@ -1,6 +1,7 @@
 #include "xpjconvert/batch_summary.h"
 
 #include <array>
+#include <cmath>
 #include <string_view>
 #include <utility>
 
@@ -23,7 +24,7 @@ Columns ColumnsOf(const BatchRow& row)
 {
     // Milliseconds are as much as a clock gives.
     const auto rounded = [](double seconds) {
-        return static_cast<double>(static_cast<std::int64_t>(seconds * 1000 + 0.5)) / 1000;
+        return static_cast<double>(std::llround(seconds * 1000)) / 1000;
     };
     return {{
         {"input", row.input},

@@ -37,7 +37,7 @@ ChildSignal::ChildSignal()
     ::sigaction(SIGCHLD, &action, &oldAction_);
     ::sigemptyset(&signal_);
     ::sigaddset(&signal_, SIGCHLD);
-    ::sigprocmask(SIG_BLOCK, &signal_, &oldMask_);
+    ::pthread_sigmask(SIG_BLOCK, &signal_, &oldMask_);
 }
 
 ChildSignal::~ChildSignal()
@@ -54,7 +54,7 @@ void ChildSignal::Wait(std::chrono::milliseconds time) const
 void ChildSignal::Restore() const
 {
     ::sigaction(SIGCHLD, &oldAction_, nullptr);
-    ::sigprocmask(SIG_SETMASK, &oldMask_, nullptr);
+    ::pthread_sigmask(SIG_SETMASK, &oldMask_, nullptr);
 }
 
 Lifeline::Lifeline()

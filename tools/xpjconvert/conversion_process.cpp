@@ -79,7 +79,9 @@ std::string EndText(int waitStatus)
     if (!WIFSIGNALED(waitStatus))
         return fmt::format("the conversion ended with status {}", WEXITSTATUS(waitStatus));
     const int number = WTERMSIG(waitStatus);
-    return fmt::format("the conversion was ended by signal {} ({})", number, ::strsignal(number));
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): whoever starts processes has no threads
+    const char* const name = ::strsignal(number);
+    return fmt::format("the conversion was ended by signal {} ({})", number, name);
 }
 
 } // namespace

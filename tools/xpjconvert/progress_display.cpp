@@ -4,6 +4,7 @@
 #include "xpjconvert/print.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <fmt/format.h>
 #include <unistd.h>
@@ -21,7 +22,7 @@ std::string TimeLeft(double progress, double seconds)
 {
     if (progress < kSmallShare || progress >= 1)
         return {};
-    const auto left = static_cast<long>(seconds * (1 - progress) / progress + 0.5);
+    const auto left = std::lround(seconds * (1 - progress) / progress);
     return fmt::format(", {}:{:02} left", left / 60, left % 60);
 }
 
