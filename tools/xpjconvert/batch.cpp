@@ -204,7 +204,7 @@ void Batch::Start(ConversionProcess::Task task)
                    fmt::format("no process could be started: {}", ErrorText(reason)));
             return;
         }
-        childSignal_.Wait(100ms); // for those that run to leave more room
+        childSignal_.Wait(100ms); // until one that runs has ended
         CollectEnded();
     }
     running_.push_back(std::move(process));

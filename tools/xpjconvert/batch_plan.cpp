@@ -17,10 +17,10 @@ namespace {
 namespace fs = std::filesystem;
 
 // "day1/cut.XML" -> "day1/cut"
-std::string StemOf(const std::string& place)
+std::string StemOf(const std::string& name)
 {
     const Format& any = AllFormats().front();
-    std::string stem = OutputNameOf(place, any);
+    std::string stem = OutputNameOf(name, any);
     stem.resize(stem.size() - any.extension.size() - 1);
     return stem;
 }
@@ -55,14 +55,14 @@ void RemoveOutputs(const std::string& outputFolder, std::vector<InputDocument>& 
         const std::string path = NormalPath(document.path);
         if (!IsBelow(path, output))
             return false;
-        const std::string place = "/" + document.place;
-        return path.ends_with(place) &&
-               IsBelow(output, std::string_view(path).substr(0, path.size() - place.size()));
+        const std::string end = "/" + document.place;
+        return path.ends_with(end) &&
+               IsBelow(output, std::string_view(path).substr(0, path.size() - end.size()));
     });
 }
 
-// The places of the documents whose output would have the name of another one's. What a document is
-// has to be looked up only where the names alone don't decide.
+// The indices of the documents whose output would have the name of another one's. What a document
+// is has to be looked up only where the names alone don't decide.
 std::vector<std::size_t> FindClashes(const ToolOptions& options,
                                      const std::vector<InputDocument>& documents)
 {

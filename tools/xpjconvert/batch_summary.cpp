@@ -22,7 +22,7 @@ using Columns = std::array<Column, 15>;
 
 Columns ColumnsOf(const BatchRow& row)
 {
-    // Milliseconds are as much as a clock gives.
+    // To milliseconds; more digits would only be noise.
     const auto rounded = [](double seconds) {
         return static_cast<double>(std::llround(seconds * 1000)) / 1000;
     };

@@ -1,4 +1,4 @@
-// The last place where an exception can end.
+// Where exceptions end that nothing else has caught.
 #pragma once
 
 #include <functional>

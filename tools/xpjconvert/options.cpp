@@ -270,15 +270,17 @@ void AddBatchOptions(CLI::App& app, CommandLine& line)
         option->group(kGroup)->each([&batch](const std::string&) { batch.isRequested = true; });
 }
 
-// `-j` without a number is the last or is followed by another word, which isn't its value then.
-std::vector<std::string> WithJobNumbers(int argc, const char* const* argv)
+// The arguments, with the number that `-j` may lack: the parser would take the next one for it.
+std::vector<std::string> ArgumentsWithJobs(int argc, const char* const* argv)
 {
-    std::vector<std::string> words(argv + 1, argv + argc);
-    for (std::size_t i = 0; i < words.size() && words[i] != "--"; ++i)
-        if ((words[i] == "-j" || words[i] == "--jobs") &&
-            (i + 1 == words.size() || !CheckNumber(words[i + 1]).empty()))
-            words.insert(words.begin() + static_cast<std::ptrdiff_t>(++i), "0");
-    return words;
+    std::vector<std::string> arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments.emplace_back(argv[i]);
+        const bool isJobs = arguments.back() == "-j" || arguments.back() == "--jobs";
+        if (isJobs && (i + 1 == argc || !CheckNumber(argv[i + 1]).empty()))
+            arguments.emplace_back("0");
+    }
+    return arguments;
 }
 
 void AddPrintingOptions(CLI::App& app, CommandLine& line)
@@ -430,9 +432,9 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
     CLI::App app;
     AddOptions(app, line);
     try {
-        std::vector<std::string> words = WithJobNumbers(argc, argv);
-        std::ranges::reverse(words); // as the parser takes them
-        app.parse(std::move(words));
+        std::vector<std::string> arguments = ArgumentsWithJobs(argc, argv);
+        std::ranges::reverse(arguments); // as the parser takes them
+        app.parse(std::move(arguments));
         Complete(line, options);
     } catch (const CLI::ParseError& end) {
         return app.exit(end) == 0 ? 0 : kWrongUsage;
