@@ -165,6 +165,18 @@ options() {
     expect_text errors 'absent/s.csv: the summary could not be written'
 }
 
+# More at a time than the system has files for: the others wait.
+scarce() {
+    mkdir many
+    for i in {1..40}; do document "$i" >"many/$i.xml"; done
+    (
+        ulimit -n 20
+        expect_status 0 --quiet -j 30 many -o out
+        exit $failures
+    ) || failures=$((failures + 1))
+    expect_last 'Converted 40 of 40 documents; nothing was lost.'
+}
+
 # Parts have each document once, whatever else is in the folder.
 parts() {
     local i

@@ -54,7 +54,7 @@ public:
 private:
     void Plan();
     void StartNext();
-    void Start(ConversionProcess::Task task);
+    void Start(const ConversionProcess::Task& task);
     bool IsToConvert(const ConversionProcess::Task& task);
     std::string OutputOf(const PlannedDocument& planned, const Format& to) const;
     ToolOptions OptionsFor(const PlannedDocument& planned, const std::string& outputPath) const;
@@ -120,11 +120,11 @@ void Batch::StartNext()
     const InputDocument& document = planned.document;
     const Format& from = FormatOfDocument(options_, document.path, document.path);
     const std::string output = OutputOf(planned, FormatToWrite(from));
-    ConversionProcess::Task task{OptionsFor(planned, output), document, output};
+    const ConversionProcess::Task task{OptionsFor(planned, output), document, output};
     if (options_.to == &from)
         Reject(task, RowResult::Skipped, fmt::format("it is a {} already", from.name));
     else if (IsToConvert(task))
-        Start(std::move(task));
+        Start(task);
 }
 
 std::string Batch::OutputOf(const PlannedDocument& planned, const Format& to) const
@@ -189,25 +189,29 @@ void Batch::Reject(const ConversionProcess::Task& task, RowResult result, const 
             .message = reason});
 }
 
-void Batch::Start(ConversionProcess::Task task)
+void Batch::Start(const ConversionProcess::Task& task)
 {
     std::error_code error;
     if (!options_.dryRun)
         fs::create_directories(fs::path(task.outputPath).parent_path(), error);
     if (!options_.batch.reportFormats.empty() && !task.options.reportFolder.empty())
         fs::create_directories(task.options.reportFolder, error);
-    auto process = std::make_unique<ConversionProcess>(std::move(task));
-    while (!process->Start(childSignal_, lifeline_)) {
+    for (;;) {
+        auto process = std::make_unique<ConversionProcess>(task);
+        if (process->Start(childSignal_, lifeline_)) {
+            running_.push_back(std::move(process));
+            return;
+        }
         const int reason = errno;
+        process.reset();
         if (running_.empty()) {
-            Reject(process->GetTask(), RowResult::Failed,
+            Reject(task, RowResult::Failed,
                    fmt::format("no process could be started: {}", ErrorText(reason)));
             return;
         }
-        childSignal_.Wait(100ms); // until one that runs has ended
+        childSignal_.Wait(100ms); // for the end of one that has what this one lacks
         CollectEnded();
     }
-    running_.push_back(std::move(process));
 }
 
 void Batch::CollectEnded()
@@ -229,7 +233,7 @@ void Batch::CollectEnded()
         if (!errors.empty() || !printed.empty())
             progress_.Hide();
         PrintError(errors);
-        if (errors.empty() && row.result == RowResult::Failed)
+        if (row.result == RowResult::Failed && (errors.empty() || WIFSIGNALED(waitStatus)))
             PrintError(fmt::format("XPJConvert: {}: {}.\n", row.input, row.message));
         Print(printed);
         Finish(row);
@@ -284,10 +288,8 @@ int ConvertBatch(const ToolOptions& options)
     std::error_code error;
     if (!options.dryRun && !options.output.empty())
         fs::create_directories(options.output, error);
-    if (error || (!options.output.empty() && fs::exists(options.output) &&
-                  !fs::is_directory(options.output))) {
-        PrintError(fmt::format("XPJConvert: {}: {}.\n", options.output,
-                               error ? error.message() : ErrorText(ENOTDIR)));
+    if (error) {
+        PrintError(fmt::format("XPJConvert: {}: {}.\n", options.output, error.message()));
         return kUnexpectedError;
     }
     return Batch(options).Run();

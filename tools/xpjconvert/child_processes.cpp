@@ -18,6 +18,13 @@ SharedText::~SharedText()
         ::close(descriptor_);
 }
 
+void SharedText::Replace(int stream)
+{
+    ::dup2(descriptor_, stream);
+    ::close(descriptor_);
+    descriptor_ = stream;
+}
+
 std::string SharedText::Read() const
 {
     std::string text;

@@ -19,6 +19,8 @@ public:
 
     // Negative when the system gives none.
     int Descriptor() const { return descriptor_; }
+    // In the process that writes: it becomes a standard stream.
+    void Replace(int stream);
     // All that was written.
     std::string Read() const;
 

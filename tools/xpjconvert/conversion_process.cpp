@@ -107,8 +107,8 @@ bool ConversionProcess::Start(const ChildSignal& childSignal, Lifeline& lifeline
 
 void ConversionProcess::Convert()
 {
-    ::dup2(printed_.Descriptor(), STDOUT_FILENO);
-    ::dup2(errors_.Descriptor(), STDERR_FILENO);
+    printed_.Replace(STDOUT_FILENO);
+    errors_.Replace(STDERR_FILENO);
     ChildResult result;
     std::string report;
     result.status = RunGuarded([&] {

@@ -26,7 +26,6 @@ public:
     // False when the system has no process or memory left for it; errno is the reason.
     bool Start(const ChildSignal& childSignal, Lifeline& lifeline);
     pid_t Id() const { return id_; }
-    const Task& GetTask() const { return task_; }
 
     // After its end: what became of the document. `waitStatus` and `usage` are from wait4().
     BatchRow RowOf(int waitStatus, const rusage& usage) const;
