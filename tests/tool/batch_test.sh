@@ -235,14 +235,19 @@ child_of() {
 crash() {
     archive
     mkfifo pipe.xml
-    "$tool" -j 1 pipe.xml archive/day1/cut.xml -o out --summary s.csv >printed 2>errors &
-    local pid=$!
-    kill -KILL "$(child_of $pid)"
-    wait $pid
-    [ $? -eq 12 ] || fail 'not the status of some failures'
+    local signal pid
+    for signal in TERM KILL; do
+        rm -rf out
+        "$tool" -j 1 pipe.xml archive/day1/cut.xml -o out --summary $signal.csv >printed 2>errors &
+        pid=$!
+        kill -$signal "$(child_of $pid)"
+        wait $pid
+        [ $? -eq 12 ] || fail 'not the status of some failures'
+        expect_files out cut.vlproj
+    done
     expect_text errors 'pipe.xml: the conversion was ended by signal 9'
-    expect_rows s.csv 'rows["pipe.xml"]["status"] == "137"'
-    expect_files out cut.vlproj
+    expect_rows KILL.csv 'rows["pipe.xml"]["status"] == "137"'
+    expect_rows TERM.csv 'rows["pipe.xml"]["result"] == "failed"'
 
     { # more than fits
         printf '<xmeml version="5"><project><name>Large</name><children>'

@@ -50,9 +50,10 @@ double SecondsOf(const timeval& time)
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
 }
 
+// A conversion that someone else has stopped is a failure of the batch.
 RowResult ResultOf(int status)
 {
-    if (status == kAborted)
+    if (IsInterrupted() && (status == kAborted || status > 128))
         return RowResult::Aborted;
     return status == kSuccess || status == kLossesFound ? RowResult::Converted : RowResult::Failed;
 }
@@ -139,8 +140,8 @@ BatchRow ConversionProcess::RowOf(int waitStatus, const rusage& usage) const
     const std::string text = result_.Read();
     if (!WIFEXITED(waitStatus) || text.size() < sizeof(ChildResult)) {
         RemoveIncomplete();
-        row.result = IsInterrupted() ? RowResult::Aborted : RowResult::Failed;
-        row.status = WIFSIGNALED(waitStatus) ? 128 + WTERMSIG(waitStatus) : WEXITSTATUS(waitStatus);
+        row.status = WIFSIGNALED(waitStatus) ? 128 + WTERMSIG(waitStatus) : kUnexpectedError;
+        row.result = ResultOf(row.status);
         row.message.append(row.message.empty() ? "" : " ").append(EndText(waitStatus));
         return row;
     }
