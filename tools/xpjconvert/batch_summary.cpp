@@ -1,5 +1,7 @@
 #include "xpjconvert/batch_summary.h"
 
+#include "core/csv.h"
+
 #include <array>
 #include <cmath>
 #include <string_view>
