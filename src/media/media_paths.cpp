@@ -86,6 +86,12 @@ std::vector<std::string> MediaPaths::FilesNamed(std::string_view name, const Sto
     return search_.FilesNamed(name, wantsStop);
 }
 
+void MediaPaths::WalkFolders(const StopCheck& wantsStop)
+{
+    if (search_.HasFolders())
+        FilesNamed({}, wantsStop);
+}
+
 MediaPath MediaPaths::Find(const std::string& path, const MediaFacts& stated,
                            const StopCheck& wantsStop)
 {

@@ -51,6 +51,8 @@ public:
     // mapped nor found elsewhere comes back as it is.
     MediaPath Find(const std::string& path, const MediaFacts& stated,
                    const StopCheck& wantsStop = {});
+    // Walks the folders at once, for processes that are forked from this one.
+    void WalkFolders(const StopCheck& wantsStop);
 
 private:
     std::vector<std::string> FilesNamed(std::string_view name, const StopCheck& wantsStop);

@@ -1,5 +1,6 @@
 #include "xpjconvert/batch.h"
 
+#include "media/media_paths.h"
 #include "platform/files.h"
 #include "xpjconvert/batch_plan.h"
 #include "xpjconvert/batch_progress.h"
@@ -112,6 +113,8 @@ void Batch::Plan()
     totals_.documents = documents_.size();
     for (const PlannedDocument& planned : documents_)
         taken_.insert(NormalPath(planned.document.path));
+    if (options_.request.mediaPaths)
+        options_.request.mediaPaths->WalkFolders(IsInterrupted);
 }
 
 void Batch::StartNext()
