@@ -6,10 +6,12 @@
 #include "export/unread_objects.h"
 #include "frame/loss_markers.h"
 #include "frame/release.h"
+#include "frame/sequence_choice.h"
 #include "import/import_driver.h"
 #include "import/unread_elements.h"
 #include "platform/platform.h"
 #include "platform/settings.h"
+#include "project/accessors.h"
 #include "report/encoding_issues.h"
 
 namespace XPJ {
@@ -18,17 +20,27 @@ namespace {
 
 constexpr std::string_view kDefaultTitle = "Vela Project";
 
+unsigned AllSteps()
+{
+    unsigned steps = 0;
+    for (const ConversionStage& stage : kConversionStages)
+        steps += stage.steps;
+    return steps;
+}
+
 // Runs one stage after the other until one fails.
 class Stages {
 public:
-    Stages(Progress& progress, unsigned steps) : progress_(progress), all_(progress, 1, steps) {}
+    explicit Stages(Progress& progress) : progress_(progress), all_(progress, 1, AllSteps()) {}
 
-    // `stage` gives a ConversionResult; it fills `steps` of the progress.
+    // `stage` gives a ConversionResult.
     template <class Stage>
-    void Run(unsigned steps, Stage stage)
+    void Run(Stage stage)
     {
         if (result_ != kSuccess)
             return;
+        const unsigned steps = next_->steps;
+        ++next_;
         {
             const StageScope scope(progress_, steps, 1);
             result_ = stage();
@@ -41,6 +53,7 @@ public:
 private:
     Progress& progress_;
     StageScope all_;
+    const ConversionStage* next_ = kConversionStages.begin();
     int result_ = kSuccess;
 };
 
@@ -55,12 +68,12 @@ public:
     // bytes -> tree -> dialects -> translated tree -> dialects -> bytes
     int Run()
     {
-        Stages stages(progress_, 8);
-        stages.Run(2, [this] { return Read(); });
-        stages.Run(2, [this] { return IsImport() ? Import() : Export(); });
-        stages.Run(2, [this] { return Write(); });
-        stages.Run(1, [this] { return ReleaseTree(translated_, progress_); });
-        stages.Run(1, [this] { return ReleaseTree(source_, progress_); });
+        Stages stages(progress_);
+        stages.Run([this] { return Read(); });
+        stages.Run([this] { return IsImport() ? Import() : Export(); });
+        stages.Run([this] { return Write(); });
+        stages.Run([this] { return ReleaseTree(translated_, progress_); });
+        stages.Run([this] { return ReleaseTree(source_, progress_); });
         return stages.Result();
     }
 
@@ -70,10 +83,11 @@ private:
     int Read()
     {
         DocumentDetails details;
-        const int result = request_.from->read({.path = request_.inputPath,
-                                                .stream = streams_.input,
-                                                .isOpen = settings_.openInterchange},
-                                               progress_, sourceDocument_, source_, details);
+        int result = request_.from->read(
+            {.path = request_.readFrom.empty() ? request_.inputPath : request_.readFrom,
+             .stream = streams_.input,
+             .isOpen = settings_.openInterchange},
+            progress_, sourceDocument_, source_, details);
         AddEncodingIssues(details.encoding, DirectionOf(request_), outcome_.account);
         isHandOff_ = request_.handOff.value_or(details.isHandOff);
         if (IsImport())
@@ -89,7 +103,26 @@ private:
             RestateAsMeant(sourceDocument_, source_, assumptions);
             AddAssumptions(assumptions);
         }
-        return result;
+        return result == kSuccess ? Choose() : result;
+    }
+
+    // The sequence that the request names.
+    int Choose()
+    {
+        chosenGuid_ = request_.sequenceGuid;
+        if (request_.sequence.empty())
+            return kSuccess;
+        SequenceChoice choice = ChooseSequence(source_, request_.sequence);
+        if (!choice.sequence) {
+            outcome_.lacksSequence = true;
+            outcome_.sequenceProblem = std::move(choice.problem);
+            return kNoFCPDataFound;
+        }
+        if (IsImport())
+            KeepOnlySequence(source_, choice.sequence);
+        else
+            chosenGuid_ = StringToGUID(ObjectGuid(choice.sequence));
+        return kSuccess;
     }
 
     // The audio hand-off is a contract of two programs.
@@ -140,18 +173,20 @@ private:
     {
         const RVX::ExportOptions options{.projectTitle = ProjectTitle(),
                                          .vl2snMode = isHandOff_,
-                                         .sequenceGuid = request_.sequenceGuid,
+                                         .sequenceGuid = chosenGuid_,
                                          .exportTransformEffect = settings_.exportTransform,
                                          .settings = SettingsOfTranslation()};
         sourceDocument_.MarkReads();
         const int result = RVX::TranslateProjectDocument(
             source_, options, progress_, translatedDocument_, outcome_.account, translated_);
-        if (result == kSuccess && request_.sequenceGuid == kZeroGuid)
+        if (result == kSuccess && chosenGuid_ == kZeroGuid)
             RVX::AddUnreadObjects(source_, outcome_.account);
         // The one chosen sequence is all that the project then holds.
         outcome_.lacksSequence = result == kSuccess && request_.needsSequence &&
-                                 request_.sequenceGuid != kZeroGuid &&
+                                 chosenGuid_ != kZeroGuid &&
                                  !translated_.GetChild("project").HasChild("children");
+        if (outcome_.lacksSequence)
+            outcome_.sequenceProblem = "it holds no sequence " + AsString(chosenGuid_);
         return outcome_.lacksSequence ? kNoFCPDataFound : result;
     }
 
@@ -160,7 +195,7 @@ private:
         if (UsesDialects(*request_.to)) {
             AssumptionList assumptions;
             RestateForOthers(translatedDocument_, translated_,
-                             {.oneSequence = request_.sequenceGuid != kZeroGuid}, assumptions);
+                             {.oneSequence = chosenGuid_ != kZeroGuid}, assumptions);
             AddAssumptions(assumptions);
         }
         if (request_.markLosses)
@@ -213,6 +248,7 @@ private:
     ConversionOutcome& outcome_;
     const Settings settings_ = ReadSettings();
     bool isHandOff_ = false;
+    Guid chosenGuid_ = kZeroGuid; // of a project's sequence
     // Values of the translated tree are parts of the source, so both live to the end.
     Document sourceDocument_;
     Document translatedDocument_;
@@ -235,6 +271,17 @@ bool SetFormatsByExtension(ConversionRequest& request)
 Direction DirectionOf(const ConversionRequest& request)
 {
     return request.to->kind == TreeKind::Project ? Direction::Import : Direction::Export;
+}
+
+std::string_view StageAt(double progress)
+{
+    double end = 0;
+    for (const ConversionStage& stage : kConversionStages) {
+        end += static_cast<double>(stage.steps) / AllSteps();
+        if (progress < end)
+            return stage.name;
+    }
+    return kConversionStages.back().name;
 }
 
 int Convert(const ConversionRequest& request, const ConversionStreams& streams, Progress& progress,

@@ -11,6 +11,7 @@
 #include "report/report.h"
 #include "tree/reading.h"
 
+#include <array>
 #include <functional>
 #include <iosfwd>
 #include <optional>
@@ -23,8 +24,15 @@ struct ConversionRequest {
     const Format* to = &FormatOf(TreeKind::Project);
     std::string inputPath{};
     std::string outputPath{};
+    // Opened in place of the two, which then are names alone; empty: they themselves.
+    std::string readFrom{};
+    std::string writeTo{};
     // A document of the audio hand-off; nothing: if the input states it.
     std::optional<bool> handOff = false;
+
+    // Of a document with several sequences, the one to convert: its name, id or number, see
+    // `ChooseSequence`. Empty: all of the document.
+    std::string sequence{};
 
     // To a project
     bool aafSupport = false;
@@ -56,12 +64,24 @@ Direction DirectionOf(const ConversionRequest& request);
 struct ConversionOutcome {
     int result = kUnexpectedError; // a ConversionResult
     Account account;
-    ReadStop stop;              // where reading stopped early, or why the input can't be used
-    std::string reportPath;     // empty: no report was written
-    bool lacksSequence = false; // the project doesn't have the requested sequence
-    bool outputLost = false;    // the output could not be created, or not all of it be kept
-    std::string lossReason;     // of that, as the system puts it
+    ReadStop stop;               // where reading stopped early, or why the input can't be used
+    std::string reportPath;      // empty: no report was written
+    bool lacksSequence = false;  // the document doesn't have the requested sequence
+    std::string sequenceProblem; // of that, "it holds no sequence Cut"
+    bool outputLost = false;     // the output could not be created, or not all of it be kept
+    std::string lossReason;      // of that, as the system puts it
 };
+
+// The stages of a conversion, in order, with the share of the progress that each fills.
+struct ConversionStage {
+    std::string_view name; // for people
+    unsigned steps;
+};
+inline constexpr std::array kConversionStages = {
+    ConversionStage{"reading", 2}, ConversionStage{"translating", 2}, ConversionStage{"writing", 2},
+    ConversionStage{"closing", 1}, ConversionStage{"closing", 1}};
+// The stage that is at work at a progress from 0 to 1.
+std::string_view StageAt(double progress);
 
 struct ConversionStreams {
     std::istream* input; // a project from a host; null: the request's input file

@@ -6,6 +6,8 @@
 #include "inspect/read_timelines.h"
 #include "tree/input.h"
 
+#include <set>
+
 namespace XPJ {
 
 DocumentTimelines ReadTimelines(std::string_view bytes, std::string_view folder,
@@ -32,20 +34,22 @@ DocumentTimelines ReadTimelines(std::string_view bytes, std::string_view folder,
     return timelines;
 }
 
-DocumentTimelines ReadTimelinesOfFile(const std::string& path, DocumentReading reading)
+DocumentFile::DocumentFile(std::string file) : path(std::move(file)), folder(FolderOf(path)) {}
+
+DocumentTimelines ReadTimelinesOfFile(const DocumentFile& file, DocumentReading reading)
 {
     Document document;
     std::string_view bytes;
-    CoreFile file;
-    if (file.Open(path, false) && ReadInput(file, document, bytes))
-        return ReadTimelines(bytes, FolderOf(path), reading);
+    CoreFile source;
+    if (source.Open(file.path, false) && ReadInput(source, document, bytes))
+        return ReadTimelines(bytes, file.folder, reading);
     DocumentTimelines timelines;
     timelines.result = kInputCouldNotBeOpened;
-    timelines.stop.reason = ErrorText(file.Error());
+    timelines.stop.reason = ErrorText(source.Error());
     return timelines;
 }
 
-ComparedTimelines ReadForComparison(const std::string& first, const std::string& second,
+ComparedTimelines ReadForComparison(const DocumentFile& first, const DocumentFile& second,
                                     DocumentReading reading)
 {
     ComparedTimelines both{ReadTimelinesOfFile(first, reading),
@@ -53,6 +57,17 @@ ComparedTimelines ReadForComparison(const std::string& first, const std::string&
     if (both.first.isHandOff == both.second.isHandOff || reading == DocumentReading::ToTheLetter)
         return both;
     return ReadForComparison(first, second, DocumentReading::ToTheLetter);
+}
+
+void KeepSequencesOf(const Inspection::Project& other, Inspection::Project& project)
+{
+    std::set<std::string_view> names;
+    for (const Inspection::Sequence& sequence : other.sequences)
+        names.insert(sequence.name);
+    project.entries.clear();
+    std::erase_if(project.sequences, [&names](const Inspection::Sequence& sequence) {
+        return !names.contains(sequence.name);
+    });
 }
 
 } // namespace XPJ

@@ -8,6 +8,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace XPJ {
 
@@ -30,7 +31,15 @@ enum class DocumentReading {
 DocumentTimelines ReadTimelines(std::string_view bytes, std::string_view folder = {},
                                 DocumentReading reading = DocumentReading::ToTheLetter);
 
-DocumentTimelines ReadTimelinesOfFile(const std::string& path, DocumentReading reading);
+// A file and the folder from which relative paths in it count, with its last separator.
+struct DocumentFile {
+    std::string path;
+    std::string folder;
+
+    explicit DocumentFile(std::string file);
+    DocumentFile(std::string file, std::string_view base) : path(std::move(file)), folder(base) {}
+};
+DocumentTimelines ReadTimelinesOfFile(const DocumentFile& file, DocumentReading reading);
 
 // Of two files that are to be compared, both in one way: a document of the hand-off is taken to the
 // letter, and so is its partner.
@@ -38,7 +47,11 @@ struct ComparedTimelines {
     DocumentTimelines first;
     DocumentTimelines second;
 };
-ComparedTimelines ReadForComparison(const std::string& first, const std::string& second,
+ComparedTimelines ReadForComparison(const DocumentFile& first, const DocumentFile& second,
                                     DocumentReading reading);
+
+// Leaves in `project` no sequences but those that `other` has by name, and no browser: for what is
+// compared with the conversion of one sequence.
+void KeepSequencesOf(const Inspection::Project& other, Inspection::Project& project);
 
 } // namespace XPJ

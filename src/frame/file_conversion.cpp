@@ -81,7 +81,7 @@ ConversionOutcome ConvertFiles(const ConversionRequest& request, const ProgressW
 {
     ConversionOutcome outcome;
     StopRequest stop(watch);
-    OutputFile output(request.outputPath, stop.Check());
+    OutputFile output(request.writeTo.empty() ? request.outputPath : request.writeTo, stop.Check());
     if (output.WasStopped()) {
         outcome.result = kAborted;
         return outcome;

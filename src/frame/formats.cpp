@@ -160,14 +160,20 @@ const Format* FormatOfExtension(std::string_view extension)
     return found == std::end(kFormats) ? nullptr : found;
 }
 
-const Format& FormatOfText(std::string_view text)
+const Format* KnownFormatOfText(std::string_view text)
 {
     // The prologue and the comments before the document element are short.
     constexpr std::size_t kHead = 65536;
     const std::string_view head = text.substr(0, kHead);
     const auto opens = [head](const Format& format) { return HoldsStartTag(head, format.element); };
     const Format* const found = std::ranges::find_if(kFormats, opens);
-    return found == std::end(kFormats) ? kFormats[0] : *found;
+    return found == std::end(kFormats) ? nullptr : found;
+}
+
+const Format& FormatOfText(std::string_view text)
+{
+    const Format* const known = KnownFormatOfText(text);
+    return known ? *known : kFormats[0];
 }
 
 } // namespace XPJ

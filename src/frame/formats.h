@@ -55,7 +55,9 @@ std::span<const Format> AllFormats();
 const Format& FormatOf(TreeKind kind);
 // Null for an extension of no format; letters must match in case.
 const Format* FormatOfExtension(std::string_view extension);
-// By the document element; the first format if none is known.
+// By the document element that a text starts with; null if none is known.
+const Format* KnownFormatOfText(std::string_view text);
+// The same; the first format if none is known.
 const Format& FormatOfText(std::string_view text);
 
 } // namespace XPJ

@@ -22,6 +22,7 @@ public:
         return entry->second;
     }
     std::size_t Size() const { return nodes_.size(); }
+    const std::vector<Handle>& Nodes() const { return nodes_; }
     Handle At(std::size_t number) const { return nodes_[number]; }
 
 private:

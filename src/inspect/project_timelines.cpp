@@ -78,7 +78,7 @@ bool IsMadeByEditor(std::string_view path)
 
 class ProjectTimelines {
 public:
-    Project Read(ConstHandle velaData)
+    Project Read(ConstHandle velaData, std::vector<ConstHandle>& nodes)
     {
         project_.family = Family::Project;
         project_.version = TextOf(velaData, "Version");
@@ -87,6 +87,7 @@ public:
         // A sequence may use others, which then come at the end.
         for (std::size_t i = 0; i < sequences_.Size(); ++i)
             project_.sequences.push_back(ReadSequence(sequences_.At(i)));
+        nodes = sequences_.Nodes();
         return std::move(project_);
     }
 
@@ -163,6 +164,7 @@ private:
             FormatOf(Int64Property(video, "FrameRate"),
                      IntProperty(node, "MZ.Sequence.VideoTimeDisplayFormat"));
         Sequence sequence{.name = TextOf(node, "Name"),
+                          .id = std::string(ObjectGuid(node)),
                           .format = format,
                           .start = Int64Property(node, "MZ.ZeroPoint"),
                           .markers = ReadMarkers(node)};
@@ -303,9 +305,9 @@ private:
 
 } // namespace
 
-Project ReadProjectTimelines(ConstHandle velaData)
+Project ReadProjectTimelines(ConstHandle velaData, std::vector<ConstHandle>& nodes)
 {
-    return ProjectTimelines().Read(velaData);
+    return ProjectTimelines().Read(velaData, nodes);
 }
 
 } // namespace XPJ::Inspection

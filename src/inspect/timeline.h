@@ -141,6 +141,7 @@ struct ItemIndex {
 
 struct Sequence {
     std::string name = {};
+    std::string id = {}; // GUID, else what the document calls it; not compared
     TimecodeFormat format = {};
     Ticks start = 0; // timecode of its first frame
     int width = 0;   // of the frame; 0: not stated

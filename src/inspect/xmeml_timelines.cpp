@@ -113,7 +113,7 @@ public:
         project_.family = Family::Xmeml;
     }
 
-    Project Read(ConstHandle xmeml)
+    Project Read(ConstHandle xmeml, std::vector<ConstHandle>& nodes)
     {
         project_.version = TextOf(xmeml, "version");
         project_.name = TextOf(xmeml.GetChild("project"), "name");
@@ -123,6 +123,7 @@ public:
         // A sequence may use others, which then come at the end.
         for (std::size_t i = 0; i < sequences_.Size(); ++i)
             project_.sequences.push_back(ReadSequence(sequences_.At(i)));
+        nodes = sequences_.Nodes();
         return std::move(project_);
     }
 
@@ -197,6 +198,7 @@ private:
         const FrameFormat frame = FrameOfOwner(node);
         titleFrame_ = ParseFrameSize(frame.rect, frame.par);
         Sequence sequence{.name = TextOf(node, "name"),
+                          .id = HasValue(node, "uuid") ? TextOf(node, "uuid") : TextOf(node, "id"),
                           .format = FormatOf(unit, node.GetChild("timecode")),
                           .start = StartOfSequence(node.GetChild("timecode"), unit)};
         const ConstHandle characteristics = CharacteristicsOf(node);
@@ -389,9 +391,10 @@ private:
 
 } // namespace
 
-Project ReadXmemlTimelines(ConstHandle xmeml, std::string_view folder, bool isHandOff)
+Project ReadXmemlTimelines(ConstHandle xmeml, std::string_view folder, bool isHandOff,
+                           std::vector<ConstHandle>& nodes)
 {
-    return XmemlTimelines(folder, isHandOff).Read(xmeml);
+    return XmemlTimelines(folder, isHandOff).Read(xmeml, nodes);
 }
 
 } // namespace XPJ::Inspection

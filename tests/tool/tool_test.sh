@@ -47,18 +47,81 @@ usage() {
     expect_lines out 1
 
     local arguments
-    for arguments in '' '--nonsense a.xml' 'a.xml b c' '--seed many a.xml' '--set nothing a.xml' \
-        '--sequence 12 a.vlproj' '--handoff a.xml'; do
+    for arguments in '' '--nonsense a.xml' 'a.xml b c' '--seed many a.xml' '--seed -1 a.xml' \
+        '--set nothing a.xml' '--handoff a.xml' '--from sgml a.xml' '--from xmeml --to xmeml a.xml' \
+        '--inspect=all a.xml' '--inspect a.xml -o b' '--list-sequences'; do
         # shellcheck disable=SC2086
         expect_status 64 $arguments
         [ -s err ] || fail "nothing is said about '$arguments'"
     done
-    expect_status 64 notes.txt
-    cat out err >both
-    expect_text both 'XPJConvert: Unrecognized file extension: txt (.xml or .vlproj expected).'
-    expect_status 64 notes
-    cat out err >both
-    expect_text both 'XPJConvert: Input file notes appears to lack a file extension'
+    expect_status 0 -V
+    expect_lines out 1
+    # As wide as a terminal.
+    "$tool" --help | awk 'length > 100 { exit 1 }' || fail 'long lines in the help'
+}
+
+# The content decides what a document is, not its name.
+by_content() {
+    minimal >small.xml
+    cp small.xml SMALL.XML
+    cp small.xml plain
+    cp small.xml odd.vlproj
+    local name
+    for name in SMALL.XML plain odd.vlproj; do
+        expect_status 0 --quiet "$name" -o from/
+        expect_file "from/${name%.*}.vlproj"
+        rm -r from
+    done
+    expect_status 64 odd.vlproj
+    expect_text err 'same file'
+    expect_status 64 --to xmeml plain
+    expect_text err 'it is a Final Cut Pro XML already'
+    iconv -f UTF-8 -t UTF-16 small.xml >wide
+    expect_status 0 --quiet wide
+    expect_file wide.vlproj
+    # What shows nothing is what it is said to be.
+    echo text >notes.txt
+    expect_status 4 notes.txt
+    expect_status 4 --from vlproj notes.txt
+    expect_text err 'no element "VelaData"'
+    expect_status 4 --to vlproj notes.txt
+    # The second of two documents is no place to write to.
+    cp small.xml second.xml
+    expect_status 64 small.xml second.xml
+    expect_text err 'second.xml'
+    expect_same small.xml second.xml
+    expect_status 0 small.xml -o second.xml
+    expect_text second.xml VelaData
+}
+
+# Standard streams, folders, and a run that writes nothing.
+streams() {
+    one_clip 100 >one.xml
+    expect_status 0 --quiet --seed 1 one.xml file.vlproj
+    "$tool" --seed 1 - -o - <one.xml >piped.vlproj 2>err || fail "status $?"
+    expect_same file.vlproj piped.vlproj
+    expect_text err 'Wrote standard output:'
+    "$tool" --quiet - <file.vlproj >out 2>err || fail "status $?"
+    expect_file 'standard input.xml'
+    printf '<xmeml version="5"><bin>< <' | "$tool" - -o - >out 2>err
+    expect_text err 'standard input:1:'
+    [ ! -s out ] || fail 'half a document on the standard output'
+    "$tool" one.xml -o - >/dev/full 2>err
+    [ $? -eq 6 ] || fail 'a lost output is no success'
+    expect_text err 'standard output: the output could not be written: No space left on device.'
+
+    expect_status 0 --quiet one.xml -o new/folder/
+    expect_file new/folder/one.vlproj
+    expect_status 0 --quiet one.xml new
+    expect_file new/one.vlproj
+
+    expect_status 0 --dry-run --verify --report dry.json one.xml -o dry.vlproj
+    tail -1 out >closing
+    expect_text closing 'Would write dry.vlproj: '
+    expect_no_text dry.json unexplained
+    expect_file dry.json
+    expect_no_file dry.vlproj
+    ls -A "${TMPDIR:-/tmp}" | grep -q '^xpjconvert-' && fail 'a temporary file is left'
 }
 
 samples() {
@@ -476,10 +539,45 @@ sequence() {
     guid=$(sed -n 's/.*<Sequence ObjectUID="\([^"]*\)".*/\1/p' one.vlproj | head -1)
     expect_status 0 --quiet --sequence "$guid" one.vlproj chosen.xml
     expect_text chosen.xml '<sequence'
+    expect_status 0 --quiet --verify --report named.json --sequence Cut one.vlproj named.xml
+    expect_no_text named.json unexplained
+    expect_same chosen.xml named.xml
     expect_status 2 --sequence 12345678-1234-1234-1234-123456789abc one.vlproj none.xml
     expect_text err 'holds no sequence 12345678-1234-1234-1234-123456789abc'
     expect_no_file none.xml
     expect_no_file none.xml.part
+
+    # Of several: by name, number and id, in both directions, with what they hold.
+    local cut
+    cut=$(one_clip 100 | sed 's|^<xmeml version="5">||; s|</xmeml>$||')
+    printf '<xmeml version="5"><project><name>Show</name><children>%s<bin><name>B</name><children>%s%s</children></bin></children></project></xmeml>\n' \
+        "${cut//Cut/Reel 1}" "$(sed 's/id="s"/id="s2"/; s/Cut/Reel 2/' <<<"$cut")" \
+        "$(sed 's/id="s"/id="s3"/; s/Cut/Reel 2/; s/"A"/"Z"/' <<<"$cut")" >show.xml
+    expect_status 0 --list-sequences show.xml
+    expect_lines out 4
+    expect_text out 'Reel 1'
+    expect_text out 's3'
+    expect_status 0 --list-sequences --json show.xml
+    expect_text out '"number": 3'
+    expect_status 0 --inspect=summary show.xml
+    expect_text out 'Reel 2'
+    expect_text out '1 media file, 0 offline'
+    expect_status 0 --quiet show.xml
+    expect_status 2 --sequence 'Reel 2' show.xml none.vlproj
+    expect_text err 'it holds 2 sequences Reel 2, of the numbers 2, 3.'
+    local choice
+    for choice in 1 'Reel 1' s; do
+        expect_status 0 --quiet --verify --report r.json --sequence "$choice" show.xml one.vlproj
+        expect_no_text r.json unexplained
+        expect_status 0 --list-sequences one.vlproj
+        expect_lines out 2
+        expect_text out 'Reel 1'
+    done
+    expect_status 0 --quiet --sequence 3 show.vlproj three.xml
+    expect_status 0 --list-sequences three.xml
+    expect_lines out 2
+    expect_status 2 --sequence 4 show.vlproj none.xml
+    expect_status 2 --sequence 0 show.xml none.vlproj
 }
 
 # What waits for the other end of a pipe dies of the first signal, and a loop around it with it.
@@ -542,8 +640,8 @@ interrupt() {
     cp long.vlproj earlier
     "$tool" long.xml >out 2>err </dev/null &
     local pid=$! status tries
-    for tries in {1..600}; do # it shows its progress: it is at work
-        grep -qs 'Progress: ' out && break
+    for tries in {1..600}; do # it writes: it is at work
+        [ -s long.vlproj.part ] && break
         sleep 0.05
     done
     kill -INT "$pid"

@@ -47,9 +47,10 @@ std::string EncodingLines(const std::string& input, const EncodingFaults& faults
 }
 
 std::string SuccessLine(const ConversionRequest& request, const ConversionOutcome& outcome,
-                        bool isVerified)
+                        SuccessKind kind)
 {
-    return fmt::format("Wrote {}: {}\n", request.outputPath, LossesText(outcome, isVerified));
+    return fmt::format("{} {}: {}\n", kind.isDryRun ? "Would write" : "Wrote", request.outputPath,
+                       LossesText(outcome, kind.isVerified));
 }
 
 std::string CutOffLine(const ConversionRequest& request, const ConversionOutcome& outcome)
@@ -66,8 +67,7 @@ std::string FailureLine(const ConversionRequest& request, const ConversionOutcom
         return fmt::format("XPJConvert: {}: the output could not be written: {}.\n",
                            request.outputPath, outcome.lossReason);
     if (outcome.lacksSequence)
-        return fmt::format("XPJConvert: {}: it holds no sequence {}.\n", request.inputPath,
-                           AsString(request.sequenceGuid));
+        return fmt::format("XPJConvert: {}: {}.\n", request.inputPath, outcome.sequenceProblem);
     return FailureLine(request.inputPath, outcome.result, outcome.stop);
 }
 

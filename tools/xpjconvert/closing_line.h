@@ -14,10 +14,14 @@ std::string StopText(const std::string& input, const ReadStop& stop);
 // Warnings of an unknown encoding and of invalid bytes, a line each.
 std::string EncodingLines(const std::string& input, const EncodingFaults& faults);
 
+struct SuccessKind {
+    bool isVerified = false;
+    bool isDryRun = false;
+};
 // What was written, how much did not arrive as it was, and where the report is.
 //   "Wrote cut.vlproj: 3 lost, 1 changed, listed in /home/a/cut.report.txt"
 std::string SuccessLine(const ConversionRequest& request, const ConversionOutcome& outcome,
-                        bool isVerified);
+                        SuccessKind kind);
 
 // Warns of an input that ends inside an element; empty for a whole one.
 std::string CutOffLine(const ConversionRequest& request, const ConversionOutcome& outcome);

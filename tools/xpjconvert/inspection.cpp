@@ -5,6 +5,7 @@
 #include "inspect/compare.h"
 #include "inspect/effect_table.h"
 #include "inspect/look_listing.h"
+#include "inspect/summary.h"
 #include "inspect/timeline_json.h"
 #include "inspect/timeline_text.h"
 #include "platform/files.h"
@@ -55,17 +56,39 @@ DocumentReading ReadingOf(const ToolOptions& options)
     return options.strict ? DocumentReading::ToTheLetter : DocumentReading::AsMeant;
 }
 
+const std::string& InputOf(const ToolOptions& options)
+{
+    return options.inputs.front();
+}
+
+// The file that a path on the command line stands for.
+std::string PathOf(const std::string& input)
+{
+    return input == kStandardStream ? "/dev/stdin" : input;
+}
+
+std::string TextOfProject(const ToolOptions& options, const Project& project)
+{
+    switch (options.mode) {
+    case ToolMode::Summary:
+        return SummaryText(project, FileExists);
+    case ToolMode::ListSequences:
+        return options.json ? SequenceListJson(project) : SequenceListText(project);
+    default:
+        return options.json ? TreeJson(project, FileExists) : TreeText(project, FileExists);
+    }
+}
+
 int InspectLook(const ToolOptions& options, std::string_view bytes)
 {
     CZvError error;
-    const std::optional<LookFile> file = ReadLookFile(
-        bytes, std::filesystem::path(options.request.inputPath).filename().string(), error);
+    const std::optional<LookFile> file =
+        ReadLookFile(bytes, std::filesystem::path(InputOf(options)).filename().string(), error);
     if (file)
         return PrintAll(options.json ? LookFileJson(*file) : LookFileText(*file), kSuccess);
     const std::string place =
         error.line > 0 ? fmt::format("{}:{}:", error.line, error.column) : std::string();
-    PrintError(
-        fmt::format("XPJConvert: {}:{} {}\n", options.request.inputPath, place, error.message));
+    PrintError(fmt::format("XPJConvert: {}:{} {}\n", InputOf(options), place, error.message));
     return kNoFCPDataFound;
 }
 
@@ -75,19 +98,17 @@ int Inspect(const ToolOptions& options)
     std::string_view bytes;
     DocumentTimelines read;
     CoreFile file;
-    if (!file.Open(options.request.inputPath, false) || !ReadInput(file, document, bytes)) {
+    if (!file.Open(PathOf(InputOf(options)), false) || !ReadInput(file, document, bytes)) {
         read.result = kInputCouldNotBeOpened;
         read.stop.reason = ErrorText(file.Error());
     } else if (IsLookFile(bytes)) {
         return InspectLook(options, bytes);
     } else {
-        read = ReadTimelines(bytes, FolderOf(options.request.inputPath), ReadingOf(options));
+        read = ReadTimelines(bytes, FolderOf(InputOf(options)), ReadingOf(options));
     }
-    if (!IsUsable(options.request.inputPath, read))
+    if (!IsUsable(InputOf(options), read))
         return read.result;
-    return PrintAll(options.json ? TreeJson(read.project, FileExists)
-                                 : TreeText(read.project, FileExists),
-                    kSuccess);
+    return PrintAll(TextOfProject(options, read.project), kSuccess);
 }
 
 // A page draws both; other formats are those of the printed list.
@@ -97,8 +118,8 @@ std::string TextOfDifferences(const std::string& path, const ToolOptions& option
 {
     switch (FormatOfReport(path).value_or(ReportFormat::Text)) {
     case ReportFormat::Page:
-        return PageText({.title = fmt::format("{} and {}", FileNameOf(options.request.inputPath),
-                                              FileNameOf(options.request.outputPath)),
+        return PageText({.title = fmt::format("{} and {}", FileNameOf(InputOf(options)),
+                                              FileNameOf(options.partner)),
                          .first = &a.project,
                          .second = &b.project,
                          .differences = differences});
@@ -111,11 +132,11 @@ std::string TextOfDifferences(const std::string& path, const ToolOptions& option
 
 int CompareFiles(const ToolOptions& options)
 {
-    const auto [a, b] = ReadForComparison(options.request.inputPath, options.request.outputPath,
-                                          ReadingOf(options));
-    if (!IsUsable(options.request.inputPath, a))
+    const auto [a, b] = ReadForComparison(DocumentFile(PathOf(InputOf(options))),
+                                          DocumentFile(options.partner), ReadingOf(options));
+    if (!IsUsable(InputOf(options), a))
         return a.result;
-    if (!IsUsable(options.request.outputPath, b))
+    if (!IsUsable(options.partner, b))
         return b.result;
     std::vector<Difference> differences = Compare(a.project, b.project);
     options.ignored.RemoveFrom(differences);
@@ -127,14 +148,17 @@ int CompareFiles(const ToolOptions& options)
 
 } // namespace
 
-std::optional<int> RunInspection(const ToolOptions& options)
+int RunInspection(const ToolOptions& options)
 {
-    if (options.listEffects)
-        return PrintAll(EffectTableText(), kSuccess);
-    if (!options.inspect && !options.compare)
-        return std::nullopt;
     std::cout.setstate(std::ios::failbit); // the readers' diagnostics for developers
-    return options.inspect ? Inspect(options) : CompareFiles(options);
+    switch (options.mode) {
+    case ToolMode::ListEffects:
+        return PrintAll(EffectTableText(), kSuccess);
+    case ToolMode::Compare:
+        return CompareFiles(options);
+    default:
+        return Inspect(options);
+    }
 }
 
 } // namespace XPJ

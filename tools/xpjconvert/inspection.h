@@ -3,12 +3,9 @@
 
 #include "xpjconvert/options.h"
 
-#include <optional>
-
 namespace XPJ {
 
-// Runs `--inspect`, `--compare` or `--list-effects` and gives the exit status; nothing when none of
-// them is given.
-std::optional<int> RunInspection(const ToolOptions& options);
+// Runs the mode of the options and gives the exit status.
+int RunInspection(const ToolOptions& options);
 
 } // namespace XPJ

@@ -1,20 +1,15 @@
-// xpjconvert INPUT [OUTPUT]: converts one document, in the direction of its extension.
-#include "frame/console.h"
-#include "frame/file_conversion.h"
-#include "frame/verification.h"
-#include "platform/default_platform.h"
-#include "platform/platform.h"
-#include "report/remark_groups.h"
-#include "xpjconvert/closing_line.h"
+// xpjconvert INPUT [-o OUTPUT]: converts documents, in the direction that their content shows.
+#include "xpjconvert/convert_document.h"
+#include "xpjconvert/documents.h"
 #include "xpjconvert/inspection.h"
 #include "xpjconvert/interrupt.h"
 #include "xpjconvert/options.h"
 #include "xpjconvert/print.h"
-#include "xpjconvert/progress_display.h"
-#include "xpjconvert/reports.h"
 
+#include <exception>
 #include <filesystem>
 #include <iostream>
+#include <new>
 #include <system_error>
 
 #include <fmt/format.h>
@@ -23,76 +18,21 @@ namespace {
 
 using namespace XPJ;
 
-// Shows the progress; Ctrl-C stops the conversion.
-ConversionOutcome ConvertUnderDisplay(const ConversionRequest& request, bool quiet)
+// `xpjconvert a.xml b.xml` is hardly meant to write over the second.
+bool IsOutputAnInput(const ToolOptions& options, const std::vector<InputDocument>& documents)
 {
-    ProgressDisplay display(quiet);
-    return ConvertFiles(request, {.show = [&display](double progress) { display.Show(progress); },
-                                  .wantsStop = IsInterrupted});
-}
-
-void PreparePlatform(const ToolOptions& options, DefaultPlatform& platform)
-{
-    if (options.seed)
-        platform.SeedGuids(*options.seed);
-    if (!options.strict)
-        platform.SetDebugEntry("FCP.OpenInterchange", "true");
-    for (const auto& [key, value] : options.debugEntries)
-        platform.SetDebugEntry(key, value);
-}
-
-// What did not arrive as it was: as many groups as fit on a screen.
-void PrintLosses(const ConversionOutcome& outcome)
-{
-    constexpr std::size_t kGroups = 7;
-    Print(GroupText(GroupRemarks(outcome.account.remarks), kGroups));
-}
-
-int Convert(const ToolOptions& options, ConversionRequest& request)
-{
+    if (options.outputIsNamed || options.output.empty() || documents.size() != 1)
+        return false;
+    const Format& from = FormatOfDocument(options, documents[0].path, documents[0].path);
+    if (!IsDocumentOf(from, options.output))
+        return false;
     std::error_code error;
-    if (std::filesystem::equivalent(request.inputPath, request.outputPath, error)) {
-        PrintError(fmt::format("XPJConvert: {}: input and output are the same file.\n",
-                               request.inputPath));
-        return kWrongUsage;
-    }
-    if (request.handOff.value_or(false))
-        Print("Processing for Sonara consumption...\n");
-
-    Reports reports(options, request);
-    request.reserveReport = [&reports] { return reports.Reserve(); };
-    CatchInterrupts();
-    ConversionOutcome outcome = ConvertUnderDisplay(request, options.quiet);
-    ReleaseInterrupts();
-    if (options.verify && outcome.result == kSuccess)
-        AddUnexplained(ReadForComparison(request.inputPath, request.outputPath,
-                                         options.strict ? DocumentReading::ToTheLetter
-                                                        : DocumentReading::AsMeant),
-                       request.markLosses, outcome.account);
-    const std::string problems = reports.Write(outcome);
-    if (!options.quiet)
-        PrintLosses(outcome);
-    if (outcome.result == kSuccess) {
-        PrintError(CutOffLine(request, outcome));
-        Print(SuccessLine(request, outcome, options.verify));
-    } else {
-        PrintError(FailureLine(request, outcome));
-    }
-    PrintError(problems);
-    // The conversion itself has succeeded or not, whatever becomes of this output.
-    if (const std::string loss = FlushPrinted(); !loss.empty())
-        PrintError(
-            fmt::format("XPJConvert: the standard output could not be written: {}.\n", loss));
-    return outcome.result == kSuccess && HasFailure(options, outcome) ? kLossesFound
-                                                                      : outcome.result;
-}
-
-// What the command line doesn't state itself.
-void CompleteRequest(const ToolOptions& options, ConversionRequest& request)
-{
-    if (request.outputPath.empty())
-        request.outputPath = DefaultOutputName(request);
-    request.listsReport = !options.seed; // its name and folder don't follow from the input
+    if (std::filesystem::equivalent(documents[0].path, options.output, error))
+        return false; // an error of its own
+    PrintError(fmt::format("XPJConvert: {}: it is a {} as the first; with -o it is written all "
+                           "the same.\n",
+                           options.output, from.name));
+    return true;
 }
 
 int Run(int argc, char** argv)
@@ -100,26 +40,25 @@ int Run(int argc, char** argv)
     ToolOptions options;
     if (const std::optional<int> status = ParseOptions(argc, argv, options))
         return *status;
-    if (const std::optional<int> status = RunInspection(options))
-        return *status;
-
-    ConversionRequest& request = options.request;
-    if (!SetFormatsByExtension(request)) {
-        ConvertByExtension(request, std::cerr); // which prints the reason
+    if (options.mode != ToolMode::Convert)
+        return RunInspection(options);
+    // The readers' diagnostics for developers.
+    if (options.quiet || options.output == kStandardStream)
+        std::cout.setstate(std::ios::failbit);
+    std::string problems;
+    const std::vector<InputDocument> documents = ExpandInputs(options, problems);
+    PrintError(problems);
+    if (IsOutputAnInput(options, documents))
         return kWrongUsage;
-    }
-    if (DirectionOf(request) == Direction::Import &&
-        (request.handOff || request.sequenceGuid != kZeroGuid)) {
-        PrintError("XPJConvert: --sequence and --handoff are for .vlproj input.\n");
-        return kWrongUsage;
-    }
-    if (options.quiet)
-        std::cout.setstate(std::ios::failbit); // the readers' diagnostics for developers
-    DefaultPlatform platform;
-    PreparePlatform(options, platform);
-    const PlatformScope scope(platform);
-    CompleteRequest(options, request);
-    return Convert(options, request);
+    int status = problems.empty() ? kSuccess : kInputCouldNotBeOpened;
+    for (const InputDocument& document : documents)
+        if (const int one = ConvertDocument(options, document).status; one != kSuccess)
+            status = one;
+    // The conversion itself has succeeded or not, whatever becomes of this output.
+    if (const std::string loss = FlushPrinted(); !loss.empty())
+        PrintError(
+            fmt::format("XPJConvert: the standard output could not be written: {}.\n", loss));
+    return status;
 }
 
 } // namespace

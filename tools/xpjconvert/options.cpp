@@ -1,8 +1,10 @@
 #include "xpjconvert/options.h"
 
 #include "report/account_report.h"
+#include "xpjconvert/help_format.h"
 
-#include <sstream>
+#include <algorithm>
+#include <memory>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -11,9 +13,21 @@ namespace XPJ {
 namespace {
 
 constexpr const char* kDescription =
-    "Converts a Final Cut Pro XML document into a Vela project, or back.";
+    "Converts Final Cut Pro XML documents into Vela projects, or back, and reports what did not\n"
+    "arrive as it was.\n";
 
 constexpr const char* kFooter = R"(
+Examples:
+  xpjconvert cut.xml                        writes cut.vlproj into the current folder
+  xpjconvert cut.vlproj -o out/             writes out/cut.xml
+  xpjconvert cut.xml --verify --report cut.html
+                                            reads the output back; the report is a page
+  xpjconvert show.vlproj --sequence "Reel 2" -o reel2.xml
+                                            one sequence
+  cat cut.xml | xpjconvert - -o - >cut.vlproj
+                                            from a pipe to a pipe
+  xpjconvert --inspect=summary cut.xml      what is in a document
+  xpjconvert --compare old.xml new.xml      what changed between two
 
 Exit status:
   0   converted
@@ -31,33 +45,34 @@ Environment:
   VELA_DEBUG_DATABASE  names a file of KEY=VALUE lines for the debug database;
                        --set overrides it)";
 
-// "Final Cut Pro XML (.xml), Vela project (.vlproj)"
-std::string FormatsText()
+// By which --from and --to name a format.
+std::string_view NameOf(const Format& format)
 {
-    std::string text;
-    for (const Format& format : AllFormats())
-        text += fmt::format("{}{} (.{})", text.empty() ? "" : ", ", format.name, format.extension);
-    return text;
+    return format.kind == TreeKind::Xmeml ? format.element : format.extension;
 }
 
-// Lines of at most 80 characters, indented by two; `list` has commas between its entries.
-std::string WrappedList(const std::string& list)
+const Format* FormatNamed(std::string_view name)
 {
-    constexpr std::size_t kWidth = 80;
+    const auto found = std::ranges::find(AllFormats(), name, NameOf);
+    return found == AllFormats().end() ? nullptr : &*found;
+}
+
+std::vector<std::string> FormatNames()
+{
+    std::vector<std::string> names;
+    for (const Format& format : AllFormats())
+        names.emplace_back(NameOf(format));
+    return names;
+}
+
+// Indented by two.
+std::string Paragraph(const std::string& words)
+{
+    constexpr std::size_t kWidth = 76;
     std::string text;
-    std::string line = " ";
-    std::istringstream entries(list);
-    for (std::string entry; std::getline(entries, entry, ',');) {
-        if (entry.starts_with(' '))
-            entry.erase(0, 1);
-        if (line.size() + 1 + entry.size() + 1 > kWidth) {
-            text += line + "\n";
-            line = " ";
-        }
-        line += " " + entry + ",";
-    }
-    line.pop_back();
-    return text + line;
+    for (const std::string& line : WrappedLines(words, kWidth))
+        text += "  " + line + "\n";
+    return text;
 }
 
 std::string CheckIgnorable(const std::string& name)
@@ -73,119 +88,271 @@ std::string CheckKeyValue(const std::string& text)
     return equals == std::string::npos || equals == 0 ? "'" + text + "' is not KEY=VALUE" : "";
 }
 
-std::string CheckGuid(const std::string& text)
+// A minus sign would be wrapped around.
+std::string CheckNumber(const std::string& text)
 {
-    return StringToGUID(text) == kZeroGuid ? "'" + text + "' is not a GUID" : "";
+    return !text.empty() && text.find_first_not_of("0123456789") == text.npos
+               ? ""
+               : "'" + text + "' is not a number";
+}
+
+std::string CheckNotEmpty(const std::string& text)
+{
+    return text.empty() ? "the text is empty" : "";
 }
 
 const std::set<std::string> kFailures = {"lost", "changed", "assumed", "skipped", "cut-off", "any"};
+const std::set<std::string> kInspections = {"full", "summary"};
 
 std::string CheckReport(const std::string& path)
 {
-    return path == "-" || FormatOfReport(path) ? ""
-                                               : "'" + path + "' is not .txt, .json, .csv or .html";
+    return path == kStandardStream || FormatOfReport(path)
+               ? ""
+               : "'" + path + "' is not .txt, .json, .csv or .html";
 }
 
-// Rules for more than one option.
-void CheckNeeds(const ToolOptions& options, bool ignores)
+void AddDocumentOptions(CLI::App& app, CommandLine& line)
 {
-    const int modes = options.inspect + options.compare + options.listEffects;
-    if (modes > 1)
-        throw CLI::ExcludesError("--inspect, --compare and --list-effects", "each other");
-    if (options.request.inputPath.empty() != options.listEffects)
-        throw options.listEffects ? CLI::ParseError(CLI::ExtrasError({options.request.inputPath}))
-                                  : CLI::ParseError(CLI::RequiredError("INPUT"));
-    if (options.compare && options.request.outputPath.empty())
-        throw CLI::RequiredError("OUTPUT");
-    if (options.inspect && !options.request.outputPath.empty())
-        throw CLI::ExtrasError({options.request.outputPath});
-    if (ignores && !options.compare)
-        throw CLI::RequiresError("--ignore", "--compare");
-    if (options.json && !options.inspect && !options.compare)
-        throw CLI::RequiresError("--json", "--inspect or --compare");
+    constexpr const char* kGroup = "Documents";
+    app.add_option("INPUT", line.documents,
+                   "A document to convert, - for the standard input; its content decides the "
+                   "direction. Also a folder, or @LIST, a file with a path in each line. Of two "
+                   "documents without -o the second is the file to write")
+        ->option_text("INPUT...");
+    app.add_option("-o,--output", line.output,
+                   "The file to write, a folder for it, or - for the standard output; by default "
+                   "a file in the current folder, named after INPUT")
+        ->option_text("FILE|DIR")
+        ->check(CheckNotEmpty)
+        ->group(kGroup);
+    app.add_flag("-r,--recursive", line.options.recursive,
+                 "Of a folder also what is in the folders below")
+        ->group(kGroup);
+    app.add_option("--from", line.from, "The format of INPUT, where its content doesn't show it")
+        ->option_text("FORMAT")
+        ->check(CLI::IsMember(FormatNames()))
+        ->group(kGroup);
+    app.add_option("--to", line.to, "The format to write")
+        ->option_text("FORMAT")
+        ->check(CLI::IsMember(FormatNames()))
+        ->group(kGroup);
+    app.add_option("--sequence", line.options.request.sequence,
+                   "Convert only this sequence; --list-sequences shows names, numbers and ids")
+        ->option_text("NAME|NUMBER|ID")
+        ->check(CheckNotEmpty)
+        ->group(kGroup);
+    app.add_flag("-n,--dry-run", line.options.dryRun,
+                 "Write no document: only show what would become of it")
+        ->group(kGroup);
 }
 
-} // namespace
-
-std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& options)
+void AddTranslationOptions(CLI::App& app, CommandLine& line)
 {
-    std::vector<std::string> entries;
-    std::vector<std::string> ignored;
-    std::string sequence;
-    bool handOff = false;
-    bool noAdditions = false;
-
-    CLI::App app(kDescription, "xpjconvert");
-    app.footer("\nNames for --ignore:\n" + WrappedList(Inspection::IgnorableNames()) + kFooter);
-    app.set_version_flag("--version", "xpjconvert " VELA_VERSION);
-    app.add_option("INPUT", options.request.inputPath, "The document to convert: " + FormatsText());
-    app.add_option("OUTPUT", options.request.outputPath,
-                   "The file to write; by default in the current folder, named after INPUT");
-    app.add_flag("-q,--quiet", options.quiet, "Print only the last line, and errors");
-    app.add_flag("--strict", options.strict,
-                 "Read and write to the letter, as the plug-in does in its host");
-    app.add_option("--seed", options.seed,
+    constexpr const char* kGroup = "Translation";
+    app.add_flag("--strict", line.options.strict,
+                 "Read and write to the letter, as the plug-in does in its host")
+        ->group(kGroup);
+    app.add_flag("--no-additions", line.noAdditions,
+                 "Write no elements and attributes that the document type doesn't have")
+        ->group(kGroup);
+    app.add_flag("--handoff", line.options.handOff,
+                 "Convert a project for the hand-off to the audio editor")
+        ->group(kGroup);
+    app.add_option("--seed", line.options.seed,
                    "Same input, same output; the project doesn't list the report")
-        ->option_text("N");
-    app.add_option("--set", entries, "Set an entry of the debug database; may be repeated")
+        ->option_text("N")
+        ->check(CheckNumber)
+        ->group(kGroup);
+    app.add_option("--set", line.entries, "Set an entry of the debug database; may be repeated")
         ->option_text("KEY=VALUE")
         ->allow_extra_args(false)
-        ->check(CheckKeyValue);
+        ->check(CheckKeyValue)
+        ->group(kGroup);
+}
+
+void AddReportOptions(CLI::App& app, CommandLine& line)
+{
+    constexpr const char* kGroup = "Reports";
     app.add_option(
-           "--report", options.reports,
+           "--report", line.options.reports,
            "Write what did not arrive into this file, by its extension as .txt, .json, .csv "
            "or .html; - is the standard output, as text; may be repeated")
         ->option_text("FILE")
         ->allow_extra_args(false)
-        ->check(CheckReport);
-    app.add_option("--report-dir", options.reportFolder,
-                   "Without --report: write the report into this folder, not beside OUTPUT")
-        ->option_text("DIR");
-    app.add_flag("--verify", options.verify,
-                 "Read the output back and report every difference that nothing else explains");
-    app.add_flag("--mark-losses", options.request.markLosses,
-                 "Put a marker into the written sequences wherever something did not arrive");
-    app.add_option("--fail-on", options.failOn,
+        ->check(CheckReport)
+        ->group(kGroup);
+    app.add_option("--report-dir", line.options.reportFolder,
+                   "Without --report: write the report into this folder, not beside the output")
+        ->option_text("DIR")
+        ->group(kGroup);
+    app.add_flag("--verify", line.options.verify,
+                 "Read the output back and report every difference that nothing else explains")
+        ->group(kGroup);
+    app.add_flag("--mark-losses", line.options.request.markLosses,
+                 "Put a marker into the written sequences wherever something did not arrive")
+        ->group(kGroup);
+    app.add_option("--fail-on", line.options.failOn,
                    "End with status 11 when the report has such a thing: lost, changed, assumed, "
                    "skipped, cut-off or any; may be repeated")
         ->option_text("OUTCOME,...")
         ->delimiter(',')
         ->allow_extra_args(false)
-        ->check(CLI::IsMember(kFailures));
-    app.add_option("--sequence", sequence, "Convert only this sequence of a .vlproj")
-        ->option_text("GUID")
-        ->check(CheckGuid);
-    app.add_flag("--no-additions", noAdditions,
-                 "Write no elements and attributes that the document type doesn't have");
-    app.add_flag("--handoff", handOff, "Convert a .vlproj for the hand-off to the audio editor");
-    app.add_flag("--inspect", options.inspect, "Print what is in INPUT instead of converting it");
-    app.add_flag("--compare", options.compare,
-                 "Print the differences between INPUT and OUTPUT instead of converting");
-    app.add_option("--ignore", ignored,
+        ->check(CLI::IsMember(kFailures))
+        ->group(kGroup);
+    app.add_flag("-q,--quiet", line.options.quiet, "Print only the last line, and errors")
+        ->group(kGroup);
+}
+
+void AddPrintingOptions(CLI::App& app, CommandLine& line)
+{
+    constexpr const char* kGroup = "Instead of a conversion";
+    app.add_flag("--inspect{full}", line.inspect,
+                 "Print what is in INPUT; --inspect=summary prints a screenful")
+        ->option_text("[=summary]")
+        ->check(CLI::IsMember(kInspections))
+        ->group(kGroup);
+    app.add_flag("--list-sequences", line.listSequences, "Print the sequences of INPUT")
+        ->group(kGroup);
+    app.add_flag("--compare", line.compare, "Print the differences between two documents")
+        ->group(kGroup);
+    app.add_option("--ignore", line.ignored,
                    "With --compare: what is not compared, separated by commas; may be repeated")
         ->option_text("NAME,...")
         ->delimiter(',')
         ->allow_extra_args(false)
-        ->check(CheckIgnorable);
-    app.add_flag("--list-effects", options.listEffects,
-                 "Print what becomes of each effect; needs no INPUT");
-    app.add_flag("--json", options.json, "With --inspect or --compare: print JSON");
+        ->check(CheckIgnorable)
+        ->group(kGroup);
+    app.add_flag("--list-effects", line.listEffects,
+                 "Print what becomes of each effect; needs no INPUT")
+        ->group(kGroup);
+    app.add_flag("--json", line.options.json, "Of what is printed: JSON")->group(kGroup);
+}
 
-    try {
-        app.parse(argc, argv);
-        CheckNeeds(options, !ignored.empty());
-    } catch (const CLI::ParseError& end) {
-        return app.exit(end) == 0 ? 0 : kWrongUsage;
-    }
-    for (const std::string& entry : entries) {
+// How many documents a mode takes.
+struct ModeRow {
+    ToolMode mode;
+    std::string_view option;
+    std::size_t documents;
+    bool takesJson;
+};
+constexpr ModeRow kModes[] = {
+    {ToolMode::Inspect, "--inspect", 1, true},
+    {ToolMode::Summary, "--inspect=summary", 1, false},
+    {ToolMode::ListSequences, "--list-sequences", 1, true},
+    {ToolMode::Compare, "--compare", 2, true},
+    {ToolMode::ListEffects, "--list-effects", 0, false},
+};
+
+const ModeRow& RowOf(ToolMode mode)
+{
+    return *std::ranges::find(kModes, mode, &ModeRow::mode);
+}
+
+ToolMode ModeOf(const CommandLine& line)
+{
+    std::vector<ToolMode> modes;
+    if (!line.inspect.empty())
+        modes.push_back(line.inspect == "summary" ? ToolMode::Summary : ToolMode::Inspect);
+    if (line.listSequences)
+        modes.push_back(ToolMode::ListSequences);
+    if (line.compare)
+        modes.push_back(ToolMode::Compare);
+    if (line.listEffects)
+        modes.push_back(ToolMode::ListEffects);
+    if (modes.size() > 1)
+        throw CLI::ExcludesError(std::string(RowOf(modes[0]).option),
+                                 std::string(RowOf(modes[1]).option));
+    return modes.empty() ? ToolMode::Convert : modes.front();
+}
+
+// Rules for more than one option.
+void CheckPrintingMode(const CommandLine& line, ToolMode mode)
+{
+    const ModeRow& row = RowOf(mode);
+    if (line.documents.size() < row.documents)
+        throw CLI::RequiredError(row.documents == 2 ? "A second document" : "INPUT");
+    if (line.documents.size() > row.documents)
+        throw CLI::ExtrasError({line.documents.back()});
+    if (!line.output.empty())
+        throw CLI::ExcludesError(std::string(row.option), "--output");
+    if (line.options.json && !row.takesJson)
+        throw CLI::ExcludesError(std::string(row.option), "--json");
+}
+
+void CheckConversion(const CommandLine& line)
+{
+    if (line.documents.empty())
+        throw CLI::RequiredError("INPUT");
+    if (line.documents.size() > 2 && line.output.empty())
+        throw CLI::RequiredError("--output, the folder for several documents,");
+    if (line.options.json)
+        throw CLI::RequiresError("--json", "--inspect, --list-sequences or --compare");
+    if (!line.from.empty() && line.from == line.to)
+        throw CLI::ExcludesError("--from " + line.from, "--to " + line.to);
+}
+
+// `xpjconvert INPUT OUTPUT`, unless the output is named otherwise.
+void SetDocuments(const CommandLine& line, ToolOptions& options)
+{
+    options.inputs = line.documents;
+    options.output = line.output;
+    options.outputIsNamed = !line.output.empty();
+    if (line.documents.size() != 2 || !line.output.empty())
+        return;
+    options.inputs.pop_back();
+    (line.compare ? options.partner : options.output) = line.documents.back();
+}
+
+void Complete(const CommandLine& line, ToolOptions& options)
+{
+    options = line.options;
+    options.mode = ModeOf(line);
+    if (options.mode == ToolMode::Convert)
+        CheckConversion(line);
+    else
+        CheckPrintingMode(line, options.mode);
+    if (!line.ignored.empty() && options.mode != ToolMode::Compare)
+        throw CLI::RequiresError("--ignore", "--compare");
+    SetDocuments(line, options);
+    options.from = FormatNamed(line.from);
+    options.to = FormatNamed(line.to);
+    for (const std::string& entry : line.entries) {
         const auto equals = entry.find('=');
         options.debugEntries.emplace_back(entry.substr(0, equals), entry.substr(equals + 1));
     }
-    for (const std::string& name : ignored)
+    for (const std::string& name : line.ignored)
         options.ignored.Add(name);
-    options.request.sequenceGuid = StringToGUID(sequence);
-    options.request.handOff = handOff ? std::optional(true) : std::nullopt;
-    options.request.additions = !noAdditions;
+    options.request.handOff = options.handOff ? std::optional(true) : std::nullopt;
+    options.request.additions = !line.noAdditions;
+}
+
+} // namespace
+
+void AddOptions(CLI::App& app, CommandLine& line)
+{
+    app.description(kDescription);
+    app.name("xpjconvert");
+    app.formatter(std::make_shared<HelpFormat>());
+    app.footer("\nNames for --ignore:\n" + Paragraph(Inspection::IgnorableNames()) + kFooter);
+    AddDocumentOptions(app, line);
+    AddTranslationOptions(app, line);
+    AddReportOptions(app, line);
+    AddPrintingOptions(app, line);
+    app.set_version_flag("-V,--version", "xpjconvert " VELA_VERSION, "Print the version");
+    app.set_help_flag("-h,--help", "Print this help");
+}
+
+std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& options)
+{
+    CommandLine line;
+    CLI::App app;
+    AddOptions(app, line);
+    try {
+        app.parse(argc, argv);
+        Complete(line, options);
+    } catch (const CLI::ParseError& end) {
+        return app.exit(end) == 0 ? 0 : kWrongUsage;
+    }
     return std::nullopt;
 }
 

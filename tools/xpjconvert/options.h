@@ -11,6 +11,10 @@
 #include <utility>
 #include <vector>
 
+namespace CLI {
+class App;
+}
+
 namespace XPJ {
 
 // Exit status for wrong usage; a conversion ends with its ConversionResult, 0 to 6.
@@ -20,8 +24,26 @@ constexpr int kDifferent = 10;
 // Exit status of a conversion with what --fail-on names.
 constexpr int kLossesFound = 11;
 
+// The name of the standard streams on the command line.
+constexpr std::string_view kStandardStream = "-";
+
+// What the tool does; all but the first print something and convert nothing.
+enum class ToolMode { Convert, Inspect, Summary, ListSequences, Compare, ListEffects };
+
 struct ToolOptions {
-    ConversionRequest request; // its formats are still to be set
+    ToolMode mode = ToolMode::Convert;
+    // As they are given: files, folders, "@LIST", "-".
+    std::vector<std::string> inputs;
+    std::string output;         // a file or a folder; empty: the current folder
+    bool outputIsNamed = false; // by -o, not by its place among the documents
+    std::string partner;        // that the input is compared with
+    bool recursive = false;
+    const Format* from = nullptr; // stated by the user
+    const Format* to = nullptr;
+    bool dryRun = false;
+
+    ConversionRequest request; // for each document; its formats and paths are still to be set
+    bool handOff = false;
     bool quiet = false;
     bool strict = false; // without the rules for other programs' dialects
     std::optional<std::uint64_t> seed;
@@ -31,13 +53,30 @@ struct ToolOptions {
     bool verify = false;              // compare the output with the input
     std::string reportFolder;         // of the report without --report; empty: beside the output
     std::set<std::string> failOn; // outcomes that give the status of losses, or "cut-off", "any"
-    // Instead of a conversion.
-    bool inspect = false;
-    bool compare = false;        // the input with the "output", both of which are read
-    Inspection::Ignored ignored; // by the comparison
-    bool listEffects = false;
-    bool json = false; // how the first two print
+    // Of the modes that print.
+    Inspection::Ignored ignored; // by a comparison
+    bool json = false;
 };
+
+// What the command line states, before it is checked as a whole.
+struct CommandLine {
+    std::vector<std::string> documents; // the inputs; of two the second may be the output
+    std::string output;
+    std::string from;
+    std::string to;
+    std::string inspect; // "full", "summary"; empty: not given
+    bool listSequences = false;
+    bool compare = false;
+    bool listEffects = false;
+    bool noAdditions = false;
+    std::vector<std::string> entries; // KEY=VALUE
+    std::vector<std::string> ignored;
+    ToolOptions options; // what needs no more than its own check
+};
+
+// Enters all options: the one table from which the command line is read and its help is printed.
+// `line` must live as long as `app`.
+void AddOptions(CLI::App& app, CommandLine& line);
 
 // Reads the command line. A value is the exit status to end with at once, after a help text on the
 // standard output or an error on the standard error.

@@ -1,8 +1,10 @@
 #include "xpjconvert/progress_display.h"
-#include "core/numbers.h"
+
+#include "frame/conversion.h"
 #include "xpjconvert/print.h"
 
 #include <algorithm>
+#include <string>
 
 #include <fmt/format.h>
 #include <unistd.h>
@@ -10,34 +12,39 @@
 namespace XPJ {
 namespace {
 
-constexpr int kBarWidth = 40;
+constexpr int kBarWidth = 30;
+// Below this share the time that was spent says little about the rest.
+constexpr double kSmallShare = 0.03;
+
+std::string TimeLeft(double progress, double seconds)
+{
+    if (progress < kSmallShare || progress >= 1)
+        return {};
+    const auto left = static_cast<long>(seconds * (1 - progress) / progress + 0.5);
+    return fmt::format(", {}:{:02} left", left / 60, left % 60);
+}
 
 } // namespace
 
-ProgressDisplay::ProgressDisplay(bool quiet)
-    : style_(quiet                   ? Style::None
-             : isatty(STDERR_FILENO) ? Style::Bar
-                                     : Style::Lines)
-{
-}
+ProgressDisplay::ProgressDisplay(bool quiet) : isShown_(!quiet && isatty(STDERR_FILENO)) {}
 
 ProgressDisplay::~ProgressDisplay()
 {
-    if (barShown_)
+    if (hasLine_)
         PrintError("\r\x1b[K"); // to the line's start, clear it
 }
 
 void ProgressDisplay::Show(double progress)
 {
-    if (style_ == Style::Lines) {
-        Print(fmt::format("Progress: {}%\n", DoubleToString(progress * 100)));
-        FlushPrinted();
-    } else if (style_ == Style::Bar) {
-        const int filled = static_cast<int>(std::clamp(progress, 0.0, 1.0) * kBarWidth);
-        PrintError(fmt::format("\r[{:#<{}}{:.<{}}] {:3.0f}%", "", filled, "", kBarWidth - filled,
-                               progress * 100));
-        barShown_ = true;
-    }
+    if (!isShown_ || (progress >= 1 && !hasLine_))
+        return;
+    const double share = std::clamp(progress, 0.0, 1.0);
+    const int filled = static_cast<int>(share * kBarWidth);
+    const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - begin_;
+    PrintError(fmt::format("\r[{:#<{}}{:.<{}}] {:3.0f}% {}{}\x1b[K", "", filled, "",
+                           kBarWidth - filled, share * 100, StageAt(share),
+                           TimeLeft(share, spent.count())));
+    hasLine_ = true;
 }
 
 } // namespace XPJ

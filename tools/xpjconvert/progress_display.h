@@ -1,25 +1,27 @@
 // The progress of a conversion on the terminal.
 #pragma once
 
+#include <chrono>
+
 namespace XPJ {
 
-// A bar on the standard error where that is a terminal, else plain lines on the standard output.
+// A line on the standard error, where that is a terminal: a bar with the stage, the share that is
+// done and the time left.
 class ProgressDisplay {
 public:
     explicit ProgressDisplay(bool quiet);
-    // Removes the bar.
+    // Removes the line.
     ~ProgressDisplay();
     ProgressDisplay(const ProgressDisplay&) = delete;
     ProgressDisplay& operator=(const ProgressDisplay&) = delete;
 
-    // 0 to 1.
+    // 0 to 1. The end is shown only where something was shown before.
     void Show(double progress);
 
 private:
-    enum class Style { None, Bar, Lines };
-
-    Style style_;
-    bool barShown_ = false;
+    const bool isShown_;
+    const std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
+    bool hasLine_ = false;
 };
 
 } // namespace XPJ

@@ -50,7 +50,8 @@ std::string Reports::Reserve()
     for (const std::string& path : options_.reports)
         if (path != "-")
             return AbsolutePath(path);
-    if (!options_.reports.empty())
+    const bool hasFile = request_.writeTo.empty(); // that the report can be beside
+    if (!options_.reports.empty() || (!hasFile && options_.reportFolder.empty()))
         return {};
     if (!options_.reportFolder.empty()) {
         std::error_code error; // a folder that can't be made can't hold the file either
@@ -114,9 +115,10 @@ std::string Reports::TextOf(const std::string& path, const ConversionOutcome& ou
 // What was read, with what became of it.
 std::string Reports::PageOf(const std::string& accountJson) const
 {
-    const DocumentTimelines read =
-        ReadTimelinesOfFile(request_.inputPath, options_.strict ? DocumentReading::ToTheLetter
-                                                                : DocumentReading::AsMeant);
+    const DocumentTimelines read = ReadTimelinesOfFile(
+        {request_.readFrom.empty() ? request_.inputPath : request_.readFrom,
+         FolderOf(request_.inputPath)},
+        options_.strict ? DocumentReading::ToTheLetter : DocumentReading::AsMeant);
     return PageText({.title = std::string(FileNameOf(request_.inputPath)),
                      .accountJson = accountJson,
                      .first = &read.project});
