@@ -23,6 +23,10 @@ if(TARGET xpjconvert)
     install(TARGETS xpjconvert RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 
+if(TARGET manual)
+    install(DIRECTORY ${PROJECT_BINARY_DIR}/manual/ DESTINATION ${CMAKE_INSTALL_DATAROOTDIR})
+endif()
+
 install(EXPORT vela_fcpxml_targets NAMESPACE vela_fcpxml::
     FILE vela_fcpxmlTargets.cmake DESTINATION ${package_dir})
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/vela_fcpxmlConfig.cmake.in

@@ -1,18 +1,6 @@
 # cpack -G DEB and cpack -G TGZ, in the build folder: the installed tree as a package. Configure with
 # -DCMAKE_INSTALL_PREFIX=/usr for a Debian package whose libraries are in the architecture's folder.
 
-# The version of a release and its date are those of the newest entry of the change log.
-file(STRINGS CHANGELOG.md releases REGEX "^## ")
-list(GET releases 0 newest)
-if(NOT newest MATCHES "^## ([0-9.]+) \\(([0-9]+-[0-9]+-[0-9]+)\\)$")
-    message(FATAL_ERROR "CHANGELOG.md: '${newest}' is not '## VERSION (YEAR-MONTH-DAY)'")
-endif()
-set(release_date ${CMAKE_MATCH_2})
-if(NOT CMAKE_MATCH_1 VERSION_EQUAL PROJECT_VERSION)
-    message(FATAL_ERROR "CHANGELOG.md begins with ${CMAKE_MATCH_1}, the version is ${PROJECT_VERSION}")
-endif()
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS CHANGELOG.md)
-
 set(CPACK_PACKAGE_NAME vela-fcpxml)
 set(CPACK_PACKAGE_VENDOR "The Vela FCP XML converter authors")
 set(CPACK_PACKAGE_CONTACT "The Vela FCP XML converter authors <authors@vela-fcpxml.example>")
