@@ -46,6 +46,8 @@ configure_file(${PROJECT_SOURCE_DIR}/cmake/vela_fcpxml.pc.in ${PROJECT_BINARY_DI
     @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/vela_fcpxml.pc DESTINATION ${pkgconfig_dir})
 
+install(DIRECTORY messages DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/vela_fcpxml)
+
 # The documents of a user and of a host's author; those that explain the code stay with it.
 install(FILES README.md CHANGELOG.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs

@@ -1,6 +1,7 @@
 #!/bin/bash
 # install_test.sh BUILD_DIR SOURCE_DIR: an installed tree, also one that was moved, has what a host and
-# a user look for: the plug-in is found with CMake and with pkg-config, and the tool runs.
+# a user look for: the plug-in is found with CMake and with pkg-config, and the tool runs and finds its
+# catalogs of messages.
 set -euo pipefail
 build=$1 source=$2
 work=$(mktemp -d)
@@ -26,6 +27,10 @@ fi
 
 "$installed/bin/xpjconvert" --version
 "$installed/bin/xpjconvert" --quiet "$source/samples/interview.xml" "$work/interview.vlproj"
+
+LC_ALL=de_DE.UTF-8 "$installed/bin/xpjconvert" --quiet "$source/samples/interview.xml" \
+    "$work/interview.vlproj" --report "$work/report.txt"
+grep -q 'gibt es keine Entsprechung' "$work/report.txt"
 
 for binary in "$installed/bin/xpjconvert" "$(find "$installed" -name libvela_fcpxml.so)"; do
     if readelf --dynamic "$binary" | grep -E 'RPATH|RUNPATH|SONAME'; then
