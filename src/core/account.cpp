@@ -3,8 +3,6 @@
 #include "core/frame_rate.h"
 #include "core/ticks.h"
 
-#include <algorithm>
-
 namespace XPJ {
 
 std::string FrameSpan::Timecode(std::int64_t frame) const
@@ -58,12 +56,6 @@ void AddIssue(Account& account, Direction direction, const TranslationIssue& iss
                                .subject = issue.subject,
                                .detail = isOfTime ? issue.time : std::string(),
                                .isIssue = true});
-}
-
-bool HasRemark(const Account& account, RemarkKind kind)
-{
-    return std::ranges::any_of(account.remarks,
-                               [kind](const Remark& remark) { return remark.kind == kind; });
 }
 
 } // namespace XPJ

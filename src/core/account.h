@@ -83,7 +83,4 @@ void AddRemark(Account& account, RemarkKind kind, const ItemLocation& location,
 void AddIssue(Account& account, Direction direction, const TranslationIssue& issue,
               const FrameSpan& span = {}, std::string_view bin = {});
 
-// True when a remark of the kind is there.
-bool HasRemark(const Account& account, RemarkKind kind);
-
 } // namespace XPJ

@@ -12,6 +12,7 @@ enum class RemarkKind : std::uint8_t {
     // Of the report
     GeneratorUnsupported,
     EffectUnsupported,
+    EffectConditional,
     EffectApproximate,
     CompositeModeUnsupported,
     TransitionToConstantPower,

@@ -41,6 +41,7 @@ struct AudioFilterRow {
     AudioMatchNames project = {};               // empty: not a part of a chain
     std::string_view name = {};                 // for people
     std::span<const AudioParamRow> params = {}; // in the order of the component
+    std::string_view onlyWhen = {};             // as of an EffectRow
     std::string_view note = {};
     Outcome outcome = Outcome::CarriedOver;
     ImportIssue refusal = ImportIssue::EffectNotTranslated; // of an effect that lacks a parameter

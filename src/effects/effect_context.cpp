@@ -88,7 +88,7 @@ void EffectContext::AddRemark(RemarkKind kind, const RemarkSubject& subject) con
         XPJ::AddRemark(account, kind, location, subject);
 }
 
-void EffectContext::AddIssue(ImportIssue kind, ConstHandle effect) const
+void EffectContext::AddIssue(ImportIssue kind, ConstHandle effect, std::string_view onlyWhen) const
 {
     Remark* const remark =
         Enter(*this, Direction::Import, static_cast<int>(kind), EffectName(effect));
@@ -96,6 +96,10 @@ void EffectContext::AddIssue(ImportIssue kind, ConstHandle effect) const
         return;
     remark->subject = FullEffectName(effect);
     remark->subjectId = effect.GetProperty("effectid");
+    if (onlyWhen.empty())
+        return;
+    remark->kind = RemarkKind::EffectConditional;
+    remark->detail = onlyWhen;
 }
 
 void EffectContext::AddRemark(RemarkKind kind, ConstHandle effect, std::string_view detail,

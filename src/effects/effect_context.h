@@ -63,7 +63,8 @@ struct EffectContext {
     void AddRemark(RemarkKind kind, const RemarkSubject& subject = {}) const;
     // The same for an `effect`, under the name and the id that it has.
     //   context.AddRemark(RemarkKind::EffectParameterLost, effect, "Softness")
-    void AddIssue(ImportIssue kind, ConstHandle effect) const;
+    // `onlyWhen`: the condition under which it would have been translated.
+    void AddIssue(ImportIssue kind, ConstHandle effect, std::string_view onlyWhen = {}) const;
     void AddRemark(RemarkKind kind, ConstHandle effect, std::string_view detail = {},
                    std::size_t count = 1) const;
 };

@@ -30,7 +30,8 @@ struct EffectListing {
     std::string_view name;
     std::string_view effectId; // empty where effects are known by their name alone
     std::vector<ListedParameter> parameters = {};
-    std::string_view note = {}; // what is lost, or on what the outcome depends
+    std::string_view onlyWhen = {}; // the condition of the outcome; else the effect is dropped
+    std::string_view note = {};     // what is lost, or what it becomes
 
     // For listings of documents.
     std::string_view matchName = {};   // or how it begins: audio effects have one a channel type

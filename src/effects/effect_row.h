@@ -101,7 +101,8 @@ struct EffectRow {
     ComponentNames project = {};
     std::string_view name = {}; // for people, in both families; empty: each document's own
     Outcome outcome = Outcome::CarriedOver;
-    std::string_view note = {}; // what is lost, or on what the outcome depends
+    std::string_view onlyWhen = {}; // the condition of the outcome; else the effect is dropped
+    std::string_view note = {};     // what is lost
     std::span<const ParamRow> params = {};
     ToProject toProject = ParamsToProject; // null: none, or as a part of another effect
     ToXmeml toXmeml = ParamsToXmeml;

@@ -164,7 +164,7 @@ template <typename Take>
 void TakeOne(const EffectContext& context, ConstHandle effect, const Take& take)
 {
     if (!take(effect))
-        context.AddIssue(ImportIssue::EffectNotTranslated, effect);
+        context.AddIssue(ImportIssue::EffectNotTranslated, effect, ConditionOf(effect));
 }
 
 // The same for each effect of a walk.

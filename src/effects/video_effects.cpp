@@ -217,7 +217,7 @@ constexpr EffectRow kVideoEffects[] = {
     kBasic3D,
     {.xmeml = {"Gaussian Blur", "Gaussian Blur", "Blur", "motion"},
      .project = {"KX.ORRN Gaussian Blur 2", "Gaussian Blur"},
-     .note = "when it blurs all channels, else dropped",
+     .onlyWhen = "it blurs all channels",
      .params = kGaussianBlurParams,
      .toProject = GaussianBlurToProject},
     {.xmeml = {"Color Corrector 3-way", "Color Corrector 3-way", "Color Correction"},
@@ -236,7 +236,8 @@ constexpr EffectRow kVideoEffects[] = {
      .toProject = LumaKeyToProject},
     {.xmeml = {.id = "Gradiva"},
      .project = {"KX.ORRN Gradiva", "Gradiva"},
-     .note = "the look file or lookup table goes into the project; dropped when it can't be opened",
+     .onlyWhen = "the look file or lookup table can be opened",
+     .note = "it goes into the project",
      .params = kLookParams,
      .toProject = LookToProject,
      .toXmeml = LookToXmeml},
@@ -266,19 +267,20 @@ constexpr EffectRow kVideoEffects[] = {
      .params = kEightPointMatteParams},
     {.xmeml = {.id = "motionblur"},
      .outcome = Dropped,
-     .note = "without an issue at its default values",
+     .note = "nothing is lost at its default values",
      .params = kMotionBlurParams,
      .toProject = DropNeutral,
      .toXmeml = nullptr},
     {.xmeml = {.id = "dropshadow"},
      .outcome = Dropped,
-     .note = "without an issue at its default values",
+     .note = "nothing is lost at its default values",
      .params = kDropShadowParams,
      .toProject = DropNeutral,
      .toXmeml = nullptr},
     {.xmeml = kFlop,
      .project = kHorizontalFlip,
      .name = "Flop",
+     .onlyWhen = "its direction is horizontal, vertical or both",
      .note = "becomes one flip or two",
      .params = kFlopParams,
      .toProject = FlopToProject,
@@ -298,6 +300,13 @@ const EffectRow* FindById(std::string_view effectId)
     const auto* const row = std::ranges::find(
         kVideoEffects, effectId, [](const EffectRow& effect) { return effect.xmeml.id; });
     return row == std::end(kVideoEffects) ? nullptr : row;
+}
+
+// By its `effectid`, else by its `name`, which may be an id.
+const EffectRow* RowOfFilter(ConstHandle effect)
+{
+    const EffectRow* const row = FindById(effect.GetProperty("effectid"));
+    return row && row->toProject ? row : FindById(effect.GetProperty("name"));
 }
 
 // True for an effect of which the rows state what is carried. The others carry all parameters, or
@@ -377,11 +386,15 @@ std::span<const EffectRow> VideoEffects()
     return kVideoEffects;
 }
 
+std::string_view ConditionOf(ConstHandle effect)
+{
+    const EffectRow* const row = RowOfFilter(effect);
+    return row ? row->onlyWhen : std::string_view();
+}
+
 bool FilterToProject(const EffectContext& context, ConstHandle effect, Components& components)
 {
-    const EffectRow* row = FindById(effect.GetProperty("effectid"));
-    if (!row || !row->toProject)
-        row = FindById(effect.GetProperty("name"));
+    const EffectRow* const row = RowOfFilter(effect);
     if (!row || !row->toProject || !row->toProject(context, *row, effect, components))
         return false;
     if (IsByRows(*row))

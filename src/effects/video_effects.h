@@ -17,6 +17,9 @@ std::span<const EffectRow> VideoEffects();
 // their `name`, which may be an id. False for one that is not translated.
 bool FilterToProject(const EffectContext& context, ConstHandle effect, Components& components);
 
+// The condition under which such an effect is translated; empty where there is none, or no row.
+std::string_view ConditionOf(ConstHandle effect);
+
 // True for an effect of documents, those of every item included, that changes nothing.
 bool IsNeutralFilter(ConstHandle effect);
 

@@ -219,9 +219,8 @@ private:
         const std::string text = HostReportText();
         if (text.empty())
             return;
-        std::string folder = request_.reportFolder;
-        if (folder.empty())
-            folder = IsImport() ? GetPlatform().DocumentsFolder() : FolderOf(request_.outputPath);
+        const std::string folder(IsImport() ? GetPlatform().DocumentsFolder()
+                                            : std::string(FolderOf(request_.outputPath)));
         if (IsImport() && folder.empty())
             return;
         ListReport(WriteReport(folder, text));

@@ -47,7 +47,6 @@ struct ConversionRequest {
     bool markLosses = false; // a marker in the output where something did not arrive
 
     // The report
-    std::string reportFolder{}; // with its last separator; empty: the default
     // Called when something did not arrive, before the output is written; gives the path of a
     // report that the caller writes itself. Empty: the host's report is written.
     std::function<std::string()> reserveReport{};

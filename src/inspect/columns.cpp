@@ -1,7 +1,7 @@
 #include "inspect/columns.h"
 
 #include <algorithm>
-#include <cstddef>
+#include <sstream>
 
 namespace XPJ::Inspection {
 
@@ -54,6 +54,22 @@ std::string ColumnsText(const std::vector<Row>& rows)
         text += line + "\n";
     }
     return text;
+}
+
+std::vector<std::string> WrappedLines(std::string_view text, std::size_t width)
+{
+    std::vector<std::string> lines;
+    std::istringstream words{std::string(text)};
+    std::string line;
+    for (std::string word; words >> word;) {
+        if (!line.empty() && line.size() + 1 + word.size() > width) {
+            lines.push_back(line);
+            line.clear();
+        }
+        line.append(line.empty() ? "" : " ").append(word);
+    }
+    lines.push_back(line);
+    return lines;
 }
 
 } // namespace XPJ::Inspection

@@ -19,9 +19,9 @@ TEST(EffectTable, IsInTheDocumentation)
     const std::size_t head = document.find("| Family |");
     ASSERT_NE(head, document.npos);
     if (std::getenv("VELA_ACCEPT"))
-        std::ofstream(VELA_DOCS "/effects.md") << document.substr(0, head) << EffectTableText();
+        std::ofstream(VELA_DOCS "/effects.md") << document.substr(0, head) << EffectTable();
     else
-        EXPECT_EQ(document.substr(head), EffectTableText());
+        EXPECT_EQ(document.substr(head), EffectTable());
 }
 
 } // namespace

@@ -41,7 +41,7 @@ public:
 private:
     std::string Converted(ConversionRequest request)
     {
-        request.reportFolder = folder_ / "";
+        request.reserveReport = [] { return std::string(); };
         request.listsReport = false;
         std::ostringstream output;
         SilentProgress progress;

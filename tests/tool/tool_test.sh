@@ -499,7 +499,7 @@ inspect() {
     expect_status 0 --inspect cut.xml
     expect_text err 'only what came before was read'
     expect_status 0 --list-effects
-    expect_text out '| Family | Effect |'
+    expect_text out 'it blurs all channels'
     local arguments
     for arguments in '--inspect' '--inspect one.xml two.xml' '--inspect --compare one.xml one.xml' \
         '--compare one.xml' '--json one.xml' '--list-effects one.xml'; do

@@ -1,6 +1,6 @@
 #include "xpjconvert/help_format.h"
 
-#include <sstream>
+#include "inspect/columns.h"
 
 namespace XPJ {
 namespace {
@@ -21,22 +21,6 @@ std::string OptionHeading(const CLI::Option& option)
         names.append(names.empty() ? "" : ", ").append("--").append(name);
     const std::string& value = option.get_option_text();
     return value.empty() ? names : names.append(value.starts_with('[') ? "" : " ").append(value);
-}
-
-std::vector<std::string> WrappedLines(std::string_view text, std::size_t width)
-{
-    std::vector<std::string> lines;
-    std::istringstream words{std::string(text)};
-    std::string line;
-    for (std::string word; words >> word;) {
-        if (!line.empty() && line.size() + 1 + word.size() > width) {
-            lines.push_back(line);
-            line.clear();
-        }
-        line.append(line.empty() ? "" : " ").append(word);
-    }
-    lines.push_back(line);
-    return lines;
 }
 
 std::string HelpFormat::make_usage(const CLI::App* /*app*/, std::string name) const
@@ -66,7 +50,8 @@ std::string HelpFormat::make_option(const CLI::Option* option, bool /*isPosition
 {
     std::string text = "  " + OptionHeading(*option);
     std::size_t column = text.size();
-    for (const std::string& line : WrappedLines(option->get_description(), kWidth - kIndent)) {
+    for (const std::string& line :
+         Inspection::WrappedLines(option->get_description(), kWidth - kIndent)) {
         if (column + 2 > kIndent) {
             text += '\n';
             column = 0;

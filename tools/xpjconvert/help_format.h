@@ -4,7 +4,6 @@
 #include <CLI/CLI.hpp>
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace XPJ {
@@ -20,8 +19,5 @@ public:
 
 // "-o, --output FILE|DIR"
 std::string OptionHeading(const CLI::Option& option);
-
-// The words of `text` in lines of at most `width` characters; a longer word has a line of its own.
-std::vector<std::string> WrappedLines(std::string_view text, std::size_t width);
 
 } // namespace XPJ

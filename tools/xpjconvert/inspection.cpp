@@ -153,7 +153,7 @@ int RunInspection(const ToolOptions& options)
     std::cout.setstate(std::ios::failbit); // the readers' diagnostics for developers
     switch (options.mode) {
     case ToolMode::ListEffects:
-        return PrintAll(EffectTableText(), kSuccess);
+        return PrintAll(EffectListText(), kSuccess);
     case ToolMode::Compare:
         return CompareFiles(options);
     default:

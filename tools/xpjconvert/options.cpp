@@ -1,5 +1,6 @@
 #include "xpjconvert/options.h"
 
+#include "inspect/columns.h"
 #include "report/account_report.h"
 #include "xpjconvert/help_format.h"
 
@@ -70,7 +71,7 @@ std::string Paragraph(const std::string& words)
 {
     constexpr std::size_t kWidth = 76;
     std::string text;
-    for (const std::string& line : WrappedLines(words, kWidth))
+    for (const std::string& line : Inspection::WrappedLines(words, kWidth))
         text += "  " + line + "\n";
     return text;
 }
