@@ -9,6 +9,13 @@ namespace XPJ {
 
 class Document;
 
+// Most names that are compared differ, by their length or their first letter. `a` and `b` may be
+// empty; neither is looked at beyond its length.
+constexpr bool IsSameName(std::string_view a, std::string_view b)
+{
+    return a.size() == b.size() && (a.empty() || (a.front() == b.front() && a == b));
+}
+
 // An element or property name: a string literal, or text that a document has interned.
 class Name {
 public:
@@ -30,13 +37,19 @@ public:
     constexpr std::uint32_t Size() const { return size_; }
     constexpr bool IsEmpty() const { return size_ == 0; }
 
-    friend constexpr bool operator==(const Name& a, const Name& b) { return a.View() == b.View(); }
-    friend constexpr bool operator==(const Name& a, std::string_view b) { return a.View() == b; }
+    friend constexpr bool operator==(const Name& a, const Name& b)
+    {
+        return IsSameName(a.View(), b.View());
+    }
+    friend constexpr bool operator==(const Name& a, std::string_view b)
+    {
+        return IsSameName(a.View(), b);
+    }
     // Literals are names and views alike; this one and its like below decide for them.
     template <std::size_t N>
     friend constexpr bool operator==(const Name& a, const char (&literal)[N])
     {
-        return a.View() == std::string_view(literal, N - 1);
+        return IsSameName(a.View(), std::string_view(literal, N - 1));
     }
 
 private:

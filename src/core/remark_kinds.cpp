@@ -99,6 +99,17 @@ constexpr RemarkRow kRows[] = {
      "Render the retimed audio and cut it in."},
     {Kind::Unexplained, "unexplained", Outcome::Changed, Severity::Warning,
      "The $1 differs for no known reason: $2.", "Compare the clip in both programs."},
+    {Kind::MediaPathMapped, "media.path-mapped", Outcome::Changed, Severity::Note,
+     "The path $1 became $2.", ""},
+    {Kind::MediaRelinked, "media.relinked", Outcome::Assumed, Severity::Note,
+     "The file $1 is not there; $2 was found instead.", "Check that it is the right file."},
+    {Kind::MediaAmbiguous, "media.relink-ambiguous", Outcome::Skipped, Severity::Warning,
+     "The file $1 is not there; of $2 files with its name none was taken, because what the "
+     "document states doesn't single one out.",
+     "Search only the folder of the right one, or map the path to it."},
+    {Kind::MediaNotFound, "media.not-found", Outcome::Skipped, Severity::Warning,
+     "The file $1 is neither there nor in a folder that was searched.",
+     "Search other folders, or map the path to where the file is."},
     // Of the import
     {Kind::CompositeModeUnknown, "composite-mode.unknown", Outcome::Lost, Severity::Warning,
      "The composite mode <$1> is not known; the clip is composited normally.",

@@ -46,6 +46,10 @@ enum class RemarkKind : std::uint8_t {
     KeyframeInterpolation,
     SpeedCurveOfAudio,
     Unexplained,
+    MediaPathMapped,
+    MediaRelinked,
+    MediaAmbiguous,
+    MediaNotFound,
 
     // Of the import
     CompositeModeUnknown,

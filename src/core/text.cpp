@@ -1,9 +1,12 @@
 #include "core/text.h"
 
+#include "core/byte_scan.h"
+
 #include <utf8.h>
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 #include <iterator>
 
 namespace XPJ {
@@ -164,12 +167,25 @@ std::string UnescapeXML(std::string_view text)
     return result;
 }
 
+namespace {
+
+// Above 0x7F, below a blank, or markup.
+EightBytes UnplainBytes(EightBytes bytes)
+{
+    const EightBytes low = bytes & ~kHighBits;
+    return (bytes & kHighBits) | BytesBelow(low, ' ') | BytesLike(low, '&') | AngleBrackets(low);
+}
+
+} // namespace
+
 bool IsPlainText(std::string_view text) noexcept
 {
-    bool isPlain = true;
-    for (const char c : text)
-        isPlain &= c >= ' ' && c != '&' && c != '<' && c != '>';
-    return isPlain;
+    EightBytes unplain = 0;
+    for (; text.size() >= sizeof(EightBytes); text.remove_prefix(sizeof(EightBytes)))
+        unplain |= UnplainBytes(LoadBytes(text.data()));
+    EightBytes rest = RepeatByte(' ');
+    std::memcpy(&rest, text.data(), text.size());
+    return (unplain | UnplainBytes(rest)) == 0;
 }
 
 std::string WellFormedText(std::string_view text)

@@ -5,6 +5,7 @@
 #include "export/export_driver.h"
 #include "export/unread_objects.h"
 #include "frame/loss_markers.h"
+#include "frame/media_path_changes.h"
 #include "frame/release.h"
 #include "frame/sequence_choice.h"
 #include "import/import_driver.h"
@@ -72,8 +73,8 @@ public:
         stages.Run([this] { return Read(); });
         stages.Run([this] { return IsImport() ? Import() : Export(); });
         stages.Run([this] { return Write(); });
-        stages.Run([this] { return ReleaseTree(translated_, progress_); });
-        stages.Run([this] { return ReleaseTree(source_, progress_); });
+        stages.Run([this] { return ReleaseTree(translatedDocument_, progress_); });
+        stages.Run([this] { return ReleaseTree(sourceDocument_, progress_); });
         return stages.Result();
     }
 
@@ -103,7 +104,19 @@ private:
             RestateAsMeant(sourceDocument_, source_, assumptions);
             AddAssumptions(assumptions);
         }
-        return result == kSuccess ? Choose() : result;
+        if (result == kSuccess)
+            result = Choose();
+        if (result == kSuccess && IsImport())
+            FindMedia(source_);
+        return result;
+    }
+
+    // In both directions of the `xmeml` tree, which states each path once.
+    void FindMedia(ObjectHandle xmeml)
+    {
+        if (request_.mediaPaths)
+            ChangeMediaPaths(*request_.mediaPaths, FolderOf(request_.inputPath), xmeml, progress_,
+                             outcome_.account);
     }
 
     // The sequence that the request names.
@@ -192,6 +205,8 @@ private:
 
     int Write()
     {
+        if (!IsImport())
+            FindMedia(translated_);
         if (UsesDialects(*request_.to)) {
             AssumptionList assumptions;
             RestateForOthers(translatedDocument_, translated_,

@@ -14,10 +14,13 @@
 #include <array>
 #include <functional>
 #include <iosfwd>
+#include <memory>
 #include <optional>
 #include <string>
 
 namespace XPJ {
+
+class MediaPaths;
 
 struct ConversionRequest {
     const Format* from = &FormatOf(TreeKind::Xmeml);
@@ -43,6 +46,10 @@ struct ConversionRequest {
     Guid sequenceGuid = kZeroGuid; // zero: the whole project
     bool needsSequence = true;     // a sequence that is missing ends the conversion
     bool additions = true;         // also what the document type doesn't have
+
+    // Where media files are on this machine; null: as documents state. Many requests may share
+    // one.
+    std::shared_ptr<MediaPaths> mediaPaths{};
 
     bool markLosses = false; // a marker in the output where something did not arrive
 

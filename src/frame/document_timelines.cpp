@@ -68,6 +68,10 @@ void KeepSequencesOf(const Inspection::Project& other, Inspection::Project& proj
     std::erase_if(project.sequences, [&names](const Inspection::Sequence& sequence) {
         return !names.contains(sequence.name);
     });
+    for (Inspection::Sequence& sequence : project.sequences)
+        for (Inspection::Track& track : sequence.tracks)
+            for (Inspection::Item& item : track.items)
+                item.sequence = Inspection::kNothing;
 }
 
 } // namespace XPJ

@@ -1,10 +1,10 @@
 #include "frame/formats.h"
 
 #include "core/conversion_result.h"
-#include "frame/stream_buffers.h"
 #include "platform/files.h"
 #include "project/reader.h"
 #include "project/writer.h"
+#include "tree/input.h"
 #include "tree/writing.h"
 #include "xmeml/reader.h"
 #include "xmeml/sniff.h"
@@ -85,15 +85,9 @@ int ReadProjectFile(const std::string& path, Progress& progress, Document& docum
 {
     CoreFile file;
     file.StopWhen([&progress] { return progress.IsCancelled(); });
-    FileReaderBuf buffer(file);
-    std::istream stream(&buffer);
-    if (!file.Open(path, false))
-        stream.setstate(std::ios::failbit);
-    const int result = ReadProjectDocument(stream, document, root, &details);
-    if (file.Error() == 0)
-        return ResultOfRead(result);
-    // What could be read may look complete, but isn't.
-    details = {};
+    std::string_view bytes;
+    if (file.Open(path, false) && ReadInput(file, document, bytes))
+        return ResultOfRead(ReadProjectBytes(bytes, document, root, details));
     details.stop.reason = ErrorText(file.Error());
     return progress.IsCancelled() ? kAborted : kInputCouldNotBeOpened;
 }

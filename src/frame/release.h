@@ -1,4 +1,4 @@
-// The release of a tree in steps, with progress and cancellation.
+// The release of a tree as the last stages of a conversion.
 #pragma once
 
 #include "core/conversion_result.h"
@@ -7,9 +7,9 @@
 
 namespace XPJ {
 
-// Empties the child lists of all that `root` leads to, each node once, leaves before their parents.
-// Cycles and shared nodes are fine. Gives kSuccess, or kAborted when cancelled on the way; what is
-// left then goes with its document.
-int ReleaseTree(ObjectHandle root, Progress& progress);
+// The nodes of a document are in its arena and go with it, all at once. What is left is to report
+// them as released, so that a progress bar reaches its end, and to see a cancellation. Gives
+// kSuccess or kAborted.
+int ReleaseTree(const Document& document, Progress& progress);
 
 } // namespace XPJ

@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "inspect/read_timelines.h"
 
+#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
@@ -38,6 +39,20 @@ std::string NumbersText(const std::vector<std::size_t>& places)
     return text;
 }
 
+ListedChoice ChooseListed(const std::vector<ListedSequence>& sequences, std::string_view wanted)
+{
+    const std::vector<std::size_t> found = FindByText(sequences, wanted);
+    if (found.size() == 1)
+        return {found.front(), {}};
+    if (found.size() > 1)
+        return {Inspection::kNothing, fmt::format("it holds {} sequences {}, of the numbers {}",
+                                                  found.size(), wanted, NumbersText(found))};
+    const std::size_t number = NumberIn(wanted);
+    if (number >= 1 && number <= sequences.size())
+        return {number - 1, {}};
+    return {Inspection::kNothing, fmt::format("it holds no sequence {}", wanted)};
+}
+
 // The node of the tree that can be changed.
 ObjectHandle FindNode(ObjectHandle root, ConstHandle wanted)
 {
@@ -60,17 +75,20 @@ ObjectHandle FindNode(ObjectHandle root, ConstHandle wanted)
 SequenceChoice ChooseSequence(ConstHandle root, std::string_view wanted)
 {
     const std::vector<ListedSequence> sequences = Inspection::ListSequences(root);
-    const std::vector<std::size_t> found = FindByText(sequences, wanted);
-    if (found.size() == 1)
-        return {sequences[found.front()].node, {}};
-    if (found.size() > 1)
-        return {{},
-                fmt::format("it holds {} sequences {}, of the numbers {}", found.size(), wanted,
-                            NumbersText(found))};
-    const std::size_t number = NumberIn(wanted);
-    if (number >= 1 && number <= sequences.size())
-        return {sequences[number - 1].node, {}};
-    return {{}, fmt::format("it holds no sequence {}", wanted)};
+    ListedChoice choice = ChooseListed(sequences, wanted);
+    if (choice.index == Inspection::kNothing)
+        return {{}, std::move(choice.problem)};
+    return {sequences[choice.index].node, {}};
+}
+
+ListedChoice ChooseListed(const std::vector<Inspection::Sequence>& sequences,
+                          std::string_view wanted)
+{
+    std::vector<ListedSequence> listed;
+    listed.reserve(sequences.size());
+    for (const Inspection::Sequence& sequence : sequences)
+        listed.push_back({sequence.name, sequence.id, {}});
+    return ChooseListed(listed, wanted);
 }
 
 void KeepOnlySequence(ObjectHandle xmeml, ConstHandle sequence)

@@ -9,11 +9,15 @@
 #include "project/accessors.h"
 #include "project/labels.h"
 #include "project/marker_record.h"
+#include "project/media.h"
 #include "tree/reading.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <tuple>
 #include <unordered_map>
+#include <utility>
 
 namespace XPJ::Inspection {
 
@@ -31,8 +35,8 @@ TimecodeFormat FormatOf(Ticks frameTicks, int displayFormat)
     return {frameTicks, TimecodeBaseOf(frameTicks, displayFormat).drop};
 }
 
-// "0,0,1920,1080" is a frame of 1920 by 1080.
-void SetFrame(std::string_view rect, Sequence& sequence)
+// Width and height: "0,0,1920,1080" is a frame of 1920 by 1080.
+std::pair<int, int> FrameOf(std::string_view rect)
 {
     int numbers[4] = {};
     for (int& number : numbers) {
@@ -40,8 +44,7 @@ void SetFrame(std::string_view rect, Sequence& sequence)
         rect.remove_prefix(std::min(rect.find(','), rect.size()));
         rect.remove_prefix(rect.empty() ? 0 : 1);
     }
-    sequence.width = numbers[2];
-    sequence.height = numbers[3];
+    return {numbers[2], numbers[3]};
 }
 
 std::vector<Marker> ReadMarkers(ConstHandle owner)
@@ -74,6 +77,41 @@ double SpeedOf(ConstHandle core)
 bool IsMadeByEditor(std::string_view path)
 {
     return !path.empty() && path.find_first_not_of("0123456789") == path.npos;
+}
+
+Ticks StartOf(Media media)
+{
+    const bool isStated = IsTrue(media, "UseAlternateStart");
+    return Int64Property(media, isStated ? Name("AlternateStart") : Name("Start"));
+}
+
+// The import keeps the timecode of a tape in the logging record of the master clip alone.
+Ticks StatedStartOf(Media media, MasterClip master)
+{
+    const Ticks start = StartOf(media);
+    return start == 0 ? Int64Property(LoggingInfoOf(master), "MediaInPoint") : start;
+}
+
+MediaFacts FactsOf(Media media, MasterClip master)
+{
+    const ConstHandle video = VideoStreamOf(media);
+    const ConstHandle audio = AudioStreamOf(media);
+    MediaFacts facts;
+    const auto [width, height] = FrameOf(video.GetProperty("FrameRect"));
+    facts.width = width;
+    facts.height = height;
+    const Ticks sampleTicks = Int64Property(audio, "FrameRate");
+    if (sampleTicks > 0)
+        facts.sampleRate = static_cast<int>(
+            std::min<Ticks>(kTicksPerSecond / sampleTicks, std::numeric_limits<int>::max()));
+    if (IsTrue(video, "IsStill"))
+        return facts;
+    facts.start = StatedStartOf(media, master);
+    const Ticks frameTicks = Int64Property(video, "FrameRate");
+    facts.frameTicks = IsRate(frameTicks) ? frameTicks : 0;
+    const Ticks length = Int64Property(video ? video : audio, "Duration");
+    facts.length = length >= kEndlessDuration ? 0 : std::max<Ticks>(length, 0);
+    return facts;
 }
 
 class ProjectTimelines {
@@ -134,25 +172,25 @@ private:
             entry.kind = sequence ? EntryKind::Sequence : EntryKind::Clip;
             if (sequence && !IsMergedSequence(sequence))
                 entry.sequence = sequences_.NumberOf(sequence);
-            entry.mediaFile = MediaFileOf(MediaOfSource(SourceOfClip(clip)));
+            entry.mediaFile = MediaFileOf(MediaOfSource(SourceOfClip(clip)), master);
             entry.markers = ReadMarkers(MarkedClipOf(master));
         }
         project_.entries.push_back(std::move(entry));
     }
 
-    std::size_t MediaFileOf(Media media)
+    std::size_t MediaFileOf(Media media, MasterClip master)
     {
         if (!media)
             return kNothing;
         const auto [entry, isNew] = media_.emplace(media.UniqueId(), project_.mediaFiles.size());
         if (isNew) {
             const std::string path = TextOf(media, "FilePath");
-            const bool isStated = IsTrue(media, "UseAlternateStart");
             project_.mediaFiles.push_back(
                 {.name = TextOf(media, "Title"),
                  .path = IsMadeByEditor(path) ? "" : path,
                  .format = FormatOf(Int64Property(VideoStreamOf(media), "FrameRate"), 0),
-                 .start = Int64Property(media, isStated ? Name("AlternateStart") : Name("Start"))});
+                 .start = StartOf(media),
+                 .facts = FactsOf(media, master)});
         }
         return entry->second;
     }
@@ -168,7 +206,7 @@ private:
                           .format = format,
                           .start = Int64Property(node, "MZ.ZeroPoint"),
                           .markers = ReadMarkers(node)};
-        SetFrame(video.GetProperty("FrameRect"), sequence);
+        std::tie(sequence.width, sequence.height) = FrameOf(video.GetProperty("FrameRect"));
         items_.clear();
         for (const MediaType kind : {MediaType::Video, MediaType::Audio}) {
             int number = 0;
@@ -224,7 +262,7 @@ private:
         if (kind == MediaType::Audio && HasValue(clip, "SecondaryIndex"))
             item.channel = static_cast<int>(
                 std::clamp<std::int64_t>(Int64Property(clip, "SecondaryIndex"), 0, 65535) + 1);
-        SetSource(clip, item);
+        SetSource(clip, MasterOfSubClip(subClip), item);
         if (kind == MediaType::Video) {
             item.compositeMode = ReadProjectCompositeMode(node);
             item.title = TitleOf(node, clip);
@@ -234,7 +272,7 @@ private:
         return item;
     }
 
-    void SetSource(ConstHandle clip, Item& item)
+    void SetSource(ConstHandle clip, MasterClip master, Item& item)
     {
         const ConstHandle source = SourceOfClip(clip);
         if (const ConstHandle sequence = SequenceOfSource(source)) {
@@ -242,9 +280,9 @@ private:
             item.source = isMulticam ? SourceKind::Multiclip : SourceKind::Sequence;
             item.sourceName = TextOf(sequence, "Name");
             if (!isMulticam && !IsMergedSequence(sequence))
-                sequences_.NumberOf(sequence);
+                item.sequence = sequences_.NumberOf(sequence);
         } else if (const Media media = MediaOfSource(source)) {
-            item.mediaFile = MediaFileOf(media);
+            item.mediaFile = MediaFileOf(media, master);
             const MediaFile& file = project_.mediaFiles[item.mediaFile];
             item.source = IsMadeByEditor(media.GetProperty("FilePath")) ? SourceKind::Generator
                                                                         : SourceKind::MediaFile;

@@ -4,6 +4,7 @@
 // with; in a source from the first frame of its media. Texts are UTF-8 without entities.
 #pragma once
 
+#include "core/media_facts.h"
 #include "core/media_type.h"
 #include "core/ticks.h"
 
@@ -70,6 +71,7 @@ struct MediaFile {
     std::string path = {}; // empty: generated, or not stated
     TimecodeFormat format = {};
     Ticks start = 0; // timecode of its first frame
+    MediaFacts facts = {};
 };
 
 // Text on screen, in one style.
@@ -104,6 +106,7 @@ struct Item {
     SourceKind source = SourceKind::None;
     std::string sourceName = {};
     std::size_t mediaFile = kNothing; // in Project::mediaFiles
+    std::size_t sequence = kNothing;  // in Project::sequences
     TimecodeFormat sourceFormat = {};
     std::size_t title = kNothing; // in Project::titles
 

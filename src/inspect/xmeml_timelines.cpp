@@ -12,6 +12,7 @@
 #include "project/time_display.h"
 #include "tree/reading.h"
 #include "xmeml/cut_points.h"
+#include "xmeml/file_facts.h"
 #include "xmeml/files.h"
 #include "xmeml/formats.h"
 #include "xmeml/links.h"
@@ -69,6 +70,16 @@ Ticks StartOfSequence(ConstHandle timecode, Ticks frameTicks)
 {
     return frameTicks == 1 ? StartOf(timecode, frameTicks)
                            : MultiplyTicks(Int64Property(timecode, "frame"), frameTicks);
+}
+
+// A file without a rate counts in frames of `frameTicks`.
+MediaFacts FactsOf(FileElement file, Ticks frameTicks)
+{
+    MediaFacts facts = FactsOfFile(file);
+    if (TicksOfRate(file.GetChild("rate")) <= 0)
+        facts.length =
+            std::max<Ticks>(MultiplyTicks(Int64Property(file, "duration"), frameTicks), 0);
+    return facts;
 }
 
 std::vector<Marker> ReadMarkers(ConstHandle element, Ticks frameTicks)
@@ -182,11 +193,13 @@ private:
         const auto [entry, isNew] = media_.emplace(file.UniqueId(), project_.mediaFiles.size());
         if (isNew) {
             const ConstHandle timecode = file.GetChild("timecode");
-            const TimecodeFormat format = FormatOf(TicksOfRate(file.GetChild("rate")), timecode);
+            const Ticks unit = TicksOfRate(file.GetChild("rate"));
+            const TimecodeFormat format = FormatOf(unit, timecode);
             project_.mediaFiles.push_back({.name = UnescapeXML(file.Title()),
                                            .path = UnescapeXML(PathOfFile(file, folder_)),
                                            .format = format,
-                                           .start = StartOf(timecode, format.ticks)});
+                                           .start = StartOf(timecode, format.ticks),
+                                           .facts = FactsOf(file, unit)});
         }
         return entry->second;
     }
@@ -348,7 +361,7 @@ private:
             item.source = SourceKind::MediaFile;
             item.sourceName = project_.mediaFiles[item.mediaFile].name;
         } else if (const ConstHandle nested = node.GetChild("sequence")) {
-            sequences_.NumberOf(nested);
+            item.sequence = sequences_.NumberOf(nested);
             item.source = SourceKind::Sequence;
             item.sourceName = TextOf(nested, "name");
         } else if (node.GetName() == "generatoritem") {

@@ -144,14 +144,21 @@ int ReadProjectDocument(std::istream& input, Document& document, ObjectHandle& r
 {
     ReadNotes unused;
     ReadNotes& found = notes ? *notes : unused;
-    found = {};
-    root = {};
     if (!input.good()) {
+        root = {};
+        found = {};
         found.stop.reason = "the stream can't be read";
         return kReadNoInput;
     }
-    const std::string_view text = DecodeInput(ReadInput(input, document), document, found.encoding);
-    return Parse(text, document, root, found);
+    return ReadProjectBytes(ReadInput(input, document), document, root, found);
+}
+
+int ReadProjectBytes(std::string_view bytes, Document& document, ObjectHandle& root,
+                     ReadNotes& notes)
+{
+    notes = {};
+    root = {};
+    return Parse(DecodeInput(bytes, document, notes.encoding), document, root, notes);
 }
 
 } // namespace XPJ

@@ -243,10 +243,7 @@ private:
 
 void ProjectWriter::WriteLine(Name tag, std::string_view value)
 {
-    out_.WriteTabs(level_);
-    out_.Write("<", tag.View(), ">");
-    out_.WriteValue(value);
-    out_.Write("</", tag.View(), ">\n");
+    out_.WriteElement(level_, tag.View(), value);
 }
 
 void ProjectWriter::WriteValue(Name tag, std::string_view value, ObjectHandle node)

@@ -1,5 +1,6 @@
 #include "report/account_report.h"
 
+#include "core/csv.h"
 #include "core/paths.h"
 #include "core/text.h"
 #include "report/remark_groups.h"
@@ -87,23 +88,12 @@ std::string DumpOf(const Json& json, int indent)
     return json.dump(indent, ' ', false, Json::error_handler_t::replace);
 }
 
-// RFC 4180.
-std::string CsvText(std::string_view text)
-{
-    if (text.find_first_of(",\"\r\n") == text.npos)
-        return std::string(text);
-    std::string quoted = "\"";
-    for (const char c : text)
-        quoted.append(c == '"' ? 2 : 1, c);
-    return quoted += '"';
-}
-
 std::string CsvText(const Field& field)
 {
     if (!IsPresent(field))
         return {};
     const auto* const text = std::get_if<std::string>(&field.value);
-    return text ? CsvText(*text) : fmt::to_string(std::get<std::int64_t>(field.value));
+    return text ? CsvField(*text) : fmt::to_string(std::get<std::int64_t>(field.value));
 }
 
 std::string HeaderText(const ReportHeader& header, const Account& account)

@@ -40,8 +40,8 @@ private:
     struct KeyHash {
         std::size_t operator()(const Key& key) const
         {
-            const std::hash<std::string_view> hash;
-            return hash(key.id) * 31 + hash(key.type);
+            // Few nodes of different types share an id.
+            return std::hash<std::string_view>()(key.id) + key.type.size();
         }
     };
     struct Reference {

@@ -82,7 +82,7 @@ void ObjectHandle::RemoveProperty(Name key) const
         return;
     Property* previous = nullptr;
     for (Property* property = object_->firstProperty; property; property = property->next) {
-        if (property->NameView() == key.View()) {
+        if (IsSameName(property->NameView(), key.View())) {
             (previous ? previous->next : object_->firstProperty) = property->next;
             if (object_->lastProperty == property)
                 object_->lastProperty = previous;
@@ -95,7 +95,7 @@ void ObjectHandle::RemoveProperty(Name key) const
 Object* ConstHandle::FindChild(std::string_view name) const
 {
     for (const ChildEntry* entry = FirstEntry(); entry; entry = entry->next)
-        if (entry->NameView() == name) {
+        if (IsSameName(entry->NameView(), name)) {
             MarkRead(entry->object);
             return entry->object;
         }
@@ -142,6 +142,7 @@ void ObjectHandle::ClearChildren() const
 
 ObjectHandle Document::NewObject(Name name)
 {
+    ++nodeCount_;
     const std::uint64_t id = nextUniqueId.fetch_add(1, std::memory_order_relaxed);
     return ObjectHandle(new (Allocate(sizeof(Object), alignof(Object)))
                             Object{.document = this,

@@ -13,12 +13,12 @@
 #pragma once
 
 #include "core/name.h"
+#include "tree/arena.h"
 
 #include <cstdint>
 #include <cstring>
 #include <forward_list>
 #include <initializer_list>
-#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -95,7 +95,7 @@ public:
     private:
         void Skip()
         {
-            while (filter_ && entry_ && entry_->NameView() != filter_->View())
+            while (filter_ && entry_ && !IsSameName(entry_->NameView(), filter_->View()))
                 entry_ = entry_->next;
         }
         ChildEntry* entry_;
@@ -168,7 +168,7 @@ protected:
         if (!object_)
             return nullptr;
         for (Property* property = object_->firstProperty; property; property = property->next)
-            if (property->NameView() == key) {
+            if (IsSameName(property->NameView(), key)) {
                 MarkRead(object_, property);
                 return property;
             }
@@ -223,6 +223,8 @@ public:
     Document& operator=(const Document&) = delete;
 
     ObjectHandle NewObject(Name name);
+    // How many nodes were made.
+    std::size_t NodeCount() const { return nodeCount_; }
     // A copy of `text` that lives as long as the document.
     std::string_view Store(std::string_view text);
     // A name for text that is no literal.
@@ -230,7 +232,7 @@ public:
     // Raw memory of the document's arena.
     void* Allocate(std::size_t size, std::size_t alignment)
     {
-        return arena_.allocate(size, alignment);
+        return arena_.Allocate(size, alignment);
     }
     // From now on each node and each property that is looked up by its name is marked, so that
     // what nobody has looked at can be found afterwards. A walk over all children or properties
@@ -241,8 +243,9 @@ public:
     std::string_view Adopt(std::string&& bytes);
 
 private:
-    std::pmr::monotonic_buffer_resource arena_{65536};
+    Arena arena_;
     std::forward_list<std::string> adopted_; // a list node each: short texts don't move
+    std::size_t nodeCount_ = 0;
     bool marksReads_ = false;
 };
 

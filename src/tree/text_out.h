@@ -3,6 +3,7 @@
 
 #include "core/text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
@@ -42,6 +43,28 @@ public:
         Write(IsPlainText(value) ? value : std::string_view(WellFormedText(value)));
     }
 
+    // A line of its own: "\t\t<name>value</name>".
+    void WriteElement(int tabs, std::string_view name, std::string_view value)
+    {
+        constexpr std::size_t kMarks = std::string_view("<></>\n").size();
+        const std::size_t indent = static_cast<std::size_t>(std::max(tabs, 0));
+        const std::size_t length = indent + 2 * name.size() + value.size() + kMarks;
+        if (length > kBlockSize - size_ || !IsPlainText(value))
+            return WriteElementInParts(tabs, name, value);
+        char* next = block_.get() + size_;
+        next = std::fill_n(next, indent, '\t');
+        *next++ = '<';
+        next = std::copy(name.begin(), name.end(), next);
+        *next++ = '>';
+        next = std::copy(value.begin(), value.end(), next);
+        *next++ = '<';
+        *next++ = '/';
+        next = std::copy(name.begin(), name.end(), next);
+        *next++ = '>';
+        *next++ = '\n';
+        size_ += length;
+    }
+
     void WriteNumber(std::uint64_t number)
     {
         char digits[20];
@@ -67,6 +90,14 @@ public:
 
 private:
     static constexpr std::size_t kBlockSize = std::size_t{64} * 1024;
+
+    void WriteElementInParts(int tabs, std::string_view name, std::string_view value)
+    {
+        WriteTabs(tabs);
+        Write("<", name, ">");
+        WriteValue(value);
+        Write("</", name, ">\n");
+    }
 
     void HandOver()
     {

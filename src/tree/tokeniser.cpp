@@ -1,5 +1,6 @@
 #include "tree/tokeniser.h"
 
+#include "core/byte_scan.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -27,6 +28,20 @@ bool IsTagStop(char byte)
     return kTagStop[static_cast<unsigned char>(byte)];
 }
 
+// Where a byte follows that may be a stop, or less than eight bytes are left.
+const char* SkipPlainBytes(const char* next, const char* end)
+{
+    while (end - next >= static_cast<std::ptrdiff_t>(sizeof(EightBytes))) {
+        const EightBytes low = LoadBytes(next) & ~kHighBits;
+        // All stops but the brackets are below the digits.
+        const EightBytes stops = BytesBelow(low, '0') | AngleBrackets(low);
+        if (stops != 0)
+            return next + FirstByteOf(stops);
+        next += sizeof(EightBytes);
+    }
+    return next;
+}
+
 bool IsControl(char byte)
 {
     return static_cast<unsigned char>(byte) < 32;
@@ -35,6 +50,17 @@ bool IsControl(char byte)
 std::string_view View(const char* begin, const char* end)
 {
     return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+bool HasControl(const char* begin, const char* end)
+{
+    EightBytes controls = 0;
+    for (; end - begin >= static_cast<std::ptrdiff_t>(sizeof(EightBytes));
+         begin += sizeof(EightBytes)) {
+        const EightBytes bytes = LoadBytes(begin);
+        controls |= BytesBelow(bytes & ~kHighBits, ' ') & ~bytes; // none above 0x7F is one
+    }
+    return controls != 0 || std::any_of(begin, end, IsControl);
 }
 
 // The first byte that does not count unchanged.
@@ -107,6 +133,9 @@ Tokeniser::Step Tokeniser::ScanStartTag(Content content)
     selfClosed_ = false;
     attributes_ = {};
     for (; next_ != end_; ++next_) {
+        next_ = SkipPlainBytes(next_, end_);
+        if (next_ == end_)
+            break;
         const char byte = *next_;
         if (!IsTagStop(byte) || byte == '"' || byte == '\'')
             continue;
@@ -132,6 +161,9 @@ Tokeniser::Step Tokeniser::ScanAttributes(Content content)
     const char* firstOdd = nullptr;
     char quote = '\0';
     for (; next_ != end_; ++next_) {
+        next_ = SkipPlainBytes(next_, end_);
+        if (next_ == end_)
+            break;
         const char byte = *next_;
         if (!IsTagStop(byte) || byte == ' ')
             continue;
@@ -176,6 +208,9 @@ Tokeniser::Step Tokeniser::ScanEndTag()
     const char* const begin = next_;
     const char* firstOdd = nullptr;
     for (; next_ != end_; ++next_) {
+        next_ = SkipPlainBytes(next_, end_);
+        if (next_ == end_)
+            break;
         const char byte = *next_;
         if (!IsTagStop(byte))
             continue;
@@ -307,10 +342,7 @@ bool Tokeniser::TakeText(const char* begin, const char* end)
     while (begin != end && IsControl(end[-1]))
         --end;
     text_ = View(begin, end);
-    bool hasControl = false;
-    for (const char* byte = begin; byte != end; ++byte)
-        hasControl |= IsControl(*byte);
-    if (hasControl) {
+    if (HasControl(begin, end)) {
         char* const copy = static_cast<char*>(document_.Allocate(text_.size(), 1));
         text_ = View(copy, std::remove_copy_if(begin, end, copy, IsControl));
     }

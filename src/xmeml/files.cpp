@@ -156,4 +156,14 @@ std::string PathOfFile(FileElement file, std::string_view folder)
     return EscapePath(PathFromUrl(UnescapeXML(url), folder));
 }
 
+void SetPathOfFile(ObjectHandle file, std::string_view path)
+{
+    for (const ObjectHandle& entry : file.GetChildren("metadata"))
+        if (entry.GetProperty("key") == kRedPathKey && HasValue(entry, "value")) {
+            entry.SetProperty("value", EscapePath(path));
+            return;
+        }
+    file.SetProperty("pathurl", EscapePath(MakePathUrl(path)));
+}
+
 } // namespace XPJ

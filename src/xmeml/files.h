@@ -74,5 +74,7 @@ ConstHandle FirstClipItem(ConstHandle media);
 // Local path, escaped for the tree; empty without a `pathurl`, and for one that is marked as none.
 // `folder` is the base of relative ones, with its last separator.
 std::string PathOfFile(FileElement file, std::string_view folder);
+// Changes what `PathOfFile` gives. `path` is a local one without entities.
+void SetPathOfFile(ObjectHandle file, std::string_view path);
 
 } // namespace XPJ

@@ -111,10 +111,7 @@ void XmemlWriter::WriteEnd(std::string_view tag, int level)
 
 void XmemlWriter::WriteLine(Name name, std::string_view value, int level)
 {
-    out_.WriteTabs(level);
-    out_.Write("<", name.View(), ">");
-    out_.WriteValue(value);
-    out_.Write("</", name.View(), ">\n");
+    out_.WriteElement(level, name.View(), value);
 }
 
 void XmemlWriter::WriteOptional(ObjectHandle node, Name name, int level)

@@ -532,6 +532,43 @@ compare() {
 }
 
 # One sequence of a project; one that isn't there is an error.
+otio() {
+    one_clip 100 >one.xml
+    expect_status 0 one.xml --to otio
+    expect_text out 'Wrote one.otio: 1 sequence, 1 clip'
+    expect_lines out 1
+    expect_text one.otio 'Timeline.1'
+    expect_no_file one.otio.part
+    # From either format, from and to a pipe.
+    expect_status 0 --quiet --seed 1 one.xml
+    expect_status 0 --to otio one.vlproj -o from_project.otio
+    expect_text from_project.otio '"name":"A"'
+    "$tool" --to otio - -o - <one.xml >piped.otio 2>err || fail "no conversion between pipes"
+    expect_same one.otio piped.otio
+    expect_text err 'Wrote standard output: 1 sequence, 1 clip'
+    expect_status 0 --to otio --dry-run one.xml -o dry.otio
+    expect_text out 'Would write dry.otio'
+    expect_no_file dry.otio
+    expect_status 0 --to otio --sequence Cut one.xml -o named.otio
+    expect_text named.otio 'Timeline.1'
+    expect_status 2 --to otio --sequence Other one.xml -o none.otio
+    expect_text err 'it holds no sequence Other'
+    expect_no_file none.otio
+
+    expect_status 6 --to otio one.xml -o /dev/full
+    expect_text err '/dev/full: the output could not be written: No space left on device'
+    expect_status 5 --to otio missing.xml
+    expect_text err 'missing.xml'
+    head -c -30 one.xml >cut.xml
+    expect_status 0 --to otio cut.xml
+    expect_text err 'only what came before was converted'
+    local option
+    for option in --verify '--report a.txt' '--report-dir a' '--fail-on any' --mark-losses --handoff --no-additions; do
+        # shellcheck disable=SC2086
+        expect_status 64 --to otio one.xml $option
+    done
+}
+
 sequence() {
     one_clip 100 >one.xml
     expect_status 0 --quiet --seed 1 one.xml

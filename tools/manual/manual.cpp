@@ -1,8 +1,8 @@
 #include "manual/manual.h"
 
 #include "frame/formats.h"
+#include "inspect/columns.h"
 #include "inspect/ignored.h"
-#include "xpjconvert/help_format.h"
 #include "xpjconvert/options.h"
 
 #include <algorithm>
@@ -47,7 +47,8 @@ ValueKind KindOf(const Option& option)
         return ValueKind::None;
     if (!option.choices.empty())
         return option.value.ends_with(",...") ? ValueKind::ChoiceList : ValueKind::Choice;
-    if (option.value.find("FILE") != option.value.npos || option.names.empty())
+    if (option.value.find("FILE") != option.value.npos || option.value == "CSV" ||
+        option.names.empty())
         return ValueKind::File;
     return option.value == "DIR" ? ValueKind::Folder : ValueKind::Text;
 }
@@ -118,7 +119,8 @@ Content ReadContent()
     CLI::App app;
     AddOptions(app, line);
     Content content;
-    for (const std::string& words : WrappedLines(app.get_description(), std::string::npos))
+    for (const std::string& words :
+         Inspection::WrappedLines(app.get_description(), std::string::npos))
         content.description = words;
     for (CLI::Option* const option : app.get_options())
         content.options.push_back(Read(*option));

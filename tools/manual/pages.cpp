@@ -1,6 +1,6 @@
 #include "manual/pages.h"
 
-#include "xpjconvert/help_format.h"
+#include "inspect/columns.h"
 
 #include <algorithm>
 
@@ -32,7 +32,7 @@ std::string RoffLines(std::string_view text)
 {
     constexpr std::size_t kWidth = 68; // some characters are longer there
     std::string result;
-    for (const std::string& line : WrappedLines(text, kWidth))
+    for (const std::string& line : Inspection::WrappedLines(text, kWidth))
         result += Roff(line) + "\n";
     return result;
 }

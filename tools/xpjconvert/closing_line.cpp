@@ -53,6 +53,13 @@ std::string SuccessLine(const ConversionRequest& request, const ConversionOutcom
                        LossesText(outcome, kind.isVerified));
 }
 
+std::string TimelinesLine(const ConversionRequest& request, const OtioOutcome& outcome,
+                          bool isDryRun)
+{
+    return fmt::format("{} {}: {}, {}\n", isDryRun ? "Would write" : "Wrote", request.outputPath,
+                       Counted(outcome.sequences, "sequence"), Counted(outcome.items, "clip"));
+}
+
 std::string CutOffLine(const ConversionRequest& request, const ConversionOutcome& outcome)
 {
     if (outcome.stop.reason.empty())

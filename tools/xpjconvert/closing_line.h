@@ -3,6 +3,7 @@
 
 #include "core/encoding.h"
 #include "frame/conversion.h"
+#include "frame/otio_conversion.h"
 
 #include <string>
 
@@ -22,6 +23,10 @@ struct SuccessKind {
 //   "Wrote cut.vlproj: 3 lost, 1 changed, listed in /home/a/cut.report.txt"
 std::string SuccessLine(const ConversionRequest& request, const ConversionOutcome& outcome,
                         SuccessKind kind);
+
+//   "Wrote cut.otio: 2 sequences, 34 clips"
+std::string TimelinesLine(const ConversionRequest& request, const OtioOutcome& outcome,
+                          bool isDryRun);
 
 // Warns of an input that ends inside an element; empty for a whole one.
 std::string CutOffLine(const ConversionRequest& request, const ConversionOutcome& outcome);

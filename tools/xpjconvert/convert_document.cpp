@@ -2,6 +2,8 @@
 
 #include "core/paths.h"
 #include "frame/file_conversion.h"
+#include "frame/media_path_changes.h"
+#include "frame/otio_conversion.h"
 #include "frame/verification.h"
 #include "platform/default_platform.h"
 #include "platform/platform.h"
@@ -58,7 +60,7 @@ public:
         CatchInterrupts();
         const bool isReady = OpenInput() && SetFormats() && SetOutput(outputPath);
         if (isReady)
-            Convert();
+            options_.toOtio ? WriteTimelines() : Convert();
         ReleaseInterrupts();
         converted_.outputPath = request_.outputPath;
         return std::move(converted_);
@@ -181,19 +183,40 @@ private:
                                 : outcome.result;
     }
 
+    // As OpenTimelineIO.
+    void WriteTimelines()
+    {
+        const OtioOutcome written = ConvertToOtio(request_, Reading(), IsInterrupted);
+        converted_.outcome = written.conversion;
+        PrintError(EncodingLines(request_.inputPath, written.encoding));
+        PrintOutput();
+        if (converted_.outcome.result == kSuccess) {
+            PrintError(CutOffLine(request_, converted_.outcome));
+            Tell(TimelinesLine(request_, written, options_.dryRun));
+        } else {
+            PrintError(FailureLine(request_, converted_.outcome));
+        }
+        converted_.status = converted_.outcome.result;
+    }
+
+    DocumentReading Reading() const
+    {
+        return options_.strict ? DocumentReading::ToTheLetter : DocumentReading::AsMeant;
+    }
+
     void Verify()
     {
         if (!options_.verify || converted_.outcome.result != kSuccess)
             return;
-        const DocumentReading reading =
-            options_.strict ? DocumentReading::ToTheLetter : DocumentReading::AsMeant;
         const std::string& output =
             request_.writeTo.empty() ? request_.outputPath : request_.writeTo;
         ComparedTimelines documents =
             ReadForComparison({PathToRead(), FolderOf(request_.inputPath)},
-                              {output, FolderOf(request_.outputPath)}, reading);
+                              {output, FolderOf(request_.outputPath)}, Reading());
         if (!request_.sequence.empty())
             LimitToOneSequence(documents);
+        if (request_.mediaPaths)
+            ChangeMediaPaths(*request_.mediaPaths, documents.first.project);
         AddUnexplained(documents, request_.markLosses, converted_.outcome.account);
     }
 

@@ -1,6 +1,7 @@
 #include "xpjconvert/documents.h"
 
 #include "core/paths.h"
+#include "frame/otio_conversion.h"
 #include "platform/files.h"
 #include "tree/input.h"
 #include "xpjconvert/closing_line.h"
@@ -154,22 +155,28 @@ const Format& FormatToWrite(const Format& from)
 
 std::string OutputNameOf(const std::string& place, const Format& to)
 {
+    return OutputNameOf(place, to.extension);
+}
+
+std::string OutputNameOf(const std::string& place, std::string_view extension)
+{
     std::string_view stem = place;
     if (FormatOfName(place))
         stem.remove_suffix(ExtensionOf(place).size() + 1);
-    return std::string(stem).append(".").append(to.extension);
+    return std::string(stem).append(".").append(extension);
 }
 
 std::string OutputPathOf(const ToolOptions& options, const std::string& name, const Format& to)
 {
+    std::string file = OutputNameOf(name, options.toOtio ? kOtioExtension : to.extension);
     if (options.output.empty())
-        return OutputNameOf(name, to);
+        return file;
     std::error_code error;
     const fs::path output(options.output);
     if (options.output.ends_with('/'))
         fs::create_directories(output, error); // a folder that can't be made holds no file either
     return fs::is_directory(output, error) || options.output.ends_with('/')
-               ? (output / OutputNameOf(name, to)).string()
+               ? (output / file).string()
                : options.output;
 }
 

@@ -31,9 +31,11 @@ const Format& FormatToWrite(const Format& from);
 
 // "day1/cut.XML" becomes "day1/cut.vlproj", a name without a known extension gets one.
 std::string OutputNameOf(const std::string& place, const Format& to);
+std::string OutputNameOf(const std::string& place, std::string_view extension);
 
 // Where the output of a single document goes: the file that the options name, or its name in their
-// folder, which is made if they name it with a last "/".
+// folder, which is made if they name it with a last "/". `to` is without meaning if they want
+// neither format.
 std::string OutputPathOf(const ToolOptions& options, const std::string& name, const Format& to);
 
 } // namespace XPJ

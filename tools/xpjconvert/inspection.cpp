@@ -2,9 +2,11 @@
 
 #include "core/paths.h"
 #include "frame/document_timelines.h"
+#include "frame/media_path_changes.h"
 #include "inspect/compare.h"
 #include "inspect/effect_table.h"
 #include "inspect/look_listing.h"
+#include "inspect/media_list.h"
 #include "inspect/summary.h"
 #include "inspect/timeline_json.h"
 #include "inspect/timeline_text.h"
@@ -67,6 +69,14 @@ std::string PathOf(const std::string& input)
     return input == kStandardStream ? "/dev/stdin" : input;
 }
 
+std::string MediaListOf(const ToolOptions& options, const Project& project)
+{
+    const std::vector<ListedMedia> list = ListMedia(project, options.request.mediaPaths.get());
+    if (options.mediaList == "json")
+        return MediaListJson(list);
+    return options.mediaList == "csv" ? MediaListCsv(list) : MediaListText(list);
+}
+
 std::string TextOfProject(const ToolOptions& options, const Project& project)
 {
     switch (options.mode) {
@@ -74,6 +84,8 @@ std::string TextOfProject(const ToolOptions& options, const Project& project)
         return SummaryText(project, FileExists);
     case ToolMode::ListSequences:
         return options.json ? SequenceListJson(project) : SequenceListText(project);
+    case ToolMode::ListMedia:
+        return MediaListOf(options, project);
     default:
         return options.json ? TreeJson(project, FileExists) : TreeText(project, FileExists);
     }
@@ -132,12 +144,14 @@ std::string TextOfDifferences(const std::string& path, const ToolOptions& option
 
 int CompareFiles(const ToolOptions& options)
 {
-    const auto [a, b] = ReadForComparison(DocumentFile(PathOf(InputOf(options))),
-                                          DocumentFile(options.partner), ReadingOf(options));
+    auto [a, b] = ReadForComparison(DocumentFile(PathOf(InputOf(options))),
+                                    DocumentFile(options.partner), ReadingOf(options));
     if (!IsUsable(InputOf(options), a))
         return a.result;
     if (!IsUsable(options.partner, b))
         return b.result;
+    if (options.request.mediaPaths)
+        ChangeMediaPaths(*options.request.mediaPaths, a.project);
     std::vector<Difference> differences = Compare(a.project, b.project);
     options.ignored.RemoveFrom(differences);
     for (const std::string& path : options.reports)

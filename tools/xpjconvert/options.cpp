@@ -1,6 +1,7 @@
 #include "xpjconvert/options.h"
 
 #include "inspect/columns.h"
+#include "media/media_paths.h"
 #include "report/account_report.h"
 #include "xpjconvert/help_format.h"
 
@@ -27,6 +28,9 @@ Examples:
                                             one sequence
   cat cut.xml | xpjconvert - -o - >cut.vlproj
                                             from a pipe to a pipe
+  xpjconvert cut.xml --to otio              writes cut.otio, for OpenTimelineIO
+  xpjconvert cut.xml --map-path /Volumes/Media=/mnt/raid --relink /mnt/proxies
+                                            its media files are elsewhere here
   xpjconvert --inspect=summary cut.xml      what is in a document
   xpjconvert --compare old.xml new.xml      what changed between two
 
@@ -66,6 +70,16 @@ std::vector<std::string> FormatNames()
     return names;
 }
 
+// What can be written, but not read.
+constexpr std::string_view kOtioName = "otio";
+
+std::vector<std::string> TargetNames()
+{
+    std::vector<std::string> names = FormatNames();
+    names.emplace_back(kOtioName);
+    return names;
+}
+
 // Indented by two.
 std::string Paragraph(const std::string& words)
 {
@@ -74,6 +88,22 @@ std::string Paragraph(const std::string& words)
     for (const std::string& line : Inspection::WrappedLines(words, kWidth))
         text += "  " + line + "\n";
     return text;
+}
+
+// A path with "=" goes into a --map-file.
+std::string AddPathPair(const std::string& text, PathMap& map)
+{
+    const auto equals = text.find('=');
+    return equals != std::string::npos && map.Add(std::string_view(text).substr(0, equals),
+                                                  std::string_view(text).substr(equals + 1))
+               ? ""
+               : "'" + text + "' is not OLD=NEW";
+}
+
+std::string CheckPathPair(const std::string& text)
+{
+    PathMap map;
+    return AddPathPair(text, map);
 }
 
 std::string CheckIgnorable(const std::string& name)
@@ -104,6 +134,7 @@ std::string CheckNotEmpty(const std::string& text)
 
 const std::set<std::string> kFailures = {"lost", "changed", "assumed", "skipped", "cut-off", "any"};
 const std::set<std::string> kInspections = {"full", "summary"};
+const std::set<std::string> kMediaLists = {"text", "json", "csv"};
 
 std::string CheckReport(const std::string& path)
 {
@@ -133,9 +164,11 @@ void AddDocumentOptions(CLI::App& app, CommandLine& line)
         ->option_text("FORMAT")
         ->check(CLI::IsMember(FormatNames()))
         ->group(kGroup);
-    app.add_option("--to", line.to, "The format to write")
+    app.add_option("--to", line.to,
+                   "The format to write; otio is the timelines for other programs "
+                   "(OpenTimelineIO), from either format")
         ->option_text("FORMAT")
-        ->check(CLI::IsMember(FormatNames()))
+        ->check(CLI::IsMember(TargetNames()))
         ->group(kGroup);
     app.add_option("--sequence", line.options.request.sequence,
                    "Convert only this sequence; --list-sequences shows names, numbers and ids")
@@ -168,6 +201,30 @@ void AddTranslationOptions(CLI::App& app, CommandLine& line)
         ->option_text("KEY=VALUE")
         ->allow_extra_args(false)
         ->check(CheckKeyValue)
+        ->group(kGroup);
+}
+
+void AddMediaOptions(CLI::App& app, CommandLine& line)
+{
+    constexpr const char* kGroup = "Media files";
+    app.add_option("--map-path", line.mappedPaths,
+                   "Write a path that begins with OLD as one that begins with NEW; the longest OLD "
+                   "counts; may be repeated")
+        ->option_text("OLD=NEW")
+        ->allow_extra_args(false)
+        ->check(CheckPathPair)
+        ->group(kGroup);
+    app.add_option("--map-file", line.mapFiles,
+                   "The same for each line of a file with two columns, old,new; may be repeated")
+        ->option_text("CSV")
+        ->allow_extra_args(false)
+        ->group(kGroup);
+    app.add_option("--relink", line.mediaFolders,
+                   "Look for a media file that is not where INPUT states below this folder, by its "
+                   "name and, among several, by what INPUT states of it; may be repeated")
+        ->option_text("DIR")
+        ->allow_extra_args(false)
+        ->check(CLI::ExistingDirectory)
         ->group(kGroup);
 }
 
@@ -214,6 +271,12 @@ void AddPrintingOptions(CLI::App& app, CommandLine& line)
         ->group(kGroup);
     app.add_flag("--list-sequences", line.listSequences, "Print the sequences of INPUT")
         ->group(kGroup);
+    app.add_flag("--list-media{text}", line.options.mediaList,
+                 "Print the media files of INPUT, and whether they are there; =json and =csv for "
+                 "programs")
+        ->option_text("[=json|csv]")
+        ->check(CLI::IsMember(kMediaLists))
+        ->group(kGroup);
     app.add_flag("--compare", line.compare, "Print the differences between two documents")
         ->group(kGroup);
     app.add_option("--ignore", line.ignored,
@@ -240,6 +303,7 @@ constexpr ModeRow kModes[] = {
     {ToolMode::Inspect, "--inspect", 1, true},
     {ToolMode::Summary, "--inspect=summary", 1, false},
     {ToolMode::ListSequences, "--list-sequences", 1, true},
+    {ToolMode::ListMedia, "--list-media", 1, true},
     {ToolMode::Compare, "--compare", 2, true},
     {ToolMode::ListEffects, "--list-effects", 0, false},
 };
@@ -256,6 +320,8 @@ ToolMode ModeOf(const CommandLine& line)
         modes.push_back(line.inspect == "summary" ? ToolMode::Summary : ToolMode::Inspect);
     if (line.listSequences)
         modes.push_back(ToolMode::ListSequences);
+    if (!line.options.mediaList.empty())
+        modes.push_back(ToolMode::ListMedia);
     if (line.compare)
         modes.push_back(ToolMode::Compare);
     if (line.listEffects)
@@ -280,6 +346,24 @@ void CheckPrintingMode(const CommandLine& line, ToolMode mode)
         throw CLI::ExcludesError(std::string(row.option), "--json");
 }
 
+// Nothing is translated for it: there is no account, and nothing to choose.
+void CheckOtio(const CommandLine& line)
+{
+    const ToolOptions& options = line.options;
+    const std::pair<bool, std::string_view> excluded[] = {
+        {options.verify, "--verify"},
+        {!options.reports.empty(), "--report"},
+        {!options.reportFolder.empty(), "--report-dir"},
+        {!options.failOn.empty(), "--fail-on"},
+        {options.request.markLosses, "--mark-losses"},
+        {options.handOff, "--handoff"},
+        {line.noAdditions, "--no-additions"},
+    };
+    for (const auto& [isGiven, name] : excluded)
+        if (isGiven)
+            throw CLI::ExcludesError(std::string(name), "--to otio");
+}
+
 void CheckConversion(const CommandLine& line)
 {
     if (line.documents.empty())
@@ -287,9 +371,12 @@ void CheckConversion(const CommandLine& line)
     if (line.documents.size() > 2 && line.output.empty())
         throw CLI::RequiredError("--output, the folder for several documents,");
     if (line.options.json)
-        throw CLI::RequiresError("--json", "--inspect, --list-sequences or --compare");
+        throw CLI::RequiresError("--json",
+                                 "--inspect, --list-sequences, --list-media or --compare");
     if (!line.from.empty() && line.from == line.to)
         throw CLI::ExcludesError("--from " + line.from, "--to " + line.to);
+    if (line.to == kOtioName)
+        CheckOtio(line);
 }
 
 // `xpjconvert INPUT OUTPUT`, unless the output is named otherwise.
@@ -302,6 +389,21 @@ void SetDocuments(const CommandLine& line, ToolOptions& options)
         return;
     options.inputs.pop_back();
     (line.compare ? options.partner : options.output) = line.documents.back();
+}
+
+// One for all documents; null without an option of the kind. Pairs of the command line come before
+// those of files.
+std::shared_ptr<MediaPaths> MediaPathsOf(const CommandLine& line)
+{
+    if (line.mappedPaths.empty() && line.mapFiles.empty() && line.mediaFolders.empty())
+        return nullptr;
+    PathMap map;
+    for (const std::string& pair : line.mappedPaths)
+        AddPathPair(pair, map);
+    for (const std::string& file : line.mapFiles)
+        if (const std::string fault = AddPathFile(file, map); !fault.empty())
+            throw CLI::ValidationError("--map-file", fault);
+    return std::make_shared<MediaPaths>(std::move(map), line.mediaFolders);
 }
 
 void Complete(const CommandLine& line, ToolOptions& options)
@@ -317,6 +419,7 @@ void Complete(const CommandLine& line, ToolOptions& options)
     SetDocuments(line, options);
     options.from = FormatNamed(line.from);
     options.to = FormatNamed(line.to);
+    options.toOtio = line.to == kOtioName;
     for (const std::string& entry : line.entries) {
         const auto equals = entry.find('=');
         options.debugEntries.emplace_back(entry.substr(0, equals), entry.substr(equals + 1));
@@ -325,6 +428,9 @@ void Complete(const CommandLine& line, ToolOptions& options)
         options.ignored.Add(name);
     options.request.handOff = options.handOff ? std::optional(true) : std::nullopt;
     options.request.additions = !line.noAdditions;
+    options.request.mediaPaths = MediaPathsOf(line);
+    if (options.json && !options.mediaList.empty())
+        options.mediaList = "json";
 }
 
 } // namespace
@@ -337,6 +443,7 @@ void AddOptions(CLI::App& app, CommandLine& line)
     app.footer("\nNames for --ignore:\n" + Paragraph(Inspection::IgnorableNames()) + kFooter);
     AddDocumentOptions(app, line);
     AddTranslationOptions(app, line);
+    AddMediaOptions(app, line);
     AddReportOptions(app, line);
     AddPrintingOptions(app, line);
     app.set_version_flag("-V,--version", "xpjconvert " VELA_VERSION, "Print the version");

@@ -28,7 +28,7 @@ constexpr int kLossesFound = 11;
 constexpr std::string_view kStandardStream = "-";
 
 // What the tool does; all but the first print something and convert nothing.
-enum class ToolMode { Convert, Inspect, Summary, ListSequences, Compare, ListEffects };
+enum class ToolMode { Convert, Inspect, Summary, ListSequences, ListMedia, Compare, ListEffects };
 
 struct ToolOptions {
     ToolMode mode = ToolMode::Convert;
@@ -40,6 +40,7 @@ struct ToolOptions {
     bool recursive = false;
     const Format* from = nullptr; // stated by the user
     const Format* to = nullptr;
+    bool toOtio = false; // instead of either format
     bool dryRun = false;
 
     ConversionRequest request; // for each document; its formats and paths are still to be set
@@ -56,6 +57,7 @@ struct ToolOptions {
     // Of the modes that print.
     Inspection::Ignored ignored; // by a comparison
     bool json = false;
+    std::string mediaList; // "text", "json" or "csv"; empty: none
 };
 
 // What the command line states, before it is checked as a whole.
@@ -71,6 +73,9 @@ struct CommandLine {
     bool noAdditions = false;
     std::vector<std::string> entries; // KEY=VALUE
     std::vector<std::string> ignored;
+    std::vector<std::string> mappedPaths; // OLD=NEW
+    std::vector<std::string> mapFiles;
+    std::vector<std::string> mediaFolders;
     ToolOptions options; // what needs no more than its own check
 };
 

@@ -1,0 +1,56 @@
+// Memory that is handed out piece by piece and freed all at once.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace XPJ {
+
+class Arena {
+public:
+    Arena() = default;
+    Arena(const Arena&) = delete;
+    Arena& operator=(const Arena&) = delete;
+
+    // `alignment` is a power of two, and none above that of every type.
+    void* Allocate(std::size_t size, std::size_t alignment)
+    {
+        const std::size_t padding = -reinterpret_cast<std::uintptr_t>(next_) & (alignment - 1);
+        if (padding > left_ || size > left_ - padding)
+            return AllocateBlock(size);
+        char* const piece = next_ + padding;
+        next_ = piece + size;
+        left_ -= padding + size;
+        return piece;
+    }
+
+private:
+    static constexpr std::size_t kFirstBlock = std::size_t{64} * 1024;
+    static constexpr std::size_t kLargestBlock = std::size_t{4} * 1024 * 1024;
+
+    // A large piece has a block of its own, and what is left of the current one stays in use.
+    void* AllocateBlock(std::size_t size)
+    {
+        if (size > blockSize_ / 4)
+            return NewBlock(size);
+        next_ = NewBlock(blockSize_);
+        left_ = blockSize_;
+        blockSize_ = std::min(2 * blockSize_, kLargestBlock);
+        return Allocate(size, 1); // a block is aligned for every type
+    }
+
+    char* NewBlock(std::size_t size)
+    {
+        return blocks_.emplace_back(std::make_unique_for_overwrite<char[]>(size)).get();
+    }
+
+    char* next_ = nullptr;
+    std::size_t left_ = 0;
+    std::size_t blockSize_ = kFirstBlock;
+    std::vector<std::unique_ptr<char[]>> blocks_;
+};
+
+} // namespace XPJ
