@@ -123,7 +123,8 @@ void AtomicFile::OpenIn(const std::string& folder, unsigned permissions)
     std::string_view name = FileNameOf(path_);
     for (std::uint64_t i = 0; !file_.IsOpen(); ++i) {
         temporaryPath_ = folder;
-        temporaryPath_.append(name).append(".part").append(i == 0 ? "" : std::to_string(i));
+        temporaryPath_.append(name).append(kTemporarySuffix);
+        temporaryPath_.append(i == 0 ? "" : std::to_string(i));
         if (file_.CreateNew(temporaryPath_) || file_.Error() == EEXIST)
             continue;
         if (file_.Error() != ENAMETOOLONG || name.size() <= kShortName)

@@ -7,6 +7,9 @@
 
 namespace XPJ {
 
+// What is appended to the name of a file that isn't whole yet, and a number if that is taken.
+constexpr const char* kTemporarySuffix = ".part";
+
 // Writes beside the final name ("clip.xml.part") and renames at the end, so that a run that fails
 // leaves nothing half-written and keeps an older file.
 //

@@ -88,7 +88,7 @@ std::string DumpOf(const Json& json, int indent)
     return json.dump(indent, ' ', false, Json::error_handler_t::replace);
 }
 
-std::string CsvText(const Field& field)
+std::string CsvTextOf(const Field& field)
 {
     if (!IsPresent(field))
         return {};
@@ -184,7 +184,7 @@ std::string AccountCsv(const Account& account)
     appendLine(FieldsOf(Remark(), texts),
                [](const Field& field) { return std::string(field.name); });
     for (const Remark& remark : account.remarks)
-        appendLine(FieldsOf(remark, texts), [](const Field& field) { return CsvText(field); });
+        appendLine(FieldsOf(remark, texts), [](const Field& field) { return CsvTextOf(field); });
     return text;
 }
 

@@ -37,6 +37,7 @@ expect 'cut.vlproj|cut.xml|my cut.XML|reels' xpjconvert ''
 expect 'cut.vlproj|cut.xml' xpjconvert --strict cu
 expect 'cut.vlproj|cut.xml' xpjconvert --inspect cu
 expect 'cut.vlproj|cut.xml|my cut.XML|notes.txt|reels' xpjconvert cut.xml -o ''
+expect reels xpjconvert -j reel
 expect reels xpjconvert cut.xml --report-dir ''
 expect '--report|--report-dir' xpjconvert --repo
 expect xmeml xpjconvert --from x

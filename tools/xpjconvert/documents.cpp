@@ -153,6 +153,11 @@ const Format& FormatToWrite(const Format& from)
     return FormatOf(from.kind == TreeKind::Xmeml ? TreeKind::Project : TreeKind::Xmeml);
 }
 
+std::string_view ExtensionToWrite(const ToolOptions& options, const Format& from)
+{
+    return options.toOtio ? kOtioExtension : FormatToWrite(from).extension;
+}
+
 std::string OutputNameOf(const std::string& place, const Format& to)
 {
     return OutputNameOf(place, to.extension);

@@ -28,6 +28,8 @@ bool IsDocumentOf(const Format& format, const std::string& path);
 
 // The other of the two formats.
 const Format& FormatToWrite(const Format& from);
+// Of the files that documents of a format become.
+std::string_view ExtensionToWrite(const ToolOptions& options, const Format& from);
 
 // "day1/cut.XML" becomes "day1/cut.vlproj", a name without a known extension gets one.
 std::string OutputNameOf(const std::string& place, const Format& to);

@@ -3,6 +3,8 @@
 #include <atomic>
 #include <csignal>
 
+#include <poll.h>
+
 namespace XPJ {
 namespace {
 
@@ -10,6 +12,8 @@ constexpr int kInterrupts[] = {SIGINT, SIGTERM, SIGHUP};
 
 std::atomic<int> gSignal = 0;
 static_assert(std::atomic<int>::is_always_lock_free); // a signal handler sets it
+
+int gPipe = -1; // see InterruptWhenClosed
 
 void SetHandler(int number, void (*handler)(int))
 {
@@ -25,6 +29,12 @@ extern "C" void RememberInterrupt(int number)
         return;
     SetHandler(number, SIG_DFL);
     raise(number); // comes once this handler has returned
+}
+
+bool IsPipeClosed()
+{
+    pollfd pipe{.fd = gPipe, .events = POLLIN, .revents = 0};
+    return gPipe >= 0 && ::poll(&pipe, 1, 0) > 0;
 }
 
 // As under nohup.
@@ -53,9 +63,14 @@ void ReleaseInterrupts()
             SetHandler(number, SIG_DFL);
 }
 
+void InterruptWhenClosed(int pipe)
+{
+    gPipe = pipe;
+}
+
 bool IsInterrupted()
 {
-    return gSignal != 0;
+    return gSignal != 0 || IsPipeClosed();
 }
 
 void EndByInterrupt()

@@ -9,6 +9,9 @@ void CatchInterrupts();
 // From here on the first one ends the process as well.
 void ReleaseInterrupts();
 
+// From here on the end of a pipe, whose other end another process holds, is an interrupt as well.
+void InterruptWhenClosed(int pipe);
+
 bool IsInterrupted();
 
 // Ends the process by the signal that was remembered, so that its caller (a loop in a shell) learns

@@ -6,7 +6,10 @@
 #include "xpjconvert/help_format.h"
 
 #include <algorithm>
+#include <charconv>
 #include <memory>
+#include <system_error>
+#include <utility>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -31,6 +34,9 @@ Examples:
   xpjconvert cut.xml --to otio              writes cut.otio, for OpenTimelineIO
   xpjconvert cut.xml --map-path /Volumes/Media=/mnt/raid --relink /mnt/proxies
                                             its media files are elsewhere here
+  xpjconvert -j -r archive -o projects --skip-existing --summary night.csv
+                                            all documents below a folder; a second
+                                            run does what is missing
   xpjconvert --inspect=summary cut.xml      what is in a document
   xpjconvert --compare old.xml new.xml      what changed between two
 
@@ -43,6 +49,7 @@ Exit status:
   6   unexpected error, or the output could not be written
   10  --compare found differences
   11  converted, but the report has what --fail-on names
+  12  some of several documents failed
   64  wrong usage
   A run that is stopped by a signal ends with that signal.
 
@@ -261,6 +268,79 @@ void AddReportOptions(CLI::App& app, CommandLine& line)
         ->group(kGroup);
 }
 
+// Nothing for what isn't K/N.
+std::optional<BatchPart> PartOf(const std::string& text)
+{
+    BatchPart part;
+    const char* const end = text.data() + text.size();
+    const auto number = std::from_chars(text.data(), end, part.number);
+    if (number.ec != std::errc() || number.ptr == end || *number.ptr != '/')
+        return std::nullopt;
+    const auto count = std::from_chars(number.ptr + 1, end, part.count);
+    if (count.ec != std::errc() || count.ptr != end || part.number < 1 || part.number > part.count)
+        return std::nullopt;
+    return part;
+}
+
+std::string CheckPart(const std::string& text)
+{
+    return PartOf(text) ? "" : "'" + text + "' is not K/N with K from 1 to N";
+}
+
+std::string CheckSummary(const std::string& path)
+{
+    const std::optional<ReportFormat> format = FormatOfReport(path);
+    return format == ReportFormat::Json || format == ReportFormat::Csv
+               ? ""
+               : "'" + path + "' is not .csv or .json";
+}
+
+void AddBatchOptions(CLI::App& app, CommandLine& line)
+{
+    constexpr const char* kGroup = "Batches: several documents into the folder -o";
+    BatchOptions& batch = line.options.batch;
+    const std::vector<CLI::Option*> options = {
+        app.add_option("-j,--jobs", batch.jobs,
+                       "Convert so many documents at a time, each in a process of its own; "
+                       "without N as many as there are processors")
+            ->option_text("N")
+            ->check(CLI::Range(0, 1024)),
+        app.add_flag("--overwrite", batch.overwrite, "Replace outputs that exist"),
+        app.add_flag("--skip-existing", batch.skipExisting,
+                     "Convert only what has no output yet, or one that is older than the document"),
+        app.add_option("--summary", batch.summary,
+                       "Write a row for each document into this file, .csv or .json")
+            ->option_text("FILE")
+            ->check(CheckSummary),
+        app.add_option("--report-format", batch.reportFormats,
+                       "Write a report of each document, named after its output: txt, json, csv or "
+                       "html; may be repeated")
+            ->option_text("FORMAT,...")
+            ->delimiter(',')
+            ->allow_extra_args(false)
+            ->check(CLI::IsMember({"txt", "json", "csv", "html"})),
+        app.add_option("--part", line.part,
+                       "Convert only the Kth of N parts, for N runs that share the work")
+            ->option_text("K/N")
+            ->check(CheckPart),
+    };
+    for (CLI::Option* const option : options)
+        option->group(kGroup)->each([&batch](const std::string&) { batch.isRequested = true; });
+}
+
+// The arguments, with the number that `-j` may lack: the parser would take the next one for it.
+std::vector<std::string> ArgumentsWithJobs(int argc, const char* const* argv)
+{
+    std::vector<std::string> arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments.emplace_back(argv[i]);
+        const bool isJobs = arguments.back() == "-j" || arguments.back() == "--jobs";
+        if (isJobs && (i + 1 == argc || !CheckNumber(argv[i + 1]).empty()))
+            arguments.emplace_back("0");
+    }
+    return arguments;
+}
+
 void AddPrintingOptions(CLI::App& app, CommandLine& line)
 {
     constexpr const char* kGroup = "Instead of a conversion";
@@ -373,6 +453,8 @@ void CheckConversion(const CommandLine& line)
     if (line.options.json)
         throw CLI::RequiresError("--json",
                                  "--inspect, --list-sequences, --list-media or --compare");
+    if (line.options.batch.overwrite && line.options.batch.skipExisting)
+        throw CLI::ExcludesError("--overwrite", "--skip-existing");
     if (!line.from.empty() && line.from == line.to)
         throw CLI::ExcludesError("--from " + line.from, "--to " + line.to);
     if (line.to == kOtioName)
@@ -420,6 +502,7 @@ void Complete(const CommandLine& line, ToolOptions& options)
     options.from = FormatNamed(line.from);
     options.to = FormatNamed(line.to);
     options.toOtio = line.to == kOtioName;
+    options.batch.part = PartOf(line.part);
     for (const std::string& entry : line.entries) {
         const auto equals = entry.find('=');
         options.debugEntries.emplace_back(entry.substr(0, equals), entry.substr(equals + 1));
@@ -445,6 +528,7 @@ void AddOptions(CLI::App& app, CommandLine& line)
     AddTranslationOptions(app, line);
     AddMediaOptions(app, line);
     AddReportOptions(app, line);
+    AddBatchOptions(app, line);
     AddPrintingOptions(app, line);
     app.set_version_flag("-V,--version", "xpjconvert " VELA_VERSION, "Print the version");
     app.set_help_flag("-h,--help", "Print this help");
@@ -456,7 +540,9 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
     CLI::App app;
     AddOptions(app, line);
     try {
-        app.parse(argc, argv);
+        std::vector<std::string> arguments = ArgumentsWithJobs(argc, argv);
+        std::ranges::reverse(arguments); // as the parser takes them
+        app.parse(std::move(arguments));
         Complete(line, options);
     } catch (const CLI::ParseError& end) {
         return app.exit(end) == 0 ? 0 : kWrongUsage;

@@ -24,11 +24,31 @@ constexpr int kDifferent = 10;
 // Exit status of a conversion with what --fail-on names.
 constexpr int kLossesFound = 11;
 
+// Exit status of a batch in which some documents failed.
+constexpr int kSomeFailed = 12;
+
 // The name of the standard streams on the command line.
 constexpr std::string_view kStandardStream = "-";
 
 // What the tool does; all but the first print something and convert nothing.
 enum class ToolMode { Convert, Inspect, Summary, ListSequences, ListMedia, Compare, ListEffects };
+
+// One of several runs that share the documents.
+struct BatchPart {
+    std::size_t number = 1; // from 1 to the count
+    std::size_t count = 1;
+};
+
+// How several documents are converted.
+struct BatchOptions {
+    bool isRequested = false;                    // one of these is given
+    std::size_t jobs = 1;                        // at a time; 0: as many as there are processors
+    bool overwrite = false;                      // outputs that exist
+    bool skipExisting = false;                   // documents whose output exists and is newer
+    std::string summary = {};                    // the file with a row for each document
+    std::vector<std::string> reportFormats = {}; // extensions of the reports of each document
+    std::optional<BatchPart> part = {};
+};
 
 struct ToolOptions {
     ToolMode mode = ToolMode::Convert;
@@ -54,6 +74,7 @@ struct ToolOptions {
     bool verify = false;              // compare the output with the input
     std::string reportFolder;         // of the report without --report; empty: beside the output
     std::set<std::string> failOn; // outcomes that give the status of losses, or "cut-off", "any"
+    BatchOptions batch;
     // Of the modes that print.
     Inspection::Ignored ignored; // by a comparison
     bool json = false;
@@ -76,6 +97,7 @@ struct CommandLine {
     std::vector<std::string> mappedPaths; // OLD=NEW
     std::vector<std::string> mapFiles;
     std::vector<std::string> mediaFolders;
+    std::string part;    // "2/10"
     ToolOptions options; // what needs no more than its own check
 };
 

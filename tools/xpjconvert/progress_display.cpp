@@ -4,7 +4,7 @@
 #include "xpjconvert/print.h"
 
 #include <algorithm>
-#include <string>
+#include <cmath>
 
 #include <fmt/format.h>
 #include <unistd.h>
@@ -16,15 +16,15 @@ constexpr int kBarWidth = 30;
 // Below this share the time that was spent says little about the rest.
 constexpr double kSmallShare = 0.03;
 
+} // namespace
+
 std::string TimeLeft(double progress, double seconds)
 {
     if (progress < kSmallShare || progress >= 1)
         return {};
-    const auto left = static_cast<long>(seconds * (1 - progress) / progress + 0.5);
+    const auto left = std::lround(seconds * (1 - progress) / progress);
     return fmt::format(", {}:{:02} left", left / 60, left % 60);
 }
-
-} // namespace
 
 ProgressDisplay::ProgressDisplay(bool quiet) : isShown_(!quiet && isatty(STDERR_FILENO)) {}
 

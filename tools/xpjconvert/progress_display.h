@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <string>
 
 namespace XPJ {
 
@@ -23,5 +24,8 @@ private:
     const std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
     bool hasLine_ = false;
 };
+
+// ", 1:05 left" after that share of the work and that time; empty as long as little is known.
+std::string TimeLeft(double progress, double seconds);
 
 } // namespace XPJ
