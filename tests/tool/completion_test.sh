@@ -39,7 +39,7 @@ expect 'cut.vlproj|cut.xml' xpjconvert --inspect cu
 expect 'cut.vlproj|cut.xml|my cut.XML|notes.txt|reels' xpjconvert cut.xml -o ''
 expect reels xpjconvert -j reel
 expect reels xpjconvert cut.xml --report-dir ''
-expect '--report|--report-dir' xpjconvert --repo
+expect '--report-dir' xpjconvert --report-d
 expect xmeml xpjconvert --from x
 expect xmeml xpjconvert --from = x
 expect 'vlproj|xmeml' xpjconvert --from =
@@ -60,7 +60,7 @@ fish_expect() {
 }
 if command -v fish >/dev/null; then
     fish -n "$fish_file" || failures=1
-    fish_expect '--report|--report-dir' 'xpjconvert --repo'
+    fish_expect '--report-dir' 'xpjconvert --report-d'
     fish_expect 'xmeml' 'xpjconvert --from x'
     fish_expect 'lost,changed|lost,cut-off' 'xpjconvert --fail-on lost,c'
 fi

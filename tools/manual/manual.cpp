@@ -67,8 +67,8 @@ Option Read(CLI::Option& source)
     option.choices = Choices(source);
     option.kind = KindOf(option);
     option.valueIsOptional = option.value.starts_with('[');
-    // "-j archive": what follows can as well be a document.
-    if (option.kind == ValueKind::Text && source.get_items_expected_min() == 0)
+    // "-j archive": the number may be missing, and what follows is a document then.
+    if (source.check_lname("jobs"))
         option.kind = ValueKind::None;
     return option;
 }
