@@ -22,7 +22,7 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION video)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# What a distribution asks of each package beside the installed files.
+# What a distribution requires of each package beside the installed files.
 configure_file(cmake/debian_files.cmake.in ${PROJECT_BINARY_DIR}/debian_files.cmake @ONLY)
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_BINARY_DIR}/debian_files.cmake)
 
