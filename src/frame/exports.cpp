@@ -1,7 +1,9 @@
-// The exported functions: wrappers that let no exception into the host.
+// The exported functions: wrappers that let no exception into the host, and see to the user's
+// language.
 #include "core/conversion_result.h"
 #include "frame/console.h"
 #include "frame/entry.h"
+#include "platform/platform.h"
 
 #include <iostream>
 
@@ -11,6 +13,7 @@ template <class Function>
 std::int32_t Guarded(std::int32_t failure, Function function) noexcept
 {
     try {
+        XPJ::UseInstalledCatalog();
         return function();
     } catch (...) {
         return failure;

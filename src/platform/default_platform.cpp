@@ -126,6 +126,19 @@ void DefaultPlatform::SetReportFolder(std::string_view folder)
     reportFolder_ = WithSeparator(Absolute(std::string(folder)));
 }
 
+void DefaultPlatform::UseCatalog(const MessageCatalog& catalog)
+{
+    const std::lock_guard guard(lock_);
+    catalog_ = &catalog;
+}
+
+std::u16string DefaultPlatform::Localize(std::string_view key)
+{
+    const std::lock_guard guard(lock_);
+    const auto text = catalog_ ? catalog_->Find(key) : std::nullopt;
+    return text ? ToUTF16(*text) : Platform::Localize(key);
+}
+
 Guid DefaultPlatform::CreateUniqueGuid()
 {
     const std::lock_guard guard(lock_);

@@ -1,7 +1,8 @@
-// The platform of a process without a host: random GUIDs, a debug database from a file, the user's
-// documents folder, and no window system.
+// The platform of a process without a host: texts of a catalog, random GUIDs, a debug database from
+// a file, the user's documents folder, and no window system.
 #pragma once
 
+#include "platform/message_catalog.h"
 #include "platform/platform_interface.h"
 
 #include <cstdint>
@@ -24,6 +25,10 @@ public:
     // a last separator; the empty text means the user's folder again.
     void SetReportFolder(std::string_view folder);
 
+    // Texts come from here, as far as it has them; the catalog must live as long as the platform.
+    void UseCatalog(const MessageCatalog& catalog);
+
+    std::u16string Localize(std::string_view key) override;
     // Random, version 4.
     Guid CreateUniqueGuid() override;
     // XDG_DOCUMENTS_DIR, then user-dirs.dirs, then ~/Documents, then ~: the first that exists.
@@ -34,6 +39,7 @@ public:
 
 private:
     std::mutex lock_;
+    const MessageCatalog* catalog_ = nullptr;
     std::mt19937_64 random_;
     std::string reportFolder_;
     std::map<std::string, std::string, std::less<>> debugEntries_;

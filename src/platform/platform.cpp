@@ -6,10 +6,15 @@ namespace XPJ {
 
 namespace {
 
+DefaultPlatform& FirstPlatform()
+{
+    static DefaultPlatform platform;
+    return platform;
+}
+
 Platform*& CurrentPlatform()
 {
-    static DefaultPlatform defaultPlatform;
-    static Platform* current = &defaultPlatform;
+    static Platform* current = &FirstPlatform();
     return current;
 }
 
@@ -18,6 +23,11 @@ Platform*& CurrentPlatform()
 Platform& GetPlatform()
 {
     return *CurrentPlatform();
+}
+
+void UseInstalledCatalog()
+{
+    FirstPlatform().UseCatalog(InstalledCatalog());
 }
 
 PlatformScope::PlatformScope(Platform& platform) : previous_(CurrentPlatform())

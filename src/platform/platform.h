@@ -16,6 +16,10 @@ namespace XPJ {
 // The current platform; a `DefaultPlatform` unless replaced.
 Platform& GetPlatform();
 
+// From here on the texts of the default platform are in the user's language, as far as a catalog is
+// installed. Another platform has texts of its own.
+void UseInstalledCatalog();
+
 // Makes a platform current for the scope's life.
 class PlatformScope {
 public:

@@ -3,8 +3,7 @@
 #include "core/numbers.h"
 #include "tree/node_dump.h"
 
-#include <boost/regex.hpp>
-
+#include <algorithm>
 #include <iostream>
 
 namespace XPJ {
@@ -29,6 +28,29 @@ void ReportDuplicate(std::string_view type, std::string_view id, ObjectHandle be
     DumpNode(std::cout, added);
 }
 
+bool IsDigit(char character)
+{
+    return character >= '0' && character <= '9';
+}
+
+// With `number` in place of the digits that end each line. An id is a line of its own in all but
+// odd documents.
+//   "clip_0" and 12 give "clip_12"
+std::string WithTrailingNumber(std::string_view id, std::string_view number)
+{
+    constexpr std::string_view kLineEnds = "\n\r\f";
+    std::string result;
+    for (std::size_t begin = 0; begin < id.size();) {
+        const auto sameSort = [&](char next) { return IsDigit(next) == IsDigit(id[begin]); };
+        const auto end = static_cast<std::size_t>(
+            std::find_if_not(id.begin() + begin, id.end(), sameSort) - id.begin());
+        const bool endsLine = end == id.size() || kLineEnds.find(id[end]) != kLineEnds.npos;
+        result += endsLine && IsDigit(id[begin]) ? number : id.substr(begin, end - begin);
+        begin = end;
+    }
+    return result;
+}
+
 } // namespace
 
 void IdTable::Add(std::string_view type, std::string_view id, ObjectHandle node)
@@ -45,12 +67,11 @@ void IdTable::Add(std::string_view type, std::string_view id, ObjectHandle node)
 // Ids stay taken, so a search that continues from the last number finds what one from 1 would.
 std::string IdTable::FreeId(const Key& taken)
 {
-    static const boost::regex kTrailingNumber("[0-9]+$");
     int& number = lastNumbers_[taken];
     std::string id = std::string(taken.id) + "_0";
     do {
         ++number;
-        id = boost::regex_replace(id, kTrailingNumber, IntToString(number));
+        id = WithTrailingNumber(id, IntToString(number));
     } while (nodes_.contains({taken.type, id}));
     return id;
 }

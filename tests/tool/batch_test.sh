@@ -258,7 +258,7 @@ crash() {
     *__asan* | *__tsan*) ;; # their own memory is beyond every limit
     *)
         (
-            ulimit -v 120000
+            ulimit -v 60000
             expect_status 12 -r archive -o small --summary s.csv
             exit $failures
         ) || failures=$((failures + 1))

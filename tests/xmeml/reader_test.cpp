@@ -163,6 +163,18 @@ TEST(FCPXMLReader, DuplicateIdsAreRenamed)
         << output;
 }
 
+// The number ends each line of the id.
+TEST(FCPXMLReader, DuplicateIdsOfSeveralLinesAreRenamed)
+{
+    testing::internal::CaptureStdout();
+    const std::string clip = "<clip id=\"a5\nb6x\"><rate/></clip>";
+    const std::string outline = FCPXMLOutline(clip + clip + clip);
+    testing::internal::GetCapturedStdout();
+    EXPECT_EQ(outline, "clip id=\"a5\nb6x\"\n    rate\n"
+                       "clip id=\"a1\nb6x_1\"\n    rate\n"
+                       "clip id=\"a2\nb6x_2\"\n    rate\n");
+}
+
 TEST(FCPXMLReader, FirstFileAndSequenceWinSilently)
 {
     testing::internal::CaptureStdout();

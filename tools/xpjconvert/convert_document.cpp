@@ -30,8 +30,11 @@ constexpr std::string_view kStandardOutputName = "standard output";
 
 void PreparePlatform(const ToolOptions& options, DefaultPlatform& platform)
 {
+    // What a seed gives is the same in all languages, also where texts go into documents.
     if (options.seed)
         platform.SeedGuids(*options.seed);
+    else
+        platform.UseCatalog(InstalledCatalog());
     if (!options.strict)
         platform.SetDebugEntry("FCP.OpenInterchange", "true");
     for (const auto& [key, value] : options.debugEntries)

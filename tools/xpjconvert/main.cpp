@@ -1,4 +1,5 @@
 // xpjconvert INPUT [-o OUTPUT]: converts documents, in the direction that their content shows.
+#include "platform/platform.h"
 #include "xpjconvert/batch.h"
 #include "xpjconvert/convert_document.h"
 #include "xpjconvert/documents.h"
@@ -40,6 +41,8 @@ int Run(int argc, char** argv)
     ToolOptions options;
     if (const std::optional<int> status = ParseOptions(argc, argv, options))
         return *status;
+    if (!options.seed)
+        UseInstalledCatalog();
     if (options.mode != ToolMode::Convert)
         return RunInspection(options);
     // The readers' diagnostics for developers.

@@ -1,0 +1,11 @@
+# The newest entry of the change log states the version and the date of the release.
+file(STRINGS ${PROJECT_SOURCE_DIR}/CHANGELOG.md entries REGEX "^## ")
+list(GET entries 0 newest)
+if(NOT newest MATCHES "^## ([0-9.]+) \\(([0-9]+-[0-9]+-[0-9]+)\\)$")
+    message(FATAL_ERROR "CHANGELOG.md: '${newest}' is not '## VERSION (YEAR-MONTH-DAY)'")
+endif()
+set(VELA_RELEASE_DATE ${CMAKE_MATCH_2})
+if(NOT CMAKE_MATCH_1 VERSION_EQUAL PROJECT_VERSION)
+    message(FATAL_ERROR "CHANGELOG.md begins with ${CMAKE_MATCH_1}, the version is ${PROJECT_VERSION}")
+endif()
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
