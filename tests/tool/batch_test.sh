@@ -1,30 +1,11 @@
 #!/bin/bash
 # Converts many documents in one run as a user does:  batch_test.sh TOOL THEME
 # Each theme is a ctest of its own; a failed expectation names its line.
-set -uo pipefail
 tool=$1 theme=$2
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cd "$work" || exit 2
-unset VELA_DEBUG_DATABASE
-failures=0
+# shellcheck source=SCRIPTDIR/expectations.sh
+. "$(dirname "$0")/expectations.sh"
 
-fail() {
-    echo "batch_test.sh:${BASH_LINENO[1]}: $*"
-    sed 's/^/    out: /' printed 2>/dev/null | tail -5
-    sed 's/^/    err: /' errors 2>/dev/null | tail -5
-    failures=$((failures + 1))
-}
-# Runs the tool with the output in the files printed and errors; the first argument is the status due.
-expect_status() {
-    local wanted=$1 status
-    shift
-    "$tool" "$@" >printed 2>errors </dev/null
-    status=$?
-    [ "$status" -eq "$wanted" ] || fail "xpjconvert $*: status $status instead of $wanted"
-}
-expect_text() { grep -qF -- "$2" "$1" || fail "no '$2' in $1"; }
-expect_last() { [ "$(tail -1 printed)" = "$1" ] || fail "the last line is '$(tail -1 printed)', not '$1'"; }
+expect_last() { [ "$(tail -1 out)" = "$1" ] || fail "the last line is '$(tail -1 out)', not '$1'"; }
 # The files below a folder, separated by spaces.
 expect_files() {
     local found
@@ -61,19 +42,19 @@ archive() {
 
 folders() {
     archive
-    expect_status 12 -j 2 -r archive -o out
+    expect_status 12 -j 2 -r archive -o projects
     expect_last 'Converted 3 of 4 documents, 1 failed; 1 assumed.'
-    expect_files out 'day1/cut.vlproj day2/cut.report.txt day2/cut.vlproj day2/late/pickups.vlproj'
-    expect_text out/day2/cut.vlproj Two
-    expect_text errors 'archive/broken.xml:1:'
+    expect_files projects 'day1/cut.vlproj day2/cut.report.txt day2/cut.vlproj day2/late/pickups.vlproj'
+    expect_text projects/day2/cut.vlproj Two
+    expect_text err 'archive/broken.xml:1:'
     # Without -r, and with reports of their own elsewhere.
     expect_status 0 --quiet --report-format json,csv --report-dir reports archive/day1 archive/day2 -o flat
-    [ "$(wc -l <printed)" -eq 1 ] || fail 'more than the last line'
+    [ "$(wc -l <out)" -eq 1 ] || fail 'more than the last line'
     expect_files flat 'day1/cut.vlproj day2/cut.vlproj'
     expect_files reports 'day1/cut.vlproj.report.csv day1/cut.vlproj.report.json day2/cut.vlproj.report.csv day2/cut.vlproj.report.json'
     # And back: the folder above has documents of both kinds now.
     cp -r archive/day1 both
-    cp out/day2/late/pickups.vlproj both
+    cp projects/day2/late/pickups.vlproj both
     expect_status 0 -j both -o back
     expect_files back 'cut.vlproj pickups.xml'
     expect_status 0 -j both -o back --skip-existing --to vlproj
@@ -98,54 +79,54 @@ names() {
     expect_files same 'CUT.xml.vlproj cut.vlproj cut.xml.vlproj'
     # What a run has written is no input of the next.
     for _ in 1 2; do
-        (cd archive/day2 && expect_status 0 --skip-existing -r . -o out/ && exit $failures) ||
+        (cd archive/day2 && expect_status 0 --skip-existing -r . -o projects/ && exit $failures) ||
             failures=$((failures + 1))
-        expect_files archive/day2/out 'cut.report.txt cut.vlproj late/pickups.vlproj'
+        expect_files archive/day2/projects 'cut.report.txt cut.vlproj late/pickups.vlproj'
     done
     mkdir beside
     document Six >beside/a.xml
-    "$tool" -q beside/a.xml beside/a.vlproj >printed
+    "$tool" -q beside/a.xml beside/a.vlproj >out
     cp beside/a.vlproj before
     expect_status 12 --overwrite beside -o beside
-    expect_text errors 'beside/a.vlproj is another document of this batch'
+    expect_text err 'beside/a.vlproj is another document of this batch'
     cmp -s beside/a.vlproj before || fail 'an input was overwritten'
 }
 
 existing() {
     archive
     rm archive/broken.xml
-    expect_status 0 -r archive -o out
-    echo mine >out/day1/cut.vlproj
-    expect_status 12 -r archive -o out --summary s.csv
+    expect_status 0 -r archive -o projects
+    echo mine >projects/day1/cut.vlproj
+    expect_status 12 -r archive -o projects --summary s.csv
     expect_last 'Converted 0 of 3 documents, 3 failed.'
-    expect_text errors 'out/day1/cut.vlproj exists; --overwrite replaces it'
-    expect_text out/day1/cut.vlproj mine
+    expect_text err 'projects/day1/cut.vlproj exists; --overwrite replaces it'
+    expect_text projects/day1/cut.vlproj mine
     expect_rows s.csv 'all(row["status"] == "6" for row in rows.values())'
     # What is missing or older is done.
-    rm out/day2/cut.vlproj
+    rm projects/day2/cut.vlproj
     touch -d '1 hour' archive/day2/late/pickups.xml
-    expect_status 0 -r archive -o out --skip-existing --summary s.csv
+    expect_status 0 -r archive -o projects --skip-existing --summary s.csv
     expect_last 'Converted 2 of 3 documents, 1 skipped; 1 assumed.'
     expect_rows s.csv 'rows["archive/day1/cut.xml"]["result"] == "skipped"'
-    expect_text out/day1/cut.vlproj mine
-    expect_status 0 -r archive -o out --overwrite
-    expect_text out/day1/cut.vlproj One
-    expect_status 64 -r archive -o out --overwrite --skip-existing
+    expect_text projects/day1/cut.vlproj mine
+    expect_status 0 -r archive -o projects --overwrite
+    expect_text projects/day1/cut.vlproj One
+    expect_status 64 -r archive -o projects --overwrite --skip-existing
 }
 
 options() {
     archive
     local arguments
-    for arguments in '-j 5000 archive -o out' '--part 0/2 archive -o out' \
-        '--part 3/2 archive -o out' '--part 1 archive -o out' '--summary s.txt archive -o out' \
-        '--report-format doc archive -o out' '--report r.json archive -o out' '-j archive -o -'; do
+    for arguments in '-j 5000 archive -o projects' '--part 0/2 archive -o projects' \
+        '--part 3/2 archive -o projects' '--part 1 archive -o projects' '--summary s.txt archive -o projects' \
+        '--report-format doc archive -o projects' '--report r.json archive -o projects' '-j archive -o -'; do
         # shellcheck disable=SC2086
         expect_status 64 $arguments
-        [ -s errors ] || fail "nothing is said about '$arguments'"
+        [ -s err ] || fail "nothing is said about '$arguments'"
     done
     # -j is followed by its number, by an input, or by nothing.
-    for arguments in '-j 3 archive/day1 -o out' '-j3 archive/day1 -o out' '--jobs=3 archive/day1 -o out' \
-        '-j archive/day1 -o out' 'archive/day1 -o out -j'; do
+    for arguments in '-j 3 archive/day1 -o projects' '-j3 archive/day1 -o projects' '--jobs=3 archive/day1 -o projects' \
+        '-j archive/day1 -o projects' 'archive/day1 -o projects -j'; do
         # shellcheck disable=SC2086
         expect_status 0 --overwrite $arguments
         expect_last 'Converted 1 of 1 document; nothing was lost.'
@@ -154,15 +135,15 @@ options() {
     expect_rows s.csv 'rows["archive/day2/cut.XML"]["status"] == "11"'
     expect_status 12 --fail-on assumed -r archive -o failed
     expect_status 12 archive/day1 absent.xml @absent -o some
-    expect_text errors 'absent.xml'
-    expect_text errors 'absent: No such file or directory'
+    expect_text err 'absent.xml'
+    expect_text err 'absent: No such file or directory'
     expect_files some cut.vlproj
     mkdir empty
     expect_status 0 -j empty -o none
     expect_last 'Converted 0 of 0 documents.'
     expect_status 6 archive/day1 -o archive/notes.txt
-    expect_status 6 archive/day1 -o out --summary absent/s.csv
-    expect_text errors 'absent/s.csv: the summary could not be written'
+    expect_status 6 archive/day1 -o projects --summary absent/s.csv
+    expect_text err 'absent/s.csv: the summary could not be written'
 }
 
 # More at a time than the system has files for: the others wait.
@@ -171,7 +152,7 @@ scarce() {
     for i in {1..40}; do document "$i" >"many/$i.xml"; done
     (
         ulimit -n 20
-        expect_status 0 --quiet -j 30 many -o out
+        expect_status 0 --quiet -j 30 many -o projects
         exit $failures
     ) || failures=$((failures + 1))
     expect_last 'Converted 40 of 40 documents; nothing was lost.'
@@ -183,10 +164,10 @@ parts() {
     mkdir many
     for i in {1..40}; do document "$i" >"many/$i.xml"; done
     for i in 1 2 3; do
-        expect_status 0 --quiet -j2 --part "$i/3" many -o out --summary "$i.csv"
+        expect_status 0 --quiet -j2 --part "$i/3" many -o projects --summary "$i.csv"
         [ "$(wc -l <"$i.csv")" -gt 5 ] || fail "part $i is hardly one"
     done
-    local outputs=(out/*)
+    local outputs=(projects/*)
     [ ${#outputs[@]} -eq 40 ] || fail "${#outputs[@]} outputs of 40"
     [ "$(cat [123].csv | wc -l)" -eq 43 ] || fail 'some are in two parts'
     document More >many/0.xml
@@ -204,12 +185,12 @@ summary() {
     document Three 9 >'odd/=1+1 $(x) {y}.xml'
     document Four >odd/$'caf\351.xml'
     broken >odd/broken.xml
-    expect_status 12 -j2 odd -o out --summary s.csv
-    expect_status 12 -j2 odd -o out --summary s.json --overwrite
+    expect_status 12 -j2 odd -o projects --summary s.csv
+    expect_status 12 -j2 odd -o projects --summary s.json --overwrite
     local file
     for file in s.csv s.json; do
         expect_rows $file 'len(rows) == 5'
-        expect_rows $file 'rows["odd/a,\"b\".xml"]["output"] == "out/a,\"b\".vlproj"'
+        expect_rows $file 'rows["odd/a,\"b\".xml"]["output"] == "projects/a,\"b\".vlproj"'
         expect_rows $file 'rows["odd/two\nlines.xml"]["result"] == "converted"'
         expect_rows $file 'rows["odd/broken.xml"]["message"].startswith("odd/broken.xml:1:")'
         expect_rows $file 'rows["odd/=1+1 $(x) {y}.xml"]["report"].endswith(".txt")'
@@ -237,15 +218,15 @@ crash() {
     mkfifo pipe.xml
     local signal pid
     for signal in TERM KILL; do
-        rm -rf out
-        "$tool" -j 1 pipe.xml archive/day1/cut.xml -o out --summary $signal.csv >printed 2>errors &
+        rm -rf projects
+        "$tool" -j 1 pipe.xml archive/day1/cut.xml -o projects --summary $signal.csv >out 2>err &
         pid=$!
         kill -$signal "$(child_of $pid)"
         wait $pid
         [ $? -eq 12 ] || fail 'not the status of some failures'
-        expect_files out cut.vlproj
+        expect_files projects cut.vlproj
     done
-    expect_text errors 'pipe.xml: the conversion was ended by signal 9'
+    expect_text err 'pipe.xml: the conversion was ended by signal 9'
     expect_rows KILL.csv 'rows["pipe.xml"]["status"] == "137"'
     expect_rows TERM.csv 'rows["pipe.xml"]["result"] == "failed"'
 
@@ -271,7 +252,7 @@ crash() {
         expect_status 12 -j -r archive -o limited --summary s.csv
         exit $failures
     ) || failures=$((failures + 1))
-    expect_text errors 'File too large'
+    expect_text err 'File too large'
     [ -z "$(find . -name '*.part*')" ] || fail "$(find . -name '*.part*') is left"
 }
 
@@ -281,10 +262,10 @@ interrupt() {
     mkfifo pipe.xml
     local signal pid status child
     for signal in INT TERM; do
-        rm -rf out
-        "$tool" -j 1 archive/day1/cut.xml pipe.xml archive/day2/late -o out --summary s.json >printed 2>errors &
+        rm -rf projects
+        "$tool" -j 1 archive/day1/cut.xml pipe.xml archive/day2/late -o projects --summary s.json >out 2>err &
         pid=$!
-        until [ -e out/cut.vlproj ]; do sleep 0.05; done
+        until [ -e projects/cut.vlproj ]; do sleep 0.05; done
         child_of $pid >/dev/null
         sleep 0.3
         # As from a terminal or a scheduler: each process gets it.
@@ -294,14 +275,14 @@ interrupt() {
         wait $pid
         status=$?
         [ "$status" -eq $((128 + $(kill -l $signal))) ] || fail "status $status after SIG$signal"
-        expect_files out cut.vlproj
+        expect_files projects cut.vlproj
         expect_rows s.json 'totals == {"documents": 3, "converted": 1, "skipped": 0, "failed": 0, "aborted": 1}'
-        tail -1 printed | grep -qF 'Converted 1 of 3 documents, 1 aborted, 1 not begun' ||
-            fail "$(tail -1 printed)"
+        tail -1 out | grep -qF 'Converted 1 of 3 documents, 1 aborted, 1 not begun' ||
+            fail "$(tail -1 out)"
     done
     # Nothing goes on when the tool itself is killed.
-    rm -rf out
-    "$tool" -j 1 pipe.xml -o out >printed 2>errors &
+    rm -rf projects
+    "$tool" -j 1 pipe.xml -o projects >out 2>err &
     pid=$!
     child=$(child_of $pid)
     kill -KILL $pid
@@ -311,7 +292,7 @@ interrupt() {
         sleep 0.05
     done
     [ ! -d "/proc/$child" ] || { fail 'a conversion without its parent'; kill -KILL "$child"; }
-    expect_status 0 archive/day1/cut.xml archive/day2/late -o out --skip-existing
+    expect_status 0 archive/day1/cut.xml archive/day2/late -o projects --skip-existing
     expect_last 'Converted 2 of 2 documents; nothing was lost.'
 }
 

@@ -1,33 +1,9 @@
 #!/bin/bash
 # Media files that are elsewhere than documents state:  media_paths_test.sh TOOL
 # A failed expectation names its line.
-set -uo pipefail
 tool=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cd "$work" || exit 2
-work=$(pwd -P)
-export XDG_DOCUMENTS_DIR=$work
-unset VELA_DEBUG_DATABASE
-failures=0
-
-fail() {
-    echo "media_paths_test.sh:${BASH_LINENO[1]}: $*"
-    sed 's/^/    out: /' out 2>/dev/null | tail -5
-    sed 's/^/    err: /' err 2>/dev/null | tail -5
-    failures=$((failures + 1))
-}
-# Runs the tool with the output in the files out and err; the first argument is the status due.
-expect_status() {
-    local wanted=$1 status
-    shift
-    "$tool" "$@" >out 2>err </dev/null
-    status=$?
-    [ "$status" -eq "$wanted" ] || fail "xpjconvert $*: status $status instead of $wanted"
-}
-expect_text() { grep -qF -- "$2" "$1" || fail "no '$2' in $1"; }
-expect_no_text() { ! grep -qF -- "$2" "$1" || fail "'$2' in $1"; }
-expect_same() { cmp -s "$1" "$2" || fail "$1 and $2 differ"; }
+# shellcheck source=SCRIPTDIR/expectations.sh
+. "$(dirname "$0")/expectations.sh"
 
 # ---- Small files
 

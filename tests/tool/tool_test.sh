@@ -1,37 +1,9 @@
 #!/bin/bash
 # Runs the tool as a user does:  tool_test.sh TOOL SAMPLES THEME
 # Each theme is a ctest of its own; a failed expectation names its line.
-set -uo pipefail
 tool=$1 samples=$2 theme=$3
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cd "$work" || exit 2
-mkdir documents
-export XDG_DOCUMENTS_DIR=$work/documents
-unset VELA_DEBUG_DATABASE
-failures=0
-
-fail() {
-    echo "tool_test.sh:${BASH_LINENO[1]}: $*"
-    sed 's/^/    out: /' out 2>/dev/null | tail -5
-    sed 's/^/    err: /' err 2>/dev/null | tail -5
-    failures=$((failures + 1))
-}
-# Runs the tool with the output in the files out and err; the first argument is the status due.
-expect_status() {
-    local wanted=$1 status
-    shift
-    "$tool" "$@" >out 2>err </dev/null
-    status=$?
-    [ "$status" -eq "$wanted" ] || fail "xpjconvert $*: status $status instead of $wanted"
-}
-expect_text() { grep -qF -- "$2" "$1" || fail "no '$2' in $1"; }
-expect_no_text() { ! grep -qF -- "$2" "$1" || fail "'$2' in $1"; }
-expect_file() { [ -s "$1" ] || fail "no $1"; }
-expect_no_file() { [ ! -e "$1" ] || fail "there is a $1"; }
-expect_same() { cmp -s "$1" "$2" || fail "$1 and $2 differ"; }
-expect_different() { ! cmp -s "$1" "$2" || fail "$1 and $2 are the same"; }
-expect_lines() { [ "$(wc -l <"$1")" -eq "$2" ] || fail "not $2 lines in $1"; }
+# shellcheck source=SCRIPTDIR/expectations.sh
+. "$(dirname "$0")/expectations.sh"
 
 minimal() {
     printf '<?xml version="1.0"?>\n<!DOCTYPE xmeml>\n<xmeml version="5">\n<project>%s</project>\n</xmeml>\n' \
@@ -97,6 +69,8 @@ by_content() {
 # Standard streams, folders, and a run that writes nothing.
 streams() {
     one_clip 100 >one.xml
+    mkdir temporary
+    export TMPDIR=$work/temporary
     expect_status 0 --quiet --seed 1 one.xml file.vlproj
     "$tool" --seed 1 - -o - <one.xml >piped.vlproj 2>err || fail "status $?"
     expect_same file.vlproj piped.vlproj
@@ -121,7 +95,7 @@ streams() {
     expect_no_text dry.json unexplained
     expect_file dry.json
     expect_no_file dry.vlproj
-    ls -A "${TMPDIR:-/tmp}" | grep -q '^xpjconvert-' && fail 'a temporary file is left'
+    [ -z "$(ls -A temporary)" ] || fail 'a temporary file is left'
 }
 
 samples() {
