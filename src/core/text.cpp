@@ -184,7 +184,8 @@ bool IsPlainText(std::string_view text) noexcept
     for (; text.size() >= sizeof(EightBytes); text.remove_prefix(sizeof(EightBytes)))
         unplain |= UnplainBytes(LoadBytes(text.data()));
     EightBytes rest = RepeatByte(' ');
-    std::memcpy(&rest, text.data(), text.size());
+    if (!text.empty()) // it may be null then
+        std::memcpy(&rest, text.data(), text.size());
     return (unplain | UnplainBytes(rest)) == 0;
 }
 
