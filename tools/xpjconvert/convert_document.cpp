@@ -168,7 +168,7 @@ private:
         if (options_.seed)
             request_.listsReport = false; // its name and folder don't follow from the input
         if (request_.handOff.value_or(false))
-            Tell("Processing for Sonara consumption...\n");
+            PrintForPeople("Processing for Sonara consumption...\n");
         Reports reports(options_, request_);
         request_.reserveReport = [&reports] { return reports.Reserve(); };
         ConversionOutcome& outcome = converted_.outcome;
@@ -176,7 +176,7 @@ private:
         Verify();
         const std::string problems = reports.Write(outcome);
         PrintOutput();
-        TellOutcome();
+        PrintOutcome();
         PrintError(problems);
         converted_.status = outcome.result == kSuccess && HasFailure(options_, outcome)
                                 ? kLossesFound
@@ -192,7 +192,7 @@ private:
         PrintOutput();
         if (converted_.outcome.result == kSuccess) {
             PrintError(CutOffLine(request_, converted_.outcome));
-            Tell(TimelinesLine(request_, written, options_.dryRun));
+            PrintForPeople(TimelinesLine(request_, written, options_.dryRun));
         } else {
             PrintError(FailureLine(request_, converted_.outcome));
         }
@@ -233,23 +233,23 @@ private:
         outcome.lossReason = spooledOutput_.Reason();
     }
 
-    void TellOutcome()
+    void PrintOutcome()
     {
         constexpr std::size_t kGroups = 7; // as many as fit on a screen
         const ConversionOutcome& outcome = converted_.outcome;
         if (!options_.quiet)
-            Tell(GroupText(GroupRemarks(outcome.account.remarks), kGroups));
+            PrintForPeople(GroupText(GroupRemarks(outcome.account.remarks), kGroups));
         if (outcome.result == kSuccess) {
             PrintError(CutOffLine(request_, outcome));
-            Tell(SuccessLine(request_, outcome,
-                             {.isVerified = options_.verify, .isDryRun = options_.dryRun}));
+            PrintForPeople(SuccessLine(
+                request_, outcome, {.isVerified = options_.verify, .isDryRun = options_.dryRun}));
         } else {
             PrintError(FailureLine(request_, outcome));
         }
     }
 
-    // For people: beside what goes to the standard output.
-    void Tell(const std::string& text) const
+    // Beside what goes to the standard output.
+    void PrintForPeople(const std::string& text) const
     {
         const bool hasResult = options_.output == kStandardStream ||
                                std::ranges::count(options_.reports, kStandardStream) > 0;
