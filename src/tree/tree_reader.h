@@ -15,16 +15,17 @@
 
 namespace XPJ {
 
-// Text of one element out of several runs, appended in time linear in its length.
+// Text of one element out of several runs, appended in time linear in its length. It lives as long
+// as the document.
 class TextRuns {
 public:
-    // `run` must live as long as the document.
+    // Copies the run.
     void Append(std::string_view run, Document& document);
-    std::string_view View() const { return text_; }
+    std::string_view View() const { return {text_, size_}; }
 
 private:
-    std::string_view text_;
-    char* copy_ = nullptr; // what text_ views once it is more than one run
+    char* text_ = nullptr;
+    std::size_t size_ = 0;
     std::size_t capacity_ = 0;
 };
 
@@ -88,7 +89,6 @@ private:
     void KeepText(std::string_view text);
     void Open(const Rule& rule, std::string_view attributes);
     void Close();
-    std::string_view EscapedCData();
     void FillStop(ReadStop& stop) const;
 
     const ReadingTable& table_;

@@ -84,7 +84,7 @@ private:
 
     void Refer(ObjectHandle node, Name property, Name tag, std::string_view id)
     {
-        node.SetPropertyShared(property, id);
+        node.SetProperty(property, id);
         Ids().AddReference(tag.View(), id, node, tag);
     }
 
@@ -141,14 +141,14 @@ int ReadFCPXML(const std::string& path, Progress& progress, Document& document, 
         return stage ? stage->Step(static_cast<unsigned>((bytes + kRest) / kProgressBlock))
                      : !progress.IsCancelled();
     };
-    std::string_view bytes;
-    if (!file.IsOpen() || !ReadInput(file, document, bytes, step)) {
+    InputText input;
+    if (!file.IsOpen() || !input.Read(file, step)) {
         if (progress.IsCancelled())
             return kReadCancelled;
         found.stop.reason = ErrorText(file.Error());
         return kReadNoInput;
     }
-    const std::string_view text = DecodeInput(bytes, document, found.encoding);
+    const std::string_view text = input.Decode(found.encoding);
     found.kind = SniffText(text);
     if (!stage && !text.empty())
         stage.emplace(progress, 1, stepsOf(text.size()));
