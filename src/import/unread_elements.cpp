@@ -221,7 +221,8 @@ FrameSpan SpanOf(ConstHandle sequence, ConstHandle item)
             .end = frameOf("end"),
             .first = timecode.first,
             .base = timecode.base,
-            .drop = timecode.drop};
+            .drop = timecode.drop,
+            .sequence = timecode.node};
 }
 
 Remark PlaceOf(Path path)

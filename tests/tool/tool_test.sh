@@ -338,6 +338,17 @@ losses() {
     tail -1 out >closing
     expect_text closing 'nothing was lost (verified)'
     [ "$(grep -c '<name>lost: A</name>' back.xml)" = 2 ] || fail 'markers of an export'
+
+    # Of two sequences of one name each has its own markers.
+    {
+        printf '<xmeml version="4"><project><name>P</name><children>'
+        two_clips "$filter" | sed 's|</*xmeml[^>]*>||g'
+        two_clips '' | sed 's|</*xmeml[^>]*>||g; s|id="|id="second-|g'
+        printf '</children></project></xmeml>\n'
+    } >two.xml
+    expect_status 0 --quiet --mark-losses two.xml
+    expect_status 0 --inspect two.vlproj
+    [ "$(grep -c 'marker 00:00:04:00 "lost: A"' out)" = 1 ] || fail 'markers of two sequences'
 }
 
 # Runs at once into one folder: each has a report of its own, and names it in its project.
