@@ -117,9 +117,11 @@ bool TreeReader::StartElement()
     const Element& current = open_.back();
     const TagNumber number = table_.FindTag(tokens_.Name());
     const Action action = current.rule->actions[number];
+    const StartTag tag{tokens_.Name(), tokens_.Attributes(), tokens_.IsSelfClosed(), action};
+    if (!tag.attributes.empty())
+        TakeAttributes(current, tag);
     if (action.kind == Action::Leaf)
         return ReadLeaf(number);
-    const StartTag tag{tokens_.Name(), tokens_.Attributes(), tokens_.IsSelfClosed(), action};
     if (TakeStart(current, tag))
         return true;
     if (action.kind != Action::Child) {
@@ -238,6 +240,8 @@ void TreeReader::Close()
         parent.AddChild(rule.tag, element.node);
     TakeComplete(element, parent);
 }
+
+void TreeReader::TakeAttributes(const Element&, const StartTag&) {}
 
 void TreeReader::TakeEnd(const Element&, std::string_view) {}
 

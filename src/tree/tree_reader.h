@@ -61,6 +61,8 @@ protected:
         Action action; // of the current rule
     };
 
+    // Sees each start tag that has attributes, before anything else does.
+    virtual void TakeAttributes(const Element& current, const StartTag& tag);
     // Sees each start tag that is no item first; true when nothing is left to do.
     virtual bool TakeStart(const Element& current, const StartTag& tag) = 0;
     // Sees each end tag before it closes the current element, or doesn't.
@@ -76,6 +78,9 @@ protected:
         return findAttribute_(attributes, name, value);
     }
 
+    // Of the current element: "xmeml/project/children".
+    std::string OpenPath() const;
+
     const ReadingTable& Table() const { return table_; }
     IdTable& Ids() { return ids_; }
 
@@ -85,7 +90,6 @@ private:
     bool ReadLeaf(TagNumber tag);
     bool EndElement();
     void Ignore(std::string_view tag, bool isSelfClosed);
-    std::string OpenPath() const;
     void KeepText(std::string_view text);
     void Open(const Rule& rule, std::string_view attributes);
     void Close();

@@ -6,8 +6,11 @@
 #include "tree/input.h"
 #include "tree/reading.h"
 #include "tree/tree_reader.h"
+#include "xmeml/attributes.h"
 #include "xmeml/elements.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -19,6 +22,7 @@ constexpr std::size_t kProgressBlock = 1024;
 
 // What references of an element kind lead to, and where such elements may be referred to.
 struct Referable {
+    const XmemlElement* element = nullptr;
     const Definition* definition = nullptr; // null for an element without id
     std::vector<const XmemlField*> fields;
 };
@@ -30,6 +34,7 @@ std::vector<Referable> ReferablesOf(const ReadingTable& table)
     for (const Rule& rule : table.Rules()) {
         const XmemlElement& element = *FindXmemlElement(rule.name);
         Referable& referable = referables[rule.index];
+        referable.element = &element;
         referable.definition = element.definition;
         for (const XmemlField& field : element.fields)
             if (field.use.isRead && !field.reference.IsEmpty())
@@ -48,7 +53,19 @@ public:
     {
     }
 
+    std::vector<IgnoredElements> IgnoredAttributes() const { return attributes_.List(); }
+
 private:
+    void TakeAttributes(const Element& /*current*/, const StartTag& tag) override
+    {
+        if (tag.action.kind == Action::Ignore)
+            return;
+        const bool isNode = tag.action.kind == Action::Child;
+        attributes_.Take(tag.name, tag.attributes,
+                         isNode ? referables_[tag.action.rule].element : nullptr,
+                         [this] { return OpenPath(); });
+    }
+
     bool TakeStart(const Element& current, const StartTag& tag) override
     {
         if (tag.selfClosed)
@@ -118,6 +135,7 @@ private:
 
     Document& document_;
     std::vector<Referable> referables_ = ReferablesOf(Table());
+    UnknownAttributes attributes_;
 };
 
 } // namespace
@@ -155,6 +173,7 @@ int ReadFCPXML(const std::string& path, Progress& progress, Document& document, 
     FCPXMLReader reader(text, document, stage ? &*stage : nullptr, manner);
     const int result = reader.Read(root, &found.stop);
     found.ignored = reader.Ignored();
+    std::ranges::move(reader.IgnoredAttributes(), std::back_inserter(found.ignored));
     return result;
 }
 
