@@ -8,8 +8,6 @@
 
 namespace XPJ {
 
-class Document;
-
 // Most names that differ do so by their length or their first letter, most that are equal are one
 // literal. `a` and `b` may be empty; neither is looked at beyond its length.
 constexpr bool IsSameName(std::string_view a, std::string_view b)
@@ -21,7 +19,7 @@ constexpr bool IsSameName(std::string_view a, std::string_view b)
     return a.empty() || (a.front() == b.front() && a == b);
 }
 
-// An element or property name: a string literal, or text that a document has interned.
+// An element or property name: a string literal, or text of a table, to the process's end.
 class Name {
 public:
     constexpr Name() = default;
@@ -58,7 +56,6 @@ public:
     }
 
 private:
-    friend class Document;
     constexpr Name(const char* text, std::uint32_t size) : text_(text), size_(size) {}
 
     const char* text_ = "";

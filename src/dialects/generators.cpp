@@ -95,7 +95,7 @@ ObjectHandle MakeGenerator(Document& document, ObjectHandle item, std::string_vi
 {
     const ObjectHandle generator = document.NewObject("generatoritem");
     for (const Property* property = item.FirstProperty(); property; property = property->next)
-        generator.SetPropertyShared(document.Intern(property->NameView()), property->Value());
+        generator.SetPropertyShared(property->name.AsName(), property->Value());
     SetDuration(generator);
     for (const ObjectHandle& child : item.GetChildren())
         if (child.GetName() != "file" && child.GetName() != "sourcetrack")

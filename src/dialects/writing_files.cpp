@@ -71,7 +71,7 @@ private:
         const ObjectHandle copy = document_.NewObject("file");
         for (const Property* property = original.FirstProperty(); property;
              property = property->next)
-            copy.SetPropertyShared(document_.Intern(property->NameView()), property->Value());
+            copy.SetPropertyShared(property->name.AsName(), property->Value());
         for (const ObjectHandle& child : original.GetChildren())
             if (child.GetName() != "filter")
                 copy.AddChild(child);

@@ -25,8 +25,8 @@ constexpr std::string_view kTransformClasses[] = {
 
 std::string_view UserName(ConstHandle component)
 {
-    return component.GetProperty(HasValue(component, "InstanceName") ? "InstanceName"
-                                                                     : "DisplayName");
+    return component.GetProperty(HasValue(component, "InstanceName") ? Name("InstanceName")
+                                                                     : Name("DisplayName"));
 }
 
 void KeepParams(const EffectContext& context, const XmemlEffect& head, ConstHandle component,

@@ -232,7 +232,7 @@ private:
             int stated = 0; // as links count
             int kept = 0;
             for (const ConstHandle& trackNode :
-                 media.GetChild(type == MediaType::Video ? "video" : "audio")
+                 media.GetChild(type == MediaType::Video ? Name("video") : Name("audio"))
                      .GetChildren("track")) {
                 ++stated;
                 // Further channels of the track before it.

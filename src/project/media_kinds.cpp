@@ -24,7 +24,8 @@ constexpr KindRow kKinds[] = {
 
 std::string_view MediaPath(Media media)
 {
-    return media.GetProperty(media.HasProperty("FilePath") ? "FilePath" : "ActualMediaFilePath");
+    return media.GetProperty(media.HasProperty("FilePath") ? Name("FilePath")
+                                                           : Name("ActualMediaFilePath"));
 }
 
 MediaKind MediaKindOf(Media media)

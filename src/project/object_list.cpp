@@ -35,17 +35,16 @@ void ObjectList::AddLinks(std::span<const BodyRow> rows, ClassLinks& links)
     }
 }
 
-const ObjectList::ClassLinks* ObjectList::LinksOf(ConstHandle node)
+std::uint16_t ObjectList::LinksOf(ConstHandle node)
 {
     const ProjectClass* const projectClass = FindProjectClass(node.GetName().View());
     if (!projectClass)
-        return nullptr;
-    ClassLinks& links = links_[projectClass];
-    if (!links.projectClass) {
-        links.projectClass = projectClass;
-        AddLinks(projectClass->body, links);
-    }
-    return &links;
+        return kNoClass;
+    const auto [entry, isNew] =
+        classes_.try_emplace(projectClass, static_cast<std::uint16_t>(links_.size()));
+    if (isNew)
+        AddLinks(projectClass->body, links_.emplace_back(ClassLinks{projectClass, {}, {}}));
+    return entry->second;
 }
 
 std::optional<ObjectList::Visit> ObjectList::Enter(ObjectHandle node)
@@ -60,11 +59,12 @@ std::optional<ObjectList::Visit> ObjectList::Enter(ObjectHandle node)
 
 void ObjectList::Leave(ObjectHandle node)
 {
-    const ClassLinks* const links = records_[node].links;
-    if (!links)
+    const std::uint16_t index = records_[node].links;
+    if (index == kNoClass)
         return;
-    Number(*links, node);
-    if (links->projectClass->identity == Identity::GuidText)
+    const ClassLinks& links = links_[index];
+    Number(links, node);
+    if (links.projectClass->identity == Identity::GuidText)
         withGuid_.push_back(node);
 }
 
@@ -74,8 +74,8 @@ void ObjectList::Number(const ClassLinks& links, ObjectHandle node)
     for (const BodyRow* const row : links.numbered)
         ForEachNumbered(*row, node, [this](ObjectHandle child) {
             NodeRecord& record = records_[child];
-            if (record.number != 0 || !record.links ||
-                record.links->projectClass->identity != Identity::Number)
+            if (record.number != 0 || record.links == kNoClass ||
+                links_[record.links].projectClass->identity != Identity::Number)
                 return;
             numbered_.push_back(child);
             record.number = static_cast<std::uint32_t>(numbered_.size());
@@ -110,10 +110,10 @@ void ObjectList::Collect(ObjectHandle document)
 
     GenerateGuids(ofDocument, document);
     for (const ObjectHandle node : numbered_)
-        GenerateGuids(*records_[node].links, node);
+        GenerateGuids(links_[records_[node].links], node);
     for (const ObjectHandle node : withGuid_) {
         GenerateGuid(node);
-        GenerateGuids(*records_[node].links, node);
+        GenerateGuids(links_[records_[node].links], node);
     }
 }
 
@@ -158,7 +158,7 @@ std::string_view ObjectList::ColorGuidOf(ConstHandle marker) const
 
 const ProjectClass& ObjectList::ClassOf(ConstHandle node) const
 {
-    return *records_.Find(node)->links->projectClass;
+    return *links_[records_.Find(node)->links].projectClass;
 }
 
 } // namespace XPJ

@@ -46,15 +46,17 @@ public:
     const ProjectClass& ClassOf(ConstHandle node) const;
 
 private:
+    static constexpr std::uint16_t kNoClass = 0xFFFF;
     // What is followed in the objects of a class: rows of its body and of the blocks it includes.
     struct ClassLinks {
         const ProjectClass* projectClass = nullptr;
         std::vector<const BodyRow*> numbered; // mention objects by number
         std::vector<const BodyRow*> guids;    // mention GUIDs
     };
+    // One for each node, so a small one.
     struct NodeRecord {
-        const ClassLinks* links = nullptr; // null for a node of no class
-        std::uint32_t number = 0;          // 0: not mentioned by number
+        std::uint32_t number = 0;       // 0: not mentioned by number
+        std::uint16_t links = kNoClass; // an index of `links_`
         bool visited = false;
     };
     struct Visit {
@@ -63,7 +65,7 @@ private:
     };
 
     static void AddLinks(std::span<const BodyRow> rows, ClassLinks& links);
-    const ClassLinks* LinksOf(ConstHandle node);
+    std::uint16_t LinksOf(ConstHandle node);
     std::optional<Visit> Enter(ObjectHandle node);
     void Leave(ObjectHandle node);
     void Number(const ClassLinks& links, ObjectHandle node);
@@ -71,7 +73,8 @@ private:
     void GenerateGuid(ObjectHandle node);
 
     NodeTable<NodeRecord> records_;
-    std::unordered_map<const ProjectClass*, ClassLinks> links_;
+    std::vector<ClassLinks> links_;
+    std::unordered_map<const ProjectClass*, std::uint16_t> classes_; // indices of `links_`
     std::vector<ObjectHandle> numbered_; // the object numbered N is at N - 1
     std::vector<ObjectHandle> withGuid_;
     std::unordered_map<std::uint64_t, std::string> guids_;      // by node, of those without `uid`

@@ -23,39 +23,38 @@ std::uint32_t Size32(std::string_view text)
     return static_cast<std::uint32_t>(text.size());
 }
 
-constexpr std::uint32_t kNameSizeBits = ~std::uint32_t{0} >> 1;
-constexpr std::uint64_t kUniqueIdBits = ~std::uint64_t{0} >> 1;
+constexpr std::uint64_t kUniqueIdBits = (std::uint64_t{1} << 47) - 1;
+// A feature film has millions of nodes.
+static_assert(sizeof(void*) != 8 || (sizeof(Object) == 40 && sizeof(Property) == 24));
 
 } // namespace
 
-Property** ObjectHandle::FindLink(std::string_view key) const
+Property** ObjectHandle::FindLink(NameId key) const
 {
     Property** link = &object_->firstProperty;
-    while (*link && !IsSameName((*link)->NameView(), key))
+    while (*link && (*link)->name != key)
         link = &(*link)->next;
     return link;
 }
 
-Property* ObjectHandle::NewProperty(Name key, std::string_view value) const
+Property* ObjectHandle::NewProperty(NameId key, std::string_view value) const
 {
-    if (key.Size() > kNameSizeBits)
-        throw std::length_error("a name of more than 2 GiB");
     return new (object_->document->nodes_.Allocate(sizeof(Property), alignof(Property)))
         Property{.next = nullptr,
-                 .name = key.Text(),
                  .value = value.data(),
-                 .nameSize = key.Size() & kNameSizeBits,
-                 .isRead = 0,
-                 .valueSize = Size32(value)};
+                 .valueSize = Size32(value),
+                 .name = key,
+                 .isRead = false};
 }
 
 void ObjectHandle::SetPropertyShared(Name key, std::string_view value) const
 {
     if (!object_)
         return;
-    Property** const link = FindLink(key.View());
+    const NameId id(key);
+    Property** const link = FindLink(id);
     if (!*link) {
-        *link = NewProperty(key, value);
+        *link = NewProperty(id, value);
         return;
     }
     (*link)->value = value.data();
@@ -66,8 +65,9 @@ void ObjectHandle::AddPropertyShared(Name key, std::string_view value) const
 {
     if (!object_)
         return;
-    if (Property** const link = FindLink(key.View()); !*link)
-        *link = NewProperty(key, value);
+    const NameId id(key);
+    if (Property** const link = FindLink(id); !*link)
+        *link = NewProperty(id, value);
 }
 
 void ObjectHandle::SetProperty(Name key, std::string_view value) const
@@ -80,22 +80,24 @@ void ObjectHandle::AddProperty(Name key, std::string_view value) const
 {
     if (!object_)
         return;
-    if (Property** const link = FindLink(key.View()); !*link)
-        *link = NewProperty(key, object_->document->Store(value));
+    const NameId id(key);
+    if (Property** const link = FindLink(id); !*link)
+        *link = NewProperty(id, object_->document->Store(value));
 }
 
 void ObjectHandle::RemoveProperty(Name key) const
 {
     if (!object_)
         return;
-    if (Property** const link = FindLink(key.View()); *link)
+    if (Property** const link = FindLink(NameId(key)); *link)
         *link = (*link)->next;
 }
 
-Object* ConstHandle::FindChild(std::string_view name) const
+Object* ConstHandle::FindChild(Name name) const
 {
+    const NameId id(name);
     for (const ChildEntry* entry = FirstEntry(); entry; entry = entry->next)
-        if (IsSameName(entry->NameView(), name)) {
+        if (entry->name == id) {
             MarkRead(entry->object);
             return entry->object;
         }
@@ -106,10 +108,10 @@ void ObjectHandle::AddChild(Name name, ObjectHandle child) const
 {
     if (!object_ || !child)
         return;
-    const Name entryName = name.IsEmpty() ? child.object_->name : name;
+    const NameId entryName = name.IsEmpty() ? child.object_->name : NameId(name);
     ChildEntry* const entry =
         new (object_->document->nodes_.Allocate(sizeof(ChildEntry), alignof(ChildEntry)))
-            ChildEntry{nullptr, child.object_, entryName.Text(), entryName.Size()};
+            ChildEntry{nullptr, child.object_, entryName};
     if (object_->lastChild)
         object_->lastChild->next = entry;
     else
@@ -146,12 +148,12 @@ ObjectHandle Document::NewObject(Name name)
     const std::uint64_t id = nextUniqueId.fetch_add(1, std::memory_order_relaxed);
     return ObjectHandle(new (nodes_.Allocate(sizeof(Object), alignof(Object)))
                             Object{.document = this,
-                                   .uniqueId = id & kUniqueIdBits,
-                                   .isRead = 0,
-                                   .name = name,
                                    .firstProperty = nullptr,
                                    .firstChild = nullptr,
-                                   .lastChild = nullptr});
+                                   .lastChild = nullptr,
+                                   .uniqueId = id & kUniqueIdBits,
+                                   .isRead = 0,
+                                   .name = NameId(name)});
 }
 
 std::string_view Document::Store(std::string_view text)
@@ -161,12 +163,6 @@ std::string_view Document::Store(std::string_view text)
     char* const copy = AllocateText(text.size());
     std::memcpy(copy, text.data(), text.size());
     return {copy, text.size()};
-}
-
-Name Document::Intern(std::string_view text)
-{
-    const std::string_view stored = Store(text);
-    return Name(stored.data(), Size32(stored));
 }
 
 std::string_view Document::Adopt(std::string&& bytes)

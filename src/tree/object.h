@@ -13,12 +13,14 @@
 #pragma once
 
 #include "core/name.h"
+#include "core/name_id.h"
 #include "tree/arena.h"
 
 #include <cstdint>
 #include <cstring>
 #include <forward_list>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,13 +33,12 @@ class ObjectHandle;
 
 struct Property {
     Property* next;
-    const char* name;
     const char* value;
-    std::uint32_t nameSize : 31;
-    mutable std::uint32_t isRead : 1; // see Document::MarkReads
     std::uint32_t valueSize;
+    NameId name;
+    mutable bool isRead; // see Document::MarkReads
 
-    std::string_view NameView() const { return {name, nameSize}; }
+    std::string_view NameView() const { return name.View(); }
     std::string_view Value() const { return {value, valueSize}; }
 };
 
@@ -46,20 +47,17 @@ struct Object;
 struct ChildEntry {
     ChildEntry* next;
     Object* object;
-    const char* name;
-    std::uint32_t nameSize;
-
-    std::string_view NameView() const { return {name, nameSize}; }
+    NameId name;
 };
 
 struct Object {
     Document* document;
-    std::uint64_t uniqueId : 63;
-    mutable std::uint64_t isRead : 1; // see Document::MarkReads
-    Name name;
     Property* firstProperty;
     ChildEntry* firstChild;
     ChildEntry* lastChild;
+    std::uint64_t uniqueId : 47;
+    mutable std::uint64_t isRead : 1; // see Document::MarkReads
+    NameId name;
 };
 
 // Records that someone has looked the node up by its name, or the property, if the document is to
@@ -74,7 +72,10 @@ class BasicChildRange {
 public:
     class Iterator {
     public:
-        Iterator(ChildEntry* entry, const Name* filter) : entry_(entry), filter_(filter) { Skip(); }
+        Iterator(ChildEntry* entry, std::optional<NameId> filter) : entry_(entry), filter_(filter)
+        {
+            Skip();
+        }
         Handle operator*() const
         {
             if (filter_)
@@ -82,7 +83,7 @@ public:
             return Handle(entry_->object);
         }
         // The name under which the child is entered.
-        std::string_view EntryName() const { return entry_->NameView(); }
+        std::string_view EntryName() const { return entry_->name.View(); }
         Iterator& operator++()
         {
             entry_ = entry_->next;
@@ -94,22 +95,21 @@ public:
     private:
         void Skip()
         {
-            while (filter_ && entry_ && !IsSameName(entry_->NameView(), filter_->View()))
+            while (filter_ && entry_ && entry_->name != *filter_)
                 entry_ = entry_->next;
         }
         ChildEntry* entry_;
-        const Name* filter_;
+        std::optional<NameId> filter_;
     };
 
     explicit BasicChildRange(ChildEntry* first) : first_(first) {}
-    BasicChildRange(ChildEntry* first, Name name) : first_(first), name_(name), filtered_(true) {}
-    Iterator begin() const { return {first_, filtered_ ? &name_ : nullptr}; }
-    Iterator end() const { return {nullptr, nullptr}; }
+    BasicChildRange(ChildEntry* first, Name name) : first_(first), filter_(NameId(name)) {}
+    Iterator begin() const { return {first_, filter_}; }
+    Iterator end() const { return {nullptr, std::nullopt}; }
 
 private:
     ChildEntry* first_;
-    Name name_;
-    bool filtered_ = false;
+    std::optional<NameId> filter_;
 };
 
 using ChildRange = BasicChildRange<ObjectHandle>;
@@ -126,54 +126,43 @@ public:
     friend bool operator==(const ConstHandle& a, const ConstHandle& b) = default;
 
     // The element's name, or the class name of a node that a translator made.
-    Name GetName() const { return object_ ? object_->name : Name(); }
+    Name GetName() const { return object_ ? object_->name.AsName() : Name(); }
     // Whether someone has looked the node up; see Document::MarkReads.
     bool IsRead() const { return object_ && object_->isRead; }
     // Identity over the process's life; 0 for a null handle.
     std::uint64_t UniqueId() const { return object_ ? object_->uniqueId : 0; }
 
     // The value, the empty text if the key is absent. The text lives as long as the document.
-    std::string_view GetProperty(Name key) const { return GetProperty(key.View()); }
-    std::string_view GetProperty(std::string_view key) const
+    std::string_view GetProperty(Name key) const
     {
         const Property* const property = FindProperty(key);
         return property ? property->Value() : std::string_view();
     }
-    template <std::size_t N>
-    std::string_view GetProperty(const char (&literal)[N]) const
-    {
-        return GetProperty(std::string_view(literal, N - 1));
-    }
-    bool HasProperty(Name key) const { return FindProperty(key.View()) != nullptr; }
+    bool HasProperty(Name key) const { return FindProperty(key) != nullptr; }
     // For walks over all properties, in order of insertion.
     const Property* FirstProperty() const { return object_ ? object_->firstProperty : nullptr; }
 
     // The first child of that name, null if there is none.
-    ConstHandle GetChild(Name name) const { return GetChild(name.View()); }
-    ConstHandle GetChild(std::string_view name) const { return ConstHandle(FindChild(name)); }
-    template <std::size_t N>
-    ConstHandle GetChild(const char (&literal)[N]) const
-    {
-        return GetChild(std::string_view(literal, N - 1));
-    }
-    bool HasChild(Name name) const { return FindChild(name.View()) != nullptr; }
+    ConstHandle GetChild(Name name) const { return ConstHandle(FindChild(name)); }
+    bool HasChild(Name name) const { return FindChild(name) != nullptr; }
     bool HasChildren() const { return object_ && object_->firstChild; }
     ConstChildRange GetChildren() const { return ConstChildRange(FirstEntry()); }
     ConstChildRange GetChildren(Name name) const { return {FirstEntry(), name}; }
 
 protected:
-    Property* FindProperty(std::string_view key) const
+    Property* FindProperty(Name key) const
     {
         if (!object_)
             return nullptr;
+        const NameId id(key);
         for (Property* property = object_->firstProperty; property; property = property->next)
-            if (IsSameName(property->NameView(), key)) {
+            if (property->name == id) {
                 MarkRead(object_, property);
                 return property;
             }
         return nullptr;
     }
-    Object* FindChild(std::string_view name) const;
+    Object* FindChild(Name name) const;
     ChildEntry* FirstEntry() const { return object_ ? object_->firstChild : nullptr; }
 
     Object* object_ = nullptr;
@@ -194,13 +183,7 @@ public:
     void AddPropertyShared(Name key, std::string_view value) const;
     void RemoveProperty(Name key) const;
 
-    ObjectHandle GetChild(Name name) const { return GetChild(name.View()); }
-    ObjectHandle GetChild(std::string_view name) const { return ObjectHandle(FindChild(name)); }
-    template <std::size_t N>
-    ObjectHandle GetChild(const char (&literal)[N]) const
-    {
-        return GetChild(std::string_view(literal, N - 1));
-    }
+    ObjectHandle GetChild(Name name) const { return ObjectHandle(FindChild(name)); }
     // Appends. An empty name means the child's own; a null child is not added.
     void AddChild(Name name, ObjectHandle child) const;
     void AddChild(ObjectHandle child) const { AddChild(Name(), child); }
@@ -212,8 +195,8 @@ public:
 
 private:
     // The link to the property of that name, or the null link at the end of the list.
-    Property** FindLink(std::string_view key) const;
-    Property* NewProperty(Name key, std::string_view value) const;
+    Property** FindLink(NameId key) const;
+    Property* NewProperty(NameId key, std::string_view value) const;
 };
 
 // Owns nodes, names and values. Not for use by two threads at once.
@@ -228,8 +211,6 @@ public:
     std::size_t NodeCount() const { return nodeCount_; }
     // A copy of `text` that lives as long as the document.
     std::string_view Store(std::string_view text);
-    // A name for text that is no literal.
-    Name Intern(std::string_view text);
     // Memory for a text that lives as long as the document.
     char* AllocateText(std::size_t size)
     {
@@ -262,7 +243,7 @@ inline void MarkRead(const Object* object)
 inline void MarkRead(const Object* owner, const Property* property)
 {
     if (owner->document->MarksReads())
-        property->isRead = 1;
+        property->isRead = true;
 }
 
 // A set of nodes by identity, one bit a node: for walks that take each node once.

@@ -79,7 +79,7 @@ private:
         path_.push_back(node);
         for (const Property* property = node.FirstProperty(); property; property = property->next)
             if (!property->isRead && property->valueSize > 0)
-                Report(Name::OfStatic(property->NameView()));
+                Report(property->name.AsName());
         open_.push_back(node.GetChildren().begin());
     }
 
@@ -120,7 +120,7 @@ private:
                (entry->second == Exemption::ByPlace && rules_.isExempt(path_, field));
     }
 
-    // Names are parts of tables, or interned: the text of one is in few places.
+    // Names are parts of tables: the text of one is in few places.
     struct NameTexts {
         const char* owner;
         const char* field;

@@ -88,7 +88,7 @@ TEST(RoundTrip, Project)
         if (row.identity == Identity::None)
             continue;
         Document d;
-        const ObjectHandle node = d.NewObject(d.Intern(row.name));
+        const ObjectHandle node = d.NewObject(Name::OfStatic(row.name));
         node.SetProperty("uid", "own");
         std::vector<Mention> made;
         Fill(d, node, row.body, made);

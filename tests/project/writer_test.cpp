@@ -207,7 +207,7 @@ TEST(ProjectWriter, EveryClassDefinesWhatItMentions)
             continue;
         SCOPED_TRACE(row.name);
         Document d;
-        const ObjectHandle node = d.NewObject(d.Intern(row.name));
+        const ObjectHandle node = d.NewObject(Name::OfStatic(row.name));
         node.SetProperty("uid", "own");
         node.SetProperty("classid", "class");
         fill(d, node, row.body, fill);
