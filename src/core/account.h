@@ -23,6 +23,7 @@ struct FrameSpan {
     std::int64_t first = 0; // the number of frame 0
     std::int64_t base = 30; // numbers a second
     bool drop = false;
+    std::uint64_t sequence = 0; // its node in the source document; 0: not known
 
     bool IsKnown() const { return start >= 0; }
     // "01:00:04:00"
@@ -69,9 +70,16 @@ struct Remark {
     bool isIssue = false; // the host's report lists it
 };
 
+// The identities of the nodes of a sequence in both documents.
+struct TranslatedSequence {
+    std::uint64_t source = 0;
+    std::uint64_t result = 0;
+};
+
 struct Account {
     IssueSet issues;
     std::vector<Remark> remarks;
+    std::vector<TranslatedSequence> sequences = {};
 };
 
 //   AddRemark(account, RemarkKind::FilterRange, location, {.name = "Blur"})

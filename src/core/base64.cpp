@@ -34,6 +34,21 @@ constexpr std::array<std::uint8_t, 256> MakeChecksumTable()
 constexpr std::array<std::uint8_t, 256> kDigits = MakeDigits();
 constexpr std::array<std::uint8_t, 256> kChecksumTable = MakeChecksumTable();
 
+// Decodes the four digits that `text` begins with to three bytes; false if it doesn't.
+bool DecodeGroup(std::string_view text, char* bytes)
+{
+    std::uint32_t group = 0;
+    std::uint8_t all = 0;
+    for (std::size_t i = 0; i < 4; ++i) {
+        const std::uint8_t digit = kDigits[static_cast<unsigned char>(text[i])];
+        all |= digit;
+        group = group << 6 | digit;
+    }
+    for (std::size_t i = 0; i < 3; ++i)
+        bytes[i] = static_cast<char>(group >> (16 - 8 * i) & 0xFF);
+    return all <= 63;
+}
+
 } // namespace
 
 void AppendBase64(std::string_view bytes, std::string& text)
@@ -59,8 +74,11 @@ std::string EncodeBase64(std::string_view bytes)
 
 std::string DecodeBase64(std::string_view text)
 {
-    std::string bytes;
-    bytes.reserve(text.size() / 4 * 3);
+    std::string bytes(text.size() / 4 * 3 + 3, '\0');
+    char* next = bytes.data();
+    // Most texts are whole groups up to their padding.
+    for (; text.size() >= 4 && DecodeGroup(text, next); text.remove_prefix(4))
+        next += 3;
     std::uint32_t bits = 0;
     int count = 0;
     for (const char c : text) {
@@ -73,9 +91,10 @@ std::string DecodeBase64(std::string_view text)
         count += 6;
         if (count >= 8) {
             count -= 8;
-            bytes += static_cast<char>(bits >> count & 0xFF);
+            *next++ = static_cast<char>(bits >> count & 0xFF);
         }
     }
+    bytes.resize(static_cast<std::size_t>(next - bytes.data()));
     return bytes;
 }
 

@@ -2,7 +2,7 @@
 
 #include "core/text.h"
 
-#include <fmt/format.h>
+#include <fmt/compile.h>
 
 #include <algorithm>
 #include <array>
@@ -89,8 +89,8 @@ std::string FormatTimecode(std::int64_t frame, std::int64_t base, bool drop)
         rest = (rest - fullMinute) % minute + dropped;
     }
     const char mark = dropped > 0 ? ';' : ':';
-    return fmt::format("{}{:02}{}{:02}{}{:02}{}{:02}", frame < 0 ? "-" : "", hours, mark, minutes,
-                       mark, rest / perSecond, mark, rest % perSecond);
+    return fmt::format(FMT_COMPILE("{}{:02}{}{:02}{}{:02}{}{:02}"), frame < 0 ? "-" : "", hours,
+                       mark, minutes, mark, rest / perSecond, mark, rest % perSecond);
 }
 
 std::optional<std::int64_t> ParseTimecode(std::string_view text, std::int64_t base, bool drop)

@@ -49,7 +49,7 @@ constexpr IssueKind kKinds[] = {
         M::kDipToColorNotTranslated, L::Located),
     Row(I::AudioLevelClamped, R::LevelClamped, "AudioLevelClamped", M::kAudioLevelClamped,
         L::Located, F::Subject, F::Clip),
-    Row(I::MulticlipNotTranslated, R::MulticlipUnsupported, "MulticlipNotTranslated",
+    Row(I::MulticlipNotTranslated, R::MulticlipAngles, "MulticlipNotTranslated",
         M::kMulticlipNotTranslated, L::Located, F::Clip),
     Row(I::UnrecognizedXMLVersion, R::DocumentVersion, "UnrecognizedXMLVersion",
         M::kUnrecognizedXMLVersion, L::Indented, F::Time),

@@ -4,16 +4,21 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <type_traits>
 
 namespace XPJ {
 
 class Document;
 
-// Most names that are compared differ, by their length or their first letter. `a` and `b` may be
-// empty; neither is looked at beyond its length.
+// Most names that differ do so by their length or their first letter, most that are equal are one
+// literal. `a` and `b` may be empty; neither is looked at beyond its length.
 constexpr bool IsSameName(std::string_view a, std::string_view b)
 {
-    return a.size() == b.size() && (a.empty() || (a.front() == b.front() && a == b));
+    if (a.size() != b.size())
+        return false;
+    if (!std::is_constant_evaluated() && a.data() == b.data())
+        return true;
+    return a.empty() || (a.front() == b.front() && a == b);
 }
 
 // An element or property name: a string literal, or text that a document has interned.

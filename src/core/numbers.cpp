@@ -1,5 +1,6 @@
 #include "core/numbers.h"
 
+#include <fmt/compile.h>
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -94,7 +95,7 @@ std::string UintToString(std::uint64_t value)
 
 std::string DoubleToString(double value)
 {
-    return fmt::format("{:g}", value);
+    return fmt::format(FMT_COMPILE("{:g}"), value);
 }
 
 } // namespace XPJ

@@ -20,7 +20,6 @@ enum class RemarkKind : std::uint8_t {
     TransitionToCrossFade,
     DipToColor,
     LevelClamped,
-    MulticlipUnsupported,
     DocumentVersion,
     StartExtended,
     EndExtended,
@@ -91,6 +90,8 @@ enum class RemarkKind : std::uint8_t {
     ChannelAssumed,
     OutputsLost,
     MergedClipMoved,
+    ScaleAssumed,
+    TitleKind,
 
     // Of the export
     FaderAutomation,

@@ -1,6 +1,7 @@
 #include "effects/effect_context.h"
 
 #include "core/numbers.h"
+#include "core/text.h"
 #include "effects/effect_elements.h"
 #include "effects/keyframes.h"
 
@@ -100,6 +101,22 @@ void EffectContext::AddIssue(ImportIssue kind, ConstHandle effect, std::string_v
         return;
     remark->kind = RemarkKind::EffectConditional;
     remark->detail = onlyWhen;
+}
+
+void EffectContext::AddMissingLook(ConstHandle effect, std::string_view path) const
+{
+    EffectContext ofFile = *this;
+    ofFile.location.clip = path;
+    const int missing = static_cast<int>(ImportIssue::MissingLookLUT);
+    if (Remark* const remark = Enter(ofFile, Direction::Import, missing, {})) {
+        remark->clip = location.clip;
+        remark->subject = FullEffectName(effect);
+        remark->subjectId = effect.GetProperty("effectid");
+        remark->detail = EscapeXML(path);
+    }
+    const int untranslated = static_cast<int>(ImportIssue::EffectNotTranslated);
+    if (Enter(*this, Direction::Import, untranslated, EffectName(effect)))
+        account.remarks.pop_back();
 }
 
 void EffectContext::AddRemark(RemarkKind kind, ConstHandle effect, std::string_view detail,

@@ -65,6 +65,8 @@ struct EffectContext {
     //   context.AddRemark(RemarkKind::EffectParameterLost, effect, "Softness")
     // `onlyWhen`: the condition under which it would have been translated.
     void AddIssue(ImportIssue kind, ConstHandle effect, std::string_view onlyWhen = {}) const;
+    // The two issues of a look whose file can't be opened, with one remark for both.
+    void AddMissingLook(ConstHandle effect, std::string_view path) const;
     void AddRemark(RemarkKind kind, ConstHandle effect, std::string_view detail = {},
                    std::size_t count = 1) const;
 };

@@ -62,19 +62,6 @@ std::string NameOfLook(const EffectRow& row, ConstHandle effect, std::string_vie
     return EscapeXML(FileNameOf(path));
 }
 
-const StoredLook* OpenLook(const EffectContext& context, const std::string& path,
-                           std::string_view name)
-{
-    const StoredLook* const look =
-        context.lookFiles ? context.lookFiles->Open(path, UnescapeXML(name)) : nullptr;
-    if (!look) {
-        EffectContext ofFile = context;
-        ofFile.location.clip = path;
-        ofFile.AddIssue(ImportIssue::MissingLookLUT);
-    }
-    return look;
-}
-
 ObjectHandle MakeGradingParam(Document& document, const StoredLook& look)
 {
     const ObjectHandle param = MakeBlob(document, kGradingName, kGradingId, kGradingControl, "");
@@ -141,9 +128,13 @@ bool LookToProject(const EffectContext& context, const EffectRow& row, ConstHand
     if (pathParameter && context.lookFiles)
         path = context.lookFiles->PathOf(PlainValue(pathParameter));
     const std::string name = NameOfLook(row, effect, path);
-    const StoredLook* const look = pathParameter ? OpenLook(context, path, name) : nullptr;
-    if (pathParameter && !look)
+    const StoredLook* look = nullptr;
+    if (pathParameter && context.lookFiles)
+        look = context.lookFiles->Open(path, UnescapeXML(name));
+    if (pathParameter && !look) {
+        context.AddMissingLook(effect, path);
         return false;
+    }
     if (look && look->base64.empty())
         context.AddRemark(RemarkKind::LookUnreadable, effect, FileNameOf(path));
 

@@ -118,7 +118,7 @@ constexpr NeutralParameter kNeutralParameters[] = {
     {"yoffset"},        {"backcolor"},
     {"backopacity"},    {"backsoft"},
     {"crop", "0"},      {"opacity", "100"},
-    {"direction", "1"},
+    {"direction", "1"}, // upwards or to the left, as titles of a project move
 };
 
 // No title has more; sums and products of such numbers are finite.
@@ -335,6 +335,13 @@ void RemarkOnFonts(const EffectContext& context, ConstHandle generator, bool isG
             context.AddRemark(RemarkKind::TitleFont, EffectOf(generator), text.font.family);
 }
 
+// A title document has no outline, and states a lower third by its two texts.
+bool IsKindKept(TextKind kind, ConstHandle generator)
+{
+    return kind == TextKind::Plain ||
+           (kind == TextKind::LowerThird && ReadTitle(generator, {}).texts.size() > 1);
+}
+
 bool IsReadOf(ConstHandle generator, std::string_view id)
 {
     if (IsShape(generator))
@@ -350,6 +357,17 @@ bool IsNeutralParameter(ConstHandle parameter)
         return false;
     const ParamRow neutral = XmemlOnly({.neutral = row->values});
     return row->values.empty() || IsHarmless(&neutral, parameter);
+}
+
+// The color of a title document is opaque; the fill of a graphic is that, or not there.
+bool IsAlphaLost(ConstHandle parameter, bool isGraphic)
+{
+    const ConstHandle value = ValueHolder(parameter).GetChild("value");
+    if (!HasValue(value, "alpha"))
+        return false;
+    const int alpha = IntProperty(value, "alpha");
+    const bool isFill = parameter.GetProperty("parameterid") != "linecolor";
+    return alpha < 255 && !(isGraphic && isFill && alpha <= 0);
 }
 
 bool IsAnimated(ConstHandle parameter)
@@ -416,17 +434,20 @@ void RemarkOnTitle(const EffectContext& context, ConstHandle generator, bool isG
     const TitleEffect* const title = TitleEffectOf(generator);
     if (title && isGraphic && title->motion != TitleMotion::Still)
         context.AddRemark(RemarkKind::TitleStands, effect);
+    if (title && !isGraphic && !IsKindKept(title->kind, generator))
+        context.AddRemark(RemarkKind::TitleKind, effect);
     if (title)
         RemarkOnFonts(context, generator, isGraphic);
     for (const ConstHandle parameter : effect.GetChildren("parameter")) {
         const std::string_view id = parameter.GetProperty("parameterid");
-        // A title document has no outline.
         const bool isOutline = title && title->kind == TextKind::Outlined && !isGraphic &&
                                id == "linewidth" && ReadLineWidth(parameter, 0) > 0;
         if (isOutline || (!IsReadOf(generator, id) && !IsNeutralParameter(parameter)))
             RemarkOnLostParameter(context, effect, parameter);
         else if (IsReadOf(generator, id) && IsAnimated(parameter))
             context.AddRemark(RemarkKind::KeyframesLost, effect, ParameterName(parameter));
+        else if (IsReadOf(generator, id) && IsAlphaLost(parameter, isGraphic))
+            context.AddRemark(RemarkKind::ValueLimited, effect, ParameterName(parameter));
     }
 }
 

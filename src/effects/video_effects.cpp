@@ -50,9 +50,14 @@ double PercentOfThreshold(double threshold)
 bool LumaKeyToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
                       Components& components)
 {
+    // Where the two scales meet.
+    constexpr ParamRow kHighest = XmemlOnly({.neutral = "100"});
+    const ConstHandle threshold = FindParameter(effect, "threshold");
     EffectContext ofRange = context;
-    if (!(DoubleProperty(FindParameter(effect, "threshold"), "valuemin") < 0))
+    if (!(DoubleProperty(threshold, "valuemin") < 0))
         ofRange.openInterchange = false;
+    if (!ofRange.openInterchange && StatesValue(threshold) && !IsHarmless(&kHighest, threshold))
+        context.AddRemark(RemarkKind::ScaleAssumed, effect, ParameterName(threshold));
     return ParamsToProject(ofRange, row, effect, components);
 }
 

@@ -118,6 +118,7 @@ public:
           element_(WriteSequenceHead(context, catalogs, shown)),
           media_(context.document.NewObject("media"))
     {
+        context.account.sequences.push_back({shown.sequence.UniqueId(), element_.UniqueId()});
         catalogs.links.AddLinksOf(shown.sequence);
         if (shown.sequence.HasChild("TrackGroup")) {
             WriteTimes(context, sequence_, element_);

@@ -15,7 +15,8 @@ SequenceContext ContextOfSequence(ConstHandle sequence, Ticks frameTicks)
             .frameTicks = frameTicks,
             .numbering = {.first = DivTicks(Int64Property(sequence, "MZ.ZeroPoint"), frameTicks),
                           .base = counting.base,
-                          .drop = counting.drop}};
+                          .drop = counting.drop,
+                          .sequence = sequence.UniqueId()}};
 }
 
 std::string FormatItemTime(const SequenceContext& context, Ticks start)

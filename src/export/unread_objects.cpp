@@ -49,6 +49,7 @@ constexpr EmptyField kEmptyFields[] = {
     {"VideoClip", "InPoint", "a generated clip has no range"},
     {"VideoClip", "OutPoint", "a generated clip has no range"},
     {"AudioClip", "Gain", "no gain", "1.0"},
+    {"AudioComponentChain", "FrameRate", "that of its track"},
     {"AudioClip", "SecondaryIndex", kOfChannels},
     {"AudioClip", "Markers", kOfVideo},
     {"SecondaryContent", "ChannelIndex", kOfChannels},

@@ -18,7 +18,8 @@ DocumentTimelines ReadTimelines(std::string_view bytes, std::string_view folder,
     Document document;
     ObjectHandle root;
     DocumentDetails details;
-    const std::string_view text = DecodeInput(bytes, document, timelines.encoding);
+    std::string decoded;
+    const std::string_view text = DecodeDocument(bytes, decoded, timelines.encoding);
     const Format& format = FormatOfText(text);
     timelines.result = format.parse(text, isOpen, document, root, details);
     timelines.stop = std::move(details.stop);
@@ -38,11 +39,10 @@ DocumentFile::DocumentFile(std::string file) : path(std::move(file)), folder(Fol
 
 DocumentTimelines ReadTimelinesOfFile(const DocumentFile& file, DocumentReading reading)
 {
-    Document document;
-    std::string_view bytes;
+    InputText text;
     CoreFile source;
-    if (source.Open(file.path, false) && ReadInput(source, document, bytes))
-        return ReadTimelines(bytes, file.folder, reading);
+    if (source.Open(file.path, false) && text.Read(source))
+        return ReadTimelines(text.Bytes(), file.folder, reading);
     DocumentTimelines timelines;
     timelines.result = kInputCouldNotBeOpened;
     timelines.stop.reason = ErrorText(source.Error());

@@ -85,9 +85,9 @@ int ReadProjectFile(const std::string& path, Progress& progress, Document& docum
 {
     CoreFile file;
     file.StopWhen([&progress] { return progress.IsCancelled(); });
-    std::string_view bytes;
-    if (file.Open(path, false) && ReadInput(file, document, bytes))
-        return ResultOfRead(ReadProjectBytes(bytes, document, root, details));
+    InputText text;
+    if (file.Open(path, false) && text.Read(file))
+        return ResultOfRead(ReadProjectText(text, document, root, details));
     details.stop.reason = ErrorText(file.Error());
     return progress.IsCancelled() ? kAborted : kInputCouldNotBeOpened;
 }

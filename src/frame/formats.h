@@ -42,7 +42,7 @@ struct Format {
     // Gives `root`, the node of the document element, with references bound.
     int (*read)(const DocumentInput& input, Progress& progress, Document& document,
                 ObjectHandle& root, DocumentDetails& details);
-    // The same for UTF-8 text in memory, which must live as long as the document.
+    // The same for UTF-8 text in memory.
     int (*parse)(std::string_view text, bool isOpen, Document& document, ObjectHandle& root,
                  DocumentDetails& details);
     // Writes what `root` holds, and flushes; the stream's errors are the caller's.

@@ -5,6 +5,7 @@
 #include "project/accessors.h"
 #include "report/remark_groups.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -58,26 +59,48 @@ const MarkerFormat& MarkersOf(TreeKind kind)
     return kind == TreeKind::Xmeml ? kXmeml : kProject;
 }
 
-using SequencesByName = std::unordered_map<std::string_view, std::vector<ObjectHandle>>;
-
-// Those of the tree, each once.
-SequencesByName FindSequences(const MarkerFormat& format, ObjectHandle tree)
-{
-    SequencesByName sequences;
-    NodeSet visited;
-    std::vector<ObjectHandle> open = {tree};
-    while (!open.empty()) {
-        const ObjectHandle node = open.back();
-        open.pop_back();
-        if (!node || !visited.Insert(node))
-            continue;
-        if (node.GetName() == format.sequence)
-            sequences[node.GetProperty(format.name)].push_back(node);
-        for (const ObjectHandle& child : node.GetChildren())
-            open.push_back(child);
+// The sequences of a translated tree, each once.
+class SequenceIndex {
+public:
+    SequenceIndex(const MarkerFormat& format, const Account& account, ObjectHandle tree)
+    {
+        for (const TranslatedSequence& sequence : account.sequences)
+            results_[sequence.source].push_back(sequence.result);
+        NodeSet visited;
+        std::vector<ObjectHandle> open = {tree};
+        while (!open.empty()) {
+            const ObjectHandle node = open.back();
+            open.pop_back();
+            if (!node || !visited.Insert(node))
+                continue;
+            if (node.GetName() == format.sequence) {
+                byNode_[node.UniqueId()] = node;
+                byName_[node.GetProperty(format.name)].push_back(node);
+            }
+            for (const ObjectHandle& child : node.GetChildren())
+                open.push_back(child);
+        }
     }
-    return sequences;
-}
+
+    // Those that the remark's sequence became; where that isn't known, those of its name.
+    std::vector<ObjectHandle> Of(const Remark& remark) const
+    {
+        std::vector<ObjectHandle> sequences;
+        if (const auto known = results_.find(remark.span.sequence); known != results_.end())
+            for (const std::uint64_t result : known->second)
+                if (const auto found = byNode_.find(result); found != byNode_.end())
+                    sequences.push_back(found->second);
+        if (const auto named = byName_.find(remark.sequence);
+            sequences.empty() && named != byName_.end())
+            sequences = named->second;
+        return sequences;
+    }
+
+private:
+    std::unordered_map<std::uint64_t, std::vector<std::uint64_t>> results_; // by source
+    std::unordered_map<std::uint64_t, ObjectHandle> byNode_;
+    std::unordered_map<std::string_view, std::vector<ObjectHandle>> byName_;
+};
 
 bool IsMarked(const Remark& remark)
 {
@@ -89,11 +112,10 @@ bool IsMarked(const Remark& remark)
 void MarkLosses(const Account& account, TreeKind kind, Document& document, ObjectHandle tree)
 {
     const MarkerFormat& format = MarkersOf(kind);
-    const SequencesByName sequences = FindSequences(format, tree);
+    const SequenceIndex sequences(format, account, tree);
     for (const Remark& remark : account.remarks)
-        if (const auto found = sequences.find(remark.sequence);
-            IsMarked(remark) && found != sequences.end())
-            for (const ObjectHandle& sequence : found->second)
+        if (IsMarked(remark))
+            for (const ObjectHandle& sequence : sequences.Of(remark))
                 format.add(document, sequence, remark);
 }
 

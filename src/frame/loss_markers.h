@@ -7,7 +7,8 @@
 
 namespace XPJ {
 
-// Adds a marker for each remark with a time to the sequences of its name in a translated tree.
+// Adds a marker for each remark with a time to its sequence in a translated tree, or to all of its
+// name where the account doesn't state which of them it is.
 // What was assumed is not marked.
 void MarkLosses(const Account& account, TreeKind kind, Document& document, ObjectHandle tree);
 

@@ -37,6 +37,7 @@ const Explanation kExplanations[] = {
      {Property::Effect, Property::Parameter, Property::Speed, Property::In, Property::Out}},
     {"composite-mode.", {Property::CompositeMode}},
     {"label.", {Property::Label}},
+    {"look.", {Property::Effect, Property::Parameter}},
     {"link.", {Property::Links}},
 };
 

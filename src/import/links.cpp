@@ -1,6 +1,7 @@
 #include "import/links.h"
 
 #include <algorithm>
+#include <map>
 #include <string_view>
 #include <tuple>
 #include <utility>

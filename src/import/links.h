@@ -5,8 +5,8 @@
 #include "tree/object.h"
 #include "xmeml/links.h"
 
-#include <map>
-#include <set>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace XPJ {
@@ -32,9 +32,9 @@ public:
     ObjectHandle ItemOf(const LinkKey& key) const;
 
 private:
-    std::map<LinkKey, ObjectHandle> items_;
+    std::unordered_map<LinkKey, ObjectHandle, LinkKeyHash> items_;
     std::vector<Group> groups_;
-    std::set<LinkKey> grouped_;
+    std::unordered_set<LinkKey, LinkKeyHash> grouped_;
 };
 
 // Makes the `Link`s of every sequence from the recorded groups.

@@ -19,10 +19,13 @@ MasterClipHandle MasterRegistry::Find(const MasterKey& key) const
 {
     if (key.mediaId.empty())
         return {};
-    const auto media = media_.find(MediaKey(key.mediaId, key.layer, key.type));
+    const auto media = media_.find(key.mediaId);
     if (media == media_.end())
         return {};
-    const Masters& masters = media->second;
+    const auto layer = media->second.find({key.layer, key.type});
+    if (layer == media->second.end())
+        return {};
+    const Masters& masters = layer->second;
     if (key.masterClipId.empty())
         return masters.begin()->second;
     if (const auto exact = masters.find(key.masterClipId); exact != masters.end())
@@ -35,16 +38,20 @@ bool MasterRegistry::Add(const MasterKey& key, MasterClipHandle master)
     // An entry that `Find` gives, the exact one or one that serves any element, takes the key.
     if (key.mediaId.empty() || Find(key))
         return false;
-    media_[MediaKey(key.mediaId, key.layer, key.type)].emplace(key.masterClipId, master);
+    media_[std::string(key.mediaId)][{key.layer, key.type}].emplace(key.masterClipId, master);
     return true;
 }
 
 std::vector<MasterClipHandle> MasterRegistry::Entries() const
 {
+    std::map<std::string_view, const Layers*> byId;
+    for (const auto& [mediaId, layers] : media_)
+        byId.emplace(mediaId, &layers);
     std::vector<MasterClipHandle> entries;
-    for (const auto& [key, masters] : media_)
-        for (const auto& [masterClipId, master] : masters)
-            entries.push_back(master);
+    for (const auto& [mediaId, layers] : byId)
+        for (const auto& [layer, masters] : *layers)
+            for (const auto& [masterClipId, master] : masters)
+                entries.push_back(master);
     return entries;
 }
 

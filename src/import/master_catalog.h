@@ -7,11 +7,11 @@
 #include "tree/object.h"
 
 #include <compare>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -46,10 +46,13 @@ public:
     std::vector<MasterClipHandle> Entries() const;
 
 private:
-    using MediaKey = std::tuple<std::string, int, MediaType>;
     using Masters = std::map<std::string, MasterClipHandle, std::less<>>; // by `masterclipid`
+    using Layers = std::map<std::pair<int, MediaType>, Masters>;
+    struct IdHash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
 
-    std::map<MediaKey, Masters> media_;
+    std::unordered_map<std::string, Layers, IdHash, std::equal_to<>> media_; // by media id
 };
 
 // What distinguishes a `clip` from other clips of the same media; the last five are the clip's own

@@ -104,6 +104,7 @@ bool FillSequence(ImportState& state, ConstHandle sequence, const SequenceItems&
     context.number = state.sequences.Begin(result);
     if (context.number == 0)
         return false;
+    state.account.sequences.push_back({sequence.UniqueId(), result.UniqueId()});
     CopyUIProperties(sequence, result);
     context.rates = RatesOfSequence(sequence, state.options.sn2vlMode);
     context.timecode = TimecodeOfSequence(sequence, context.rates);

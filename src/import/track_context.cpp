@@ -10,7 +10,8 @@ FrameSpan SpanOf(const SequenceTimecode& timecode, Frames start, Frames end)
             .end = end < 0 ? -1 : timecode.FrameOf(end),
             .first = timecode.first,
             .base = timecode.base,
-            .drop = timecode.drop};
+            .drop = timecode.drop,
+            .sequence = timecode.node};
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -176,6 +177,18 @@ constexpr IgnoredTag kIgnoredTags[] = {
     {"fcpimageprocessing", "how a program renders"},
 };
 
+// By name, or by the prefix of a name: "xml" of `xml:lang`.
+constexpr IgnoredTag kIgnoredAttributes[] = {
+    {"version", "the version of a part of the document"},
+    {"xmlns", "identifies the vocabulary of a part"},
+    {"xml", "how XML itself is processed"},
+};
+
+bool IsIn(std::span<const IgnoredTag> rows, std::string_view tag)
+{
+    return std::ranges::find(rows, tag, &IgnoredTag::tag) != rows.end();
+}
+
 // ---- Places
 
 // The names of the bins, "Day 1/Sound".
@@ -221,7 +234,8 @@ FrameSpan SpanOf(ConstHandle sequence, ConstHandle item)
             .end = frameOf("end"),
             .first = timecode.first,
             .base = timecode.base,
-            .drop = timecode.drop};
+            .drop = timecode.drop,
+            .sequence = timecode.node};
 }
 
 Remark PlaceOf(Path path)
@@ -256,12 +270,19 @@ void AddUnreadElements(ConstHandle root, Account& account)
 
 void AddIgnoredElements(const std::vector<IgnoredElements>& ignored, Account& account)
 {
+    std::vector<IgnoredElements> elements;
+    for (const IgnoredElements& entry : ignored) {
+        const std::string_view path = entry.path;
+        const std::size_t at = path.find('@');
+        if (at == path.npos)
+            elements.push_back(entry);
+        else if (!IsIn(kIgnoredAttributes, path.substr(at + 1, path.find(':', at) - at - 1)))
+            AddRemark(
+                account, RemarkKind::ElementUnread, {},
+                {.detail = path.substr(path.rfind('/') + 1), .path = path, .count = entry.count});
+    }
     AddIgnored(
-        ignored,
-        [](std::string_view tag) {
-            return std::ranges::find(kIgnoredTags, tag, &IgnoredTag::tag) != std::end(kIgnoredTags);
-        },
-        account);
+        elements, [](std::string_view tag) { return IsIn(kIgnoredTags, tag); }, account);
 }
 
 } // namespace XPJ

@@ -13,7 +13,7 @@ namespace XPJ {
 // first places and a count. The document must have marked what was read.
 void AddUnreadElements(ConstHandle root, Account& account);
 
-// The same for elements that the reader ignored.
+// The same for elements and attributes that the reader ignored.
 void AddIgnoredElements(const std::vector<IgnoredElements>& ignored, Account& account);
 
 } // namespace XPJ

@@ -47,7 +47,7 @@ private:
         std::string_view number;
         if (current.rule->tag == "VelaData" && tag.name == "Project" &&
             GetAttribute(tag.attributes, "ObjectRef", number)) {
-            current.node.SetPropertyShared("ProjectRef", number);
+            current.node.SetProperty("ProjectRef", number);
             return true;
         }
         return false;
@@ -73,7 +73,7 @@ private:
             Ids().Add(kNumberType, id, element.node);
         } else if (GetAttribute(element.attributes, "ObjectUID", id)) {
             Ids().Add(kGuidType, id, element.node);
-            element.node.SetPropertyShared("uid", id);
+            element.node.SetProperty("uid", id);
         }
         KeepBlob(element.node);
     }
@@ -150,15 +150,16 @@ int ReadProjectDocument(std::istream& input, Document& document, ObjectHandle& r
         found.stop.reason = "the stream can't be read";
         return kReadNoInput;
     }
-    return ReadProjectBytes(ReadInput(input, document), document, root, found);
+    InputText text;
+    text.Read(input);
+    return ReadProjectText(text, document, root, found);
 }
 
-int ReadProjectBytes(std::string_view bytes, Document& document, ObjectHandle& root,
-                     ReadNotes& notes)
+int ReadProjectText(InputText& text, Document& document, ObjectHandle& root, ReadNotes& notes)
 {
     notes = {};
     root = {};
-    return Parse(DecodeInput(bytes, document, notes.encoding), document, root, notes);
+    return Parse(text.Decode(notes.encoding), document, root, notes);
 }
 
 } // namespace XPJ

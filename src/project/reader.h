@@ -1,6 +1,7 @@
 // Bytes of a project document to its tree.
 #pragma once
 
+#include "tree/input.h"
 #include "tree/object.h"
 #include "tree/reading.h"
 
@@ -12,11 +13,10 @@ namespace XPJ {
 // Reads a project document; on kReadDone `root` is the `VelaData` node, with references bound.
 int ReadProjectDocument(std::istream& input, Document& document, ObjectHandle& root,
                         ReadNotes* notes = nullptr);
-// The same for the bytes of a file, in any encoding, which must live as long as the document.
-int ReadProjectBytes(std::string_view bytes, Document& document, ObjectHandle& root,
-                     ReadNotes& notes);
+// The same for a text that was read, in any encoding.
+int ReadProjectText(InputText& text, Document& document, ObjectHandle& root, ReadNotes& notes);
 
-// The same for UTF-8 text in memory, which must live as long as the document.
+// The same for UTF-8 text in memory.
 int ParseProjectDocument(std::string_view text, Document& document, ObjectHandle& root,
                          ReadStop* stop = nullptr);
 

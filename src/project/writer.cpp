@@ -4,154 +4,29 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
-#include "platform/platform.h"
-#include "project/classes.h"
+#include "project/object_list.h"
 #include "tree/node_dump.h"
-#include "tree/node_table.h"
 #include "tree/text_out.h"
 #include "tree/value_of.h"
 
 #include <algorithm>
+#include <deque>
+#include <future>
 #include <iostream>
-#include <optional>
+#include <memory>
+#include <span>
 #include <stdexcept>
 #include <string>
-#include <unordered_map>
+#include <thread>
 #include <vector>
 
 namespace XPJ {
 
 namespace {
 
-constexpr unsigned kObjectsPerCheck = 256;
-
-// Under this name a part of the other document's tree is entered.
-constexpr std::string_view kForeignChild = "fcpmasterclip";
-
-// What the writer knows of a node.
-struct NodeRecord {
-    const ProjectClass* projectClass = nullptr;
-    std::uint32_t number = 0; // 0: not mentioned by number
-    bool visited = false;
-};
-
-// Calls `use` for each child that a row mentions by number.
-template <class Use>
-void ForEachNumbered(const BodyRow& row, ObjectHandle node, Use use)
-{
-    if (row.kind == RowKind::Reference) {
-        if (const ObjectHandle child = node.GetChild(row.tag))
-            use(child);
-    } else if (row.kind == RowKind::ReferenceList || row.kind == RowKind::Pairs) {
-        const ObjectHandle owner = row.via.IsEmpty() ? node : node.GetChild(row.via);
-        for (const ObjectHandle child : owner.GetChildren(row.tag))
-            use(child);
-    }
-}
-
-// All objects in the order in which they are written.
-class ObjectList {
-public:
-    // Numbers the objects below `document`, children before parents.
-    void Collect(ObjectHandle document);
-
-    // 0 for a node that is no numbered object.
-    std::uint32_t NumberOf(ObjectHandle node) { return records_[node].number; }
-    // The `uid`, or a GUID that is generated for a node without one and kept for this document.
-    std::string_view GuidOf(ObjectHandle node);
-
-    const std::vector<ObjectHandle>& Numbered() const { return numbered_; }
-    const std::vector<ObjectHandle>& WithGuid() const { return withGuid_; }
-    const ProjectClass& ClassOf(ObjectHandle node) { return *records_[node].projectClass; }
-
-private:
-    struct Visit {
-        ObjectHandle node;
-        ChildRange::Iterator next;
-    };
-
-    std::optional<Visit> Enter(ObjectHandle node);
-    void Leave(ObjectHandle node);
-    void NumberChildren(std::span<const BodyRow> rows, ObjectHandle node);
-
-    NodeTable<NodeRecord> records_;
-    std::vector<ObjectHandle> numbered_; // the object numbered N is at N - 1
-    std::vector<ObjectHandle> withGuid_;
-    std::unordered_map<std::uint64_t, std::string> freshGuids_;
-};
-
-std::optional<ObjectList::Visit> ObjectList::Enter(ObjectHandle node)
-{
-    NodeRecord& record = records_[node];
-    if (record.visited)
-        return std::nullopt;
-    record.visited = true;
-    record.projectClass = FindProjectClass(node.GetName().View());
-    return Visit{node, node.GetChildren().begin()};
-}
-
-void ObjectList::Leave(ObjectHandle node)
-{
-    const ProjectClass* const projectClass = records_[node].projectClass;
-    if (!projectClass)
-        return;
-    NumberChildren(projectClass->body, node);
-    if (projectClass->identity == Identity::GuidText)
-        withGuid_.push_back(node);
-}
-
-// A child of a class without numbered objects gets none, so that no reference leads nowhere.
-void ObjectList::NumberChildren(std::span<const BodyRow> rows, ObjectHandle node)
-{
-    for (const BodyRow& row : rows) {
-        if (row.kind == RowKind::Include)
-            NumberChildren(row.rows, node);
-        ForEachNumbered(row, node, [this](ObjectHandle child) {
-            NodeRecord& record = records_[child];
-            if (record.number != 0 || !record.projectClass ||
-                record.projectClass->identity != Identity::Number)
-                return;
-            numbered_.push_back(child);
-            record.number = static_cast<std::uint32_t>(numbered_.size());
-        });
-    }
-}
-
-// Items lead to sequences that hold items of the same sequence, so nodes are marked on the way
-// down.
-void ObjectList::Collect(ObjectHandle document)
-{
-    std::vector<Visit> path;
-    if (const auto visit = Enter(document))
-        path.push_back(*visit);
-    while (!path.empty()) {
-        Visit& visit = path.back();
-        if (visit.next != ChildRange(nullptr).end()) {
-            const ObjectHandle child = *visit.next;
-            const bool foreign = visit.next.EntryName() == kForeignChild;
-            ++visit.next;
-            if (foreign)
-                continue;
-            if (const auto inner = Enter(child))
-                path.push_back(*inner);
-        } else {
-            Leave(visit.node);
-            path.pop_back();
-        }
-    }
-    NumberChildren(DocumentBody(), document);
-}
-
-std::string_view ObjectList::GuidOf(ObjectHandle node)
-{
-    const std::string_view uid = node.GetProperty(Name("uid"));
-    if (!uid.empty())
-        return uid;
-    std::string& fresh = freshGuids_[node.UniqueId()];
-    if (fresh.empty())
-        fresh = NewGuidText();
-    return fresh;
-}
+// Some hundred KB of text.
+constexpr std::size_t kObjectsPerBlock = 1024;
+constexpr std::size_t kMostThreads = 4;
 
 struct JsonEscape {
     char character;
@@ -214,14 +89,17 @@ std::string AudioLayoutOf(ObjectHandle clip)
     return layout + "]}";
 }
 
-class ProjectWriter {
+// Prints objects into a text of its own, so that several threads print at once.
+class ObjectPrinter {
 public:
-    explicit ProjectWriter(std::ostream& output) : out_(output) {}
+    explicit ObjectPrinter(const ObjectList& objects) : objects_(objects) {}
 
-    int Write(ObjectHandle document, Progress& progress, bool sn2vlMode);
+    void PrintHead(ObjectHandle document, bool sn2vlMode);
+    void Print(std::span<const ObjectHandle> objects);
+    // Hands over what was printed.
+    void WriteTo(std::ostream& output);
 
 private:
-    bool WriteNumbered(Progress& progress);
     void WriteObject(ObjectHandle node);
     void WriteBody(std::span<const BodyRow> rows, ObjectHandle node);
     void WriteRow(const BodyRow& row, ObjectHandle node);
@@ -236,33 +114,31 @@ private:
     void WriteLine(Name tag, std::string_view value);
     void WriteValue(Name tag, std::string_view value, ObjectHandle node);
 
+    const ObjectList& objects_;
     TextOut out_;
-    ObjectList objects_;
+    std::vector<ObjectHandle> withoutId_; // have an empty ID
     int level_ = 1;
 };
 
-void ProjectWriter::WriteLine(Name tag, std::string_view value)
+void ObjectPrinter::WriteLine(Name tag, std::string_view value)
 {
     out_.WriteElement(level_, tag.View(), value);
 }
 
-void ProjectWriter::WriteValue(Name tag, std::string_view value, ObjectHandle node)
+void ObjectPrinter::WriteValue(Name tag, std::string_view value, ObjectHandle node)
 {
-    if (value.empty() && tag == std::string_view("ID")) {
-        std::cout << " WARNING: XML tag had an ID attribute but no value (this will likely "
-                     "cause the project to fail to load)\n";
-        DumpNode(std::cout, node);
-    }
+    if (value.empty() && tag == std::string_view("ID"))
+        withoutId_.push_back(node);
     WriteLine(tag, value);
 }
 
-void ProjectWriter::WriteBody(std::span<const BodyRow> rows, ObjectHandle node)
+void ObjectPrinter::WriteBody(std::span<const BodyRow> rows, ObjectHandle node)
 {
     for (const BodyRow& row : rows)
         WriteRow(row, node);
 }
 
-void ProjectWriter::WriteRow(const BodyRow& row, ObjectHandle node)
+void ObjectPrinter::WriteRow(const BodyRow& row, ObjectHandle node)
 {
     switch (row.kind) {
     case RowKind::Part:
@@ -318,7 +194,7 @@ void ProjectWriter::WriteRow(const BodyRow& row, ObjectHandle node)
     }
 }
 
-void ProjectWriter::WriteReferences(const BodyRow& row, ObjectHandle node)
+void ObjectPrinter::WriteReferences(const BodyRow& row, ObjectHandle node)
 {
     std::uint64_t index = 0;
     ForEachNumbered(row, node, [&](ObjectHandle child) {
@@ -340,7 +216,7 @@ void ProjectWriter::WriteReferences(const BodyRow& row, ObjectHandle node)
     });
 }
 
-void ProjectWriter::WritePair(const BodyRow& row, ObjectHandle child, std::uint64_t index,
+void ObjectPrinter::WritePair(const BodyRow& row, ObjectHandle child, std::uint64_t index,
                               std::uint32_t number)
 {
     out_.WriteTabs(level_++);
@@ -356,7 +232,7 @@ void ProjectWriter::WritePair(const BodyRow& row, ObjectHandle child, std::uint6
     out_.Write("</", row.tag.View(), ">\n");
 }
 
-void ProjectWriter::WriteGuidReference(const BodyRow& row, ObjectHandle node)
+void ObjectPrinter::WriteGuidReference(const BodyRow& row, ObjectHandle node)
 {
     const ObjectHandle child = node.GetChild(row.tag);
     if (!child) {
@@ -368,7 +244,7 @@ void ProjectWriter::WriteGuidReference(const BodyRow& row, ObjectHandle node)
     out_.Write("<", row.tag.View(), " ObjectURef=\"", objects_.GuidOf(child), "\"/>\n");
 }
 
-void ProjectWriter::WriteGuidList(const BodyRow& row, ObjectHandle node)
+void ObjectPrinter::WriteGuidList(const BodyRow& row, ObjectHandle node)
 {
     std::uint64_t index = 0;
     for (const ObjectHandle child : node.GetChildren(row.tag)) {
@@ -379,7 +255,7 @@ void ProjectWriter::WriteGuidList(const BodyRow& row, ObjectHandle node)
     }
 }
 
-void ProjectWriter::WriteBlob(const BodyRow& row, ObjectHandle node)
+void ObjectPrinter::WriteBlob(const BodyRow& row, ObjectHandle node)
 {
     const std::string_view data = node.GetProperty(row.tag);
     if (data.empty() && row.kind == RowKind::Blob)
@@ -391,7 +267,7 @@ void ProjectWriter::WriteBlob(const BodyRow& row, ObjectHandle node)
     out_.Write(node.GetProperty(row.key), "\">", data, "</", row.tag.View(), ">\n");
 }
 
-void ProjectWriter::WriteAudioLayout(const BodyRow& row, ObjectHandle node)
+void ObjectPrinter::WriteAudioLayout(const BodyRow& row, ObjectHandle node)
 {
     if (const auto layout = ValueOf(node, row.tag))
         WriteLine(row.tag, *layout);
@@ -401,7 +277,7 @@ void ProjectWriter::WriteAudioLayout(const BodyRow& row, ObjectHandle node)
         WriteLine(row.tag, R"({"SerializerWrappedObject":[{"channellabel":0}]})");
 }
 
-void ProjectWriter::WriteMarkerRecord(const BodyRow& row, ObjectHandle node)
+void ObjectPrinter::WriteMarkerRecord(const BodyRow& row, ObjectHandle node)
 {
     const auto ticks = [node](Name key) {
         const std::string_view value = node.GetProperty(key);
@@ -412,7 +288,7 @@ void ProjectWriter::WriteMarkerRecord(const BodyRow& row, ObjectHandle node)
     if (const auto comment = ValueOf(node, "Comment"))
         add(R"("mComment":")", JsonText(*comment), R"(",)");
     if (const auto color = ValueOf(node, "Color")) {
-        const std::string guid = NewGuidText();
+        const std::string_view guid = objects_.ColorGuidOf(node);
         add(R"("mCuePointList":[{"mKey":"marker_guid","mValue":")", guid,
             R"("},{"mKey":"keywordExtHULv1_)", guid, R"(","mValue":"{\"color\":)", JsonText(*color),
             R"(}"}],)");
@@ -429,7 +305,7 @@ void ProjectWriter::WriteMarkerRecord(const BodyRow& row, ObjectHandle node)
     out_.Write("</", row.tag.View(), ">\r\n");
 }
 
-void ProjectWriter::WriteObject(ObjectHandle node)
+void ObjectPrinter::WriteObject(ObjectHandle node)
 {
     const ProjectClass& projectClass = objects_.ClassOf(node);
     out_.WriteTabs(level_++);
@@ -451,41 +327,100 @@ void ProjectWriter::WriteObject(ObjectHandle node)
     out_.Write("</", projectClass.name, ">\n");
 }
 
-// False when cancelled.
-bool ProjectWriter::WriteNumbered(Progress& progress)
+void ObjectPrinter::PrintHead(ObjectHandle document, bool sn2vlMode)
 {
-    StageScope stage(progress, 1, objects_.Numbered().size());
-    unsigned pending = 0;
-    for (const ObjectHandle node : objects_.Numbered()) {
-        WriteObject(node);
-        if (++pending == kObjectsPerCheck) {
-            if (!stage.Step(pending))
-                return false;
-            pending = 0;
-        }
-    }
-    return stage.Step(pending);
-}
-
-int ProjectWriter::Write(ObjectHandle document, Progress& progress, bool sn2vlMode)
-{
-    StageScope stage(progress, 1, 3);
-    objects_.Collect(document);
-    if (!stage.Step())
-        return kWriteCancelled;
-
     if (sn2vlMode)
         out_.Write("__Sn2Vl__\n");
     out_.Write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<VelaData Version=\"3\">\n");
     WriteBody(DocumentBody(), document);
-    if (!WriteNumbered(progress) || !stage.Step())
-        return kWriteCancelled;
+}
 
-    for (const ObjectHandle node : objects_.WithGuid())
+void ObjectPrinter::Print(std::span<const ObjectHandle> objects)
+{
+    for (const ObjectHandle node : objects)
         WriteObject(node);
-    out_.Write("</VelaData>\n");
-    out_.Flush();
-    return stage.Step() ? kWriteDone : kWriteCancelled;
+}
+
+void ObjectPrinter::WriteTo(std::ostream& output)
+{
+    for (const ObjectHandle node : withoutId_) {
+        std::cout << " WARNING: XML tag had an ID attribute but no value (this will likely "
+                     "cause the project to fail to load)\n";
+        DumpNode(std::cout, node);
+    }
+    withoutId_.clear();
+    output.write(out_.Text().data(), static_cast<std::streamsize>(out_.Text().size()));
+    out_.Clear();
+}
+
+// Writes objects in order, a block of them at a time, while other threads print the next blocks.
+class BlockWriter {
+public:
+    BlockWriter(const ObjectList& objects, std::ostream& output)
+        : objects_(objects), output_(output)
+    {
+    }
+
+    // False when cancelled.
+    bool Write(std::span<const ObjectHandle> objects, StageScope& stage);
+
+private:
+    // The printer outlives the thread that uses it.
+    struct Block {
+        std::unique_ptr<ObjectPrinter> printer;
+        std::size_t size;
+        std::future<void> printed;
+    };
+
+    void Start(std::span<const ObjectHandle> objects, std::launch policy);
+    std::size_t Finish();
+
+    const ObjectList& objects_;
+    std::ostream& output_;
+    std::deque<Block> blocks_;
+    std::vector<std::unique_ptr<ObjectPrinter>> idle_;
+};
+
+bool BlockWriter::Write(std::span<const ObjectHandle> objects, StageScope& stage)
+{
+    // A thread that can't be started leaves its work to the one that waits for it.
+    const bool isShort = objects.size() <= kObjectsPerBlock;
+    const auto policy =
+        isShort ? std::launch::deferred : std::launch::async | std::launch::deferred;
+    const std::size_t threads =
+        std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, kMostThreads);
+    while (!objects.empty() || !blocks_.empty()) {
+        while (!objects.empty() && blocks_.size() <= threads) {
+            const std::size_t size = std::min(objects.size(), kObjectsPerBlock);
+            Start(objects.first(size), policy);
+            objects = objects.subspan(size);
+        }
+        if (!stage.Step(static_cast<unsigned>(Finish())))
+            return false;
+    }
+    return true;
+}
+
+void BlockWriter::Start(std::span<const ObjectHandle> objects, std::launch policy)
+{
+    if (idle_.empty())
+        idle_.push_back(std::make_unique<ObjectPrinter>(objects_));
+    Block& block = blocks_.emplace_back(std::move(idle_.back()), objects.size());
+    idle_.pop_back();
+    block.printed =
+        std::async(policy, [printer = block.printer.get(), objects] { printer->Print(objects); });
+}
+
+// The first block; the number of its objects.
+std::size_t BlockWriter::Finish()
+{
+    Block& block = blocks_.front();
+    const std::size_t size = block.size;
+    block.printed.get();
+    block.printer->WriteTo(output_);
+    idle_.push_back(std::move(block.printer));
+    blocks_.pop_front();
+    return size;
 }
 
 } // namespace
@@ -493,7 +428,29 @@ int ProjectWriter::Write(ObjectHandle document, Progress& progress, bool sn2vlMo
 int WriteProjectDocument(ObjectHandle document, Progress& progress, std::ostream& output,
                          bool sn2vlMode)
 {
-    return ProjectWriter(output).Write(document, progress, sn2vlMode);
+    StageScope stage(progress, 1, 3);
+    ObjectList objects;
+    objects.Collect(document);
+    if (!stage.Step())
+        return kWriteCancelled;
+
+    ObjectPrinter head(objects);
+    head.PrintHead(document, sn2vlMode);
+    head.WriteTo(output);
+    BlockWriter writer(objects, output);
+    {
+        StageScope numbered(progress, 1, objects.Numbered().size());
+        if (!writer.Write(objects.Numbered(), numbered))
+            return kWriteCancelled;
+    }
+    if (!stage.Step())
+        return kWriteCancelled;
+    SilentProgress silent;
+    StageScope withGuid(silent, 1, objects.WithGuid().size());
+    writer.Write(objects.WithGuid(), withGuid);
+    output << "</VelaData>\n";
+    output.flush();
+    return stage.Step() ? kWriteDone : kWriteCancelled;
 }
 
 } // namespace XPJ

@@ -1,10 +1,11 @@
 // Memory that is handed out piece by piece and freed all at once.
 #pragma once
 
+#include "platform/memory_block.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <vector>
 
 namespace XPJ {
@@ -29,7 +30,7 @@ public:
 
 private:
     static constexpr std::size_t kFirstBlock = std::size_t{64} * 1024;
-    static constexpr std::size_t kLargestBlock = std::size_t{4} * 1024 * 1024;
+    static constexpr std::size_t kLargestBlock = kLargeBlock;
 
     // A large piece has a block of its own, and what is left of the current one stays in use.
     void* AllocateBlock(std::size_t size)
@@ -42,15 +43,12 @@ private:
         return Allocate(size, 1); // a block is aligned for every type
     }
 
-    char* NewBlock(std::size_t size)
-    {
-        return blocks_.emplace_back(std::make_unique_for_overwrite<char[]>(size)).get();
-    }
+    char* NewBlock(std::size_t size) { return blocks_.emplace_back(MakeBlock(size)).get(); }
 
     char* next_ = nullptr;
     std::size_t left_ = 0;
     std::size_t blockSize_ = kFirstBlock;
-    std::vector<std::unique_ptr<char[]>> blocks_;
+    std::vector<MemoryBlock> blocks_;
 };
 
 } // namespace XPJ

@@ -10,7 +10,7 @@
 
 namespace XPJ {
 
-// Types and ids must live as long as the document.
+// Types and ids must live as long as the table.
 class IdTable {
 public:
     explicit IdTable(Document& document) : document_(document) {}

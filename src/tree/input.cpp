@@ -41,40 +41,36 @@ bool ReadBlocks(CoreFile& file, std::string& bytes, const BlockStep& step)
 
 } // namespace
 
-bool ReadInput(CoreFile& file, Document& document, std::string_view& bytes, const BlockStep& step)
+bool InputText::Read(CoreFile& file, const BlockStep& step)
 {
     std::size_t size = file.Size();
     if (size == 0) {
-        std::string all;
-        if (!ReadBlocks(file, all, step))
+        if (!ReadBlocks(file, collected_, step))
             return false;
-        bytes = document.Adopt(std::move(all));
+        bytes_ = collected_;
         return true;
     }
-    char* const buffer = static_cast<char*>(document.Allocate(size, 1));
-    if (!ReadSized(file, buffer, size, step))
+    buffer_ = MakeBlock(size);
+    if (!ReadSized(file, buffer_.get(), size, step))
         return false;
-    bytes = {buffer, size};
+    bytes_ = {buffer_.get(), size};
     return true;
 }
 
-std::string_view ReadInput(std::istream& input, Document& document)
+void InputText::Read(std::istream& input)
 {
-    std::string bytes;
     while (input) {
-        const std::size_t start = bytes.size();
-        bytes.resize(start + kStreamBlock);
-        input.read(bytes.data() + start, static_cast<std::streamsize>(kStreamBlock));
-        bytes.resize(start + static_cast<std::size_t>(input.gcount()));
+        const std::size_t start = collected_.size();
+        collected_.resize(start + kStreamBlock);
+        input.read(collected_.data() + start, static_cast<std::streamsize>(kStreamBlock));
+        collected_.resize(start + static_cast<std::size_t>(input.gcount()));
     }
-    return document.Adopt(std::move(bytes));
+    bytes_ = collected_;
 }
 
-std::string_view DecodeInput(std::string_view bytes, Document& document, EncodingFaults& faults)
+std::string_view InputText::Decode(EncodingFaults& faults)
 {
-    std::string decoded;
-    const std::string_view text = DecodeDocument(bytes, decoded, faults);
-    return text.data() == bytes.data() ? text : document.Adopt(std::move(decoded));
+    return DecodeDocument(bytes_, decoded_, faults);
 }
 
 } // namespace XPJ

@@ -1,12 +1,14 @@
-// The whole text of a document in memory: views into it are what the tree is made of.
+// The whole text of a document in memory, for as long as it is read: a tree has its values copied.
 #pragma once
 
 #include "core/encoding.h"
 #include "platform/files.h"
-#include "tree/object.h"
+#include "platform/memory_block.h"
 
+#include <cstddef>
 #include <functional>
 #include <iosfwd>
+#include <string>
 #include <string_view>
 
 namespace XPJ {
@@ -14,16 +16,25 @@ namespace XPJ {
 // Called with the number of bytes of each block that was read; false ends the reading.
 using BlockStep = std::function<bool(std::size_t bytes)>;
 
-// All of an open file, to its end. False when it can't be read (the file has the error) or
-// `step` ended it.
-bool ReadInput(CoreFile& file, Document& document, std::string_view& bytes,
-               const BlockStep& step = {});
+//   InputText text;
+//   if (text.Read(file)) Use(text.Decode(faults));
+class InputText {
+public:
+    // All of an open file, to its end. False when it can't be read (the file has the error) or
+    // `step` ended it.
+    bool Read(CoreFile& file, const BlockStep& step = {});
+    // All that the stream still gives.
+    void Read(std::istream& input);
 
-// All that the stream still gives.
-std::string_view ReadInput(std::istream& input, Document& document);
+    std::string_view Bytes() const { return bytes_; }
+    // The bytes' text: they themselves where they are UTF-8.
+    std::string_view Decode(EncodingFaults& faults);
 
-// The text of a document's bytes, which live as long as the document: they themselves where they
-// are UTF-8.
-std::string_view DecodeInput(std::string_view bytes, Document& document, EncodingFaults& faults);
+private:
+    std::string_view bytes_;
+    MemoryBlock buffer_;    // where the size was known before
+    std::string collected_; // where it was not
+    std::string decoded_;
+};
 
 } // namespace XPJ

@@ -28,6 +28,15 @@ public:
         return (*slot)[node.UniqueId() % kPageSize];
     }
 
+    // Null for a node of no page.
+    const Record* Find(ConstHandle node) const
+    {
+        const std::uint64_t page = node.UniqueId() / kPageSize - firstPage_;
+        if (page >= pages_.size() || !pages_[page])
+            return nullptr;
+        return &(*pages_[page])[node.UniqueId() % kPageSize];
+    }
+
 private:
     static constexpr std::uint64_t kPageSize = 1024;
     using Page = std::array<Record, kPageSize>;

@@ -28,40 +28,46 @@ constexpr std::uint64_t kUniqueIdBits = ~std::uint64_t{0} >> 1;
 
 } // namespace
 
-void ObjectHandle::InsertProperty(Name key, std::string_view value) const
+Property** ObjectHandle::FindLink(std::string_view key) const
+{
+    Property** link = &object_->firstProperty;
+    while (*link && !IsSameName((*link)->NameView(), key))
+        link = &(*link)->next;
+    return link;
+}
+
+Property* ObjectHandle::NewProperty(Name key, std::string_view value) const
 {
     if (key.Size() > kNameSizeBits)
         throw std::length_error("a name of more than 2 GiB");
-    Property* const property =
-        new (object_->document->Allocate(sizeof(Property), alignof(Property)))
-            Property{.next = nullptr,
-                     .name = key.Text(),
-                     .value = value.data(),
-                     .nameSize = key.Size() & kNameSizeBits,
-                     .isRead = 0,
-                     .valueSize = Size32(value)};
-    if (object_->lastProperty)
-        object_->lastProperty->next = property;
-    else
-        object_->firstProperty = property;
-    object_->lastProperty = property;
+    return new (object_->document->nodes_.Allocate(sizeof(Property), alignof(Property)))
+        Property{.next = nullptr,
+                 .name = key.Text(),
+                 .value = value.data(),
+                 .nameSize = key.Size() & kNameSizeBits,
+                 .isRead = 0,
+                 .valueSize = Size32(value)};
 }
 
 void ObjectHandle::SetPropertyShared(Name key, std::string_view value) const
 {
     if (!object_)
         return;
-    Property* const property = FindProperty(key.View());
-    if (!property)
-        return InsertProperty(key, value);
-    property->value = value.data();
-    property->valueSize = Size32(value);
+    Property** const link = FindLink(key.View());
+    if (!*link) {
+        *link = NewProperty(key, value);
+        return;
+    }
+    (*link)->value = value.data();
+    (*link)->valueSize = Size32(value);
 }
 
 void ObjectHandle::AddPropertyShared(Name key, std::string_view value) const
 {
-    if (object_ && !FindProperty(key.View()))
-        InsertProperty(key, value);
+    if (!object_)
+        return;
+    if (Property** const link = FindLink(key.View()); !*link)
+        *link = NewProperty(key, value);
 }
 
 void ObjectHandle::SetProperty(Name key, std::string_view value) const
@@ -72,24 +78,18 @@ void ObjectHandle::SetProperty(Name key, std::string_view value) const
 
 void ObjectHandle::AddProperty(Name key, std::string_view value) const
 {
-    if (object_ && !FindProperty(key.View()))
-        InsertProperty(key, object_->document->Store(value));
+    if (!object_)
+        return;
+    if (Property** const link = FindLink(key.View()); !*link)
+        *link = NewProperty(key, object_->document->Store(value));
 }
 
 void ObjectHandle::RemoveProperty(Name key) const
 {
     if (!object_)
         return;
-    Property* previous = nullptr;
-    for (Property* property = object_->firstProperty; property; property = property->next) {
-        if (IsSameName(property->NameView(), key.View())) {
-            (previous ? previous->next : object_->firstProperty) = property->next;
-            if (object_->lastProperty == property)
-                object_->lastProperty = previous;
-            return;
-        }
-        previous = property;
-    }
+    if (Property** const link = FindLink(key.View()); *link)
+        *link = (*link)->next;
 }
 
 Object* ConstHandle::FindChild(std::string_view name) const
@@ -108,7 +108,7 @@ void ObjectHandle::AddChild(Name name, ObjectHandle child) const
         return;
     const Name entryName = name.IsEmpty() ? child.object_->name : name;
     ChildEntry* const entry =
-        new (object_->document->Allocate(sizeof(ChildEntry), alignof(ChildEntry)))
+        new (object_->document->nodes_.Allocate(sizeof(ChildEntry), alignof(ChildEntry)))
             ChildEntry{nullptr, child.object_, entryName.Text(), entryName.Size()};
     if (object_->lastChild)
         object_->lastChild->next = entry;
@@ -144,13 +144,12 @@ ObjectHandle Document::NewObject(Name name)
 {
     ++nodeCount_;
     const std::uint64_t id = nextUniqueId.fetch_add(1, std::memory_order_relaxed);
-    return ObjectHandle(new (Allocate(sizeof(Object), alignof(Object)))
+    return ObjectHandle(new (nodes_.Allocate(sizeof(Object), alignof(Object)))
                             Object{.document = this,
                                    .uniqueId = id & kUniqueIdBits,
                                    .isRead = 0,
                                    .name = name,
                                    .firstProperty = nullptr,
-                                   .lastProperty = nullptr,
                                    .firstChild = nullptr,
                                    .lastChild = nullptr});
 }
@@ -159,7 +158,7 @@ std::string_view Document::Store(std::string_view text)
 {
     if (text.empty())
         return std::string_view("");
-    char* const copy = static_cast<char*>(Allocate(text.size(), 1));
+    char* const copy = AllocateText(text.size());
     std::memcpy(copy, text.data(), text.size());
     return {copy, text.size()};
 }

@@ -58,7 +58,6 @@ struct Object {
     mutable std::uint64_t isRead : 1; // see Document::MarkReads
     Name name;
     Property* firstProperty;
-    Property* lastProperty;
     ChildEntry* firstChild;
     ChildEntry* lastChild;
 };
@@ -212,7 +211,9 @@ public:
     void ClearChildren() const;
 
 private:
-    void InsertProperty(Name key, std::string_view value) const;
+    // The link to the property of that name, or the null link at the end of the list.
+    Property** FindLink(std::string_view key) const;
+    Property* NewProperty(Name key, std::string_view value) const;
 };
 
 // Owns nodes, names and values. Not for use by two threads at once.
@@ -229,10 +230,10 @@ public:
     std::string_view Store(std::string_view text);
     // A name for text that is no literal.
     Name Intern(std::string_view text);
-    // Raw memory of the document's arena.
-    void* Allocate(std::size_t size, std::size_t alignment)
+    // Memory for a text that lives as long as the document.
+    char* AllocateText(std::size_t size)
     {
-        return arena_.Allocate(size, alignment);
+        return static_cast<char*>(texts_.Allocate(size, alignof(char)));
     }
     // From now on each node and each property that is looked up by its name is marked, so that
     // what nobody has looked at can be found afterwards. A walk over all children or properties
@@ -243,7 +244,10 @@ public:
     std::string_view Adopt(std::string&& bytes);
 
 private:
-    Arena arena_;
+    friend class ObjectHandle;
+
+    Arena nodes_;
+    Arena texts_;
     std::forward_list<std::string> adopted_; // a list node each: short texts don't move
     std::size_t nodeCount_ = 0;
     bool marksReads_ = false;

@@ -34,7 +34,8 @@ struct ReadStop {
     std::string path;       // open elements, "xmeml/project/children"; a deep one has "..." inside
 };
 
-// Elements that the vocabulary doesn't have where they are. What is inside is not listed.
+// Elements that the vocabulary doesn't have where they are; what is inside is not listed. An
+// attribute that it doesn't have is at the path of its element: "xmeml/sequence@rating".
 struct IgnoredElements {
     std::string path; // "xmeml/sequence/media/video/track/fold"
     std::size_t count = 0;

@@ -1,4 +1,5 @@
-// Text on its way to a stream: collected in one block, handed over when the block is full.
+// Text on its way to a stream: collected in one block, handed over when the block is full. Without
+// a stream the block grows.
 #pragma once
 
 #include "core/text.h"
@@ -8,15 +9,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <iosfwd>
 #include <memory>
-#include <ostream>
 #include <string_view>
 
 namespace XPJ {
 
 class TextOut {
 public:
-    explicit TextOut(std::ostream& stream) : stream_(stream) {}
+    TextOut() = default;
+    explicit TextOut(std::ostream& stream) : stream_(&stream) {}
     TextOut(const TextOut&) = delete;
     TextOut& operator=(const TextOut&) = delete;
 
@@ -24,7 +26,7 @@ public:
     {
         if (text.empty())
             return;
-        if (text.size() > kBlockSize - size_)
+        if (text.size() > blockSize_ - size_)
             return WriteAcrossBlocks(text);
         std::memcpy(block_.get() + size_, text.data(), text.size());
         size_ += text.size();
@@ -49,7 +51,7 @@ public:
         constexpr std::size_t kMarks = std::string_view("<></>\n").size();
         const std::size_t indent = static_cast<std::size_t>(std::max(tabs, 0));
         const std::size_t length = indent + 2 * name.size() + value.size() + kMarks;
-        if (length > kBlockSize - size_ || !IsPlainText(value))
+        if (length > blockSize_ - size_ || !IsPlainText(value))
             return WriteElementInParts(tabs, name, value);
         char* next = block_.get() + size_;
         next = std::fill_n(next, indent, '\t');
@@ -81,41 +83,24 @@ public:
         Write(kTabs.substr(0, static_cast<std::size_t>(count)));
     }
 
+    // What was not handed over.
+    std::string_view Text() const { return {block_.get(), size_}; }
+    void Clear() { size_ = 0; }
+
     // To be called at the end, too: a destructor could not report a stream that throws.
-    void Flush()
-    {
-        HandOver();
-        stream_.flush();
-    }
+    void Flush();
 
 private:
-    static constexpr std::size_t kBlockSize = std::size_t{64} * 1024;
+    static constexpr std::size_t kFirstBlock = std::size_t{64} * 1024;
 
-    void WriteElementInParts(int tabs, std::string_view name, std::string_view value)
-    {
-        WriteTabs(tabs);
-        Write("<", name, ">");
-        WriteValue(value);
-        Write("</", name, ">\n");
-    }
+    void WriteElementInParts(int tabs, std::string_view name, std::string_view value);
+    void HandOver();
+    void WriteAcrossBlocks(std::string_view text);
+    void Grow(std::size_t added);
 
-    void HandOver()
-    {
-        stream_.write(block_.get(), static_cast<std::streamsize>(size_));
-        size_ = 0;
-    }
-
-    void WriteAcrossBlocks(std::string_view text)
-    {
-        HandOver();
-        if (text.size() > kBlockSize)
-            stream_.write(text.data(), static_cast<std::streamsize>(text.size()));
-        else
-            Write(text);
-    }
-
-    std::ostream& stream_;
-    std::unique_ptr<char[]> block_ = std::make_unique<char[]>(kBlockSize);
+    std::ostream* stream_ = nullptr;
+    std::size_t blockSize_ = kFirstBlock;
+    std::unique_ptr<char[]> block_ = std::make_unique_for_overwrite<char[]>(kFirstBlock);
     std::size_t size_ = 0;
 };
 

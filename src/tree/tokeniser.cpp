@@ -343,7 +343,7 @@ bool Tokeniser::TakeText(const char* begin, const char* end)
         --end;
     text_ = View(begin, end);
     if (HasControl(begin, end)) {
-        char* const copy = static_cast<char*>(document_.Allocate(text_.size(), 1));
+        char* const copy = document_.AllocateText(text_.size());
         text_ = View(copy, std::remove_copy_if(begin, end, copy, IsControl));
     }
     return !text_.empty();
@@ -357,8 +357,7 @@ std::string_view Tokeniser::Clean(const char* begin, const char* end, const char
         return View(begin, end);
     if (firstOdd + 1 == end && *firstOdd == '/')
         return View(begin, firstOdd);
-    char* const copy =
-        static_cast<char*>(document_.Allocate(static_cast<std::size_t>(end - begin), 1));
+    char* const copy = document_.AllocateText(static_cast<std::size_t>(end - begin));
     char* out = copy;
     char quote = '\0';
     for (const char* byte = begin; byte != end; ++byte) {

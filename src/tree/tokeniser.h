@@ -40,8 +40,8 @@ enum class Content {
 
 class Tokeniser {
 public:
-    // `input` must live as long as the document; so do all texts given out, which are in the input
-    // or, where they differ from it, in the document. Each KB entered is a step of `stage`.
+    // The texts given out are in the input or, where they differ from it, in the document. Each KB
+    // entered is a step of `stage`.
     Tokeniser(std::string_view input, Document& document, StageScope* stage = nullptr);
 
     Token Next(Content content);

@@ -4,7 +4,6 @@
 #include "core/text.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace XPJ {
 
@@ -25,19 +24,16 @@ bool IsBlank(std::string_view text)
 
 void TextRuns::Append(std::string_view run, Document& document)
 {
-    if (text_.empty()) {
-        text_ = run;
-        return;
+    const std::size_t size = size_ + run.size();
+    if (size > capacity_) {
+        // Most texts are one run.
+        capacity_ = size_ == 0 ? size : 2 * size;
+        char* const larger = document.AllocateText(capacity_);
+        std::copy_n(text_, size_, larger);
+        text_ = larger;
     }
-    const std::size_t size = text_.size() + run.size();
-    if (!copy_ || size > capacity_) {
-        capacity_ = 2 * size;
-        char* const larger = static_cast<char*>(document.Allocate(capacity_, 1));
-        std::memcpy(larger, text_.data(), text_.size());
-        copy_ = larger;
-    }
-    std::memcpy(copy_ + text_.size(), run.data(), run.size());
-    text_ = {copy_, size};
+    std::copy(run.begin(), run.end(), text_ + size_);
+    size_ = size;
 }
 
 TreeReader::TreeReader(const ReadingTable& table, std::string_view input, Document& document,
@@ -86,7 +82,8 @@ int TreeReader::ReadTokens(ReadStop* stop)
                 KeepText(tokens_.Text());
             break;
         case Token::CData:
-            KeepText(EscapedCData());
+            // All text in the tree is escaped text.
+            KeepText(EscapeXML(tokens_.Text()));
             break;
         case Token::SyntaxError:
             reason_ = kSecondBracket;
@@ -120,9 +117,11 @@ bool TreeReader::StartElement()
     const Element& current = open_.back();
     const TagNumber number = table_.FindTag(tokens_.Name());
     const Action action = current.rule->actions[number];
+    const StartTag tag{tokens_.Name(), tokens_.Attributes(), tokens_.IsSelfClosed(), action};
+    if (!tag.attributes.empty())
+        TakeAttributes(current, tag);
     if (action.kind == Action::Leaf)
         return ReadLeaf(number);
-    const StartTag tag{tokens_.Name(), tokens_.Attributes(), tokens_.IsSelfClosed(), action};
     if (TakeStart(current, tag))
         return true;
     if (action.kind != Action::Child) {
@@ -154,7 +153,7 @@ bool TreeReader::ReadLeaf(TagNumber tag)
             text.Append(tokens_.Text(), document_);
             break;
         case Token::CData:
-            text.Append(EscapedCData(), document_);
+            text.Append(EscapeXML(tokens_.Text()), document_);
             break;
         case Token::Start:
             break;
@@ -242,6 +241,8 @@ void TreeReader::Close()
     TakeComplete(element, parent);
 }
 
+void TreeReader::TakeAttributes(const Element&, const StartTag&) {}
+
 void TreeReader::TakeEnd(const Element&, std::string_view) {}
 
 void TreeReader::TakeComplete(const Element&, ObjectHandle) {}
@@ -254,15 +255,7 @@ void TreeReader::SetAttributes(const Rule& rule, std::string_view attributes,
     std::string_view value;
     for (const Name& name : rule.attributes)
         if (FindAttribute(attributes, name.View(), value))
-            node.SetPropertyShared(name, value);
-}
-
-// All text in the tree is escaped text.
-std::string_view TreeReader::EscapedCData()
-{
-    const std::string_view text = tokens_.Text();
-    const std::string escaped = EscapeXML(text);
-    return escaped == text ? text : document_.Store(escaped);
+            node.SetProperty(name, value);
 }
 
 // "xmeml/project/children"; of a deep path both ends are enough.

@@ -15,16 +15,17 @@
 
 namespace XPJ {
 
-// Text of one element out of several runs, appended in time linear in its length.
+// Text of one element out of several runs, appended in time linear in its length. It lives as long
+// as the document.
 class TextRuns {
 public:
-    // `run` must live as long as the document.
+    // Copies the run.
     void Append(std::string_view run, Document& document);
-    std::string_view View() const { return text_; }
+    std::string_view View() const { return {text_, size_}; }
 
 private:
-    std::string_view text_;
-    char* copy_ = nullptr; // what text_ views once it is more than one run
+    char* text_ = nullptr;
+    std::size_t size_ = 0;
     std::size_t capacity_ = 0;
 };
 
@@ -60,6 +61,8 @@ protected:
         Action action; // of the current rule
     };
 
+    // Sees each start tag that has attributes, before anything else does.
+    virtual void TakeAttributes(const Element& current, const StartTag& tag);
     // Sees each start tag that is no item first; true when nothing is left to do.
     virtual bool TakeStart(const Element& current, const StartTag& tag) = 0;
     // Sees each end tag before it closes the current element, or doesn't.
@@ -75,6 +78,9 @@ protected:
         return findAttribute_(attributes, name, value);
     }
 
+    // Of the current element: "xmeml/project/children".
+    std::string OpenPath() const;
+
     const ReadingTable& Table() const { return table_; }
     IdTable& Ids() { return ids_; }
 
@@ -84,11 +90,9 @@ private:
     bool ReadLeaf(TagNumber tag);
     bool EndElement();
     void Ignore(std::string_view tag, bool isSelfClosed);
-    std::string OpenPath() const;
     void KeepText(std::string_view text);
     void Open(const Rule& rule, std::string_view attributes);
     void Close();
-    std::string_view EscapedCData();
     void FillStop(ReadStop& stop) const;
 
     const ReadingTable& table_;

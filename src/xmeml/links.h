@@ -6,6 +6,7 @@
 
 #include <array>
 #include <compare>
+#include <cstddef>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -20,6 +21,18 @@ struct LinkKey {
     int position = 0;
 
     friend auto operator<=>(const LinkKey&, const LinkKey&) = default;
+};
+
+struct LinkKeyHash {
+    std::size_t operator()(const LinkKey& key) const
+    {
+        // Positions are the numbers that differ most.
+        const auto bits = [](int number, unsigned shift) {
+            return static_cast<std::size_t>(static_cast<unsigned>(number)) << shift;
+        };
+        return bits(key.position, 1) ^ bits(static_cast<int>(key.type), 0) ^ bits(key.track, 24) ^
+               bits(key.sequenceNumber, 40);
+    }
 };
 
 // The items of one sequence as its `link`s name them.

@@ -6,8 +6,11 @@
 #include "tree/input.h"
 #include "tree/reading.h"
 #include "tree/tree_reader.h"
+#include "xmeml/attributes.h"
 #include "xmeml/elements.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -19,6 +22,7 @@ constexpr std::size_t kProgressBlock = 1024;
 
 // What references of an element kind lead to, and where such elements may be referred to.
 struct Referable {
+    const XmemlElement* element = nullptr;
     const Definition* definition = nullptr; // null for an element without id
     std::vector<const XmemlField*> fields;
 };
@@ -30,6 +34,7 @@ std::vector<Referable> ReferablesOf(const ReadingTable& table)
     for (const Rule& rule : table.Rules()) {
         const XmemlElement& element = *FindXmemlElement(rule.name);
         Referable& referable = referables[rule.index];
+        referable.element = &element;
         referable.definition = element.definition;
         for (const XmemlField& field : element.fields)
             if (field.use.isRead && !field.reference.IsEmpty())
@@ -48,7 +53,19 @@ public:
     {
     }
 
+    std::vector<IgnoredElements> IgnoredAttributes() const { return attributes_.List(); }
+
 private:
+    void TakeAttributes(const Element& /*current*/, const StartTag& tag) override
+    {
+        if (tag.action.kind == Action::Ignore)
+            return;
+        const bool isNode = tag.action.kind == Action::Child;
+        attributes_.Take(tag.name, tag.attributes,
+                         isNode ? referables_[tag.action.rule].element : nullptr,
+                         [this] { return OpenPath(); });
+    }
+
     bool TakeStart(const Element& current, const StartTag& tag) override
     {
         if (tag.selfClosed)
@@ -84,7 +101,7 @@ private:
 
     void Refer(ObjectHandle node, Name property, Name tag, std::string_view id)
     {
-        node.SetPropertyShared(property, id);
+        node.SetProperty(property, id);
         Ids().AddReference(tag.View(), id, node, tag);
     }
 
@@ -118,6 +135,7 @@ private:
 
     Document& document_;
     std::vector<Referable> referables_ = ReferablesOf(Table());
+    UnknownAttributes attributes_;
 };
 
 } // namespace
@@ -141,20 +159,21 @@ int ReadFCPXML(const std::string& path, Progress& progress, Document& document, 
         return stage ? stage->Step(static_cast<unsigned>((bytes + kRest) / kProgressBlock))
                      : !progress.IsCancelled();
     };
-    std::string_view bytes;
-    if (!file.IsOpen() || !ReadInput(file, document, bytes, step)) {
+    InputText input;
+    if (!file.IsOpen() || !input.Read(file, step)) {
         if (progress.IsCancelled())
             return kReadCancelled;
         found.stop.reason = ErrorText(file.Error());
         return kReadNoInput;
     }
-    const std::string_view text = DecodeInput(bytes, document, found.encoding);
+    const std::string_view text = input.Decode(found.encoding);
     found.kind = SniffText(text);
     if (!stage && !text.empty())
         stage.emplace(progress, 1, stepsOf(text.size()));
     FCPXMLReader reader(text, document, stage ? &*stage : nullptr, manner);
     const int result = reader.Read(root, &found.stop);
     found.ignored = reader.Ignored();
+    std::ranges::move(reader.IgnoredAttributes(), std::back_inserter(found.ignored));
     return result;
 }
 

@@ -22,7 +22,7 @@ struct XmemlReadNotes : ReadNotes {
 int ReadFCPXML(const std::string& path, Progress& progress, Document& document, ObjectHandle& root,
                XmemlReadNotes* notes = nullptr, ReadingManner manner = ReadingManner::Letter);
 
-// The same for UTF-8 text in memory, which must live as long as the document; without progress.
+// The same for UTF-8 text in memory; without progress.
 int ParseFCPXML(std::string_view text, Document& document, ObjectHandle& root,
                 ReadStop* stop = nullptr, ReadingManner manner = ReadingManner::Letter);
 

@@ -40,6 +40,7 @@ SequenceTimecode TimecodeOfSequence(ConstHandle sequence, const SequenceRates& r
     const FrameRate rate = RateOfFrame(rates.video);
     const bool canDrop = rate.ntsc && (rate.timebase == 30 || rate.timebase == 60);
     return {.name = sequence.GetProperty("name"),
+            .node = sequence.UniqueId(),
             .edges = rates.edges,
             .frames = rates.video,
             .first = Int64Property(timecode, "frame"),

@@ -29,6 +29,7 @@ int OutputChannelsOf(ConstHandle sequence);
 // with many markers is wide.
 struct SequenceTimecode {
     std::string_view name = {};     // of the sequence
+    std::uint64_t node = 0;         // its identity
     Ticks edges = kNtscFrameTicks;  // unit of item edges
     Ticks frames = kNtscFrameTicks; // a frame
     Frames first = 0;               // number of the first one

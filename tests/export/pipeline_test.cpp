@@ -178,6 +178,64 @@ TEST(Export, NestedSequencesAreWrittenOnceEachAndSideBySide)
     EXPECT_EQ(std::set<std::string>(ids.begin(), ids.end()).size(), kCount);
 }
 
+// A sequence of `count` clips of one file, all linked to each other.
+std::string LinkedClips(int count)
+{
+    std::string links;
+    std::string items;
+    for (int i = 0; i < count; ++i) {
+        const std::string id = "ObjectRef=\"" + std::to_string(100000 + i) + "\"";
+        const Ticks start = i * 10160640000;
+        links += "<TrackItem " + id + "/>";
+        items += "<TrackItem is=\"VideoClipTrackItem\" ObjectID=\"" + std::to_string(100000 + i) +
+                 "\"><ClipTrackItem><TrackItem><Start>" + std::to_string(start) + "</Start><End>" +
+                 std::to_string(start + 10160640000) +
+                 "</End></TrackItem><SubClip is=\"SubClip\"><Clip is=\"VideoClip\"><Clip>"
+                 "<Source is=\"VideoMediaSource\"><MediaSource><Media ObjectURef=\"media\"/>"
+                 "</MediaSource></Source><InPoint>0</InPoint><OutPoint>10160640000</OutPoint>"
+                 "</Clip></Clip><MasterClip ObjectURef=\"master\"/></SubClip></ClipTrackItem>"
+                 "</TrackItem>";
+    }
+    return FlatProject(
+        "<VelaData Version=\"3\"><Project is=\"Project\"><RootProjectItem is=\"RootProjectItem\" "
+        "ObjectUID=\"root\"><ProjectItemContainer><Items>"
+        "<Item is=\"ClipProjectItem\" ObjectUID=\"i1\"><MasterClip is=\"MasterClip\" "
+        "ObjectUID=\"master\"><Clips><Clip is=\"VideoClip\"><Clip><Source "
+        "is=\"VideoMediaSource\"><MediaSource><Media is=\"Media\" ObjectUID=\"media\">"
+        "<VideoStream is=\"VideoStream\"><Duration>254016000000000</Duration>"
+        "<FrameRate>10160640000</FrameRate><FrameRect>0,0,1920,1080</FrameRect></VideoStream>"
+        "<FilePath>/m/a.mov</FilePath></Media></MediaSource></Source></Clip></Clip></Clips>"
+        "</MasterClip></Item>"
+        "<Item is=\"ClipProjectItem\" ObjectUID=\"i2\"><MasterClip is=\"MasterClip\" "
+        "ObjectUID=\"cut\"><Clips><Clip is=\"VideoClip\"><Clip><Source "
+        "is=\"VideoSequenceSource\"><SequenceSource><Sequence is=\"Sequence\" "
+        "ObjectUID=\"sequence\"><PersistentGroupContainer><LinkContainer><Links>"
+        "<Link is=\"Link\"><TrackItemGroup><TrackItems>" +
+        links +
+        "</TrackItems></TrackItemGroup></Link></Links></LinkContainer></PersistentGroupContainer>"
+        "<TrackGroups><TrackGroup><First>228cda18-3625-4d2d-951e-348879e4ed93</First>"
+        "<Second is=\"VideoTrackGroup\"><TrackGroup><FrameRate>10160640000</FrameRate><Tracks>"
+        "<Track is=\"VideoClipTrack\"><ClipTrack><ClipItems><TrackItems>" +
+        items +
+        "</TrackItems></ClipItems></ClipTrack></Track></Tracks></TrackGroup></Second></TrackGroup>"
+        "</TrackGroups></Sequence></SequenceSource></Source></Clip></Clip></Clips></MasterClip>"
+        "</Item></Items></ProjectItemContainer></RootProjectItem></Project></VelaData>");
+}
+
+// Each item of a group names all others, so that a large group would grow without limit.
+TEST(Export, LargeGroupsAreWrittenWithoutLinks)
+{
+    constexpr int kLargest = 256;
+    for (const int count : {kLargest, kLargest + 1}) {
+        const Exported exported = Export(LinkedClips(count));
+        const std::size_t links =
+            count > kLargest ? 0u : static_cast<std::size_t>(count) * kLargest;
+        constexpr std::size_t kOfBin = 1; // of the clip in the bin to itself
+        EXPECT_EQ(CountOf(exported.xmeml, "<link>"), links + kOfBin) << count;
+        EXPECT_EQ(CountOf(exported.remarks, "link.too-large"), count > kLargest ? 1u : 0u) << count;
+    }
+}
+
 TEST(Export, RatesThatCannotBe)
 {
     const auto faultOf = [](const std::string& project) -> std::string {

@@ -54,7 +54,7 @@ std::string Produce(const GoldenSection& input, const GoldenSection& output)
     if (output.name == "skipped")
         return imported.skipped;
     if (output.name == "remarks")
-        return imported.remarks;
+        return WithoutFolder(imported.remarks);
     const std::string_view project =
         std::string_view(imported.project)
             .substr(std::min(imported.project.find("<?xml"), imported.project.size()));

@@ -11,11 +11,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <set>
 #include <sstream>
+#include <string_view>
 #include <thread>
+#include <vector>
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
@@ -187,6 +193,55 @@ TEST(RemarkKinds, AreListedInTheDocumentation)
         std::ofstream(VELA_DOCS "/report.md") << document.substr(0, table) << KindTable();
     else
         EXPECT_EQ(document.substr(table), KindTable());
+}
+
+// What the tests of translations and of the tool expect.
+std::string Expectations()
+{
+    std::string text;
+    for (const char* const folder : {"data", "import", "export", "frame", "tool"})
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(
+                 std::filesystem::path(VELA_TESTS) / folder)) {
+            const std::string extension = entry.path().extension();
+            if (extension != ".case" && extension != ".sh" && extension != ".cpp")
+                continue;
+            std::ifstream file(entry.path(), std::ios::binary);
+            text.append(std::istreambuf_iterator<char>(file), {});
+        }
+    return text;
+}
+
+// The names under which cases list a kind: its own, and those of its issues.
+std::vector<std::string_view> NamesOf(const RemarkRow& row)
+{
+    constexpr int kNumbers = 64;
+    std::vector<std::string_view> names = {row.id};
+    for (const Direction direction : {Direction::Import, Direction::Export})
+        for (int number = 0; number < kNumbers; ++number)
+            if (const IssueKind* const issue = FindIssueKind(direction, number);
+                issue && issue->remark == row.kind)
+                names.push_back(issue->name);
+    return names;
+}
+
+bool HasWord(std::string_view text, std::string_view word)
+{
+    const auto isPart = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; };
+    for (std::size_t at = text.find(word); at != text.npos; at = text.find(word, at + 1)) {
+        const std::size_t end = at + word.size();
+        if ((at == 0 || !isPart(text[at - 1])) && (end == text.size() || !isPart(text[end])))
+            return true;
+    }
+    return false;
+}
+
+TEST(RemarkKinds, AreAllInACase)
+{
+    const std::string expectations = Expectations();
+    for (const RemarkRow& row : RemarkRows())
+        EXPECT_TRUE(std::ranges::any_of(NamesOf(row), [&](std::string_view name) {
+            return HasWord(expectations, name);
+        })) << row.id;
 }
 
 TEST(RemarkKinds, HaveIdsOfTheirOwnAndSentences)

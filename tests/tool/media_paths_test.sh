@@ -117,6 +117,8 @@ expect_relinked() { # DOCUMENT REPORT
     expect_no_text "$1" 'disk/1/boom'
     expect_text "$1" disk/3/LONE.WAV
     expect_text "$2" media.relinked
+    expect_text "$2" media.relink-ambiguous
+    expect_text "$2" media.not-found
     expect_text "$2" 'of 2 files with its name none was taken'
     expect_text "$2" 'none.wav is neither there nor in a folder that was searched'
     expect_no_text "$2" unexplained

@@ -300,7 +300,8 @@ CHECK
     expect_status 0 --fail-on cut-off,changed tom.xml
     expect_status 64 --fail-on everything tom.xml
     head -c $(($(wc -c <tom.xml) / 2)) tom.xml >cut.xml
-    expect_status 11 --fail-on cut-off cut.xml
+    expect_status 11 --fail-on cut-off --report cut.json cut.xml
+    expect_text cut.json '"kind":"document.cut-off"'
 }
 
 # Two clips of one file, the second with CONTENT.
@@ -325,10 +326,14 @@ losses() {
     expect_status 0 --quiet --verify one.xml
     expect_text out 'nothing was lost (verified)'
 
-    two_clips "<logginginfo><lognote>take 2</lognote></logginginfo><fold><depth>2</depth></fold>$filter" >one.xml
+    two_clips "<logginginfo><lognote>take 2</lognote></logginginfo><fold><depth>2</depth></fold>$filter" |
+        sed 's|<clipitem id="b">|<clipitem id="b" rating="5">|' >one.xml
     expect_status 0 --quiet --report one.json --verify --mark-losses one.xml
     expect_text one.json '"path":"xmeml/sequence/media/video/track/clipitem/logginginfo"'
+    expect_text one.json '"path":"xmeml/sequence/media/video/track/clipitem@rating"'
     expect_text one.json '"path":"xmeml/sequence/media/video/track/clipitem/fold"'
+    expect_text one.json '"kind":"element.unread"'
+    expect_text one.json '"kind":"element.unknown"'
     expect_no_text one.json 'fold/depth'
     expect_no_text one.json unexplained
     expect_status 0 --inspect one.vlproj
@@ -338,6 +343,22 @@ losses() {
     tail -1 out >closing
     expect_text closing 'nothing was lost (verified)'
     [ "$(grep -c '<name>lost: A</name>' back.xml)" = 2 ] || fail 'markers of an export'
+
+    # A file that states nothing of its media is an offline clip.
+    two_clips '' | sed 's|<media><video><sample.*</media></file>|</file>|' >offline.xml
+    expect_status 0 --quiet --report offline.json offline.xml
+    expect_text offline.json '"kind":"dialect.assumed"'
+
+    # Of two sequences of one name each has its own markers.
+    {
+        printf '<xmeml version="4"><project><name>P</name><children>'
+        two_clips "$filter" | sed 's|</*xmeml[^>]*>||g'
+        two_clips '' | sed 's|</*xmeml[^>]*>||g; s|id="|id="second-|g'
+        printf '</children></project></xmeml>\n'
+    } >two.xml
+    expect_status 0 --quiet --mark-losses two.xml
+    expect_status 0 --inspect two.vlproj
+    [ "$(grep -c 'marker 00:00:04:00 "lost: A"' out)" = 1 ] || fail 'markers of two sequences'
 }
 
 # Runs at once into one folder: each has a report of its own, and names it in its project.
@@ -391,13 +412,15 @@ encodings() {
     expect_text err 'broken.xml:3:8:'
     # shellcheck disable=SC2059
     printf "${text/ENC/UTF-8}" | iconv -f UTF-8 -t windows-1252 >undeclared.xml
-    expect_status 0 undeclared.xml
+    expect_status 0 --report undeclared.json undeclared.xml
+    expect_text undeclared.json '"kind":"document.invalid-bytes"'
     expect_text out 'Bytes that mean nothing in the encoding UTF-8 were replaced, at line 1, column 76'
     expect_status 0 --inspect undeclared.xml
     expect_text err 'undeclared.xml:1:76:'
     # shellcheck disable=SC2059
     printf "${text/ENC/Klingon}" >klingon.xml
-    expect_status 0 klingon.xml
+    expect_status 0 --report klingon.json klingon.xml
+    expect_text klingon.json '"kind":"document.unknown-encoding"'
     expect_text out 'The encoding Klingon is unknown'
     expect_text out '1 assumed,'
     # A project, too.

@@ -51,9 +51,9 @@ std::string HeadOf(const std::string& path)
 const Format* FormatOfContent(const std::string& path)
 {
     const std::string head = HeadOf(path);
-    Document document;
+    std::string decoded;
     EncodingFaults faults;
-    return KnownFormatOfText(DecodeInput(head, document, faults));
+    return KnownFormatOfText(DecodeDocument(head, decoded, faults));
 }
 
 void AddFolder(const fs::path& folder, bool recursive, std::vector<InputDocument>& documents,
@@ -106,15 +106,13 @@ std::vector<std::string> LinesOf(std::string_view text)
 void AddList(const std::string& path, bool recursive, std::vector<InputDocument>& documents,
              std::string& problems)
 {
-    Document document;
-    std::string_view text;
+    InputText text;
     CoreFile file;
-    if (!file.Open(path == kStandardStream ? "/dev/stdin" : path, false) ||
-        !ReadInput(file, document, text)) {
+    if (!file.Open(path == kStandardStream ? "/dev/stdin" : path, false) || !text.Read(file)) {
         problems += fmt::format("XPJConvert: {}: {}.\n", path, ErrorText(file.Error()));
         return;
     }
-    for (const std::string& line : LinesOf(text))
+    for (const std::string& line : LinesOf(text.Bytes()))
         AddInput(line, recursive, documents, problems);
 }
 

@@ -106,17 +106,16 @@ int InspectLook(const ToolOptions& options, std::string_view bytes)
 
 int Inspect(const ToolOptions& options)
 {
-    Document document;
-    std::string_view bytes;
+    InputText text;
     DocumentTimelines read;
     CoreFile file;
-    if (!file.Open(PathOf(InputOf(options)), false) || !ReadInput(file, document, bytes)) {
+    if (!file.Open(PathOf(InputOf(options)), false) || !text.Read(file)) {
         read.result = kInputCouldNotBeOpened;
         read.stop.reason = ErrorText(file.Error());
-    } else if (IsLookFile(bytes)) {
-        return InspectLook(options, bytes);
+    } else if (IsLookFile(text.Bytes())) {
+        return InspectLook(options, text.Bytes());
     } else {
-        read = ReadTimelines(bytes, FolderOf(InputOf(options)), ReadingOf(options));
+        read = ReadTimelines(text.Bytes(), FolderOf(InputOf(options)), ReadingOf(options));
     }
     if (!IsUsable(InputOf(options), read))
         return read.result;
