@@ -1,5 +1,6 @@
 #include "export/audio_channels.h"
 
+#include "core/json.h"
 #include "core/numbers.h"
 #include "core/text.h"
 
@@ -82,9 +83,9 @@ int OutputOr(std::int64_t output, int missing)
 // Rows [input,[output,...]], bare or in {"SerializerWrappedObject":rows}.
 Json MatrixRows(std::string_view text)
 {
-    Json json = Json::parse(text, nullptr, false);
+    Json json = ParseJson(text);
     if (json.is_discarded())
-        json = Json::parse(UnescapeXML(text), nullptr, false);
+        json = ParseJson(UnescapeXML(text));
     if (json.is_object())
         json = json.value("SerializerWrappedObject", Json());
     return json.is_array() ? json : Json();

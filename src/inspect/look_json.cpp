@@ -1,6 +1,8 @@
 // Looks and tables as JSON.
 #include "inspect/look_listing.h"
 
+#include "core/json.h"
+
 #include <nlohmann/json.hpp>
 
 namespace XPJ::Inspection {
@@ -109,7 +111,7 @@ std::string LookFileJson(const LookFile& file)
         json.update(TableJson(*file.table));
         json["hash"] = DigestText(file.table->hash);
     }
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+    return JsonText(json, 2) + '\n';
 }
 
 } // namespace XPJ::Inspection

@@ -1,6 +1,7 @@
 #include "inspect/media_list.h"
 
 #include "core/csv.h"
+#include "core/json.h"
 #include "core/numbers.h"
 #include "inspect/columns.h"
 #include "platform/files.h"
@@ -160,7 +161,7 @@ std::string MediaListJson(const std::vector<ListedMedia>& list)
         json["uses"] = media.uses;
         array.push_back(std::move(json));
     }
-    return array.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+    return JsonText(array, 2) + '\n';
 }
 
 std::string MediaListCsv(const std::vector<ListedMedia>& list)

@@ -2,6 +2,7 @@
 // is in memory as objects nor a comparison of two files shows more than what differs.
 #include "inspect/otio_json.h"
 
+#include "core/json.h"
 #include "inspect/otio_objects.h"
 #include "inspect/track_layout.h"
 
@@ -20,11 +21,6 @@ using Otio::Json;
 constexpr int kMostCopies = 16;
 constexpr std::size_t kMostLevels = 32;
 
-std::string Dump(const Json& json)
-{
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
 // JSON in lines, with objects whose last field is written piece by piece.
 class LineWriter {
 public:
@@ -39,7 +35,7 @@ public:
     void Add(const Json& object)
     {
         StartLine();
-        text_ += Dump(object);
+        text_ += JsonText(object);
     }
 
     std::string Take() { return std::move(text_) + "\n"; }

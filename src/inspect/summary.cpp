@@ -1,5 +1,6 @@
 #include "inspect/summary.h"
 
+#include "core/json.h"
 #include "effects/values.h"
 #include "inspect/columns.h"
 
@@ -125,7 +126,7 @@ std::string SequenceListJson(const Project& project)
                         {"videoTracks", CountTracks(sequence, MediaType::Video)},
                         {"audioTracks", CountTracks(sequence, MediaType::Audio)},
                         {"clips", CountItems(sequence)}});
-    return list.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+    return JsonText(list, 2) + '\n';
 }
 
 std::string SummaryText(const Project& project, const IsOnline& isOnline)

@@ -1,5 +1,7 @@
 #include "inspect/timeline_json.h"
 
+#include "core/json.h"
+
 #include <cstdint>
 
 #include <nlohmann/json.hpp>
@@ -12,7 +14,7 @@ using Json = nlohmann::ordered_json;
 
 std::string Dump(const Json& json)
 {
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+    return JsonText(json, 2) + '\n';
 }
 
 // `at` is the timecode of the first frame of what the time counts from.

@@ -1,5 +1,6 @@
 #include "project/marker_record.h"
 
+#include "core/json.h"
 #include "core/numbers.h"
 #include "core/text.h"
 
@@ -17,12 +18,6 @@ using Json = nlohmann::json;
 
 // Begins the key of the cue point that carries the color; a GUID follows.
 constexpr std::string_view kKeywordKey = "keywordExtHULv1_";
-
-// A discarded value for what is no JSON.
-Json Parse(std::string_view text)
-{
-    return Json::parse(text, nullptr, false);
-}
 
 // The UTF-16 unit of the escape at `position`, "\u00e9"; 0 where there is none.
 unsigned EscapedUnit(std::string_view json, std::size_t position)
@@ -67,9 +62,9 @@ Json ParseEscaped(std::string_view text)
 {
     const std::string unescaped = UnescapeXML(text);
     for (const std::string_view stated : {text, std::string_view(unescaped)}) {
-        if (Json json = Parse(stated); !json.is_discarded())
+        if (Json json = ParseJson(stated); !json.is_discarded())
             return json;
-        if (Json json = Parse(WithWholeCharacters(stated)); !json.is_discarded())
+        if (Json json = ParseJson(WithWholeCharacters(stated)); !json.is_discarded())
             return json;
     }
     return Json(Json::value_t::discarded);

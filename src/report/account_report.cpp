@@ -1,6 +1,7 @@
 #include "report/account_report.h"
 
 #include "core/csv.h"
+#include "core/json.h"
 #include "core/paths.h"
 #include "core/text.h"
 #include "report/remark_groups.h"
@@ -83,11 +84,6 @@ Json JsonOf(const OutcomeCounts& counts)
     return totals;
 }
 
-std::string DumpOf(const Json& json, int indent)
-{
-    return json.dump(indent, ' ', false, Json::error_handler_t::replace);
-}
-
 std::string CsvTextOf(const Field& field)
 {
     if (!IsPresent(field))
@@ -162,13 +158,13 @@ std::string AccountJson(const ReportHeader& header, const Account& account)
     const Json head = {{"tool", header.tool},     {"date", header.date},
                        {"input", header.input},   {"output", header.output},
                        {"result", header.result}, {"totals", JsonOf(CountOutcomes(account))}};
-    std::string text = DumpOf(head, 1);
+    std::string text = JsonText(head, 1);
     text.resize(text.size() - std::string_view("\n}").size());
     text += ",\n \"items\": [";
     RemarkTexts texts;
     for (std::size_t i = 0; i < account.remarks.size(); ++i)
         text.append(i > 0 ? ",\n  " : "\n  ")
-            .append(DumpOf(JsonOf(FieldsOf(account.remarks[i], texts)), -1));
+            .append(JsonText(JsonOf(FieldsOf(account.remarks[i], texts))));
     return text += "\n ]\n}\n";
 }
 

@@ -1,5 +1,6 @@
 #include "text/json_blob.h"
 
+#include "core/json.h"
 #include "core/text.h"
 
 #include <cmath>
@@ -72,7 +73,7 @@ Json ReadBlob(std::string_view blob)
     DepthGuard guard;
     if (!Json::sax_parse(text, &guard))
         ThrowNotWellFormed();
-    Json root = Json::parse(text, nullptr, false);
+    Json root = ParseJson(text);
     if (!root.is_object())
         ThrowNotWellFormed();
     const auto frame = root.find(kFrame);
@@ -98,7 +99,7 @@ std::string WriteBlob(std::string_view object)
 
 void AppendString(std::string_view text, std::string& json)
 {
-    json += Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
+    json += JsonText(Json(text));
 }
 
 void AppendReal(double value, std::string& json)

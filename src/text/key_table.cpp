@@ -1,5 +1,7 @@
 #include "text/key_table.h"
 
+#include "core/json.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <limits>
@@ -160,7 +162,7 @@ void ReadValue(const Json& json, PackedColor& value)
 void ReadValue(const Json& json, AnyValue& value)
 {
     if (Depth(json) <= kMaxValueDepth)
-        value.json = json.dump();
+        value.json = JsonText(json);
 }
 
 // The keys of the style are under a key of their own, or beside the text.

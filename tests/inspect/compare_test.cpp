@@ -1,3 +1,4 @@
+#include "core/json.h"
 #include "inspect/compare.h"
 #include "inspect/timeline_json.h"
 #include "inspect/timeline_text.h"
@@ -110,7 +111,7 @@ TEST(Compare, FollowsARippleThroughAllClips)
     ASSERT_EQ(differences.size(), 1000U);
     for (const Difference& difference : differences)
         EXPECT_EQ(difference.change, Change::Moved);
-    const nlohmann::json json = nlohmann::json::parse(DifferencesJson(differences));
+    const nlohmann::json json = ParseJson(DifferencesJson(differences));
     EXPECT_EQ(json["equal"], false);
     EXPECT_EQ(json["differences"][999]["frame"], 9990);
     EXPECT_EQ(json["differences"][999]["property"], "start");

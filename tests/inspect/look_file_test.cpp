@@ -1,5 +1,7 @@
 #include "inspect/look_listing.h"
 
+#include "core/json.h"
+
 #include <nlohmann/json.hpp>
 
 #include <gtest/gtest.h>
@@ -82,7 +84,7 @@ TEST(LookFile, TextOfATable)
 
 TEST(LookFile, Json)
 {
-    const nlohmann::json look = nlohmann::json::parse(LookFileJson(Read(kLook)));
+    const nlohmann::json look = ParseJson(LookFileJson(Read(kLook)));
     EXPECT_EQ(look["family"], "look");
     EXPECT_EQ(look["version"], 3);
     const nlohmann::json& layer = look["keyframes"][0]["layers"][1];
@@ -93,7 +95,7 @@ TEST(LookFile, Json)
     EXPECT_EQ(look["externalTables"][0]["fileName"], "a.cube");
     EXPECT_EQ(look["properties"][0]["weak"], true);
 
-    const nlohmann::json table = nlohmann::json::parse(LookFileJson(Read(kTable)));
+    const nlohmann::json table = ParseJson(LookFileJson(Read(kTable)));
     EXPECT_EQ(table["family"], "table");
     EXPECT_EQ(table["format"], ".cube");
     EXPECT_EQ(table["max"], nlohmann::json({2, 2, 2}));

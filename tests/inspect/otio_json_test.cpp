@@ -1,6 +1,8 @@
 // The structure of whole files is checked in tests/readers/otio_test.py; here the rules that real
 // documents rarely need.
 #include "inspect/otio_json.h"
+
+#include "core/json.h"
 #include "inspect_fixture.h"
 
 #include <algorithm>
@@ -14,7 +16,7 @@ using Json = nlohmann::json;
 
 Json Parsed(const Project& project, std::size_t only = kNothing)
 {
-    return Json::parse(WriteOtio(project, only).json);
+    return ParseJson(WriteOtio(project, only).json);
 }
 
 // Sequences that nest others, by number, on one video and one audio track each.

@@ -1,3 +1,4 @@
+#include "core/json.h"
 #include "inspect/timeline_json.h"
 #include "inspect/timeline_text.h"
 #include "inspect_fixture.h"
@@ -97,7 +98,7 @@ TEST(Timelines, IsWrittenAsJson)
 {
     const std::string text = TreeJson(Timelines(DataText("edit.xml")),
                                       [](const std::string& path) { return path.empty(); });
-    const nlohmann::json json = nlohmann::json::parse(text);
+    const nlohmann::json json = ParseJson(text);
     EXPECT_EQ(json["bins"][0]["entries"][0]["name"], "Boat");
     EXPECT_EQ(json["bins"][1]["sequence"], 0);
     EXPECT_EQ(json["media"][0]["offline"], true);

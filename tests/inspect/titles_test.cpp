@@ -1,5 +1,6 @@
 #include "inspect/titles.h"
 
+#include "core/json.h"
 #include "inspect/compare.h"
 #include "inspect/timeline_json.h"
 #include "inspect/timeline_text.h"
@@ -108,7 +109,7 @@ TEST(Titles, AreListedAsTextAndAsJson)
     const std::string text = TreeText(project, {});
     EXPECT_NE(text.find("title \"Tom & Co / live\"  Arial Bold 108  #ffffff\n"), text.npos);
     EXPECT_NE(text.find("title \"second\"  Lucida Grande Bold 45  #ffcc00\n"), text.npos);
-    const nlohmann::json json = nlohmann::json::parse(TreeJson(project, {}));
+    const nlohmann::json json = ParseJson(TreeJson(project, {}));
     EXPECT_EQ(json["sequences"][0]["tracks"][0]["items"][0]["title"], 0);
     EXPECT_EQ(json["titles"][0][0]["text"], "Tom & Co\nlive");
     EXPECT_EQ(json["titles"][0][1]["color"], "#ffcc00");

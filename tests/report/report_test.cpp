@@ -1,3 +1,4 @@
+#include "core/json.h"
 #include "platform/default_platform.h"
 #include "platform/platform.h"
 #include "report/account_report.h"
@@ -288,7 +289,7 @@ TEST(AccountReport, StatesEachFieldOnce)
 {
     Account account;
     account.remarks.push_back(RemarkAt(50, "Q \"A\", B\xFF", RemarkKind::EffectUnsupported));
-    const auto json = nlohmann::json::parse(AccountJson({.input = "a.xml"}, account));
+    const auto json = ParseJson(AccountJson({.input = "a.xml"}, account));
     EXPECT_EQ(json["totals"]["lost"], 1);
     const auto& item = json["items"][0];
     EXPECT_EQ(item["track"], "V2");

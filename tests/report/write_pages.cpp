@@ -4,6 +4,7 @@
 //   large.html       30,000 clips
 //   comparison.html  a sample and an edit of it
 //   plain.html       nothing happened, and no timelines
+#include "core/json.h"
 #include "frame/document_timelines.h"
 #include "inspect/compare.h"
 #include "page_documents.h"
@@ -85,7 +86,7 @@ Json AccountOf(const Project& project, IsHit isHit)
 
 std::string Dump(const Json& json)
 {
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+    return JsonText(json);
 }
 
 Project Sample(const char* name)

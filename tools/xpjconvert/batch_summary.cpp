@@ -1,6 +1,7 @@
 #include "xpjconvert/batch_summary.h"
 
 #include "core/csv.h"
+#include "core/json.h"
 
 #include <array>
 #include <cmath>
@@ -50,7 +51,7 @@ Columns ColumnsOf(const BatchRow& row)
 // In one line. Names that are no UTF-8 get replacement characters.
 std::string LineOf(const Json& json)
 {
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+    return JsonText(json);
 }
 
 std::string JsonOf(const BatchRow& row)

@@ -1,6 +1,7 @@
 #include "report/page/page_timelines.h"
 
 #include "core/frame_rate.h"
+#include "core/json.h"
 
 #include <string_view>
 #include <unordered_map>
@@ -166,9 +167,7 @@ std::string PageTimelinesJson(std::string_view title,
                               std::span<const Inspection::Project* const> projects,
                               std::span<const Inspection::Difference> differences)
 {
-    return TimelinesBuilder()
-        .Build(title, projects, differences)
-        .dump(-1, ' ', false, Json::error_handler_t::replace);
+    return JsonText(TimelinesBuilder().Build(title, projects, differences));
 }
 
 } // namespace XPJ
