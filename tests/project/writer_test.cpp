@@ -226,11 +226,45 @@ TEST(ProjectWriter, EveryClassDefinesWhatItMentions)
     }
 }
 
+// So many that several threads print them.
+TEST(ProjectWriter, ManyObjectsKeepTheirOrder)
+{
+    constexpr std::size_t kMarkers = 5000;
+    Document d;
+    const ObjectHandle inlet = Make(d, "AudioTrackInlet");
+    for (std::size_t i = 0; i < kMarkers; ++i)
+        inlet.AddChild("Source",
+                       Make(d, "Marker", {{"StartTime", std::to_string(i)}, {"Color", "1"}}));
+    const ObjectHandle document = Make(d, "Document", {}, {{"Inlet", inlet}});
+    const std::string text = ProjectText(document);
+
+    const std::vector<std::string> ids = Values(text, "ObjectID");
+    ASSERT_EQ(ids.size(), kMarkers + 1);
+    std::set<std::string> guids;
+    std::size_t at = 0;
+    for (std::size_t i = 0; i < kMarkers; ++i) {
+        ASSERT_EQ(ids[i], std::to_string(i + 1));
+        constexpr std::string_view kGuidKey = "keywordExtHULv1_";
+        at = text.find(kGuidKey, at) + kGuidKey.size();
+        guids.insert(text.substr(at, text.find('"', at) - at));
+        const std::size_t start = text.find(R"("mStartTime":{"ticks":)", at);
+        const std::string expected = R"("mStartTime":{"ticks":)" + std::to_string(i) + "}";
+        ASSERT_EQ(text.substr(start, expected.size()), expected);
+        at = start;
+    }
+    EXPECT_EQ(guids.size(), kMarkers);
+
+    // A fault in one block, while others are printed.
+    for (std::size_t i = 0; i < kMarkers; ++i)
+        inlet.AddChild("Source", Make(d, i == kMarkers / 2 ? "SubClip" : "Dependency"));
+    EXPECT_THROW(ProjectText(document), std::logic_error);
+}
+
 TEST(ProjectWriter, CancelsAtEachCheck)
 {
     Document d;
     const ObjectHandle inlet = Make(d, "AudioTrackInlet");
-    for (int i = 0; i < 1000; ++i)
+    for (int i = 0; i < 3000; ++i)
         inlet.AddChild("Source", Make(d, "Dependency"));
     const ObjectHandle project =
         Make(d, "Document", {}, {{"Inlet", inlet}, {"Project", Make(d, "Project")}});
@@ -240,8 +274,8 @@ TEST(ProjectWriter, CancelsAtEachCheck)
         return WriteProjectDocument(project, progress, output, false);
     };
     const TestProgress whole = ExpectStopsAtEachCheck(job, kWriteDone, kWriteCancelled);
-    EXPECT_EQ(whole.totals, (std::vector<unsigned>{3, 1001}));
-    EXPECT_EQ(whole.advanced, 3u + 1001u);
+    EXPECT_EQ(whole.totals, (std::vector<unsigned>{3, 3001}));
+    EXPECT_EQ(whole.advanced, 3u + 3001u);
 }
 
 TEST(ProjectWriter, EmptyIdIsPrintedAndWritten)
