@@ -153,7 +153,7 @@ TEST(Compare, WhatEachFamilyStatesInItsOwnWay)
     // A chapter that becomes an ordinary marker differs.
     const std::vector<Difference> kinds =
         Compare(Timelines(documentOf(clip, markerOf(" &lt;CHAPTER one"))),
-                Timelines(documentOf(clip, markerOf("one"))));
+                Timelines(documentOf(clip, markerOf(" one"))));
     ASSERT_EQ(kinds.size(), 1U) << DifferencesText(kinds);
     EXPECT_EQ(kinds[0].kind, Property::MarkerKind);
 }
