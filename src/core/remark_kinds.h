@@ -44,6 +44,7 @@ enum class RemarkKind : std::uint8_t {
     EffectDisabledLost,
     KeyframeInterpolation,
     SpeedCurveOfAudio,
+    TransitionCut,
     Unexplained,
     MediaPathMapped,
     MediaRelinked,
@@ -92,6 +93,9 @@ enum class RemarkKind : std::uint8_t {
     MergedClipMoved,
     ScaleAssumed,
     TitleKind,
+    MasterShared,
+    LayersAsClips,
+    PointRounded,
 
     // Of the export
     FaderAutomation,
@@ -127,6 +131,7 @@ enum class RemarkKind : std::uint8_t {
     GeneratorEffect,
     TitleSimplified,
     TitleInOneLook,
+    GraphicWithoutText,
     MarkerLost,
     MarkerKind,
     MarkerOutside,

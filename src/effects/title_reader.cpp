@@ -107,10 +107,11 @@ struct NeutralParameter {
     std::string_view id;
     std::string_view values = {}; // empty: any
 };
+constexpr std::string_view kOn = "TRUE"; // of a switch
 constexpr NeutralParameter kNeutralParameters[] = {
     {"aspect", "1"},    {"fonttrack", "0 1"},
     {"track", "0 1"},   {"leading", "0"},
-    {"lead", "0"},      {"autokern"},
+    {"lead", "0"},      {"autokern", kOn},
     {"subpixel"},       {"textopacity", "100"},
     {"linesoft", "0"},  {"soft", "0"},
     {"feather", "0"},   {"xscale", "0"}, // of a background, which has no size then
@@ -349,12 +350,20 @@ bool IsReadOf(ConstHandle generator, std::string_view id)
     return FindRow(kTitleParameters, id) != nullptr;
 }
 
+// A switch that states nothing is on.
+bool IsOn(std::string_view value)
+{
+    return value.empty() || EqualsIgnoreCase(value, kOn) || value == "1";
+}
+
 bool IsNeutralParameter(ConstHandle parameter)
 {
     const NeutralParameter* const row =
         FindRow(kNeutralParameters, parameter.GetProperty("parameterid"));
     if (!row)
         return false;
+    if (row->values == kOn)
+        return IsOn(PlainValue(parameter));
     const ParamRow neutral = XmemlOnly({.neutral = row->values});
     return row->values.empty() || IsHarmless(&neutral, parameter);
 }

@@ -134,10 +134,13 @@ void ReportReplaced(ExportContext& context, Media media)
 
 ObjectHandle GeneratorCatalog::EffectOf(ExportContext& context, const GeneratorSource& source)
 {
-    if (MediaKindOf(source.media) == MediaKind::Graphic)
+    if (MediaKindOf(source.media) == MediaKind::Graphic) {
         for (const ConstHandle& owner : {source.chain, VideoChainOfMaster(source.masterClip)})
             if (const ObjectHandle effect = MakeEffectOfGraphic(context, source, owner))
                 return effect;
+        AddRemark(context.account, RemarkKind::GraphicWithoutText, *source.location,
+                  {.name = source.media.GetProperty("Title")});
+    }
     const auto [entry, isNew] = effects_.try_emplace(source.media.UniqueId());
     if (isNew)
         entry->second = MakeEffectOfMedia(context, source);

@@ -11,6 +11,8 @@
 #include "export/transitions.h"
 #include "xmeml/files.h"
 
+#include <algorithm>
+
 namespace XPJ::RVX {
 
 namespace {
@@ -64,13 +66,26 @@ struct ItemEdge {
     ConstHandle transition;
 };
 
+// An edge at a transition follows from the cut in it.
+void ReportCut(ExportContext& context, const TrackContext& track, const ItemRecord& record,
+               const ItemEdge& edge)
+{
+    const Ticks cut = WrittenCut(edge.transition);
+    const Ticks distance = SubtractTicks(std::max(cut, edge.time), std::min(cut, edge.time));
+    if (distance >= track.sequence.frameTicks)
+        AddRemark(context, record, RemarkKind::TransitionCut,
+                  {.name = edge.transition.GetProperty("DisplayName")});
+}
+
 // Where there is a transition its own edges count. The sequence that an import makes of a slug is
 // of one length at any rate.
 void ReportEdge(ExportContext& context, const TrackContext& track, const ItemRecord& record,
                 const ItemEdge& edge)
 {
+    if (IsTransition(edge.transition))
+        return ReportCut(context, track, record, edge);
     const Ticks lost = LostBehindFrame(edge.time, record.timing);
-    if (lost == 0 || IsTransition(edge.transition) || edge.time == kSlugSequenceDuration)
+    if (lost == 0 || edge.time == kSlugSequenceDuration)
         return;
     const std::string detail =
         std::string(edge.name).append(" by ").append(FramesText(lost, track.sequence));

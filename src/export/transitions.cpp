@@ -42,6 +42,19 @@ void ReportEdge(const EffectContext& effects, const TrackContext& track, Name ed
 
 } // namespace
 
+Ticks WrittenCut(ConstHandle transition)
+{
+    const Ticks start = Int64Property(transition, "Start");
+    const Ticks length = SubtractTicks(Int64Property(transition, "End"), start);
+    const Ticks cut = Int64Property(transition, "Alignment");
+    if (cut > 0 && cut < length)
+        return AddTicks(start, cut);
+    const std::string_view alignment = TransitionAlignment(transition);
+    if (alignment == "center")
+        return AddTicks(start, length / 2);
+    return alignment.starts_with("start") ? start : AddTicks(start, length);
+}
+
 void TranslateTransition(ExportContext& context, TrackContext& track, ConstHandle transition)
 {
     if (!IsTransition(transition))

@@ -34,7 +34,8 @@ const Explanation kExplanations[] = {
     {"keyframe.", {Property::Effect, Property::Parameter}},
     {"pan.", {Property::Effect, Property::Parameter}},
     {"audio.",
-     {Property::Effect, Property::Parameter, Property::Speed, Property::In, Property::Out}},
+     {Property::Effect, Property::Parameter, Property::Speed, Property::In, Property::Out,
+      Property::SourceChannel}},
     {"composite-mode.", {Property::CompositeMode}},
     {"label.", {Property::Label}},
     {"look.", {Property::Effect, Property::Parameter}},
@@ -55,6 +56,12 @@ bool IsExtension(RemarkKind kind)
     return kind == RemarkKind::StartExtended || kind == RemarkKind::EndExtended;
 }
 
+// True for what is only known by its element where the remark has no place.
+bool IsOfElement(RemarkKind kind)
+{
+    return kind == RemarkKind::ElementUnread || kind == RemarkKind::ElementUnknown;
+}
+
 // Where something is; a remark may know less than a difference.
 struct Place {
     std::string sequence = {};
@@ -64,15 +71,48 @@ struct Place {
     friend auto operator<=>(const Place&, const Place&) = default;
 };
 
+// A marker of an item is where the item is.
+Place PlaceOf(const Difference& difference, const ComparedTimelines& documents)
+{
+    const bool isInFirst = difference.first.item.item != Inspection::kNothing;
+    const Inspection::DifferenceLocation& at = isInFirst ? difference.first : difference.second;
+    if (difference.subject != Subject::Marker || at.item.item == Inspection::kNothing)
+        return {difference.sequence, difference.track, difference.frame};
+    const DocumentTimelines& document = isInFirst ? documents.first : documents.second;
+    const Inspection::Sequence& sequence = document.project.sequences[at.sequence];
+    const Inspection::Track& track = sequence.tracks[at.item.track];
+    return {difference.sequence, Inspection::TrackText(track),
+            sequence.format.Frames(track.items[at.item.item].start)};
+}
+
+// The clip of a bin that differs, or whose marker does. A layer has the name of its image after its
+// own, "Layer 1/Poster".
+std::string ClipOf(const Difference& difference)
+{
+    if (difference.subject == Subject::BinClip && difference.change == Inspection::Change::Added)
+        return difference.name.substr(difference.name.find('/') + 1);
+    if (difference.subject != Subject::Marker || !difference.sequence.empty())
+        return difference.name;
+    const std::size_t step = difference.bin.rfind(Inspection::kStep);
+    return step == std::string::npos ? difference.bin
+                                     : difference.bin.substr(step + Inspection::kStep.size());
+}
+
 class KnownRemarks {
 public:
-    explicit KnownRemarks(const Account& account)
+    KnownRemarks(const Account& account, const ComparedTimelines& documents,
+                 const std::vector<Difference>& differences)
+        : documents_(documents)
     {
+        for (const Difference& difference : differences)
+            if (difference.subject == Subject::BinClip && difference.kind == Property::Name)
+                renamed_[difference.before].push_back(difference.after);
         for (const Remark& remark : account.remarks) {
-            places_[{UnescapeXML(remark.sequence), TrackText(remark), remark.span.start}].push_back(
-                remark.kind);
-            if (remark.sequence.empty())
+            if (remark.sequence.empty() && !remark.clip.empty())
                 clips_[UnescapeXML(remark.clip)].push_back(remark.kind);
+            else if (!remark.sequence.empty() || !IsOfElement(remark.kind))
+                places_[{UnescapeXML(remark.sequence), TrackText(remark), remark.span.start}]
+                    .push_back(remark.kind);
             // What happened to a transition for its sake is about the clip beside it.
             if (IsExtension(remark.kind))
                 transitions_[{UnescapeXML(remark.sequence), TrackText(remark)}].push_back(
@@ -82,16 +122,26 @@ public:
 
     bool Explain(const Difference& difference) const
     {
-        const Place exact{difference.sequence, difference.track, difference.frame};
-        return Has(places_, exact, difference) ||
-               Has(places_, Place{difference.sequence, difference.track}, difference) ||
-               Has(places_, Place{difference.sequence}, difference) ||
-               Has(clips_, difference.name, difference) ||
-               (difference.subject == Subject::Transition &&
-                Has(transitions_, Place{difference.sequence, difference.track}, difference));
+        const Place exact = PlaceOf(difference, documents_);
+        const Place track{exact.sequence, exact.track};
+        return Has(places_, exact, difference) || Has(places_, track, difference) ||
+               Has(places_, Place{exact.sequence}, difference) || IsClipExplained(difference) ||
+               (difference.subject == Subject::Transition && Has(transitions_, track, difference));
     }
 
 private:
+    // A remark may have the name that the clip has in the output.
+    bool IsClipExplained(const Difference& difference) const
+    {
+        const std::string clip = ClipOf(difference);
+        const auto renamed = renamed_.find(clip);
+        return Has(clips_, clip, difference) ||
+               (renamed != renamed_.end() &&
+                std::ranges::any_of(renamed->second, [&](const std::string& name) {
+                    return Has(clips_, name, difference);
+                }));
+    }
+
     template <class Key>
     static bool Has(const std::map<Key, std::vector<RemarkKind>>& known, const Key& key,
                     const Difference& difference)
@@ -103,9 +153,11 @@ private:
                });
     }
 
+    const ComparedTimelines& documents_;
     std::map<Place, std::vector<RemarkKind>> places_;
-    std::map<std::string, std::vector<RemarkKind>> clips_; // of remarks about media and bins
-    std::map<Place, std::vector<RemarkKind>> transitions_; // of remarks about clips beside them
+    std::map<std::string, std::vector<RemarkKind>> clips_;    // of remarks about media and bins
+    std::map<std::string, std::vector<std::string>> renamed_; // names of clips in the output
+    std::map<Place, std::vector<RemarkKind>> transitions_;    // of remarks about clips beside them
 };
 
 Remark RemarkOf(const Difference& difference)
@@ -142,9 +194,10 @@ void AddUnexplained(const ComparedTimelines& documents, bool marksLosses, Accoun
                   {.name = "document", .detail = "it can't be read back"});
         return;
     }
-    const KnownRemarks known(account);
+    const std::vector<Difference> differences = Compare(input.project, output.project);
+    const KnownRemarks known(account, documents, differences);
     std::vector<Remark> unexplained;
-    for (const Difference& difference : Compare(input.project, output.project))
+    for (const Difference& difference : differences)
         if (!known.Explain(difference) && !(marksLosses && IsNewMarker(difference)))
             unexplained.push_back(RemarkOf(difference));
     account.remarks.insert(account.remarks.end(), unexplained.begin(), unexplained.end());

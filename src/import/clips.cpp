@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "import/generators.h"
 #include "import/layered_images.h"
+#include "import/logging.h"
 #include "import/masters.h"
 #include "import/multiclips.h"
 #include "import/project_items.h"
@@ -211,7 +212,9 @@ bool AddFileItem(ImportState& state, ConstHandle clip, const ClipFile& entry,
             TranslateLayers(state, ClipItem(clip), ofClip, parentItem);
         return true;
     }
-    if (!master) {
+    if (master) {
+        RemarkOnSharedMaster(state, clip, master, [&] { return LocationOfClip(state, clip); });
+    } else {
         const ConstHandle item = entry.item ? entry.item : clip;
         master =
             BuildFileMaster(state, ClipItem(item), {item, entry.file}, IsExploded(clip)).master;

@@ -72,6 +72,25 @@ void AddPoints(const TrackContext& track, const ClipItem& item, const ItemTiming
     clip.SetProperty("OutPoint", TickText(range.out));
 }
 
+// A point where the document has it.
+Ticks StatedPoint(const StatedTime& exact, Frames frames, Ticks unit, double speed)
+{
+    return exact.IsStated() ? exact.value : UnroundedTicks(frames, unit, speed);
+}
+
+// On points that were between two frames. Those before the media have an issue.
+void RemarkOnPoints(const TrackContext& track, const ClipItem& item, const ItemTimes& times,
+                    const SourceRange& stated, const SourceRange& range)
+{
+    constexpr Ticks kNoise = 2; // of products in floating point
+    const auto isMoved = [](Ticks from, Ticks to) {
+        return from > 0 && to >= 0 && std::max(from, to) - std::min(from, to) > kNoise;
+    };
+    if (isMoved(stated.in, range.in) || isMoved(stated.out, range.out))
+        AddRemark(track.sequence.state.account, RemarkKind::PointRounded,
+                  LocationOfItem(track, item.GetProperty("name"), times.start, times.end));
+}
+
 ObjectHandle MakeItemSubClip(ImportState& state, ConstHandle item, ObjectHandle clip,
                              MasterClipHandle master)
 {
@@ -83,9 +102,9 @@ ObjectHandle MakeItemSubClip(ImportState& state, ConstHandle item, ObjectHandle 
     return parts.subClip;
 }
 
-// The label of an item, and what is lost of it and of the markers.
+// The label of an item, and what is lost of it, of the markers and of what its master states.
 void CopyNotes(const TrackContext& track, const ClipItem& item, const ItemTimes& times,
-               ObjectHandle clip)
+               ConstHandle master, ObjectHandle clip)
 {
     ImportState& state = track.sequence.state;
     const auto locate = [&] {
@@ -94,6 +113,7 @@ void CopyNotes(const TrackContext& track, const ClipItem& item, const ItemTimes&
     if (!CopyLabel(state, item, clip, kClipLabel))
         RemarkOnLabel(state, item, locate());
     RemarkOnMarkers(state, item, locate);
+    RemarkOnSharedMaster(state, item, master, locate);
 }
 
 // The channel of its source that a `clipitem` plays, from 0.
@@ -216,13 +236,17 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
     const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Video,
                                               masterClip.GetChild("Source"), unit);
     const ObjectHandle clip = MakeVideoClip(document, source, FieldsOf(item, speed));
-    CopyNotes(track, item, timing.times, clip);
+    CopyNotes(track, item, timing.times, master, clip);
 
     SourceRange range{.in = ScaledTicks(timing.times.in, unit, speed.speed),
                       .out = OutTicks(timing.times.out, unit, speed.speed)};
     if (state.options.settings.openInterchange)
         range = {.in = ExactPoint(item.times.exactIn).value_or(range.in),
                  .out = ExactPoint(item.times.exactOut).value_or(range.out)};
+    RemarkOnPoints(track, item, timing.times,
+                   {.in = StatedPoint(item.times.exactIn, timing.times.in, unit, speed.speed),
+                    .out = StatedPoint(item.times.exactOut, timing.times.out, unit, speed.speed)},
+                   range);
     AddPoints(track, item, timing, range, clip);
     AddFrameHold(item, track.sequence.rates.edges, clip);
     clip.AddChild("Markers", TranslateMarkers(document, item, unit));
@@ -247,15 +271,20 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
                                               channels.At(sourceChannel).clip.GetChild("Source"),
                                               track.sequence.rates.audio);
     const ObjectHandle clip = MakeAudioClip(document, source, FieldsOf(item, speed));
-    CopyNotes(track, item, timing.times, clip);
+    CopyNotes(track, item, timing.times, master, clip);
 
     const Frames delay = Int64Property(item, "mediadelay");
     const Ticks in = ScaledTicks(AddTicks(timing.times.in, delay), unit, speed.speed);
     const Ticks out = OutTicks(AddTicks(timing.times.out, delay), unit, speed.speed);
-    AddPoints(track, item, timing,
-              {.in = ExactPoint(item.times.exactIn).value_or(in),
-               .out = ExactPoint(item.times.exactOut).value_or(out)},
-              clip);
+    const SourceRange range{.in = ExactPoint(item.times.exactIn).value_or(in),
+                            .out = ExactPoint(item.times.exactOut).value_or(out)};
+    RemarkOnPoints(
+        track, item, timing.times,
+        {.in = StatedPoint(item.times.exactIn, AddTicks(timing.times.in, delay), unit, speed.speed),
+         .out = StatedPoint(item.times.exactOut, AddTicks(timing.times.out, delay), unit,
+                            speed.speed)},
+        range);
+    AddPoints(track, item, timing, range, clip);
     const int channelCount = ChannelCountOf(channelType);
     clip.SetProperty("SecondaryIndex", IntToString(sourceChannel));
     clip.SetPropertyShared("Gain", HasValue(item, "velaGain") ? item.GetProperty("velaGain")

@@ -92,6 +92,7 @@ std::vector<Layer> MakeLayers(const ImportState& state, const FileUse& use)
 void TranslateLayers(ImportState& state, const ClipItem& element, const FileUse& use,
                      ObjectHandle parentItem)
 {
+    AddRemark(state.account, RemarkKind::LayersAsClips, LocationOfClip(state, element));
     for (const Layer& layer : MakeLayers(state, use)) {
         const MediaSources sources{.video = {layer.source}, .audio = {}};
         const MasterClipHandle master =

@@ -95,6 +95,54 @@ char LowerCase(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+// Every field is looked at, so that none counts as unread.
+bool StatesOther(std::span<const LoggingField> fields, ConstHandle own, ConstHandle kept)
+{
+    return std::ranges::count_if(fields, [&](const LoggingField& field) {
+               const std::string_view value = own.GetProperty(field.element);
+               return !value.empty() && value != kept.GetProperty(field.element);
+           }) > 0;
+}
+
+bool HasOtherLogging(ConstHandle own, ConstHandle kept)
+{
+    constexpr LoggingField kGood[] = {{"good", "Good"}};
+    const bool isOther = StatesOther(LoggingFields(), own, kept);
+    return StatesOther(kGood, own, kept) || isOther;
+}
+
+bool HasOtherFilm(ConstHandle own, ConstHandle kept)
+{
+    const bool isOther = StatesOther(FilmFields(), own, kept);
+    return StatesOther(KeycodeFields(), own.GetChild("keycode"), kept.GetChild("keycode")) ||
+           isOther;
+}
+
+bool HasOtherComments(ConstHandle own, ConstHandle kept)
+{
+    return StatesOther(CommentFields(), own, kept);
+}
+
+bool IsSameMarker(ConstHandle a, ConstHandle b)
+{
+    constexpr Name kFields[] = {"name", "comment", "in", "out"};
+    return std::ranges::all_of(
+        kFields, [&](Name field) { return a.GetProperty(field) == b.GetProperty(field); });
+}
+
+bool HasOtherMarkers(ConstHandle element, ConstHandle origin)
+{
+    const auto own = element.GetChildren("marker");
+    const auto kept = origin.GetChildren("marker");
+    auto other = kept.begin();
+    for (const ConstHandle& marker : own) {
+        if (!(other != kept.end()) || !IsSameMarker(marker, *other))
+            return true;
+        ++other;
+    }
+    return other != kept.end();
+}
+
 } // namespace
 
 ObjectHandle MakeLoggingInfo(const ImportState& state, ConstHandle element)
@@ -143,6 +191,26 @@ void CopyGoodFlag(ConstHandle element, ObjectHandle target)
     std::ranges::transform(good, good.begin(), LowerCase);
     if (!good.empty())
         target.SetProperty("Column.PropertyBool.Good", good);
+}
+
+void RemarkOnSharedMaster(ImportState& state, ConstHandle element, ConstHandle master,
+                          const std::function<ItemLocation()>& locate)
+{
+    const ConstHandle origin = state.masters.OriginOf(master);
+    if (!origin || origin == element)
+        return;
+    const auto compare = [&](Name list, bool (*differs)(ConstHandle, ConstHandle)) {
+        const ConstHandle own = element.GetChild(list);
+        if (own && differs(own, origin.GetChild(list)))
+            AddRemark(state.account, RemarkKind::MasterShared, locate(), {.detail = list.View()});
+    };
+    compare("logginginfo", HasOtherLogging);
+    compare("filmdata", HasOtherFilm);
+    if (IsTrackItem(element)) { // in a bin it has comments of its own
+        compare("comments", HasOtherComments);
+    } else if (HasOtherMarkers(element, origin)) {
+        AddRemark(state.account, RemarkKind::MasterShared, locate(), {.detail = "marker"});
+    }
 }
 
 bool CopyLabel(const ImportState& state, ConstHandle element, ObjectHandle target,

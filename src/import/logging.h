@@ -6,6 +6,8 @@
 #include "tree/object.h"
 #include "xmeml/files.h"
 
+#include <functional>
+
 namespace XPJ {
 
 // A new ClipLoggingInfo for a `clip`, `clipitem` or `sequence`.
@@ -20,6 +22,11 @@ void CopyComments(ConstHandle element, ObjectHandle target);
 
 // Copies `good` of the `logginginfo`, in lower case.
 void CopyGoodFlag(ConstHandle element, ObjectHandle target);
+
+// On descriptions that an element states otherwise than the one of which its master was built, and
+// on the markers of a `clip`.
+void RemarkOnSharedMaster(ImportState& state, ConstHandle element, ConstHandle master,
+                          const std::function<ItemLocation()>& locate);
 
 // Copies the label of an element. To the letter a label is one of the host's colors, by its name;
 // others write nothing. False for a label that is lost.

@@ -121,6 +121,12 @@ const MergeComponent* MasterCatalog::ComponentOf(ConstHandle master) const
     return found == components_.end() ? nullptr : &found->second;
 }
 
+ConstHandle MasterCatalog::OriginOf(ConstHandle master) const
+{
+    const auto found = origins_.find(master.UniqueId());
+    return found == origins_.end() ? ConstHandle() : found->second;
+}
+
 void MasterCatalog::AddClipId(ObjectHandle master, ObjectHandle clipId)
 {
     clipIds_.push_back({master, clipId});

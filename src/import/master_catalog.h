@@ -137,6 +137,13 @@ public:
         return deferredItems_[mergeId];
     }
 
+    // The element of which a master was built; null for one that was built of none.
+    ConstHandle OriginOf(ConstHandle master) const;
+    void SetOrigin(ConstHandle master, ConstHandle element)
+    {
+        origins_.emplace(master.UniqueId(), element);
+    }
+
     // A master gets the `ChildClipID`s of its items at the end, so that no search in its children
     // passes over those of all its items.
     void AddClipId(ObjectHandle master, ObjectHandle clipId);
@@ -152,6 +159,7 @@ private:
     std::unordered_map<std::string_view, MasterClipHandle> multiclips_;
     std::unordered_map<std::string, MasterClipHandle> equalMulticlips_;
     std::unordered_map<std::uint64_t, MergeComponent> components_; // by `uniqueId` of the master
+    std::unordered_map<std::uint64_t, ConstHandle> origins_;       // likewise
     std::vector<std::string_view> mergeIds_;
     std::unordered_set<std::string_view> knownMergeIds_;
     std::set<std::pair<std::string_view, std::string_view>> begunLayers_;

@@ -206,6 +206,8 @@ MasterClipHandle BuildMasterClip(ImportState& state, const ClipItem& element,
     Document& document = state.document;
     const MasterClipHandle master(document.NewObject("MasterClip"));
     AddUid(master);
+    if (element)
+        state.masters.SetOrigin(master, element);
     master.SetProperty("Name", fields.name.empty() ? element.GetProperty("name") : fields.name);
     for (const ObjectHandle& source : fields.sources.video)
         master.AddChild("Clip", MakeMasterVideoClip(state, element, source));

@@ -283,6 +283,23 @@ void RemarkOnNeighbours(const TrackContext& context, ConstHandle item, const Nei
                   {.name = EffectName(effect)});
 }
 
+// On a cut inside a transition that is not the one of its neighbours.
+void RemarkOnCut(const TrackContext& context, ConstHandle item, ObjectHandle transition,
+                 const Neighbours& found)
+{
+    if (!found.outgoing || !found.incoming)
+        return;
+    const Ticks cut =
+        AddTicks(Int64Property(transition, "Start"), Int64Property(transition, "Alignment"));
+    const Ticks edge = EndOf(found.outgoing);
+    const Ticks distance = SubtractTicks(std::max(cut, edge), std::min(cut, edge));
+    if (found.outgoingDelta == 0 && distance >= context.sequence.rates.edges)
+        AddRemark(context.sequence.state.account, RemarkKind::TransitionCut,
+                  LocationOfItem(context, item.GetProperty("name"), Int64Property(item, "start"),
+                                 Int64Property(item, "end")),
+                  {.name = EffectName(item.GetChild("effect"))});
+}
+
 // Attaches a transition to its neighbours.
 void Attach(const TrackContext& context, ConstHandle item, ObjectHandle transition,
             ItemsByStart& items)
@@ -299,6 +316,7 @@ void Attach(const TrackContext& context, ConstHandle item, ObjectHandle transiti
     transition.SetPropertyShared("HasIncomingClip", BoolText(static_cast<bool>(found.incoming)));
     transition.SetProperty("Alignment",
                            CutText(item, found, alignment.cut, SubtractTicks(end, start)));
+    RemarkOnCut(context, item, transition, found);
 
     const std::string_view name = EffectName(item.GetChild("effect"));
     ExtendNeighbour(context, items, {found.outgoing, found.outgoingDelta}, name);

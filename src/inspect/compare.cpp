@@ -191,12 +191,12 @@ std::vector<Difference> Compare(const Project& a, const Project& b)
         return std::pair(CountItems(sequence), sequence.Length());
     });
     for (std::size_t i = 0; i < a.sequences.size(); ++i)
-        if (const std::size_t partner = matching.PartnerInB(i); partner == kNothing)
-            found.push_back(WholeSequence(Change::Lost, a, i));
-        else
+        if (const std::size_t partner = matching.PartnerInB(i); partner != kNothing)
             CompareSequences({a, b, a.sequences[i], b.sequences[partner]}, browser, found);
+        else if (!a.sequences[i].isSlug)
+            found.push_back(WholeSequence(Change::Lost, a, i));
     for (std::size_t i = 0; i < b.sequences.size(); ++i)
-        if (matching.PartnerInA(i) == kNothing)
+        if (matching.PartnerInA(i) == kNothing && !b.sequences[i].isSlug)
             found.push_back(WholeSequence(Change::Added, b, i));
     return found;
 }

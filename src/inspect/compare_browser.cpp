@@ -12,7 +12,17 @@ namespace XPJ::Inspection {
 
 namespace {
 
-constexpr std::string_view kStep = " / "; // between the bins of a path
+// A slug of a bin is a clip in a document and a sequence in a project.
+bool IsSequence(const Project& project, const Entry& entry)
+{
+    return entry.kind == EntryKind::Sequence &&
+           !(entry.sequence != kNothing && project.sequences[entry.sequence].isSlug);
+}
+
+bool IsClip(const Project& project, const Entry& entry)
+{
+    return entry.kind != EntryKind::Bin && !IsSequence(project, entry);
+}
 
 std::string_view NameOf(const Entry& entry)
 {
@@ -73,7 +83,7 @@ BrowserComparison::Side::Side(const Project& read)
         }
         if (entry.kind == EntryKind::Bin)
             bins.push_back(i);
-        if (entry.kind == EntryKind::Clip)
+        if (IsClip(read, entry))
             clips.push_back(i);
         if (entry.sequence != kNothing)
             ofSequence[entry.sequence] = i;
@@ -186,7 +196,7 @@ void BrowserComparison::CompareEntries(DifferenceList& differences) const
     const ShownByItems shownRight(*right_.project);
     for (std::size_t i = 0; i < left_.parents.size(); ++i) {
         const Entry& entry = left_.At(i);
-        if (entry.kind == EntryKind::Sequence)
+        if (IsSequence(*left_.project, entry))
             continue;
         const std::size_t partner = left_.partners[i];
         if (partner != kNothing && AreSame(i, partner))
@@ -194,7 +204,7 @@ void BrowserComparison::CompareEntries(DifferenceList& differences) const
         const ComparedSubject subject = SubjectOf(entry, left_.PathOf(i));
         if (partner != kNothing) {
             CompareEntry(i, partner, subject, differences);
-            if (entry.kind == EntryKind::Clip)
+            if (IsClip(*left_.project, entry))
                 CompareClips(i, partner, subject, differences);
         } else if (entry.kind == EntryKind::Bin || !isFromProject || !shownLeft.Has(entry)) {
             differences.Add(subject, Change::Lost);
@@ -202,7 +212,7 @@ void BrowserComparison::CompareEntries(DifferenceList& differences) const
     }
     for (std::size_t i = 0; i < right_.parents.size(); ++i) {
         const Entry& entry = right_.At(i);
-        if (entry.kind == EntryKind::Sequence || right_.partners[i] != kNothing)
+        if (IsSequence(*right_.project, entry) || right_.partners[i] != kNothing)
             continue;
         if (entry.kind == EntryKind::Bin || !shownRight.Has(entry))
             differences.Add(SubjectOf(entry, right_.PathOf(i)), Change::Added);

@@ -171,8 +171,7 @@ private:
         if (!keepsLength)
             differences_.CompareTimes(subject, Property::End, sequences_.left.format, a.end, b.end);
         differences_.CompareTexts(subject, Property::Name, a.name, b.name);
-        differences_.CompareTimes(subject, Property::In, a.sourceFormat, a.in, b.in);
-        differences_.CompareTimes(subject, Property::Out, a.sourceFormat, a.out, b.out);
+        ComparePoints(subject, a, b);
         CompareSpeed(subject, a, b);
         differences_.CompareSwitches(subject, Property::Enabled, a.enabled, b.enabled);
         differences_.CompareTexts(subject, Property::Label, a.label, b.label);
@@ -181,7 +180,8 @@ private:
                                       IntToString(b.channel));
         differences_.CompareTexts(subject, Property::CompositeMode, CompositeModeOf(a),
                                   CompositeModeOf(b));
-        CompareSources(subject, a, b);
+        if (!a.isSlug || !b.isSlug)
+            CompareSources(subject, a, b);
         CompareTitles(subject, a.title, b.title);
         CompareEffects(subject, {a, sequences_.leftProject.family},
                        {b, sequences_.rightProject.family}, differences_);
@@ -192,6 +192,24 @@ private:
                        a.sourceFormat, a.markers, b.markers, differences_);
         CompareLinks(subject, a, b);
     }
+
+    // A project has the points that a document states exactly, where it does. What shows a still
+    // needs none.
+    void ComparePoints(const ComparedSubject& subject, const Item& a, const Item& b)
+    {
+        const bool isOfOneFamily = sequences_.AreOfOneFamily();
+        if (!isOfOneFamily && (HasNoPoints(a) || HasNoPoints(b)))
+            return;
+        const auto exact = [&](const std::optional<Ticks>& point, Ticks inFrames) {
+            return isOfOneFamily ? inFrames : point.value_or(inFrames);
+        };
+        differences_.CompareTimes(subject, Property::In, a.sourceFormat, exact(a.exactIn, a.in),
+                                  exact(b.exactIn, b.in));
+        differences_.CompareTimes(subject, Property::Out, a.sourceFormat, exact(a.exactOut, a.out),
+                                  exact(b.exactOut, b.out));
+    }
+
+    static bool HasNoPoints(const Item& item) { return item.in == 0 && item.out == 0; }
 
     void CompareSpeed(const ComparedSubject& subject, const Item& a, const Item& b)
     {
@@ -208,6 +226,8 @@ private:
     void CompareSources(const ComparedSubject& subject, const Item& a, const Item& b)
     {
         const auto kindText = [](const Item& item) { return std::string(SourceText(item.source)); };
+        if (AreBothGenerated(a, b))
+            return;
         if (AreNamesComparable(a, b))
             differences_.CompareTexts(subject, Property::Source, kindText(a) + " " + a.sourceName,
                                       kindText(b) + " " + b.sourceName);
@@ -219,6 +239,18 @@ private:
         };
         differences_.CompareTexts(subject, Property::Path, pathOf(sequences_.leftProject, a),
                                   pathOf(sequences_.rightProject, b));
+    }
+
+    // What a project generates may be a file without a path in a document, of another name.
+    bool AreBothGenerated(const Item& a, const Item& b) const
+    {
+        const auto isGenerated = [](const Project& project, const Item& item) {
+            return item.source == SourceKind::Generator ||
+                   (item.source == SourceKind::MediaFile &&
+                    project.mediaFiles[item.mediaFile].path.empty());
+        };
+        return !sequences_.AreOfOneFamily() && a.source != b.source &&
+               isGenerated(sequences_.leftProject, a) && isGenerated(sequences_.rightProject, b);
     }
 
     // Each family has names of its own for generators and for what carries the text of a title.

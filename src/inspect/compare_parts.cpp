@@ -52,9 +52,20 @@ bool IsMotion(const Effect& effect)
     return effect.kind == kMotion.name;
 }
 
-// True for an effect that the other item, of another family, has as a part of another effect.
-bool IsPartOfOther(const Effect& effect, const ItemOfFamily& other)
+// True for an effect that only scales, by which each family shows pixels of another aspect: a
+// document stretches them, a project knows their aspect and scales them where the document doesn't
+// stretch them.
+bool IsForOtherPixels(const Effect& effect, const ItemOfFamily& own)
 {
+    return (effect.kind == kDistort.name && IsAspectOnly(effect)) ||
+           (IsMotion(effect) && IsScaleOnly(effect, own.family));
+}
+
+// True for an effect that the other item, of another family, has as a part of another effect.
+bool IsPartOfOther(const Effect& effect, const ItemOfFamily& own, const ItemOfFamily& other)
+{
+    if ((own.item.hasOtherPixels || other.item.hasOtherPixels) && IsForOtherPixels(effect, own))
+        return true;
     if (other.family == Family::Project)
         return IsDoneByMotion(effect) && std::ranges::any_of(other.item.effects, IsMotion);
     return IsMotion(effect) && std::ranges::any_of(other.item.effects, IsDoneByMotion);
@@ -67,7 +78,7 @@ bool CountsAlone(const Effect& effect, const ItemOfFamily& own, const ItemOfFami
     if (IsNeutral(effect, own.family))
         return false;
     if (own.family != other.family)
-        return !effect.isSource && !IsPartOfOther(effect, other);
+        return !effect.isSource && !IsPartOfOther(effect, own, other);
     return !effect.isSource || own.item.sourceName == other.item.sourceName;
 }
 
@@ -186,7 +197,9 @@ void CompareMarkers(const ComparedSubject& owner, const TimecodeFormat& format,
         differences.CompareTimes(subject, Property::Duration, format, a[i].duration,
                                  other.duration);
         differences.CompareTexts(subject, Property::Name, a[i].name, other.name);
-        differences.CompareTexts(subject, Property::Comment, a[i].comment, other.comment);
+        differences.CompareTexts(subject, Property::Comment, std::string(a[i].PlainComment()),
+                                 std::string(other.PlainComment()));
+        differences.CompareTexts(subject, Property::MarkerKind, a[i].kind, other.kind);
     }
     for (std::size_t i = 0; i < b.size(); ++i)
         if (matching.PartnerInA(i) == kNothing)

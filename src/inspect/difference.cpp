@@ -42,9 +42,10 @@ constexpr std::string_view kPropertyTexts[] = {
     "parameter",
     "alignment",
     "comment",
+    "marker kind",
 };
 static_assert(std::size(kSubjectTexts) == static_cast<std::size_t>(Subject::BinClip) + 1);
-static_assert(std::size(kPropertyTexts) == static_cast<std::size_t>(Property::Comment) + 1);
+static_assert(std::size(kPropertyTexts) == static_cast<std::size_t>(Property::MarkerKind) + 1);
 
 } // namespace
 

@@ -46,6 +46,7 @@ enum class Property {
     Parameter, // of an effect or a transition, with its keyframes
     Alignment,
     Comment,
+    MarkerKind,
 };
 
 // Where a difference is in one of the two documents; kNothing where it is in no sequence, on no
@@ -56,6 +57,8 @@ struct DifferenceLocation {
 
     friend bool operator==(const DifferenceLocation&, const DifferenceLocation&) = default;
 };
+
+inline constexpr std::string_view kStep = " / "; // between the bins of a path
 
 struct Difference {
     Change change = Change::Changed;

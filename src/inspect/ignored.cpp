@@ -9,7 +9,7 @@ namespace XPJ::Inspection {
 namespace {
 
 constexpr int kSubjectCount = static_cast<int>(Subject::BinClip) + 1;
-constexpr int kPropertyCount = static_cast<int>(Property::Comment) + 1;
+constexpr int kPropertyCount = static_cast<int>(Property::MarkerKind) + 1;
 
 std::vector<std::string_view> Names()
 {

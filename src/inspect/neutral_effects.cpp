@@ -99,6 +99,14 @@ bool IsAspectOnly(const Effect& distort)
     });
 }
 
+bool IsScaleOnly(const Effect& motion, Family family)
+{
+    return std::ranges::all_of(motion.parameters, [&](const Parameter& parameter) {
+        return EqualsIgnoreCase(parameter.name, "scale") || parameter.name == "Scale Width" ||
+               IsNeutralParameter(motion, family, parameter);
+    });
+}
+
 bool IsDefault(const Effect& effect, Family family, const Parameter& parameter)
 {
     const std::optional<std::string_view> value = StillValue(parameter);

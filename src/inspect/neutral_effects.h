@@ -22,6 +22,9 @@ bool IsOfUntouchedClip(const Effect& effect, Family family);
 // True for a Distort of a document that leaves the corners of the frame where they are.
 bool IsAspectOnly(const Effect& distort);
 
+// True for a Motion that does nothing but scale.
+bool IsScaleOnly(const Effect& motion, Family family);
+
 // ---- Parameters
 
 // True for a value that also counts where a document doesn't state the parameter.

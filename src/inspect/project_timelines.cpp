@@ -2,6 +2,7 @@
 #include "core/frame_rate.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "effects/effect_context.h"
 #include "inspect/node_numbers.h"
 #include "inspect/project_effects.h"
 #include "inspect/read_timelines.h"
@@ -11,6 +12,7 @@
 #include "project/marker_record.h"
 #include "project/media.h"
 #include "tree/reading.h"
+#include "xmeml/files.h"
 
 #include <algorithm>
 #include <cmath>
@@ -47,6 +49,28 @@ std::pair<int, int> FrameOf(std::string_view rect)
     return {numbers[2], numbers[3]};
 }
 
+double AspectOf(std::string_view ratio)
+{
+    return ParseFrameSize({}, ratio).pixelAspect;
+}
+
+double AspectOfSequence(ConstHandle sequence)
+{
+    return AspectOf(GroupOfKind(sequence, MediaType::Video).GetProperty("PixelAspectRatio"));
+}
+
+double AspectOfMedia(Media media)
+{
+    const ConstHandle stream = VideoStreamOf(media);
+    const bool isOverridden = IsTrue(stream, "IsPAROverridden");
+    return AspectOf(stream.GetProperty(isOverridden ? Name("OverriddenPAR") : Name("OriginalPAR")));
+}
+
+std::string KindOfMarker(std::string_view type)
+{
+    return type == "Comment" ? std::string() : UnescapeXML(type);
+}
+
 std::vector<Marker> ReadMarkers(ConstHandle owner)
 {
     std::vector<Marker> markers;
@@ -55,7 +79,8 @@ std::vector<Marker> ReadMarkers(ConstHandle owner)
             markers.push_back({.start = record->start,
                                .duration = record->duration,
                                .name = UnescapeXML(record->name),
-                               .comment = UnescapeXML(record->comment)});
+                               .comment = UnescapeXML(record->comment),
+                               .kind = KindOfMarker(record->type)});
     return markers;
 }
 
@@ -125,6 +150,7 @@ public:
         // A sequence may use others, which then come at the end.
         for (std::size_t i = 0; i < sequences_.Size(); ++i)
             project_.sequences.push_back(ReadSequence(sequences_.At(i)));
+        MarkSlugs(project_);
         nodes = sequences_.Nodes();
         return std::move(project_);
     }
@@ -207,6 +233,7 @@ private:
                           .start = Int64Property(node, "MZ.ZeroPoint"),
                           .markers = ReadMarkers(node)};
         std::tie(sequence.width, sequence.height) = FrameOf(video.GetProperty("FrameRect"));
+        pixelAspect_ = AspectOfSequence(node);
         items_.clear();
         for (const MediaType kind : {MediaType::Video, MediaType::Audio}) {
             int number = 0;
@@ -279,6 +306,7 @@ private:
             const bool isMulticam = IsTrue(clip, "IsMulticam");
             item.source = isMulticam ? SourceKind::Multiclip : SourceKind::Sequence;
             item.sourceName = TextOf(sequence, "Name");
+            item.hasOtherPixels = AspectOfSequence(sequence) != pixelAspect_;
             if (!isMulticam && !IsMergedSequence(sequence))
                 item.sequence = sequences_.NumberOf(sequence);
         } else if (const Media media = MediaOfSource(source)) {
@@ -287,6 +315,9 @@ private:
             item.source = IsMadeByEditor(media.GetProperty("FilePath")) ? SourceKind::Generator
                                                                         : SourceKind::MediaFile;
             item.sourceName = file.name;
+            item.isSlug =
+                item.source == SourceKind::Generator && item.sourceName == kSlugSequenceName;
+            item.hasOtherPixels = AspectOfMedia(media) != pixelAspect_;
             if (IsRate(Int64Property(VideoStreamOf(media), "FrameRate")))
                 item.sourceFormat = file.format;
         }
@@ -339,6 +370,7 @@ private:
     std::unordered_map<std::uint64_t, std::size_t> media_;  // by the Media's `uniqueId`
     std::unordered_map<std::uint64_t, std::size_t> titles_; // by the MasterClip's `uniqueId`
     std::unordered_map<std::uint64_t, ItemIndex> items_;    // of the sequence at hand
+    double pixelAspect_ = 1.0;                              // likewise
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "inspect/timeline.h"
 
 #include "core/frame_rate.h"
+#include "xmeml/files.h"
 
 #include <algorithm>
 
@@ -19,6 +20,25 @@ std::int64_t NumbersPerSecond(Ticks frameTicks)
     return TimecodeBaseOf(frameTicks, 0).base;
 }
 
+// A document has its length in whole frames.
+bool HasLengthOfSlug(const Item& item, const TimecodeFormat& format)
+{
+    const Ticks missing = SubtractTicks(kSlugSequenceDuration, SubtractTicks(item.end, item.start));
+    return missing >= 0 && missing < format.ticks;
+}
+
+const Item* OnlyItemOf(const Sequence& sequence)
+{
+    const Item* only = nullptr;
+    for (const Track& track : sequence.tracks)
+        for (const Item& item : track.items) {
+            if (only)
+                return nullptr;
+            only = &item;
+        }
+    return only;
+}
+
 } // namespace
 
 std::string TimecodeFormat::Timecode(Ticks time) const
@@ -28,6 +48,14 @@ std::string TimecodeFormat::Timecode(Ticks time) const
     return rest == 0 ? text : fmt::format("{}{:+}t", text, rest);
 }
 
+std::string_view Marker::PlainComment() const
+{
+    std::string_view plain = comment;
+    if (kind == kChapterKind && plain.starts_with(kChapterPrefix))
+        plain.remove_prefix(kChapterPrefix.size());
+    return plain;
+}
+
 Ticks Sequence::Length() const
 {
     Ticks end = 0;
@@ -35,6 +63,18 @@ Ticks Sequence::Length() const
         for (const Item& item : track.items)
             end = std::max(end, item.end);
     return end;
+}
+
+void MarkSlugs(Project& project)
+{
+    for (Sequence& sequence : project.sequences) {
+        const Item* const item = OnlyItemOf(sequence);
+        sequence.isSlug = item && item->isSlug && HasLengthOfSlug(*item, sequence.format);
+    }
+    for (Sequence& sequence : project.sequences)
+        for (Track& track : sequence.tracks)
+            for (Item& item : track.items)
+                item.isSlug |= item.sequence != kNothing && project.sequences[item.sequence].isSlug;
 }
 
 std::string_view SourceText(SourceKind source)

@@ -9,6 +9,7 @@
 #include "core/ticks.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,11 +58,18 @@ struct Effect {
     friend bool operator==(const Effect&, const Effect&) = default;
 };
 
+inline constexpr std::string_view kChapterKind = "Chapter";
+inline constexpr std::string_view kChapterPrefix = " <CHAPTER"; // of a comment
+
 struct Marker {
     Ticks start = 0;
     Ticks duration = 0;
     std::string name = {};
     std::string comment = {};
+    std::string kind = {}; // as a project names it; empty: an ordinary one
+
+    // Without the prefix by which a document states a chapter.
+    std::string_view PlainComment() const;
 
     friend bool operator==(const Marker&, const Marker&) = default;
 };
@@ -94,6 +102,8 @@ struct Item {
     Ticks end = 0;
     Ticks in = 0; // in the source
     Ticks out = 0;
+    std::optional<Ticks> exactIn = {}; // where a document also states the points between frames
+    std::optional<Ticks> exactOut = {};
     double speed = 1.0; // above 0
     bool reverse = false;
     bool frameBlending = false;
@@ -109,6 +119,8 @@ struct Item {
     std::size_t sequence = kNothing;  // in Project::sequences
     TimecodeFormat sourceFormat = {};
     std::size_t title = kNothing; // in Project::titles
+    bool isSlug = false;          // a gap in the cut that is a clip of its own
+    bool hasOtherPixels = false;  // than its sequence, of another aspect; known of projects alone
 
     std::vector<Effect> effects = {};
     std::vector<Marker> markers = {}; // times in the source
@@ -152,6 +164,7 @@ struct Sequence {
     std::vector<Marker> markers = {};
     std::vector<Track> tracks = {};                 // video from the lowest up, then audio
     std::vector<std::vector<ItemIndex>> links = {}; // groups of items that move together
+    bool isSlug = false; // the black video by which a project shows a slug
 
     Ticks Length() const; // the end of the last item
 };
@@ -178,6 +191,9 @@ struct Project {
     std::vector<MediaFile> mediaFiles = {};
     std::vector<std::vector<TitleText>> titles = {}; // of the items that are titles
 };
+
+// Of items that are black video: finds the sequences of slugs, and the items that show them.
+void MarkSlugs(Project& project);
 
 // "none", "medium", "sequence", "multiclip", "generator"
 std::string_view SourceText(SourceKind source);

@@ -93,6 +93,8 @@ std::vector<Marker> ReadMarkers(ConstHandle element, Ticks frameTicks)
              .duration = out == kNotStated ? 0 : MultiplyTicks(SubtractTicks(out, in), frameTicks),
              .name = TextOf(node, "name"),
              .comment = TextOf(node, "comment")});
+        if (markers.back().comment.starts_with(kChapterPrefix))
+            markers.back().kind = kChapterKind;
     }
     return markers;
 }
@@ -134,6 +136,7 @@ public:
         // A sequence may use others, which then come at the end.
         for (std::size_t i = 0; i < sequences_.Size(); ++i)
             project_.sequences.push_back(ReadSequence(sequences_.At(i)));
+        MarkSlugs(project_);
         nodes = sequences_.Nodes();
         return std::move(project_);
     }
@@ -332,6 +335,10 @@ private:
     static void SetRange(const ClipItem& node, MediaType type, const ItemTimes& times,
                          const ItemRates& rates, Item& item)
     {
+        if (node.times.exactIn.IsStated())
+            item.exactIn = node.times.exactIn.value;
+        if (node.times.exactOut.IsStated())
+            item.exactOut = node.times.exactOut.value;
         const bool isAudio = type == MediaType::Audio;
         const Frames delay = isAudio ? Int64Property(node, "mediadelay") : 0;
         const auto pointOf = [&](const StatedTime& exact, Frames frames) {
@@ -360,6 +367,7 @@ private:
             item.mediaFile = MediaFileOf(file);
             item.source = SourceKind::MediaFile;
             item.sourceName = project_.mediaFiles[item.mediaFile].name;
+            item.isSlug = file.IsSlug();
         } else if (const ConstHandle nested = node.GetChild("sequence")) {
             item.sequence = sequences_.NumberOf(nested);
             item.source = SourceKind::Sequence;
@@ -367,6 +375,7 @@ private:
         } else if (node.GetName() == "generatoritem") {
             item.source = SourceKind::Generator;
             item.sourceName = TextOf(node.GetChild("effect"), "name");
+            item.isSlug = EqualsIgnoreCase(node.GetChild("effect").GetProperty("effectid"), "Slug");
         }
     }
 

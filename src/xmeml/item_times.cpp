@@ -92,12 +92,17 @@ ItemTimes TimesOfGenerator(const ClipItem& item, const ItemRates& rates, Frames 
 
 Ticks ScaledTicks(Frames frames, Ticks frameTicks, double speed)
 {
+    const Ticks ticks = UnroundedTicks(frames, frameTicks, speed);
+    return frameTicks == 0 || speed == 1.0 ? ticks : RoundUp(ticks, frameTicks);
+}
+
+Ticks UnroundedTicks(Frames frames, Ticks frameTicks, double speed)
+{
     if (frameTicks == 0)
         return frames;
     if (speed == 1.0)
         return MultiplyTicks(frames, frameTicks);
-    return RoundUp(ToTicks(static_cast<double>(frames) * static_cast<double>(frameTicks) * speed),
-                   frameTicks);
+    return ToTicks(static_cast<double>(frames) * static_cast<double>(frameTicks) * speed);
 }
 
 } // namespace XPJ

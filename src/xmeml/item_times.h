@@ -64,5 +64,7 @@ ItemTimes TimesOfGenerator(const ClipItem& item, const ItemRates& rates, Frames 
 // A time in the source of a clip that plays at `speed`, up to the next whole frame.
 //   ScaledTicks(3, 8475667200, 0.5) == 2 * 8475667200
 Ticks ScaledTicks(Frames frames, Ticks frameTicks, double speed);
+// The same between two frames.
+Ticks UnroundedTicks(Frames frames, Ticks frameTicks, double speed);
 
 } // namespace XPJ

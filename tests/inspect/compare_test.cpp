@@ -3,6 +3,7 @@
 #include "inspect/timeline_json.h"
 #include "inspect/timeline_text.h"
 #include "inspect_fixture.h"
+#include "support/import_text.h"
 #include "support/rows.h"
 
 #include <nlohmann/json.hpp>
@@ -94,6 +95,68 @@ TEST(Compare, StatesWhichItemsDiffer)
         Compare(before, Timelines(Replaced(text, "<locked>TRUE</locked>", "")));
     const DifferenceLocation track{0, {1, kNothing}};
     EXPECT_EQ(ofTrack.at(0).second, track);
+}
+
+// What a project states in another way than a document is no difference; what it changes is one.
+TEST(Compare, WhatEachFamilyStatesInItsOwnWay)
+{
+    const auto documentOf = [](const std::string& item, const std::string& marker) {
+        const std::string rate = "<rate><timebase>25</timebase></rate>";
+        return "<xmeml version=\"5\"><sequence id=\"s\"><name>Cut</name>" + rate + marker +
+               "<media><video><format><samplecharacteristics><width>1920</width><height>1080"
+               "</height><pixelaspectratio>square</pixelaspectratio></samplecharacteristics>"
+               "</format><track>" +
+               Replaced(item, "<name>A</name>",
+                        "<name>A</name>" + rate +
+                            "<start>0</start><end>25</end><in>0</in><out>25</out>") +
+               "</track></video></media></sequence></xmeml>";
+    };
+    const auto fileOf = [](const std::string& source, const std::string& aspect) {
+        return "<clipitem id=\"i\"><name>A</name><file id=\"f\"><name>a.mov</name>" + source +
+               "<duration>100</duration><media><video><samplecharacteristics><width>720</width>"
+               "<height>480</height><pixelaspectratio>" +
+               aspect +
+               "</pixelaspectratio></samplecharacteristics></video></media></file></clipitem>";
+    };
+    const std::string path = "<pathurl>file:///m/a.mov</pathurl>";
+    const std::string clip = fileOf(path, "square");
+    const auto markerOf = [](const std::string& comment) {
+        return "<marker><name>M</name><comment>" + comment +
+               "</comment><in>5</in><out>-1</out>"
+               "</marker>";
+    };
+    const auto generatorOf = [](const std::string& id) {
+        return "<generatoritem id=\"i\"><name>A</name><duration>100</duration><effect><name>" + id +
+               "</name><effectid>" + id + "</effectid></effect></generatoritem>";
+    };
+    const struct {
+        const char* name;
+        std::string item;
+        std::string marker;
+    } rows[] = {
+        {"the same pixels", clip, ""},
+        {"pixels of another aspect", fileOf(path, "NTSC-601"), ""},
+        {"a slug", generatorOf("Slug"), ""},
+        {"a slug that is a file", fileOf("<mediaSource>Slug</mediaSource>", "square"), ""},
+        {"bars that are a file", fileOf("<mediaSource>BarsAndTone</mediaSource>", "square"), ""},
+        {"a chapter", clip, markerOf(" &lt;CHAPTER one")},
+        {"an ordinary marker", clip, markerOf("one")},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const std::string document = documentOf(row.item, row.marker);
+        const std::string project = ImportText(document).project;
+        EXPECT_EQ(DifferencesText(Compare(Timelines(document), Timelines(project))),
+                  "No differences.\n");
+        EXPECT_EQ(DifferencesText(Compare(Timelines(project), Timelines(document))),
+                  "No differences.\n");
+    }
+    // A chapter that becomes an ordinary marker differs.
+    const std::vector<Difference> kinds =
+        Compare(Timelines(documentOf(clip, markerOf(" &lt;CHAPTER one"))),
+                Timelines(documentOf(clip, markerOf(" one"))));
+    ASSERT_EQ(kinds.size(), 1U) << DifferencesText(kinds);
+    EXPECT_EQ(kinds[0].kind, Property::MarkerKind);
 }
 
 // A thousand clips that are one frame late and alike in all else stay pairs.

@@ -329,7 +329,7 @@ losses() {
     two_clips "<logginginfo><lognote>take 2</lognote></logginginfo><fold><depth>2</depth></fold>$filter" |
         sed 's|<clipitem id="b">|<clipitem id="b" rating="5">|' >one.xml
     expect_status 0 --quiet --report one.json --verify --mark-losses one.xml
-    expect_text one.json '"path":"xmeml/sequence/media/video/track/clipitem/logginginfo"'
+    expect_text one.json '"kind":"master-clip.shared"'
     expect_text one.json '"path":"xmeml/sequence/media/video/track/clipitem@rating"'
     expect_text one.json '"path":"xmeml/sequence/media/video/track/clipitem/fold"'
     expect_text one.json '"kind":"element.unread"'
