@@ -405,7 +405,7 @@ void BlockWriter::Start(std::span<const ObjectHandle> objects, std::launch polic
 {
     if (idle_.empty())
         idle_.push_back(std::make_unique<ObjectPrinter>(objects_));
-    Block& block = blocks_.emplace_back(std::move(idle_.back()), objects.size());
+    Block& block = blocks_.emplace_back(Block{std::move(idle_.back()), objects.size(), {}});
     idle_.pop_back();
     block.printed =
         std::async(policy, [printer = block.printer.get(), objects] { printer->Print(objects); });
