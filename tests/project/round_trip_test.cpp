@@ -98,7 +98,7 @@ TEST(RoundTrip, Project)
         Document read;
         ObjectHandle root;
         ASSERT_EQ(ReadProjectDocument(text, read, root), kReadDone);
-        const ObjectHandle back = root.GetChild(row.name);
+        const ObjectHandle back = root.GetChild(Name::OfStatic(row.name));
         const std::string name(row.name);
         EXPECT_EQ(static_cast<bool>(back), row.use.isRead) << name;
         if (!back)

@@ -256,7 +256,7 @@ TEST(ProjectWriter, ManyObjectsKeepTheirOrder)
 
     // A fault in one block, while others are printed.
     for (std::size_t i = 0; i < kMarkers; ++i)
-        inlet.AddChild("Source", Make(d, i == kMarkers / 2 ? "SubClip" : "Dependency"));
+        inlet.AddChild("Source", Make(d, i == kMarkers / 2 ? Name("SubClip") : Name("Dependency")));
     EXPECT_THROW(ProjectText(document), std::logic_error);
 }
 

@@ -120,14 +120,14 @@ void Compare(ObjectHandle made, ObjectHandle read, Losses& losses)
 {
     const std::string holder(made.GetName().View());
     for (const Property* property = made.FirstProperty(); property; property = property->next)
-        if (read.GetProperty(property->NameView()) != property->Value())
+        if (read.GetProperty(property->name.AsName()) != property->Value())
             losses[holder].insert(std::string(property->NameView()));
     std::set<std::string> seen;
     const ChildRange children = made.GetChildren();
     for (auto child = children.begin(); child != children.end(); ++child) {
         const std::string name(child.EntryName());
         ASSERT_TRUE(seen.insert(name).second);
-        const ObjectHandle back = read.GetChild(name);
+        const ObjectHandle back = read.GetChild(Name::OfStatic(child.EntryName()));
         if (!back)
             losses[holder].insert(name);
         else
