@@ -36,8 +36,8 @@ NameId NameTable::Enter(Name name)
 
 NameId NameTable::IdOfText(std::string_view text)
 {
-    // Not destroyed: there may be threads at the process's end.
-    static auto& ids = *new std::unordered_map<std::string_view, NameId>;
+    // Destroyed when the library is unloaded.
+    static std::unordered_map<std::string_view, NameId> ids;
     const auto [entry, isNew] = ids.try_emplace(text);
     if (!isNew)
         return entry->second;
