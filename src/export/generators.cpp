@@ -14,9 +14,9 @@ namespace XPJ::RVX {
 
 namespace {
 
-LegacyTitle TitleOfMedia(Media media)
+std::string TitleDocumentOf(Media media)
 {
-    return ReadLegacyTitle(DecodeBase64(media.GetProperty("ImporterPrefs")));
+    return DecodeBase64(media.GetProperty("ImporterPrefs"));
 }
 
 // Most titles have the name of their generator; their texts distinguish them.
@@ -24,7 +24,7 @@ LegacyTitle TitleOfMedia(Media media)
 std::string NameOfTitle(Media media)
 {
     constexpr std::size_t kLongest = 120; // bytes of text
-    const LegacyTitle title = TitleOfMedia(media);
+    const LegacyTitle title = ReadLegacyTitle(TitleDocumentOf(media));
     std::string words;
     for (const LegacyTitleText& text : title.texts)
         for (const std::string& line : text.lines)
@@ -58,25 +58,25 @@ FrameSize FrameOf(Media media)
     return ParseFrameSize(stream.GetProperty("FrameRect"), PixelAspectOf(stream));
 }
 
-// True for a title document that the import makes of the generator: it has nothing else.
-bool IsMadeOf(Document& document, ObjectHandle effect, Media media)
+// The title document that the import makes of the generator.
+std::string DocumentMadeOf(ObjectHandle effect, FrameSize frame, Document& document)
 {
     const ObjectHandle generator = document.NewObject("generatoritem");
     generator.AddChild(effect);
-    return LegacyTitleDocument(ReadTitle(generator, FrameOf(media))) ==
-           DecodeBase64(media.GetProperty("ImporterPrefs"));
+    return LegacyTitleDocument(ReadTitle(generator, frame));
 }
 
 ObjectHandle MakeEffectOfTitle(ExportContext& context, const GeneratorSource& source)
 {
-    const LegacyTitle title = TitleOfMedia(source.media);
+    const std::string document = TitleDocumentOf(source.media);
+    const LegacyTitle title = ReadLegacyTitle(document);
     const bool isInFull = !title.texts.empty() && IsStatedInFull(title);
     if (!isInFull)
         ReportReplaced(context, source.media);
     if (title.texts.empty())
         return MakePlainEffect(context.document, MediaKind::BlackVideo);
     const ObjectHandle effect = MakeTitleEffect(context.document, title);
-    if (isInFull && !IsMadeOf(context.document, effect, source.media))
+    if (isInFull && DocumentMadeOf(effect, FrameOf(source.media), context.document) != document)
         AddRemark(context.account, RemarkKind::TitleSimplified, *source.location,
                   {.name = source.media.GetProperty("Title")});
     return effect;
