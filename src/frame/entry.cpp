@@ -158,7 +158,7 @@ std::int32_t Import(ConverterContext& context, bool supportsAAF)
                         {.input = nullptr, .output = output});
     RunToEnd(operation, kImportInterval);
 
-    const ConversionOutcome outcome = operation.Outcome();
+    const ConversionOutcome outcome = operation.TakeOutcome();
     const std::int32_t result = HostResult(buffer.Status(), outcome.result);
     if (result == kVelaDone && HasReport(outcome) && !kind.sn2vlMode)
         ShowMessage(Message::kTranslationReport, GetMessage(Message::kTranslationResultsReport),
@@ -200,7 +200,7 @@ std::int32_t Export(ConverterContext& context)
     else
         RunToEnd(operation, kExportInterval);
 
-    const ConversionOutcome outcome = operation.Outcome();
+    const ConversionOutcome outcome = operation.TakeOutcome();
     std::int32_t result = HostResult(inputBuffer.Status(), outcome.result);
     if (result == kVelaDone && !file.Commit())
         result = kVelaConversionFailed;

@@ -89,7 +89,7 @@ ConversionOutcome ConvertFiles(const ConversionRequest& request, const ProgressW
     Operation operation(request, {.input = nullptr, .output = output.Stream()});
     if (!RunToEnd(operation, watch, stop))
         return outcome;
-    outcome = operation.Outcome();
+    outcome = operation.TakeOutcome();
     if (output.WasStopped()) {
         outcome.result = kAborted;
     } else if (outcome.result == kSuccess && !output.Commit()) {

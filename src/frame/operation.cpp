@@ -5,6 +5,7 @@
 
 #include <new>
 #include <system_error>
+#include <utility>
 
 namespace XPJ {
 
@@ -69,10 +70,10 @@ bool Operation::WaitFor(std::chrono::milliseconds time)
     return ended_.wait_for(guard, time, [this] { return isDone_; });
 }
 
-ConversionOutcome Operation::Outcome()
+ConversionOutcome Operation::TakeOutcome()
 {
     const std::lock_guard guard(lock_);
-    return outcome_;
+    return std::exchange(outcome_, {});
 }
 
 unsigned Operation::BeginStage(unsigned steps, unsigned total)

@@ -37,8 +37,9 @@ public:
     bool IsDone() override;
     bool WaitFor(std::chrono::milliseconds time) override;
 
-    // Complete when the operation is done; an unexpected error before.
-    ConversionOutcome Outcome();
+    // Complete when the operation is done, and once; an unexpected error otherwise. An account may
+    // be large, so it isn't copied.
+    ConversionOutcome TakeOutcome();
 
 private:
     bool IsCancelled() override { return cancelRequested_; }

@@ -16,10 +16,10 @@ using Clock = std::chrono::steady_clock;
 int ResultOf(const Operation::Work& work)
 {
     Operation operation(work);
-    EXPECT_EQ(operation.Outcome().result, kUnexpectedError);
+    EXPECT_EQ(operation.TakeOutcome().result, kUnexpectedError);
     EXPECT_TRUE(operation.Start());
     EXPECT_TRUE(operation.WaitFor(10s));
-    return operation.Outcome().result;
+    return operation.TakeOutcome().result;
 }
 
 TEST(Operation, MapsExceptionsToResults)
@@ -45,8 +45,9 @@ TEST(Operation, AnExceptionEndsTheStagesAndKeepsTheIssues)
     operation.Start();
     ASSERT_TRUE(operation.WaitFor(10s));
     EXPECT_DOUBLE_EQ(operation.GetProgress(), 1);
-    EXPECT_EQ(operation.Outcome().account.issues.size(), 1u);
-    EXPECT_EQ(operation.Outcome().stop.line, 12u);
+    const ConversionOutcome outcome = operation.TakeOutcome();
+    EXPECT_EQ(outcome.account.issues.size(), 1u);
+    EXPECT_EQ(outcome.stop.line, 12u);
 }
 
 TEST(Operation, WaitingWakesAtOnceAndTimesOut)
@@ -91,9 +92,10 @@ TEST(ImportOperation, ConvertsAndEndsItsProgress)
     Operation operation({.inputPath = folder.Write("a.xml", kSmallXML)}, {nullptr, output});
     ASSERT_TRUE(operation.Start());
     ASSERT_TRUE(operation.WaitFor(60s));
-    EXPECT_EQ(operation.Outcome().result, kSuccess);
+    const ConversionOutcome outcome = operation.TakeOutcome();
+    EXPECT_EQ(outcome.result, kSuccess);
     EXPECT_DOUBLE_EQ(operation.GetProgress(), 1);
-    EXPECT_TRUE(operation.Outcome().account.issues.empty());
+    EXPECT_TRUE(outcome.account.issues.empty());
     EXPECT_NE(output.str().find("<VelaData"), std::string::npos);
 }
 
@@ -114,14 +116,14 @@ TEST(ImportOperation, NamesTheFailure)
         Operation operation({.inputPath = folder.Write("a.xml", text)}, {nullptr, output});
         operation.Start();
         ASSERT_TRUE(operation.WaitFor(60s));
-        EXPECT_EQ(operation.Outcome().result, result) << text;
+        EXPECT_EQ(operation.TakeOutcome().result, result) << text;
         EXPECT_EQ(output.str(), "") << text;
     }
     std::ostringstream output;
     Operation missing({.inputPath = folder / "none.xml"}, {nullptr, output});
     missing.Start();
     ASSERT_TRUE(missing.WaitFor(60s));
-    EXPECT_EQ(missing.Outcome().result, kInputCouldNotBeOpened);
+    EXPECT_EQ(missing.TakeOutcome().result, kInputCouldNotBeOpened);
 }
 
 TEST(ImportOperation, ASyntaxErrorHasALocation)
@@ -133,7 +135,7 @@ TEST(ImportOperation, ASyntaxErrorHasALocation)
     Operation operation({.inputPath = path}, {nullptr, output});
     operation.Start();
     ASSERT_TRUE(operation.WaitFor(60s));
-    const ReadStop stop = operation.Outcome().stop;
+    const ReadStop stop = operation.TakeOutcome().stop;
     EXPECT_FALSE(stop.reason.empty());
     EXPECT_EQ(stop.line, 3u);
 }
@@ -151,7 +153,7 @@ TEST(ImportOperation, CancelStopsARunningConversion)
     EXPECT_FALSE(operation.WaitFor(1ms));
     operation.Cancel();
     ASSERT_TRUE(operation.WaitFor(60s));
-    EXPECT_EQ(operation.Outcome().result, kAborted);
+    EXPECT_EQ(operation.TakeOutcome().result, kAborted);
 }
 
 ConversionRequest ExportRequest()
@@ -177,7 +179,7 @@ TEST(ExportOperation, NamesTheFailure)
         Operation operation(ExportRequest(), {&input, output});
         operation.Start();
         ASSERT_TRUE(operation.WaitFor(60s));
-        EXPECT_EQ(operation.Outcome().result, result) << text;
+        EXPECT_EQ(operation.TakeOutcome().result, result) << text;
         EXPECT_EQ(output.str(), "") << text;
     }
     std::istringstream bad("x");
@@ -186,7 +188,7 @@ TEST(ExportOperation, NamesTheFailure)
     Operation operation(ExportRequest(), {&bad, output});
     operation.Start();
     ASSERT_TRUE(operation.WaitFor(60s));
-    EXPECT_EQ(operation.Outcome().result, kInputCouldNotBeOpened);
+    EXPECT_EQ(operation.TakeOutcome().result, kInputCouldNotBeOpened);
 }
 
 } // namespace
