@@ -149,22 +149,26 @@ std::string UnescapeXML(std::string_view text)
 {
     std::string result;
     result.reserve(text.size());
-    for (std::size_t i = 0; i < text.size();) {
-        const std::string_view rest = text.substr(i);
+    while (true) {
+        const std::size_t ampersand = std::min(text.find('&'), text.size());
+        result.append(text, 0, ampersand);
+        text.remove_prefix(ampersand);
+        if (text.empty())
+            return result;
         char32_t codePoint = 0;
-        const Entity* const entity = text[i] == '&' ? KnownEntity(rest) : nullptr;
-        const std::size_t reference = text[i] == '&' ? NumericReference(rest, &codePoint) : 0;
-        if (entity) {
+        std::size_t size = 1;
+        if (const Entity* const entity = KnownEntity(text)) {
             result += entity->character;
-            i += entity->text.size();
-        } else if (reference > 0 && IsCharacter(codePoint)) {
+            size = entity->text.size();
+        } else if (const std::size_t reference = NumericReference(text, &codePoint);
+                   reference > 0 && IsCharacter(codePoint)) {
             utf8::unchecked::append(codePoint, std::back_inserter(result));
-            i += reference;
+            size = reference;
         } else {
-            result += text[i++];
+            result += '&';
         }
+        text.remove_prefix(size);
     }
-    return result;
 }
 
 namespace {
@@ -215,11 +219,12 @@ std::string WellFormedText(std::string_view text)
 
 std::string_view Trimmed(std::string_view text) noexcept
 {
-    constexpr std::string_view kBlanks = " \t\n\v\f\r";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == text.npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+    const auto isBlank = [](char c) { return c == ' ' || (c >= '\t' && c <= '\r'); };
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
 }
 
 std::string_view TruncatedText(std::string_view text, std::size_t bytes) noexcept

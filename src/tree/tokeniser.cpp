@@ -407,8 +407,10 @@ bool GetXmlAttribute(std::string_view attributes, std::string_view name, std::st
         if (equals == attributes.npos)
             return false;
         const std::string_view key = Trimmed(attributes.substr(0, equals));
-        const std::size_t open = attributes.find_first_of("\"'", equals);
-        if (open == attributes.npos)
+        std::size_t open = equals + 1;
+        while (open < attributes.size() && attributes[open] != '"' && attributes[open] != '\'')
+            ++open;
+        if (open >= attributes.size())
             return false;
         const std::size_t close = attributes.find(attributes[open], open + 1);
         if (key == name) {
