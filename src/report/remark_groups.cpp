@@ -9,6 +9,7 @@
 #include <tuple>
 #include <unordered_map>
 
+#include <fmt/compile.h>
 #include <fmt/format.h>
 
 namespace XPJ {
@@ -31,24 +32,32 @@ std::string Capitalized(std::string_view text)
 }
 
 // "a, b" of those that are not empty.
-std::string Joined(std::initializer_list<std::string> parts, std::string_view separator)
+void AppendPart(std::string& text, std::string_view separator, std::string_view part)
 {
-    std::string text;
-    for (const std::string& part : parts)
-        if (!part.empty())
-            text.append(text.empty() ? "" : separator).append(part);
-    return text;
+    if (!part.empty())
+        text.append(text.empty() ? "" : separator).append(part);
 }
 
-// Equal for remarks of one kind and path whose reasons are equal.
+bool HasDetail(const RemarkRow& row)
+{
+    return row.reason.find("$2") != std::string_view::npos;
+}
+
+// True for remarks of one kind and path whose reasons are equal.
+bool AreOfOneGroup(const Remark& a, const Remark& b)
+{
+    return a.kind == b.kind && a.subject == b.subject && a.path == b.path &&
+           (a.detail == b.detail || !HasDetail(RowOf(a.kind)));
+}
+
+// Equal for those.
 std::string KeyOf(const Remark& remark)
 {
     const RemarkRow& row = RowOf(remark.kind);
-    const bool hasDetail = row.reason.find("$2") != std::string_view::npos;
     std::string key(row.id);
     for (const std::string_view part :
          {std::string_view(remark.subject),
-          hasDetail ? std::string_view(remark.detail) : std::string_view(),
+          HasDetail(row) ? std::string_view(remark.detail) : std::string_view(),
           std::string_view(remark.path)})
         key.append("\n").append(part);
     return key;
@@ -112,19 +121,24 @@ std::string TrackText(const Remark& remark)
 {
     if (remark.trackKind == kNoTrack || remark.sequence.empty())
         return {};
-    return fmt::format("{}{}", remark.trackKind == kVideo ? 'V' : 'A', remark.trackIndex + 1);
+    return fmt::format(FMT_COMPILE("{}{}"), remark.trackKind == kVideo ? 'V' : 'A',
+                       remark.trackIndex + 1);
 }
 
 std::string PlaceText(const Remark& remark)
 {
-    const std::string clip = UnescapeXML(remark.clip);
+    std::string place;
     if (remark.sequence.empty()) {
-        const std::string place = Joined({UnescapeXML(remark.bin), clip}, "/");
+        AppendPart(place, "/", UnescapeXML(remark.bin));
+        AppendPart(place, "/", UnescapeXML(remark.clip));
         return place.empty() ? remark.path : place;
     }
-    const std::string time =
-        remark.span.IsKnown() ? remark.span.Timecode(remark.span.start) : std::string();
-    return Joined({UnescapeXML(remark.sequence), TrackText(remark), time, clip}, ", ");
+    AppendPart(place, ", ", UnescapeXML(remark.sequence));
+    AppendPart(place, ", ", TrackText(remark));
+    if (remark.span.IsKnown())
+        AppendPart(place, ", ", remark.span.Timecode(remark.span.start));
+    AppendPart(place, ", ", UnescapeXML(remark.clip));
+    return place;
 }
 
 std::vector<RemarkGroup> GroupRemarks(const std::vector<Remark>& remarks)
@@ -132,14 +146,18 @@ std::vector<RemarkGroup> GroupRemarks(const std::vector<Remark>& remarks)
     std::vector<RemarkGroup> groups;
     std::unordered_map<std::string, std::size_t> indices;
     RemarkTexts texts;
+    std::size_t last = 0;
     for (const Remark& remark : remarks) {
-        const auto [entry, isNew] = indices.try_emplace(KeyOf(remark), groups.size());
-        if (isNew)
-            groups.push_back(
-                {&RowOf(remark.kind), texts.Reason(remark), texts.Remedy(remark), {}, 0});
-        RemarkGroup& group = groups[entry->second];
-        group.remarks.push_back(&remark);
-        group.count += remark.count;
+        // Many follow one of their group.
+        if (groups.empty() || !AreOfOneGroup(remark, *groups[last].remarks.back())) {
+            const auto [entry, isNew] = indices.try_emplace(KeyOf(remark), groups.size());
+            last = entry->second;
+            if (isNew)
+                groups.push_back(
+                    {&RowOf(remark.kind), texts.Reason(remark), texts.Remedy(remark), {}, 0});
+        }
+        groups[last].remarks.push_back(&remark);
+        groups[last].count += remark.count;
     }
     std::ranges::stable_sort(groups, IsWorse);
     return groups;
