@@ -8,7 +8,9 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
+#include <vector>
 
 namespace XPJ {
 
@@ -20,6 +22,7 @@ public:
     explicit NameId(Name name);
 
     std::string_view View() const;
+    std::size_t Index() const { return index_; }
     Name AsName() const { return Name::OfStatic(View()); }
 
     friend constexpr bool operator==(NameId a, NameId b) = default;
@@ -77,5 +80,35 @@ inline std::string_view NameId::View() const
 {
     return NameTable::TextOf(*this);
 }
+
+// What some names mean; any other name means Value().
+//   static const ValuesByName<Kind> kKinds({{"bin", Kind::Bin}, {"clip", Kind::Clip}});
+//   switch (kKinds[name]) ...
+template <class Value>
+class ValuesByName {
+public:
+    struct Row {
+        Name name;
+        Value value;
+    };
+
+    explicit ValuesByName(std::span<const Row> rows)
+    {
+        for (const Row& row : rows) {
+            const std::size_t index = NameId(row.name).Index();
+            if (index >= values_.size())
+                values_.resize(index + 1);
+            values_[index] = row.value;
+        }
+    }
+
+    Value operator[](NameId name) const
+    {
+        return name.Index() < values_.size() ? values_[name.Index()] : Value();
+    }
+
+private:
+    std::vector<Value> values_;
+};
 
 } // namespace XPJ

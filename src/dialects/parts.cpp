@@ -31,55 +31,58 @@ enum class Kind : std::uint8_t {
     SourceTrack,
 };
 
-// By length first: most children of an item are none of them.
-Kind KindOf(std::string_view name)
+constexpr ValuesByName<Kind>::Row kKindRows[] = {
+    {"angle", Kind::Container},
+    {"audio", Kind::Audio},
+    {"bin", Kind::Bin},
+    {"children", Kind::Container},
+    {"clip", Kind::Clip},
+    {"clipitem", Kind::ClipItem},
+    {"effect", Kind::Effect},
+    {"file", Kind::File},
+    {"filter", Kind::Filter},
+    {"generatoritem", Kind::GeneratorItem},
+    {"labels", Kind::Labels},
+    {"media", Kind::Container},
+    {"multiclip", Kind::Container},
+    {"project", Kind::Bin},
+    {"sequence", Kind::Sequence},
+    {"sourcetrack", Kind::SourceTrack},
+    {"track", Kind::Track},
+    {"transitionitem", Kind::TransitionItem},
+    {"video", Kind::Video},
+    {"xmeml", Kind::Container},
+};
+
+const ValuesByName<Kind>& Kinds()
 {
-    switch (name.size()) {
-    case 3:
-        return name == "bin" ? Kind::Bin : Kind::Other;
-    case 4:
-        return name == "file" ? Kind::File : name == "clip" ? Kind::Clip : Kind::Other;
-    case 5:
-        if (name == "media" || name == "angle" || name == "xmeml")
-            return Kind::Container;
-        return name == "track"   ? Kind::Track
-               : name == "video" ? Kind::Video
-               : name == "audio" ? Kind::Audio
-                                 : Kind::Other;
-    case 6:
-        return name == "filter"   ? Kind::Filter
-               : name == "effect" ? Kind::Effect
-               : name == "labels" ? Kind::Labels
-                                  : Kind::Other;
-    case 7:
-        return name == "project" ? Kind::Bin : Kind::Other;
-    case 8:
-        return name == "clipitem"   ? Kind::ClipItem
-               : name == "sequence" ? Kind::Sequence
-               : name == "children" ? Kind::Container
-                                    : Kind::Other;
-    case 9:
-        return name == "multiclip" ? Kind::Container : Kind::Other;
-    case 11:
-        return name == "sourcetrack" ? Kind::SourceTrack : Kind::Other;
-    case 13:
-        return name == "generatoritem" ? Kind::GeneratorItem : Kind::Other;
-    case 14:
-        return name == "transitionitem" ? Kind::TransitionItem : Kind::Other;
-    default:
-        return Kind::Other;
-    }
+    static const ValuesByName<Kind> kKinds(kKindRows);
+    return kKinds;
 }
 
-bool IsTime(std::string_view name)
-{
-    return name == "in" || name == "out" || name == "end" || name == "start";
-}
+// What a value of an item is to the walk.
+enum class ValueKind : std::uint8_t { Other, Id, Time, Out, Format, Still, ChannelType, Channels };
 
-bool IsOfFormat(std::string_view name)
+constexpr ValuesByName<ValueKind>::Row kValueRows[] = {
+    {"anamorphic", ValueKind::Format},
+    {"channelcount", ValueKind::Channels},
+    {"end", ValueKind::Time},
+    {"fielddominance", ValueKind::Format},
+    {"height", ValueKind::Format},
+    {"id", ValueKind::Id},
+    {"in", ValueKind::Time},
+    {"out", ValueKind::Out},
+    {"pixelaspectratio", ValueKind::Format},
+    {"start", ValueKind::Time},
+    {"stillframeoffset", ValueKind::Still},
+    {"velaChannelType", ValueKind::ChannelType},
+    {"width", ValueKind::Format},
+};
+
+const ValuesByName<ValueKind>& ValueKinds()
 {
-    return name == "width" || name == "height" || name == "anamorphic" ||
-           name == "fielddominance" || name == "pixelaspectratio";
+    static const ValuesByName<ValueKind> kKinds(kValueRows);
+    return kKinds;
 }
 
 // True for a `file` that states something beside its id.
@@ -170,24 +173,42 @@ private:
         parts_.items.push_back(part);
     }
 
-    static void RecordValues(ItemPart& part)
+    void RecordValues(ItemPart& part)
     {
         for (const Property* property = part.item.FirstProperty(); property;
              property = property->next) {
-            const std::string_view name = property->NameView();
             const std::string_view value = property->Value();
-            if (value.empty())
-                continue;
-            part.statesTimes = part.statesTimes || IsTime(name);
-            part.statesFormat = part.statesFormat || IsOfFormat(name);
-            part.isStill = part.isStill || name == "stillframeoffset";
-            part.statesChannelType = part.statesChannelType || name == "velaChannelType";
-            if (name == "id")
-                part.id = value;
-            else if (name == "out")
-                part.out = value;
-            else if (name == "channelcount")
-                part.channelCount = ParseInt64(value);
+            if (!value.empty())
+                RecordValue(part, valueKinds_[property->name], value);
+        }
+    }
+
+    static void RecordValue(ItemPart& part, ValueKind kind, std::string_view value)
+    {
+        switch (kind) {
+        case ValueKind::Id:
+            part.id = value;
+            break;
+        case ValueKind::Out:
+            part.out = value;
+            [[fallthrough]];
+        case ValueKind::Time:
+            part.statesTimes = true;
+            break;
+        case ValueKind::Format:
+            part.statesFormat = true;
+            break;
+        case ValueKind::Still:
+            part.isStill = true;
+            break;
+        case ValueKind::ChannelType:
+            part.statesChannelType = true;
+            break;
+        case ValueKind::Channels:
+            part.channelCount = ParseInt64(value);
+            break;
+        case ValueKind::Other:
+            break;
         }
     }
 
@@ -198,7 +219,7 @@ private:
         const std::size_t first = open_.size();
         const ChildRange children = visit.node.GetChildren();
         for (auto child = children.begin(); child != children.end(); ++child) {
-            const Kind kind = KindOf(child.EntryName());
+            const Kind kind = kinds_[child.EntryNameId()];
             if (kind == Kind::Filter)
                 parts_.effects.push_back(
                     {visit.node, *child, (*child).GetChild("effect"), visit.type});
@@ -234,6 +255,8 @@ private:
         }
     }
 
+    const ValuesByName<Kind>& kinds_ = Kinds();
+    const ValuesByName<ValueKind>& valueKinds_ = ValueKinds();
     TreeParts parts_;
     NodeSet visited_;
     std::vector<Visit> open_;
@@ -249,7 +272,7 @@ TreeParts FindParts(ObjectHandle root)
 bool StatesFormat(ConstHandle node)
 {
     for (const Property* property = node.FirstProperty(); property; property = property->next)
-        if (property->valueSize > 0 && IsOfFormat(property->NameView()))
+        if (property->valueSize > 0 && ValueKinds()[property->name] == ValueKind::Format)
             return true;
     return false;
 }

@@ -84,6 +84,7 @@ public:
         }
         // The name under which the child is entered.
         std::string_view EntryName() const { return entry_->name.View(); }
+        NameId EntryNameId() const { return entry_->name; }
         Iterator& operator++()
         {
             entry_ = entry_->next;
