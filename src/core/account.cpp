@@ -24,18 +24,20 @@ TranslationIssue IssueAt(const ItemLocation& location)
 void AddRemark(Account& account, RemarkKind kind, const ItemLocation& location,
                const RemarkSubject& subject)
 {
-    account.remarks.push_back({.kind = kind,
-                               .sequence = std::string(location.sequence),
-                               .clip = std::string(location.clip),
-                               .bin = std::string(location.bin),
-                               .trackKind = location.trackKind,
-                               .trackIndex = location.trackIndex,
-                               .span = location.span,
-                               .subject = std::string(subject.name),
-                               .subjectId = std::string(subject.id),
-                               .detail = std::string(subject.detail),
-                               .path = std::string(subject.path),
-                               .count = subject.count});
+    // In its place: most texts are empty, and none is moved.
+    Remark& remark = account.remarks.emplace_back();
+    remark.kind = kind;
+    remark.sequence = location.sequence;
+    remark.clip = location.clip;
+    remark.bin = location.bin;
+    remark.trackKind = location.trackKind;
+    remark.trackIndex = location.trackIndex;
+    remark.span = location.span;
+    remark.subject = subject.name;
+    remark.subjectId = subject.id;
+    remark.detail = subject.detail;
+    remark.path = subject.path;
+    remark.count = subject.count;
 }
 
 void AddIssue(Account& account, Direction direction, const TranslationIssue& issue,

@@ -13,10 +13,12 @@ constexpr ChannelTypeRow kChannelTypes[] = {
     {kAdaptiveType, kMaxTrackChannels, "SixteenChannel", "adaptive"},
 };
 
-void AppendLabels(std::string_view label, int count, std::string& list)
+void AppendLabel(std::string_view label, std::string& layout)
 {
-    for (int i = 0; i < count; ++i)
-        list.append(list.empty() ? "" : ",").append("{\"channellabel\":").append(label).append("}");
+    layout.append(layout.ends_with('[') ? "" : ",")
+        .append("{\"channellabel\":")
+        .append(label)
+        .append("}");
 }
 
 } // namespace
@@ -47,17 +49,20 @@ int ChannelCountOf(int channelType)
 
 std::string ChannelLayoutText(int kind, int channels)
 {
-    std::string list;
+    std::string layout;
+    layout.reserve(96); // a pair's
+    layout = "{\"SerializerWrappedObject\":[";
     const bool isPair = kind == kStereo || kind == kStereoPair;
     if (isPair || (kind != kSurround51 && channels == 2))
-        for (const char* label : {"100", "101"})
-            AppendLabels(label, 1, list);
+        for (const char* const label : {"100", "101"})
+            AppendLabel(label, layout);
     else if (kind == kSurround51)
-        for (const char* label : {"100", "101", "104", "105", "102", "103"})
-            AppendLabels(label, 1, list);
+        for (const char* const label : {"100", "101", "104", "105", "102", "103"})
+            AppendLabel(label, layout);
     else
-        AppendLabels("0", channels, list);
-    return "{\"SerializerWrappedObject\":[" + list + "]}";
+        for (int i = 0; i < channels; ++i)
+            AppendLabel("0", layout);
+    return layout.append("]}");
 }
 
 } // namespace XPJ

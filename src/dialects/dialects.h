@@ -10,7 +10,6 @@
 #include "tree/object.h"
 
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -39,7 +38,7 @@ std::span<const DialectRule> WritingRules();
 // What a rule had to guess: nothing in the document states it.
 struct Assumption {
     const DialectRule* rule = nullptr;
-    std::string subject; // name of the file, clip or sequence, as in the tree
+    std::string_view subject; // name of the file, clip or sequence in the tree
 };
 using AssumptionList = std::vector<Assumption>;
 

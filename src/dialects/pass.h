@@ -48,10 +48,7 @@ public:
     void Run(std::span<const DialectRule> rules);
 
     // The current rule guessed something about the named file, clip or sequence.
-    void Assume(std::string_view subject)
-    {
-        assumptions_.push_back({current_, std::string(subject)});
-    }
+    void Assume(std::string_view subject) { assumptions_.push_back({current_, subject}); }
 
 private:
     void ApplyToEffects(std::span<const DialectRule> rules);

@@ -27,6 +27,8 @@ bool HasDecimalComma(std::string_view text)
 void Restate(ObjectHandle node)
 {
     for (const Property* property = node.FirstProperty(); property; property = property->next) {
+        if (property->Value().find(',') == std::string_view::npos)
+            continue;
         const Name* const name =
             std::ranges::find(kNumbers, property->NameView(), [](Name n) { return n.View(); });
         if (name == std::end(kNumbers) || !HasDecimalComma(Trimmed(property->Value())))
