@@ -6,11 +6,13 @@
 #include "project/object_printer.h"
 
 #include <algorithm>
-#include <deque>
-#include <future>
+#include <condition_variable>
+#include <exception>
 #include <memory>
+#include <mutex>
 #include <ostream>
 #include <span>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -18,78 +20,165 @@ namespace XPJ {
 
 namespace {
 
-// Some hundred KB of text.
-constexpr std::size_t kObjectsPerBlock = 1024;
+// About a hundred KB of text, which stays in a processor's cache until it is written.
+constexpr std::size_t kObjectsPerBlock = 256;
 constexpr std::size_t kMostThreads = 4;
+constexpr std::size_t kSlotsPerThread = 4; // so that nobody waits for a large block
 
-// Writes objects in order, a block of them at a time, while other threads print the next blocks.
+std::size_t ThreadCount()
+{
+    return std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, kMostThreads);
+}
+
+// Writes objects in order, in blocks of them. A block is printed by whichever thread is free; the
+// one that writes prints as well while the block that it needs is not ready, so all works the same
+// with one processor, and where no other thread can be started.
 class BlockWriter {
 public:
-    BlockWriter(const ObjectList& objects, std::ostream& output)
-        : objects_(objects), output_(output)
-    {
-    }
+    BlockWriter(const ObjectList& objects, std::ostream& output);
+    ~BlockWriter();
+    BlockWriter(const BlockWriter&) = delete;
+    BlockWriter& operator=(const BlockWriter&) = delete;
 
-    // False when cancelled.
+    // False when cancelled. Throws what the printing of a block threw.
     bool Write(std::span<const ObjectHandle> objects, StageScope& stage);
 
 private:
-    // The printer outlives the thread that uses it.
     struct Block {
-        std::unique_ptr<ObjectPrinter> printer;
-        std::size_t size;
-        std::future<void> printed;
+        explicit Block(const ObjectList& objects) : printer(objects) {}
+
+        ObjectPrinter printer;
+        bool isPrinted = false;
+        std::exception_ptr fault; // thrown while it was printed
     };
+    using Lock = std::unique_lock<std::mutex>;
 
-    void Start(std::span<const ObjectHandle> objects, std::launch policy);
-    std::size_t Finish();
+    std::size_t BlockCount() const;
+    std::span<const ObjectHandle> ObjectsOf(std::size_t block) const;
+    Block& SlotOf(std::size_t block) { return *slots_[block % slots_.size()]; }
 
-    const ObjectList& objects_;
+    void StartThreads();
+    void PrintBlocks();
+    bool CanPrint() const;
+    void PrintNext(Lock& lock);
+    void AwaitPrinted(std::size_t block);
+
     std::ostream& output_;
-    std::deque<Block> blocks_;
-    std::vector<std::unique_ptr<ObjectPrinter>> idle_;
+    std::vector<std::unique_ptr<Block>> slots_; // blocks take turns in them
+    std::vector<std::thread> threads_;
+
+    std::mutex mutex_; // guards what follows, and the state of the blocks
+    std::condition_variable changed_;
+    std::span<const ObjectHandle> objects_;
+    std::size_t begun_ = 0;   // blocks that are printed or being printed
+    std::size_t written_ = 0; // blocks
+    bool isEnded_ = false;
 };
+
+BlockWriter::BlockWriter(const ObjectList& objects, std::ostream& output) : output_(output)
+{
+    for (std::size_t i = 0; i < kSlotsPerThread * ThreadCount(); ++i)
+        slots_.push_back(std::make_unique<Block>(objects));
+}
+
+BlockWriter::~BlockWriter()
+{
+    {
+        const Lock lock(mutex_);
+        isEnded_ = true;
+    }
+    changed_.notify_all();
+    for (std::thread& thread : threads_)
+        thread.join();
+}
 
 bool BlockWriter::Write(std::span<const ObjectHandle> objects, StageScope& stage)
 {
-    // A thread that can't be started leaves its work to the one that waits for it.
-    const bool isShort = objects.size() <= kObjectsPerBlock;
-    const auto policy =
-        isShort ? std::launch::deferred : std::launch::async | std::launch::deferred;
-    const std::size_t threads =
-        std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, kMostThreads);
-    while (!objects.empty() || !blocks_.empty()) {
-        while (!objects.empty() && blocks_.size() <= threads) {
-            const std::size_t size = std::min(objects.size(), kObjectsPerBlock);
-            Start(objects.first(size), policy);
-            objects = objects.subspan(size);
+    {
+        const Lock lock(mutex_);
+        objects_ = objects;
+        begun_ = written_ = 0;
+    }
+    if (BlockCount() > 1)
+        StartThreads();
+    for (std::size_t i = 0; i < BlockCount(); ++i) {
+        AwaitPrinted(i);
+        SlotOf(i).printer.WriteTo(output_);
+        {
+            const Lock lock(mutex_);
+            SlotOf(i).isPrinted = false;
+            ++written_;
         }
-        if (!stage.Step(static_cast<unsigned>(Finish())))
+        changed_.notify_all();
+        if (!stage.Step(static_cast<unsigned>(ObjectsOf(i).size())))
             return false;
     }
     return true;
 }
 
-void BlockWriter::Start(std::span<const ObjectHandle> objects, std::launch policy)
+std::size_t BlockWriter::BlockCount() const
 {
-    if (idle_.empty())
-        idle_.push_back(std::make_unique<ObjectPrinter>(objects_));
-    Block& block = blocks_.emplace_back(Block{std::move(idle_.back()), objects.size(), {}});
-    idle_.pop_back();
-    block.printed =
-        std::async(policy, [printer = block.printer.get(), objects] { printer->Print(objects); });
+    return (objects_.size() + kObjectsPerBlock - 1) / kObjectsPerBlock;
 }
 
-// The first block; the number of its objects.
-std::size_t BlockWriter::Finish()
+std::span<const ObjectHandle> BlockWriter::ObjectsOf(std::size_t block) const
 {
-    Block& block = blocks_.front();
-    const std::size_t size = block.size;
-    block.printed.get();
-    block.printer->WriteTo(output_);
-    idle_.push_back(std::move(block.printer));
-    blocks_.pop_front();
-    return size;
+    const std::span<const ObjectHandle> rest = objects_.subspan(block * kObjectsPerBlock);
+    return rest.first(std::min(rest.size(), kObjectsPerBlock));
+}
+
+void BlockWriter::StartThreads()
+{
+    try {
+        while (threads_.size() + 1 < ThreadCount())
+            threads_.emplace_back(&BlockWriter::PrintBlocks, this);
+    } catch (const std::system_error&) {
+        return; // the others do the work
+    }
+    changed_.notify_all();
+}
+
+// What a thread does until the writer's end.
+void BlockWriter::PrintBlocks()
+{
+    Lock lock(mutex_);
+    for (;;) {
+        changed_.wait(lock, [this] { return isEnded_ || CanPrint(); });
+        if (isEnded_)
+            return;
+        PrintNext(lock);
+    }
+}
+
+bool BlockWriter::CanPrint() const
+{
+    return begun_ < BlockCount() && begun_ < written_ + slots_.size();
+}
+
+void BlockWriter::PrintNext(Lock& lock)
+{
+    const std::span<const ObjectHandle> objects = ObjectsOf(begun_);
+    Block& block = SlotOf(begun_++);
+    lock.unlock();
+    std::exception_ptr fault;
+    try {
+        block.printer.Print(objects);
+    } catch (...) {
+        fault = std::current_exception();
+    }
+    lock.lock();
+    block.fault = fault;
+    block.isPrinted = true;
+    changed_.notify_all();
+}
+
+void BlockWriter::AwaitPrinted(std::size_t block)
+{
+    Lock lock(mutex_);
+    while (!SlotOf(block).isPrinted)
+        CanPrint() ? PrintNext(lock) : changed_.wait(lock);
+    if (SlotOf(block).fault)
+        std::rethrow_exception(SlotOf(block).fault);
 }
 
 } // namespace
