@@ -77,164 +77,123 @@ std::string AudioLayoutOf(ObjectHandle clip)
 
 } // namespace
 
-void ObjectPrinter::WriteLine(Name tag, std::string_view value)
+void ObjectPrinter::WriteSteps(std::span<const WriteStep> steps, ObjectHandle node)
 {
-    out_.WriteElement(level_, tag.View(), value);
+    properties_.Take(node);
+    for (const WriteStep& step : steps)
+        WriteStepOf(step, node);
 }
 
-void ObjectPrinter::WriteValue(Name tag, std::string_view value, ObjectHandle node)
+void ObjectPrinter::WriteStepOf(const WriteStep& step, ObjectHandle node)
 {
-    if (value.empty() && tag == std::string_view("ID"))
-        withoutId_.push_back(node);
-    WriteLine(tag, value);
-}
-
-void ObjectPrinter::WriteBody(std::span<const BodyRow> rows, ObjectHandle node)
-{
-    for (const BodyRow& row : rows)
-        WriteRow(row, node);
-}
-
-void ObjectPrinter::WriteRow(const BodyRow& row, ObjectHandle node)
-{
-    switch (row.kind) {
-    case RowKind::Part:
-    case RowKind::Member:
-    case RowKind::Wrapper:
-        out_.WriteTabs(level_++);
-        out_.Write("<", row.tag.View(), " Version=\"");
-        out_.WriteNumber(row.version);
-        return out_.Write("\">\n");
-    case RowKind::End:
-        out_.WriteTabs(--level_);
-        return out_.Write("</", row.tag.View(), ">\n");
-    case RowKind::Include:
-        return WriteBody(row.rows, node);
+    switch (step.kind) {
     case RowKind::Fixed:
-        return WriteLine(row.tag, row.text);
+        return out_.Write(step.before);
     case RowKind::FixedIf:
-        if (node.HasProperty(row.key))
-            WriteLine(row.tag, row.text);
+        if (properties_.Find(step.name))
+            out_.Write(step.before);
         return;
     case RowKind::FixedUnless:
-        if (!node.HasProperty(row.tag))
-            WriteLine(row.tag, row.text);
+        if (!properties_.Find(step.name))
+            out_.Write(step.before);
         return;
     case RowKind::Value:
-        if (const auto value = ValueOf(node, row.key))
-            WriteValue(row.tag, *value, node);
-        return;
-    case RowKind::PropertyList:
-        for (const Name& name : row.list())
-            if (const auto value = ValueOf(node, name))
-                WriteLine(name, *value);
-        return;
+        return WriteValue(step, node);
     case RowKind::Reference:
     case RowKind::ReferenceList:
     case RowKind::Pairs:
-        return WriteReferences(row, node);
+        return WriteReferences(step, node);
     case RowKind::GuidReference:
     case RowKind::OptionalGuidReference:
-        return WriteGuidReference(row, node);
+        return WriteGuidReference(step, node);
     case RowKind::GuidList:
-        return WriteGuidList(row, node);
+        return WriteGuidList(step, node);
     case RowKind::Blob:
     case RowKind::SharedBlob:
-        return WriteBlob(row, node);
+        return WriteBlob(step, node);
     case RowKind::AudioLayout:
-        return WriteAudioLayout(row, node);
+        return WriteAudioLayout(step, node);
     case RowKind::MarkerRecord:
-        return WriteMarkerRecord(row, node);
-    case RowKind::ReadLeaf:
-    case RowKind::ReadPart:
-        return;
+        return out_.WriteValue(step.before, MarkerRecordOf(node), step.after);
+    default:
+        return; // is part of a fixed text
     }
 }
 
-void ObjectPrinter::WriteReferences(const BodyRow& row, ObjectHandle node)
+void ObjectPrinter::WriteValue(const WriteStep& step, ObjectHandle node)
+{
+    const Property* const property = properties_.Find(step.name);
+    if (!property)
+        return;
+    if (property->valueSize == 0 && step.row->kind == RowKind::Value && step.row->tag == "ID")
+        withoutId_.push_back(node);
+    out_.WriteValue(step.before, property->Value(), step.after);
+}
+
+void ObjectPrinter::WriteReferences(const WriteStep& step, ObjectHandle node)
 {
     std::uint64_t index = 0;
-    ForEachNumbered(row, node, [&](ObjectHandle child) {
+    ForEachNumbered(step, node, [&](ObjectHandle child) {
         const std::uint32_t number = objects_.NumberOf(child);
         if (number == 0)
             return;
-        if (row.kind == RowKind::Pairs)
-            return WritePair(row, child, index++, number);
-        out_.WriteTabs(level_);
-        out_.Write("<", row.tag.View());
-        if (row.kind == RowKind::ReferenceList) {
-            out_.Write(" Index=\"");
+        out_.Write(step.before);
+        if (step.kind == RowKind::ReferenceList) {
             out_.WriteNumber(index++);
-            out_.Write("\"");
+            out_.Write("\" ObjectRef=\"");
+        } else if (step.kind == RowKind::Pairs) {
+            out_.WriteNumber(index++);
+            out_.Write("\">\n");
+            const int level = step.level + 1;
+            out_.WriteElement(level, "First",
+                              ValueOf(child, step.row->key).value_or(step.row->text));
+            out_.WriteTabs(level);
+            out_.Write("<Second ObjectRef=\"");
         }
-        out_.Write(" ObjectRef=\"");
         out_.WriteNumber(number);
-        out_.Write("\"/>\n");
+        out_.Write(step.after);
     });
 }
 
-void ObjectPrinter::WritePair(const BodyRow& row, ObjectHandle child, std::uint64_t index,
-                              std::uint32_t number)
+void ObjectPrinter::WriteGuidReference(const WriteStep& step, ObjectHandle node)
 {
-    out_.WriteTabs(level_++);
-    out_.Write("<", row.tag.View(), " Version=\"1\" Index=\"");
-    out_.WriteNumber(index);
-    out_.Write("\">\n");
-    WriteLine("First", ValueOf(child, row.key).value_or(row.text));
-    out_.WriteTabs(level_);
-    out_.Write("<Second ObjectRef=\"");
-    out_.WriteNumber(number);
-    out_.Write("\"/>\n");
-    out_.WriteTabs(--level_);
-    out_.Write("</", row.tag.View(), ">\n");
-}
-
-void ObjectPrinter::WriteGuidReference(const BodyRow& row, ObjectHandle node)
-{
-    const ObjectHandle child = node.GetChild(row.tag);
-    if (!child) {
-        if (row.kind == RowKind::OptionalGuidReference)
-            return;
+    if (const ObjectHandle child = FirstChild(node, step.name))
+        out_.Write(step.before, objects_.GuidOf(child), step.after);
+    else if (step.kind == RowKind::GuidReference)
         throw std::logic_error("WriteSubObjectURef(): NULL object");
-    }
-    out_.WriteTabs(level_);
-    out_.Write("<", row.tag.View(), " ObjectURef=\"", objects_.GuidOf(child), "\"/>\n");
 }
 
-void ObjectPrinter::WriteGuidList(const BodyRow& row, ObjectHandle node)
+void ObjectPrinter::WriteGuidList(const WriteStep& step, ObjectHandle node)
 {
     std::uint64_t index = 0;
-    for (const ObjectHandle child : node.GetChildren(row.tag)) {
-        out_.WriteTabs(level_);
-        out_.Write("<", row.tag.View(), " Index=\"");
+    ForEachChild(node, step.name, [&](ObjectHandle child) {
+        out_.Write(step.before);
         out_.WriteNumber(index++);
-        out_.Write("\" ObjectURef=\"", objects_.GuidOf(child), "\" />\n");
-    }
+        out_.Write("\" ObjectURef=\"", objects_.GuidOf(child), step.after);
+    });
 }
 
-void ObjectPrinter::WriteBlob(const BodyRow& row, ObjectHandle node)
+void ObjectPrinter::WriteBlob(const WriteStep& step, ObjectHandle node)
 {
-    const std::string_view data = node.GetProperty(row.tag);
-    if (data.empty() && row.kind == RowKind::Blob)
-        return;
-    out_.WriteTabs(level_);
-    out_.Write("<", row.tag.View(), " Encoding=\"base64\" Checksum=\"");
-    if (data.empty())
-        return out_.Write("\"/>\n");
-    out_.Write(node.GetProperty(row.key), "\">", data, "</", row.tag.View(), ">\n");
+    const std::string_view data = node.GetProperty(step.row->tag);
+    if (!data.empty())
+        out_.Write(step.before, node.GetProperty(step.row->key), "\">", data, step.after);
+    else if (step.kind == RowKind::SharedBlob)
+        out_.Write(step.before, "\"/>\n");
 }
 
-void ObjectPrinter::WriteAudioLayout(const BodyRow& row, ObjectHandle node)
+void ObjectPrinter::WriteAudioLayout(const WriteStep& step, ObjectHandle node)
 {
-    if (const auto layout = ValueOf(node, row.tag))
-        WriteLine(row.tag, *layout);
+    if (const Property* const layout = properties_.Find(step.name))
+        out_.WriteValue(step.before, layout->Value(), step.after);
     else if (node.HasProperty("ChannelType"))
-        WriteLine(row.tag, AudioLayoutOf(node));
+        out_.WriteValue(step.before, AudioLayoutOf(node), step.after);
     else
-        WriteLine(row.tag, R"({"SerializerWrappedObject":[{"channellabel":0}]})");
+        out_.WriteValue(step.before, R"({"SerializerWrappedObject":[{"channellabel":0}]})",
+                        step.after);
 }
 
-void ObjectPrinter::WriteMarkerRecord(const BodyRow& row, ObjectHandle node)
+std::string ObjectPrinter::MarkerRecordOf(ObjectHandle node) const
 {
     const auto ticks = [node](Name key) {
         const std::string_view value = node.GetProperty(key);
@@ -255,33 +214,23 @@ void ObjectPrinter::WriteMarkerRecord(const BodyRow& row, ObjectHandle node)
         add(R"("mName":")", JsonText(*name), R"(",)");
     add(R"("mStartTime":{"ticks":)", ticks("StartTime"), R"(},"mType":")",
         JsonText(MarkerType(node.GetProperty(Name("Type")))), R"("}})");
-
-    out_.WriteTabs(level_);
-    out_.Write("<", row.tag.View(), ">");
-    out_.WriteValue(record);
-    out_.Write("</", row.tag.View(), ">\r\n");
+    return record;
 }
 
 void ObjectPrinter::WriteObject(ObjectHandle node)
 {
-    const ProjectClass& projectClass = objects_.ClassOf(node);
-    out_.WriteTabs(level_++);
-    out_.Write("<", projectClass.name);
-    if (projectClass.identity == Identity::Number) {
-        out_.Write(" ObjectID=\"");
-        out_.WriteNumber(objects_.NumberOf(node));
-    } else {
-        out_.Write(" ObjectUID=\"", objects_.GuidOf(node));
-    }
-    out_.Write("\" ClassID=\"",
-               projectClass.classId.empty() ? node.GetProperty(Name("classid"))
-                                            : projectClass.classId,
-               "\" Version=\"");
-    out_.WriteNumber(projectClass.version);
-    out_.Write("\">\n");
-    WriteBody(projectClass.body, node);
-    out_.WriteTabs(--level_);
-    out_.Write("</", projectClass.name, ">\n");
+    const auto [text, number] = objects_.EntryOf(node);
+    out_.Write(text.beforeId);
+    if (text.projectClass->identity == Identity::Number)
+        out_.WriteNumber(number);
+    else
+        out_.Write(objects_.GuidOf(node));
+    out_.Write(text.afterId);
+    if (text.projectClass->classId.empty())
+        out_.Write(node.GetProperty("classid"));
+    out_.Write(text.afterClassId);
+    WriteSteps(text.steps, node);
+    out_.Write(text.end);
 }
 
 void ObjectPrinter::PrintHead(ObjectHandle document, bool sn2vlMode)
@@ -289,7 +238,7 @@ void ObjectPrinter::PrintHead(ObjectHandle document, bool sn2vlMode)
     if (sn2vlMode)
         out_.Write("__Sn2Vl__\n");
     out_.Write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<VelaData Version=\"3\">\n");
-    WriteBody(DocumentBody(), document);
+    WriteSteps(objects_.DocumentSteps(), document);
 }
 
 void ObjectPrinter::Print(std::span<const ObjectHandle> objects)

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "project/object_list.h"
+#include "tree/property_table.h"
 #include "tree/text_out.h"
 
-#include <cstdint>
 #include <iosfwd>
 #include <span>
-#include <string_view>
+#include <string>
 #include <vector>
 
 namespace XPJ {
@@ -24,23 +24,20 @@ public:
 
 private:
     void WriteObject(ObjectHandle node);
-    void WriteBody(std::span<const BodyRow> rows, ObjectHandle node);
-    void WriteRow(const BodyRow& row, ObjectHandle node);
-    void WriteReferences(const BodyRow& row, ObjectHandle node);
-    void WritePair(const BodyRow& row, ObjectHandle child, std::uint64_t index,
-                   std::uint32_t number);
-    void WriteGuidReference(const BodyRow& row, ObjectHandle node);
-    void WriteGuidList(const BodyRow& row, ObjectHandle node);
-    void WriteBlob(const BodyRow& row, ObjectHandle node);
-    void WriteAudioLayout(const BodyRow& row, ObjectHandle node);
-    void WriteMarkerRecord(const BodyRow& row, ObjectHandle node);
-    void WriteLine(Name tag, std::string_view value);
-    void WriteValue(Name tag, std::string_view value, ObjectHandle node);
+    void WriteSteps(std::span<const WriteStep> steps, ObjectHandle node);
+    void WriteStepOf(const WriteStep& step, ObjectHandle node);
+    void WriteValue(const WriteStep& step, ObjectHandle node);
+    void WriteReferences(const WriteStep& step, ObjectHandle node);
+    void WriteGuidReference(const WriteStep& step, ObjectHandle node);
+    void WriteGuidList(const WriteStep& step, ObjectHandle node);
+    void WriteBlob(const WriteStep& step, ObjectHandle node);
+    void WriteAudioLayout(const WriteStep& step, ObjectHandle node);
+    std::string MarkerRecordOf(ObjectHandle node) const;
 
     const ObjectList& objects_;
     TextOut out_;
+    PropertyTable properties_;            // of the node that is printed
     std::vector<ObjectHandle> withoutId_; // have an empty ID
-    int level_ = 1;
 };
 
 } // namespace XPJ
