@@ -145,8 +145,10 @@ std::string AccountText(const ReportHeader& header, const Account& account)
         text += fmt::format("\n{}: {}\n", OutcomeText(group.row->outcome), group.reason);
         for (const Remark* const remark : group.remarks) {
             const std::string place = PlaceText(*remark);
-            text += fmt::format("    {}{}\n", place.empty() ? "the document" : place,
-                                remark->count > 1 ? fmt::format(", {} times", remark->count) : "");
+            text.append("    ").append(place.empty() ? "the document" : place);
+            if (remark->count > 1)
+                text.append(", ").append(fmt::to_string(remark->count)).append(" times");
+            text += '\n';
         }
     }
     return text;

@@ -5,6 +5,7 @@
 #include "platform/platform.h"
 
 #include <algorithm>
+#include <functional>
 #include <string_view>
 #include <tuple>
 #include <unordered_map>
@@ -30,29 +31,38 @@ std::string Capitalized(std::string_view text)
     return result;
 }
 
-// "a, b" of those that are not empty.
-std::string Joined(std::initializer_list<std::string> parts, std::string_view separator)
+// Behind what is there, unless the part is empty.
+void AppendPart(std::string& text, std::string_view separator, std::string_view part)
 {
-    std::string text;
-    for (const std::string& part : parts)
-        if (!part.empty())
-            text.append(text.empty() ? "" : separator).append(part);
-    return text;
+    if (!part.empty())
+        text.append(text.empty() ? "" : separator).append(part);
 }
 
-// Equal for remarks of one kind and path whose reasons are equal.
-std::string KeyOf(const Remark& remark)
-{
-    const RemarkRow& row = RowOf(remark.kind);
-    const bool hasDetail = row.reason.find("$2") != std::string_view::npos;
-    std::string key(row.id);
-    for (const std::string_view part :
-         {std::string_view(remark.subject),
-          hasDetail ? std::string_view(remark.detail) : std::string_view(),
-          std::string_view(remark.path)})
-        key.append("\n").append(part);
-    return key;
-}
+// Equal for remarks of one kind and path whose reasons are equal. Lives as long as the remark.
+struct GroupKey {
+    RemarkKind kind;
+    std::string_view subject;
+    std::string_view detail;
+    std::string_view path;
+
+    explicit GroupKey(const Remark& remark)
+        : kind(remark.kind), subject(remark.subject), path(remark.path)
+    {
+        if (RowOf(kind).reason.find("$2") != std::string_view::npos)
+            detail = remark.detail;
+    }
+    bool operator==(const GroupKey&) const = default;
+};
+
+struct GroupKeyHash {
+    std::size_t operator()(const GroupKey& key) const
+    {
+        std::size_t hash = static_cast<std::size_t>(key.kind);
+        for (const std::string_view part : {key.subject, key.detail, key.path})
+            hash = hash * 31 + std::hash<std::string_view>()(part);
+        return hash;
+    }
+};
 
 bool IsWorse(const RemarkGroup& a, const RemarkGroup& b)
 {
@@ -68,11 +78,9 @@ std::string FirstPlaces(const RemarkGroup& group)
     std::string text;
     std::size_t shown = 0;
     for (const Remark* const remark : group.remarks) {
-        const std::string place = PlaceText(*remark);
         if (shown == kFirstPlaces)
             break;
-        if (!place.empty())
-            text.append(text.empty() ? "" : "; ").append(place);
+        AppendPart(text, "; ", PlaceText(*remark));
         ++shown;
     }
     if (group.remarks.size() > shown)
@@ -117,23 +125,27 @@ std::string TrackText(const Remark& remark)
 
 std::string PlaceText(const Remark& remark)
 {
-    const std::string clip = UnescapeXML(remark.clip);
+    std::string text;
     if (remark.sequence.empty()) {
-        const std::string place = Joined({UnescapeXML(remark.bin), clip}, "/");
-        return place.empty() ? remark.path : place;
+        AppendPart(text, "/", UnescapeXML(remark.bin));
+        AppendPart(text, "/", UnescapeXML(remark.clip));
+        return text.empty() ? remark.path : text;
     }
-    const std::string time =
-        remark.span.IsKnown() ? remark.span.Timecode(remark.span.start) : std::string();
-    return Joined({UnescapeXML(remark.sequence), TrackText(remark), time, clip}, ", ");
+    AppendPart(text, ", ", UnescapeXML(remark.sequence));
+    AppendPart(text, ", ", TrackText(remark));
+    if (remark.span.IsKnown())
+        AppendPart(text, ", ", remark.span.Timecode(remark.span.start));
+    AppendPart(text, ", ", UnescapeXML(remark.clip));
+    return text;
 }
 
 std::vector<RemarkGroup> GroupRemarks(const std::vector<Remark>& remarks)
 {
     std::vector<RemarkGroup> groups;
-    std::unordered_map<std::string, std::size_t> indices;
+    std::unordered_map<GroupKey, std::size_t, GroupKeyHash> indices;
     RemarkTexts texts;
     for (const Remark& remark : remarks) {
-        const auto [entry, isNew] = indices.try_emplace(KeyOf(remark), groups.size());
+        const auto [entry, isNew] = indices.try_emplace(GroupKey(remark), groups.size());
         if (isNew)
             groups.push_back(
                 {&RowOf(remark.kind), texts.Reason(remark), texts.Remedy(remark), {}, 0});
