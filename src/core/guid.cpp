@@ -2,8 +2,6 @@
 
 #include "core/numbers.h"
 
-#include <boost/uuid/uuid_io.hpp>
-
 namespace XPJ {
 
 namespace {
@@ -41,7 +39,16 @@ Guid StringToGUID(std::string_view text) noexcept
 
 std::string AsString(const Guid& guid)
 {
-    return boost::uuids::to_string(guid);
+    constexpr char kHexDigits[] = "0123456789abcdef";
+    std::string text(kTextSize, '-');
+    std::size_t at = 0;
+    for (const std::uint8_t byte : guid) {
+        if (IsDashPosition(at))
+            ++at;
+        text[at++] = kHexDigits[byte >> 4];
+        text[at++] = kHexDigits[byte & 15];
+    }
+    return text;
 }
 
 } // namespace XPJ

@@ -24,6 +24,8 @@ public:
     std::string_view View() const;
     std::size_t Index() const { return index_; }
     Name AsName() const { return Name::OfStatic(View()); }
+    // Small: names are numbered as they come.
+    constexpr std::size_t Index() const { return index_; }
 
     friend constexpr bool operator==(NameId a, NameId b) = default;
 

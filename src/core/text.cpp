@@ -180,17 +180,34 @@ EightBytes UnplainBytes(EightBytes bytes)
     return (bytes & kHighBits) | BytesBelow(low, ' ') | BytesLike(low, '&') | AngleBrackets(low);
 }
 
+// All bytes of a text of less than eight, some of them more than once; blanks for none.
+EightBytes LoadFewBytes(std::string_view text)
+{
+    const std::size_t size = text.size();
+    if (size >= sizeof(std::uint32_t)) {
+        std::uint32_t first = 0;
+        std::uint32_t last = 0;
+        std::memcpy(&first, text.data(), sizeof(first));
+        std::memcpy(&last, text.data() + size - sizeof(last), sizeof(last));
+        return EightBytes{first} << 32 | last;
+    }
+    EightBytes bytes = RepeatByte(' ');
+    for (const char c : text)
+        bytes = bytes << 8 | static_cast<unsigned char>(c);
+    return bytes;
+}
+
 } // namespace
 
 bool IsPlainText(std::string_view text) noexcept
 {
-    EightBytes unplain = 0;
-    for (; text.size() >= sizeof(EightBytes); text.remove_prefix(sizeof(EightBytes)))
-        unplain |= UnplainBytes(LoadBytes(text.data()));
-    EightBytes rest = RepeatByte(' ');
-    if (!text.empty()) // it may be null then
-        std::memcpy(&rest, text.data(), text.size());
-    return (unplain | UnplainBytes(rest)) == 0;
+    constexpr std::size_t kStep = sizeof(EightBytes);
+    if (text.size() < kStep)
+        return UnplainBytes(LoadFewBytes(text)) == 0;
+    EightBytes unplain = UnplainBytes(LoadBytes(text.data() + text.size() - kStep));
+    for (std::size_t i = 0; i + kStep < text.size(); i += kStep)
+        unplain |= UnplainBytes(LoadBytes(text.data() + i));
+    return unplain == 0;
 }
 
 std::string WellFormedText(std::string_view text)
@@ -209,7 +226,8 @@ std::string WellFormedText(std::string_view text)
             result += "&amp;";
         else if (c == '>' && i >= 2 && valid[i - 1] == ']' && valid[i - 2] == ']')
             result += "&gt;";
-        else if (rest.substr(0, 3) == "\xEF\xBF\xBE" || rest.substr(0, 3) == "\xEF\xBF\xBF")
+        else if (c == '\xEF' &&
+                 (rest.starts_with("\xEF\xBF\xBE") || rest.starts_with("\xEF\xBF\xBF")))
             i += 2; // U+FFFE and U+FFFF are no characters
         else if (static_cast<unsigned char>(c) >= ' ' || c == '\t' || c == '\n' || c == '\r')
             result += c;

@@ -7,44 +7,45 @@ namespace XPJ {
 namespace {
 
 // Under this name a part of the other document's tree is entered.
-constexpr std::string_view kForeignChild = "fcpmasterclip";
+constexpr Name kForeignChild = "fcpmasterclip";
+
+bool MentionsNumbers(const WriteStep& step)
+{
+    return step.kind == RowKind::Reference || step.kind == RowKind::ReferenceList ||
+           step.kind == RowKind::Pairs;
+}
+
+bool MentionsGuids(const WriteStep& step)
+{
+    return step.kind == RowKind::GuidReference || step.kind == RowKind::OptionalGuidReference ||
+           step.kind == RowKind::GuidList || step.kind == RowKind::MarkerRecord;
+}
 
 } // namespace
 
-void ObjectList::AddLinks(std::span<const BodyRow> rows, ClassLinks& links)
+ObjectList::ObjectClass::ObjectClass(const ProjectClass& row) : text(row)
 {
-    for (const BodyRow& row : rows) {
-        switch (row.kind) {
-        case RowKind::Include:
-            AddLinks(row.rows, links);
-            break;
-        case RowKind::Reference:
-        case RowKind::ReferenceList:
-        case RowKind::Pairs:
-            links.numbered.push_back(&row);
-            break;
-        case RowKind::GuidReference:
-        case RowKind::OptionalGuidReference:
-        case RowKind::GuidList:
-        case RowKind::MarkerRecord:
-            links.guids.push_back(&row);
-            break;
-        default:
-            break;
-        }
-    }
+    for (const WriteStep& step : text.steps)
+        if (MentionsNumbers(step))
+            numbered.push_back(&step);
+        else if (MentionsGuids(step))
+            guids.push_back(&step);
 }
 
-std::uint16_t ObjectList::LinksOf(ConstHandle node)
+ObjectList::ObjectList() : document_(StepsOf(DocumentBody(), 1)) {}
+
+ObjectList::ClassIndex ObjectList::ClassOf(NameId name)
 {
-    const ProjectClass* const projectClass = FindProjectClass(node.GetName().View());
-    if (!projectClass)
-        return kNoClass;
-    const auto [entry, isNew] =
-        classes_.try_emplace(projectClass, static_cast<std::uint16_t>(links_.size()));
-    if (isNew)
-        AddLinks(projectClass->body, links_.emplace_back(ClassLinks{projectClass, {}, {}}));
-    return entry->second;
+    if (name.Index() >= classOfName_.size())
+        classOfName_.resize(name.Index() + 1, kNotSeen);
+    ClassIndex& known = classOfName_[name.Index()];
+    if (known != kNotSeen)
+        return known;
+    const ProjectClass* const row = FindProjectClass(name.View());
+    known = row ? static_cast<ClassIndex>(classes_.size()) : kNoClass;
+    if (row)
+        classes_.emplace_back(*row);
+    return known;
 }
 
 std::optional<ObjectList::Visit> ObjectList::Enter(ObjectHandle node)
@@ -53,80 +54,77 @@ std::optional<ObjectList::Visit> ObjectList::Enter(ObjectHandle node)
     if (record.visited)
         return std::nullopt;
     record.visited = true;
-    record.links = LinksOf(node);
-    return Visit{node, node.GetChildren().begin()};
+    record.classIndex = ClassOf(node.Get()->name);
+    return Visit{node, node.Get()->firstChild, record.classIndex};
 }
 
-void ObjectList::Leave(ObjectHandle node)
+void ObjectList::Leave(const Visit& visit)
 {
-    const std::uint16_t index = records_[node].links;
-    if (index == kNoClass)
+    if (visit.classIndex == kNoClass)
         return;
-    const ClassLinks& links = links_[index];
-    Number(links, node);
-    if (links.projectClass->identity == Identity::GuidText)
-        withGuid_.push_back(node);
+    const ObjectClass& objectClass = classes_[visit.classIndex];
+    for (const WriteStep* const step : objectClass.numbered)
+        Number(*step, visit.node);
+    if (objectClass.text.projectClass->identity == Identity::GuidText)
+        withGuid_.push_back(visit.node);
 }
 
 // A child of a class without numbered objects gets none, so that no reference leads nowhere.
-void ObjectList::Number(const ClassLinks& links, ObjectHandle node)
+void ObjectList::Number(const WriteStep& step, ObjectHandle node)
 {
-    for (const BodyRow* const row : links.numbered)
-        ForEachNumbered(*row, node, [this](ObjectHandle child) {
-            NodeRecord& record = records_[child];
-            if (record.number != 0 || record.links == kNoClass ||
-                links_[record.links].projectClass->identity != Identity::Number)
-                return;
-            numbered_.push_back(child);
-            record.number = static_cast<std::uint32_t>(numbered_.size());
-        });
+    ForEachNumbered(step, node, [this](ObjectHandle child) {
+        NodeRecord& record = records_[child];
+        if (record.number != 0 || record.classIndex == kNoClass ||
+            classes_[record.classIndex].text.projectClass->identity != Identity::Number)
+            return;
+        numbered_.push_back(child);
+        record.number = static_cast<std::uint32_t>(numbered_.size());
+    });
 }
 
 // Items lead to sequences that hold items of the same sequence, so nodes are marked on the way
 // down.
 void ObjectList::Collect(ObjectHandle document)
 {
-    std::vector<Visit> path;
-    if (const auto visit = Enter(document))
-        path.push_back(*visit);
+    if (!document)
+        return;
+    const NameId foreign(kForeignChild);
+    std::vector<Visit> path{*Enter(document)};
     while (!path.empty()) {
         Visit& visit = path.back();
-        if (visit.next != ChildRange(nullptr).end()) {
-            const ObjectHandle child = *visit.next;
-            const bool foreign = visit.next.EntryName() == kForeignChild;
-            ++visit.next;
-            if (foreign)
+        if (const ChildEntry* const entry = visit.next) {
+            visit.next = entry->next;
+            if (entry->name == foreign)
                 continue;
-            if (const auto inner = Enter(child))
+            if (const auto inner = Enter(ObjectHandle(entry->object)))
                 path.push_back(*inner);
         } else {
-            Leave(visit.node);
+            Leave(visit);
             path.pop_back();
         }
     }
-    ClassLinks ofDocument;
-    AddLinks(DocumentBody(), ofDocument);
-    Number(ofDocument, document);
+    for (const WriteStep& step : document_)
+        if (MentionsNumbers(step))
+            Number(step, document);
 
-    GenerateGuids(ofDocument, document);
     for (const ObjectHandle node : numbered_)
-        GenerateGuids(links_[records_[node].links], node);
+        GenerateGuids(node);
     for (const ObjectHandle node : withGuid_) {
         GenerateGuid(node);
-        GenerateGuids(links_[records_[node].links], node);
+        GenerateGuids(node);
     }
 }
 
-void ObjectList::GenerateGuids(const ClassLinks& links, ObjectHandle node)
+// For what the object mentions by GUID.
+void ObjectList::GenerateGuids(ObjectHandle node)
 {
-    for (const BodyRow* const row : links.guids) {
-        if (row->kind == RowKind::GuidList) {
-            for (const ObjectHandle child : node.GetChildren(row->tag))
-                GenerateGuid(child);
-        } else if (row->kind == RowKind::MarkerRecord) {
+    for (const WriteStep* const step : classes_[records_[node].classIndex].guids) {
+        if (step->kind == RowKind::GuidList) {
+            ForEachChild(node, step->name, [this](ObjectHandle child) { GenerateGuid(child); });
+        } else if (step->kind == RowKind::MarkerRecord) {
             if (node.HasProperty("Color"))
                 colorGuids_[node.UniqueId()] = NewGuidText();
-        } else if (const ObjectHandle child = node.GetChild(row->tag)) {
+        } else if (const ObjectHandle child = FirstChild(node, step->name)) {
             GenerateGuid(child);
         }
     }
@@ -137,6 +135,12 @@ void ObjectList::GenerateGuid(ObjectHandle node)
     if (!HasValue(node, "uid"))
         if (std::string& guid = guids_[node.UniqueId()]; guid.empty())
             guid = NewGuidText();
+}
+
+ObjectList::Entry ObjectList::EntryOf(ConstHandle object) const
+{
+    const NodeRecord& record = *records_.Find(object);
+    return {classes_[record.classIndex].text, record.number};
 }
 
 std::uint32_t ObjectList::NumberOf(ConstHandle node) const
@@ -154,11 +158,6 @@ std::string_view ObjectList::GuidOf(ConstHandle node) const
 std::string_view ObjectList::ColorGuidOf(ConstHandle marker) const
 {
     return colorGuids_.at(marker.UniqueId());
-}
-
-const ProjectClass& ObjectList::ClassOf(ConstHandle node) const
-{
-    return *links_[records_.Find(node)->links].projectClass;
 }
 
 } // namespace XPJ

@@ -1,7 +1,7 @@
 // The objects of a project document: their order, numbers and GUIDs.
 #pragma once
 
-#include "project/classes.h"
+#include "project/class_text.h"
 #include "tree/node_table.h"
 
 #include <cstdint>
@@ -13,17 +13,39 @@
 
 namespace XPJ {
 
-// Calls `use` for each child that a row mentions by number.
-template <class Use>
-void ForEachNumbered(const BodyRow& row, ObjectHandle node, Use use)
+inline const ChildEntry* FirstEntry(ObjectHandle node)
 {
-    if (row.kind == RowKind::Reference) {
-        if (const ObjectHandle child = node.GetChild(row.tag))
+    return node ? node.Get()->firstChild : nullptr;
+}
+
+// The first child entered under the name; null if there is none.
+inline ObjectHandle FirstChild(ObjectHandle node, NameId name)
+{
+    for (const ChildEntry* entry = FirstEntry(node); entry; entry = entry->next)
+        if (entry->name == name)
+            return ObjectHandle(entry->object);
+    return {};
+}
+
+// Calls `use` for each child entered under the name.
+template <class Use>
+void ForEachChild(ObjectHandle node, NameId name, Use use)
+{
+    for (const ChildEntry* entry = FirstEntry(node); entry; entry = entry->next)
+        if (entry->name == name)
+            use(ObjectHandle(entry->object));
+}
+
+// Calls `use` for each child that a step mentions by number.
+template <class Use>
+void ForEachNumbered(const WriteStep& step, ObjectHandle node, Use use)
+{
+    if (step.kind == RowKind::Reference) {
+        if (const ObjectHandle child = FirstChild(node, step.name))
             use(child);
-    } else if (row.kind == RowKind::ReferenceList || row.kind == RowKind::Pairs) {
-        const ObjectHandle owner = row.via.IsEmpty() ? node : node.GetChild(row.via);
-        for (const ObjectHandle child : owner.GetChildren(row.tag))
-            use(child);
+    } else {
+        const bool isDirect = step.via == NameId();
+        ForEachChild(isDirect ? node : FirstChild(node, step.via), step.name, use);
     }
 }
 
@@ -31,9 +53,18 @@ void ForEachNumbered(const BodyRow& row, ObjectHandle node, Use use)
 // when its objects are collected, in their order; after that several threads may look it up.
 class ObjectList {
 public:
+    // Of the node of an object, found in one lookup.
+    struct Entry {
+        const ClassText& text;
+        std::uint32_t number; // 0 if nothing mentions it by number
+    };
+
+    ObjectList();
+
     // Numbers the objects below `document`, children before parents.
     void Collect(ObjectHandle document);
 
+    Entry EntryOf(ConstHandle object) const;
     // 0 for a node that is no numbered object.
     std::uint32_t NumberOf(ConstHandle node) const;
     // The `uid`, or the GUID that was generated for a node without one.
@@ -43,39 +74,45 @@ public:
 
     const std::vector<ObjectHandle>& Numbered() const { return numbered_; }
     const std::vector<ObjectHandle>& WithGuid() const { return withGuid_; }
-    const ProjectClass& ClassOf(ConstHandle node) const;
+    // Of the document node itself.
+    const std::vector<WriteStep>& DocumentSteps() const { return document_; }
 
 private:
-    static constexpr std::uint16_t kNoClass = 0xFFFF;
-    // What is followed in the objects of a class: rows of its body and of the blocks it includes.
-    struct ClassLinks {
-        const ProjectClass* projectClass = nullptr;
-        std::vector<const BodyRow*> numbered; // mention objects by number
-        std::vector<const BodyRow*> guids;    // mention GUIDs
+    // Indices of `classes_`; a class that has no objects and leads to none is none.
+    using ClassIndex = std::uint16_t;
+    static constexpr ClassIndex kNoClass = 0xFFFF;
+    static constexpr ClassIndex kNotSeen = 0xFFFE;
+    struct ObjectClass {
+        explicit ObjectClass(const ProjectClass& row);
+
+        ClassText text;
+        std::vector<const WriteStep*> numbered; // mention objects by number
+        std::vector<const WriteStep*> guids;    // mention GUIDs
     };
     // One for each node, so a small one.
     struct NodeRecord {
-        std::uint32_t number = 0;       // 0: not mentioned by number
-        std::uint16_t links = kNoClass; // an index of `links_`
+        std::uint32_t number = 0; // 0: not mentioned by number
+        ClassIndex classIndex = kNoClass;
         bool visited = false;
     };
     struct Visit {
         ObjectHandle node;
-        ChildRange::Iterator next;
+        const ChildEntry* next;
+        ClassIndex classIndex;
     };
 
-    static void AddLinks(std::span<const BodyRow> rows, ClassLinks& links);
-    std::uint16_t LinksOf(ConstHandle node);
+    ClassIndex ClassOf(NameId name);
     std::optional<Visit> Enter(ObjectHandle node);
-    void Leave(ObjectHandle node);
-    void Number(const ClassLinks& links, ObjectHandle node);
-    void GenerateGuids(const ClassLinks& links, ObjectHandle node);
+    void Leave(const Visit& visit);
+    void Number(const WriteStep& step, ObjectHandle node);
+    void GenerateGuids(ObjectHandle node);
     void GenerateGuid(ObjectHandle node);
 
+    const std::vector<WriteStep> document_;
     NodeTable<NodeRecord> records_;
-    std::vector<ClassLinks> links_;
-    std::unordered_map<const ProjectClass*, std::uint16_t> classes_; // indices of `links_`
-    std::vector<ObjectHandle> numbered_; // the object numbered N is at N - 1
+    std::vector<ObjectClass> classes_;
+    std::vector<ClassIndex> classOfName_; // by the index of the name
+    std::vector<ObjectHandle> numbered_;  // the object numbered N is at N - 1
     std::vector<ObjectHandle> withGuid_;
     std::unordered_map<std::uint64_t, std::string> guids_;      // by node, of those without `uid`
     std::unordered_map<std::uint64_t, std::string> colorGuids_; // by marker

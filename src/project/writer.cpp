@@ -2,21 +2,17 @@
 // a GUID, each mentioned by others through its number or GUID.
 #include "project/writer.h"
 
-#include "core/numbers.h"
-#include "core/text.h"
 #include "project/object_list.h"
-#include "tree/node_dump.h"
-#include "tree/text_out.h"
-#include "tree/value_of.h"
+#include "project/object_printer.h"
 
 #include <algorithm>
-#include <deque>
-#include <future>
-#include <iostream>
+#include <condition_variable>
+#include <exception>
 #include <memory>
+#include <mutex>
+#include <ostream>
 #include <span>
-#include <stdexcept>
-#include <string>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -24,403 +20,165 @@ namespace XPJ {
 
 namespace {
 
-// Some hundred KB of text.
-constexpr std::size_t kObjectsPerBlock = 1024;
+// About a hundred KB of text, which stays in a processor's cache until it is written.
+constexpr std::size_t kObjectsPerBlock = 256;
 constexpr std::size_t kMostThreads = 4;
+constexpr std::size_t kSlotsPerThread = 4; // so that nobody waits for a large block
 
-struct JsonEscape {
-    char character;
-    std::string_view text;
-};
-
-constexpr JsonEscape kJsonEscapes[] = {
-    {'"', "\\\""}, {'\\', "\\\\"}, {'\n', "\\n"}, {'\r', "\\r"},
-    {'\t', "\\t"}, {'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"},
-};
-
-// A string inside the JSON record, itself text of an element: what the entities of the tree's value
-// stand for is escaped for JSON first, so that a reader may decode them before it parses.
-std::string JsonText(std::string_view value)
+std::size_t ThreadCount()
 {
-    static constexpr char kHex[] = "0123456789abcdef";
-    std::string text;
-    for (const char c : UnescapeXML(value)) {
-        const auto byte = static_cast<unsigned char>(c);
-        const auto* const escape =
-            std::find_if(std::begin(kJsonEscapes), std::end(kJsonEscapes),
-                         [c](const JsonEscape& candidate) { return candidate.character == c; });
-        if (escape != std::end(kJsonEscapes))
-            text += escape->text;
-        else if (byte < 0x20)
-            text.append("\\u00").append({kHex[byte >> 4], kHex[byte & 15]});
-        else
-            text += c;
-    }
-    return text;
+    return std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, kMostThreads);
 }
 
-std::string_view MarkerType(std::string_view type)
-{
-    if (type.empty())
-        return "Comment";
-    if (type == "Sequence" || type == "ML.SequenceMarker.Chapter")
-        return "Chapter";
-    return type;
-}
-
-// Layout of an audio clip that states only its channel type.
-std::string AudioLayoutOf(ObjectHandle clip)
-{
-    constexpr int kStereo = 1;
-    constexpr int kSurround = 2;
-    constexpr int kMostChannels = 1024;
-    std::string layout = R"({"SerializerWrappedObject":[)";
-    const int type = IntProperty(clip, "ChannelType");
-    const int count = std::clamp(IntProperty(clip, "NumChannels"), 1, kMostChannels);
-    if (type == kStereo || (type != kSurround && count == 2)) {
-        layout += R"({"channellabel":100},{"channellabel":101})";
-    } else if (type == kSurround) {
-        layout += R"({"channellabel":100},{"channellabel":101},{"channellabel":104},)"
-                  R"({"channellabel":105},{"channellabel":102},{"channellabel":103})";
-    } else {
-        for (int i = 0; i < count; ++i)
-            layout += i == 0 ? R"({"channellabel":0})" : R"(,{"channellabel":0})";
-    }
-    return layout + "]}";
-}
-
-// Prints objects into a text of its own, so that several threads print at once.
-class ObjectPrinter {
-public:
-    explicit ObjectPrinter(const ObjectList& objects) : objects_(objects) {}
-
-    void PrintHead(ObjectHandle document, bool sn2vlMode);
-    void Print(std::span<const ObjectHandle> objects);
-    // Hands over what was printed.
-    void WriteTo(std::ostream& output);
-
-private:
-    void WriteObject(ObjectHandle node);
-    void WriteBody(std::span<const BodyRow> rows, ObjectHandle node);
-    void WriteRow(const BodyRow& row, ObjectHandle node);
-    void WriteReferences(const BodyRow& row, ObjectHandle node);
-    void WritePair(const BodyRow& row, ObjectHandle child, std::uint64_t index,
-                   std::uint32_t number);
-    void WriteGuidReference(const BodyRow& row, ObjectHandle node);
-    void WriteGuidList(const BodyRow& row, ObjectHandle node);
-    void WriteBlob(const BodyRow& row, ObjectHandle node);
-    void WriteAudioLayout(const BodyRow& row, ObjectHandle node);
-    void WriteMarkerRecord(const BodyRow& row, ObjectHandle node);
-    void WriteLine(Name tag, std::string_view value);
-    void WriteValue(Name tag, std::string_view value, ObjectHandle node);
-
-    const ObjectList& objects_;
-    TextOut out_;
-    std::vector<ObjectHandle> withoutId_; // have an empty ID
-    int level_ = 1;
-};
-
-void ObjectPrinter::WriteLine(Name tag, std::string_view value)
-{
-    out_.WriteElement(level_, tag.View(), value);
-}
-
-void ObjectPrinter::WriteValue(Name tag, std::string_view value, ObjectHandle node)
-{
-    if (value.empty() && tag == std::string_view("ID"))
-        withoutId_.push_back(node);
-    WriteLine(tag, value);
-}
-
-void ObjectPrinter::WriteBody(std::span<const BodyRow> rows, ObjectHandle node)
-{
-    for (const BodyRow& row : rows)
-        WriteRow(row, node);
-}
-
-void ObjectPrinter::WriteRow(const BodyRow& row, ObjectHandle node)
-{
-    switch (row.kind) {
-    case RowKind::Part:
-    case RowKind::Member:
-    case RowKind::Wrapper:
-        out_.WriteTabs(level_++);
-        out_.Write("<", row.tag.View(), " Version=\"");
-        out_.WriteNumber(row.version);
-        return out_.Write("\">\n");
-    case RowKind::End:
-        out_.WriteTabs(--level_);
-        return out_.Write("</", row.tag.View(), ">\n");
-    case RowKind::Include:
-        return WriteBody(row.rows, node);
-    case RowKind::Fixed:
-        return WriteLine(row.tag, row.text);
-    case RowKind::FixedIf:
-        if (node.HasProperty(row.key))
-            WriteLine(row.tag, row.text);
-        return;
-    case RowKind::FixedUnless:
-        if (!node.HasProperty(row.tag))
-            WriteLine(row.tag, row.text);
-        return;
-    case RowKind::Value:
-        if (const auto value = ValueOf(node, row.key))
-            WriteValue(row.tag, *value, node);
-        return;
-    case RowKind::PropertyList:
-        for (const Name& name : row.list())
-            if (const auto value = ValueOf(node, name))
-                WriteLine(name, *value);
-        return;
-    case RowKind::Reference:
-    case RowKind::ReferenceList:
-    case RowKind::Pairs:
-        return WriteReferences(row, node);
-    case RowKind::GuidReference:
-    case RowKind::OptionalGuidReference:
-        return WriteGuidReference(row, node);
-    case RowKind::GuidList:
-        return WriteGuidList(row, node);
-    case RowKind::Blob:
-    case RowKind::SharedBlob:
-        return WriteBlob(row, node);
-    case RowKind::AudioLayout:
-        return WriteAudioLayout(row, node);
-    case RowKind::MarkerRecord:
-        return WriteMarkerRecord(row, node);
-    case RowKind::ReadLeaf:
-    case RowKind::ReadPart:
-        return;
-    }
-}
-
-void ObjectPrinter::WriteReferences(const BodyRow& row, ObjectHandle node)
-{
-    std::uint64_t index = 0;
-    ForEachNumbered(row, node, [&](ObjectHandle child) {
-        const std::uint32_t number = objects_.NumberOf(child);
-        if (number == 0)
-            return;
-        if (row.kind == RowKind::Pairs)
-            return WritePair(row, child, index++, number);
-        out_.WriteTabs(level_);
-        out_.Write("<", row.tag.View());
-        if (row.kind == RowKind::ReferenceList) {
-            out_.Write(" Index=\"");
-            out_.WriteNumber(index++);
-            out_.Write("\"");
-        }
-        out_.Write(" ObjectRef=\"");
-        out_.WriteNumber(number);
-        out_.Write("\"/>\n");
-    });
-}
-
-void ObjectPrinter::WritePair(const BodyRow& row, ObjectHandle child, std::uint64_t index,
-                              std::uint32_t number)
-{
-    out_.WriteTabs(level_++);
-    out_.Write("<", row.tag.View(), " Version=\"1\" Index=\"");
-    out_.WriteNumber(index);
-    out_.Write("\">\n");
-    WriteLine("First", ValueOf(child, row.key).value_or(row.text));
-    out_.WriteTabs(level_);
-    out_.Write("<Second ObjectRef=\"");
-    out_.WriteNumber(number);
-    out_.Write("\"/>\n");
-    out_.WriteTabs(--level_);
-    out_.Write("</", row.tag.View(), ">\n");
-}
-
-void ObjectPrinter::WriteGuidReference(const BodyRow& row, ObjectHandle node)
-{
-    const ObjectHandle child = node.GetChild(row.tag);
-    if (!child) {
-        if (row.kind == RowKind::OptionalGuidReference)
-            return;
-        throw std::logic_error("WriteSubObjectURef(): NULL object");
-    }
-    out_.WriteTabs(level_);
-    out_.Write("<", row.tag.View(), " ObjectURef=\"", objects_.GuidOf(child), "\"/>\n");
-}
-
-void ObjectPrinter::WriteGuidList(const BodyRow& row, ObjectHandle node)
-{
-    std::uint64_t index = 0;
-    for (const ObjectHandle child : node.GetChildren(row.tag)) {
-        out_.WriteTabs(level_);
-        out_.Write("<", row.tag.View(), " Index=\"");
-        out_.WriteNumber(index++);
-        out_.Write("\" ObjectURef=\"", objects_.GuidOf(child), "\" />\n");
-    }
-}
-
-void ObjectPrinter::WriteBlob(const BodyRow& row, ObjectHandle node)
-{
-    const std::string_view data = node.GetProperty(row.tag);
-    if (data.empty() && row.kind == RowKind::Blob)
-        return;
-    out_.WriteTabs(level_);
-    out_.Write("<", row.tag.View(), " Encoding=\"base64\" Checksum=\"");
-    if (data.empty())
-        return out_.Write("\"/>\n");
-    out_.Write(node.GetProperty(row.key), "\">", data, "</", row.tag.View(), ">\n");
-}
-
-void ObjectPrinter::WriteAudioLayout(const BodyRow& row, ObjectHandle node)
-{
-    if (const auto layout = ValueOf(node, row.tag))
-        WriteLine(row.tag, *layout);
-    else if (node.HasProperty("ChannelType"))
-        WriteLine(row.tag, AudioLayoutOf(node));
-    else
-        WriteLine(row.tag, R"({"SerializerWrappedObject":[{"channellabel":0}]})");
-}
-
-void ObjectPrinter::WriteMarkerRecord(const BodyRow& row, ObjectHandle node)
-{
-    const auto ticks = [node](Name key) {
-        const std::string_view value = node.GetProperty(key);
-        return value.empty() ? std::string_view("0") : value;
-    };
-    std::string record = R"({"HULMarker":{)";
-    const auto add = [&record](auto... texts) { ((record += texts), ...); };
-    if (const auto comment = ValueOf(node, "Comment"))
-        add(R"("mComment":")", JsonText(*comment), R"(",)");
-    if (const auto color = ValueOf(node, "Color")) {
-        const std::string_view guid = objects_.ColorGuidOf(node);
-        add(R"("mCuePointList":[{"mKey":"marker_guid","mValue":")", guid,
-            R"("},{"mKey":"keywordExtHULv1_)", guid, R"(","mValue":"{\"color\":)", JsonText(*color),
-            R"(}"}],)");
-    }
-    add(R"("mDuration":{"ticks":)", ticks("Duration"), "},");
-    if (const auto name = ValueOf(node, "Name"))
-        add(R"("mName":")", JsonText(*name), R"(",)");
-    add(R"("mStartTime":{"ticks":)", ticks("StartTime"), R"(},"mType":")",
-        JsonText(MarkerType(node.GetProperty(Name("Type")))), R"("}})");
-
-    out_.WriteTabs(level_);
-    out_.Write("<", row.tag.View(), ">");
-    out_.WriteValue(record);
-    out_.Write("</", row.tag.View(), ">\r\n");
-}
-
-void ObjectPrinter::WriteObject(ObjectHandle node)
-{
-    const ProjectClass& projectClass = objects_.ClassOf(node);
-    out_.WriteTabs(level_++);
-    out_.Write("<", projectClass.name);
-    if (projectClass.identity == Identity::Number) {
-        out_.Write(" ObjectID=\"");
-        out_.WriteNumber(objects_.NumberOf(node));
-    } else {
-        out_.Write(" ObjectUID=\"", objects_.GuidOf(node));
-    }
-    out_.Write("\" ClassID=\"",
-               projectClass.classId.empty() ? node.GetProperty(Name("classid"))
-                                            : projectClass.classId,
-               "\" Version=\"");
-    out_.WriteNumber(projectClass.version);
-    out_.Write("\">\n");
-    WriteBody(projectClass.body, node);
-    out_.WriteTabs(--level_);
-    out_.Write("</", projectClass.name, ">\n");
-}
-
-void ObjectPrinter::PrintHead(ObjectHandle document, bool sn2vlMode)
-{
-    if (sn2vlMode)
-        out_.Write("__Sn2Vl__\n");
-    out_.Write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<VelaData Version=\"3\">\n");
-    WriteBody(DocumentBody(), document);
-}
-
-void ObjectPrinter::Print(std::span<const ObjectHandle> objects)
-{
-    for (const ObjectHandle node : objects)
-        WriteObject(node);
-}
-
-void ObjectPrinter::WriteTo(std::ostream& output)
-{
-    for (const ObjectHandle node : withoutId_) {
-        std::cout << " WARNING: XML tag had an ID attribute but no value (this will likely "
-                     "cause the project to fail to load)\n";
-        DumpNode(std::cout, node);
-    }
-    withoutId_.clear();
-    output.write(out_.Text().data(), static_cast<std::streamsize>(out_.Text().size()));
-    out_.Clear();
-}
-
-// Writes objects in order, a block of them at a time, while other threads print the next blocks.
+// Writes objects in order, in blocks of them. A block is printed by whichever thread is free; the
+// one that writes prints as well while the block that it needs is not ready, so all works the same
+// with one processor, and where no other thread can be started.
 class BlockWriter {
 public:
-    BlockWriter(const ObjectList& objects, std::ostream& output)
-        : objects_(objects), output_(output)
-    {
-    }
+    BlockWriter(const ObjectList& objects, std::ostream& output);
+    ~BlockWriter();
+    BlockWriter(const BlockWriter&) = delete;
+    BlockWriter& operator=(const BlockWriter&) = delete;
 
-    // False when cancelled.
+    // False when cancelled. Throws what the printing of a block threw.
     bool Write(std::span<const ObjectHandle> objects, StageScope& stage);
 
 private:
-    // The printer outlives the thread that uses it.
     struct Block {
-        std::unique_ptr<ObjectPrinter> printer;
-        std::size_t size;
-        std::future<void> printed;
+        explicit Block(const ObjectList& objects) : printer(objects) {}
+
+        ObjectPrinter printer;
+        bool isPrinted = false;
+        std::exception_ptr fault; // thrown while it was printed
     };
+    using Lock = std::unique_lock<std::mutex>;
 
-    void Start(std::span<const ObjectHandle> objects, std::launch policy);
-    std::size_t Finish();
+    std::size_t BlockCount() const;
+    std::span<const ObjectHandle> ObjectsOf(std::size_t block) const;
+    Block& SlotOf(std::size_t block) { return *slots_[block % slots_.size()]; }
 
-    const ObjectList& objects_;
+    void StartThreads();
+    void PrintBlocks();
+    bool CanPrint() const;
+    void PrintNext(Lock& lock);
+    void AwaitPrinted(std::size_t block);
+
     std::ostream& output_;
-    std::deque<Block> blocks_;
-    std::vector<std::unique_ptr<ObjectPrinter>> idle_;
+    std::vector<std::unique_ptr<Block>> slots_; // blocks take turns in them
+    std::vector<std::thread> threads_;
+
+    std::mutex mutex_; // guards what follows, and the state of the blocks
+    std::condition_variable changed_;
+    std::span<const ObjectHandle> objects_;
+    std::size_t begun_ = 0;   // blocks that are printed or being printed
+    std::size_t written_ = 0; // blocks
+    bool isEnded_ = false;
 };
+
+BlockWriter::BlockWriter(const ObjectList& objects, std::ostream& output) : output_(output)
+{
+    for (std::size_t i = 0; i < kSlotsPerThread * ThreadCount(); ++i)
+        slots_.push_back(std::make_unique<Block>(objects));
+}
+
+BlockWriter::~BlockWriter()
+{
+    {
+        const Lock lock(mutex_);
+        isEnded_ = true;
+    }
+    changed_.notify_all();
+    for (std::thread& thread : threads_)
+        thread.join();
+}
 
 bool BlockWriter::Write(std::span<const ObjectHandle> objects, StageScope& stage)
 {
-    // A thread that can't be started leaves its work to the one that waits for it.
-    const bool isShort = objects.size() <= kObjectsPerBlock;
-    const auto policy =
-        isShort ? std::launch::deferred : std::launch::async | std::launch::deferred;
-    const std::size_t threads =
-        std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, kMostThreads);
-    while (!objects.empty() || !blocks_.empty()) {
-        while (!objects.empty() && blocks_.size() <= threads) {
-            const std::size_t size = std::min(objects.size(), kObjectsPerBlock);
-            Start(objects.first(size), policy);
-            objects = objects.subspan(size);
+    {
+        const Lock lock(mutex_);
+        objects_ = objects;
+        begun_ = written_ = 0;
+    }
+    if (BlockCount() > 1)
+        StartThreads();
+    for (std::size_t i = 0; i < BlockCount(); ++i) {
+        AwaitPrinted(i);
+        SlotOf(i).printer.WriteTo(output_);
+        {
+            const Lock lock(mutex_);
+            SlotOf(i).isPrinted = false;
+            ++written_;
         }
-        if (!stage.Step(static_cast<unsigned>(Finish())))
+        changed_.notify_all();
+        if (!stage.Step(static_cast<unsigned>(ObjectsOf(i).size())))
             return false;
     }
     return true;
 }
 
-void BlockWriter::Start(std::span<const ObjectHandle> objects, std::launch policy)
+std::size_t BlockWriter::BlockCount() const
 {
-    if (idle_.empty())
-        idle_.push_back(std::make_unique<ObjectPrinter>(objects_));
-    Block& block = blocks_.emplace_back(Block{std::move(idle_.back()), objects.size(), {}});
-    idle_.pop_back();
-    block.printed =
-        std::async(policy, [printer = block.printer.get(), objects] { printer->Print(objects); });
+    return (objects_.size() + kObjectsPerBlock - 1) / kObjectsPerBlock;
 }
 
-// The first block; the number of its objects.
-std::size_t BlockWriter::Finish()
+std::span<const ObjectHandle> BlockWriter::ObjectsOf(std::size_t block) const
 {
-    Block& block = blocks_.front();
-    const std::size_t size = block.size;
-    block.printed.get();
-    block.printer->WriteTo(output_);
-    idle_.push_back(std::move(block.printer));
-    blocks_.pop_front();
-    return size;
+    const std::span<const ObjectHandle> rest = objects_.subspan(block * kObjectsPerBlock);
+    return rest.first(std::min(rest.size(), kObjectsPerBlock));
+}
+
+void BlockWriter::StartThreads()
+{
+    try {
+        while (threads_.size() + 1 < ThreadCount())
+            threads_.emplace_back(&BlockWriter::PrintBlocks, this);
+    } catch (const std::system_error&) {
+        return; // the others do the work
+    }
+    changed_.notify_all();
+}
+
+// What a thread does until the writer's end.
+void BlockWriter::PrintBlocks()
+{
+    Lock lock(mutex_);
+    for (;;) {
+        changed_.wait(lock, [this] { return isEnded_ || CanPrint(); });
+        if (isEnded_)
+            return;
+        PrintNext(lock);
+    }
+}
+
+bool BlockWriter::CanPrint() const
+{
+    return begun_ < BlockCount() && begun_ < written_ + slots_.size();
+}
+
+void BlockWriter::PrintNext(Lock& lock)
+{
+    const std::span<const ObjectHandle> objects = ObjectsOf(begun_);
+    Block& block = SlotOf(begun_++);
+    lock.unlock();
+    std::exception_ptr fault;
+    try {
+        block.printer.Print(objects);
+    } catch (...) {
+        fault = std::current_exception();
+    }
+    lock.lock();
+    block.fault = fault;
+    block.isPrinted = true;
+    changed_.notify_all();
+}
+
+void BlockWriter::AwaitPrinted(std::size_t block)
+{
+    Lock lock(mutex_);
+    while (!SlotOf(block).isPrinted)
+        CanPrint() ? PrintNext(lock) : changed_.wait(lock);
+    if (SlotOf(block).fault)
+        std::rethrow_exception(SlotOf(block).fault);
 }
 
 } // namespace

@@ -147,7 +147,7 @@ std::string AccountText(const ReportHeader& header, const Account& account)
             const std::string place = PlaceText(*remark);
             text.append("    ").append(place.empty() ? "the document" : place);
             if (remark->count > 1)
-                text += fmt::format(", {} times", remark->count);
+                text.append(", ").append(fmt::to_string(remark->count)).append(" times");
             text += '\n';
         }
     }

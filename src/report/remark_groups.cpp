@@ -5,11 +5,11 @@
 #include "platform/platform.h"
 
 #include <algorithm>
+#include <functional>
 #include <string_view>
 #include <tuple>
 #include <unordered_map>
 
-#include <fmt/compile.h>
 #include <fmt/format.h>
 
 namespace XPJ {
@@ -31,37 +31,38 @@ std::string Capitalized(std::string_view text)
     return result;
 }
 
-// "a, b" of those that are not empty.
+// Behind what is there, unless the part is empty.
 void AppendPart(std::string& text, std::string_view separator, std::string_view part)
 {
     if (!part.empty())
         text.append(text.empty() ? "" : separator).append(part);
 }
 
-bool HasDetail(const RemarkRow& row)
-{
-    return row.reason.find("$2") != std::string_view::npos;
-}
+// Equal for remarks of one kind and path whose reasons are equal. Lives as long as the remark.
+struct GroupKey {
+    RemarkKind kind;
+    std::string_view subject;
+    std::string_view detail;
+    std::string_view path;
 
-// True for remarks of one kind and path whose reasons are equal.
-bool AreOfOneGroup(const Remark& a, const Remark& b)
-{
-    return a.kind == b.kind && a.subject == b.subject && a.path == b.path &&
-           (a.detail == b.detail || !HasDetail(RowOf(a.kind)));
-}
+    explicit GroupKey(const Remark& remark)
+        : kind(remark.kind), subject(remark.subject), path(remark.path)
+    {
+        if (RowOf(kind).reason.find("$2") != std::string_view::npos)
+            detail = remark.detail;
+    }
+    bool operator==(const GroupKey&) const = default;
+};
 
-// Equal for those.
-std::string KeyOf(const Remark& remark)
-{
-    const RemarkRow& row = RowOf(remark.kind);
-    std::string key(row.id);
-    for (const std::string_view part :
-         {std::string_view(remark.subject),
-          HasDetail(row) ? std::string_view(remark.detail) : std::string_view(),
-          std::string_view(remark.path)})
-        key.append("\n").append(part);
-    return key;
-}
+struct GroupKeyHash {
+    std::size_t operator()(const GroupKey& key) const
+    {
+        std::size_t hash = static_cast<std::size_t>(key.kind);
+        for (const std::string_view part : {key.subject, key.detail, key.path})
+            hash = hash * 31 + std::hash<std::string_view>()(part);
+        return hash;
+    }
+};
 
 bool IsWorse(const RemarkGroup& a, const RemarkGroup& b)
 {
@@ -77,11 +78,9 @@ std::string FirstPlaces(const RemarkGroup& group)
     std::string text;
     std::size_t shown = 0;
     for (const Remark* const remark : group.remarks) {
-        const std::string place = PlaceText(*remark);
         if (shown == kFirstPlaces)
             break;
-        if (!place.empty())
-            text.append(text.empty() ? "" : "; ").append(place);
+        AppendPart(text, "; ", PlaceText(*remark));
         ++shown;
     }
     if (group.remarks.size() > shown)
@@ -121,43 +120,38 @@ std::string TrackText(const Remark& remark)
 {
     if (remark.trackKind == kNoTrack || remark.sequence.empty())
         return {};
-    return fmt::format(FMT_COMPILE("{}{}"), remark.trackKind == kVideo ? 'V' : 'A',
-                       remark.trackIndex + 1);
+    return fmt::format("{}{}", remark.trackKind == kVideo ? 'V' : 'A', remark.trackIndex + 1);
 }
 
 std::string PlaceText(const Remark& remark)
 {
-    std::string place;
+    std::string text;
     if (remark.sequence.empty()) {
-        AppendPart(place, "/", UnescapeXML(remark.bin));
-        AppendPart(place, "/", UnescapeXML(remark.clip));
-        return place.empty() ? remark.path : place;
+        AppendPart(text, "/", UnescapeXML(remark.bin));
+        AppendPart(text, "/", UnescapeXML(remark.clip));
+        return text.empty() ? remark.path : text;
     }
-    AppendPart(place, ", ", UnescapeXML(remark.sequence));
-    AppendPart(place, ", ", TrackText(remark));
+    AppendPart(text, ", ", UnescapeXML(remark.sequence));
+    AppendPart(text, ", ", TrackText(remark));
     if (remark.span.IsKnown())
-        AppendPart(place, ", ", remark.span.Timecode(remark.span.start));
-    AppendPart(place, ", ", UnescapeXML(remark.clip));
-    return place;
+        AppendPart(text, ", ", remark.span.Timecode(remark.span.start));
+    AppendPart(text, ", ", UnescapeXML(remark.clip));
+    return text;
 }
 
 std::vector<RemarkGroup> GroupRemarks(const std::vector<Remark>& remarks)
 {
     std::vector<RemarkGroup> groups;
-    std::unordered_map<std::string, std::size_t> indices;
+    std::unordered_map<GroupKey, std::size_t, GroupKeyHash> indices;
     RemarkTexts texts;
-    std::size_t last = 0;
     for (const Remark& remark : remarks) {
-        // Many follow one of their group.
-        if (groups.empty() || !AreOfOneGroup(remark, *groups[last].remarks.back())) {
-            const auto [entry, isNew] = indices.try_emplace(KeyOf(remark), groups.size());
-            last = entry->second;
-            if (isNew)
-                groups.push_back(
-                    {&RowOf(remark.kind), texts.Reason(remark), texts.Remedy(remark), {}, 0});
-        }
-        groups[last].remarks.push_back(&remark);
-        groups[last].count += remark.count;
+        const auto [entry, isNew] = indices.try_emplace(GroupKey(remark), groups.size());
+        if (isNew)
+            groups.push_back(
+                {&RowOf(remark.kind), texts.Reason(remark), texts.Remedy(remark), {}, 0});
+        RemarkGroup& group = groups[entry->second];
+        group.remarks.push_back(&remark);
+        group.count += remark.count;
     }
     std::ranges::stable_sort(groups, IsWorse);
     return groups;

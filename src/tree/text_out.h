@@ -45,6 +45,22 @@ public:
         Write(IsPlainText(value) ? value : std::string_view(WellFormedText(value)));
     }
 
+    // A document's value with the text around it.
+    void WriteValue(std::string_view before, std::string_view value, std::string_view after)
+    {
+        const std::size_t length = before.size() + value.size() + after.size();
+        if (length > blockSize_ - size_ || !IsPlainText(value)) {
+            Write(before);
+            WriteValue(value);
+            return Write(after);
+        }
+        char* next = block_.get() + size_;
+        next = std::copy(before.begin(), before.end(), next);
+        next = std::copy(value.begin(), value.end(), next);
+        std::copy(after.begin(), after.end(), next);
+        size_ += length;
+    }
+
     // A line of its own: "\t\t<name>value</name>".
     void WriteElement(int tabs, std::string_view name, std::string_view value)
     {
