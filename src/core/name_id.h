@@ -22,7 +22,6 @@ public:
     explicit NameId(Name name);
 
     std::string_view View() const;
-    std::size_t Index() const { return index_; }
     Name AsName() const { return Name::OfStatic(View()); }
     // Small: names are numbered as they come.
     constexpr std::size_t Index() const { return index_; }
