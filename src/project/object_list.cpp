@@ -34,16 +34,14 @@ ObjectList::ObjectClass::ObjectClass(const ProjectClass& row) : text(row)
 
 ObjectList::ObjectList() : document_(StepsOf(DocumentBody(), 1)) {}
 
-const ObjectList::ObjectClass* ObjectList::ClassOf(NameId name)
+const ObjectList::ObjectClass* ObjectList::AddClass(NameId name)
 {
     if (name.Index() >= classes_.size())
         classes_.resize(name.Index() + 1);
-    auto& known = classes_[name.Index()];
-    if (!known) {
-        const ProjectClass* const row = FindProjectClass(name.View());
-        known = row ? std::make_unique<const ObjectClass>(*row) : nullptr;
-    }
-    return known->get();
+    const ProjectClass* const row = FindProjectClass(name.View());
+    return classes_[name.Index()]
+        .emplace(row ? std::make_unique<const ObjectClass>(*row) : nullptr)
+        .get();
 }
 
 std::optional<ObjectList::Visit> ObjectList::Enter(ObjectHandle node)

@@ -90,7 +90,12 @@ private:
         const ObjectClass* objectClass;
     };
 
-    const ObjectClass* ClassOf(NameId name);
+    const ObjectClass* ClassOf(NameId name)
+    {
+        const std::size_t index = name.Index();
+        return index < classes_.size() && classes_[index] ? classes_[index]->get() : AddClass(name);
+    }
+    const ObjectClass* AddClass(NameId name);
     std::optional<Visit> Enter(ObjectHandle node);
     void Leave(const Visit& visit);
     void Number(const WriteStep& step, ObjectHandle node);
@@ -99,7 +104,8 @@ private:
 
     const std::vector<WriteStep> document_;
     NodeTable<NumberRecord> numbers_;
-    // By the index of a class's name; null for one that has no objects and leads to none.
+    // By the index of a name, of those that were met; null for a class that has no objects and
+    // leads to none.
     std::vector<std::optional<std::unique_ptr<const ObjectClass>>> classes_;
     std::vector<ObjectHandle> numbered_;     // the object numbered N is at N - 1
     std::vector<ObjectHandle> mentionGuids_; // those of `numbered_` that do
