@@ -170,6 +170,7 @@ private:
                                           outcome_.account, translated_);
         if (result == kSuccess)
             AddUnreadElements(source_, outcome_.account);
+        FreeSource();
         return result;
     }
 
@@ -195,6 +196,7 @@ private:
             source_, options, progress_, translatedDocument_, outcome_.account, translated_);
         if (result == kSuccess && chosenGuid_ == kZeroGuid)
             RVX::AddUnreadObjects(source_, outcome_.account);
+        FreeSource();
         // The one chosen sequence is all that the project then holds.
         outcome_.lacksSequence = result == kSuccess && request_.needsSequence &&
                                  chosenGuid_ != kZeroGuid &&
@@ -202,6 +204,13 @@ private:
         if (outcome_.lacksSequence)
             outcome_.sequenceProblem = "it holds no sequence " + AsString(chosenGuid_);
         return outcome_.lacksSequence ? kNoFCPDataFound : result;
+    }
+
+    // Before the writer needs memory. Values of the translated tree are texts of the source.
+    void FreeSource()
+    {
+        sourceDocument_.FreeNodes();
+        source_ = {};
     }
 
     int Write()
@@ -264,7 +273,6 @@ private:
     const Settings settings_ = ReadSettings();
     bool isHandOff_ = false;
     Guid chosenGuid_ = kZeroGuid; // of a project's sequence
-    // Values of the translated tree are parts of the source, so both live to the end.
     Document sourceDocument_;
     Document translatedDocument_;
     ObjectHandle source_;

@@ -34,38 +34,32 @@ ObjectList::ObjectClass::ObjectClass(const ProjectClass& row) : text(row)
 
 ObjectList::ObjectList() : document_(StepsOf(DocumentBody(), 1)) {}
 
-ObjectList::ClassIndex ObjectList::ClassOf(NameId name)
+const ObjectList::ObjectClass* ObjectList::AddClass(NameId name)
 {
-    if (name.Index() >= classOfName_.size())
-        classOfName_.resize(name.Index() + 1, kNotSeen);
-    ClassIndex& known = classOfName_[name.Index()];
-    if (known != kNotSeen)
-        return known;
+    if (name.Index() >= classes_.size())
+        classes_.resize(name.Index() + 1);
     const ProjectClass* const row = FindProjectClass(name.View());
-    known = row ? static_cast<ClassIndex>(classes_.size()) : kNoClass;
-    if (row)
-        classes_.emplace_back(*row);
-    return known;
+    return classes_[name.Index()]
+        .emplace(row ? std::make_unique<const ObjectClass>(*row) : nullptr)
+        .get();
 }
 
 std::optional<ObjectList::Visit> ObjectList::Enter(ObjectHandle node)
 {
-    NodeRecord& record = records_[node];
-    if (record.visited)
+    NumberRecord& number = numbers_[node];
+    if (number != kNotVisited)
         return std::nullopt;
-    record.visited = true;
-    record.classIndex = ClassOf(node.Get()->name);
-    return Visit{node, node.Get()->firstChild, record.classIndex};
+    number = kVisited;
+    return Visit{node, node.Get()->firstChild, ClassOf(node.Get()->name)};
 }
 
 void ObjectList::Leave(const Visit& visit)
 {
-    if (visit.classIndex == kNoClass)
+    if (!visit.objectClass)
         return;
-    const ObjectClass& objectClass = classes_[visit.classIndex];
-    for (const WriteStep* const step : objectClass.numbered)
+    for (const WriteStep* const step : visit.objectClass->numbered)
         Number(*step, visit.node);
-    if (objectClass.text.projectClass->identity == Identity::GuidText)
+    if (visit.objectClass->text.projectClass->identity == Identity::GuidText)
         withGuid_.push_back(visit.node);
 }
 
@@ -73,12 +67,16 @@ void ObjectList::Leave(const Visit& visit)
 void ObjectList::Number(const WriteStep& step, ObjectHandle node)
 {
     ForEachNumbered(step, node, [this](ObjectHandle child) {
-        NodeRecord& record = records_[child];
-        if (record.number != 0 || record.classIndex == kNoClass ||
-            classes_[record.classIndex].text.projectClass->identity != Identity::Number)
+        NumberRecord& number = numbers_[child];
+        if (number != kVisited)
+            return;
+        const ObjectClass* const objectClass = ClassOf(child.Get()->name);
+        if (!objectClass || objectClass->text.projectClass->identity != Identity::Number)
             return;
         numbered_.push_back(child);
-        record.number = static_cast<std::uint32_t>(numbered_.size());
+        number = static_cast<NumberRecord>(numbered_.size());
+        if (!objectClass->guids.empty())
+            mentionGuids_.push_back(child);
     });
 }
 
@@ -94,6 +92,8 @@ void ObjectList::Collect(ObjectHandle document)
         Visit& visit = path.back();
         if (const ChildEntry* const entry = visit.next) {
             visit.next = entry->next;
+            if (visit.next)
+                __builtin_prefetch(visit.next->object); // while the tree below this one is walked
             if (entry->name == foreign)
                 continue;
             if (const auto inner = Enter(ObjectHandle(entry->object)))
@@ -107,7 +107,7 @@ void ObjectList::Collect(ObjectHandle document)
         if (MentionsNumbers(step))
             Number(step, document);
 
-    for (const ObjectHandle node : numbered_)
+    for (const ObjectHandle node : mentionGuids_)
         GenerateGuids(node);
     for (const ObjectHandle node : withGuid_) {
         GenerateGuid(node);
@@ -118,7 +118,7 @@ void ObjectList::Collect(ObjectHandle document)
 // For what the object mentions by GUID.
 void ObjectList::GenerateGuids(ObjectHandle node)
 {
-    for (const WriteStep* const step : classes_[records_[node].classIndex].guids) {
+    for (const WriteStep* const step : ClassOf(node.Get()->name)->guids) {
         if (step->kind == RowKind::GuidList) {
             ForEachChild(node, step->name, [this](ObjectHandle child) { GenerateGuid(child); });
         } else if (step->kind == RowKind::MarkerRecord) {
@@ -137,16 +137,15 @@ void ObjectList::GenerateGuid(ObjectHandle node)
             guid = NewGuidText();
 }
 
-ObjectList::Entry ObjectList::EntryOf(ConstHandle object) const
+const ClassText& ObjectList::TextOf(ObjectHandle object) const
 {
-    const NodeRecord& record = *records_.Find(object);
-    return {classes_[record.classIndex].text, record.number};
+    return (*classes_[object.Get()->name.Index()])->text;
 }
 
 std::uint32_t ObjectList::NumberOf(ConstHandle node) const
 {
-    const NodeRecord* const record = records_.Find(node);
-    return record ? record->number : 0;
+    const NumberRecord* const number = numbers_.Find(node);
+    return number && *number != kVisited ? *number : 0;
 }
 
 std::string_view ObjectList::GuidOf(ConstHandle node) const

@@ -5,6 +5,7 @@
 #include "tree/node_table.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -53,18 +54,12 @@ void ForEachNumbered(const WriteStep& step, ObjectHandle node, Use use)
 // when its objects are collected, in their order; after that several threads may look it up.
 class ObjectList {
 public:
-    // Of the node of an object, found in one lookup.
-    struct Entry {
-        const ClassText& text;
-        std::uint32_t number; // 0 if nothing mentions it by number
-    };
-
     ObjectList();
 
     // Numbers the objects below `document`, children before parents.
     void Collect(ObjectHandle document);
 
-    Entry EntryOf(ConstHandle object) const;
+    const ClassText& TextOf(ObjectHandle object) const;
     // 0 for a node that is no numbered object.
     std::uint32_t NumberOf(ConstHandle node) const;
     // The `uid`, or the GUID that was generated for a node without one.
@@ -78,10 +73,6 @@ public:
     const std::vector<WriteStep>& DocumentSteps() const { return document_; }
 
 private:
-    // Indices of `classes_`; a class that has no objects and leads to none is none.
-    using ClassIndex = std::uint16_t;
-    static constexpr ClassIndex kNoClass = 0xFFFF;
-    static constexpr ClassIndex kNotSeen = 0xFFFE;
     struct ObjectClass {
         explicit ObjectClass(const ProjectClass& row);
 
@@ -89,19 +80,22 @@ private:
         std::vector<const WriteStep*> numbered; // mention objects by number
         std::vector<const WriteStep*> guids;    // mention GUIDs
     };
-    // One for each node, so a small one.
-    struct NodeRecord {
-        std::uint32_t number = 0; // 0: not mentioned by number
-        ClassIndex classIndex = kNoClass;
-        bool visited = false;
-    };
+    // What is kept of each node, so it is little: its number, or one of these.
+    using NumberRecord = std::uint32_t;
+    static constexpr NumberRecord kNotVisited = 0;
+    static constexpr NumberRecord kVisited = 0xFFFFFFFF;
     struct Visit {
         ObjectHandle node;
         const ChildEntry* next;
-        ClassIndex classIndex;
+        const ObjectClass* objectClass;
     };
 
-    ClassIndex ClassOf(NameId name);
+    const ObjectClass* ClassOf(NameId name)
+    {
+        const std::size_t index = name.Index();
+        return index < classes_.size() && classes_[index] ? classes_[index]->get() : AddClass(name);
+    }
+    const ObjectClass* AddClass(NameId name);
     std::optional<Visit> Enter(ObjectHandle node);
     void Leave(const Visit& visit);
     void Number(const WriteStep& step, ObjectHandle node);
@@ -109,10 +103,12 @@ private:
     void GenerateGuid(ObjectHandle node);
 
     const std::vector<WriteStep> document_;
-    NodeTable<NodeRecord> records_;
-    std::vector<ObjectClass> classes_;
-    std::vector<ClassIndex> classOfName_; // by the index of the name
-    std::vector<ObjectHandle> numbered_;  // the object numbered N is at N - 1
+    NodeTable<NumberRecord> numbers_;
+    // By the index of a name, of those that were met; null for a class that has no objects and
+    // leads to none.
+    std::vector<std::optional<std::unique_ptr<const ObjectClass>>> classes_;
+    std::vector<ObjectHandle> numbered_;     // the object numbered N is at N - 1
+    std::vector<ObjectHandle> mentionGuids_; // those of `numbered_` that do
     std::vector<ObjectHandle> withGuid_;
     std::unordered_map<std::uint64_t, std::string> guids_;      // by node, of those without `uid`
     std::unordered_map<std::uint64_t, std::string> colorGuids_; // by marker

@@ -219,10 +219,10 @@ std::string ObjectPrinter::MarkerRecordOf(ObjectHandle node) const
 
 void ObjectPrinter::WriteObject(ObjectHandle node)
 {
-    const auto [text, number] = objects_.EntryOf(node);
+    const ClassText& text = objects_.TextOf(node);
     out_.Write(text.beforeId);
     if (text.projectClass->identity == Identity::Number)
-        out_.WriteNumber(number);
+        out_.WriteNumber(objects_.NumberOf(node));
     else
         out_.Write(objects_.GuidOf(node));
     out_.Write(text.afterId);
@@ -243,8 +243,12 @@ void ObjectPrinter::PrintHead(ObjectHandle document, bool sn2vlMode)
 
 void ObjectPrinter::Print(std::span<const ObjectHandle> objects)
 {
-    for (const ObjectHandle node : objects)
-        WriteObject(node);
+    constexpr std::size_t kAhead = 4;
+    for (std::size_t i = 0; i < objects.size(); ++i) {
+        if (i + kAhead < objects.size())
+            __builtin_prefetch(objects[i + kAhead].Get());
+        WriteObject(objects[i]);
+    }
 }
 
 void ObjectPrinter::WriteTo(std::ostream& output)

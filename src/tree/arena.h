@@ -28,6 +28,14 @@ public:
         return piece;
     }
 
+    // Frees all pieces.
+    void Clear()
+    {
+        blocks_.clear();
+        next_ = nullptr;
+        left_ = 0;
+    }
+
 private:
     static constexpr std::size_t kFirstBlock = std::size_t{64} * 1024;
     static constexpr std::size_t kLargestBlock = kLargeBlock;

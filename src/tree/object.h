@@ -222,6 +222,8 @@ public:
     // marks nothing.
     void MarkReads() { marksReads_ = true; }
     bool MarksReads() const { return marksReads_; }
+    // Frees the nodes, which nobody may use any more; texts stay.
+    void FreeNodes() { nodes_.Clear(); }
     // The document keeps `bytes` (a file's text, into which values point) to its end.
     std::string_view Adopt(std::string&& bytes);
 

@@ -1,8 +1,9 @@
 #include "tree/unread.h"
 
+#include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -79,7 +80,7 @@ private:
         path_.push_back(node);
         for (const Property* property = node.FirstProperty(); property; property = property->next)
             if (!property->isRead && property->valueSize > 0)
-                Report(property->name.AsName());
+                Report(property->name);
         open_.push_back(node.GetChildren().begin());
     }
 
@@ -90,14 +91,14 @@ private:
         if (child.IsRead() || IsAnyRead(child))
             Enter(child);
         else if (HasContent(child))
-            Report(child.GetName());
+            Report(NameId(child.GetName()));
     }
 
-    void Report(Name name)
+    void Report(NameId name)
     {
         if (IsExempt(name))
             return;
-        std::string text = PathText(path_, name);
+        std::string text = PathText(path_, name.AsName());
         UnreadPath& entry = found_[text];
         ++entry.count;
         if (entry.places.size() == kFirstPlaces)
@@ -109,33 +110,30 @@ private:
         entry.places.push_back(std::move(place));
     }
 
-    bool IsExempt(Name field)
+    bool IsExempt(NameId field)
     {
-        const Name owner = path_.back().GetName();
-        const auto [entry, isNew] =
-            exemptions_.try_emplace({owner.Text(), field.Text()}, Exemption::None);
-        if (isNew)
-            entry->second = rules_.exemptionOf(owner, field);
-        return entry->second == Exemption::Always ||
-               (entry->second == Exemption::ByPlace && rules_.isExempt(path_, field));
+        const Exemption exemption = ExemptionOf(path_.back().GetName(), field);
+        return exemption == Exemption::Always ||
+               (exemption == Exemption::ByPlace && rules_.isExempt(path_, field.AsName()));
     }
 
-    // Names are parts of tables: the text of one is in few places.
-    struct NameTexts {
-        const char* owner;
-        const char* field;
-        bool operator==(const NameTexts&) const = default;
-    };
-    struct NameTextsHash {
-        std::size_t operator()(const NameTexts& names) const
-        {
-            const std::hash<const char*> hash;
-            return hash(names.owner) * 31 + hash(names.field);
-        }
-    };
+    Exemption ExemptionOf(Name owner, NameId field)
+    {
+        const std::size_t row = NameId(owner).Index();
+        if (row >= exemptions_.size())
+            exemptions_.resize(row + 1);
+        std::vector<std::optional<Exemption>>& ofOwner = exemptions_[row];
+        if (field.Index() >= ofOwner.size())
+            ofOwner.resize(field.Index() + 1);
+        std::optional<Exemption>& known = ofOwner[field.Index()];
+        if (!known)
+            known = rules_.exemptionOf(owner, field.AsName());
+        return *known;
+    }
 
     const UnreadRules& rules_;
-    std::unordered_map<NameTexts, Exemption, NameTextsHash> exemptions_;
+    // By the numbers of the names of owner and field.
+    std::vector<std::vector<std::optional<Exemption>>> exemptions_;
     std::map<std::string, UnreadPath> found_;
     std::vector<ConstHandle> path_;
     std::vector<ConstChildRange::Iterator> open_; // the next child of each node of the path

@@ -5,6 +5,7 @@
 #include "tree/object.h"
 #include "tree/reading.h"
 
+#include <cstdint>
 #include <functional>
 #include <span>
 #include <string_view>
@@ -16,7 +17,7 @@ namespace XPJ {
 using TreePath = std::span<const ConstHandle>;
 
 // Whether fields of a name in owners of a name count.
-enum class Exemption { None, Always, ByPlace };
+enum class Exemption : std::uint8_t { None, Always, ByPlace };
 
 struct UnreadRules {
     // By the names of the owner and of the property or child; found out once for each pair.

@@ -1,4 +1,5 @@
 #include "tree/object.h"
+#include "tree/property_table.h"
 
 #include <gtest/gtest.h>
 
@@ -73,6 +74,44 @@ TEST(Object, AdoptedTextsStayInPlace)
     for (int i = 0; i < 100; ++i)
         document.Adopt(std::to_string(i));
     EXPECT_EQ(first, "short");
+}
+
+TEST(Object, TextsOutliveFreedNodes)
+{
+    Document source;
+    Document result;
+    const ObjectHandle copy = result.NewObject("VideoClip");
+    {
+        const ObjectHandle node = source.NewObject("clip");
+        node.SetProperty("name", "Slate");
+        copy.SetPropertyShared("Name", node.GetProperty("name"));
+    }
+    source.FreeNodes();
+    EXPECT_EQ(copy.GetProperty("Name"), "Slate");
+    EXPECT_EQ(source.NodeCount(), 1u) << "progress goes by it";
+    EXPECT_EQ(source.NewObject("clip").GetName(), "clip");
+}
+
+TEST(PropertyTable, HasThoseOfTheLastNodeAlone)
+{
+    Document document;
+    const ObjectHandle first = document.NewObject("clip");
+    first.SetProperty("name", "Slate");
+    first.SetProperty("duration", "");
+    const ObjectHandle second = document.NewObject("clip");
+    second.SetProperty("name", "Board");
+
+    PropertyTable table;
+    EXPECT_EQ(table.Find(NameId("name")), nullptr);
+    table.Take(first);
+    ASSERT_NE(table.Find(NameId("duration")), nullptr) << "empty, but there";
+    EXPECT_EQ(table.Find(NameId("name"))->Value(), "Slate");
+    EXPECT_EQ(table.Find(NameId("a name that no node has")), nullptr);
+    table.Take(second);
+    EXPECT_EQ(table.Find(NameId("duration")), nullptr);
+    EXPECT_EQ(table.Find(NameId("name"))->Value(), "Board");
+    table.Take({});
+    EXPECT_EQ(table.Find(NameId("name")), nullptr);
 }
 
 TEST(NodeSet, TakesNodesInAnyOrder)
