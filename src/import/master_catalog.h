@@ -2,6 +2,7 @@
 // clips.
 #pragma once
 
+#include "core/flat_map.h"
 #include "core/media_type.h"
 #include "project/master_clip.h"
 #include "tree/object.h"
@@ -26,6 +27,8 @@ struct MasterKey {
     std::string_view mediaId;
     int layer = 0;
     MediaType type = MediaType::Video;
+
+    friend bool operator==(const MasterKey&, const MasterKey&) = default;
 };
 
 // The masters by their keys. Many documents omit the `masterclipid`, so an empty one means any: it
@@ -46,13 +49,22 @@ public:
     std::vector<MasterClipHandle> Entries() const;
 
 private:
-    using Masters = std::map<std::string, MasterClipHandle, std::less<>>; // by `masterclipid`
-    using Layers = std::map<std::pair<int, MediaType>, Masters>;
-    struct IdHash : std::hash<std::string_view> {
-        using is_transparent = void;
+    struct KeyHash {
+        std::size_t operator()(const MasterKey& key) const
+        {
+            const std::hash<std::string_view> hash;
+            return hash(key.mediaId) + 31 * hash(key.masterClipId) +
+                   (static_cast<std::size_t>(key.layer) << 1 | static_cast<std::size_t>(key.type));
+        }
+    };
+    // Of all masters of the media: that of the first `masterclipid` in order.
+    struct First {
+        std::string_view masterClipId;
+        MasterClipHandle master;
     };
 
-    std::unordered_map<std::string, Layers, IdHash, std::equal_to<>> media_; // by media id
+    FlatMap<MasterKey, MasterClipHandle, KeyHash> masters_;
+    FlatMap<MasterKey, First, KeyHash> firsts_; // by keys without a `masterclipid`
 };
 
 // What distinguishes a `clip` from other clips of the same media; the last five are the clip's own
@@ -141,7 +153,7 @@ public:
     ConstHandle OriginOf(ConstHandle master) const;
     void SetOrigin(ConstHandle master, ConstHandle element)
     {
-        origins_.emplace(master.UniqueId(), element);
+        origins_.Add(master.UniqueId(), element);
     }
 
     // A master gets the `ChildClipID`s of its items at the end, so that no search in its children
@@ -159,7 +171,7 @@ private:
     std::unordered_map<std::string_view, MasterClipHandle> multiclips_;
     std::unordered_map<std::string, MasterClipHandle> equalMulticlips_;
     std::unordered_map<std::uint64_t, MergeComponent> components_; // by `uniqueId` of the master
-    std::unordered_map<std::uint64_t, ConstHandle> origins_;       // likewise
+    FlatMap<std::uint64_t, ConstHandle> origins_;                  // likewise
     std::vector<std::string_view> mergeIds_;
     std::unordered_set<std::string_view> knownMergeIds_;
     std::set<std::pair<std::string_view, std::string_view>> begunLayers_;
