@@ -13,10 +13,12 @@ constexpr ChannelTypeRow kChannelTypes[] = {
     {kAdaptiveType, kMaxTrackChannels, "SixteenChannel", "adaptive"},
 };
 
-void AppendLabels(std::string_view label, int count, std::string& list)
+constexpr std::string_view kLayoutStart = "{\"SerializerWrappedObject\":[";
+
+void AppendLabel(std::string_view label, std::string& layout)
 {
-    for (int i = 0; i < count; ++i)
-        list.append(list.empty() ? "" : ",").append("{\"channellabel\":").append(label).append("}");
+    layout.append(layout.size() > kLayoutStart.size() ? "," : "");
+    layout.append("{\"channellabel\":").append(label).append("}");
 }
 
 } // namespace
@@ -47,17 +49,22 @@ int ChannelCountOf(int channelType)
 
 std::string ChannelLayoutText(int kind, int channels)
 {
-    std::string list;
+    constexpr std::size_t kLabelSize = 24;
+    std::string layout;
+    layout.reserve(kLayoutStart.size() +
+                   kLabelSize * static_cast<std::size_t>(std::max(channels, 6)));
+    layout = kLayoutStart;
     const bool isPair = kind == kStereo || kind == kStereoPair;
     if (isPair || (kind != kSurround51 && channels == 2))
         for (const char* label : {"100", "101"})
-            AppendLabels(label, 1, list);
+            AppendLabel(label, layout);
     else if (kind == kSurround51)
         for (const char* label : {"100", "101", "104", "105", "102", "103"})
-            AppendLabels(label, 1, list);
+            AppendLabel(label, layout);
     else
-        AppendLabels("0", channels, list);
-    return "{\"SerializerWrappedObject\":[" + list + "]}";
+        for (int i = 0; i < channels; ++i)
+            AppendLabel("0", layout);
+    return layout.append("]}");
 }
 
 } // namespace XPJ
