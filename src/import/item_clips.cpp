@@ -68,8 +68,8 @@ void AddPoints(const TrackContext& track, const ClipItem& item, const ItemTiming
         const Frames length = rates.ToItem(SubtractTicks(times.end, times.start));
         range.out = AddTicks(range.in, ScaledTicks(length, rates.item, SpeedOfItem(item).speed));
     }
-    clip.SetProperty("InPoint", TickText(range.in));
-    clip.SetProperty("OutPoint", TickText(range.out));
+    clip.SetNumber("InPoint", range.in);
+    clip.SetNumber("OutPoint", range.out);
 }
 
 // A point where the document has it.
@@ -286,12 +286,12 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
         range);
     AddPoints(track, item, timing, range, clip);
     const int channelCount = ChannelCountOf(channelType);
-    clip.SetProperty("SecondaryIndex", IntToString(sourceChannel));
+    clip.SetNumber("SecondaryIndex", sourceChannel);
     clip.SetPropertyShared("Gain", HasValue(item, "velaGain") ? item.GetProperty("velaGain")
                                                               : std::string_view("1.0"));
     clip.AddChild("Markers", TranslateMarkers(document, item, unit));
-    clip.SetProperty("ChannelType", IntToString(channelType));
-    clip.SetProperty("NumChannels", IntToString(channelCount));
+    clip.SetNumber("ChannelType", channelType);
+    clip.SetNumber("NumChannels", channelCount);
     clip.SetProperty("AudioChannelLayout", ChannelLayoutText(channelType, channelCount));
     AddMulticam(state.angles, item, clip);
     AddItemChannels(track, item, channelType, channels, clip);

@@ -47,34 +47,32 @@ void AddAspect(const FrameFormat& frame, ObjectHandle stream)
 
 ObjectHandle MakeSource(Document& document, Name className, const SourceFields& fields)
 {
-    const ObjectHandle source = document.NewObject(className);
-    source.SetProperty("FrameRate", TickText(fields.rate));
-    source.SetProperty("OriginalDuration", TickText(fields.duration));
-    source.SetProperty("StartBoundary", TickText(fields.start));
-    source.SetProperty("EndBoundary", TickText(fields.end));
-    source.SetPropertyShared("BoundariesAreHard", BoolText(fields.hard));
-    return source;
+    return document.NewObject(className,
+                              {{"FrameRate", document.StoreNumber(fields.rate)},
+                               {"OriginalDuration", document.StoreNumber(fields.duration)},
+                               {"StartBoundary", document.StoreNumber(fields.start)},
+                               {"EndBoundary", document.StoreNumber(fields.end)},
+                               {"BoundariesAreHard", BoolText(fields.hard)}});
 }
 
 } // namespace
 
 ObjectHandle MakeMedia(Document& document, const MediaFields& fields)
 {
-    const ObjectHandle media = document.NewObject("Media");
-    AddUid(media);
-    media.SetProperty("ImplementationID", fields.importer);
-    media.SetProperty("FilePath", fields.path);
-    media.SetProperty("Title", fields.title);
-    media.SetPropertyShared("Infinite", BoolText(fields.infinite));
-    media.SetPropertyShared("Start", "0");
-    media.SetPropertyShared("SingleAudioChannel", "-1");
-    media.SetPropertyShared("IgnoreAudio", "false");
-    media.SetPropertyShared("IgnoreVideo", "false");
-    media.SetProperty("ConformedAudioRate", TickText(kSampleTicks48k));
-    media.SetPropertyShared("CaptureStatus", "0");
-    media.SetPropertyShared("OfflineReason", "0");
-    media.SetPropertyShared("AlternateStart", "0");
-    return media;
+    return document.NewObject("Media",
+                              {{"uid", document.Store(NewGuidText())},
+                               {"ImplementationID", document.Store(fields.importer)},
+                               {"FilePath", document.Store(fields.path)},
+                               {"Title", document.Store(fields.title)},
+                               {"Infinite", BoolText(fields.infinite)},
+                               {"Start", "0"},
+                               {"SingleAudioChannel", "-1"},
+                               {"IgnoreAudio", "false"},
+                               {"IgnoreVideo", "false"},
+                               {"ConformedAudioRate", document.StoreNumber(kSampleTicks48k)},
+                               {"CaptureStatus", "0"},
+                               {"OfflineReason", "0"},
+                               {"AlternateStart", "0"}});
 }
 
 ObjectHandle MakeVideoStream(Document& document, const VideoStreamFields& fields)
