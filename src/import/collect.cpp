@@ -6,6 +6,9 @@
 #include "import/sequences.h"
 #include "xmeml/sequences.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -92,7 +95,7 @@ void CollectSequence(ImportState& state, Collection& collection, ConstHandle seq
 }
 
 struct CollectedTag {
-    std::string_view tag;
+    Name tag;
     Handler handle;
 };
 
@@ -102,6 +105,13 @@ constexpr CollectedTag kCollectedTags[] = {
     {"multiclip", [](ImportState& state, Collection&,
                      ConstHandle multiclip) { CollectMulticlip(state, multiclip); }},
     {"sequence", CollectSequence},
+};
+
+// Frequent elements that nothing collected can be in.
+constexpr Name kOtherTags[] = {
+    "comments",    "filmdata", "labels", "link",
+    "logginginfo", "marker",   "rate",   "samplecharacteristics",
+    "sourcetrack", "timecode",
 };
 
 Handler HandlerOf(ConstHandle node)
@@ -132,6 +142,8 @@ Collection Gather(Document& document, ConstHandle project)
         ConstChildRange::Iterator next;
         std::string_view bin; // the path of the bins around its children
     };
+    std::array<NameId, std::size(kOtherTags)> others;
+    std::ranges::transform(kOtherTags, others.begin(), [](Name tag) { return NameId(tag); });
     Collection collection;
     NodeSet visited;
     visited.Insert(project);
@@ -140,9 +152,11 @@ Collection Gather(Document& document, ConstHandle project)
     while (!levels.empty()) {
         Level& level = levels.back();
         if (level.next != end) {
+            const bool isOther = std::ranges::find(others, level.next.EntryId()) != others.end();
             const ConstHandle child = *level.next;
             ++level.next;
-            if (!visited.Insert(child))
+            const bool holdsNothing = isOther || (!child.HasChildren() && !HandlerOf(child));
+            if (holdsNothing || !visited.Insert(child))
                 continue;
             const std::string_view bin =
                 child.GetName() == "bin" ? PathOfBin(document, level.bin, child) : level.bin;
