@@ -76,7 +76,7 @@ void SetFrames(const TrackContext& track, ConstHandle item, FileElement file,
     context.sequenceFrame = ParseFrameSize(frame.rect, frame.par);
     const FrameSize unknown{.pixelAspect = context.sequenceFrame.pixelAspect};
     const FileFormat format = file ? state.fileFormats.Of(file) : FileFormat();
-    if (const ObjectHandle sequence = master.Sequence())
+    if (const ObjectHandle sequence = state.masters.Shown(master).sequence)
         context.clipFrame = FrameOfGroup(sequence, unknown);
     else if (file)
         context.clipFrame = FrameOfFileItem(item, format, unknown);

@@ -77,6 +77,17 @@ std::string MergeKind::Text() const
     return isSubclip ? text + ",SUBCLIP" : text;
 }
 
+const ShownMaster& MasterCatalog::Shown(MasterClipHandle master)
+{
+    const auto [shown, isNew] = shown_.Add(master.UniqueId());
+    if (isNew)
+        *shown = std::make_unique<const ShownMaster>(ShownMaster{.master = master,
+                                                                 .videoClip = master.VideoClip(),
+                                                                 .sequence = master.Sequence(),
+                                                                 .channels = ChannelsOf(master)});
+    return **shown;
+}
+
 MasterClipHandle MasterCatalog::BySignature(const ClipSignature& signature) const
 {
     return Lookup(signatures_, signature);

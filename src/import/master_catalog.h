@@ -10,6 +10,7 @@
 #include <compare>
 #include <functional>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -110,9 +111,20 @@ struct DeferredItem {
     std::string_view bin; // the path of the bins around it
 };
 
+// What items need of the master that they show: many show the same one.
+struct ShownMaster {
+    MasterClipHandle master;
+    ObjectHandle videoClip; // the first; null without one
+    ObjectHandle sequence;  // of a master of a sequence
+    std::vector<MasterChannel> channels;
+};
+
 class MasterCatalog {
 public:
     MasterRegistry registry;
+
+    // Of a master that is complete, or of null. Its clips stay as they are.
+    const ShownMaster& Shown(MasterClipHandle master);
 
     // The master of a `clip` with one of its files or generators.
     MasterClipHandle BySignature(const ClipSignature& signature) const;
@@ -167,6 +179,7 @@ private:
         ObjectHandle id;
     };
 
+    FlatMap<std::uint64_t, std::unique_ptr<const ShownMaster>> shown_; // by `uniqueId`
     std::map<ClipSignature, MasterClipHandle> signatures_;
     std::unordered_map<std::string_view, MasterClipHandle> multiclips_;
     std::unordered_map<std::string, MasterClipHandle> equalMulticlips_;
