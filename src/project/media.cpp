@@ -12,39 +12,6 @@ namespace {
 constexpr std::string_view kDvCodec = "1685480224";  // "dvc "
 constexpr std::string_view kRawCodec = "1380013856"; // "RAW "
 
-struct FixedValue {
-    Name key;
-    std::string_view value;
-};
-
-// What the user may override in the host, and hasn't.
-constexpr FixedValue kVideoDefaults[] = {
-    {"FieldTypeIsUncertain", "false"},
-    {"OverriddenAlphaMatterColor", "0,0,0"},
-    {"IsAlphaMatteColorOverridden", "false"},
-    {"OriginalAlphaMatteColor", "0,0,0"},
-    {"OverriddenFieldType", "3"},
-    {"IsFieldTypeOverridden", "false"},
-    {"OverriddenInvertAlpha", "false"},
-    {"IsInvertAlphaOverridden", "false"},
-    {"OverriddenIgnoreAlpha", "false"},
-    {"IsIgnoreAlphaOverridden", "false"},
-    {"AlphaInfoIsUncertain", "false"},
-    {"OverriddenAlphaType", "0"},
-    {"IsAlphaTypeOverridden", "false"},
-    {"PARIsUncertain", "false"},
-    {"OveriddenFrameRate", "9223372036854775807"}, // spelt as the host spells it
-};
-
-// A ratio that a user has changed is stated beside the recorded one.
-void AddAspect(const FrameFormat& frame, ObjectHandle stream)
-{
-    const bool isOverridden = !frame.originalPar.empty();
-    stream.SetProperty("OriginalPAR", isOverridden ? frame.originalPar : frame.par);
-    stream.SetProperty("OverriddenPAR", isOverridden ? frame.par : "1,1");
-    stream.SetPropertyShared("IsPAROverridden", BoolText(isOverridden));
-}
-
 ObjectHandle MakeSource(Document& document, Name className, const SourceFields& fields)
 {
     return document.NewObject(className,
@@ -78,32 +45,50 @@ ObjectHandle MakeMedia(Document& document, const MediaFields& fields)
 ObjectHandle MakeVideoStream(Document& document, const VideoStreamFields& fields)
 {
     const bool isGenerated = fields.kind == VideoKind::Generated;
-    const ObjectHandle result = document.NewObject("VideoStream");
-    result.SetProperty("FrameRate", TickText(fields.frameTicks));
-    result.SetProperty("FrameRect", fields.frame.rect);
-    result.SetProperty("Duration", TickText(fields.duration));
-    result.SetPropertyShared("AlphaType", isGenerated ? "1" : "0");
-    result.SetProperty("OriginalFieldType", fields.fieldType);
-    result.SetPropertyShared("CodecType", isGenerated ? kRawCodec : kDvCodec);
-    result.SetPropertyShared("IsStill", BoolText(fields.isStill));
-    result.SetPropertyShared("IsContinuousTime", BoolText(isGenerated));
-    for (const FixedValue& row : kVideoDefaults)
-        result.SetPropertyShared(row.key, row.value);
-    AddAspect(fields.frame, result);
-    return result;
+    const FrameFormat& frame = fields.frame;
+    // A ratio that a user has changed is stated beside the recorded one.
+    const bool isOverridden = !frame.originalPar.empty();
+    // What the user may override in the host, and hasn't, is among the constants.
+    return document.NewObject(
+        "VideoStream",
+        {{"FrameRate", document.StoreNumber(fields.frameTicks)},
+         {"FrameRect", document.Store(frame.rect)},
+         {"Duration", document.StoreNumber(fields.duration)},
+         {"AlphaType", isGenerated ? "1" : "0"},
+         {"OriginalFieldType", document.Store(fields.fieldType)},
+         {"CodecType", isGenerated ? kRawCodec : kDvCodec},
+         {"IsStill", BoolText(fields.isStill)},
+         {"IsContinuousTime", BoolText(isGenerated)},
+         {"FieldTypeIsUncertain", "false"},
+         {"OverriddenAlphaMatterColor", "0,0,0"},
+         {"IsAlphaMatteColorOverridden", "false"},
+         {"OriginalAlphaMatteColor", "0,0,0"},
+         {"OverriddenFieldType", "3"},
+         {"IsFieldTypeOverridden", "false"},
+         {"OverriddenInvertAlpha", "false"},
+         {"IsInvertAlphaOverridden", "false"},
+         {"OverriddenIgnoreAlpha", "false"},
+         {"IsIgnoreAlphaOverridden", "false"},
+         {"AlphaInfoIsUncertain", "false"},
+         {"OverriddenAlphaType", "0"},
+         {"IsAlphaTypeOverridden", "false"},
+         {"PARIsUncertain", "false"},
+         {"OveriddenFrameRate", "9223372036854775807"}, // spelt as the host spells it
+         {"OriginalPAR", document.Store(isOverridden ? frame.originalPar : frame.par)},
+         {"OverriddenPAR", isOverridden ? document.Store(frame.par) : "1,1"},
+         {"IsPAROverridden", BoolText(isOverridden)}});
 }
 
 ObjectHandle MakeAudioStream(Document& document, Ticks sampleTicks, Ticks duration, int kind,
                              int channels)
 {
-    const ObjectHandle result = document.NewObject("AudioStream");
-    result.SetProperty("FrameRate", TickText(sampleTicks));
-    result.SetProperty("Duration", TickText(duration));
-    result.SetPropertyShared("SingleChannel", "-1");
-    result.SetPropertyShared("CodecType", "0");
-    result.SetPropertyShared("SampleType", "3");
-    result.SetProperty("AudioChannelLayout", ChannelLayoutText(kind, channels));
-    return result;
+    return document.NewObject(
+        "AudioStream", {{"FrameRate", document.StoreNumber(sampleTicks)},
+                        {"Duration", document.StoreNumber(duration)},
+                        {"SingleChannel", "-1"},
+                        {"CodecType", "0"},
+                        {"SampleType", "3"},
+                        {"AudioChannelLayout", document.Store(ChannelLayoutText(kind, channels))}});
 }
 
 ObjectHandle MakeMediaSource(Document& document, ObjectHandle media, const SourceFields& fields)
