@@ -107,13 +107,6 @@ constexpr CollectedTag kCollectedTags[] = {
     {"sequence", CollectSequence},
 };
 
-// Frequent elements that nothing collected can be in.
-constexpr Name kOtherTags[] = {
-    "comments",    "filmdata", "labels", "link",
-    "logginginfo", "marker",   "rate",   "samplecharacteristics",
-    "sourcetrack", "timecode",
-};
-
 Handler HandlerOf(ConstHandle node)
 {
     for (const CollectedTag& row : kCollectedTags)
@@ -142,8 +135,8 @@ Collection Gather(Document& document, ConstHandle project)
         ConstChildRange::Iterator next;
         std::string_view bin; // the path of the bins around its children
     };
-    std::array<NameId, std::size(kOtherTags)> others;
-    std::ranges::transform(kOtherTags, others.begin(), [](Name tag) { return NameId(tag); });
+    std::array<NameId, std::size(kPassedOver)> passedOver;
+    std::ranges::transform(kPassedOver, passedOver.begin(), [](Name tag) { return NameId(tag); });
     Collection collection;
     NodeSet visited;
     visited.Insert(project);
@@ -152,10 +145,11 @@ Collection Gather(Document& document, ConstHandle project)
     while (!levels.empty()) {
         Level& level = levels.back();
         if (level.next != end) {
-            const bool isOther = std::ranges::find(others, level.next.EntryId()) != others.end();
+            const bool isPassedOver =
+                std::ranges::find(passedOver, level.next.EntryId()) != passedOver.end();
             const ConstHandle child = *level.next;
             ++level.next;
-            const bool holdsNothing = isOther || (!child.HasChildren() && !HandlerOf(child));
+            const bool holdsNothing = isPassedOver || (!child.HasChildren() && !HandlerOf(child));
             if (holdsNothing || !visited.Insert(child))
                 continue;
             const std::string_view bin =
