@@ -2,7 +2,7 @@
 
 #include "core/text.h"
 
-#include <fmt/compile.h>
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
@@ -32,6 +32,15 @@ constexpr int kNonDrop60 = 107;
 std::uint64_t DroppedNumbers(std::uint64_t base)
 {
     return base == 30 ? 2 : base == 60 ? 4 : 0;
+}
+
+// With two digits at least.
+void AppendNumber(std::string& text, std::uint64_t number)
+{
+    if (number < 10)
+        text += '0';
+    const fmt::format_int digits(number);
+    text.append(digits.data(), digits.size());
 }
 
 } // namespace
@@ -89,8 +98,13 @@ std::string FormatTimecode(std::int64_t frame, std::int64_t base, bool drop)
         rest = (rest - fullMinute) % minute + dropped;
     }
     const char mark = dropped > 0 ? ';' : ':';
-    return fmt::format(FMT_COMPILE("{}{:02}{}{:02}{}{:02}{}{:02}"), frame < 0 ? "-" : "", hours,
-                       mark, minutes, mark, rest / perSecond, mark, rest % perSecond);
+    std::string text(frame < 0 ? "-" : "");
+    AppendNumber(text, hours);
+    for (const std::uint64_t number : {minutes, rest / perSecond, rest % perSecond}) {
+        text += mark;
+        AppendNumber(text, number);
+    }
+    return text;
 }
 
 std::optional<std::int64_t> ParseTimecode(std::string_view text, std::int64_t base, bool drop)

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <limits>
 
 namespace XPJ {
@@ -29,6 +30,19 @@ std::string_view SkipPlus(std::string_view text)
 {
     const bool plus = text.size() > 1 && text[0] == '+' && text[1] != '-';
     return plus ? text.substr(1) : text;
+}
+
+//   ThousandthsText(-1500) == "-1.5"
+std::string ThousandthsText(int thousandths)
+{
+    std::string text(thousandths < 0 ? "-" : "");
+    AppendInt(text, std::abs(thousandths / 1000));
+    int rest = std::abs(thousandths % 1000);
+    if (rest != 0)
+        text += '.';
+    for (int unit = 100; rest != 0; rest %= unit, unit /= 10)
+        text += static_cast<char>('0' + rest / unit);
+    return text;
 }
 
 } // namespace
@@ -93,8 +107,20 @@ std::string UintToString(std::uint64_t value)
     return fmt::format_int(value).str();
 }
 
+void AppendInt(std::string& text, std::int64_t value)
+{
+    const fmt::format_int digits(value);
+    text.append(digits.data(), digits.size());
+}
+
 std::string DoubleToString(double value)
 {
+    // Six digits are enough for a number of thousandths below a million, and most numbers are one.
+    constexpr double kNoise = 1e-6; // of the product
+    const double thousandths = std::round(value * 1000);
+    if (thousandths != 0 && std::abs(thousandths) < 1e6 &&
+        std::abs(value * 1000 - thousandths) < kNoise)
+        return ThousandthsText(static_cast<int>(thousandths));
     return fmt::format(FMT_COMPILE("{:g}"), value);
 }
 

@@ -23,6 +23,7 @@ double ParseDouble(std::string_view text) noexcept;
 // In decimal digits.   IntToString(-7) == "-7"
 std::string IntToString(std::int64_t value);
 std::string UintToString(std::uint64_t value);
+void AppendInt(std::string& text, std::int64_t value);
 
 // Six significant digits, as a stream with the classic locale writes a double.
 //   DoubleToString(0.5) == "0.5", DoubleToString(1) == "1"

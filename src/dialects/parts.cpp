@@ -219,7 +219,7 @@ private:
         const std::size_t first = open_.size();
         const ChildRange children = visit.node.GetChildren();
         for (auto child = children.begin(); child != children.end(); ++child) {
-            const Kind kind = kinds_[child.EntryNameId()];
+            const Kind kind = kinds_[child.EntryId()];
             if (kind == Kind::Filter)
                 parts_.effects.push_back(
                     {visit.node, *child, (*child).GetChild("effect"), visit.type});

@@ -155,15 +155,16 @@ void RemarkOnAudioParameters(const EffectContext& context, const AudioFilterRow&
 ObjectHandle MakeComponent(const EffectContext& context, int channelType, const AudioFilterRow& row,
                            ConstHandle effect)
 {
-    const ObjectHandle component = context.document.NewObject("AudioFilterComponent");
-    component.SetPropertyShared("FilterMatchName", row.project.Of(channelType));
-    component.SetPropertyShared("Intrinsic", "false");
-    component.SetPropertyShared("Bypass", IsTrue(effect, "velaBypass") ? "true" : "false");
-    component.SetProperty("FrameRate", TickText(context.sampleTicks));
-    component.SetProperty("ChannelType", IntToString(channelType));
-    component.SetPropertyShared("FilterPreset", "0");
-    component.SetPropertyShared("FilterIndex", "-1");
-    component.SetPropertyShared("AudioComponentType", "0");
+    Document& document = context.document;
+    const ObjectHandle component = document.NewObject(
+        "AudioFilterComponent", {{"FilterMatchName", row.project.Of(channelType)},
+                                 {"Intrinsic", "false"},
+                                 {"Bypass", IsTrue(effect, "velaBypass") ? "true" : "false"},
+                                 {"FrameRate", document.StoreNumber(context.sampleTicks)},
+                                 {"ChannelType", document.StoreNumber(channelType)},
+                                 {"FilterPreset", "0"},
+                                 {"FilterIndex", "-1"},
+                                 {"AudioComponentType", "0"}});
     CopyExpanded(effect, component);
     return component;
 }
@@ -394,15 +395,16 @@ bool IsFilter(ConstHandle component)
 
 ObjectHandle BuildAudioChain(const EffectContext& context, const ItemAudio& audio, ConstHandle item)
 {
-    const ObjectHandle chain = context.document.NewObject("AudioComponentChain");
-    chain.SetProperty("FrameRate", TickText(context.sampleTicks));
-    chain.SetProperty("ChannelType", IntToString(audio.channelType));
+    Document& document = context.document;
+    const ObjectHandle chain = document.NewObject(
+        "AudioComponentChain", {{"FrameRate", document.StoreNumber(context.sampleTicks)},
+                                {"ChannelType", document.StoreNumber(audio.channelType)}});
     int id = 1;
     for (const ObjectHandle component : ComponentsOf(context, audio, item)) {
-        component.SetProperty("ID", IntToString(id++));
+        component.SetNumber("ID", id++);
         chain.AddChild("Component", component);
     }
-    chain.SetProperty("NextComponentID", IntToString(id));
+    chain.SetNumber("NextComponentID", id);
     return chain;
 }
 

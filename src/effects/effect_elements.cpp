@@ -9,13 +9,11 @@ namespace {
 
 ObjectHandle MakeComponent(Document& document, const ComponentNames& names, bool intrinsic)
 {
-    const ObjectHandle component = document.NewObject("VideoFilterComponent");
-    component.SetPropertyShared("MatchName", names.match);
-    component.SetPropertyShared("DisplayName", names.display);
-    component.SetPropertyShared("Intrinsic", intrinsic ? "true" : "false");
-    component.SetPropertyShared("VideoFilterType", "2");
-    component.SetPropertyShared("Bypass", "false");
-    return component;
+    return document.NewObject("VideoFilterComponent", {{"MatchName", names.match},
+                                                       {"DisplayName", names.display},
+                                                       {"Intrinsic", intrinsic ? "true" : "false"},
+                                                       {"VideoFilterType", "2"},
+                                                       {"Bypass", "false"}});
 }
 
 // Most ids are the names of effects. Others are words of the format ("basic"), codes in braces, or

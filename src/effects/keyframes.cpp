@@ -30,10 +30,29 @@ std::string RecordValue(std::string_view text)
     return value;
 }
 
+// The characters between records, their fields, and words.
+bool IsSeparator(char character)
+{
+    return character == ',' || character == ';' || character == ' ' || character == '\t' ||
+           character == '\r' || character == '\n';
+}
+
+// The record of a start keyframe, up to its tail.
+std::string StartRecord(std::string_view value)
+{
+    constexpr std::size_t kUsualSize = 80;
+    std::string record;
+    record.reserve(kUsualSize);
+    AppendInt(record, kStartKeyframeTime);
+    record += ',';
+    record += value;
+    return record;
+}
+
 void AppendRecord(std::string& list, Ticks time, std::string_view value, std::string_view codes,
                   RecordReals reals)
 {
-    list += TickText(time);
+    AppendInt(list, time);
     list += ',';
     list += RecordValue(value);
     list += codes;
@@ -42,7 +61,7 @@ void AppendRecord(std::string& list, Ticks time, std::string_view value, std::st
 
 void AppendPointRecord(std::string& list, Ticks time, const Point& point, bool isHeld)
 {
-    list += TickText(time);
+    AppendInt(list, time);
     list += ',';
     list += PointText(point);
     list += isHeld ? kHeldPointTail : kPointTail;
@@ -116,8 +135,8 @@ void ForEachRecord(std::string_view text, const Use& use)
 
 std::string FieldText(std::string_view text)
 {
-    return text.find_first_of(",; \t\r\n") == text.npos ? std::string(text)
-                                                        : NumberText(ParseDouble(text));
+    return std::ranges::none_of(text, IsSeparator) ? std::string(text)
+                                                   : NumberText(ParseDouble(text));
 }
 
 bool IsRepeatedKeyframe(ConstHandle keyframe)
@@ -127,12 +146,12 @@ bool IsRepeatedKeyframe(ConstHandle keyframe)
 
 std::string StartKeyframeText(std::string_view value)
 {
-    return TickText(kStartKeyframeTime) + "," + FieldText(value) + std::string(kScalarStartTail);
+    return StartRecord(FieldText(value)).append(kScalarStartTail);
 }
 
 std::string PointStartKeyframeText(std::string_view point)
 {
-    return TickText(kStartKeyframeTime) + "," + std::string(point) + std::string(kPointTail);
+    return StartRecord(point).append(kPointTail);
 }
 
 std::string KeyframeRecordText(Ticks time, std::string_view value, RecordReals reals)
@@ -249,11 +268,11 @@ std::string SpeedKeyframes(ConstHandle graphdict, Ticks frameTicks)
         const SpeedKind kind = IsTrue(keyframe, "velaRampStart") ? SpeedKind::RampStart
                                : IsTrue(keyframe, "velaRampEnd") ? SpeedKind::RampEnd
                                                                  : SpeedKind::Ordinary;
-        list += TickText(MultiplyTicks(When(keyframe), frameTicks));
+        AppendInt(list, MultiplyTicks(When(keyframe), frameTicks));
         list += ',';
         list += MediaSecondsText(value, frameTicks);
         list += ',';
-        list += IntToString(static_cast<int>(kind));
+        AppendInt(list, static_cast<int>(kind));
         list += ",0,0,0,0,0;";
     });
     return list;

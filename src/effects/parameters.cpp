@@ -130,14 +130,6 @@ void SetValue(ObjectHandle param, const ParamBuilder& row, std::string_view call
     }
 }
 
-// Switches that are off in a new parameter.
-void SetSwitches(ObjectHandle param, bool discontinuous)
-{
-    param.SetPropertyShared("DiscontinuousInterpolate", discontinuous ? "true" : "false");
-    param.SetPropertyShared("IsLocked", "false");
-    param.SetPropertyShared("IsTimeVarying", "false");
-}
-
 } // namespace
 
 std::string_view ClassOf(ParamKind kind)
@@ -161,17 +153,18 @@ std::string_view ClassOfControl(int control)
 ObjectHandle MakeParam(Document& document, ParamKind kind, const ParamFields& fields)
 {
     const ParamBuilder& row = kParamBuilders[static_cast<std::size_t>(kind)];
-    const ObjectHandle param = document.NewObject(row.element);
-    param.SetPropertyShared("classid", row.classId);
-    param.SetProperty("Name", fields.name);
+    const bool isChoice = kind == ParamKind::Choice; // it jumps from keyframe to keyframe
+    const ObjectHandle param = document.NewObject(
+        row.element, {{"classid", row.classId},
+                      {"Name", document.Store(fields.name)},
+                      {"ParameterControlType",
+                       row.control.empty() ? document.StoreNumber(fields.control) : row.control},
+                      {"DiscontinuousInterpolate", isChoice ? "true" : "false"},
+                      {"IsLocked", "false"},
+                      {"IsTimeVarying", "false"},
+                      {"RangeLocked", "false"}});
     if (fields.id != 0)
-        param.SetProperty("ParameterID", IntToString(fields.id));
-    if (row.control.empty())
-        param.SetProperty("ParameterControlType", IntToString(fields.control));
-    else
-        param.SetPropertyShared("ParameterControlType", row.control);
-    SetSwitches(param, kind == ParamKind::Choice); // a choice jumps from keyframe to keyframe
-    param.SetPropertyShared("RangeLocked", "false");
+        param.SetNumber("ParameterID", fields.id);
     SetBound(param, "LowerBound", row.lower, fields.lower);
     SetBound(param, "UpperBound", row.upper, fields.upper);
     SetValue(param, row, fields.value);
@@ -207,14 +200,16 @@ ObjectHandle MakeEmptyBlob(Document& document)
 ObjectHandle MakeBlob(Document& document, std::string_view name, std::string_view id,
                       std::string_view control, std::string_view bytes)
 {
-    const ObjectHandle param = document.NewObject(kBlobParam);
-    param.SetProperty("Name", name);
-    param.SetProperty("ParameterID", id);
-    param.SetProperty("ParameterControlType", control);
-    SetSwitches(param, false);
-    param.SetPropertyShared("UnitsString", "");
-    param.SetPropertyShared("KeyframeSetSize", "0");
-    param.SetPropertyShared("StartKeyframePosition", kBlobPosition);
+    const ObjectHandle param =
+        document.NewObject(kBlobParam, {{"Name", document.Store(name)},
+                                        {"ParameterID", document.Store(id)},
+                                        {"ParameterControlType", document.Store(control)},
+                                        {"DiscontinuousInterpolate", "false"},
+                                        {"IsLocked", "false"},
+                                        {"IsTimeVarying", "false"},
+                                        {"UnitsString", ""},
+                                        {"KeyframeSetSize", "0"},
+                                        {"StartKeyframePosition", kBlobPosition}});
     SetEncodedBlob(param, "StartKeyframeValue", "StartKeyframeValueChecksum", bytes);
     return param;
 }

@@ -195,7 +195,7 @@ void RemarkOnMotion(const ItemEffects& effects)
 
 void Attach(ObjectHandle chain, ObjectHandle component, int id)
 {
-    component.SetProperty("ID", IntToString(id));
+    component.SetNumber("ID", id);
     chain.AddChild("Component", component);
 }
 
@@ -203,7 +203,7 @@ void AttachAll(ObjectHandle chain, const Components& components, int firstId)
 {
     for (const ObjectHandle& component : components)
         Attach(chain, component, firstId++);
-    chain.SetProperty("NextComponentID", IntToString(firstId));
+    chain.SetNumber("NextComponentID", firstId);
 }
 
 void AttachItemEffects(ObjectHandle chain, const ItemEffects& effects, ObjectHandle motion)
@@ -235,10 +235,11 @@ ObjectHandle BuildSequenceChain(const EffectContext& context, ConstHandle item,
                                 ObjectHandle subClip, std::string_view sequenceId,
                                 ConstHandle title)
 {
-    const ObjectHandle chain = context.document.NewObject("VideoComponentChain");
-    chain.SetProperty("SeqID", sequenceId);
-    chain.SetPropertyShared("DefaultOpacity", "true");
-    chain.SetPropertyShared("DefaultMotion", "true");
+    Document& document = context.document;
+    const ObjectHandle chain =
+        document.NewObject("VideoComponentChain", {{"SeqID", document.Store(sequenceId)},
+                                                   {"DefaultOpacity", "true"},
+                                                   {"DefaultMotion", "true"}});
     if (context.frameTicks == 0) {
         if (item.HasChild("filter") || title)
             context.AddRemark(RemarkKind::EffectsWithoutRate);

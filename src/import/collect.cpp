@@ -6,6 +6,9 @@
 #include "import/sequences.h"
 #include "xmeml/sequences.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -92,7 +95,7 @@ void CollectSequence(ImportState& state, Collection& collection, ConstHandle seq
 }
 
 struct CollectedTag {
-    std::string_view tag;
+    Name tag;
     Handler handle;
 };
 
@@ -132,6 +135,8 @@ Collection Gather(Document& document, ConstHandle project)
         ConstChildRange::Iterator next;
         std::string_view bin; // the path of the bins around its children
     };
+    std::array<NameId, std::size(kPassedOver)> passedOver;
+    std::ranges::transform(kPassedOver, passedOver.begin(), [](Name tag) { return NameId(tag); });
     Collection collection;
     NodeSet visited;
     visited.Insert(project);
@@ -140,9 +145,12 @@ Collection Gather(Document& document, ConstHandle project)
     while (!levels.empty()) {
         Level& level = levels.back();
         if (level.next != end) {
+            const bool isPassedOver =
+                std::ranges::find(passedOver, level.next.EntryId()) != passedOver.end();
             const ConstHandle child = *level.next;
             ++level.next;
-            if (!visited.Insert(child))
+            const bool holdsNothing = isPassedOver || (!child.HasChildren() && !HandlerOf(child));
+            if (holdsNothing || !visited.Insert(child))
                 continue;
             const std::string_view bin =
                 child.GetName() == "bin" ? PathOfBin(document, level.bin, child) : level.bin;

@@ -68,16 +68,15 @@ FrameSize FrameOfMaster(MasterClipHandle master, const FrameSize& unknown)
     return ParseFrameSize(stream.GetProperty("FrameRect"), stream.GetProperty(aspect));
 }
 
-void SetFrames(const TrackContext& track, ConstHandle item, MasterClipHandle master,
-               EffectContext& context)
+void SetFrames(const TrackContext& track, ConstHandle item, FileElement file,
+               MasterClipHandle master, EffectContext& context)
 {
     ImportState& state = track.sequence.state;
     const FrameFormat& frame = track.sequence.frame;
     context.sequenceFrame = ParseFrameSize(frame.rect, frame.par);
     const FrameSize unknown{.pixelAspect = context.sequenceFrame.pixelAspect};
-    const FileElement file = FileOfItem(state.files, item);
     const FileFormat format = file ? state.fileFormats.Of(file) : FileFormat();
-    if (const ObjectHandle sequence = master.Sequence())
+    if (const ObjectHandle sequence = state.masters.Shown(master).sequence)
         context.clipFrame = FrameOfGroup(sequence, unknown);
     else if (file)
         context.clipFrame = FrameOfFileItem(item, format, unknown);
@@ -87,10 +86,9 @@ void SetFrames(const TrackContext& track, ConstHandle item, MasterClipHandle mas
     context.decodedHeightRatio = format.decodedHeightRatio;
 }
 
-// Ticks a sample of the audio of an item.
-Ticks SampleTicksOf(ImportState& state, ConstHandle item)
+// Ticks a sample of the audio of an item of a file, which may be null.
+Ticks SampleTicksOf(ImportState& state, FileElement file)
 {
-    const FileElement file = FileOfItem(state.files, item);
     const std::int64_t samples =
         file ? Int64Property(state.fileFormats.Of(file).audio, "samplerate") : 0;
     return samples > 0 ? std::max<Ticks>(kTicksPerSecond / samples, 1) : kSampleTicks48k;
@@ -104,19 +102,22 @@ EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item,
 {
     const SequenceContext& sequence = track.sequence;
     ImportState& state = sequence.state;
+    const FileElement file = FileOfItem(state.files, item);
+    const SequenceTimecode& timecode = sequence.timecode;
     EffectContext context{
         .document = state.document,
         .account = state.account,
-        .location = LocationOfItem(track, item.GetProperty("name"), times.start, times.end)};
+        .location = LocationOfItem(track, item.GetProperty("name"), times.start, times.end),
+        .time = [&timecode, start = times.start] { return timecode.TextOf(start); }};
     context.frameTicks = FilterTicks(item, master, sequence.rates.video);
     context.lookFiles = &state.lookFiles;
     context.openInterchange = IsOpen(state);
     if (track.type == MediaType::Video) {
-        SetFrames(track, item, master, context);
+        SetFrames(track, item, file, master, context);
     } else {
         if (context.frameTicks == 0)
             context.frameTicks = sequence.rates.edges;
-        context.sampleTicks = SampleTicksOf(state, item);
+        context.sampleTicks = SampleTicksOf(state, file);
     }
     return context;
 }
@@ -138,10 +139,10 @@ ObjectHandle TitleOfItem(const ImportState& state, ConstHandle item, const Frame
 
 // ---- Audio
 
-ItemAudio AudioOfItem(const FileCatalog& files, ConstHandle item, int channelType)
+ItemAudio AudioOfItem(ImportState& state, ConstHandle item, int channelType)
 {
-    const FileElement file = FileOfItem(files, item);
-    const int kind = file ? AudioKindOfFile(file).kind : kUnknownChannels;
+    const FileElement file = FileOfItem(state.files, item);
+    const int kind = file ? state.fileFormats.AudioOf(file).kind : kUnknownChannels;
     return {.channelType = channelType,
             .delayFrames = Int64Property(item, "mediadelay"),
             .stereoSource = kind == kStereo || kind == kStereoPair};
@@ -276,7 +277,7 @@ void AddMasterAudioEffects(ImportState& state, ConstHandle clip, MasterClipHandl
                                     .openInterchange = true};
         const bool isStereo =
             IsExploded(clip) && AudioKindOfFile(FileOfItem(state.files, item)).kind == kStereo;
-        const ItemAudio audio = AudioOfItem(state.files, item, isStereo ? kStereoType : kMonoType);
+        const ItemAudio audio = AudioOfItem(state, item, isStereo ? kStereoType : kMonoType);
         master.AddChild("AudioComponentChain", BuildAudioChain(context, audio, item));
         RemarkOnPan(context, RemarkKind::BrowserClipEffect, item);
         RemarkOnFurtherItems(context, clip, item);
@@ -303,7 +304,7 @@ void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, const 
     Document& document = sequence.state.document;
     const MasterClipHandle master(FindPath(trackItem, {"SubClip", "MasterClip"}));
     const EffectContext effects = ContextOfItem(track, item, master, times);
-    const ItemAudio audio = AudioOfItem(sequence.state.files, item, channels.itemType);
+    const ItemAudio audio = AudioOfItem(sequence.state, item, channels.itemType);
     const ConstHandle source = item;
     trackItem.AddChild("Components", BuildAudioChain(effects, audio, source));
     if (CanPan(sequence, channels))

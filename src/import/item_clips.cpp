@@ -68,8 +68,8 @@ void AddPoints(const TrackContext& track, const ClipItem& item, const ItemTiming
         const Frames length = rates.ToItem(SubtractTicks(times.end, times.start));
         range.out = AddTicks(range.in, ScaledTicks(length, rates.item, SpeedOfItem(item).speed));
     }
-    clip.SetProperty("InPoint", TickText(range.in));
-    clip.SetProperty("OutPoint", TickText(range.out));
+    clip.SetNumber("InPoint", range.in);
+    clip.SetNumber("OutPoint", range.out);
 }
 
 // A point where the document has it.
@@ -128,7 +128,7 @@ int SourceChannelOf(ConstHandle item, int trackIndex)
 // The channels of a master by the numbers that items state.
 class MasterChannels {
 public:
-    explicit MasterChannels(MasterClipHandle master) : channels_(ChannelsOf(master)) {}
+    explicit MasterChannels(const ShownMaster& master) : channels_(master.channels) {}
 
     bool IsEmpty() const { return channels_.empty(); }
     const std::vector<MasterChannel>& All() const { return channels_; }
@@ -140,7 +140,7 @@ public:
     }
 
 private:
-    std::vector<MasterChannel> channels_;
+    const std::vector<MasterChannel>& channels_;
 };
 
 // On a channel that an item states and its media does not have.
@@ -227,16 +227,16 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
 {
     ImportState& state = track.sequence.state;
     Document& document = state.document;
-    const MasterClipHandle master = MasterForItem(state, item, MediaType::Video, track.index);
-    const ObjectHandle masterClip = master.VideoClip();
-    if (!masterClip)
+    const ShownMaster& shown =
+        state.masters.Shown(FindMaster(state, item, MediaType::Video, track.index));
+    if (!shown.videoClip)
         return {};
     const Ticks unit = timing.rates.item;
     const ItemSpeed speed = SpeedOfItem(item);
     const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Video,
-                                              masterClip.GetChild("Source"), unit);
+                                              shown.videoClip.GetChild("Source"), unit);
     const ObjectHandle clip = MakeVideoClip(document, source, FieldsOf(item, speed));
-    CopyNotes(track, item, timing.times, master, clip);
+    CopyNotes(track, item, timing.times, shown.master, clip);
 
     SourceRange range{.in = ScaledTicks(timing.times.in, unit, speed.speed),
                       .out = OutTicks(timing.times.out, unit, speed.speed)};
@@ -251,7 +251,7 @@ ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
     AddFrameHold(item, track.sequence.rates.edges, clip);
     clip.AddChild("Markers", TranslateMarkers(document, item, unit));
     AddMulticam(state.angles, item, clip);
-    return MakeItemSubClip(state, item, clip, master);
+    return MakeItemSubClip(state, item, clip, shown.master);
 }
 
 ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, int channelType,
@@ -259,8 +259,9 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
 {
     ImportState& state = track.sequence.state;
     Document& document = state.document;
-    const MasterClipHandle master = MasterForItem(state, item, MediaType::Audio, track.index);
-    const MasterChannels channels(master);
+    const ShownMaster& shown =
+        state.masters.Shown(FindMaster(state, item, MediaType::Audio, track.index));
+    const MasterChannels channels(shown);
     if (channels.IsEmpty())
         return {};
     const Ticks unit = timing.rates.item;
@@ -271,7 +272,7 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
                                               channels.At(sourceChannel).clip.GetChild("Source"),
                                               track.sequence.rates.audio);
     const ObjectHandle clip = MakeAudioClip(document, source, FieldsOf(item, speed));
-    CopyNotes(track, item, timing.times, master, clip);
+    CopyNotes(track, item, timing.times, shown.master, clip);
 
     const Frames delay = Int64Property(item, "mediadelay");
     const Ticks in = ScaledTicks(AddTicks(timing.times.in, delay), unit, speed.speed);
@@ -286,16 +287,16 @@ ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, i
         range);
     AddPoints(track, item, timing, range, clip);
     const int channelCount = ChannelCountOf(channelType);
-    clip.SetProperty("SecondaryIndex", IntToString(sourceChannel));
+    clip.SetNumber("SecondaryIndex", sourceChannel);
     clip.SetPropertyShared("Gain", HasValue(item, "velaGain") ? item.GetProperty("velaGain")
                                                               : std::string_view("1.0"));
     clip.AddChild("Markers", TranslateMarkers(document, item, unit));
-    clip.SetProperty("ChannelType", IntToString(channelType));
-    clip.SetProperty("NumChannels", IntToString(channelCount));
+    clip.SetNumber("ChannelType", channelType);
+    clip.SetNumber("NumChannels", channelCount);
     clip.SetProperty("AudioChannelLayout", ChannelLayoutText(channelType, channelCount));
     AddMulticam(state.angles, item, clip);
     AddItemChannels(track, item, channelType, channels, clip);
-    return MakeItemSubClip(state, item, clip, master);
+    return MakeItemSubClip(state, item, clip, shown.master);
 }
 
 ObjectHandle SourceForItem(Document& document, SequenceCatalog& sequences, MediaType type,

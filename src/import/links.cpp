@@ -68,14 +68,15 @@ std::vector<ConstHandle> LinkRecords::Add(const LinkIndex& index, ConstHandle it
                                           const LinkedItem& linked)
 {
     // Every item is stored, since a group finds its members here; only the first one makes it.
-    items_.emplace(linked.key, linked.trackItem);
-    if (!item.HasChild("link") || !grouped_.insert(linked.key).second)
+    if (Record& record = *records_.Add(linked.key).first; !record.trackItem)
+        record.trackItem = linked.trackItem;
+    if (!item.HasChild("link") || !MarkGrouped(linked.key))
         return {};
     Group group{linked.key};
     std::vector<ConstHandle> unknown;
     for (const ConstHandle& link : item.GetChildren("link")) {
         const LinkKey target = index.TargetOf(link);
-        if (!grouped_.insert(target).second)
+        if (!MarkGrouped(target))
             continue;
         group.push_back(target);
         if (!index.ItemAt(target) && !index.IsNamed(link))
@@ -89,8 +90,8 @@ void LinkRecords::AddGroup(const std::vector<LinkedItem>& items)
 {
     Group group;
     for (const LinkedItem& item : items) {
-        items_[item.key] = item.trackItem;
-        if (grouped_.insert(item.key).second)
+        records_.Add(item.key).first->trackItem = item.trackItem;
+        if (MarkGrouped(item.key))
             group.push_back(item.key);
     }
     groups_.push_back(std::move(group));
@@ -98,8 +99,13 @@ void LinkRecords::AddGroup(const std::vector<LinkedItem>& items)
 
 ObjectHandle LinkRecords::ItemOf(const LinkKey& key) const
 {
-    const auto found = items_.find(key);
-    return found == items_.end() ? ObjectHandle() : found->second;
+    const Record* const record = records_.Find(key);
+    return record ? record->trackItem : ObjectHandle();
+}
+
+bool LinkRecords::MarkGrouped(const LinkKey& key)
+{
+    return !std::exchange(records_.Add(key).first->isGrouped, true);
 }
 
 void LinkPass(Document& document, const LinkRecords& records, const SequenceCatalog& sequences)

@@ -1,12 +1,11 @@
 // Links of the project: groups of track items, made from what documents state item by item.
 #pragma once
 
+#include "core/flat_map.h"
 #include "import/catalogs.h"
 #include "tree/object.h"
 #include "xmeml/links.h"
 
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace XPJ {
@@ -32,9 +31,17 @@ public:
     ObjectHandle ItemOf(const LinkKey& key) const;
 
 private:
-    std::unordered_map<LinkKey, ObjectHandle, LinkKeyHash> items_;
+    // Of a key that an item has or that a link leads to.
+    struct Record {
+        ObjectHandle trackItem = {};
+        bool isGrouped = false;
+    };
+
+    // True unless a group has the key already.
+    bool MarkGrouped(const LinkKey& key);
+
+    FlatMap<LinkKey, Record, LinkKeyHash> records_;
     std::vector<Group> groups_;
-    std::unordered_set<LinkKey, LinkKeyHash> grouped_;
 };
 
 // Makes the `Link`s of every sequence from the recorded groups.

@@ -54,9 +54,8 @@ ObjectHandle TranslateMarker(Document& document, ConstHandle marker, Ticks frame
     const ObjectHandle result = document.NewObject("Marker");
     result.SetProperty("Name", WithPlainQuotes(marker.GetProperty("name")));
     SetComment(WithPlainQuotes(marker.GetProperty("comment")), result);
-    result.SetProperty("StartTime",
-                       TickText(MultiplyTicks(Int64Property(marker, "in"), frameTicks)));
-    result.SetProperty("Duration", TickText(MarkerDuration(marker, frameTicks)));
+    result.SetNumber("StartTime", MultiplyTicks(Int64Property(marker, "in"), frameTicks));
+    result.SetNumber("Duration", MarkerDuration(marker, frameTicks));
     if (HasValue(marker, "velaColor"))
         CopyProperty(marker, "velaColor", result, "Color");
     return result;

@@ -2,6 +2,9 @@
 
 #include "core/numbers.h"
 
+#include <algorithm>
+#include <tuple>
+
 namespace XPJ {
 
 namespace {
@@ -19,18 +22,12 @@ MasterClipHandle MasterRegistry::Find(const MasterKey& key) const
 {
     if (key.mediaId.empty())
         return {};
-    const auto media = media_.find(key.mediaId);
-    if (media == media_.end())
-        return {};
-    const auto layer = media->second.find({key.layer, key.type});
-    if (layer == media->second.end())
-        return {};
-    const Masters& masters = layer->second;
-    if (key.masterClipId.empty())
-        return masters.begin()->second;
-    if (const auto exact = masters.find(key.masterClipId); exact != masters.end())
-        return exact->second;
-    return Lookup(masters, std::string_view());
+    if (!key.masterClipId.empty())
+        if (const MasterClipHandle* const exact = masters_.Find(key))
+            return *exact;
+    const First* const first = firsts_.Find({{}, key.mediaId, key.layer, key.type});
+    const bool serves = first && (key.masterClipId.empty() || first->masterClipId.empty());
+    return serves ? first->master : MasterClipHandle();
 }
 
 bool MasterRegistry::Add(const MasterKey& key, MasterClipHandle master)
@@ -38,20 +35,25 @@ bool MasterRegistry::Add(const MasterKey& key, MasterClipHandle master)
     // An entry that `Find` gives, the exact one or one that serves any element, takes the key.
     if (key.mediaId.empty() || Find(key))
         return false;
-    media_[std::string(key.mediaId)][{key.layer, key.type}].emplace(key.masterClipId, master);
+    masters_.Add(key, master);
+    const auto [first, isNew] = firsts_.Add({{}, key.mediaId, key.layer, key.type});
+    if (isNew || key.masterClipId < first->masterClipId)
+        *first = {key.masterClipId, master};
     return true;
 }
 
 std::vector<MasterClipHandle> MasterRegistry::Entries() const
 {
-    std::map<std::string_view, const Layers*> byId;
-    for (const auto& [mediaId, layers] : media_)
-        byId.emplace(mediaId, &layers);
+    std::vector<std::pair<MasterKey, MasterClipHandle>> sorted;
+    masters_.ForEach(
+        [&](const MasterKey& key, MasterClipHandle master) { sorted.emplace_back(key, master); });
+    std::ranges::sort(sorted, {}, [](const auto& entry) {
+        const MasterKey& key = entry.first;
+        return std::tuple(key.mediaId, key.layer, key.type, key.masterClipId);
+    });
     std::vector<MasterClipHandle> entries;
-    for (const auto& [mediaId, layers] : byId)
-        for (const auto& [layer, masters] : *layers)
-            for (const auto& [masterClipId, master] : masters)
-                entries.push_back(master);
+    for (const auto& [key, master] : sorted)
+        entries.push_back(master);
     return entries;
 }
 
@@ -73,6 +75,17 @@ std::string MergeKind::Text() const
     if (audio > 0)
         text.append("A").append(IntToString(audio));
     return isSubclip ? text + ",SUBCLIP" : text;
+}
+
+const ShownMaster& MasterCatalog::Shown(MasterClipHandle master)
+{
+    const auto [shown, isNew] = shown_.Add(master.UniqueId());
+    if (isNew)
+        *shown = std::make_unique<const ShownMaster>(ShownMaster{.master = master,
+                                                                 .videoClip = master.VideoClip(),
+                                                                 .sequence = master.Sequence(),
+                                                                 .channels = ChannelsOf(master)});
+    return **shown;
 }
 
 MasterClipHandle MasterCatalog::BySignature(const ClipSignature& signature) const
@@ -123,8 +136,8 @@ const MergeComponent* MasterCatalog::ComponentOf(ConstHandle master) const
 
 ConstHandle MasterCatalog::OriginOf(ConstHandle master) const
 {
-    const auto found = origins_.find(master.UniqueId());
-    return found == origins_.end() ? ConstHandle() : found->second;
+    const ConstHandle* const origin = origins_.Find(master.UniqueId());
+    return origin ? *origin : ConstHandle();
 }
 
 void MasterCatalog::AddClipId(ObjectHandle master, ObjectHandle clipId)

@@ -2,6 +2,7 @@
 // clips.
 #pragma once
 
+#include "core/flat_map.h"
 #include "core/media_type.h"
 #include "project/master_clip.h"
 #include "tree/object.h"
@@ -9,6 +10,7 @@
 #include <compare>
 #include <functional>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -26,6 +28,8 @@ struct MasterKey {
     std::string_view mediaId;
     int layer = 0;
     MediaType type = MediaType::Video;
+
+    friend bool operator==(const MasterKey&, const MasterKey&) = default;
 };
 
 // The masters by their keys. Many documents omit the `masterclipid`, so an empty one means any: it
@@ -46,13 +50,22 @@ public:
     std::vector<MasterClipHandle> Entries() const;
 
 private:
-    using Masters = std::map<std::string, MasterClipHandle, std::less<>>; // by `masterclipid`
-    using Layers = std::map<std::pair<int, MediaType>, Masters>;
-    struct IdHash : std::hash<std::string_view> {
-        using is_transparent = void;
+    struct KeyHash {
+        std::size_t operator()(const MasterKey& key) const
+        {
+            const std::hash<std::string_view> hash;
+            return hash(key.mediaId) + 31 * hash(key.masterClipId) +
+                   (static_cast<std::size_t>(key.layer) << 1 | static_cast<std::size_t>(key.type));
+        }
+    };
+    // Of all masters of the media: that of the first `masterclipid` in order.
+    struct First {
+        std::string_view masterClipId;
+        MasterClipHandle master;
     };
 
-    std::unordered_map<std::string, Layers, IdHash, std::equal_to<>> media_; // by media id
+    FlatMap<MasterKey, MasterClipHandle, KeyHash> masters_;
+    FlatMap<MasterKey, First, KeyHash> firsts_; // by keys without a `masterclipid`
 };
 
 // What distinguishes a `clip` from other clips of the same media; the last five are the clip's own
@@ -98,9 +111,20 @@ struct DeferredItem {
     std::string_view bin; // the path of the bins around it
 };
 
+// What items need of the master that they show: many show the same one.
+struct ShownMaster {
+    MasterClipHandle master;
+    ObjectHandle videoClip; // the first; null without one
+    ObjectHandle sequence;  // of a master of a sequence
+    std::vector<MasterChannel> channels;
+};
+
 class MasterCatalog {
 public:
     MasterRegistry registry;
+
+    // Of a master that is complete, or of null. Its clips stay as they are.
+    const ShownMaster& Shown(MasterClipHandle master);
 
     // The master of a `clip` with one of its files or generators.
     MasterClipHandle BySignature(const ClipSignature& signature) const;
@@ -141,7 +165,7 @@ public:
     ConstHandle OriginOf(ConstHandle master) const;
     void SetOrigin(ConstHandle master, ConstHandle element)
     {
-        origins_.emplace(master.UniqueId(), element);
+        origins_.Add(master.UniqueId(), element);
     }
 
     // A master gets the `ChildClipID`s of its items at the end, so that no search in its children
@@ -155,11 +179,12 @@ private:
         ObjectHandle id;
     };
 
+    FlatMap<std::uint64_t, std::unique_ptr<const ShownMaster>> shown_; // by `uniqueId`
     std::map<ClipSignature, MasterClipHandle> signatures_;
     std::unordered_map<std::string_view, MasterClipHandle> multiclips_;
     std::unordered_map<std::string, MasterClipHandle> equalMulticlips_;
     std::unordered_map<std::uint64_t, MergeComponent> components_; // by `uniqueId` of the master
-    std::unordered_map<std::uint64_t, ConstHandle> origins_;       // likewise
+    FlatMap<std::uint64_t, ConstHandle> origins_;                  // likewise
     std::vector<std::string_view> mergeIds_;
     std::unordered_set<std::string_view> knownMergeIds_;
     std::set<std::pair<std::string_view, std::string_view>> begunLayers_;

@@ -185,6 +185,13 @@ int SourceTrackOf(ConstHandle item)
 MasterClipHandle MasterForItem(const ImportState& state, ConstHandle item, MediaType type,
                                int trackIndex)
 {
+    const MasterClipHandle master = FindMaster(state, item, type, trackIndex);
+    return master.FirstClip(type) ? master : MasterClipHandle();
+}
+
+MasterClipHandle FindMaster(const ImportState& state, ConstHandle item, MediaType type,
+                            int trackIndex)
+{
     if (const ConstHandle multiclip = FindMulticlip(item)) {
         if (!IsCollapsed(multiclip))
             return state.masters.OfMulticlip(multiclip.GetProperty("id"));
@@ -196,7 +203,7 @@ MasterClipHandle MasterForItem(const ImportState& state, ConstHandle item, Media
                            .trackIndex = trackIndex};
     for (const Search search : kSearches)
         if (const MasterClipHandle master = search(state, query, item))
-            return master.FirstClip(type) ? master : MasterClipHandle();
+            return master;
     return {};
 }
 

@@ -32,6 +32,9 @@ int SourceTrackOf(ConstHandle item);
 // is none. `trackIndex` counts from 0.
 MasterClipHandle MasterForItem(const ImportState& state, ConstHandle item, MediaType type,
                                int trackIndex);
+// The same, also if the master has no clip of the type.
+MasterClipHandle FindMaster(const ImportState& state, ConstHandle item, MediaType type,
+                            int trackIndex);
 
 // ---- New masters
 

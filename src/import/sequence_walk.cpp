@@ -125,7 +125,7 @@ void TranslateGeneratorReference(ImportState& state, const SequenceWalk& walk,
         return;
     const GeneratorResult result = TranslateGenerator(state, item, walk.sequence);
     const auto locate = [&] {
-        return LocationOfItem(
+        return LocationOfIssue(
             walk.timecode, item.GetProperty("name"),
             {reference.type, reference.trackIndex, item.times.start.value, item.times.end.value});
     };

@@ -23,7 +23,6 @@ ItemLocation LocationOfItem(const SequenceTimecode& timecode, std::string_view n
             .clip = name,
             .trackKind = position.type == MediaType::Video ? 1 : 2,
             .trackIndex = position.trackIndex,
-            .time = timecode.TextOf(position.start),
             .span = SpanOf(timecode, position.start, position.end)};
 }
 
@@ -33,9 +32,23 @@ ItemLocation LocationOfItem(const TrackContext& track, std::string_view name, Fr
     return LocationOfItem(track.sequence.timecode, name, {track.type, track.index, start, end});
 }
 
+ItemLocation LocationOfIssue(const SequenceTimecode& timecode, std::string_view name,
+                             const ItemPosition& position)
+{
+    ItemLocation location = LocationOfItem(timecode, name, position);
+    location.time = timecode.TextOf(position.start);
+    return location;
+}
+
+ItemLocation LocationOfIssue(const TrackContext& track, std::string_view name, Frames start,
+                             Frames end)
+{
+    return LocationOfIssue(track.sequence.timecode, name, {track.type, track.index, start, end});
+}
+
 void AddItemIssue(const TrackContext& track, ConstHandle item, Frames start, ImportIssue kind)
 {
-    AddItemIssue(track.sequence.state, LocationOfItem(track, item.GetProperty("name"), start),
+    AddItemIssue(track.sequence.state, LocationOfIssue(track, item.GetProperty("name"), start),
                  kind);
 }
 

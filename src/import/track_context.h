@@ -46,10 +46,15 @@ struct ItemPosition {
     Frames start = 0;
     Frames end = -1; // negative: not known
 };
+// Without the time: only issues state it.
 ItemLocation LocationOfItem(const SequenceTimecode& timecode, std::string_view name,
                             const ItemPosition& position);
 ItemLocation LocationOfItem(const TrackContext& track, std::string_view name, Frames start,
                             Frames end = -1);
+ItemLocation LocationOfIssue(const SequenceTimecode& timecode, std::string_view name,
+                             const ItemPosition& position);
+ItemLocation LocationOfIssue(const TrackContext& track, std::string_view name, Frames start,
+                             Frames end = -1);
 void AddItemIssue(const TrackContext& track, ConstHandle item, Frames start, ImportIssue kind);
 
 } // namespace XPJ

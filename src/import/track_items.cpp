@@ -46,14 +46,14 @@ ObjectHandle MakeItem(const TrackContext& track, Name className, ConstHandle ite
     const Ticks end = MultiplyTicks(times.end, sequence.rates.edges);
     if (const ConstHandle multiclip = item.GetChild("multiclip"))
         RemarkOnAngles(sequence.state, multiclip, LocationOf(track, item, times));
-    const ObjectHandle result = sequence.state.document.NewObject(className);
-    result.SetPropertyShared("MediaType", MediaTypeText(track.type));
-    result.SetProperty("TrackIndex", IntToString(track.index));
-    result.SetPropertyShared("IsMuted", BoolText(!IsEnabled(item)));
-    result.SetProperty("Start", TickText(MultiplyTicks(times.start, sequence.rates.edges)));
-    result.SetProperty("End", TickText(end));
     sequence.end = std::max(sequence.end, end);
-    return result;
+    Document& document = sequence.state.document;
+    const Ticks start = MultiplyTicks(times.start, sequence.rates.edges);
+    return document.NewObject(className, {{"MediaType", MediaTypeText(track.type)},
+                                          {"TrackIndex", document.StoreNumber(track.index)},
+                                          {"IsMuted", BoolText(!IsEnabled(item))},
+                                          {"Start", document.StoreNumber(start)},
+                                          {"End", document.StoreNumber(end)}});
 }
 
 ObjectHandle Skip(const TrackContext& track, ConstHandle item, const ItemTimes& times)

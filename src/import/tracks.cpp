@@ -122,7 +122,7 @@ void ApplyTrackEffects(const SequenceContext& sequence, const ItemLocation& loca
 // Moves the fader of a project's track as the level filter of a `track` states.
 void ApplyTrackLevel(const TrackContext& context, ConstHandle track, ObjectHandle result)
 {
-    ItemLocation location = LocationOfItem(context, track.GetProperty("name"), 0);
+    ItemLocation location = LocationOfIssue(context, track.GetProperty("name"), 0);
     // Few tracks have a name; all have a number.
     const std::string number =
         GetMessage(Message::kAudioTrack, {IntToString(std::int64_t{context.index} + 1)});
@@ -160,7 +160,7 @@ void RemarkOnLink(const TrackContext& context, const ClipItem& item, ConstHandle
 void RemarkOnVideoTrack(const TrackContext& context, ConstHandle track)
 {
     ForEachEffect(track, [&](ConstHandle effect) {
-        ItemLocation location = LocationOfItem(context, track.GetProperty("name"), 0);
+        ItemLocation location = LocationOfIssue(context, track.GetProperty("name"), 0);
         location.span = {};
         ContextOfLevel(context.sequence, location).AddRemark(RemarkKind::TrackFilter, effect);
     });

@@ -220,7 +220,7 @@ ObjectHandle MakeTransition(const TrackContext& context, ConstHandle item, int c
     const SequenceContext& sequence = context.sequence;
     const Frames start = Int64Property(item, "start");
     const Frames end = Int64Property(item, "end");
-    ItemLocation location = LocationOfItem(context, item.GetProperty("name"), start, end);
+    ItemLocation location = LocationOfIssue(context, item.GetProperty("name"), start, end);
     if (start < 0 || end < 0) {
         location.clip = "transitionitem";
         AddItemIssue(sequence.state, location, ImportIssue::InvalidStartEnd);

@@ -1,6 +1,5 @@
 #include "project/clips.h"
 
-#include "core/media_type.h"
 #include "core/numbers.h"
 #include "core/ticks.h"
 #include "project/objects.h"
@@ -9,35 +8,33 @@ namespace XPJ {
 
 namespace {
 
-ObjectHandle MakeClip(Document& document, MediaType type, ObjectHandle source,
-                      const ClipFields& fields)
+// How a clip of either type plays its source.
+void AddPlayback(ObjectHandle source, const ClipFields& fields, ObjectHandle clip)
 {
-    const ObjectHandle clip =
-        document.NewObject(type == MediaType::Video ? Name("VideoClip") : Name("AudioClip"));
-    clip.SetProperty("ClipID", NewGuidText());
-    clip.SetPropertyShared("FrameRate", source.GetProperty("FrameRate"));
     if (fields.speed != 1.0)
         clip.SetProperty("PlaybackSpeed", DoubleToString(fields.speed));
     if (fields.playBackwards)
         clip.SetPropertyShared("PlayBackwards", "true");
-    clip.SetPropertyShared("InUse", BoolText(fields.inUse));
     clip.AddChild("Source", source);
-    return clip;
 }
 
 } // namespace
 
 ObjectHandle MakeVideoClip(Document& document, ObjectHandle source, const ClipFields& fields)
 {
-    const ObjectHandle clip = MakeClip(document, MediaType::Video, source, fields);
-    clip.SetPropertyShared("ScaleToFrameSize", BoolText(fields.scaleToFrameSize));
-    clip.SetPropertyShared("FieldProcessing", "0");
-    clip.SetPropertyShared("ReverseFieldDominance", "false");
-    clip.SetPropertyShared("DeinterlaceOnHold", "false");
-    clip.SetPropertyShared("HoldFilters", "false");
-    clip.SetPropertyShared("FrameHold", "0");
-    clip.SetProperty("FrameHoldStart", TickText(kNoTime));
-    clip.SetPropertyShared("PosterFrame", "0");
+    const ObjectHandle clip =
+        document.NewObject("VideoClip", {{"ClipID", document.Store(NewGuidText())},
+                                         {"FrameRate", source.GetProperty("FrameRate")},
+                                         {"InUse", BoolText(fields.inUse)},
+                                         {"ScaleToFrameSize", BoolText(fields.scaleToFrameSize)},
+                                         {"FieldProcessing", "0"},
+                                         {"ReverseFieldDominance", "false"},
+                                         {"DeinterlaceOnHold", "false"},
+                                         {"HoldFilters", "false"},
+                                         {"FrameHold", "0"},
+                                         {"FrameHoldStart", document.StoreNumber(kNoTime)},
+                                         {"PosterFrame", "0"}});
+    AddPlayback(source, fields, clip);
     if (fields.frameBlending)
         clip.SetPropertyShared("TimeInterpolationType", "1");
     return clip;
@@ -45,7 +42,12 @@ ObjectHandle MakeVideoClip(Document& document, ObjectHandle source, const ClipFi
 
 ObjectHandle MakeAudioClip(Document& document, ObjectHandle source, const ClipFields& fields)
 {
-    return MakeClip(document, MediaType::Audio, source, fields);
+    const ObjectHandle clip =
+        document.NewObject("AudioClip", {{"ClipID", document.Store(NewGuidText())},
+                                         {"FrameRate", source.GetProperty("FrameRate")},
+                                         {"InUse", BoolText(fields.inUse)}});
+    AddPlayback(source, fields, clip);
+    return clip;
 }
 
 ObjectHandle MakePlainVideoClip(Document& document, ObjectHandle source)
@@ -58,8 +60,8 @@ ObjectHandle MakePlainVideoClip(Document& document, ObjectHandle source)
 void AddChannel(Document& document, ObjectHandle audioClip, std::uint64_t channelIndex,
                 ObjectHandle content)
 {
-    const ObjectHandle channel = document.NewObject("SecondaryContent");
-    channel.SetProperty("ChannelIndex", UintToString(channelIndex));
+    const ObjectHandle channel = document.NewObject(
+        "SecondaryContent", {{"ChannelIndex", document.Store(UintToString(channelIndex))}});
     channel.AddChild("Content", content);
     audioClip.AddChild("SecondaryContentItem", channel);
 }

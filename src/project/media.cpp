@@ -12,100 +12,83 @@ namespace {
 constexpr std::string_view kDvCodec = "1685480224";  // "dvc "
 constexpr std::string_view kRawCodec = "1380013856"; // "RAW "
 
-struct FixedValue {
-    Name key;
-    std::string_view value;
-};
-
-// What the user may override in the host, and hasn't.
-constexpr FixedValue kVideoDefaults[] = {
-    {"FieldTypeIsUncertain", "false"},
-    {"OverriddenAlphaMatterColor", "0,0,0"},
-    {"IsAlphaMatteColorOverridden", "false"},
-    {"OriginalAlphaMatteColor", "0,0,0"},
-    {"OverriddenFieldType", "3"},
-    {"IsFieldTypeOverridden", "false"},
-    {"OverriddenInvertAlpha", "false"},
-    {"IsInvertAlphaOverridden", "false"},
-    {"OverriddenIgnoreAlpha", "false"},
-    {"IsIgnoreAlphaOverridden", "false"},
-    {"AlphaInfoIsUncertain", "false"},
-    {"OverriddenAlphaType", "0"},
-    {"IsAlphaTypeOverridden", "false"},
-    {"PARIsUncertain", "false"},
-    {"OveriddenFrameRate", "9223372036854775807"}, // spelt as the host spells it
-};
-
-// A ratio that a user has changed is stated beside the recorded one.
-void AddAspect(const FrameFormat& frame, ObjectHandle stream)
-{
-    const bool isOverridden = !frame.originalPar.empty();
-    stream.SetProperty("OriginalPAR", isOverridden ? frame.originalPar : frame.par);
-    stream.SetProperty("OverriddenPAR", isOverridden ? frame.par : "1,1");
-    stream.SetPropertyShared("IsPAROverridden", BoolText(isOverridden));
-}
-
 ObjectHandle MakeSource(Document& document, Name className, const SourceFields& fields)
 {
-    const ObjectHandle source = document.NewObject(className);
-    source.SetProperty("FrameRate", TickText(fields.rate));
-    source.SetProperty("OriginalDuration", TickText(fields.duration));
-    source.SetProperty("StartBoundary", TickText(fields.start));
-    source.SetProperty("EndBoundary", TickText(fields.end));
-    source.SetPropertyShared("BoundariesAreHard", BoolText(fields.hard));
-    return source;
+    return document.NewObject(className,
+                              {{"FrameRate", document.StoreNumber(fields.rate)},
+                               {"OriginalDuration", document.StoreNumber(fields.duration)},
+                               {"StartBoundary", document.StoreNumber(fields.start)},
+                               {"EndBoundary", document.StoreNumber(fields.end)},
+                               {"BoundariesAreHard", BoolText(fields.hard)}});
 }
 
 } // namespace
 
 ObjectHandle MakeMedia(Document& document, const MediaFields& fields)
 {
-    const ObjectHandle media = document.NewObject("Media");
-    AddUid(media);
-    media.SetProperty("ImplementationID", fields.importer);
-    media.SetProperty("FilePath", fields.path);
-    media.SetProperty("Title", fields.title);
-    media.SetPropertyShared("Infinite", BoolText(fields.infinite));
-    media.SetPropertyShared("Start", "0");
-    media.SetPropertyShared("SingleAudioChannel", "-1");
-    media.SetPropertyShared("IgnoreAudio", "false");
-    media.SetPropertyShared("IgnoreVideo", "false");
-    media.SetProperty("ConformedAudioRate", TickText(kSampleTicks48k));
-    media.SetPropertyShared("CaptureStatus", "0");
-    media.SetPropertyShared("OfflineReason", "0");
-    media.SetPropertyShared("AlternateStart", "0");
-    return media;
+    return document.NewObject("Media",
+                              {{"uid", document.Store(NewGuidText())},
+                               {"ImplementationID", document.Store(fields.importer)},
+                               {"FilePath", document.Store(fields.path)},
+                               {"Title", document.Store(fields.title)},
+                               {"Infinite", BoolText(fields.infinite)},
+                               {"Start", "0"},
+                               {"SingleAudioChannel", "-1"},
+                               {"IgnoreAudio", "false"},
+                               {"IgnoreVideo", "false"},
+                               {"ConformedAudioRate", document.StoreNumber(kSampleTicks48k)},
+                               {"CaptureStatus", "0"},
+                               {"OfflineReason", "0"},
+                               {"AlternateStart", "0"}});
 }
 
 ObjectHandle MakeVideoStream(Document& document, const VideoStreamFields& fields)
 {
     const bool isGenerated = fields.kind == VideoKind::Generated;
-    const ObjectHandle result = document.NewObject("VideoStream");
-    result.SetProperty("FrameRate", TickText(fields.frameTicks));
-    result.SetProperty("FrameRect", fields.frame.rect);
-    result.SetProperty("Duration", TickText(fields.duration));
-    result.SetPropertyShared("AlphaType", isGenerated ? "1" : "0");
-    result.SetProperty("OriginalFieldType", fields.fieldType);
-    result.SetPropertyShared("CodecType", isGenerated ? kRawCodec : kDvCodec);
-    result.SetPropertyShared("IsStill", BoolText(fields.isStill));
-    result.SetPropertyShared("IsContinuousTime", BoolText(isGenerated));
-    for (const FixedValue& row : kVideoDefaults)
-        result.SetPropertyShared(row.key, row.value);
-    AddAspect(fields.frame, result);
-    return result;
+    const FrameFormat& frame = fields.frame;
+    // A ratio that a user has changed is stated beside the recorded one.
+    const bool isOverridden = !frame.originalPar.empty();
+    // What the user may override in the host, and hasn't, is among the constants.
+    return document.NewObject(
+        "VideoStream",
+        {{"FrameRate", document.StoreNumber(fields.frameTicks)},
+         {"FrameRect", document.Store(frame.rect)},
+         {"Duration", document.StoreNumber(fields.duration)},
+         {"AlphaType", isGenerated ? "1" : "0"},
+         {"OriginalFieldType", document.Store(fields.fieldType)},
+         {"CodecType", isGenerated ? kRawCodec : kDvCodec},
+         {"IsStill", BoolText(fields.isStill)},
+         {"IsContinuousTime", BoolText(isGenerated)},
+         {"FieldTypeIsUncertain", "false"},
+         {"OverriddenAlphaMatterColor", "0,0,0"},
+         {"IsAlphaMatteColorOverridden", "false"},
+         {"OriginalAlphaMatteColor", "0,0,0"},
+         {"OverriddenFieldType", "3"},
+         {"IsFieldTypeOverridden", "false"},
+         {"OverriddenInvertAlpha", "false"},
+         {"IsInvertAlphaOverridden", "false"},
+         {"OverriddenIgnoreAlpha", "false"},
+         {"IsIgnoreAlphaOverridden", "false"},
+         {"AlphaInfoIsUncertain", "false"},
+         {"OverriddenAlphaType", "0"},
+         {"IsAlphaTypeOverridden", "false"},
+         {"PARIsUncertain", "false"},
+         {"OveriddenFrameRate", "9223372036854775807"}, // spelt as the host spells it
+         {"OriginalPAR", document.Store(isOverridden ? frame.originalPar : frame.par)},
+         {"OverriddenPAR", isOverridden ? document.Store(frame.par) : "1,1"},
+         {"IsPAROverridden", BoolText(isOverridden)}});
 }
 
 ObjectHandle MakeAudioStream(Document& document, Ticks sampleTicks, Ticks duration, int kind,
                              int channels)
 {
-    const ObjectHandle result = document.NewObject("AudioStream");
-    result.SetProperty("FrameRate", TickText(sampleTicks));
-    result.SetProperty("Duration", TickText(duration));
-    result.SetPropertyShared("SingleChannel", "-1");
-    result.SetPropertyShared("CodecType", "0");
-    result.SetPropertyShared("SampleType", "3");
-    result.SetProperty("AudioChannelLayout", ChannelLayoutText(kind, channels));
-    return result;
+    return document.NewObject(
+        "AudioStream", {{"FrameRate", document.StoreNumber(sampleTicks)},
+                        {"Duration", document.StoreNumber(duration)},
+                        {"SingleChannel", "-1"},
+                        {"CodecType", "0"},
+                        {"SampleType", "3"},
+                        {"AudioChannelLayout", document.Store(ChannelLayoutText(kind, channels))}});
 }
 
 ObjectHandle MakeMediaSource(Document& document, ObjectHandle media, const SourceFields& fields)

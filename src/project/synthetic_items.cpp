@@ -77,10 +77,9 @@ ObjectHandle MakeEmptyAudioChain(Document& document, int channelType, std::strin
 SubClipParts MakeSubClip(Document& document, std::string_view name, ObjectHandle clip,
                          ObjectHandle master)
 {
-    const SubClipParts parts{document.NewObject("SubClip"),
-                             document.NewObject("ChildClipIDSerializer")};
-    parts.clipId.SetPropertyShared("ID", clip.GetProperty("ClipID"));
-    parts.subClip.SetProperty("Name", name);
+    const SubClipParts parts{
+        document.NewObject("SubClip", {{"Name", document.Store(name)}}),
+        document.NewObject("ChildClipIDSerializer", {{"ID", clip.GetProperty("ClipID")}})};
     parts.subClip.AddChild("Clip", clip);
     parts.subClip.AddChild("MasterClip", master);
     parts.subClip.AddChild("ChildClipID", parts.clipId);

@@ -1,11 +1,11 @@
 // Nodes of a document by type and id, and the references to them that wait for the document's end.
 #pragma once
 
+#include "core/flat_map.h"
 #include "tree/object.h"
 
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace XPJ {
@@ -17,7 +17,7 @@ public:
 
     bool Contains(std::string_view type, std::string_view id) const
     {
-        return nodes_.contains({type, id});
+        return nodes_.Contains({type, id});
     }
 
     // A node whose key is taken by another one is given a new id, "x_1" for a second "x", also as
@@ -53,9 +53,9 @@ private:
     std::string FreeId(const Key& taken);
 
     Document& document_;
-    std::unordered_map<Key, ObjectHandle, KeyHash> nodes_;
+    FlatMap<Key, ObjectHandle, KeyHash> nodes_;
     // The number that the last duplicate of an id was given.
-    std::unordered_map<Key, int, KeyHash> lastNumbers_;
+    FlatMap<Key, int, KeyHash> lastNumbers_;
     std::vector<Reference> references_;
 };
 

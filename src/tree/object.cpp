@@ -3,6 +3,8 @@
 #include "core/numbers.h"
 #include "core/text.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <atomic>
 #include <limits>
@@ -37,7 +39,7 @@ Property** ObjectHandle::FindLink(NameId key) const
     return link;
 }
 
-Property* ObjectHandle::NewProperty(NameId key, std::string_view value) const
+Property* ObjectHandle::MakeProperty(NameId key, std::string_view value) const
 {
     return new (object_->document->nodes_.Allocate(sizeof(Property), alignof(Property)))
         Property{.next = nullptr,
@@ -54,7 +56,7 @@ void ObjectHandle::SetPropertyShared(Name key, std::string_view value) const
     const NameId id(key);
     Property** const link = FindLink(id);
     if (!*link) {
-        *link = NewProperty(id, value);
+        *link = MakeProperty(id, value);
         return;
     }
     (*link)->value = value.data();
@@ -67,7 +69,7 @@ void ObjectHandle::AddPropertyShared(Name key, std::string_view value) const
         return;
     const NameId id(key);
     if (Property** const link = FindLink(id); !*link)
-        *link = NewProperty(id, value);
+        *link = MakeProperty(id, value);
 }
 
 void ObjectHandle::SetProperty(Name key, std::string_view value) const
@@ -76,13 +78,19 @@ void ObjectHandle::SetProperty(Name key, std::string_view value) const
         SetPropertyShared(key, object_->document->Store(value));
 }
 
+void ObjectHandle::SetNumber(Name key, std::int64_t number) const
+{
+    if (object_)
+        SetPropertyShared(key, object_->document->StoreNumber(number));
+}
+
 void ObjectHandle::AddProperty(Name key, std::string_view value) const
 {
     if (!object_)
         return;
     const NameId id(key);
     if (Property** const link = FindLink(id); !*link)
-        *link = NewProperty(id, object_->document->Store(value));
+        *link = MakeProperty(id, object_->document->Store(value));
 }
 
 void ObjectHandle::RemoveProperty(Name key) const
@@ -154,6 +162,23 @@ ObjectHandle Document::NewObject(Name name)
                                    .uniqueId = id & kUniqueIdBits,
                                    .isRead = 0,
                                    .name = NameId(name)});
+}
+
+ObjectHandle Document::NewObject(Name name, std::initializer_list<NewProperty> properties)
+{
+    const ObjectHandle node = NewObject(name);
+    Property** link = &node.Get()->firstProperty;
+    for (const NewProperty& property : properties) {
+        *link = node.MakeProperty(NameId(property.key), property.value);
+        link = &(*link)->next;
+    }
+    return node;
+}
+
+std::string_view Document::StoreNumber(std::int64_t number)
+{
+    const fmt::format_int digits(number);
+    return Store({digits.data(), digits.size()});
 }
 
 std::string_view Document::Store(std::string_view text)

@@ -44,6 +44,12 @@ struct Property {
 
 struct Object;
 
+// A property for a new node. The value lives as long as the document.
+struct NewProperty {
+    Name key;
+    std::string_view value;
+};
+
 struct ChildEntry {
     ChildEntry* next;
     Object* object;
@@ -84,7 +90,7 @@ public:
         }
         // The name under which the child is entered.
         std::string_view EntryName() const { return entry_->name.View(); }
-        NameId EntryNameId() const { return entry_->name; }
+        NameId EntryId() const { return entry_->name; }
         Iterator& operator++()
         {
             entry_ = entry_->next;
@@ -177,6 +183,8 @@ public:
 
     // Inserts or replaces; the value is copied into the document.
     void SetProperty(Name key, std::string_view value) const;
+    // The same with the digits of a number.
+    void SetNumber(Name key, std::int64_t number) const;
     // Inserts; a present value stays.
     void AddProperty(Name key, std::string_view value) const;
     // Like the two above for a value that lives as long as the document: nothing is copied.
@@ -195,9 +203,11 @@ public:
     void ClearChildren() const;
 
 private:
+    friend class Document;
+
     // The link to the property of that name, or the null link at the end of the list.
     Property** FindLink(NameId key) const;
-    Property* NewProperty(NameId key, std::string_view value) const;
+    Property* MakeProperty(NameId key, std::string_view value) const;
 };
 
 // Owns nodes, names and values. Not for use by two threads at once.
@@ -208,10 +218,15 @@ public:
     Document& operator=(const Document&) = delete;
 
     ObjectHandle NewObject(Name name);
+    // With properties, no two of one key: none is looked up, as those that are set later are.
+    //   document.NewObject("Marker", {{"Type", "Comment"}, {"Duration", document.StoreNumber(5)}})
+    ObjectHandle NewObject(Name name, std::initializer_list<NewProperty> properties);
     // How many nodes were made.
     std::size_t NodeCount() const { return nodeCount_; }
     // A copy of `text` that lives as long as the document.
     std::string_view Store(std::string_view text);
+    // The digits of a number.
+    std::string_view StoreNumber(std::int64_t number);
     // Memory for a text that lives as long as the document.
     char* AllocateText(std::size_t size)
     {

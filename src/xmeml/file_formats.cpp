@@ -1,6 +1,7 @@
 #include "xmeml/file_formats.h"
 
 #include "core/numbers.h"
+#include "xmeml/file_audio.h"
 
 namespace XPJ {
 
@@ -23,12 +24,20 @@ FileFormat ReadFormat(FileElement file)
 
 } // namespace
 
-const FileFormat& FileFormats::Of(FileElement file)
+FileFormat FileFormats::Of(FileElement file)
 {
-    const auto [entry, isNew] = formats_.try_emplace(file.UniqueId());
-    if (isNew)
-        entry->second = ReadFormat(file);
-    return entry->second;
+    Entry& entry = EntryOf(file);
+    if (!entry.format)
+        entry.format = ReadFormat(file);
+    return *entry.format;
+}
+
+AudioKind FileFormats::AudioOf(FileElement file)
+{
+    Entry& entry = EntryOf(file);
+    if (!entry.audio)
+        entry.audio = AudioKindOfFile(file);
+    return *entry.audio;
 }
 
 } // namespace XPJ

@@ -2,11 +2,13 @@
 // its metadata may be long.
 #pragma once
 
+#include "core/channel_types.h"
+#include "core/flat_map.h"
 #include "tree/object.h"
 #include "xmeml/files.h"
 
 #include <cstdint>
-#include <unordered_map>
+#include <optional>
 
 namespace XPJ {
 
@@ -20,10 +22,18 @@ struct FileFormat {
 
 class FileFormats {
 public:
-    const FileFormat& Of(FileElement file);
+    FileFormat Of(FileElement file);
+    // What AudioKindOfFile gives.
+    AudioKind AudioOf(FileElement file);
 
 private:
-    std::unordered_map<std::uint64_t, FileFormat> formats_; // by `uniqueId` of the `file`
+    struct Entry {
+        std::optional<FileFormat> format;
+        std::optional<AudioKind> audio;
+    };
+    Entry& EntryOf(FileElement file) { return *entries_.Add(file.UniqueId()).first; }
+
+    FlatMap<std::uint64_t, Entry> entries_; // by `uniqueId` of the `file`
 };
 
 } // namespace XPJ

@@ -83,12 +83,14 @@ void FileCatalog::Add(FileElement file, std::string_view generatedId)
 {
     if (!HasValue(file, "id"))
         generatedIds_.emplace(file.UniqueId(), generatedId);
-    else
-        byId_.emplace(file.GetProperty("id"), file);
+    else if (byId_.emplace(file.GetProperty("id"), file).second)
+        defining_.Insert(file);
 }
 
 FileElement FileCatalog::Resolve(ConstHandle file) const
 {
+    if (defining_.Contains(file))
+        return FileElement(file);
     const std::string_view id = file.GetProperty("id");
     if (id.empty())
         return FileElement(file);

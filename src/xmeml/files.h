@@ -55,6 +55,7 @@ public:
 
 private:
     std::unordered_map<std::string_view, FileElement> byId_;
+    NodeSet defining_; // the files in `byId_`, to which references are bound already
     std::unordered_map<std::uint64_t, std::string> generatedIds_; // by `uniqueId`
 };
 

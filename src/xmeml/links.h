@@ -1,6 +1,7 @@
 // Links between track items as documents state them, item by item.
 #pragma once
 
+#include "core/flat_map.h"
 #include "core/media_type.h"
 #include "tree/object.h"
 
@@ -8,7 +9,6 @@
 #include <compare>
 #include <cstddef>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace XPJ {
@@ -26,7 +26,6 @@ struct LinkKey {
 struct LinkKeyHash {
     std::size_t operator()(const LinkKey& key) const
     {
-        // Positions are the numbers that differ most.
         const auto bits = [](int number, unsigned shift) {
             return static_cast<std::size_t>(static_cast<unsigned>(number)) << shift;
         };
@@ -44,7 +43,7 @@ public:
     // Key of the item that a `link` names, by id where it states one, else by track and position.
     LinkKey TargetOf(ConstHandle link) const;
     // True for a `link` that states the id of an item.
-    bool IsNamed(ConstHandle link) const { return byId_.contains(link.GetProperty("linkclipref")); }
+    bool IsNamed(ConstHandle link) const { return byId_.Contains(link.GetProperty("linkclipref")); }
     // The item of a key; null if there is none.
     ConstHandle ItemAt(const LinkKey& key) const;
 
@@ -52,7 +51,7 @@ private:
     void AddTracks(ConstHandle group, MediaType type);
 
     int sequenceNumber_ = 0;
-    std::unordered_map<std::string_view, LinkKey> byId_;
+    FlatMap<std::string_view, LinkKey> byId_;
     using Tracks = std::vector<std::vector<ConstHandle>>;
     std::array<Tracks, 2> items_; // by media type, track, position
 };

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cmath>
+#include <cstdio>
 #include <limits>
 
 namespace XPJ {
@@ -35,6 +38,17 @@ TEST(Numbers, TextIsThatOfTheClassicLocale)
     EXPECT_EQ(DoubleToString(0.5), "0.5");
     EXPECT_EQ(DoubleToString(100.0 / 3), "33.3333");
     EXPECT_EQ(DoubleToString(1e6), "1e+06");
+}
+
+TEST(Numbers, SixDigitsAreThoseOfPrintf)
+{
+    for (const double unit : {1e-6, 1e-4, 1e-3, 0.0104, 0.1, 0.37, 1.0, 999.9})
+        for (int i = -12'345; i < 12'345; i += 7)
+            for (const double value : {i * unit, std::nextafter(i * unit, 1e9)}) {
+                std::array<char, 40> expected{};
+                std::snprintf(expected.data(), expected.size(), "%g", value);
+                ASSERT_EQ(DoubleToString(value), expected.data()) << i << " * " << unit;
+            }
 }
 
 } // namespace

@@ -1,10 +1,15 @@
 // Imports as a whole beyond what a case can show: stopping, growth, circles, unreadable files.
+#include "import/collect.h"
 #include "support/count_of.h"
 #include "support/import_text.h"
 #include "support/temp_folder.h"
 #include "support/test_progress.h"
+#include "xmeml/elements.h"
 
 #include <filesystem>
+#include <set>
+#include <string_view>
+#include <vector>
 
 #include <sys/stat.h>
 
@@ -30,6 +35,30 @@ std::string Sequence(const std::string& id, const std::string& items)
 std::string Project(const std::string& children)
 {
     return "<project><children>" + children + "</children></project>";
+}
+
+// True if an element of a tag can be in one of another tag, to any depth.
+bool CanHold(std::string_view outer, std::string_view inner)
+{
+    std::set<std::string_view> seen{outer};
+    std::vector<std::string_view> open{outer};
+    while (!open.empty()) {
+        const std::string_view tag = open.back();
+        open.pop_back();
+        for (const XmemlElement& element : XmemlElements())
+            for (const XmemlField& field : element.fields)
+                if (element.tag == tag && field.IsChild() && seen.insert(field.name.View()).second)
+                    open.push_back(field.name.View());
+    }
+    return seen.contains(inner);
+}
+
+TEST(Import, PassesOverNothingThatIsCollected)
+{
+    EXPECT_TRUE(CanHold("parameter", "clip"));
+    for (const Name& outer : kPassedOver)
+        for (const std::string_view inner : {"clip", "file", "multiclip", "sequence"})
+            EXPECT_FALSE(CanHold(outer.View(), inner)) << inner << " in " << outer.View();
 }
 
 TEST(Import, StopsAtEachCheck)

@@ -29,6 +29,20 @@ TEST(Object, PropertiesAreSetOrAdded)
     EXPECT_FALSE(node.HasProperty("in"));
 }
 
+TEST(Object, PropertiesOfANewNodeAreOrdinaryOnes)
+{
+    Document document;
+    const ObjectHandle node =
+        document.NewObject("clip", {{"name", "A"}, {"in", document.StoreNumber(-12)}});
+    node.SetProperty("name", "B");
+    node.SetNumber("out", 250);
+    std::string all;
+    for (const Property* property = node.FirstProperty(); property; property = property->next)
+        all.append(property->NameView()).append("=").append(property->Value()).append(";");
+    EXPECT_EQ(all, "name=B;in=-12;out=250;");
+    EXPECT_EQ(document.NewObject("clip", {}).FirstProperty(), nullptr);
+}
+
 TEST(Object, ChildrenMayBeSharedRemovedAndAppendedWhileWalked)
 {
     Document document;
