@@ -68,7 +68,7 @@ std::vector<ConstHandle> LinkRecords::Add(const LinkIndex& index, ConstHandle it
                                           const LinkedItem& linked)
 {
     // Every item is stored, since a group finds its members here; only the first one makes it.
-    if (Record& record = *records_.Add(linked.key).first; !record.trackItem)
+    if (Record& record = records_[linked.key]; !record.trackItem)
         record.trackItem = linked.trackItem;
     if (!item.HasChild("link") || !MarkGrouped(linked.key))
         return {};
@@ -90,7 +90,7 @@ void LinkRecords::AddGroup(const std::vector<LinkedItem>& items)
 {
     Group group;
     for (const LinkedItem& item : items) {
-        records_.Add(item.key).first->trackItem = item.trackItem;
+        records_[item.key].trackItem = item.trackItem;
         if (MarkGrouped(item.key))
             group.push_back(item.key);
     }
@@ -99,13 +99,13 @@ void LinkRecords::AddGroup(const std::vector<LinkedItem>& items)
 
 ObjectHandle LinkRecords::ItemOf(const LinkKey& key) const
 {
-    const Record* const record = records_.Find(key);
-    return record ? record->trackItem : ObjectHandle();
+    const auto record = records_.find(key);
+    return record == records_.end() ? ObjectHandle() : record->second.trackItem;
 }
 
 bool LinkRecords::MarkGrouped(const LinkKey& key)
 {
-    return !std::exchange(records_.Add(key).first->isGrouped, true);
+    return !std::exchange(records_[key].isGrouped, true);
 }
 
 void LinkPass(Document& document, const LinkRecords& records, const SequenceCatalog& sequences)

@@ -1,12 +1,13 @@
 // Links of the project: groups of track items, made from what documents state item by item.
 #pragma once
 
-#include "core/flat_map.h"
 #include "import/catalogs.h"
 #include "tree/object.h"
 #include "xmeml/links.h"
 
 #include <vector>
+
+#include <tsl/robin_map.h>
 
 namespace XPJ {
 
@@ -40,7 +41,7 @@ private:
     // True unless a group has the key already.
     bool MarkGrouped(const LinkKey& key);
 
-    FlatMap<LinkKey, Record, LinkKeyHash> records_;
+    tsl::robin_map<LinkKey, Record, LinkKeyHash> records_;
     std::vector<Group> groups_;
 };
 

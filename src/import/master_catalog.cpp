@@ -23,11 +23,14 @@ MasterClipHandle MasterRegistry::Find(const MasterKey& key) const
     if (key.mediaId.empty())
         return {};
     if (!key.masterClipId.empty())
-        if (const MasterClipHandle* const exact = masters_.Find(key))
-            return *exact;
-    const First* const first = firsts_.Find({{}, key.mediaId, key.layer, key.type});
-    const bool serves = first && (key.masterClipId.empty() || first->masterClipId.empty());
-    return serves ? first->master : MasterClipHandle();
+        if (const auto exact = masters_.find(key); exact != masters_.end())
+            return exact->second;
+    const auto found = firsts_.find({{}, key.mediaId, key.layer, key.type});
+    if (found == firsts_.end())
+        return {};
+    const First& first = found->second;
+    const bool serves = key.masterClipId.empty() || first.masterClipId.empty();
+    return serves ? first.master : MasterClipHandle();
 }
 
 bool MasterRegistry::Add(const MasterKey& key, MasterClipHandle master)
@@ -35,18 +38,17 @@ bool MasterRegistry::Add(const MasterKey& key, MasterClipHandle master)
     // An entry that `Find` gives, the exact one or one that serves any element, takes the key.
     if (key.mediaId.empty() || Find(key))
         return false;
-    masters_.Add(key, master);
-    const auto [first, isNew] = firsts_.Add({{}, key.mediaId, key.layer, key.type});
-    if (isNew || key.masterClipId < first->masterClipId)
-        *first = {key.masterClipId, master};
+    masters_.try_emplace(key, master);
+    const First own{key.masterClipId, master};
+    const auto [first, isNew] = firsts_.try_emplace({{}, key.mediaId, key.layer, key.type}, own);
+    if (key.masterClipId < first->second.masterClipId)
+        first.value() = own;
     return true;
 }
 
 std::vector<MasterClipHandle> MasterRegistry::Entries() const
 {
-    std::vector<std::pair<MasterKey, MasterClipHandle>> sorted;
-    masters_.ForEach(
-        [&](const MasterKey& key, MasterClipHandle master) { sorted.emplace_back(key, master); });
+    std::vector<std::pair<MasterKey, MasterClipHandle>> sorted(masters_.begin(), masters_.end());
     std::ranges::sort(sorted, {}, [](const auto& entry) {
         const MasterKey& key = entry.first;
         return std::tuple(key.mediaId, key.layer, key.type, key.masterClipId);
@@ -79,13 +81,13 @@ std::string MergeKind::Text() const
 
 const ShownMaster& MasterCatalog::Shown(MasterClipHandle master)
 {
-    const auto [shown, isNew] = shown_.Add(master.UniqueId());
-    if (isNew)
-        *shown = std::make_unique<const ShownMaster>(ShownMaster{.master = master,
-                                                                 .videoClip = master.VideoClip(),
-                                                                 .sequence = master.Sequence(),
-                                                                 .channels = ChannelsOf(master)});
-    return **shown;
+    std::unique_ptr<const ShownMaster>& shown = shown_[master.UniqueId()];
+    if (!shown)
+        shown = std::make_unique<const ShownMaster>(ShownMaster{.master = master,
+                                                                .videoClip = master.VideoClip(),
+                                                                .sequence = master.Sequence(),
+                                                                .channels = ChannelsOf(master)});
+    return *shown;
 }
 
 MasterClipHandle MasterCatalog::BySignature(const ClipSignature& signature) const
@@ -136,8 +138,8 @@ const MergeComponent* MasterCatalog::ComponentOf(ConstHandle master) const
 
 ConstHandle MasterCatalog::OriginOf(ConstHandle master) const
 {
-    const ConstHandle* const origin = origins_.Find(master.UniqueId());
-    return origin ? *origin : ConstHandle();
+    const auto origin = origins_.find(master.UniqueId());
+    return origin == origins_.end() ? ConstHandle() : origin->second;
 }
 
 void MasterCatalog::AddClipId(ObjectHandle master, ObjectHandle clipId)

@@ -2,7 +2,6 @@
 // clips.
 #pragma once
 
-#include "core/flat_map.h"
 #include "core/media_type.h"
 #include "project/master_clip.h"
 #include "tree/object.h"
@@ -18,6 +17,8 @@
 #include <unordered_set>
 #include <utility>
 #include <vector>
+
+#include <tsl/robin_map.h>
 
 namespace XPJ {
 
@@ -64,8 +65,8 @@ private:
         MasterClipHandle master;
     };
 
-    FlatMap<MasterKey, MasterClipHandle, KeyHash> masters_;
-    FlatMap<MasterKey, First, KeyHash> firsts_; // by keys without a `masterclipid`
+    tsl::robin_map<MasterKey, MasterClipHandle, KeyHash> masters_;
+    tsl::robin_map<MasterKey, First, KeyHash> firsts_; // by keys without a `masterclipid`
 };
 
 // What distinguishes a `clip` from other clips of the same media; the last five are the clip's own
@@ -165,7 +166,7 @@ public:
     ConstHandle OriginOf(ConstHandle master) const;
     void SetOrigin(ConstHandle master, ConstHandle element)
     {
-        origins_.Add(master.UniqueId(), element);
+        origins_.try_emplace(master.UniqueId(), element);
     }
 
     // A master gets the `ChildClipID`s of its items at the end, so that no search in its children
@@ -179,12 +180,12 @@ private:
         ObjectHandle id;
     };
 
-    FlatMap<std::uint64_t, std::unique_ptr<const ShownMaster>> shown_; // by `uniqueId`
+    tsl::robin_map<std::uint64_t, std::unique_ptr<const ShownMaster>> shown_; // by `uniqueId`
     std::map<ClipSignature, MasterClipHandle> signatures_;
     std::unordered_map<std::string_view, MasterClipHandle> multiclips_;
     std::unordered_map<std::string, MasterClipHandle> equalMulticlips_;
     std::unordered_map<std::uint64_t, MergeComponent> components_; // by `uniqueId` of the master
-    FlatMap<std::uint64_t, ConstHandle> origins_;                  // likewise
+    tsl::robin_map<std::uint64_t, ConstHandle> origins_;           // likewise
     std::vector<std::string_view> mergeIds_;
     std::unordered_set<std::string_view> knownMergeIds_;
     std::set<std::pair<std::string_view, std::string_view>> begunLayers_;

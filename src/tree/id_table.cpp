@@ -55,26 +55,24 @@ std::string WithTrailingNumber(std::string_view id, std::string_view number)
 
 void IdTable::Add(std::string_view type, std::string_view id, ObjectHandle node)
 {
-    const auto [known, isNew] = nodes_.Add({type, id});
-    if (isNew)
-        *known = node;
-    if (*known == node)
+    const auto [known, isNew] = nodes_.try_emplace({type, id}, node);
+    if (known->second == node)
         return;
-    ReportDuplicate(type, id, *known, node);
+    ReportDuplicate(type, id, known->second, node);
     const std::string_view newId = document_.Store(FreeId({type, id}));
     node.SetPropertyShared("id", newId);
-    nodes_.Add({type, newId}, node);
+    nodes_.try_emplace({type, newId}, node);
 }
 
 // Ids stay taken, so a search that continues from the last number finds what one from 1 would.
 std::string IdTable::FreeId(const Key& taken)
 {
-    int& number = *lastNumbers_.Add(taken).first;
+    int& number = lastNumbers_[taken];
     std::string id = std::string(taken.id) + "_0";
     do {
         ++number;
         id = WithTrailingNumber(id, IntToString(number));
-    } while (nodes_.Contains({taken.type, id}));
+    } while (nodes_.contains({taken.type, id}));
     return id;
 }
 
@@ -87,8 +85,9 @@ void IdTable::AddReference(std::string_view type, std::string_view id, ObjectHan
 void IdTable::BindReferences()
 {
     for (const Reference& reference : references_) {
-        if (const ObjectHandle* const target = nodes_.Find(reference.target))
-            reference.referrer.AddChild(reference.childName, *target);
+        const auto target = nodes_.find(reference.target);
+        if (target != nodes_.end())
+            reference.referrer.AddChild(reference.childName, target->second);
     }
     references_.clear();
 }

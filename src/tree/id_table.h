@@ -1,12 +1,13 @@
 // Nodes of a document by type and id, and the references to them that wait for the document's end.
 #pragma once
 
-#include "core/flat_map.h"
 #include "tree/object.h"
 
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <tsl/robin_map.h>
 
 namespace XPJ {
 
@@ -17,7 +18,7 @@ public:
 
     bool Contains(std::string_view type, std::string_view id) const
     {
-        return nodes_.Contains({type, id});
+        return nodes_.contains({type, id});
     }
 
     // A node whose key is taken by another one is given a new id, "x_1" for a second "x", also as
@@ -53,9 +54,9 @@ private:
     std::string FreeId(const Key& taken);
 
     Document& document_;
-    FlatMap<Key, ObjectHandle, KeyHash> nodes_;
+    tsl::robin_map<Key, ObjectHandle, KeyHash> nodes_;
     // The number that the last duplicate of an id was given.
-    FlatMap<Key, int, KeyHash> lastNumbers_;
+    tsl::robin_map<Key, int, KeyHash> lastNumbers_;
     std::vector<Reference> references_;
 };
 

@@ -3,12 +3,13 @@
 #pragma once
 
 #include "core/channel_types.h"
-#include "core/flat_map.h"
 #include "tree/object.h"
 #include "xmeml/files.h"
 
 #include <cstdint>
 #include <optional>
+
+#include <tsl/robin_map.h>
 
 namespace XPJ {
 
@@ -31,9 +32,9 @@ private:
         std::optional<FileFormat> format;
         std::optional<AudioKind> audio;
     };
-    Entry& EntryOf(FileElement file) { return *entries_.Add(file.UniqueId()).first; }
+    Entry& EntryOf(FileElement file) { return entries_[file.UniqueId()]; }
 
-    FlatMap<std::uint64_t, Entry> entries_; // by `uniqueId` of the `file`
+    tsl::robin_map<std::uint64_t, Entry> entries_; // by `uniqueId` of the `file`
 };
 
 } // namespace XPJ

@@ -32,11 +32,11 @@ void LinkIndex::AddTracks(ConstHandle group, MediaType type)
                 continue;
             items.push_back(item);
             if (HasValue(item, "id"))
-                byId_.Add(item.GetProperty("id"),
-                          KeyOfItem(item, {.sequenceNumber = sequenceNumber_,
-                                           .type = type,
-                                           .track = static_cast<int>(tracks.size()),
-                                           .position = static_cast<int>(items.size())}));
+                byId_.try_emplace(item.GetProperty("id"),
+                                  KeyOfItem(item, {.sequenceNumber = sequenceNumber_,
+                                                   .type = type,
+                                                   .track = static_cast<int>(tracks.size()),
+                                                   .position = static_cast<int>(items.size())}));
         }
     }
 }
@@ -44,8 +44,9 @@ void LinkIndex::AddTracks(ConstHandle group, MediaType type)
 // Many documents state the id alone, or count positions without transitions.
 LinkKey LinkIndex::TargetOf(ConstHandle link) const
 {
-    if (const LinkKey* const named = byId_.Find(link.GetProperty("linkclipref")))
-        return *named;
+    const auto named = byId_.find(link.GetProperty("linkclipref"));
+    if (named != byId_.end())
+        return named->second;
     return {.sequenceNumber = sequenceNumber_,
             .type = TypeNamed(link.GetProperty("mediatype"), MediaType::Audio),
             .track = IntProperty(link, "trackindex"),

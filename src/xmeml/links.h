@@ -1,7 +1,6 @@
 // Links between track items as documents state them, item by item.
 #pragma once
 
-#include "core/flat_map.h"
 #include "core/media_type.h"
 #include "tree/object.h"
 
@@ -10,6 +9,8 @@
 #include <cstddef>
 #include <string_view>
 #include <vector>
+
+#include <tsl/robin_map.h>
 
 namespace XPJ {
 
@@ -43,7 +44,7 @@ public:
     // Key of the item that a `link` names, by id where it states one, else by track and position.
     LinkKey TargetOf(ConstHandle link) const;
     // True for a `link` that states the id of an item.
-    bool IsNamed(ConstHandle link) const { return byId_.Contains(link.GetProperty("linkclipref")); }
+    bool IsNamed(ConstHandle link) const { return byId_.contains(link.GetProperty("linkclipref")); }
     // The item of a key; null if there is none.
     ConstHandle ItemAt(const LinkKey& key) const;
 
@@ -51,7 +52,7 @@ private:
     void AddTracks(ConstHandle group, MediaType type);
 
     int sequenceNumber_ = 0;
-    FlatMap<std::string_view, LinkKey> byId_;
+    tsl::robin_map<std::string_view, LinkKey> byId_;
     using Tracks = std::vector<std::vector<ConstHandle>>;
     std::array<Tracks, 2> items_; // by media type, track, position
 };
