@@ -243,6 +243,7 @@ void ObjectPrinter::PrintHead(ObjectHandle document, bool sn2vlMode)
 
 void ObjectPrinter::Print(std::span<const ObjectHandle> objects)
 {
+    // Objects are not in the order of their memory, so one that is needed soon is fetched.
     constexpr std::size_t kAhead = 4;
     for (std::size_t i = 0; i < objects.size(); ++i) {
         if (i + kAhead < objects.size())

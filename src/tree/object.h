@@ -2,8 +2,8 @@
 //
 // A node has a name, properties (text to text) and ordered named children. One `Document` owns the
 // arena in which its nodes and values live; an `ObjectHandle` is a plain pointer into it, a
-// `ConstHandle` one that only reads. Trees may share nodes, also between documents, and may hold
-// cycles: every document of a conversion lives to the conversion's end.
+// `ConstHandle` one that only reads. Trees may share nodes and hold cycles. Every document of a
+// conversion lives to the conversion's end, the nodes of its source until they are translated.
 //
 //   Document document;
 //   ObjectHandle marker = document.NewObject("Marker");
