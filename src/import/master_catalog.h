@@ -18,6 +18,7 @@
 #include <utility>
 #include <vector>
 
+#include <boost/container_hash/hash.hpp>
 #include <tsl/robin_map.h>
 
 namespace XPJ {
@@ -54,9 +55,11 @@ private:
     struct KeyHash {
         std::size_t operator()(const MasterKey& key) const
         {
-            const std::hash<std::string_view> hash;
-            return hash(key.mediaId) + 31 * hash(key.masterClipId) +
-                   (static_cast<std::size_t>(key.layer) << 1 | static_cast<std::size_t>(key.type));
+            std::size_t hash = std::hash<std::string_view>()(key.mediaId);
+            boost::hash_combine(hash, std::hash<std::string_view>()(key.masterClipId));
+            boost::hash_combine(hash, key.layer);
+            boost::hash_combine(hash, static_cast<int>(key.type));
+            return hash;
         }
     };
     // Of all masters of the media: that of the first `masterclipid` in order.
@@ -180,12 +183,12 @@ private:
         ObjectHandle id;
     };
 
-    tsl::robin_map<std::uint64_t, std::unique_ptr<const ShownMaster>> shown_; // by `uniqueId`
+    tsl::robin_pg_map<std::uint64_t, std::unique_ptr<const ShownMaster>> shown_; // by `uniqueId`
     std::map<ClipSignature, MasterClipHandle> signatures_;
     std::unordered_map<std::string_view, MasterClipHandle> multiclips_;
     std::unordered_map<std::string, MasterClipHandle> equalMulticlips_;
     std::unordered_map<std::uint64_t, MergeComponent> components_; // by `uniqueId` of the master
-    tsl::robin_map<std::uint64_t, ConstHandle> origins_;           // likewise
+    tsl::robin_pg_map<std::uint64_t, ConstHandle> origins_;        // likewise
     std::vector<std::string_view> mergeIds_;
     std::unordered_set<std::string_view> knownMergeIds_;
     std::set<std::pair<std::string_view, std::string_view>> begunLayers_;

@@ -34,7 +34,7 @@ private:
     };
     Entry& EntryOf(FileElement file) { return entries_[file.UniqueId()]; }
 
-    tsl::robin_map<std::uint64_t, Entry> entries_; // by `uniqueId` of the `file`
+    tsl::robin_pg_map<std::uint64_t, Entry> entries_; // by `uniqueId` of the `file`
 };
 
 } // namespace XPJ

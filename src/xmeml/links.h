@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include <boost/container_hash/hash.hpp>
 #include <tsl/robin_map.h>
 
 namespace XPJ {
@@ -24,14 +25,14 @@ struct LinkKey {
     friend auto operator<=>(const LinkKey&, const LinkKey&) = default;
 };
 
+// Every bit counts: a table that finds a key by a few of them gets long runs otherwise.
 struct LinkKeyHash {
     std::size_t operator()(const LinkKey& key) const
     {
-        const auto bits = [](int number, unsigned shift) {
-            return static_cast<std::size_t>(static_cast<unsigned>(number)) << shift;
-        };
-        return bits(key.position, 1) ^ bits(static_cast<int>(key.type), 0) ^ bits(key.track, 24) ^
-               bits(key.sequenceNumber, 40);
+        std::size_t hash = static_cast<std::size_t>(key.type);
+        for (const int number : {key.position, key.track, key.sequenceNumber})
+            boost::hash_combine(hash, number);
+        return hash;
     }
 };
 
