@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <sstream>
+#include <string>
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
@@ -25,7 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     RestateAsMeant(document, root, assumptions);
     for (const Assumption& assumption : assumptions)
         std::fprintf(stderr, "assumed again: %s: %s\n", std::string(assumption.rule->name).c_str(),
-                     assumption.subject.c_str());
+                     std::string(assumption.subject).c_str());
     if (!assumptions.empty())
         std::abort();
 

@@ -54,6 +54,7 @@ std::vector<MasterClipHandle> MasterRegistry::Entries() const
         return std::tuple(key.mediaId, key.layer, key.type, key.masterClipId);
     });
     std::vector<MasterClipHandle> entries;
+    entries.reserve(sorted.size());
     for (const auto& [key, master] : sorted)
         entries.push_back(master);
     return entries;
