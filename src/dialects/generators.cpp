@@ -94,8 +94,8 @@ void SetDuration(ObjectHandle generator)
 ObjectHandle MakeGenerator(Document& document, ObjectHandle item, std::string_view effect)
 {
     const ObjectHandle generator = document.NewObject("generatoritem");
-    for (const Property* property = item.FirstProperty(); property; property = property->next)
-        generator.SetPropertyShared(property->name.AsName(), property->Value());
+    for (const Property& property : item.Properties())
+        generator.SetPropertyShared(property.name.AsName(), property.Value());
     SetDuration(generator);
     for (const ObjectHandle& child : item.GetChildren())
         if (child.GetName() != "file" && child.GetName() != "sourcetrack")

@@ -90,8 +90,8 @@ bool HasContent(ConstHandle file)
 {
     if (file.HasChildren())
         return true;
-    for (const Property* property = file.FirstProperty(); property; property = property->next)
-        if (property->NameView() != "id")
+    for (const Property& property : file.Properties())
+        if (property.NameView() != "id")
             return true;
     return false;
 }
@@ -175,11 +175,10 @@ private:
 
     void RecordValues(ItemPart& part)
     {
-        for (const Property* property = part.item.FirstProperty(); property;
-             property = property->next) {
-            const std::string_view value = property->Value();
+        for (const Property& property : part.item.Properties()) {
+            const std::string_view value = property.Value();
             if (!value.empty())
-                RecordValue(part, valueKinds_[property->name], value);
+                RecordValue(part, valueKinds_[property.name], value);
         }
     }
 
@@ -271,8 +270,8 @@ TreeParts FindParts(ObjectHandle root)
 
 bool StatesFormat(ConstHandle node)
 {
-    for (const Property* property = node.FirstProperty(); property; property = property->next)
-        if (property->valueSize > 0 && ValueKinds()[property->name] == ValueKind::Format)
+    for (const Property& property : node.Properties())
+        if (property.valueSize > 0 && ValueKinds()[property.name] == ValueKind::Format)
             return true;
     return false;
 }

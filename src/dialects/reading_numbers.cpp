@@ -26,14 +26,14 @@ bool HasDecimalComma(std::string_view text)
 
 void Restate(ObjectHandle node)
 {
-    for (const Property* property = node.FirstProperty(); property; property = property->next) {
-        if (property->Value().find(',') == std::string_view::npos)
+    for (const Property& property : node.Properties()) {
+        if (property.Value().find(',') == std::string_view::npos)
             continue;
         const Name* const name =
-            std::ranges::find(kNumbers, property->NameView(), [](Name n) { return n.View(); });
-        if (name == std::end(kNumbers) || !HasDecimalComma(Trimmed(property->Value())))
+            std::ranges::find(kNumbers, property.NameView(), [](Name n) { return n.View(); });
+        if (name == std::end(kNumbers) || !HasDecimalComma(Trimmed(property.Value())))
             continue;
-        std::string number(Trimmed(property->Value()));
+        std::string number(Trimmed(property.Value()));
         std::ranges::replace(number, ',', '.');
         node.SetProperty(*name, number);
     }

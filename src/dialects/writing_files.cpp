@@ -69,9 +69,8 @@ private:
     ObjectHandle WithoutFilters(ObjectHandle original)
     {
         const ObjectHandle copy = document_.NewObject("file");
-        for (const Property* property = original.FirstProperty(); property;
-             property = property->next)
-            copy.SetPropertyShared(property->name.AsName(), property->Value());
+        for (const Property& property : original.Properties())
+            copy.SetPropertyShared(property.name.AsName(), property.Value());
         for (const ObjectHandle& child : original.GetChildren())
             if (child.GetName() != "filter")
                 copy.AddChild(child);

@@ -20,8 +20,8 @@ std::string_view ClipKeyOf(ConstHandle generator)
 
 void AppendProperties(ConstHandle node, std::string& text)
 {
-    for (const Property* property = node.FirstProperty(); property; property = property->next)
-        text.append(property->NameView()).append(1, '=').append(property->Value()).append(1, '\n');
+    for (const Property& property : node.Properties())
+        text.append(property.NameView()).append(1, '=').append(property.Value()).append(1, '\n');
 }
 
 // What distinguishes generators of one clip: the effect with the values of its parameters.

@@ -163,7 +163,7 @@ ConstChildRange TracksOf(ConstHandle group)
 ConstHandle MasterTrackOf(ConstHandle group)
 {
     const ConstHandle track = group.GetChild("MasterTrack");
-    return track.FirstProperty() || track.HasChildren() ? track : ConstHandle();
+    return track.HasProperties() || track.HasChildren() ? track : ConstHandle();
 }
 
 ConstChildRange LinksOf(ConstHandle sequence)

@@ -27,9 +27,11 @@ void DumpNode(std::ostream& output, ObjectHandle node)
     }
 
     std::vector<const Property*> properties;
-    for (const Property* property = node.FirstProperty();
-         property && properties.size() < kMaxEntries; property = property->next)
-        properties.push_back(property);
+    for (const Property& property : node.Properties()) {
+        if (properties.size() == kMaxEntries)
+            break;
+        properties.push_back(&property);
+    }
     std::sort(properties.begin(), properties.end(),
               [](const Property* a, const Property* b) { return a->NameView() < b->NameView(); });
     output << " Printing attributes of " << node.GetName().View() << "\n";

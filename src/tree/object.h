@@ -42,6 +42,32 @@ struct Property {
     std::string_view Value() const { return {value, valueSize}; }
 };
 
+// The properties of a node, in order of insertion.
+class PropertyRange {
+public:
+    class Iterator {
+    public:
+        explicit Iterator(const Property* property) : property_(property) {}
+        const Property& operator*() const { return *property_; }
+        Iterator& operator++()
+        {
+            property_ = property_->next;
+            return *this;
+        }
+        bool operator!=(const Iterator& other) const { return property_ != other.property_; }
+
+    private:
+        const Property* property_;
+    };
+
+    explicit PropertyRange(const Property* first) : first_(first) {}
+    Iterator begin() const { return Iterator(first_); }
+    Iterator end() const { return Iterator(nullptr); }
+
+private:
+    const Property* first_;
+};
+
 struct Object;
 
 // A property for a new node. The value lives as long as the document.
@@ -146,8 +172,11 @@ public:
         return property ? property->Value() : std::string_view();
     }
     bool HasProperty(Name key) const { return FindProperty(key) != nullptr; }
-    // For walks over all properties, in order of insertion.
-    const Property* FirstProperty() const { return object_ ? object_->firstProperty : nullptr; }
+    bool HasProperties() const { return object_ && object_->firstProperty; }
+    PropertyRange Properties() const
+    {
+        return PropertyRange(object_ ? object_->firstProperty : nullptr);
+    }
 
     // The first child of that name, null if there is none.
     ConstHandle GetChild(Name name) const { return ConstHandle(FindChild(name)); }

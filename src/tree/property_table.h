@@ -14,14 +14,14 @@ public:
     // Forgets the node before.
     void Take(ConstHandle node)
     {
-        for (const Property* property = first_; property; property = property->next)
-            byName_[property->name.Index()] = nullptr;
-        first_ = node.FirstProperty();
-        for (const Property* property = first_; property; property = property->next) {
-            const std::size_t index = property->name.Index();
+        for (const Property& property : node_.Properties())
+            byName_[property.name.Index()] = nullptr;
+        node_ = node;
+        for (const Property& property : node_.Properties()) {
+            const std::size_t index = property.name.Index();
             if (index >= byName_.size())
                 byName_.resize(index + 1);
-            byName_[index] = property;
+            byName_[index] = &property;
         }
     }
 
@@ -32,7 +32,7 @@ public:
     }
 
 private:
-    const Property* first_ = nullptr;
+    ConstHandle node_;
     std::vector<const Property*> byName_;
 };
 

@@ -14,8 +14,8 @@ namespace {
 // Of the node's own properties and children.
 bool IsAnyRead(ConstHandle node)
 {
-    for (const Property* property = node.FirstProperty(); property; property = property->next)
-        if (property->isRead)
+    for (const Property& property : node.Properties())
+        if (property.isRead)
             return true;
     for (const ConstHandle& child : node.GetChildren())
         if (child.IsRead())
@@ -27,8 +27,8 @@ bool IsAnyRead(ConstHandle node)
 bool HasContent(ConstHandle node, int depth = 0)
 {
     constexpr int kDeepest = 8;
-    for (const Property* property = node.FirstProperty(); property; property = property->next)
-        if (property->valueSize > 0)
+    for (const Property& property : node.Properties())
+        if (property.valueSize > 0)
             return true;
     for (const ConstHandle& child : node.GetChildren())
         if (depth == kDeepest || HasContent(child, depth + 1))
@@ -78,9 +78,9 @@ private:
     void Enter(ConstHandle node)
     {
         path_.push_back(node);
-        for (const Property* property = node.FirstProperty(); property; property = property->next)
-            if (!property->isRead && property->valueSize > 0)
-                Report(property->name);
+        for (const Property& property : node.Properties())
+            if (!property.isRead && property.valueSize > 0)
+                Report(property.name);
         open_.push_back(node.GetChildren().begin());
     }
 

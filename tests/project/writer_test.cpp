@@ -328,7 +328,7 @@ TEST(EncodedBlob, DataAndChecksum)
     Document d;
     const ObjectHandle node = d.NewObject("Media");
     SetEncodedBlob(node, "ImporterPrefs", "ImporterPrefsChecksum", "");
-    EXPECT_EQ(node.FirstProperty(), nullptr);
+    EXPECT_FALSE(node.HasProperties());
 }
 
 } // namespace

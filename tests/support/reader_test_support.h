@@ -18,9 +18,8 @@ namespace XPJ {
 inline void AppendOutline(ObjectHandle node, std::size_t level, std::string& text)
 {
     text.append(4 * level, ' ').append(node.GetName().View());
-    for (const Property* property = node.FirstProperty(); property; property = property->next)
-        text.append(" ").append(property->NameView()).append("=\"").append(property->Value()) +=
-            '"';
+    for (const Property& property : node.Properties())
+        text.append(" ").append(property.NameView()).append("=\"").append(property.Value()) += '"';
     text += '\n';
     const ChildRange children = node.GetChildren();
     for (auto child = children.begin(); child != children.end(); ++child) {

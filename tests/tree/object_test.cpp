@@ -37,10 +37,10 @@ TEST(Object, PropertiesOfANewNodeAreOrdinaryOnes)
     node.SetProperty("name", "B");
     node.SetNumber("out", 250);
     std::string all;
-    for (const Property* property = node.FirstProperty(); property; property = property->next)
-        all.append(property->NameView()).append("=").append(property->Value()).append(";");
+    for (const Property& property : node.Properties())
+        all.append(property.NameView()).append("=").append(property.Value()).append(";");
     EXPECT_EQ(all, "name=B;in=-12;out=250;");
-    EXPECT_EQ(document.NewObject("clip", {}).FirstProperty(), nullptr);
+    EXPECT_FALSE(document.NewObject("clip", {}).HasProperties());
 }
 
 TEST(Object, ChildrenMayBeSharedRemovedAndAppendedWhileWalked)

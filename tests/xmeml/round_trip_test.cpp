@@ -119,9 +119,9 @@ private:
 void Compare(ObjectHandle made, ObjectHandle read, Losses& losses)
 {
     const std::string holder(made.GetName().View());
-    for (const Property* property = made.FirstProperty(); property; property = property->next)
-        if (read.GetProperty(property->name.AsName()) != property->Value())
-            losses[holder].insert(std::string(property->NameView()));
+    for (const Property& property : made.Properties())
+        if (read.GetProperty(property.name.AsName()) != property.Value())
+            losses[holder].insert(std::string(property.NameView()));
     std::set<std::string> seen;
     const ChildRange children = made.GetChildren();
     for (auto child = children.begin(); child != children.end(); ++child) {
