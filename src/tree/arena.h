@@ -28,6 +28,17 @@ public:
         return piece;
     }
 
+    // Makes the piece that ends at `end` longer in place: only the last one handed out, while there
+    // is memory behind it. False if nothing was done.
+    bool Extend(const void* end, std::size_t size)
+    {
+        if (end != next_ || size > left_)
+            return false;
+        next_ += size;
+        left_ -= size;
+        return true;
+    }
+
     // Frees all pieces.
     void Clear()
     {

@@ -27,26 +27,55 @@ std::uint32_t Size32(std::string_view text)
 
 constexpr std::uint64_t kUniqueIdBits = (std::uint64_t{1} << 47) - 1;
 // A feature film has millions of nodes.
-static_assert(sizeof(void*) != 8 || (sizeof(Object) == 40 && sizeof(Property) == 24));
+static_assert(sizeof(void*) != 8 || (sizeof(Object) == 40 && sizeof(Property) == 16));
+
+constexpr std::size_t SizeOfRun(std::size_t properties)
+{
+    return properties * sizeof(Property) + sizeof(RunEnd);
+}
+
+void FillProperty(Property* place, NameId key, std::string_view value)
+{
+    new (place) Property{.value = value.data(),
+                         .valueSize = Size32(value),
+                         .name = key,
+                         .isRead = false,
+                         .isLastOfRun = false};
+}
+
+void EndRun(Property* last)
+{
+    last->isLastOfRun = true;
+    new (last + 1) RunEnd{nullptr};
+}
 
 } // namespace
 
-Property** ObjectHandle::FindLink(NameId key) const
+ObjectHandle::Search ObjectHandle::Find(NameId key) const
 {
-    Property** link = &object_->firstProperty;
-    while (*link && (*link)->name != key)
-        link = &(*link)->next;
-    return link;
+    Property* before = nullptr;
+    Property* property = object_->firstProperty;
+    while (property && property->name != key) {
+        before = property;
+        property = property->Next();
+    }
+    return {property, before};
 }
 
-Property* ObjectHandle::MakeProperty(NameId key, std::string_view value) const
+// `last` is the node's last property, null if it has none.
+void ObjectHandle::Append(Property* last, NameId key, std::string_view value) const
 {
-    return new (object_->document->nodes_.Allocate(sizeof(Property), alignof(Property)))
-        Property{.next = nullptr,
-                 .value = value.data(),
-                 .valueSize = Size32(value),
-                 .name = key,
-                 .isRead = false};
+    Arena& nodes = object_->document->nodes_;
+    Property* place = nullptr;
+    if (last && nodes.Extend(&EndOfRun(last) + 1, sizeof(Property))) {
+        last->isLastOfRun = false;
+        place = last + 1;
+    } else {
+        place = static_cast<Property*>(nodes.Allocate(SizeOfRun(1), alignof(Property)));
+        (last ? EndOfRun(last).next : object_->firstProperty) = place;
+    }
+    FillProperty(place, key, value);
+    EndRun(place);
 }
 
 void ObjectHandle::SetPropertyShared(Name key, std::string_view value) const
@@ -54,13 +83,11 @@ void ObjectHandle::SetPropertyShared(Name key, std::string_view value) const
     if (!object_)
         return;
     const NameId id(key);
-    Property** const link = FindLink(id);
-    if (!*link) {
-        *link = MakeProperty(id, value);
-        return;
-    }
-    (*link)->value = value.data();
-    (*link)->valueSize = Size32(value);
+    const Search search = Find(id);
+    if (!search.found)
+        return Append(search.before, id, value);
+    search.found->value = value.data();
+    search.found->valueSize = Size32(value);
 }
 
 void ObjectHandle::AddPropertyShared(Name key, std::string_view value) const
@@ -68,8 +95,8 @@ void ObjectHandle::AddPropertyShared(Name key, std::string_view value) const
     if (!object_)
         return;
     const NameId id(key);
-    if (Property** const link = FindLink(id); !*link)
-        *link = MakeProperty(id, value);
+    if (const Search search = Find(id); !search.found)
+        Append(search.before, id, value);
 }
 
 void ObjectHandle::SetProperty(Name key, std::string_view value) const
@@ -89,16 +116,29 @@ void ObjectHandle::AddProperty(Name key, std::string_view value) const
     if (!object_)
         return;
     const NameId id(key);
-    if (Property** const link = FindLink(id); !*link)
-        *link = MakeProperty(id, object_->document->Store(value));
+    if (const Search search = Find(id); !search.found)
+        Append(search.before, id, object_->document->Store(value));
 }
 
 void ObjectHandle::RemoveProperty(Name key) const
 {
     if (!object_)
         return;
-    if (Property** const link = FindLink(NameId(key)); *link)
-        *link = (*link)->next;
+    auto [last, before] = Find(NameId(key));
+    if (!last)
+        return;
+    // Those behind it move up by one, and the last place is given up.
+    for (Property* next = last->Next(); next; next = last->Next()) {
+        const bool isLastOfRun = last->isLastOfRun;
+        *last = *next;
+        last->isLastOfRun = isLastOfRun;
+        before = last;
+        last = next;
+    }
+    if (!before)
+        object_->firstProperty = nullptr;
+    else
+        EndRun(before);
 }
 
 Object* ConstHandle::FindChild(Name name) const
@@ -167,11 +207,14 @@ ObjectHandle Document::NewObject(Name name)
 ObjectHandle Document::NewObject(Name name, std::initializer_list<NewProperty> properties)
 {
     const ObjectHandle node = NewObject(name);
-    Property** link = &node.Get()->firstProperty;
-    for (const NewProperty& property : properties) {
-        *link = node.MakeProperty(NameId(property.key), property.value);
-        link = &(*link)->next;
-    }
+    if (properties.size() == 0)
+        return node;
+    auto* place =
+        static_cast<Property*>(nodes_.Allocate(SizeOfRun(properties.size()), alignof(Property)));
+    node.Get()->firstProperty = place;
+    for (const NewProperty& property : properties)
+        FillProperty(place++, NameId(property.key), property.value);
+    EndRun(place - 1);
     return node;
 }
 

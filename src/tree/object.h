@@ -20,6 +20,7 @@
 #include <cstring>
 #include <forward_list>
 #include <initializer_list>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,16 +32,35 @@ class Document;
 class ConstHandle;
 class ObjectHandle;
 
+// The properties of a node are runs of neighbours in memory: what is set one after the other while
+// nothing else is made is one run. Behind the last of a run is the `RunEnd`.
 struct Property {
-    Property* next;
     const char* value;
     std::uint32_t valueSize;
     NameId name;
     mutable bool isRead; // see Document::MarkReads
+    bool isLastOfRun;
 
     std::string_view NameView() const { return name.View(); }
     std::string_view Value() const { return {value, valueSize}; }
+    // Null for the last one of the node.
+    Property* Next();
+    const Property* Next() const { return const_cast<Property*>(this)->Next(); }
 };
+
+struct RunEnd {
+    Property* next; // the first of the next run
+};
+
+inline RunEnd& EndOfRun(Property* last)
+{
+    return *std::launder(reinterpret_cast<RunEnd*>(last + 1));
+}
+
+inline Property* Property::Next()
+{
+    return isLastOfRun ? EndOfRun(this).next : this + 1;
+}
 
 // The properties of a node, in order of insertion.
 class PropertyRange {
@@ -51,7 +71,7 @@ public:
         const Property& operator*() const { return *property_; }
         Iterator& operator++()
         {
-            property_ = property_->next;
+            property_ = property_->Next();
             return *this;
         }
         bool operator!=(const Iterator& other) const { return property_ != other.property_; }
@@ -191,7 +211,7 @@ protected:
         if (!object_)
             return nullptr;
         const NameId id(key);
-        for (Property* property = object_->firstProperty; property; property = property->next)
+        for (Property* property = object_->firstProperty; property; property = property->Next())
             if (property->name == id) {
                 MarkRead(object_, property);
                 return property;
@@ -234,9 +254,12 @@ public:
 private:
     friend class Document;
 
-    // The link to the property of that name, or the null link at the end of the list.
-    Property** FindLink(NameId key) const;
-    Property* MakeProperty(NameId key, std::string_view value) const;
+    struct Search {
+        Property* found;  // null if there is none
+        Property* before; // its predecessor, or else the last property; null if there is none
+    };
+    Search Find(NameId key) const;
+    void Append(Property* last, NameId key, std::string_view value) const;
 };
 
 // Owns nodes, names and values. Not for use by two threads at once.

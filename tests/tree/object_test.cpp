@@ -1,10 +1,23 @@
 #include "tree/object.h"
 #include "tree/property_table.h"
 
+#include <array>
+#include <cstddef>
+#include <string>
+
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 namespace XPJ {
 namespace {
+
+std::string TextOf(ConstHandle node)
+{
+    std::string text;
+    for (const Property& property : node.Properties())
+        text.append(property.NameView()).append("=").append(property.Value()).append(";");
+    return text;
+}
 
 TEST(Object, PropertiesAreSetOrAdded)
 {
@@ -36,11 +49,31 @@ TEST(Object, PropertiesOfANewNodeAreOrdinaryOnes)
         document.NewObject("clip", {{"name", "A"}, {"in", document.StoreNumber(-12)}});
     node.SetProperty("name", "B");
     node.SetNumber("out", 250);
-    std::string all;
-    for (const Property& property : node.Properties())
-        all.append(property.NameView()).append("=").append(property.Value()).append(";");
-    EXPECT_EQ(all, "name=B;in=-12;out=250;");
+    EXPECT_EQ(TextOf(node), "name=B;in=-12;out=250;");
     EXPECT_FALSE(document.NewObject("clip", {}).HasProperties());
+}
+
+// Neighbours in memory or apart, in every combination of four.
+TEST(Object, PropertiesKeepTheirOrderWhereverTheyLie)
+{
+    const std::array<Name, 4> names{"a", "b", "c", "d"};
+    for (unsigned apart = 0; apart < 16; ++apart)
+        for (std::size_t removed = 0; removed < names.size(); ++removed) {
+            Document document;
+            const ObjectHandle node = document.NewObject("clip");
+            std::string expected;
+            for (std::size_t i = 0; i < names.size(); ++i) {
+                if (apart >> i & 1)
+                    document.NewObject("rate");
+                node.SetNumber(names[i], static_cast<int>(i));
+                if (i != removed)
+                    expected.append(names[i].View()).append(fmt::format("={};", i));
+            }
+            node.RemoveProperty(names[removed]);
+            EXPECT_EQ(TextOf(node), expected) << apart << " without " << removed;
+            node.SetProperty("e", "5");
+            EXPECT_EQ(TextOf(node), expected + "e=5;") << apart << " without " << removed;
+        }
 }
 
 TEST(Object, ChildrenMayBeSharedRemovedAndAppendedWhileWalked)
