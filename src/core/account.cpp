@@ -21,23 +21,34 @@ TranslationIssue IssueAt(const ItemLocation& location)
     return issue;
 }
 
+Remark& AddRemark(Account& account, const Remark& remark)
+{
+    Remark& added = account.remarks.emplace_back(remark);
+    const Remark* const before = account.remarks.size() > 1 ? &added - 1 : nullptr;
+    // Neighbours have much in common, as the sequence.
+    for (std::string_view Remark::*const text :
+         {&Remark::sequence, &Remark::clip, &Remark::bin, &Remark::subject, &Remark::subjectId,
+          &Remark::detail, &Remark::path})
+        added.*text = before && before->*text == added.*text ? before->*text
+                                                             : account.texts.Keep(added.*text);
+    return added;
+}
+
 void AddRemark(Account& account, RemarkKind kind, const ItemLocation& location,
                const RemarkSubject& subject)
 {
-    // In its place: most texts are empty, and none is moved.
-    Remark& remark = account.remarks.emplace_back();
-    remark.kind = kind;
-    remark.sequence = location.sequence;
-    remark.clip = location.clip;
-    remark.bin = location.bin;
-    remark.trackKind = location.trackKind;
-    remark.trackIndex = location.trackIndex;
-    remark.span = location.span;
-    remark.subject = subject.name;
-    remark.subjectId = subject.id;
-    remark.detail = subject.detail;
-    remark.path = subject.path;
-    remark.count = subject.count;
+    AddRemark(account, {.kind = kind,
+                        .sequence = location.sequence,
+                        .clip = location.clip,
+                        .bin = location.bin,
+                        .trackKind = location.trackKind,
+                        .trackIndex = location.trackIndex,
+                        .span = location.span,
+                        .subject = subject.name,
+                        .subjectId = subject.id,
+                        .detail = subject.detail,
+                        .path = subject.path,
+                        .count = subject.count});
 }
 
 void AddIssue(Account& account, Direction direction, const TranslationIssue& issue,
@@ -48,16 +59,16 @@ void AddIssue(Account& account, Direction direction, const TranslationIssue& iss
     if (!kind || (!isNew && entry->kind == issue.kind))
         return;
     const bool isOfTime = kind->first == IssueField::Time || kind->second == IssueField::Time;
-    account.remarks.push_back({.kind = kind->remark,
-                               .sequence = issue.sequence,
-                               .clip = issue.clip,
-                               .bin = std::string(bin),
-                               .trackKind = issue.trackKind,
-                               .trackIndex = issue.trackIndex,
-                               .span = span,
-                               .subject = issue.subject,
-                               .detail = isOfTime ? issue.time : std::string(),
-                               .isIssue = true});
+    AddRemark(account, {.kind = kind->remark,
+                        .sequence = issue.sequence,
+                        .clip = issue.clip,
+                        .bin = bin,
+                        .trackKind = issue.trackKind,
+                        .trackIndex = issue.trackIndex,
+                        .span = span,
+                        .subject = issue.subject,
+                        .detail = isOfTime ? std::string_view(issue.time) : std::string_view(),
+                        .isIssue = true});
 }
 
 } // namespace XPJ

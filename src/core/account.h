@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/remark_kinds.h"
+#include "core/text_store.h"
 #include "core/translation_issue.h"
 
 #include <cstddef>
@@ -53,19 +54,19 @@ struct RemarkSubject {
     std::size_t count = 1;        // the same thing that often, here and elsewhere
 };
 
-// Names are as in the tree, with entities.
+// Names are as in the tree, with entities. The texts live as long as the account.
 struct Remark {
     RemarkKind kind{};
-    std::string sequence = {};
-    std::string clip = {};
-    std::string bin = {};
+    std::string_view sequence = {};
+    std::string_view clip = {};
+    std::string_view bin = {};
     int trackKind = kNoTrack;
     int trackIndex = 0;
     FrameSpan span = {};
-    std::string subject = {};
-    std::string subjectId = {};
-    std::string detail = {};
-    std::string path = {};
+    std::string_view subject = {};
+    std::string_view subjectId = {};
+    std::string_view detail = {};
+    std::string_view path = {};
     std::size_t count = 1;
     bool isIssue = false; // the host's report lists it
 };
@@ -80,7 +81,11 @@ struct Account {
     IssueSet issues;
     std::vector<Remark> remarks;
     std::vector<TranslatedSequence> sequences = {};
+    TextStore texts = {}; // of the remarks
 };
+
+// Enters a copy, with copies of the texts, and returns it.
+Remark& AddRemark(Account& account, const Remark& remark);
 
 //   AddRemark(account, RemarkKind::FilterRange, location, {.name = "Blur"})
 void AddRemark(Account& account, RemarkKind kind, const ItemLocation& location,

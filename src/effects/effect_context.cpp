@@ -95,12 +95,12 @@ void EffectContext::AddIssue(ImportIssue kind, ConstHandle effect, std::string_v
         Enter(*this, Direction::Import, static_cast<int>(kind), EffectName(effect));
     if (!remark)
         return;
-    remark->subject = FullEffectName(effect);
-    remark->subjectId = effect.GetProperty("effectid");
+    remark->subject = account.texts.Keep(FullEffectName(effect));
+    remark->subjectId = account.texts.Keep(effect.GetProperty("effectid"));
     if (onlyWhen.empty())
         return;
     remark->kind = RemarkKind::EffectConditional;
-    remark->detail = onlyWhen;
+    remark->detail = account.texts.Keep(onlyWhen);
 }
 
 void EffectContext::AddMissingLook(ConstHandle effect, std::string_view path) const
@@ -109,10 +109,10 @@ void EffectContext::AddMissingLook(ConstHandle effect, std::string_view path) co
     ofFile.location.clip = path;
     const int missing = static_cast<int>(ImportIssue::MissingLookLUT);
     if (Remark* const remark = Enter(ofFile, Direction::Import, missing, {})) {
-        remark->clip = location.clip;
-        remark->subject = FullEffectName(effect);
-        remark->subjectId = effect.GetProperty("effectid");
-        remark->detail = EscapeXML(path);
+        remark->clip = account.texts.Keep(location.clip);
+        remark->subject = account.texts.Keep(FullEffectName(effect));
+        remark->subjectId = account.texts.Keep(effect.GetProperty("effectid"));
+        remark->detail = account.texts.Keep(EscapeXML(path));
     }
     const int untranslated = static_cast<int>(ImportIssue::EffectNotTranslated);
     if (Enter(*this, Direction::Import, untranslated, EffectName(effect)))

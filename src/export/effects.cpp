@@ -62,7 +62,7 @@ void TranslateMasterAudioEffects(ExportContext& context, const LocatedMaster& ma
     AudioChainToXmeml(effects, AudioChainOfMaster(master.masterClip), item);
     for (const Remark& remark : ofItem.remarks)
         if (remark.kind != RemarkKind::EffectUnsupported)
-            context.account.remarks.push_back(remark);
+            AddRemark(context.account, remark);
 }
 
 void ReportMasterAudioEffects(ExportContext& context, const LocatedMaster& master, bool written)

@@ -146,12 +146,12 @@ std::string BinText(TreePath path)
     return text;
 }
 
-Remark PlaceOf(TreePath path)
+ItemLocation PlaceOf(TreePath path, TextStore& texts)
 {
-    Remark place;
+    ItemLocation place;
     const ConstHandle item = Around(path, "ClipTrackItem");
     const ConstHandle sequence = Around(path, "Sequence");
-    place.bin = BinText(path);
+    place.bin = texts.Keep(BinText(path));
     const ConstHandle named = item ? item.GetChild("SubClip") : Around(path, "MasterClip");
     place.clip = named.GetProperty("Name");
     if (!sequence)

@@ -160,23 +160,23 @@ private:
     std::map<Place, std::vector<RemarkKind>> transitions_;    // of remarks about clips beside them
 };
 
-Remark RemarkOf(const Difference& difference)
+void AddRemarkOf(const Difference& difference, Account& account)
 {
     const bool isOfProperty = difference.kind != Property::None;
-    Remark remark{
-        .kind = RemarkKind::Unexplained,
-        .sequence = EscapeXML(difference.sequence),
-        .clip = EscapeXML(difference.name),
-        .bin = EscapeXML(difference.bin),
-        .subject = EscapeXML(isOfProperty ? difference.property : SubjectText(difference.subject)),
-        .detail = EscapeXML(
-            isOfProperty ? fmt::format("\"{}\", was \"{}\"", difference.after, difference.before)
-                         : std::string(ChangeText(difference.change)))};
+    const std::string sequence = EscapeXML(difference.sequence);
+    const std::string clip = EscapeXML(difference.name);
+    const std::string bin = EscapeXML(difference.bin);
+    const std::string subject =
+        EscapeXML(isOfProperty ? difference.property : SubjectText(difference.subject));
+    const std::string detail = EscapeXML(
+        isOfProperty ? fmt::format("\"{}\", was \"{}\"", difference.after, difference.before)
+                     : std::string(ChangeText(difference.change)));
+    ItemLocation location{.sequence = sequence, .clip = clip, .bin = bin};
     if (!difference.track.empty()) {
-        remark.trackKind = difference.track.starts_with('V') ? 1 : 2;
-        remark.trackIndex = ParseInt(std::string_view(difference.track).substr(1)) - 1;
+        location.trackKind = difference.track.starts_with('V') ? 1 : 2;
+        location.trackIndex = ParseInt(std::string_view(difference.track).substr(1)) - 1;
     }
-    return remark;
+    AddRemark(account, RemarkKind::Unexplained, location, {.name = subject, .detail = detail});
 }
 
 bool IsNewMarker(const Difference& difference)
@@ -196,11 +196,9 @@ void AddUnexplained(const ComparedTimelines& documents, bool marksLosses, Accoun
     }
     const std::vector<Difference> differences = Compare(input.project, output.project);
     const KnownRemarks known(account, documents, differences);
-    std::vector<Remark> unexplained;
     for (const Difference& difference : differences)
         if (!known.Explain(difference) && !(marksLosses && IsNewMarker(difference)))
-            unexplained.push_back(RemarkOf(difference));
-    account.remarks.insert(account.remarks.end(), unexplained.begin(), unexplained.end());
+            AddRemarkOf(difference, account);
 }
 
 } // namespace XPJ

@@ -123,10 +123,10 @@ void AddGeneratorIssue(ImportState& state, ConstHandle clip, ConstHandle generat
         return;
     // The issue has the clip as its sequence; the remark says where it is.
     Remark& remark = state.account.remarks.back();
-    remark.clip = std::move(remark.sequence);
-    remark.sequence.clear();
+    remark.clip = remark.sequence;
+    remark.sequence = {};
     remark.trackKind = kNoTrack;
-    remark.bin = state.bin;
+    remark.bin = state.account.texts.Keep(state.bin);
 }
 
 void CollectGenerator(ImportState& state, ConstHandle clip, ConstHandle generator)

@@ -238,13 +238,13 @@ FrameSpan SpanOf(ConstHandle sequence, ConstHandle item)
             .sequence = timecode.node};
 }
 
-Remark PlaceOf(Path path)
+ItemLocation PlaceOf(Path path, TextStore& texts)
 {
-    Remark place;
+    ItemLocation place;
     const ConstHandle item = Around(path, {"clipitem", "generatoritem", "transitionitem"});
     const ConstHandle sequence = Around(path, {"sequence"});
     const ConstHandle clip = Around(path, {"clip"});
-    place.bin = BinText(path);
+    place.bin = texts.Keep(BinText(path));
     place.clip = (item ? item : clip ? clip : Around(path, {"file"})).GetProperty("name");
     if (!sequence)
         return place;

@@ -47,7 +47,7 @@ Fields FieldsOf(const Remark& remark, RemarkTexts& texts)
         {"outcome", std::string(OutcomeText(row.outcome))},
         {"severity", std::string(SeverityText(row.severity))},
         {"count", static_cast<std::int64_t>(remark.count)},
-        {"path", remark.path},
+        {"path", std::string(remark.path)},
         {"sequence", UnescapeXML(remark.sequence)},
         {"track", TrackText(remark)},
         {"start", TimeOf(remark.span, remark.span.start)},

@@ -129,7 +129,7 @@ std::string PlaceText(const Remark& remark)
     if (remark.sequence.empty()) {
         AppendPart(text, "/", UnescapeXML(remark.bin));
         AppendPart(text, "/", UnescapeXML(remark.clip));
-        return text.empty() ? remark.path : text;
+        return text.empty() ? std::string(remark.path) : text;
     }
     AppendPart(text, ", ", UnescapeXML(remark.sequence));
     AppendPart(text, ", ", TrackText(remark));

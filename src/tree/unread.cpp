@@ -40,7 +40,8 @@ constexpr std::size_t kFirstPlaces = 3;
 
 // What is at one path of names.
 struct UnreadPath {
-    std::vector<Remark> places; // the first ones
+    NameId field;
+    std::vector<ItemLocation> places; // the first ones
     std::size_t count = 0;
 };
 
@@ -54,7 +55,7 @@ std::string PathText(TreePath path, Name name)
 
 class Walk {
 public:
-    explicit Walk(const UnreadRules& rules) : rules_(rules) {}
+    Walk(const UnreadRules& rules, TextStore& texts) : rules_(rules), texts_(texts) {}
 
     // With a stack of its own: trees are as deep as documents nest.
     std::map<std::string, UnreadPath> Run(ConstHandle root)
@@ -98,16 +99,11 @@ private:
     {
         if (IsExempt(name))
             return;
-        std::string text = PathText(path_, name.AsName());
-        UnreadPath& entry = found_[text];
+        UnreadPath& entry = found_[PathText(path_, name.AsName())];
+        entry.field = name;
         ++entry.count;
-        if (entry.places.size() == kFirstPlaces)
-            return;
-        Remark place = rules_.placeOf(path_);
-        place.kind = RemarkKind::ElementUnread;
-        place.detail = name.View();
-        place.path = std::move(text);
-        entry.places.push_back(std::move(place));
+        if (entry.places.size() < kFirstPlaces)
+            entry.places.push_back(rules_.placeOf(path_, texts_));
     }
 
     bool IsExempt(NameId field)
@@ -132,6 +128,7 @@ private:
     }
 
     const UnreadRules& rules_;
+    TextStore& texts_;
     // By the numbers of the names of owner and field.
     std::vector<std::vector<std::optional<Exemption>>> exemptions_;
     std::map<std::string, UnreadPath> found_;
@@ -147,10 +144,11 @@ void AddUnread(ConstHandle root, const UnreadRules& rules, Account& account)
 {
     if (!root)
         return;
-    for (auto& [path, entry] : Walk(rules).Run(root)) {
-        entry.places.back().count += entry.count - entry.places.size();
-        for (Remark& place : entry.places)
-            account.remarks.push_back(std::move(place));
+    for (const auto& [path, entry] : Walk(rules, account.texts).Run(root)) {
+        for (const ItemLocation& place : entry.places)
+            AddRemark(account, RemarkKind::ElementUnread, place,
+                      {.detail = entry.field.View(), .path = path});
+        account.remarks.back().count += entry.count - entry.places.size();
     }
 }
 

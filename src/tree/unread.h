@@ -26,8 +26,8 @@ struct UnreadRules {
     bool (*isExempt)(TreePath path, Name field);
     // True for a node in which nothing counts.
     bool (*isSkipped)(ConstHandle node);
-    // A remark with the place of what is at the path.
-    Remark (*placeOf)(TreePath path);
+    // The place of what is at the path. Texts that the tree doesn't have are kept in `texts`.
+    ItemLocation (*placeOf)(TreePath path, TextStore& texts);
 };
 
 // Enters remarks for properties with a value, and children with content, that were not looked up;

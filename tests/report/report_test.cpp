@@ -254,11 +254,11 @@ TEST(RemarkKinds, HaveIdsOfTheirOwnAndSentences)
     }
 }
 
-Remark RemarkAt(std::int64_t frame, std::string clip, RemarkKind kind)
+Remark RemarkAt(std::int64_t frame, std::string_view clip, RemarkKind kind)
 {
     return {.kind = kind,
             .sequence = "Cut &amp; 1",
-            .clip = std::move(clip),
+            .clip = clip,
             .trackKind = 1,
             .trackIndex = 1,
             .span = {.start = frame, .end = frame + 25, .first = 90000, .base = 25},

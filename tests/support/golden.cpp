@@ -255,7 +255,7 @@ std::string RemarkLines(const Account& account)
     std::string text;
     for (const Remark& remark : account.remarks) {
         std::string location =
-            remark.sequence.empty() && !remark.bin.empty() ? remark.bin + "/" : "";
+            remark.sequence.empty() && !remark.bin.empty() ? fmt::format("{}/", remark.bin) : "";
         location += remark.sequence;
         if (!remark.sequence.empty() && remark.trackKind != kNoTrack)
             location +=
@@ -265,14 +265,14 @@ std::string RemarkLines(const Account& account)
         if (remark.span.IsKnown() && remark.span.end >= 0)
             location += fmt::format("-{}", remark.span.end);
         if (!remark.clip.empty())
-            location += (remark.sequence.empty() ? "" : ", ") + remark.clip;
+            location.append(remark.sequence.empty() ? "" : ", ").append(remark.clip);
         text += fmt::format("{} [{}]", RowOf(remark.kind).id, location);
         if (!remark.subject.empty())
             text += fmt::format(" <{}>", remark.subject);
         if (!remark.subjectId.empty() && remark.subjectId != remark.subject)
             text += fmt::format(" ({})", remark.subjectId);
         if (!remark.detail.empty())
-            text += ": " + remark.detail;
+            text.append(": ").append(remark.detail);
         if (remark.count != 1)
             text += fmt::format(" x{}", remark.count);
         text += '\n';

@@ -19,6 +19,7 @@
 #include <filesystem>
 #include <iostream>
 #include <system_error>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -186,8 +187,8 @@ private:
     // As OpenTimelineIO.
     void WriteTimelines()
     {
-        const OtioOutcome written = ConvertToOtio(request_, Reading(), IsInterrupted);
-        converted_.outcome = written.conversion;
+        OtioOutcome written = ConvertToOtio(request_, Reading(), IsInterrupted);
+        converted_.outcome = std::move(written.conversion);
         PrintError(EncodingLines(request_.inputPath, written.encoding));
         PrintOutput();
         if (converted_.outcome.result == kSuccess) {
