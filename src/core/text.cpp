@@ -149,12 +149,18 @@ std::string UnescapeXML(std::string_view text)
 {
     std::string result;
     result.reserve(text.size());
+    AppendUnescapedXML(text, result);
+    return result;
+}
+
+void AppendUnescapedXML(std::string_view text, std::string& result)
+{
     while (true) {
         const std::size_t ampersand = std::min(text.find('&'), text.size());
         result.append(text, 0, ampersand);
         text.remove_prefix(ampersand);
         if (text.empty())
-            return result;
+            return;
         char32_t codePoint = 0;
         std::size_t size = 1;
         if (const Entity* const entity = KnownEntity(text)) {

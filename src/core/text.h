@@ -20,6 +20,7 @@ void ToUTF16(std::string_view text, char16_t* field, std::size_t capacity);
 std::string EscapeXML(std::string_view text);
 // The five named entities, and decimal and hexadecimal references; anything else stays.
 std::string UnescapeXML(std::string_view text);
+void AppendUnescapedXML(std::string_view text, std::string& result);
 
 // What a well-formed document may hold as character data: entity-escaped text comes out as it is;
 // bare "&" and "<", "]]>", control characters and ill-formed UTF-8 are escaped, dropped, replaced.

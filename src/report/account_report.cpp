@@ -144,8 +144,11 @@ std::string AccountText(const ReportHeader& header, const Account& account)
     for (const RemarkGroup& group : groups) {
         text += fmt::format("\n{}: {}\n", OutcomeText(group.row->outcome), group.reason);
         for (const Remark* const remark : group.remarks) {
-            const std::string place = PlaceText(*remark);
-            text.append("    ").append(place.empty() ? "the document" : place);
+            text.append("    ");
+            const std::size_t before = text.size();
+            AppendPlaceText(*remark, text);
+            if (text.size() == before)
+                text.append("the document");
             if (remark->count > 1)
                 text.append(", ").append(fmt::to_string(remark->count)).append(" times");
             text += '\n';

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <string_view>
 #include <tuple>
 #include <unordered_map>
@@ -31,12 +32,30 @@ std::string Capitalized(std::string_view text)
     return result;
 }
 
-// Behind what is there, unless the part is empty.
-void AppendPart(std::string& text, std::string_view separator, std::string_view part)
-{
-    if (!part.empty())
-        text.append(text.empty() ? "" : separator).append(part);
-}
+// Appends the parts of a place, without entities, with a separator between those that aren't empty.
+class PlaceParts {
+public:
+    PlaceParts(std::string_view separator, std::string& text)
+        : separator_(separator), text_(text), start_(text.size())
+    {
+    }
+
+    void Append(std::string_view part)
+    {
+        if (part.empty())
+            return;
+        if (!IsEmpty())
+            text_.append(separator_);
+        AppendUnescapedXML(part, text_);
+    }
+
+    bool IsEmpty() const { return text_.size() == start_; }
+
+private:
+    std::string_view separator_;
+    std::string& text_;
+    std::size_t start_;
+};
 
 // Equal for remarks of one kind and path whose reasons are equal. Lives as long as the remark.
 struct GroupKey {
@@ -80,7 +99,8 @@ std::string FirstPlaces(const RemarkGroup& group)
     for (const Remark* const remark : group.remarks) {
         if (shown == kFirstPlaces)
             break;
-        AppendPart(text, "; ", PlaceText(*remark));
+        if (const std::string place = PlaceText(*remark); !place.empty())
+            text.append(text.empty() ? "" : "; ").append(place);
         ++shown;
     }
     if (group.remarks.size() > shown)
@@ -126,17 +146,26 @@ std::string TrackText(const Remark& remark)
 std::string PlaceText(const Remark& remark)
 {
     std::string text;
-    if (remark.sequence.empty()) {
-        AppendPart(text, "/", UnescapeXML(remark.bin));
-        AppendPart(text, "/", UnescapeXML(remark.clip));
-        return text.empty() ? std::string(remark.path) : text;
-    }
-    AppendPart(text, ", ", UnescapeXML(remark.sequence));
-    AppendPart(text, ", ", TrackText(remark));
-    if (remark.span.IsKnown())
-        AppendPart(text, ", ", remark.span.Timecode(remark.span.start));
-    AppendPart(text, ", ", UnescapeXML(remark.clip));
+    AppendPlaceText(remark, text);
     return text;
+}
+
+void AppendPlaceText(const Remark& remark, std::string& text)
+{
+    if (remark.sequence.empty()) {
+        PlaceParts parts("/", text);
+        parts.Append(remark.bin);
+        parts.Append(remark.clip);
+        if (parts.IsEmpty())
+            text.append(remark.path);
+        return;
+    }
+    PlaceParts parts(", ", text);
+    parts.Append(remark.sequence);
+    parts.Append(TrackText(remark));
+    if (remark.span.IsKnown())
+        parts.Append(remark.span.Timecode(remark.span.start));
+    parts.Append(remark.clip);
 }
 
 std::vector<RemarkGroup> GroupRemarks(const std::vector<Remark>& remarks)
@@ -144,14 +173,19 @@ std::vector<RemarkGroup> GroupRemarks(const std::vector<Remark>& remarks)
     std::vector<RemarkGroup> groups;
     std::unordered_map<GroupKey, std::size_t, GroupKeyHash> indices;
     RemarkTexts texts;
+    std::optional<GroupKey> before; // neighbours are mostly of one group
+    std::size_t index = 0;
     for (const Remark& remark : remarks) {
-        const auto [entry, isNew] = indices.try_emplace(GroupKey(remark), groups.size());
-        if (isNew)
-            groups.push_back(
-                {&RowOf(remark.kind), texts.Reason(remark), texts.Remedy(remark), {}, 0});
-        RemarkGroup& group = groups[entry->second];
-        group.remarks.push_back(&remark);
-        group.count += remark.count;
+        if (const GroupKey key(remark); before != key) {
+            const auto [entry, isNew] = indices.try_emplace(key, groups.size());
+            if (isNew)
+                groups.push_back(
+                    {&RowOf(remark.kind), texts.Reason(remark), texts.Remedy(remark), {}, 0});
+            index = entry->second;
+            before = key;
+        }
+        groups[index].remarks.push_back(&remark);
+        groups[index].count += remark.count;
     }
     std::ranges::stable_sort(groups, IsWorse);
     return groups;

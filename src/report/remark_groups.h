@@ -34,6 +34,7 @@ std::string ReasonText(const Remark& remark);
 std::string TrackText(const Remark& remark);
 // "Cut 1, V1, 01:00:00:00, A001", or "Day 1/Sound/A001" for a clip of a bin, or a path of elements.
 std::string PlaceText(const Remark& remark);
+void AppendPlaceText(const Remark& remark, std::string& text);
 
 // Remarks of one kind with the same reason.
 struct RemarkGroup {
