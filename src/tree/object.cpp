@@ -239,26 +239,19 @@ std::string_view Document::Adopt(std::string&& bytes)
     return adopted_.front();
 }
 
-bool NodeSet::Insert(ConstHandle node)
+// Grows by half on either side, so that falling identities cost no more than rising ones.
+void NodeSet::Widen(std::uint64_t word)
 {
-    const std::uint64_t id = node.UniqueId();
-    const std::uint64_t word = id / 64;
     if (words_.empty())
         firstWord_ = word;
-    // Grows by half on either side, so that falling identities cost no more than rising ones.
     if (word < firstWord_) {
         const std::uint64_t first =
             firstWord_ - std::min(firstWord_, firstWord_ - word + words_.size() / 2);
         words_.insert(words_.begin(), firstWord_ - first, 0);
         firstWord_ = first;
-    }
-    if (word - firstWord_ >= words_.size())
+    } else {
         words_.resize((word - firstWord_) + (word - firstWord_) / 2 + 1);
-    std::uint64_t& bits = words_[word - firstWord_];
-    const std::uint64_t bit = std::uint64_t{1} << id % 64;
-    const bool isNew = (bits & bit) == 0;
-    bits |= bit;
-    return isNew;
+    }
 }
 
 bool NodeSet::Contains(ConstHandle node) const

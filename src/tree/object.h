@@ -320,11 +320,23 @@ inline void MarkRead(const Object* owner, const Property* property)
 class NodeSet {
 public:
     // True when the node was not in the set yet.
-    bool Insert(ConstHandle node);
+    bool Insert(ConstHandle node)
+    {
+        const std::uint64_t word = node.UniqueId() / 64;
+        if (word - firstWord_ >= words_.size()) // also when it is before the first
+            Widen(word);
+        std::uint64_t& bits = words_[word - firstWord_];
+        const std::uint64_t bit = std::uint64_t{1} << node.UniqueId() % 64;
+        const bool isNew = (bits & bit) == 0;
+        bits |= bit;
+        return isNew;
+    }
     bool Contains(ConstHandle node) const;
     void Clear() { words_.clear(); }
 
 private:
+    void Widen(std::uint64_t word);
+
     std::uint64_t firstWord_ = 0;
     std::vector<std::uint64_t> words_;
 };
