@@ -23,14 +23,14 @@ TranslationIssue IssueAt(const ItemLocation& location)
 
 Remark& AddRemark(Account& account, const Remark& remark)
 {
+    static const Remark kNone;
     Remark& added = account.remarks.emplace_back(remark);
-    const Remark* const before = account.remarks.size() > 1 ? &added - 1 : nullptr;
     // Neighbours have much in common, as the sequence.
+    const Remark& before = account.remarks.size() > 1 ? *(&added - 1) : kNone;
     for (std::string_view Remark::*const text :
          {&Remark::sequence, &Remark::clip, &Remark::bin, &Remark::subject, &Remark::subjectId,
           &Remark::detail, &Remark::path})
-        added.*text = before && before->*text == added.*text ? before->*text
-                                                             : account.texts.Keep(added.*text);
+        added.*text = before.*text == added.*text ? before.*text : account.texts.Keep(added.*text);
     return added;
 }
 

@@ -90,8 +90,9 @@ bool HasContent(ConstHandle file)
 {
     if (file.HasChildren())
         return true;
+    const ValuesByName<ValueKind>& kinds = ValueKinds();
     for (const Property& property : file.Properties())
-        if (property.NameView() != "id")
+        if (kinds[property.name] != ValueKind::Id)
             return true;
     return false;
 }
@@ -270,8 +271,9 @@ TreeParts FindParts(ObjectHandle root)
 
 bool StatesFormat(ConstHandle node)
 {
+    const ValuesByName<ValueKind>& kinds = ValueKinds();
     for (const Property& property : node.Properties())
-        if (property.valueSize > 0 && ValueKinds()[property.name] == ValueKind::Format)
+        if (property.valueSize > 0 && kinds[property.name] == ValueKind::Format)
             return true;
     return false;
 }

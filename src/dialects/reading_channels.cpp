@@ -91,11 +91,13 @@ void CountChannelsOfItems(ObjectHandle media, std::int64_t channels)
 
 bool IsStereoFile(ConstHandle file)
 {
-    const ConstHandle media = file.GetChild("media");
     int count = 0;
-    for ([[maybe_unused]] const ConstHandle& audio : media.GetChildren("audio"))
+    std::int64_t channels = 0;
+    for (const ConstHandle& audio : file.GetChild("media").GetChildren("audio")) {
+        channels = Int64Property(audio, "channelcount");
         ++count;
-    return count == 1 && Int64Property(media.GetChild("audio"), "channelcount") == 2;
+    }
+    return count == 1 && channels == 2;
 }
 
 bool IsAudioOfFile(const ItemPart& part)

@@ -403,8 +403,10 @@ bool GetAttribute(std::string_view attributes, std::string_view name, std::strin
 bool GetXmlAttribute(std::string_view attributes, std::string_view name, std::string_view& value)
 {
     while (true) {
-        const std::size_t equals = attributes.find('=');
-        if (equals == attributes.npos)
+        std::size_t equals = 0; // names are short: a search would cost more than it saves
+        while (equals < attributes.size() && attributes[equals] != '=')
+            ++equals;
+        if (equals == attributes.size())
             return false;
         const std::string_view key = Trimmed(attributes.substr(0, equals));
         std::size_t open = equals + 1;
