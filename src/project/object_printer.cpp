@@ -1,5 +1,6 @@
 #include "project/object_printer.h"
 
+#include "core/channel_types.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "tree/node_dump.h"
@@ -57,22 +58,9 @@ std::string_view MarkerType(std::string_view type)
 // Layout of an audio clip that states only its channel type.
 std::string AudioLayoutOf(ObjectHandle clip)
 {
-    constexpr int kStereo = 1;
-    constexpr int kSurround = 2;
     constexpr int kMostChannels = 1024;
-    std::string layout = R"({"SerializerWrappedObject":[)";
-    const int type = IntProperty(clip, "ChannelType");
-    const int count = std::clamp(IntProperty(clip, "NumChannels"), 1, kMostChannels);
-    if (type == kStereo || (type != kSurround && count == 2)) {
-        layout += R"({"channellabel":100},{"channellabel":101})";
-    } else if (type == kSurround) {
-        layout += R"({"channellabel":100},{"channellabel":101},{"channellabel":104},)"
-                  R"({"channellabel":105},{"channellabel":102},{"channellabel":103})";
-    } else {
-        for (int i = 0; i < count; ++i)
-            layout += i == 0 ? R"({"channellabel":0})" : R"(,{"channellabel":0})";
-    }
-    return layout + "]}";
+    const int channels = std::clamp(IntProperty(clip, "NumChannels"), 1, kMostChannels);
+    return ChannelLayoutText(ChannelTypeOf(IntProperty(clip, "ChannelType")).type, channels);
 }
 
 } // namespace
