@@ -158,7 +158,7 @@ void ObjectHandle::AddChild(Name name, ObjectHandle child) const
         return;
     const NameId entryName = name.IsEmpty() ? child.object_->name : NameId(name);
     ChildEntry* const entry =
-        new (object_->document->nodes_.Allocate(sizeof(ChildEntry), alignof(ChildEntry)))
+        new (object_->document->entries_.Allocate(sizeof(ChildEntry), alignof(ChildEntry)))
             ChildEntry{nullptr, child.object_, entryName};
     if (object_->lastChild)
         object_->lastChild->next = entry;

@@ -290,14 +290,19 @@ public:
     void MarkReads() { marksReads_ = true; }
     bool MarksReads() const { return marksReads_; }
     // Frees the nodes, which nobody may use any more; texts stay.
-    void FreeNodes() { nodes_.Clear(); }
+    void FreeNodes()
+    {
+        nodes_.Clear();
+        entries_.Clear();
+    }
     // The document keeps `bytes` (a file's text, into which values point) to its end.
     std::string_view Adopt(std::string&& bytes);
 
 private:
     friend class ObjectHandle;
 
-    Arena nodes_;
+    Arena nodes_;   // with their properties
+    Arena entries_; // apart, so that a search among children reads neighbours
     Arena texts_;
     std::forward_list<std::string> adopted_; // a list node each: short texts don't move
     std::size_t nodeCount_ = 0;
