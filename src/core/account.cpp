@@ -24,9 +24,9 @@ TranslationIssue IssueAt(const ItemLocation& location)
 Remark& AddRemark(Account& account, const Remark& remark)
 {
     static const Remark kNone;
-    Remark& added = account.remarks.emplace_back(remark);
     // Neighbours have much in common, as the sequence.
-    const Remark& before = account.remarks.size() > 1 ? *(&added - 1) : kNone;
+    const Remark& before = account.remarks.empty() ? kNone : account.remarks.back();
+    Remark& added = account.remarks.emplace_back(remark);
     for (std::string_view Remark::*const text :
          {&Remark::sequence, &Remark::clip, &Remark::bin, &Remark::subject, &Remark::subjectId,
           &Remark::detail, &Remark::path})

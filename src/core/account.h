@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -71,6 +72,9 @@ struct Remark {
     bool isIssue = false; // the host's report lists it
 };
 
+// A document of a feature film may have as many remarks as items, so none is moved for the next.
+using RemarkList = std::deque<Remark>;
+
 // The identities of the nodes of a sequence in both documents.
 struct TranslatedSequence {
     std::uint64_t source = 0;
@@ -79,7 +83,7 @@ struct TranslatedSequence {
 
 struct Account {
     IssueSet issues;
-    std::vector<Remark> remarks;
+    RemarkList remarks;
     std::vector<TranslatedSequence> sequences = {};
     TextStore texts = {}; // of the remarks
 };

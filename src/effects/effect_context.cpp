@@ -23,7 +23,7 @@ double Ratio(int clip, int sequence)
 // The remark of the issue; null if it is there already.
 Remark* Enter(const EffectContext& context, Direction direction, int kind, std::string_view subject)
 {
-    std::vector<Remark>& remarks = context.account.remarks;
+    RemarkList& remarks = context.account.remarks;
     const std::size_t before = remarks.size();
     TranslationIssue issue = IssueAt(context.location);
     if (context.time)

@@ -153,7 +153,6 @@ private:
 
     void AddAssumptions(const AssumptionList& assumptions)
     {
-        outcome_.account.remarks.reserve(outcome_.account.remarks.size() + assumptions.size());
         for (const Assumption& assumption : assumptions)
             AddRemark(outcome_.account, RemarkKind::DialectAssumed, {.clip = assumption.subject},
                       {.name = assumption.rule->name, .detail = assumption.rule->does});

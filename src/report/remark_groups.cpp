@@ -168,7 +168,7 @@ void AppendPlaceText(const Remark& remark, std::string& text)
     parts.Append(remark.clip);
 }
 
-std::vector<RemarkGroup> GroupRemarks(const std::vector<Remark>& remarks)
+std::vector<RemarkGroup> GroupRemarks(const RemarkList& remarks)
 {
     std::vector<RemarkGroup> groups;
     std::unordered_map<GroupKey, std::size_t, GroupKeyHash> indices;

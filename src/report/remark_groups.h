@@ -46,7 +46,7 @@ struct RemarkGroup {
 };
 
 // Worst first: by severity, by outcome, then the largest.
-std::vector<RemarkGroup> GroupRemarks(const std::vector<Remark>& remarks);
+std::vector<RemarkGroup> GroupRemarks(const RemarkList& remarks);
 
 // Three lines a group: outcome, count and reason; the first places; the remedy. What exceeds
 // `groups` is summed up in a last line.

@@ -115,7 +115,7 @@ std::string MakeUniqueFileName(const std::string& base, std::string_view extensi
 
 std::string RemarkReportText(const Account& account)
 {
-    std::vector<Remark> others;
+    RemarkList others;
     std::ranges::copy_if(account.remarks, std::back_inserter(others),
                          [](const Remark& remark) { return !remark.isIssue; });
     const std::vector<RemarkGroup> groups = GroupRemarks(others);
