@@ -165,6 +165,7 @@ private:
                                     .aafSupport = request_.aafSupport,
                                     .settings = SettingsOfTranslation()};
         sourceDocument_.MarkReads();
+        translatedDocument_.Expect(sourceDocument_.Expected());
         const int result = ImportDocument(source_, options, progress_, translatedDocument_,
                                           outcome_.account, translated_);
         if (result == kSuccess)
@@ -191,6 +192,7 @@ private:
                                          .exportTransformEffect = settings_.exportTransform,
                                          .settings = SettingsOfTranslation()};
         sourceDocument_.MarkReads();
+        translatedDocument_.Expect(sourceDocument_.Expected());
         const int result = RVX::TranslateProjectDocument(
             source_, options, progress_, translatedDocument_, outcome_.account, translated_);
         if (result == kSuccess && chosenGuid_ == kZeroGuid)

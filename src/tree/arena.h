@@ -39,6 +39,9 @@ public:
         return true;
     }
 
+    // Much will be needed: memory comes in large blocks from the start.
+    void ExpectMuch() { blockSize_ = kLargestBlock; }
+
     // Frees all pieces.
     void Clear()
     {

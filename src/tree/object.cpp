@@ -218,6 +218,15 @@ ObjectHandle Document::NewObject(Name name, std::initializer_list<NewProperty> p
     return node;
 }
 
+void Document::Expect(std::size_t bytes)
+{
+    constexpr std::size_t kMuch = 4 * kLargeBlock;
+    expected_ = bytes;
+    if (bytes >= kMuch)
+        for (Arena* const arena : {&nodes_, &entries_, &texts_})
+            arena->ExpectMuch();
+}
+
 std::string_view Document::StoreNumber(std::int64_t number)
 {
     const fmt::format_int digits(number);

@@ -273,6 +273,9 @@ public:
     // With properties, no two of one key: none is looked up, as those that are set later are.
     //   document.NewObject("Marker", {{"Type", "Comment"}, {"Duration", document.StoreNumber(5)}})
     ObjectHandle NewObject(Name name, std::initializer_list<NewProperty> properties);
+    // The tree will be about that of a text of `bytes`.
+    void Expect(std::size_t bytes);
+    std::size_t Expected() const { return expected_; }
     // How many nodes were made.
     std::size_t NodeCount() const { return nodeCount_; }
     // A copy of `text` that lives as long as the document.
@@ -305,6 +308,7 @@ private:
     Arena entries_; // apart, so that a search among children reads neighbours
     Arena texts_;
     std::forward_list<std::string> adopted_; // a list node each: short texts don't move
+    std::size_t expected_ = 0;
     std::size_t nodeCount_ = 0;
     bool marksReads_ = false;
 };

@@ -41,6 +41,7 @@ TreeReader::TreeReader(const ReadingTable& table, std::string_view input, Docume
     : table_(table), findAttribute_(findAttribute), input_(input), document_(document),
       tokens_(input, document, stage), ids_(document)
 {
+    document.Expect(input.size());
     open_.reserve(64);
     const Rule& root = table.Root();
     open_.push_back({&root, document.NewObject(root.tag), {}, {}});
