@@ -16,8 +16,8 @@ namespace XPJ {
 
 namespace {
 
-constexpr std::string_view kNumberType = "IDObject";
-constexpr std::string_view kGuidType = "UIDObject";
+constexpr Name kNumberType = "IDObject";
+constexpr Name kGuidType = "UIDObject";
 constexpr Name kBlob = "StartKeyframeValue";
 
 class ProjectReader final : public TreeReader {

@@ -12,12 +12,11 @@ namespace {
 
 // For the developers of the programs that write such documents. The dumps list the first entries
 // of large nodes only.
-void ReportDuplicate(std::string_view type, std::string_view id, ObjectHandle before,
-                     ObjectHandle added)
+void ReportDuplicate(Name type, std::string_view id, ObjectHandle before, ObjectHandle added)
 {
     std::cout << "Found an unexpected existing child. Was the child defined as an object but was "
                  "actually an item?\n"
-              << " ChildID: " << id << " Child type: " << type << "\n"
+              << " ChildID: " << id << " Child type: " << type.View() << "\n"
               << "Previous child class: " << before.GetName().View() << " ID: " << before.UniqueId()
               << "\n"
               << "     New Child class: " << added.GetName().View() << " ID: " << added.UniqueId()
@@ -53,15 +52,22 @@ std::string WithTrailingNumber(std::string_view id, std::string_view number)
 
 } // namespace
 
-void IdTable::Add(std::string_view type, std::string_view id, ObjectHandle node)
+IdTable::IdTable(Document& document) : document_(document)
 {
-    const auto [known, isNew] = nodes_.try_emplace({type, id}, node);
+    constexpr float kMostFull = 0.8F; // the nodes of a large document fit no cache
+    nodes_.max_load_factor(kMostFull);
+}
+
+void IdTable::Add(Name type, std::string_view id, ObjectHandle node)
+{
+    const Key key{id, NameId(type)};
+    const auto [known, isNew] = nodes_.try_emplace(key, node);
     if (known->second == node)
         return;
     ReportDuplicate(type, id, known->second, node);
-    const std::string_view newId = document_.Store(FreeId({type, id}));
+    const std::string_view newId = document_.Store(FreeId(key));
     node.SetPropertyShared("id", newId);
-    nodes_.try_emplace({type, newId}, node);
+    nodes_.try_emplace({newId, key.type}, node);
 }
 
 // Ids stay taken, so a search that continues from the last number finds what one from 1 would.
@@ -72,14 +78,13 @@ std::string IdTable::FreeId(const Key& taken)
     do {
         ++number;
         id = WithTrailingNumber(id, IntToString(number));
-    } while (nodes_.contains({taken.type, id}));
+    } while (nodes_.contains({id, taken.type}));
     return id;
 }
 
-void IdTable::AddReference(std::string_view type, std::string_view id, ObjectHandle referrer,
-                           Name childName)
+void IdTable::AddReference(Name type, std::string_view id, ObjectHandle referrer, Name childName)
 {
-    references_.push_back({{type, id}, referrer, childName});
+    references_.push_back({{id, NameId(type)}, referrer, NameId(childName)});
 }
 
 void IdTable::BindReferences()
@@ -87,7 +92,7 @@ void IdTable::BindReferences()
     for (const Reference& reference : references_) {
         const auto target = nodes_.find(reference.target);
         if (target != nodes_.end())
-            reference.referrer.AddChild(reference.childName, target->second);
+            reference.referrer.AddChild(reference.childName.AsName(), target->second);
     }
     references_.clear();
 }

@@ -11,22 +11,21 @@
 
 namespace XPJ {
 
-// Types and ids must live as long as the table.
+// Ids must live as long as the table.
 class IdTable {
 public:
-    explicit IdTable(Document& document) : document_(document) {}
+    explicit IdTable(Document& document);
 
-    bool Contains(std::string_view type, std::string_view id) const
+    bool Contains(Name type, std::string_view id) const
     {
-        return nodes_.contains({type, id});
+        return nodes_.contains({id, NameId(type)});
     }
 
     // A node whose key is taken by another one is given a new id, "x_1" for a second "x", also as
     // its property "id", and both nodes are described on the standard output.
-    void Add(std::string_view type, std::string_view id, ObjectHandle node);
+    void Add(Name type, std::string_view id, ObjectHandle node);
 
-    void AddReference(std::string_view type, std::string_view id, ObjectHandle referrer,
-                      Name childName);
+    void AddReference(Name type, std::string_view id, ObjectHandle referrer, Name childName);
 
     // Adds each reference's target to its referrer, in the order in which they were recorded; a
     // reference without target leaves nothing.
@@ -34,21 +33,21 @@ public:
 
 private:
     struct Key {
-        std::string_view type;
         std::string_view id;
+        NameId type;
         bool operator==(const Key&) const = default;
     };
     struct KeyHash {
         std::size_t operator()(const Key& key) const
         {
             // Few nodes of different types share an id.
-            return std::hash<std::string_view>()(key.id) + key.type.size();
+            return std::hash<std::string_view>()(key.id) + key.type.Index();
         }
     };
     struct Reference {
         Key target;
         ObjectHandle referrer;
-        Name childName;
+        NameId childName;
     };
 
     std::string FreeId(const Key& taken);

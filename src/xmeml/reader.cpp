@@ -102,7 +102,7 @@ private:
     void Refer(ObjectHandle node, Name property, Name tag, std::string_view id)
     {
         node.SetProperty(property, id);
-        Ids().AddReference(tag.View(), id, node, tag);
+        Ids().AddReference(tag, id, node, tag);
     }
 
     void TakeEnd(const Element& current, std::string_view tag) override
@@ -110,13 +110,13 @@ private:
         const Definition* const definition = referables_[current.rule->index].definition;
         if (!definition || !EqualsIgnoreCase(tag, current.rule->tag.View()))
             return;
-        Define(*definition, current.rule->tag.View(), current.node);
+        Define(*definition, current.rule->tag, current.node);
         // So a file's rate is always its own child.
         if (current.rule->name == "file" && !current.node.HasChild("rate"))
             current.node.AddChild("rate", current.node.GetChild("timecode").GetChild("rate"));
     }
 
-    void Define(const Definition& definition, std::string_view tag, ObjectHandle node)
+    void Define(const Definition& definition, Name tag, ObjectHandle node)
     {
         if (!node.HasChildren())
             return;
@@ -124,7 +124,8 @@ private:
         if (id.empty()) {
             if (definition.noId == Definition::NotEntered)
                 return;
-            id = document_.Store(std::string(tag) + "-" + IntToString(++*definition.lastNumber));
+            id = document_.Store(std::string(tag.View()) + "-" +
+                                 IntToString(++*definition.lastNumber));
             if (definition.noId == Definition::GivenNumber)
                 node.SetPropertyShared("id", id);
         }
