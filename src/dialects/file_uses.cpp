@@ -62,9 +62,10 @@ private:
         }
         (part.type == MediaType::Video ? uses.onVideo : uses.onAudio) = true;
         if (!uses.hasMedia)
-            uses.lastFrame = std::max(uses.lastFrame, ParseInt64(part.out));
+            uses.lastFrame = std::max(uses.lastFrame, Int64Property(part.item, "out"));
         if (part.type == MediaType::Audio)
-            uses.channels = std::max({uses.channels, part.channelCount, part.sourceTrack});
+            uses.channels =
+                std::max<std::int64_t>({uses.channels, part.channelCount, part.sourceTrack});
         return index;
     }
 

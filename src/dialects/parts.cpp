@@ -61,7 +61,7 @@ const ValuesByName<Kind>& Kinds()
 }
 
 // What a value of an item is to the walk.
-enum class ValueKind : std::uint8_t { Other, Id, Time, Out, Format, Still, ChannelType, Channels };
+enum class ValueKind : std::uint8_t { Other, Id, Time, Format, Still, ChannelType, Channels };
 
 constexpr ValuesByName<ValueKind>::Row kValueRows[] = {
     {"anamorphic", ValueKind::Format},
@@ -71,7 +71,7 @@ constexpr ValuesByName<ValueKind>::Row kValueRows[] = {
     {"height", ValueKind::Format},
     {"id", ValueKind::Id},
     {"in", ValueKind::Time},
-    {"out", ValueKind::Out},
+    {"out", ValueKind::Time},
     {"pixelaspectratio", ValueKind::Format},
     {"start", ValueKind::Time},
     {"stillframeoffset", ValueKind::Still},
@@ -189,9 +189,6 @@ private:
         case ValueKind::Id:
             part.id = value;
             break;
-        case ValueKind::Out:
-            part.out = value;
-            [[fallthrough]];
         case ValueKind::Time:
             part.statesTimes = true;
             break;
@@ -205,7 +202,7 @@ private:
             part.statesChannelType = true;
             break;
         case ValueKind::Channels:
-            part.channelCount = ParseInt64(value);
+            part.channelCount = ParseInt(value);
             break;
         case ValueKind::Other:
             break;
@@ -248,7 +245,7 @@ private:
         } else if (kind == Kind::Sequence) {
             part.hasSequence = true;
         } else if (kind == Kind::SourceTrack && part.sourceTrack == 0) {
-            part.sourceTrack = Int64Property(child, "trackindex");
+            part.sourceTrack = IntProperty(child, "trackindex");
         } else if (kind == Kind::File && !part.file) {
             part.file = child;
             part.fileId = child.GetProperty("id");

@@ -24,11 +24,10 @@ struct ItemPart {
     ItemKind kind = ItemKind::Clip;
 
     std::string_view id = {};
-    std::string_view out = {};
     ObjectHandle file = {}; // the first of its own; null without one
     std::string_view fileId = {};
-    std::int64_t sourceTrack = 0; // the channel of the file that it names, from 1
-    std::int64_t channelCount = 0;
+    int sourceTrack = 0; // the channel of the file that it names, from 1
+    int channelCount = 0;
 
     bool hasChildren = false;
     bool hasFilters = false;
