@@ -93,7 +93,7 @@ void ObjectList::Collect(ObjectHandle document)
         if (const ChildEntry* const entry = visit.next) {
             visit.next = entry->next;
             if (visit.next)
-                __builtin_prefetch(visit.next->object); // it is needed after the tree below
+                PrefetchBefore(visit.next->object); // it is needed after the tree below
             if (entry->name == foreign)
                 continue;
             if (const auto inner = Enter(ObjectHandle(entry->object)))

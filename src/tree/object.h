@@ -112,6 +112,24 @@ struct Object {
     NameId name;
 };
 
+// Have the processor load a node and what lies behind or before it while others are used: a large
+// tree fits no cache. In a tree that was read, what is in a node lies behind it; translations make
+// what is in a node first.
+constexpr int kPrefetched = 512; // bytes
+constexpr int kCacheLine = 64;
+
+inline void PrefetchBehind(const Object* node)
+{
+    for (int offset = 0; offset < kPrefetched; offset += kCacheLine)
+        __builtin_prefetch(reinterpret_cast<const char*>(node) + offset);
+}
+
+inline void PrefetchBefore(const Object* node)
+{
+    for (int offset = 0; offset < kPrefetched; offset += kCacheLine)
+        __builtin_prefetch(reinterpret_cast<const char*>(node) - offset);
+}
+
 // Records that someone has looked the node up by its name, or the property, if the document is to
 // record it.
 void MarkRead(const Object* object);
@@ -141,6 +159,8 @@ public:
         {
             entry_ = entry_->next;
             Skip();
+            if (entry_ && entry_->next)
+                PrefetchBehind(entry_->next->object);
             return *this;
         }
         bool operator!=(const Iterator& other) const { return entry_ != other.entry_; }
