@@ -22,6 +22,8 @@ inline const ChildEntry* FirstEntry(ObjectHandle node)
 // The first child entered under the name; null if there is none.
 inline ObjectHandle FirstChild(ObjectHandle node, NameId name)
 {
+    if (!MayHave(FirstEntry(node), name))
+        return {};
     for (const ChildEntry* entry = FirstEntry(node); entry; entry = entry->next)
         if (entry->name == name)
             return ObjectHandle(entry->object);
@@ -32,6 +34,8 @@ inline ObjectHandle FirstChild(ObjectHandle node, NameId name)
 template <class Use>
 void ForEachChild(ObjectHandle node, NameId name, Use use)
 {
+    if (!MayHave(FirstEntry(node), name))
+        return;
     for (const ChildEntry* entry = FirstEntry(node); entry; entry = entry->next)
         if (entry->name == name)
             use(ObjectHandle(entry->object));

@@ -144,6 +144,8 @@ void ObjectHandle::RemoveProperty(Name key) const
 Object* ConstHandle::FindChild(Name name) const
 {
     const NameId id(name);
+    if (!MayHave(FirstEntry(), id))
+        return nullptr;
     for (const ChildEntry* entry = FirstEntry(); entry; entry = entry->next)
         if (entry->name == id) {
             MarkRead(entry->object);
@@ -159,12 +161,13 @@ void ObjectHandle::AddChild(Name name, ObjectHandle child) const
     const NameId entryName = name.IsEmpty() ? child.object_->name : NameId(name);
     ChildEntry* const entry =
         new (object_->document->entries_.Allocate(sizeof(ChildEntry), alignof(ChildEntry)))
-            ChildEntry{nullptr, child.object_, entryName};
+            ChildEntry{nullptr, child.object_, entryName, 0};
     if (object_->lastChild)
         object_->lastChild->next = entry;
     else
         object_->firstChild = entry;
     object_->lastChild = entry;
+    object_->firstChild->namesOfAll |= BitOf(entryName);
 }
 
 bool ObjectHandle::RemoveChild(ConstHandle child) const
@@ -174,6 +177,8 @@ bool ObjectHandle::RemoveChild(ConstHandle child) const
     ChildEntry* previous = nullptr;
     for (ChildEntry* entry = object_->firstChild; entry; entry = entry->next) {
         if (ConstHandle(entry->object) == child) {
+            if (!previous && entry->next)
+                entry->next->namesOfAll = entry->namesOfAll;
             (previous ? previous->next : object_->firstChild) = entry->next;
             if (object_->lastChild == entry)
                 object_->lastChild = previous;

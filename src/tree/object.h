@@ -100,7 +100,20 @@ struct ChildEntry {
     ChildEntry* next;
     Object* object;
     NameId name;
+    std::uint32_t namesOfAll; // of the first entry: the bits of the names of all, see MayHave
 };
+
+constexpr std::uint32_t BitOf(NameId name)
+{
+    return std::uint32_t{1} << name.Index() % 32;
+}
+
+// False if no entry from the node's first one on has the name. Most that is searched for is not
+// there, and entries needn't be looked at to know it.
+inline bool MayHave(const ChildEntry* first, NameId name)
+{
+    return first && (first->namesOfAll & BitOf(name)) != 0;
+}
 
 struct Object {
     Document* document;
@@ -176,7 +189,10 @@ public:
     };
 
     explicit BasicChildRange(ChildEntry* first) : first_(first) {}
-    BasicChildRange(ChildEntry* first, Name name) : first_(first), filter_(NameId(name)) {}
+    BasicChildRange(ChildEntry* first, Name name)
+        : first_(MayHave(first, NameId(name)) ? first : nullptr), filter_(NameId(name))
+    {
+    }
     Iterator begin() const { return {first_, filter_}; }
     Iterator end() const { return {nullptr, std::nullopt}; }
 
