@@ -9,8 +9,6 @@ namespace XPJ {
 
 namespace {
 
-constexpr std::size_t kLargePage = std::size_t{2} * 1024 * 1024;
-
 char* AllocateLarge(std::size_t size)
 {
     if (size > std::numeric_limits<std::size_t>::max() - kLargePage)
