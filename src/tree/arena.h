@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/memory_block.h"
+#include "platform/pages_ahead.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -12,7 +13,8 @@ namespace XPJ {
 
 class Arena {
 public:
-    Arena() = default;
+    // `ahead`: prepares the memory of one that gets much, as far as a page ahead; null for none.
+    explicit Arena(PagesAhead* ahead = nullptr) : ahead_(ahead) {}
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;
 
@@ -21,7 +23,7 @@ public:
     {
         const std::size_t padding = -reinterpret_cast<std::uintptr_t>(next_) & (alignment - 1);
         if (padding > left_ || size > left_ - padding)
-            return AllocateBlock(size);
+            return AllocateMore(size, alignment);
         char* const piece = next_ + padding;
         next_ = piece + size;
         left_ -= padding + size;
@@ -40,35 +42,58 @@ public:
     }
 
     // Much will be needed: memory comes in large blocks from the start.
-    void ExpectMuch() { blockSize_ = kLargestBlock; }
+    void ExpectMuch() { blockSize_ = std::max(blockSize_, kLargeBlock); }
 
     // Frees all pieces.
     void Clear()
     {
+        if (ahead_)
+            ahead_->Forget();
         blocks_.clear();
         next_ = nullptr;
-        left_ = 0;
+        left_ = closed_ = 0;
     }
 
 private:
     static constexpr std::size_t kFirstBlock = std::size_t{64} * 1024;
-    static constexpr std::size_t kLargestBlock = kLargeBlock;
+    static constexpr std::size_t kLargestBlock = 4 * kLargeBlock;
 
     // A large piece has a block of its own, and what is left of the current one stays in use.
-    void* AllocateBlock(std::size_t size)
+    void* AllocateMore(std::size_t size, std::size_t alignment)
     {
         if (size > blockSize_ / 4)
             return NewBlock(size);
+        if (closed_ == 0)
+            StartBlock();
+        if (closed_ > 0)
+            OpenPage();
+        return Allocate(size, alignment);
+    }
+
+    void StartBlock()
+    {
         next_ = NewBlock(blockSize_);
-        left_ = blockSize_;
+        const bool opensPages = ahead_ && blockSize_ >= kLargeBlock;
+        (opensPages ? closed_ : left_) = blockSize_;
+        (opensPages ? left_ : closed_) = 0;
         blockSize_ = std::min(2 * blockSize_, kLargestBlock);
-        return Allocate(size, 1); // a block is aligned for every type
+    }
+
+    // The next page is prepared while this one fills.
+    void OpenPage()
+    {
+        left_ += kLargePage;
+        closed_ -= kLargePage;
+        if (closed_ > 0)
+            ahead_->Prepare(next_ + left_, kLargePage);
     }
 
     char* NewBlock(std::size_t size) { return blocks_.emplace_back(MakeBlock(size)).get(); }
 
+    PagesAhead* ahead_;
     char* next_ = nullptr;
     std::size_t left_ = 0;
+    std::size_t closed_ = 0; // the pages of the current block behind what is left
     std::size_t blockSize_ = kFirstBlock;
     std::vector<MemoryBlock> blocks_;
 };

@@ -1,5 +1,7 @@
 #include "tree/input.h"
 
+#include "platform/pages_ahead.h"
+
 #include <algorithm>
 #include <istream>
 
@@ -51,6 +53,12 @@ bool InputText::Read(CoreFile& file, const BlockStep& step)
         return true;
     }
     buffer_ = MakeBlock(size);
+    PagesAhead ahead;
+    if (size >= kLargeBlock) {
+        // This thread comes to the second half when it has used the first.
+        const std::size_t half = size / 2 / kLargePage * kLargePage;
+        ahead.Prepare(buffer_.get() + half, size - half);
+    }
     if (!ReadSized(file, buffer_.get(), size, step))
         return false;
     bytes_ = {buffer_.get(), size};

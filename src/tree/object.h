@@ -340,13 +340,14 @@ public:
 private:
     friend class ObjectHandle;
 
-    Arena nodes_;   // with their properties
-    Arena entries_; // apart, so that a search among children reads neighbours
+    Arena nodes_{&ahead_}; // with their properties
+    Arena entries_;        // apart, so that a search among children reads neighbours
     Arena texts_;
     std::forward_list<std::string> adopted_; // a list node each: short texts don't move
     std::size_t expected_ = 0;
     std::size_t nodeCount_ = 0;
     bool marksReads_ = false;
+    PagesAhead ahead_; // ends before the memory that it prepares is freed
 };
 
 inline void MarkRead(const Object* object)
