@@ -3,20 +3,41 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 #include <type_traits>
 
 namespace XPJ {
 
-// Most names that differ do so by their length or their first letter, most that are equal are one
-// literal. `a` and `b` may be empty; neither is looked at beyond its length.
+// The first and the last bytes of both, which are all of up to twice as many.
+template <class Bytes>
+bool AreEndsEqual(const char* a, const char* b, std::size_t size)
+{
+    const auto load = [](const char* from) {
+        Bytes bytes;
+        std::memcpy(&bytes, from, sizeof bytes);
+        return bytes;
+    };
+    const std::size_t last = size - sizeof(Bytes);
+    return load(a) == load(b) && load(a + last) == load(b + last);
+}
+
+// Most names have at most 16 letters, which are compared without a call; most that are equal are
+// one literal. `a` and `b` may be empty; neither is looked at beyond its length.
 constexpr bool IsSameName(std::string_view a, std::string_view b)
 {
-    if (a.size() != b.size())
+    const std::size_t size = a.size();
+    if (size != b.size())
         return false;
-    if (!std::is_constant_evaluated() && a.data() == b.data())
+    if (std::is_constant_evaluated())
+        return a == b;
+    if (a.data() == b.data() || size == 0)
         return true;
-    return a.empty() || (a.front() == b.front() && a == b);
+    if (size >= 8)
+        return size <= 16 ? AreEndsEqual<std::uint64_t>(a.data(), b.data(), size) : a == b;
+    if (size >= 4)
+        return AreEndsEqual<std::uint32_t>(a.data(), b.data(), size);
+    return a[0] == b[0] && a[size / 2] == b[size / 2] && a[size - 1] == b[size - 1];
 }
 
 // An element or property name: a string literal, or text of a table, to the process's end.

@@ -23,6 +23,21 @@ TEST(NameId, FollowsTheTextNotTheAddress)
 }
 
 // More names than slots near their addresses.
+TEST(Name, DiffersByAnyLetterAtAnyLength)
+{
+    for (std::size_t size = 0; size <= 20; ++size) {
+        const std::string name = std::string("abcdefghijklmnopqrstu").substr(0, size);
+        std::string other = name; // of another address
+        EXPECT_TRUE(IsSameName(name, other)) << size;
+        EXPECT_FALSE(IsSameName(name, other + "x")) << size;
+        for (std::size_t i = 0; i < size; ++i) {
+            other[i] = 'X';
+            EXPECT_FALSE(IsSameName(name, other)) << size << " letters, number " << i;
+            other[i] = name[i];
+        }
+    }
+}
+
 TEST(NameId, IsTheSameOnAllThreads)
 {
     constexpr std::size_t kNames = 9000;
