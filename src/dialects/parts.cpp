@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 namespace XPJ {
@@ -264,6 +265,20 @@ private:
 TreeParts FindParts(ObjectHandle root)
 {
     return Walk().Run(root);
+}
+
+NodeSet StillSequences(const TreeParts& parts)
+{
+    NodeSet stills;
+    if (std::ranges::none_of(parts.items, &ItemPart::isStill))
+        return stills;
+    std::unordered_map<std::uint64_t, int> itemCounts; // by owner
+    for (const ItemPart& part : parts.items)
+        ++itemCounts[part.owner.UniqueId()];
+    for (const ItemPart& part : parts.items)
+        if (part.isStill && itemCounts[part.owner.UniqueId()] == 1)
+            stills.Insert(part.owner);
+    return stills;
 }
 
 bool StatesFormat(ConstHandle node)

@@ -59,6 +59,9 @@ struct TreeParts {
 };
 TreeParts FindParts(ObjectHandle root);
 
+// The sequences that stand for a still: a held frame is all that they have.
+NodeSet StillSequences(const TreeParts& parts);
+
 // True where a node states size, pixels or fields of a frame.
 bool StatesFormat(ConstHandle node);
 

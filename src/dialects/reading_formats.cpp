@@ -204,8 +204,10 @@ void GatherFormats(DialectPass& pass)
 void CompleteFormats(DialectPass& pass)
 {
     Completion completion(pass);
+    const NodeSet stills = StillSequences(pass.Parts()); // nobody looks at their frame
     for (const ObjectHandle& sequence : pass.Parts().sequences)
-        completion.Complete(sequence);
+        if (!stills.Contains(sequence))
+            completion.Complete(sequence);
     for (const FileUses& uses : pass.Files().files) {
         CompleteFile(pass, uses);
         CompleteRate(uses);

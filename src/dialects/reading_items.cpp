@@ -114,15 +114,12 @@ void CompleteRepeatedItems(DialectPass& pass)
 
 void HoldFrames(DialectPass& pass)
 {
-    std::unordered_map<std::uint64_t, int> itemCounts; // by owner
-    if (std::ranges::any_of(pass.Parts().items, &ItemPart::isStill))
-        for (const ItemPart& part : pass.Parts().items)
-            ++itemCounts[part.owner.UniqueId()];
+    const NodeSet stills = StillSequences(pass.Parts());
     bool hasChanged = false;
     for (const ItemPart& part : pass.Parts().items) {
         const bool isOnTrack = part.kind == ItemKind::Clip && part.type == MediaType::Video &&
                                part.file && !part.hasSequence && part.owner.GetName() == "sequence";
-        const bool isWholeSequence = part.isStill && itemCounts[part.owner.UniqueId()] == 1;
+        const bool isWholeSequence = part.isStill && stills.Contains(part.owner);
         if (!isOnTrack || isWholeSequence || !(part.isStill || part.hasFilters))
             continue;
         const ObjectHandle item = part.item;

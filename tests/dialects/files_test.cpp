@@ -245,5 +245,33 @@ TEST_F(Rates, ThoseThatStateNothingAreReplaced)
     EXPECT_TRUE(assumptions.empty());
 }
 
+// A held frame becomes a sequence around it, which has no rate where nothing states one.
+TEST_F(Rates, OfHeldFramesAreNotGuessed)
+{
+    const auto item = [](const std::string& id, const std::string& content) {
+        return "<clipitem id=\"" + id + "\">" + In("name", id) + kTimes + content + "</clipitem>";
+    };
+    const std::string stopped =
+        In("filter",
+           In("enabled", "TRUE") +
+               In("effect", In("effectid", "timeremap") +
+                                In("parameter", In("parameterid", "speed") + In("value", "0"))));
+    const std::string file = "<file id=\"f\">" + In("name", "F") + In("duration", "10") +
+                             In("media", In("video", "")) + "</file>";
+    ObjectHandle root;
+    ASSERT_EQ(
+        ParseFCPXML(document_.Store(SequenceOf(
+                        In("video", In("track", item("a", kRate + file) +
+                                                    item("b", In("rate", In("timebase", "")) +
+                                                                  "<file id=\"f\"/>" + stopped))))),
+                    document_, root),
+        kReadDone);
+    AssumptionList assumptions;
+    RestateAsMeant(document_, root, assumptions);
+    assumptions.clear();
+    RestateAsMeant(document_, root, assumptions);
+    EXPECT_TRUE(assumptions.empty());
+}
+
 } // namespace
 } // namespace XPJ
