@@ -4,8 +4,9 @@
 
 #include <algorithm>
 #include <functional>
-#include <unordered_map>
 #include <utility>
+
+#include <tsl/robin_map.h>
 
 namespace XPJ {
 
@@ -58,7 +59,7 @@ private:
         FileUses& uses = table_.files[index];
         if (!uses.element) {
             uses.element = part.item;
-            uses.sequence = part.owner.GetName() == "sequence" ? part.owner : ObjectHandle();
+            uses.sequence = part.isInSequence ? part.owner : ObjectHandle();
         }
         (part.type == MediaType::Video ? uses.onVideo : uses.onAudio) = true;
         if (!uses.hasMedia)
@@ -78,8 +79,8 @@ private:
     }
 
     FileUseTable table_;
-    std::unordered_map<std::string_view, std::size_t> byId_;
-    std::unordered_map<std::uint64_t, std::size_t> byNode_;
+    tsl::robin_map<std::string_view, std::size_t> byId_;
+    tsl::robin_map<std::uint64_t, std::size_t> byNode_;
 };
 
 } // namespace

@@ -14,8 +14,8 @@ struct EffectKey {
 
     bool Matches(ConstHandle effect) const
     {
-        return HasValue(effect, "effectid") ? effect.GetProperty("effectid") == id
-                                            : effect.GetProperty("name") == name;
+        const std::string_view stated = effect.GetProperty("effectid");
+        return stated.empty() ? effect.GetProperty("name") == name : stated == id;
     }
 };
 

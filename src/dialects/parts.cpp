@@ -105,6 +105,7 @@ struct Visit {
     ObjectHandle owner = {};
     ObjectHandle track = {};
     MediaType type = MediaType::Video;
+    bool isInSequence = false;
 };
 
 class Walk {
@@ -132,10 +133,12 @@ private:
         case Kind::Clip:
             parts_.clips.push_back(visit.node);
             visit.owner = visit.node;
+            visit.isInSequence = false;
             break;
         case Kind::Sequence:
             parts_.sequences.push_back(visit.node);
             visit.owner = visit.node;
+            visit.isInSequence = true;
             break;
         case Kind::File:
             parts_.files.push_back(visit.node);
@@ -169,6 +172,7 @@ private:
                       .owner = visit.owner,
                       .type = visit.type,
                       .kind = kind,
+                      .isInSequence = visit.isInSequence,
                       .hasChildren = visit.node.HasChildren()};
         RecordValues(part);
         TakeChildren(visit, &part);
@@ -226,7 +230,8 @@ private:
             if (item && kind != Kind::Other)
                 RecordChild(*item, kind, *child);
             if (IsVisited(visit.kind, kind) && (kind != Kind::File || HasContent(*child)))
-                open_.push_back({*child, kind, visit.owner, visit.track, visit.type});
+                open_.push_back(
+                    {*child, kind, visit.owner, visit.track, visit.type, visit.isInSequence});
         }
         std::reverse(open_.begin() + static_cast<std::ptrdiff_t>(first), open_.end());
     }

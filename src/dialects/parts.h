@@ -29,6 +29,7 @@ struct ItemPart {
     int sourceTrack = 0; // the channel of the file that it names, from 1
     int channelCount = 0;
 
+    bool isInSequence = false; // the owner is one
     bool hasChildren = false;
     bool hasFilters = false;
     bool hasLabels = false;

@@ -89,11 +89,11 @@ void CountChannelsOfItems(ObjectHandle media, std::int64_t channels)
 
 // ---- Stereo items
 
-bool IsStereoFile(ConstHandle file)
+bool IsStereoMedia(ConstHandle media)
 {
     int count = 0;
     std::int64_t channels = 0;
-    for (const ConstHandle& audio : file.GetChild("media").GetChildren("audio")) {
+    for (const ConstHandle& audio : media.GetChildren("audio")) {
         channels = Int64Property(audio, "channelcount");
         ++count;
     }
@@ -103,14 +103,35 @@ bool IsStereoFile(ConstHandle file)
 bool IsAudioOfFile(const ItemPart& part)
 {
     return part.type == MediaType::Audio && part.kind == ItemKind::Clip && part.file &&
-           !part.fileId.empty() && part.owner.GetName() == "sequence";
+           !part.fileId.empty() && part.isInSequence;
 }
 
-// Items and tracks of this system's own documents state their type.
-bool StatesType(const ItemPart& part)
+// Tracks and items of this system's own documents state their type.
+bool StatesType(ConstHandle track)
 {
-    return part.statesChannelType || HasValue(part.track, "velaTrackType") ||
-           HasFlag(part.track, "monotrack");
+    return HasValue(track, "velaTrackType") || HasFlag(track, "monotrack");
+}
+
+// By file: whether it is stereo, and its items show its first channel alone.
+std::vector<bool> FilesShownInPart(const std::vector<ItemPart>& items, const FileUseTable& files)
+{
+    std::vector<bool> result;
+    for (const FileUses& uses : files.files)
+        result.push_back(IsStereoMedia(uses.Child("media")));
+    ConstHandle track;
+    bool trackStatesType = false;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const ItemPart& part = items[i];
+        if (!IsAudioOfFile(part))
+            continue;
+        if (track != part.track) { // items come track by track
+            track = part.track;
+            trackStatesType = StatesType(track);
+        }
+        if (part.sourceTrack != 1 || part.statesChannelType || trackStatesType)
+            result[files.ofItems[i]] = false;
+    }
+    return result;
 }
 
 } // namespace
@@ -136,13 +157,10 @@ void ShowBothChannels(DialectPass& pass)
 {
     const std::vector<ItemPart>& items = pass.Parts().items;
     const FileUseTable& files = pass.Files();
-    std::vector<bool> showsFirstAlone(files.files.size(), true);
-    for (std::size_t i = 0; i < items.size(); ++i)
-        if (IsAudioOfFile(items[i]) && (items[i].sourceTrack != 1 || StatesType(items[i])))
-            showsFirstAlone[files.ofItems[i]] = false;
+    const std::vector<bool> isShownInPart = FilesShownInPart(items, files);
     for (std::size_t i = 0; i < items.size(); ++i) {
         const ItemPart& part = items[i];
-        if (!IsAudioOfFile(part) || !showsFirstAlone[files.ofItems[i]] || !IsStereoFile(part.file))
+        if (!IsAudioOfFile(part) || !isShownInPart[files.ofItems[i]])
             continue;
         part.item.SetPropertyShared("velaChannelType", "stereo");
         pass.Assume(part.item.GetProperty("name"));

@@ -64,7 +64,7 @@ private:
     {
         if (items_.empty())
             for (const ItemPart& part : pass_.Parts().items)
-                if (part.owner.GetName() == "sequence" && part.kind == ItemKind::Clip)
+                if (part.isInSequence && part.kind == ItemKind::Clip)
                     items_[part.owner.UniqueId()].push_back(part.item);
         return items_[sequence.UniqueId()];
     }

@@ -118,7 +118,7 @@ void HoldFrames(DialectPass& pass)
     bool hasChanged = false;
     for (const ItemPart& part : pass.Parts().items) {
         const bool isOnTrack = part.kind == ItemKind::Clip && part.type == MediaType::Video &&
-                               part.file && !part.hasSequence && part.owner.GetName() == "sequence";
+                               part.file && !part.hasSequence && part.isInSequence;
         const bool isWholeSequence = part.isStill && stills.Contains(part.owner);
         if (!isOnTrack || isWholeSequence || !(part.isStill || part.hasFilters))
             continue;

@@ -76,7 +76,7 @@ void CountInFileRate(DialectPass& pass)
     Ticks sequenceTicks = 0;
     for (std::size_t i = 0; i < items.size(); ++i) {
         const ItemPart& part = items[i];
-        if (!part.file || part.owner.GetName() != "sequence")
+        if (!part.file || !part.isInSequence)
             continue;
         if (sequence != part.owner) { // items come sequence by sequence
             sequence = part.owner;

@@ -89,7 +89,7 @@ void WriteFilesWhole(DialectPass& pass)
 {
     Files files(pass);
     for (const ItemPart& part : pass.Parts().items)
-        files.WriteFor(part.item, part.owner.GetName() == "sequence" ? part.owner.UniqueId() : 0);
+        files.WriteFor(part.item, part.isInSequence ? part.owner.UniqueId() : 0);
 }
 
 } // namespace XPJ

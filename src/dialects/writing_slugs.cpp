@@ -77,7 +77,7 @@ private:
 
     static bool IsMadeOfSlug(const ItemPart& part)
     {
-        if (part.owner.GetName() != "sequence" || part.type != MediaType::Video ||
+        if (!part.isInSequence || part.type != MediaType::Video ||
             part.item.GetProperty("name") != kSlugSequenceName)
             return false;
         const Ticks frameTicks = TicksOfRate(part.owner.GetChild("rate"));
@@ -176,7 +176,7 @@ private:
                 isShown.emplace(slug.item.GetProperty("masterclipid"), false);
         for (const ItemPart& part : pass_.Parts().items)
             if (const auto clip = isShown.find(part.item.GetProperty("masterclipid"));
-                clip != isShown.end() && part.owner.GetName() == "sequence")
+                clip != isShown.end() && part.isInSequence)
                 clip->second = true;
         for (const ObjectHandle& bin : pass_.Parts().bins) {
             std::vector<ObjectHandle> kept;
