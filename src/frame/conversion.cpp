@@ -154,8 +154,10 @@ private:
     void AddAssumptions(const AssumptionList& assumptions)
     {
         for (const Assumption& assumption : assumptions)
-            AddRemark(outcome_.account, RemarkKind::DialectAssumed, {.clip = assumption.subject},
-                      {.name = assumption.rule->name, .detail = assumption.rule->does});
+            AddRemark(outcome_.account, {.kind = RemarkKind::DialectAssumed,
+                                         .clip = assumption.subject,
+                                         .subject = assumption.rule->name,
+                                         .detail = assumption.rule->does});
     }
 
     int Import()
