@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace XPJ {
@@ -73,9 +74,9 @@ private:
     void StartBlock()
     {
         next_ = NewBlock(blockSize_);
-        const bool opensPages = ahead_ && blockSize_ >= kLargeBlock;
-        (opensPages ? closed_ : left_) = blockSize_;
-        (opensPages ? left_ : closed_) = 0;
+        left_ = blockSize_;
+        if (ahead_ && blockSize_ >= kLargeBlock)
+            closed_ = std::exchange(left_, 0);
         blockSize_ = std::min(2 * blockSize_, kLargestBlock);
     }
 
