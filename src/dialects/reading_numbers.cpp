@@ -3,7 +3,7 @@
 #include "core/text.h"
 
 #include <algorithm>
-#include <iterator>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -11,7 +11,10 @@ namespace XPJ {
 
 namespace {
 
-constexpr Name kNumbers[] = {"value", "valuemin", "valuemax", "horiz", "vert"};
+constexpr ValuesByName<bool>::Row kNumberRows[] = {
+    {"horiz", true}, {"value", true}, {"valuemax", true}, {"valuemin", true}, {"vert", true},
+};
+constexpr std::size_t kShortest = 3; // "0,5"
 
 // "-0,5": digits on both sides of one comma.
 bool HasDecimalComma(std::string_view text)
@@ -24,29 +27,6 @@ bool HasDecimalComma(std::string_view text)
            digits.find_first_not_of(kDigits, comma + 1) == digits.npos;
 }
 
-void Restate(ObjectHandle node)
-{
-    for (const Property& property : node.Properties()) {
-        if (property.Value().find(',') == std::string_view::npos)
-            continue;
-        const Name* const name =
-            std::ranges::find(kNumbers, property.NameView(), [](Name n) { return n.View(); });
-        if (name == std::end(kNumbers) || !HasDecimalComma(Trimmed(property.Value())))
-            continue;
-        std::string number(Trimmed(property.Value()));
-        std::ranges::replace(number, ',', '.');
-        node.SetProperty(*name, number);
-    }
-}
-
-// Those of the node, and of points in it.
-void RestateValues(ObjectHandle node)
-{
-    Restate(node);
-    for (const ObjectHandle& value : node.GetChildren("value"))
-        Restate(value);
-}
-
 // The words of a title and the names of fonts may look like numbers.
 bool IsText(ConstHandle parameter)
 {
@@ -54,16 +34,37 @@ bool IsText(ConstHandle parameter)
     return id.starts_with("str") || id.starts_with("font");
 }
 
+// Of the parameter itself, a keyframe of it, or a point in one of them.
+void Restate(ObjectHandle node, ConstHandle parameter)
+{
+    static const ValuesByName<bool> kIsNumber(kNumberRows);
+    for (const Property& property : node.Properties()) {
+        if (!kIsNumber[property.name] || property.valueSize < kShortest)
+            continue;
+        const std::string_view value = Trimmed(property.Value());
+        if (!HasDecimalComma(value) || IsText(parameter))
+            continue;
+        std::string number(value);
+        std::ranges::replace(number, ',', '.');
+        node.SetProperty(property.name.AsName(), number);
+    }
+}
+
+void RestateValues(ObjectHandle node, ConstHandle parameter)
+{
+    Restate(node, parameter);
+    for (const ObjectHandle& value : node.GetChildren("value"))
+        Restate(value, parameter);
+}
+
 } // namespace
 
 void ReadDecimalCommas(DialectPass&, const EffectPart& part)
 {
     for (const ObjectHandle& parameter : part.effect.GetChildren("parameter")) {
-        if (IsText(parameter))
-            continue;
-        RestateValues(parameter);
+        RestateValues(parameter, parameter);
         for (const ObjectHandle& keyframe : parameter.GetChildren("keyframe"))
-            RestateValues(keyframe);
+            RestateValues(keyframe, parameter);
     }
 }
 
