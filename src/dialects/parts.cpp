@@ -1,6 +1,7 @@
 #include "dialects/parts.h"
 
 #include "core/numbers.h"
+#include "core/text.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -110,8 +111,11 @@ struct Visit {
 
 class Walk {
 public:
-    TreeParts Run(ObjectHandle root)
+    TreeParts Run(ObjectHandle root, std::size_t nodes)
     {
+        // Hardly a document has more items. Room that isn't used costs nothing.
+        constexpr std::size_t kNodesPerItem = 6;
+        parts_.items.reserve(nodes / kNodesPerItem);
         if (root)
             open_.push_back({root});
         while (!open_.empty()) {
@@ -132,6 +136,7 @@ private:
             break;
         case Kind::Clip:
             parts_.clips.push_back(visit.node);
+            RecordFormat(visit.node);
             visit.owner = visit.node;
             visit.isInSequence = false;
             break;
@@ -142,6 +147,7 @@ private:
             break;
         case Kind::File:
             parts_.files.push_back(visit.node);
+            RecordFormat(visit.node);
             break;
         case Kind::Video:
             visit.type = MediaType::Video;
@@ -163,6 +169,21 @@ private:
             break;
         }
         TakeChildren(visit, nullptr);
+    }
+
+    void RecordFormat(ObjectHandle node)
+    {
+        for (const Property& property : node.Properties())
+            if (property.valueSize > 0 && valueKinds_[property.name] == ValueKind::Format) {
+                parts_.framed.Insert(node);
+                return;
+            }
+    }
+
+    void RecordLabels(ObjectHandle labels)
+    {
+        if (HasValue(labels, "label") && Trimmed(labels.GetProperty("label2")).empty())
+            parts_.unnamedLabels.push_back(labels);
     }
 
     void TakeItem(const Visit& visit, ItemKind kind)
@@ -227,6 +248,8 @@ private:
                     {visit.node, *child, (*child).GetChild("effect"), visit.type});
             else if (kind == Kind::Effect && visit.kind == Kind::GeneratorItem)
                 parts_.effects.push_back({visit.node, {}, *child, visit.type});
+            else if (kind == Kind::Labels)
+                RecordLabels(*child);
             if (item && kind != Kind::Other)
                 RecordChild(*item, kind, *child);
             if (IsVisited(visit.kind, kind) && (kind != Kind::File || HasContent(*child)))
@@ -246,8 +269,6 @@ private:
     {
         if (kind == Kind::Filter) {
             part.hasFilters = true;
-        } else if (kind == Kind::Labels) {
-            part.hasLabels = true;
         } else if (kind == Kind::Sequence) {
             part.hasSequence = true;
         } else if (kind == Kind::SourceTrack && part.sourceTrack == 0) {
@@ -267,9 +288,9 @@ private:
 
 } // namespace
 
-TreeParts FindParts(ObjectHandle root)
+TreeParts FindParts(ObjectHandle root, std::size_t nodes)
 {
-    return Walk().Run(root);
+    return Walk().Run(root, nodes);
 }
 
 NodeSet StillSequences(const TreeParts& parts)
@@ -284,15 +305,6 @@ NodeSet StillSequences(const TreeParts& parts)
         if (part.isStill && itemCounts[part.owner.UniqueId()] == 1)
             stills.Insert(part.owner);
     return stills;
-}
-
-bool StatesFormat(ConstHandle node)
-{
-    const ValuesByName<ValueKind>& kinds = ValueKinds();
-    for (const Property& property : node.Properties())
-        if (property.valueSize > 0 && kinds[property.name] == ValueKind::Format)
-            return true;
-    return false;
 }
 
 } // namespace XPJ

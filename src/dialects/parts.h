@@ -7,6 +7,7 @@
 #include "core/media_type.h"
 #include "tree/object.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -32,7 +33,6 @@ struct ItemPart {
     bool isInSequence = false; // the owner is one
     bool hasChildren = false;
     bool hasFilters = false;
-    bool hasLabels = false;
     bool hasSequence = false;
     bool statesTimes = false;  // one of the four
     bool statesFormat = false; // something of the frame of its file
@@ -55,15 +55,15 @@ struct TreeParts {
     std::vector<ObjectHandle> bins;  // with `project`s
     std::vector<ObjectHandle> files; // that state something beside their id
     std::vector<ObjectHandle> tracks;
+    std::vector<ObjectHandle> unnamedLabels; // `labels` with a `label` and a blank `label2`
+    NodeSet framed; // the files and clips that state something of a frame themselves
     std::vector<ItemPart> items;
     std::vector<EffectPart> effects;
 };
-TreeParts FindParts(ObjectHandle root);
+// `nodes`: about how many the tree has, if that is known.
+TreeParts FindParts(ObjectHandle root, std::size_t nodes = 0);
 
 // The sequences that stand for a still: a held frame is all that they have.
 NodeSet StillSequences(const TreeParts& parts);
-
-// True where a node states size, pixels or fields of a frame.
-bool StatesFormat(ConstHandle node);
 
 } // namespace XPJ

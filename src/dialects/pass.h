@@ -33,7 +33,7 @@ public:
     const TreeParts& Parts()
     {
         if (!parts_)
-            parts_ = FindParts(root_);
+            parts_ = FindParts(root_, document_.NodeCount());
         return *parts_;
     }
 

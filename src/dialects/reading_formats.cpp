@@ -183,22 +183,23 @@ void CompleteRate(const FileUses& uses)
 
 void GatherFormats(DialectPass& pass)
 {
+    const TreeParts& parts = pass.Parts();
     const auto gather = [&pass](ConstHandle from, ObjectHandle file) {
-        if (!StatesFormat(from))
-            return;
         if (const ObjectHandle video = FindPath(file, {"media", "video"}))
             CopyFormat(from, GetOrAddChild(pass.Nodes(), video, "samplecharacteristics"));
     };
-    for (const ObjectHandle& file : pass.Parts().files)
-        gather(file, file);
-    for (const ItemPart& part : pass.Parts().items) {
+    for (const ObjectHandle& file : parts.files)
+        if (parts.framed.Contains(file))
+            gather(file, file);
+    for (const ItemPart& part : parts.items) {
         if (part.statesFormat)
             gather(part.item, part.file);
-        if (part.owner.GetName() == "clip")
+        if (!part.isInSequence && parts.framed.Contains(part.owner))
             gather(part.owner, part.file);
     }
-    for (const ObjectHandle& clip : pass.Parts().clips)
-        gather(clip, clip.GetChild("file"));
+    for (const ObjectHandle& clip : parts.clips)
+        if (parts.framed.Contains(clip))
+            gather(clip, clip.GetChild("file"));
 }
 
 void CompleteFormats(DialectPass& pass)

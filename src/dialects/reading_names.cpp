@@ -4,27 +4,10 @@
 
 namespace XPJ {
 
-namespace {
-
-void ReadLabel(ObjectHandle owner)
-{
-    const ObjectHandle labels = owner.GetChild("labels");
-    if (HasValue(labels, "label") && Trimmed(labels.GetProperty("label2")).empty())
-        labels.SetPropertyShared("label2", labels.GetProperty("label"));
-}
-
-} // namespace
-
 void ReadFinalCutLabels(DialectPass& pass)
 {
-    const TreeParts& parts = pass.Parts();
-    for (const std::vector<ObjectHandle>* const owners :
-         {&parts.bins, &parts.clips, &parts.sequences})
-        for (const ObjectHandle& owner : *owners)
-            ReadLabel(owner);
-    for (const ItemPart& part : parts.items)
-        if (part.hasLabels)
-            ReadLabel(part.item);
+    for (const ObjectHandle& labels : pass.Parts().unnamedLabels)
+        labels.SetPropertyShared("label2", labels.GetProperty("label"));
 }
 
 void NameTracks(DialectPass& pass)
