@@ -32,8 +32,10 @@ public:
         const auto found = files_.find(id);
         if (found == files_.end())
             return;
-        item.RemoveChild(own);
-        item.RemoveProperty("fileid");
+        if (own)
+            item.RemoveChild(own);
+        else
+            item.RemoveProperty("fileid");
         File& file = found->second;
         item.AddChild(file.sequences.insert(sequence).second ? Whole(file) : Brief(file));
     }
