@@ -1,6 +1,7 @@
 #include "dialects/file_uses.h"
 
 #include "core/numbers.h"
+#include "core/text_hash.h"
 
 #include <algorithm>
 #include <functional>
@@ -79,7 +80,7 @@ private:
     }
 
     FileUseTable table_;
-    tsl::robin_map<std::string_view, std::size_t> byId_;
+    tsl::robin_map<std::string_view, std::size_t, TextHash> byId_;
     tsl::robin_map<std::uint64_t, std::size_t> byNode_;
 };
 

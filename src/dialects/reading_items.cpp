@@ -1,13 +1,13 @@
 #include "dialects/reading_items.h"
 
 #include "core/numbers.h"
+#include "core/text_hash.h"
 #include "xmeml/cut_points.h"
 #include "xmeml/flags.h"
 #include "xmeml/speed.h"
 
 #include <algorithm>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace XPJ {
@@ -86,7 +86,7 @@ void CompleteRepeatedItems(DialectPass& pass)
     if (std::ranges::none_of(items, MayRepeatId))
         return;
     bool hasChanged = false;
-    std::unordered_map<std::string_view, ObjectHandle> first;
+    TextMap<ObjectHandle> first;
     for (const ItemPart& part : items) {
         const std::string_view id = part.id;
         if (id.empty() || part.kind != ItemKind::Clip)

@@ -1,13 +1,13 @@
 #include "dialects/reading_media.h"
 
 #include "core/numbers.h"
+#include "core/text_hash.h"
 #include "xmeml/files.h"
 #include "xmeml/rates.h"
 
 #include <algorithm>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace XPJ {
@@ -41,7 +41,7 @@ public:
     }
 
 private:
-    using Files = std::unordered_map<std::string_view, ObjectHandle>;
+    using Files = TextMap<ObjectHandle>;
 
     static ObjectHandle FileOfClip(ObjectHandle clip)
     {
@@ -67,7 +67,7 @@ private:
     }
 
     DialectPass& pass_;
-    std::unordered_map<std::string_view, ObjectHandle> clips_; // by id
+    TextMap<ObjectHandle> clips_; // by id
     Files byId_;
     Files byName_;
     std::int64_t count_ = 0;

@@ -7,9 +7,10 @@
 // Some readers look no further than an item, so its file always states its name and its path.
 #include "dialects/writing_files.h"
 
+#include "core/text_hash.h"
+
 #include <cstdint>
 #include <string_view>
-#include <unordered_map>
 #include <unordered_set>
 
 namespace XPJ {
@@ -80,7 +81,7 @@ private:
     }
 
     Document& document_;
-    std::unordered_map<std::string_view, File> files_; // by id
+    TextMap<File> files_; // by id
 };
 
 } // namespace

@@ -9,6 +9,7 @@
 #include "dialects/writing_slugs.h"
 
 #include "core/numbers.h"
+#include "core/text_hash.h"
 #include "xmeml/files.h"
 #include "xmeml/rates.h"
 
@@ -16,7 +17,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace XPJ {
@@ -35,7 +35,7 @@ class SlugPass {
 public:
     explicit SlugPass(DialectPass& pass) : pass_(pass)
     {
-        std::unordered_set<std::string_view> files;
+        TextSet<> files;
         for (const ObjectHandle& file : pass.Parts().files)
             if (FileElement(file).IsSlug())
                 files.insert(file.GetProperty("id"));
@@ -170,7 +170,7 @@ private:
     // The clips of the black video in the sequences, unless something else shows them.
     void RemoveBlackClips()
     {
-        std::unordered_map<std::string_view, bool> isShown;
+        TextMap<bool> isShown;
         for (const auto& [id, slug] : slugs_)
             if (HasValue(slug.item, "masterclipid"))
                 isShown.emplace(slug.item.GetProperty("masterclipid"), false);
@@ -192,7 +192,7 @@ private:
     // A file that was written whole in one of the sequences is now whole at its next use.
     void RestoreFiles()
     {
-        std::unordered_map<std::string_view, ObjectHandle> files;
+        TextMap<ObjectHandle> files;
         for (const auto& [id, slug] : slugs_)
             if (const ObjectHandle file = slug.item.GetChild("file"))
                 files.emplace(file.GetProperty("id"), file);
@@ -208,7 +208,7 @@ private:
     }
 
     DialectPass& pass_;
-    std::unordered_map<std::string_view, SlugSequence> slugs_; // by id
+    TextMap<SlugSequence> slugs_; // by id
     std::int64_t fileCount_ = 0;
 };
 

@@ -6,7 +6,7 @@
 #include "core/text.h"
 #include "tree/tokeniser.h"
 
-#include <unordered_map>
+#include <map>
 #include <utility>
 
 namespace XPJ {
@@ -156,7 +156,7 @@ private:
     }
 
     template <class Value>
-    static Value Find(const std::unordered_map<int, Value>& values, int number)
+    static Value Find(const std::map<int, Value>& values, int number)
     {
         const auto found = values.find(number);
         return found == values.end() ? Value() : found->second;
@@ -183,9 +183,9 @@ private:
     int shader_ = 0;
     int color_ = -1; // of the shader
     std::vector<Line> lines_;
-    std::unordered_map<int, Description> descriptions_;
-    std::unordered_map<int, int> shaderOfStyle_;
-    std::unordered_map<int, Color> colors_;
+    std::map<int, Description> descriptions_;
+    std::map<int, int> shaderOfStyle_;
+    std::map<int, Color> colors_;
 };
 
 } // namespace

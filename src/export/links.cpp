@@ -1,6 +1,7 @@
 #include "export/links.h"
 
 #include "core/numbers.h"
+#include "core/text_hash.h"
 
 namespace XPJ::RVX {
 
@@ -60,7 +61,7 @@ void LinkGroups::Add(Document& document, const LinkedItem& item, const LinkTarge
 // True where all show the same: items of other sources are no longer linked to them.
 bool LinkGroups::WriteBySource(const Group& group)
 {
-    std::unordered_map<std::string_view, std::vector<const Member*>> membersBySource;
+    TextMap<std::vector<const Member*>> membersBySource;
     for (const Member& member : group.members) {
         if (member.source.empty())
             member.element.AddChild(member.link);

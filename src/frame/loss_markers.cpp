@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
+#include "core/text_hash.h"
 #include "project/accessors.h"
 #include "report/remark_groups.h"
 
@@ -99,7 +100,7 @@ public:
 private:
     std::unordered_map<std::uint64_t, std::vector<std::uint64_t>> results_; // by source
     std::unordered_map<std::uint64_t, ObjectHandle> byNode_;
-    std::unordered_map<std::string_view, std::vector<ObjectHandle>> byName_;
+    TextMap<std::vector<ObjectHandle>> byName_;
 };
 
 bool IsMarked(const Remark& remark)

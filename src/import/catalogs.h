@@ -4,6 +4,7 @@
 
 #include "core/frame_format.h"
 #include "core/media_type.h"
+#include "core/text_hash.h"
 #include "core/ticks.h"
 #include "platform/settings.h"
 #include "project/master_clip.h"
@@ -54,7 +55,7 @@ public:
 
 private:
     std::unordered_map<std::uint64_t, std::string> generatedIds_; // by `uniqueId` of the element
-    std::unordered_map<std::string_view, MasterClipHandle> masters_;
+    TextMap<MasterClipHandle> masters_;
     std::unordered_map<std::uint64_t, ConstHandle> elements_; // by `uniqueId` of the Sequence
     NodeSet begunElements_;
     NodeSet begun_;
@@ -89,7 +90,7 @@ private:
     std::unordered_map<std::uint64_t, FrameFormat> frames_; // by `uniqueId` of the owner
     NodeSet reported_;
     std::unordered_map<std::uint64_t, MasterClipHandle> masters_; // by `uniqueId` of the generator
-    std::unordered_map<std::string, MasterClipHandle> equals_;    // by clip and effect
+    TextMap<MasterClipHandle, std::string> equals_;               // by clip and effect
 };
 
 // Titles and shapes that become graphics: media that the host draws an effect on, which belongs to
@@ -114,7 +115,7 @@ public:
 private:
     bool convertTitles_;
     // The first generator that states the text of a clip, by `masterclipid`, else `id`.
-    std::unordered_map<std::string_view, ConstHandle> titles_;
+    TextMap<ConstHandle> titles_;
     NodeSet titledMasters_;
 };
 

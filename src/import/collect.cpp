@@ -1,6 +1,7 @@
 #include "import/collect.h"
 
 #include "core/numbers.h"
+#include "core/text_hash.h"
 #include "import/clips.h"
 #include "import/multiclips.h"
 #include "import/sequences.h"
@@ -11,7 +12,6 @@
 #include <iterator>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 namespace XPJ {
@@ -36,7 +36,7 @@ public:
 private:
     std::string prefix_;
     unsigned number_;
-    std::unordered_set<std::string_view> taken_;
+    TextSet<> taken_;
 };
 
 struct CollectedNode {

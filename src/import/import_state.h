@@ -5,6 +5,7 @@
 
 #include "core/account.h"
 #include "core/progress.h"
+#include "core/text_hash.h"
 #include "effects/effect_context.h"
 #include "effects/look_effect.h"
 #include "import/catalogs.h"
@@ -18,7 +19,6 @@
 
 #include <string>
 #include <string_view>
-#include <unordered_set>
 
 namespace XPJ {
 
@@ -53,7 +53,7 @@ struct ImportState {
     // (by id, where it has one) is on several tracks.
     NodeSet remarked = {};
     NodeSet remarkedFilters = {}; // owners of filters
-    std::unordered_set<std::string_view> remarkedMulticlips = {};
+    TextSet<> remarkedMulticlips = {};
 };
 
 // Settings::openInterchange, which an audio hand-off never follows.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/media_type.h"
+#include "core/text_hash.h"
 #include "project/master_clip.h"
 #include "tree/object.h"
 
@@ -14,7 +15,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -55,8 +55,8 @@ private:
     struct KeyHash {
         std::size_t operator()(const MasterKey& key) const
         {
-            std::size_t hash = std::hash<std::string_view>()(key.mediaId);
-            boost::hash_combine(hash, std::hash<std::string_view>()(key.masterClipId));
+            std::size_t hash = TextHash()(key.mediaId);
+            boost::hash_combine(hash, TextHash()(key.masterClipId));
             boost::hash_combine(hash, key.layer);
             boost::hash_combine(hash, static_cast<int>(key.type));
             return hash;
@@ -185,14 +185,14 @@ private:
 
     tsl::robin_pg_map<std::uint64_t, std::unique_ptr<const ShownMaster>> shown_; // by `uniqueId`
     std::map<ClipSignature, MasterClipHandle> signatures_;
-    std::unordered_map<std::string_view, MasterClipHandle> multiclips_;
-    std::unordered_map<std::string, MasterClipHandle> equalMulticlips_;
+    TextMap<MasterClipHandle> multiclips_;
+    TextMap<MasterClipHandle, std::string> equalMulticlips_;
     std::unordered_map<std::uint64_t, MergeComponent> components_; // by `uniqueId` of the master
     tsl::robin_pg_map<std::uint64_t, ConstHandle> origins_;        // likewise
     std::vector<std::string_view> mergeIds_;
-    std::unordered_set<std::string_view> knownMergeIds_;
+    TextSet<> knownMergeIds_;
     std::set<std::pair<std::string_view, std::string_view>> begunLayers_;
-    std::unordered_map<std::string_view, std::vector<DeferredItem>> deferredItems_;
+    TextMap<std::vector<DeferredItem>> deferredItems_;
     std::vector<ClipId> clipIds_;
 };
 

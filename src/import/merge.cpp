@@ -1,5 +1,6 @@
 #include "import/merge.h"
 
+#include "core/text_hash.h"
 #include "import/merged_master.h"
 #include "import/project_items.h"
 #include "project/labels.h"
@@ -8,7 +9,6 @@
 #include <algorithm>
 #include <set>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -50,7 +50,7 @@ private:
             group.components.push_back(component);
     }
 
-    std::unordered_map<std::string_view, Group> byMergeId_;
+    TextMap<Group> byMergeId_;
 };
 
 void AddMergedItem(Document& document, MasterClipHandle merged, ObjectHandle rootItem)

@@ -8,6 +8,7 @@
 #include "import/merged_master.h"
 
 #include "core/numbers.h"
+#include "core/text_hash.h"
 #include "import/slugs.h"
 #include "import/tracks.h"
 #include "project/channel_groups.h"
@@ -18,7 +19,6 @@
 
 #include <algorithm>
 #include <string>
-#include <unordered_map>
 
 namespace XPJ {
 
@@ -150,7 +150,7 @@ private:
 
     const FileCatalog& files_;
     ConstHandle clip_;
-    std::unordered_map<std::string_view, Ticks> starts_;
+    TextMap<Ticks> starts_;
 };
 
 SyntheticItem ItemOf(const Part& part, ObjectHandle clip, Ticks start, int trackIndex)

@@ -2,6 +2,7 @@
 
 #include "core/host_properties.h"
 #include "core/numbers.h"
+#include "core/text_hash.h"
 #include "core/video_formats.h"
 #include "effects/audio_fader.h"
 #include "effects/effect_elements.h"
@@ -15,8 +16,6 @@
 
 #include <algorithm>
 #include <string>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace XPJ {
@@ -92,8 +91,8 @@ public:
     }
 
 private:
-    std::unordered_set<std::string> used_;
-    std::unordered_map<std::string_view, int> lastNumbers_;
+    TextSet<std::string> used_;
+    TextMap<int> lastNumbers_;
 };
 
 EffectContext ContextOfLevel(const SequenceContext& sequence, const ItemLocation& location)

@@ -1,11 +1,11 @@
 #include "inspect/compare_browser.h"
 
+#include "core/text_hash.h"
 #include "inspect/compare_parts.h"
 
 #include <map>
 #include <string_view>
 #include <tuple>
-#include <unordered_set>
 #include <utility>
 
 namespace XPJ::Inspection {
@@ -57,7 +57,7 @@ public:
 
 private:
     std::vector<bool> media_;
-    std::unordered_set<std::string_view> names_;
+    TextSet<> names_;
 };
 
 ComparedSubject SubjectOf(const Entry& entry, std::string path)

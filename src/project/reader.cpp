@@ -2,6 +2,7 @@
 // them.
 #include "project/reader.h"
 
+#include "core/text_hash.h"
 #include "project/classes.h"
 #include "tree/input.h"
 #include "tree/reading.h"
@@ -9,7 +10,6 @@
 
 #include <istream>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace XPJ {
@@ -114,7 +114,7 @@ private:
     };
 
     std::vector<Pair> pairs_;
-    std::unordered_map<std::string_view, std::string_view> blobs_; // by hash, the first of each
+    TextMap<std::string_view> blobs_; // by hash, the first of each
     std::vector<ObjectHandle> blobsWithoutBytes_;
 };
 

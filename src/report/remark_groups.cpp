@@ -2,6 +2,7 @@
 
 #include "core/messages.h"
 #include "core/text.h"
+#include "core/text_hash.h"
 #include "platform/platform.h"
 
 #include <algorithm>
@@ -78,7 +79,7 @@ struct GroupKeyHash {
     {
         std::size_t hash = static_cast<std::size_t>(key.kind);
         for (const std::string_view part : {key.subject, key.detail, key.path})
-            hash = hash * 31 + std::hash<std::string_view>()(part);
+            hash = hash * 31 + TextHash()(part);
         return hash;
     }
 };

@@ -1,6 +1,7 @@
 // Nodes of a document by type and id, and the references to them that wait for the document's end.
 #pragma once
 
+#include "core/text_hash.h"
 #include "tree/object.h"
 
 #include <string>
@@ -41,7 +42,7 @@ private:
         std::size_t operator()(const Key& key) const
         {
             // Few nodes of different types share an id.
-            return std::hash<std::string_view>()(key.id) + key.type.Index();
+            return TextHash()(key.id) + key.type.Index();
         }
     };
     struct Reference {

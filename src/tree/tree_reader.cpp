@@ -208,7 +208,9 @@ std::vector<IgnoredElements> TreeReader::Ignored() const
     std::vector<IgnoredElements> result;
     for (const auto& [key, entry] : ignored_)
         result.push_back(entry);
-    std::ranges::sort(result, {}, &IgnoredElements::path);
+    std::ranges::sort(result, {}, [](const IgnoredElements& entry) {
+        return std::pair(std::string_view(entry.path), entry.count);
+    });
     return result;
 }
 

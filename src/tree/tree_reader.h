@@ -1,6 +1,7 @@
 // Bytes to tree by a reading table. What a vocabulary does beyond its table are the hooks.
 #pragma once
 
+#include "core/text_hash.h"
 #include "tree/id_table.h"
 #include "tree/reading.h"
 #include "tree/reading_table.h"
@@ -112,7 +113,7 @@ private:
     struct IgnoredHash {
         std::size_t operator()(const IgnoredKey& key) const
         {
-            return std::hash<std::string_view>()(key.tag) * 31 + key.rule;
+            return TextHash()(key.tag) * 31 + key.rule;
         }
     };
     std::unordered_map<IgnoredKey, IgnoredElements, IgnoredHash> ignored_;

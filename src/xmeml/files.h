@@ -4,6 +4,7 @@
 // it. Nothing here opens a file: offline media is translated like any other.
 #pragma once
 
+#include "core/text_hash.h"
 #include "core/ticks.h"
 #include "tree/object.h"
 
@@ -54,7 +55,7 @@ public:
     std::string_view IdOf(FileElement file) const;
 
 private:
-    std::unordered_map<std::string_view, FileElement> byId_;
+    TextMap<FileElement> byId_;
     NodeSet defining_; // the files in `byId_`, to which references are bound already
     std::unordered_map<std::uint64_t, std::string> generatedIds_; // by `uniqueId`
 };

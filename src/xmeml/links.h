@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/media_type.h"
+#include "core/text_hash.h"
 #include "tree/object.h"
 
 #include <array>
@@ -53,7 +54,7 @@ private:
     void AddTracks(ConstHandle group, MediaType type);
 
     int sequenceNumber_ = 0;
-    tsl::robin_map<std::string_view, LinkKey> byId_;
+    tsl::robin_map<std::string_view, LinkKey, TextHash> byId_;
     using Tracks = std::vector<std::vector<ConstHandle>>;
     std::array<Tracks, 2> items_; // by media type, track, position
 };

@@ -2,9 +2,9 @@
 
 #include "core/frame_rate.h"
 #include "core/json.h"
+#include "core/text_hash.h"
 
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 
 #include <nlohmann/json.hpp>
@@ -39,7 +39,7 @@ public:
 
 private:
     Json texts_ = Json::array();
-    std::unordered_map<std::string_view, std::size_t> indices_;
+    TextMap<std::size_t> indices_;
 };
 
 // The gap from the end before and the length of each range that is added, in frames.
