@@ -9,9 +9,9 @@
 #include <compare>
 #include <cstddef>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
-#include <boost/container_hash/hash.hpp>
 #include <tsl/robin_map.h>
 
 namespace XPJ {
@@ -26,14 +26,11 @@ struct LinkKey {
     friend auto operator<=>(const LinkKey&, const LinkKey&) = default;
 };
 
-// Every bit counts: a table that finds a key by a few of them gets long runs otherwise.
 struct LinkKeyHash {
     std::size_t operator()(const LinkKey& key) const
     {
-        std::size_t hash = static_cast<std::size_t>(key.type);
-        for (const int number : {key.position, key.track, key.sequenceNumber})
-            boost::hash_combine(hash, number);
-        return hash;
+        static_assert(std::has_unique_object_representations_v<LinkKey>);
+        return TextHash()({reinterpret_cast<const char*>(&key), sizeof(key)});
     }
 };
 
