@@ -1,7 +1,9 @@
 #include "import/links.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <map>
+#include <optional>
 #include <string_view>
 #include <tuple>
 #include <utility>
@@ -30,12 +32,12 @@ struct LinkOrder {
 
 using OrderedGroup = std::vector<LinkOrder>;
 
-OrderedGroup ItemsOf(const LinkRecords& records, const LinkRecords::Group& keys)
+OrderedGroup ItemsOf(const LinkRecords::Group& records)
 {
     OrderedGroup group;
-    for (const LinkKey& key : keys)
-        if (const ObjectHandle item = records.ItemOf(key))
-            group.emplace_back(item);
+    for (const LinkRecords::Record* const record : records.members)
+        if (record->trackItem)
+            group.emplace_back(record->trackItem);
     std::stable_sort(group.begin(), group.end());
     return group;
 }
@@ -68,18 +70,16 @@ std::vector<ConstHandle> LinkRecords::Add(const LinkIndex& index, ConstHandle it
                                           const LinkedItem& linked)
 {
     // Every item is stored, since a group finds its members here; only the first one makes it.
-    if (Record& record = records_[linked.key]; !record.trackItem)
+    Record& record = RecordOf(index, linked.key);
+    if (!record.trackItem)
         record.trackItem = linked.trackItem;
-    if (!item.HasChild("link") || !MarkGrouped(linked.key))
+    Group group{.sequenceNumber = linked.key.sequenceNumber};
+    if (!item.HasChild("link") || !Join(group, record))
         return {};
-    Group group{linked.key};
     std::vector<ConstHandle> unknown;
     for (const ConstHandle& link : item.GetChildren("link")) {
         const LinkKey target = index.TargetOf(link);
-        if (!MarkGrouped(target))
-            continue;
-        group.push_back(target);
-        if (!index.ItemAt(target) && !index.IsNamed(link))
+        if (Join(group, RecordOf(index, target)) && !index.ItemAt(target) && !index.IsNamed(link))
             unknown.push_back(link);
     }
     groups_.push_back(std::move(group));
@@ -88,32 +88,47 @@ std::vector<ConstHandle> LinkRecords::Add(const LinkIndex& index, ConstHandle it
 
 void LinkRecords::AddGroup(const std::vector<LinkedItem>& items)
 {
+    const LinkIndex none;
     Group group;
     for (const LinkedItem& item : items) {
-        records_[item.key].trackItem = item.trackItem;
-        if (MarkGrouped(item.key))
-            group.push_back(item.key);
+        Record& record = RecordOf(none, item.key);
+        record.trackItem = item.trackItem;
+        group.sequenceNumber = item.key.sequenceNumber;
+        Join(group, record);
     }
     groups_.push_back(std::move(group));
 }
 
-ObjectHandle LinkRecords::ItemOf(const LinkKey& key) const
+LinkRecords::Record& LinkRecords::RecordOf(const LinkIndex& index, const LinkKey& key)
 {
-    const auto record = records_.find(key);
-    return record == records_.end() ? ObjectHandle() : record->second.trackItem;
+    SequenceRecords& records = sequences_[key.sequenceNumber];
+    if (records.ofItems.empty())
+        records.ofItems.resize(index.Size());
+    const std::optional<std::size_t> number = index.NumberOf(key);
+    return number ? records.ofItems[*number] : records.ofOthers[key];
 }
 
-bool LinkRecords::MarkGrouped(const LinkKey& key)
+bool LinkRecords::Join(Group& group, Record& record)
 {
-    return !std::exchange(records_[key].isGrouped, true);
+    if (record.isGrouped)
+        return false;
+    record.isGrouped = true;
+    group.members.push_back(&record);
+    return true;
 }
 
 void LinkPass(Document& document, const LinkRecords& records, const SequenceCatalog& sequences)
 {
+    constexpr std::size_t kAhead = 8; // the items of a group are loaded that many groups before
     std::map<int, std::vector<OrderedGroup>> groupsBySequence;
-    for (const LinkRecords::Group& keys : records.Groups())
-        if (OrderedGroup group = ItemsOf(records, keys); group.size() > 1)
-            groupsBySequence[keys.front().sequenceNumber].push_back(std::move(group));
+    const std::vector<LinkRecords::Group>& all = records.Groups();
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (i + kAhead < all.size())
+            for (const LinkRecords::Record* const member : all[i + kAhead].members)
+                PrefetchBehind(member->trackItem.Get());
+        if (OrderedGroup group = ItemsOf(all[i]); group.size() > 1)
+            groupsBySequence[all[i].sequenceNumber].push_back(std::move(group));
+    }
     for (auto& [number, groups] : groupsBySequence)
         if (const ObjectHandle sequence = sequences.OfNumber(number))
             AddLinks(document, groups, sequence);

@@ -5,9 +5,8 @@
 #include "tree/object.h"
 #include "xmeml/links.h"
 
+#include <unordered_map>
 #include <vector>
-
-#include <tsl/robin_map.h>
 
 namespace XPJ {
 
@@ -26,22 +25,29 @@ public:
     // A group that no `link` states.
     void AddGroup(const std::vector<LinkedItem>& items);
 
-    using Group = std::vector<LinkKey>;
-    const std::vector<Group>& Groups() const { return groups_; }
-    // Null for an item that was not translated.
-    ObjectHandle ItemOf(const LinkKey& key) const;
-
-private:
     // Of a key that an item has or that a link leads to.
     struct Record {
-        ObjectHandle trackItem = {};
+        ObjectHandle trackItem = {}; // null if none was translated
         bool isGrouped = false;
     };
+    struct Group {
+        int sequenceNumber = 0;
+        std::vector<const Record*> members = {};
+    };
+    const std::vector<Group>& Groups() const { return groups_; }
 
-    // True unless a group has the key already.
-    bool MarkGrouped(const LinkKey& key);
+private:
+    // Of one sequence. Records don't move.
+    struct SequenceRecords {
+        std::vector<Record> ofItems; // by number in the index
+        std::unordered_map<LinkKey, Record, LinkKeyHash> ofOthers;
+    };
 
-    tsl::robin_map<LinkKey, Record, LinkKeyHash> records_;
+    Record& RecordOf(const LinkIndex& index, const LinkKey& key);
+    // Adds the record to the group, unless one has it already.
+    static bool Join(Group& group, Record& record);
+
+    std::unordered_map<int, SequenceRecords> sequences_;
     std::vector<Group> groups_;
 };
 

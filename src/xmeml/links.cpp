@@ -24,19 +24,20 @@ LinkIndex::LinkIndex(ConstHandle sequence, int sequenceNumber) : sequenceNumber_
 
 void LinkIndex::AddTracks(ConstHandle group, MediaType type)
 {
-    Tracks& tracks = items_[static_cast<std::size_t>(type)];
-    for (const ConstHandle& track : group.GetChildren("track")) {
-        std::vector<ConstHandle>& items = tracks.emplace_back();
-        for (const ConstHandle& item : track.GetChildren()) {
+    std::vector<Track>& tracks = tracks_[static_cast<std::size_t>(type)];
+    for (const ConstHandle& element : group.GetChildren("track")) {
+        Track& track = tracks.emplace_back(Track{.first = items_.size()});
+        for (const ConstHandle& item : element.GetChildren()) {
             if (!IsTrackItem(item))
                 continue;
-            items.push_back(item);
+            items_.push_back(item);
+            ++track.count;
             if (HasValue(item, "id"))
                 byId_.try_emplace(item.GetProperty("id"),
                                   KeyOfItem(item, {.sequenceNumber = sequenceNumber_,
                                                    .type = type,
                                                    .track = static_cast<int>(tracks.size()),
-                                                   .position = static_cast<int>(items.size())}));
+                                                   .position = static_cast<int>(track.count)}));
         }
     }
 }
@@ -53,15 +54,23 @@ LinkKey LinkIndex::TargetOf(ConstHandle link) const
             .position = IntProperty(link, "clipindex")};
 }
 
-ConstHandle LinkIndex::ItemAt(const LinkKey& key) const
+std::optional<std::size_t> LinkIndex::NumberOf(const LinkKey& key) const
 {
-    const Tracks& tracks = items_[static_cast<std::size_t>(key.type)];
+    const std::vector<Track>& tracks = tracks_[static_cast<std::size_t>(key.type)];
     const auto track = static_cast<std::size_t>(std::max(key.track, 0));
     if (track == 0 || track > tracks.size())
         return {};
-    const std::vector<ConstHandle>& items = tracks[track - 1];
+    const auto [first, count] = tracks[track - 1];
     const auto position = static_cast<std::size_t>(std::max(key.position, 0));
-    return position == 0 || position > items.size() ? ConstHandle() : items[position - 1];
+    if (position == 0 || position > count)
+        return {};
+    return first + position - 1;
+}
+
+ConstHandle LinkIndex::ItemAt(const LinkKey& key) const
+{
+    const std::optional<std::size_t> number = NumberOf(key);
+    return number ? items_[*number] : ConstHandle();
 }
 
 LinkKey KeyOfItem(ConstHandle item, const LinkKey& onTrack)

@@ -8,6 +8,7 @@
 #include <array>
 #include <compare>
 #include <cstddef>
+#include <optional>
 #include <string_view>
 #include <type_traits>
 #include <vector>
@@ -44,16 +45,25 @@ public:
     LinkKey TargetOf(ConstHandle link) const;
     // True for a `link` that states the id of an item.
     bool IsNamed(ConstHandle link) const { return byId_.contains(link.GetProperty("linkclipref")); }
-    // The item of a key; null if there is none.
+    // How many items the sequence has.
+    std::size_t Size() const { return items_.size(); }
+    // Of the item of a key, from 0 to below `Size`; nothing if there is none.
+    std::optional<std::size_t> NumberOf(const LinkKey& key) const;
+    // Null if there is none.
     ConstHandle ItemAt(const LinkKey& key) const;
 
 private:
+    struct Track {
+        std::size_t first = 0; // in `items_`
+        std::size_t count = 0;
+    };
+
     void AddTracks(ConstHandle group, MediaType type);
 
     int sequenceNumber_ = 0;
     tsl::robin_map<std::string_view, LinkKey, TextHash> byId_;
-    using Tracks = std::vector<std::vector<ConstHandle>>;
-    std::array<Tracks, 2> items_; // by media type, track, position
+    std::vector<ConstHandle> items_;           // track by track
+    std::array<std::vector<Track>, 2> tracks_; // by media type
 };
 
 // Key of an item whose track and position are known. Its `sourcetrack` decides about the type,
