@@ -252,6 +252,21 @@ void RemarkOnFurtherItems(const EffectContext& context, ConstHandle clip, ConstH
             });
 }
 
+// The one whose effects the masters of a clip have. Null without filters.
+ConstHandle FilteredItemOf(ImportState& state, ConstHandle clip)
+{
+    ImportState::FilteredItem& cached = state.filteredItem;
+    if (cached.clip == clip)
+        return cached.item;
+    cached = {.clip = clip};
+    for (const ConstHandle& track : FindPath(clip, {"media", "audio"}).GetChildren("track"))
+        if (const ConstHandle item = track.GetChild("clipitem"); item.HasChild("filter")) {
+            cached.item = item;
+            break;
+        }
+    return cached.item;
+}
+
 // To the letter a browser clip has no effects of its items.
 void AddMasterAudioEffects(ImportState& state, ConstHandle clip, MasterClipHandle master)
 {
@@ -260,29 +275,26 @@ void AddMasterAudioEffects(ImportState& state, ConstHandle clip, MasterClipHandl
     const ObjectHandle audioClip = master.AudioClip();
     if (!IsOpen(state))
         return RemarkOnClipItems(state, clip);
-    if (!audioClip)
+    const ConstHandle item = audioClip ? FilteredItemOf(state, clip) : ConstHandle();
+    if (!item)
         return;
-    for (const ConstHandle& track : FindPath(clip, {"media", "audio"}).GetChildren("track")) {
-        const ConstHandle item = track.GetChild("clipitem");
-        if (!item.HasChild("filter"))
-            continue;
-        const bool isFirst = state.remarkedFilters.Insert(item);
-        Account unused;
-        const ItemLocation location = LocationOfClip(state, clip);
-        const EffectContext context{.document = state.document,
-                                    .account = isFirst ? state.account : unused,
-                                    .location = location,
-                                    .frameTicks = FilterTicks(item, master, kNtscFrameTicks),
-                                    .sampleTicks = Int64Property(audioClip, "FrameRate"),
-                                    .openInterchange = true};
-        const bool isStereo =
-            IsExploded(clip) && AudioKindOfFile(FileOfItem(state.files, item)).kind == kStereo;
-        const ItemAudio audio = AudioOfItem(state, item, isStereo ? kStereoType : kMonoType);
-        master.AddChild("AudioComponentChain", BuildAudioChain(context, audio, item));
-        RemarkOnPan(context, RemarkKind::BrowserClipEffect, item);
-        RemarkOnFurtherItems(context, clip, item);
+    const bool isFirst = state.remarkedFilters.Insert(item);
+    Account unused; // of the further masters, which lose the same
+    const ItemLocation location = LocationOfClip(state, clip);
+    const EffectContext context{.document = state.document,
+                                .account = isFirst ? state.account : unused,
+                                .location = location,
+                                .frameTicks = FilterTicks(item, master, kNtscFrameTicks),
+                                .sampleTicks = Int64Property(audioClip, "FrameRate"),
+                                .openInterchange = true};
+    const bool isStereo =
+        IsExploded(clip) && AudioKindOfFile(FileOfItem(state.files, item)).kind == kStereo;
+    const ItemAudio audio = AudioOfItem(state, item, isStereo ? kStereoType : kMonoType);
+    master.AddChild("AudioComponentChain", BuildAudioChain(context, audio, item));
+    if (!isFirst)
         return;
-    }
+    RemarkOnPan(context, RemarkKind::BrowserClipEffect, item);
+    RemarkOnFurtherItems(context, clip, item);
 }
 
 } // namespace

@@ -54,6 +54,12 @@ struct ImportState {
     NodeSet remarked = {};
     NodeSet remarkedFilters = {}; // owners of filters
     TextSet<> remarkedMulticlips = {};
+    // Of the latest `clip` that was looked at, whose masters are made one after the other.
+    struct FilteredItem {
+        ConstHandle clip = {};
+        ConstHandle item = {}; // the first one of its audio tracks that has filters
+    };
+    FilteredItem filteredItem = {};
 };
 
 // Settings::openInterchange, which an audio hand-off never follows.
