@@ -113,7 +113,7 @@ class Walk {
 public:
     TreeParts Run(ObjectHandle root, std::size_t nodes)
     {
-        // Hardly a document has more items. Room that isn't used costs nothing.
+        // Hardly a document has more items. Memory that isn't used costs nothing.
         constexpr std::size_t kNodesPerItem = 6;
         parts_.items.reserve(nodes / kNodesPerItem);
         if (root)
