@@ -141,8 +141,9 @@ constexpr DialectRule kReadingRules[] = {
      .file = "import/streams.cpp"},
     {.name = "effects of browser clips",
      .seen = "clips of a bin with a `filter` of their own, or on the item that shows their file",
-     .does = "They are effects of the master clip, as those of the file.",
-     .apply = TakeInClipFilters},
+     .does = "They are effects of the master clip, as those of the file. Of a clip with several "
+             "files, each master has the effects of the items that show its file.",
+     .file = "import/effects.cpp"},
     {.name = "audio effects of browser clips",
      .seen = "clips of a bin with filters on the item of their audio",
      .does = "Those of the first such item are the audio effects of the master clip.",

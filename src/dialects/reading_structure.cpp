@@ -125,19 +125,4 @@ void TakeInStrays(DialectPass& pass)
         pass.PartsChanged();
 }
 
-void TakeInClipFilters(DialectPass& pass)
-{
-    for (const ItemPart& part : pass.Parts().items) {
-        if (!part.hasFilters || part.type != MediaType::Video || part.owner.GetName() != "clip")
-            continue;
-        std::vector<ObjectHandle> filters;
-        for (const ObjectHandle& filter : part.item.GetChildren("filter"))
-            filters.push_back(filter);
-        for (const ObjectHandle& filter : filters) {
-            part.item.RemoveChild(filter);
-            part.owner.AddChild(filter);
-        }
-    }
-}
-
 } // namespace XPJ

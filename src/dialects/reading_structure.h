@@ -9,7 +9,4 @@ namespace XPJ {
 // beside `track`s into a track of their own.
 void TakeInStrays(DialectPass& pass);
 
-// Moves the filters of the video items of a bin's clip to the clip, which gives them to its master.
-void TakeInClipFilters(DialectPass& pass);
-
 } // namespace XPJ

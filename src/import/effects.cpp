@@ -15,6 +15,7 @@
 #include "xmeml/formats.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace XPJ {
 
@@ -205,16 +206,50 @@ void RemarkOnClipItems(ImportState& state, ConstHandle clip)
     RemarkOnItems(context, media.GetChild("audio"), IsNeutralAudioFilter);
 }
 
+const ImportState::FilteredItems& FilteredItemsOf(ImportState& state, ConstHandle clip)
+{
+    ImportState::FilteredItems& items = state.filteredItems;
+    if (items.clip == clip)
+        return items;
+    items = {.clip = clip};
+    const ConstHandle media = clip.GetChild("media");
+    for (const ConstHandle& track : media.GetChild("video").GetChildren("track"))
+        for (const ConstHandle& item : track.GetChildren("clipitem"))
+            if (item.HasChild("filter"))
+                items.video[FileOfItem(state.files, item).UniqueId()].push_back(item);
+    for (const ConstHandle& track : media.GetChild("audio").GetChildren("track"))
+        if (const ConstHandle item = track.GetChild("clipitem"); item.HasChild("filter")) {
+            items.audio = item;
+            break;
+        }
+    return items;
+}
+
+// What the master of a clip's file has the filters of. Those of a track item are its own, whichever
+// master it brings; to the letter so are those of a clip's items.
+std::vector<ConstHandle> FilterOwners(ImportState& state, ConstHandle element, FileElement file)
+{
+    std::vector<ConstHandle> owners;
+    if (element.GetName() == "clip") {
+        owners.push_back(element);
+        if (IsOpen(state)) {
+            const ImportState::FilteredItems& items = FilteredItemsOf(state, element);
+            if (const auto found = items.video.find(file.UniqueId()); found != items.video.end())
+                owners.insert(owners.end(), found->second.begin(), found->second.end());
+        }
+    }
+    owners.push_back(file);
+    return owners;
+}
+
 void AddMasterVideoEffects(ImportState& state, ConstHandle element, FileElement file,
                            MasterClipHandle master)
 {
-    // The filters of a track item are its own, whichever master it brings.
-    const ConstHandle clip = element.GetName() == "clip" ? element : ConstHandle();
     const ConstHandle ownFile = file;
     const ObjectHandle chain = master.GetChild("VideoComponentChain");
     const ItemLocation location = LocationOfClip(state, element);
     Account unused; // of the further masters of a clip, which lose the same
-    for (const ConstHandle& owner : {clip, ownFile}) {
+    for (const ConstHandle& owner : FilterOwners(state, element, file)) {
         if (!owner.HasChild("filter"))
             continue;
         const bool isFirst = owner == ownFile || state.remarkedFilters.Insert(owner);
@@ -252,22 +287,7 @@ void RemarkOnFurtherItems(const EffectContext& context, ConstHandle clip, ConstH
             });
 }
 
-// The one whose effects the masters of a clip have. Null without filters.
-ConstHandle FilteredItemOf(ImportState& state, ConstHandle clip)
-{
-    ImportState::FilteredItem& cached = state.filteredItem;
-    if (cached.clip == clip)
-        return cached.item;
-    cached = {.clip = clip};
-    for (const ConstHandle& track : FindPath(clip, {"media", "audio"}).GetChildren("track"))
-        if (const ConstHandle item = track.GetChild("clipitem"); item.HasChild("filter")) {
-            cached.item = item;
-            break;
-        }
-    return cached.item;
-}
-
-// To the letter a browser clip has no effects of its items.
+// All masters of a clip have the audio effects of one of its items; to the letter they have none.
 void AddMasterAudioEffects(ImportState& state, ConstHandle clip, MasterClipHandle master)
 {
     if (clip.GetName() != "clip")
@@ -275,7 +295,7 @@ void AddMasterAudioEffects(ImportState& state, ConstHandle clip, MasterClipHandl
     const ObjectHandle audioClip = master.AudioClip();
     if (!IsOpen(state))
         return RemarkOnClipItems(state, clip);
-    const ConstHandle item = audioClip ? FilteredItemOf(state, clip) : ConstHandle();
+    const ConstHandle item = audioClip ? FilteredItemsOf(state, clip).audio : ConstHandle();
     if (!item)
         return;
     const bool isFirst = state.remarkedFilters.Insert(item);

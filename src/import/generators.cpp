@@ -68,11 +68,10 @@ Ticks FrameTicksOf(ConstHandle item)
 // What a generator becomes. Shapes have no legacy document.
 enum class GeneratorRoute { ColorMatte, Plain, GraphicWithEffects, LegacyTitle, Graphic, Unknown };
 
-// Whose filters are those of a generator: in open interchange those in a clip of a bin are the
-// clip's.
-ConstHandle FilterOwner(ConstHandle item, ConstHandle owner)
+// In open interchange the filters of a clip of a bin are those of its generator too.
+bool HasGraphicEffectWithin(ConstHandle item, ConstHandle owner)
 {
-    return owner.GetName() == "clip" ? owner : item;
+    return HasGraphicEffect(item) || (owner.GetName() == "clip" && HasGraphicEffect(owner));
 }
 
 GeneratorRoute RouteOf(const ImportState& state, ConstHandle item, ConstHandle owner)
@@ -81,7 +80,7 @@ GeneratorRoute RouteOf(const ImportState& state, ConstHandle item, ConstHandle o
     if (ColorEffectOf(item))
         return GeneratorRoute::ColorMatte;
     if (state.options.settings.openInterchange) {
-        if (HasGraphicEffect(FilterOwner(item, owner)))
+        if (HasGraphicEffectWithin(item, owner))
             return GeneratorRoute::GraphicWithEffects;
         if (FindPlainGenerator(item.GetChild("effect").GetProperty("effectid")))
             return GeneratorRoute::Plain;
@@ -246,7 +245,7 @@ GeneratorResult TranslateNew(ImportState& state, const ClipItem& item, ConstHand
     return TranslateUnknown(state, item);
 }
 
-void AddMasterFilters(ImportState& state, ConstHandle generator, ConstHandle owner,
+void AddMasterFilters(ImportState& state, ConstHandle generator, ConstHandle clip,
                       MasterClipHandle master)
 {
     const ItemLocation location = LocationOfClip(state, generator);
@@ -255,8 +254,8 @@ void AddMasterFilters(ImportState& state, ConstHandle generator, ConstHandle own
                                 .location = location,
                                 .frameTicks = FrameTicksOf(generator),
                                 .lookFiles = &state.lookFiles};
-    AddMasterChainEffects(context, FilterOwner(generator, owner),
-                          master.GetChild("VideoComponentChain"));
+    for (const ConstHandle& owner : {clip, generator})
+        AddMasterChainEffects(context, owner, master.GetChild("VideoComponentChain"));
 }
 
 } // namespace

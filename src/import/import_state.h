@@ -17,8 +17,11 @@
 #include "xmeml/files.h"
 #include "xmeml/multiclips.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
 
 namespace XPJ {
 
@@ -54,12 +57,13 @@ struct ImportState {
     NodeSet remarked = {};
     NodeSet remarkedFilters = {}; // owners of filters
     TextSet<> remarkedMulticlips = {};
-    // Of the latest `clip` that was looked at, whose masters are made one after the other.
-    struct FilteredItem {
+    // The items with filters of the latest `clip`, whose masters are made one after the other.
+    struct FilteredItems {
         ConstHandle clip = {};
-        ConstHandle item = {}; // the first one of its audio tracks that has filters
+        std::unordered_map<std::uint64_t, std::vector<ConstHandle>> video = {}; // by file
+        ConstHandle audio = {};                                                 // the first
     };
-    FilteredItem filteredItem = {};
+    FilteredItems filteredItems = {};
 };
 
 // Settings::openInterchange, which an audio hand-off never follows.

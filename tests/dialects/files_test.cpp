@@ -215,6 +215,31 @@ TEST_F(Files, AudioEffectsOfBrowserClipsComeBack)
     EXPECT_FALSE(Has(ToProject(clip), ",0.25,"));
 }
 
+// A clip of two cameras, one of them filtered.
+TEST_F(Files, EachMasterHasTheEffectsOfTheItemsOfItsFile)
+{
+    const auto value = [](const std::string& id, const std::string& number) {
+        return In("parameter", In("parameterid", id) + In("value", number));
+    };
+    const std::string blur =
+        In("filter", In("effect", In("name", "Gaussian Blur") + In("effectid", "Gaussian Blur") +
+                                      value("radius", "5") + value("channel", "1")));
+    const std::string video = In("video", "");
+    const auto track = [](const std::string& content) {
+        return In("track", In("clipitem", content));
+    };
+    for (const bool isFirst : {true, false}) {
+        const std::string clip =
+            ClipOf(In("video", track(FileOf("a", video) + (isFirst ? blur : "")) +
+                                   track(FileOf("b", video) + (isFirst ? "" : blur))));
+        const std::string project = ToProject(clip);
+        ASSERT_EQ(CountOf(project, "<VideoFilterComponent "), 1);
+        // What belongs to a master follows its stream.
+        const std::size_t second = project.find("<VideoStream ", project.find("<VideoStream ") + 1);
+        EXPECT_EQ(project.find("<VideoFilterComponent ") < second, isFirst);
+    }
+}
+
 // A merged clip of a video file and a stereo recording.
 TEST_F(Files, AMergedClipHasBothChannelsOfAStream)
 {
