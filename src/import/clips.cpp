@@ -213,7 +213,7 @@ bool AddFileItem(ImportState& state, ConstHandle clip, const ClipFile& entry,
         return true;
     }
     if (master) {
-        RemarkOnSharedMaster(state, clip, master, [&] { return LocationOfClip(state, clip); });
+        RemarkOnSharedMaster(state, clip, master, LocationOfClip(state, clip));
     } else {
         const ConstHandle item = entry.item ? entry.item : clip;
         master =

@@ -69,20 +69,21 @@ FrameSize FrameOfMaster(MasterClipHandle master, const FrameSize& unknown)
     return ParseFrameSize(stream.GetProperty("FrameRect"), stream.GetProperty(aspect));
 }
 
-void SetFrames(const TrackContext& track, ConstHandle item, FileElement file,
-               MasterClipHandle master, EffectContext& context)
+void SetFrames(const ItemContext& item, EffectContext& context)
 {
-    ImportState& state = track.sequence.state;
-    const FrameFormat& frame = track.sequence.frame;
+    const SequenceContext& sequence = item.track.sequence;
+    ImportState& state = sequence.state;
+    const FileElement file = item.file;
+    const FrameFormat& frame = sequence.frame;
     context.sequenceFrame = ParseFrameSize(frame.rect, frame.par);
     const FrameSize unknown{.pixelAspect = context.sequenceFrame.pixelAspect};
     const FileFormat format = file ? state.fileFormats.Of(file) : FileFormat();
-    if (const ObjectHandle sequence = state.masters.Shown(master).sequence)
-        context.clipFrame = FrameOfGroup(sequence, unknown);
+    if (item.shown.sequence)
+        context.clipFrame = FrameOfGroup(item.shown.sequence, unknown);
     else if (file)
-        context.clipFrame = FrameOfFileItem(item, format, unknown);
+        context.clipFrame = FrameOfFileItem(item.element, format, unknown);
     else
-        context.clipFrame = FrameOfMaster(master, unknown);
+        context.clipFrame = FrameOfMaster(item.shown.master, unknown);
     context.decodedWidthRatio = format.decodedWidthRatio;
     context.decodedHeightRatio = format.decodedHeightRatio;
 }
@@ -95,30 +96,27 @@ Ticks SampleTicksOf(ImportState& state, FileElement file)
     return samples > 0 ? std::max<Ticks>(kTicksPerSecond / samples, 1) : kSampleTicks48k;
 }
 
-// For an item on a track of either type, at times in its sequence. `master` is the
-// MasterClip that it shows. `frameTicks` is 0 for video whose rate is stated nowhere; audio then
-// counts in the sequence's frames.
-EffectContext ContextOfItem(const TrackContext& track, const ClipItem& item,
-                            MasterClipHandle master, const ItemTimes& times)
+// For an item on a track of either type. `frameTicks` is 0 for video whose rate is stated nowhere;
+// audio then counts in the sequence's frames.
+EffectContext ContextOfItem(const ItemContext& item)
 {
-    const SequenceContext& sequence = track.sequence;
+    const SequenceContext& sequence = item.track.sequence;
     ImportState& state = sequence.state;
-    const FileElement file = FileOfItem(state.files, item);
     const SequenceTimecode& timecode = sequence.timecode;
     EffectContext context{
         .document = state.document,
         .account = state.account,
-        .location = LocationOfItem(track, item.GetProperty("name"), times.start, times.end),
-        .time = [&timecode, start = times.start] { return timecode.TextOf(start); }};
-    context.frameTicks = FilterTicks(item, master, sequence.rates.video);
+        .location = item.location,
+        .time = [&timecode, start = item.times.start] { return timecode.TextOf(start); }};
+    context.frameTicks = FilterTicks(item.element, item.shown.master, sequence.rates.video);
     context.lookFiles = &state.lookFiles;
     context.openInterchange = IsOpen(state);
-    if (track.type == MediaType::Video) {
-        SetFrames(track, item, file, master, context);
+    if (item.track.type == MediaType::Video) {
+        SetFrames(item, context);
     } else {
         if (context.frameTicks == 0)
             context.frameTicks = sequence.rates.edges;
-        context.sampleTicks = SampleTicksOf(state, file);
+        context.sampleTicks = SampleTicksOf(state, item.file);
     }
     return context;
 }
@@ -140,9 +138,8 @@ ObjectHandle TitleOfItem(const ImportState& state, ConstHandle item, const Frame
 
 // ---- Audio
 
-ItemAudio AudioOfItem(ImportState& state, ConstHandle item, int channelType)
+ItemAudio AudioOfItem(ImportState& state, ConstHandle item, FileElement file, int channelType)
 {
-    const FileElement file = FileOfItem(state.files, item);
     const int kind = file ? state.fileFormats.AudioOf(file).kind : kUnknownChannels;
     return {.channelType = channelType,
             .delayFrames = Int64Property(item, "mediadelay"),
@@ -307,9 +304,9 @@ void AddMasterAudioEffects(ImportState& state, ConstHandle clip, MasterClipHandl
                                 .frameTicks = FilterTicks(item, master, kNtscFrameTicks),
                                 .sampleTicks = Int64Property(audioClip, "FrameRate"),
                                 .openInterchange = true};
-    const bool isStereo =
-        IsExploded(clip) && AudioKindOfFile(FileOfItem(state.files, item)).kind == kStereo;
-    const ItemAudio audio = AudioOfItem(state, item, isStereo ? kStereoType : kMonoType);
+    const FileElement file = FileOfItem(state.files, item);
+    const bool isStereo = IsExploded(clip) && AudioKindOfFile(file).kind == kStereo;
+    const ItemAudio audio = AudioOfItem(state, item, file, isStereo ? kStereoType : kMonoType);
     master.AddChild("AudioComponentChain", BuildAudioChain(context, audio, item));
     if (!isFirst)
         return;
@@ -319,31 +316,29 @@ void AddMasterAudioEffects(ImportState& state, ConstHandle clip, MasterClipHandl
 
 } // namespace
 
-ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item,
-                                const ItemTimes& times, ObjectHandle subClip)
+ObjectHandle MakeItemVideoChain(const ItemContext& item, ObjectHandle subClip)
 {
-    const ImportState& state = track.sequence.state;
-    const MasterClipHandle master(subClip.GetChild("MasterClip"));
-    const EffectContext context = ContextOfItem(track, item, master, times);
-    const ObjectHandle title = TitleOfItem(state, item, context.sequenceFrame, master);
-    return BuildSequenceChain(context, item, subClip, IntToString(track.sequence.number), title);
+    const SequenceContext& sequence = item.track.sequence;
+    const EffectContext context = ContextOfItem(item);
+    const ObjectHandle title =
+        TitleOfItem(sequence.state, item.element, context.sequenceFrame, item.shown.master);
+    return BuildSequenceChain(context, item.element, subClip, IntToString(sequence.number), title);
 }
 
-void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, const ItemTimes& times,
-                         const ItemChannels& channels, ObjectHandle trackItem)
+void AddItemAudioEffects(const ItemContext& item, const ItemChannels& channels,
+                         ObjectHandle trackItem)
 {
-    const SequenceContext& sequence = track.sequence;
+    const SequenceContext& sequence = item.track.sequence;
     Document& document = sequence.state.document;
-    const MasterClipHandle master(FindPath(trackItem, {"SubClip", "MasterClip"}));
-    const EffectContext effects = ContextOfItem(track, item, master, times);
-    const ItemAudio audio = AudioOfItem(sequence.state, item, channels.itemType);
-    const ConstHandle source = item;
-    trackItem.AddChild("Components", BuildAudioChain(effects, audio, source));
+    const EffectContext effects = ContextOfItem(item);
+    const ConstHandle element = item.element;
+    const ItemAudio audio = AudioOfItem(sequence.state, element, item.file, channels.itemType);
+    trackItem.AddChild("Components", BuildAudioChain(effects, audio, element));
     if (CanPan(sequence, channels))
-        trackItem.AddChild("Panner", MakeItemPanner(document, TranslatePan(effects, audio, source),
+        trackItem.AddChild("Panner", MakeItemPanner(document, TranslatePan(effects, audio, element),
                                                     sequence.rates.audio));
     else
-        RemarkOnItemPan(sequence, effects, item);
+        RemarkOnItemPan(sequence, effects, element);
 }
 
 void RemarkOnClipFilters(ImportState& state, ConstHandle clip)

@@ -2,13 +2,11 @@
 #pragma once
 
 #include "import/track_context.h"
-#include "xmeml/item_times.h"
 
 namespace XPJ {
 
 // The VideoComponentChain of a video item; a variable speed goes to the clip of its `subClip`.
-ObjectHandle MakeItemVideoChain(const TrackContext& track, const ClipItem& item,
-                                const ItemTimes& times, ObjectHandle subClip);
+ObjectHandle MakeItemVideoChain(const ItemContext& item, ObjectHandle subClip);
 
 // The channel types of an audio item and of its track.
 struct ItemChannels {
@@ -16,8 +14,8 @@ struct ItemChannels {
     int trackType = kStereoType;
 };
 // Gives an AudioClipTrackItem the chain of its item and, if it is panned, its panner.
-void AddItemAudioEffects(const TrackContext& track, const ClipItem& item, const ItemTimes& times,
-                         const ItemChannels& channels, ObjectHandle trackItem);
+void AddItemAudioEffects(const ItemContext& item, const ItemChannels& channels,
+                         ObjectHandle trackItem);
 
 // Adds the filters of a browser `clip` and of its `file` to a new master.
 void AddMasterEffects(ImportState& state, ConstHandle element, FileElement file,

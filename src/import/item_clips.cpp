@@ -3,12 +3,10 @@
 #include "core/numbers.h"
 #include "import/logging.h"
 #include "import/markers.h"
-#include "import/masters.h"
 #include "project/clips.h"
 #include "project/labels.h"
 #include "project/media.h"
 #include "project/synthetic_items.h"
-#include "xmeml/speed.h"
 
 #include <algorithm>
 #include <optional>
@@ -17,13 +15,13 @@ namespace XPJ {
 
 namespace {
 
-ClipFields FieldsOf(ConstHandle item, const ItemSpeed& speed)
+ClipFields FieldsOf(const ItemContext& item)
 {
-    return {.speed = speed.speed,
-            .playBackwards = speed.playBackwards,
+    return {.speed = item.speed.speed,
+            .playBackwards = item.speed.playBackwards,
             .inUse = true,
-            .scaleToFrameSize = IsTrue(item, "scaleToFrameSize"),
-            .frameBlending = speed.frameBlending};
+            .scaleToFrameSize = IsTrue(item.element, "scaleToFrameSize"),
+            .frameBlending = item.speed.frameBlending};
 }
 
 void AddMulticam(const ActiveAngles& angles, ConstHandle item, ObjectHandle clip)
@@ -47,6 +45,12 @@ void AddFrameHold(ConstHandle item, Ticks sequenceTicks, ObjectHandle clip)
     clip.SetProperty("FrameHoldStart", TickText(MultiplyTicks(position, unit)));
 }
 
+// A number of the item's frames in its source.
+Ticks TicksAt(const ItemContext& item, Frames frames)
+{
+    return ScaledTicks(frames, item.rates.item, item.speed.speed);
+}
+
 // The part of the source that an item shows, as far as its times state it.
 struct SourceRange {
     Ticks in = 0;
@@ -55,65 +59,59 @@ struct SourceRange {
 
 // A source starts at 0. An item that begins before it, begins with it; one that also ends before
 // it keeps its length.
-void AddPoints(const TrackContext& track, const ClipItem& item, const ItemTiming& timing,
-               SourceRange range, ObjectHandle clip)
+void AddPoints(const ItemContext& item, SourceRange range, ObjectHandle clip)
 {
-    const ItemTimes& times = timing.times;
-    const ItemRates& rates = timing.rates;
+    const ItemTimes& times = item.times;
     if (range.in < 0) {
-        AddItemIssue(track, item, times.start, ImportIssue::InvalidInPoint);
+        AddItemIssue(item.track, item.element, times.start, ImportIssue::InvalidInPoint);
         range.in = 0;
     }
     if (range.out < 0) {
-        const Frames length = rates.ToItem(SubtractTicks(times.end, times.start));
-        range.out = AddTicks(range.in, ScaledTicks(length, rates.item, SpeedOfItem(item).speed));
+        const Frames length = item.rates.ToItem(SubtractTicks(times.end, times.start));
+        range.out = AddTicks(range.in, TicksAt(item, length));
     }
     clip.SetNumber("InPoint", range.in);
     clip.SetNumber("OutPoint", range.out);
 }
 
 // A point where the document has it.
-Ticks StatedPoint(const StatedTime& exact, Frames frames, Ticks unit, double speed)
+Ticks StatedPoint(const ItemContext& item, const StatedTime& exact, Frames frames)
 {
-    return exact.IsStated() ? exact.value : UnroundedTicks(frames, unit, speed);
+    return exact.IsStated() ? exact.value
+                            : UnroundedTicks(frames, item.rates.item, item.speed.speed);
 }
 
 // On points that were between two frames. Those before the media have an issue.
-void RemarkOnPoints(const TrackContext& track, const ClipItem& item, const ItemTimes& times,
-                    const SourceRange& stated, const SourceRange& range)
+void RemarkOnPoints(const ItemContext& item, Frames in, Frames out, const SourceRange& range)
 {
+    const StatedTimes& times = item.element.times;
     constexpr Ticks kNoise = 2; // of products in floating point
     const auto isMoved = [](Ticks from, Ticks to) {
         return from > 0 && to >= 0 && std::max(from, to) - std::min(from, to) > kNoise;
     };
-    if (isMoved(stated.in, range.in) || isMoved(stated.out, range.out))
-        AddRemark(track.sequence.state.account, RemarkKind::PointRounded,
-                  LocationOfItem(track, item.GetProperty("name"), times.start, times.end));
+    if (isMoved(StatedPoint(item, times.exactIn, in), range.in) ||
+        isMoved(StatedPoint(item, times.exactOut, out), range.out))
+        AddRemark(item.track.sequence.state.account, RemarkKind::PointRounded, item.location);
 }
 
-ObjectHandle MakeItemSubClip(ImportState& state, ConstHandle item, ObjectHandle clip,
-                             MasterClipHandle master)
+ObjectHandle MakeItemSubClip(const ItemContext& item, ObjectHandle clip)
 {
-    std::string_view name = item.GetProperty("name");
-    if (name.empty())
-        name = FileOfItem(state.files, item).GetProperty("name");
-    const SubClipParts parts = MakeSubClip(state.document, name, clip, master);
-    state.masters.AddClipId(master, parts.clipId);
+    ImportState& state = item.track.sequence.state;
+    const std::string_view own = item.element.GetProperty("name");
+    const std::string_view name = own.empty() ? item.file.GetProperty("name") : own;
+    const SubClipParts parts = MakeSubClip(state.document, name, clip, item.shown.master);
+    state.masters.AddClipId(item.shown.master, parts.clipId);
     return parts.subClip;
 }
 
 // The label of an item, and what is lost of it, of the markers and of what its master states.
-void CopyNotes(const TrackContext& track, const ClipItem& item, const ItemTimes& times,
-               ConstHandle master, ObjectHandle clip)
+void CopyNotes(const ItemContext& item, ObjectHandle clip)
 {
-    ImportState& state = track.sequence.state;
-    const auto locate = [&] {
-        return LocationOfItem(track, item.GetProperty("name"), times.start, times.end);
-    };
-    if (!CopyLabel(state, item, clip, kClipLabel))
-        RemarkOnLabel(state, item, locate());
-    RemarkOnMarkers(state, item, locate);
-    RemarkOnSharedMaster(state, item, master, locate);
+    ImportState& state = item.track.sequence.state;
+    if (!CopyLabel(state, item.element, clip, kClipLabel))
+        RemarkOnLabel(state, item.element, item.location);
+    RemarkOnMarkers(state, item.element, item.location);
+    RemarkOnSharedMaster(state, item.element, item.shown.master, item.location);
 }
 
 // The channel of its source that a `clipitem` plays, from 0.
@@ -130,7 +128,6 @@ class MasterChannels {
 public:
     explicit MasterChannels(const ShownMaster& master) : channels_(master.channels) {}
 
-    bool IsEmpty() const { return channels_.empty(); }
     const std::vector<MasterChannel>& All() const { return channels_; }
     // Tracks beyond the channels of a file start over with its first.
     int Reduce(int channel) const { return channel % static_cast<int>(channels_.size()); }
@@ -144,14 +141,12 @@ private:
 };
 
 // On a channel that an item states and its media does not have.
-void RemarkOnChannel(const TrackContext& track, const ClipItem& item, const ItemTimes& times,
-                     const MasterChannels& channels)
+void RemarkOnChannel(const ItemContext& item, const MasterChannels& channels)
 {
-    const ConstHandle sourceTrack = item.GetChild("sourcetrack");
+    const ConstHandle sourceTrack = item.element.GetChild("sourcetrack");
     const int stated = IntProperty(sourceTrack, "trackindex");
     if (stated > std::ssize(channels.All()))
-        AddRemark(track.sequence.state.account, RemarkKind::ChannelAssumed,
-                  LocationOfItem(track, item.GetProperty("name"), times.start, times.end),
+        AddRemark(item.track.sequence.state.account, RemarkKind::ChannelAssumed, item.location,
                   {.detail = sourceTrack.GetProperty("trackindex")});
 }
 
@@ -215,88 +210,73 @@ std::optional<Ticks> ExactPoint(const StatedTime& time)
 }
 
 // Below 0 for every point before the source, also for one that scaling would round up to its start.
-Ticks OutTicks(Frames out, Ticks frameTicks, double speed)
+Ticks OutTicks(const ItemContext& item, Frames out)
 {
-    return out < 0 ? kNotStated : ScaledTicks(out, frameTicks, speed);
+    return out < 0 ? kNotStated : TicksAt(item, out);
 }
 
 } // namespace
 
-ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
-                              const ItemTiming& timing)
+ObjectHandle MakeVideoSubClip(const ItemContext& item)
 {
-    ImportState& state = track.sequence.state;
+    const SequenceContext& sequence = item.track.sequence;
+    ImportState& state = sequence.state;
     Document& document = state.document;
-    const ShownMaster& shown =
-        state.masters.Shown(FindMaster(state, item, MediaType::Video, track.index));
-    if (!shown.videoClip)
-        return {};
-    const Ticks unit = timing.rates.item;
-    const ItemSpeed speed = SpeedOfItem(item);
+    const ClipItem& element = item.element;
+    const Ticks unit = item.rates.item;
     const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Video,
-                                              shown.videoClip.GetChild("Source"), unit);
-    const ObjectHandle clip = MakeVideoClip(document, source, FieldsOf(item, speed));
-    CopyNotes(track, item, timing.times, shown.master, clip);
+                                              item.shown.videoClip.GetChild("Source"), unit);
+    const ObjectHandle clip = MakeVideoClip(document, source, FieldsOf(item));
+    CopyNotes(item, clip);
 
-    SourceRange range{.in = ScaledTicks(timing.times.in, unit, speed.speed),
-                      .out = OutTicks(timing.times.out, unit, speed.speed)};
+    const Frames in = item.times.in;
+    const Frames out = item.times.out;
+    SourceRange range{.in = TicksAt(item, in), .out = OutTicks(item, out)};
     if (state.options.settings.openInterchange)
-        range = {.in = ExactPoint(item.times.exactIn).value_or(range.in),
-                 .out = ExactPoint(item.times.exactOut).value_or(range.out)};
-    RemarkOnPoints(track, item, timing.times,
-                   {.in = StatedPoint(item.times.exactIn, timing.times.in, unit, speed.speed),
-                    .out = StatedPoint(item.times.exactOut, timing.times.out, unit, speed.speed)},
-                   range);
-    AddPoints(track, item, timing, range, clip);
-    AddFrameHold(item, track.sequence.rates.edges, clip);
-    clip.AddChild("Markers", TranslateMarkers(document, item, unit));
-    AddMulticam(state.angles, item, clip);
-    return MakeItemSubClip(state, item, clip, shown.master);
+        range = {.in = ExactPoint(element.times.exactIn).value_or(range.in),
+                 .out = ExactPoint(element.times.exactOut).value_or(range.out)};
+    RemarkOnPoints(item, in, out, range);
+    AddPoints(item, range, clip);
+    AddFrameHold(element, sequence.rates.edges, clip);
+    clip.AddChild("Markers", TranslateMarkers(document, element, unit));
+    AddMulticam(state.angles, element, clip);
+    return MakeItemSubClip(item, clip);
 }
 
-ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, int channelType,
-                              const ItemTiming& timing)
+ObjectHandle MakeAudioSubClip(const ItemContext& item, int channelType)
 {
+    const TrackContext& track = item.track;
     ImportState& state = track.sequence.state;
     Document& document = state.document;
-    const ShownMaster& shown =
-        state.masters.Shown(FindMaster(state, item, MediaType::Audio, track.index));
-    const MasterChannels channels(shown);
-    if (channels.IsEmpty())
-        return {};
-    const Ticks unit = timing.rates.item;
-    const ItemSpeed speed = SpeedOfItem(item);
-    const int sourceChannel = channels.Reduce(SourceChannelOf(item, track.index));
-    RemarkOnChannel(track, item, timing.times, channels);
+    const ClipItem& element = item.element;
+    const MasterChannels channels(item.shown);
+    const int sourceChannel = channels.Reduce(SourceChannelOf(element, track.index));
+    RemarkOnChannel(item, channels);
     const ObjectHandle source = SourceForItem(document, state.sequences, MediaType::Audio,
                                               channels.At(sourceChannel).clip.GetChild("Source"),
                                               track.sequence.rates.audio);
-    const ObjectHandle clip = MakeAudioClip(document, source, FieldsOf(item, speed));
-    CopyNotes(track, item, timing.times, shown.master, clip);
+    const ObjectHandle clip = MakeAudioClip(document, source, FieldsOf(item));
+    CopyNotes(item, clip);
 
-    const Frames delay = Int64Property(item, "mediadelay");
-    const Ticks in = ScaledTicks(AddTicks(timing.times.in, delay), unit, speed.speed);
-    const Ticks out = OutTicks(AddTicks(timing.times.out, delay), unit, speed.speed);
-    const SourceRange range{.in = ExactPoint(item.times.exactIn).value_or(in),
-                            .out = ExactPoint(item.times.exactOut).value_or(out)};
-    RemarkOnPoints(
-        track, item, timing.times,
-        {.in = StatedPoint(item.times.exactIn, AddTicks(timing.times.in, delay), unit, speed.speed),
-         .out = StatedPoint(item.times.exactOut, AddTicks(timing.times.out, delay), unit,
-                            speed.speed)},
-        range);
-    AddPoints(track, item, timing, range, clip);
+    const Frames delay = Int64Property(element, "mediadelay");
+    const Frames in = AddTicks(item.times.in, delay);
+    const Frames out = AddTicks(item.times.out, delay);
+    const SourceRange range{.in = ExactPoint(element.times.exactIn).value_or(TicksAt(item, in)),
+                            .out =
+                                ExactPoint(element.times.exactOut).value_or(OutTicks(item, out))};
+    RemarkOnPoints(item, in, out, range);
+    AddPoints(item, range, clip);
     const int channelCount = ChannelCountOf(channelType);
     clip.SetNumber("SecondaryIndex", sourceChannel);
-    clip.SetPropertyShared("Gain", HasValue(item, "velaGain") ? item.GetProperty("velaGain")
-                                                              : std::string_view("1.0"));
-    clip.AddChild("Markers", TranslateMarkers(document, item, unit));
+    clip.SetPropertyShared("Gain", HasValue(element, "velaGain") ? element.GetProperty("velaGain")
+                                                                 : std::string_view("1.0"));
+    clip.AddChild("Markers", TranslateMarkers(document, element, item.rates.item));
     clip.SetNumber("ChannelType", channelType);
     clip.SetNumber("NumChannels", channelCount);
     clip.SetProperty("AudioChannelLayout", ChannelLayoutText(channelType, channelCount));
-    AddMulticam(state.angles, item, clip);
-    AddItemChannels(track, item, channelType, channels, clip);
-    return MakeItemSubClip(state, item, clip, shown.master);
+    AddMulticam(state.angles, element, clip);
+    AddItemChannels(track, element, channelType, channels, clip);
+    return MakeItemSubClip(item, clip);
 }
 
 ObjectHandle SourceForItem(Document& document, SequenceCatalog& sequences, MediaType type,

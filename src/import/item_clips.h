@@ -2,23 +2,13 @@
 #pragma once
 
 #include "import/track_context.h"
-#include "xmeml/item_times.h"
 
 #include <vector>
 
 namespace XPJ {
 
-// The times of an item, none of which is missing any more, with the rates in which they count.
-struct ItemTiming {
-    ItemTimes times;
-    ItemRates rates;
-};
-
-// Null when the item has no master with a clip of the type.
-ObjectHandle MakeVideoSubClip(const TrackContext& track, const ClipItem& item,
-                              const ItemTiming& timing);
-ObjectHandle MakeAudioSubClip(const TrackContext& track, const ClipItem& item, int channelType,
-                              const ItemTiming& timing);
+ObjectHandle MakeVideoSubClip(const ItemContext& item);
+ObjectHandle MakeAudioSubClip(const ItemContext& item, int channelType);
 
 // The source that an item at a rate shows of a master's. Every item of a nested sequence has one of
 // its own.

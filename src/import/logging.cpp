@@ -194,7 +194,7 @@ void CopyGoodFlag(ConstHandle element, ObjectHandle target)
 }
 
 void RemarkOnSharedMaster(ImportState& state, ConstHandle element, ConstHandle master,
-                          const std::function<ItemLocation()>& locate)
+                          const ItemLocation& location)
 {
     const ConstHandle origin = state.masters.OriginOf(master);
     if (!origin || origin == element)
@@ -202,14 +202,14 @@ void RemarkOnSharedMaster(ImportState& state, ConstHandle element, ConstHandle m
     const auto compare = [&](Name list, bool (*differs)(ConstHandle, ConstHandle)) {
         const ConstHandle own = element.GetChild(list);
         if (own && differs(own, origin.GetChild(list)))
-            AddRemark(state.account, RemarkKind::MasterShared, locate(), {.detail = list.View()});
+            AddRemark(state.account, RemarkKind::MasterShared, location, {.detail = list.View()});
     };
     compare("logginginfo", HasOtherLogging);
     compare("filmdata", HasOtherFilm);
     if (IsTrackItem(element)) { // in a bin it has comments of its own
         compare("comments", HasOtherComments);
     } else if (HasOtherMarkers(element, origin)) {
-        AddRemark(state.account, RemarkKind::MasterShared, locate(), {.detail = "marker"});
+        AddRemark(state.account, RemarkKind::MasterShared, location, {.detail = "marker"});
     }
 }
 

@@ -6,8 +6,6 @@
 #include "tree/object.h"
 #include "xmeml/files.h"
 
-#include <functional>
-
 namespace XPJ {
 
 // A new ClipLoggingInfo for a `clip`, `clipitem` or `sequence`.
@@ -26,7 +24,7 @@ void CopyGoodFlag(ConstHandle element, ObjectHandle target);
 // On descriptions that an element states otherwise than the one of which its master was built, and
 // on the markers of a `clip`.
 void RemarkOnSharedMaster(ImportState& state, ConstHandle element, ConstHandle master,
-                          const std::function<ItemLocation()>& locate);
+                          const ItemLocation& location);
 
 // Copies the label of an element. To the letter a label is one of the host's colors, by its name;
 // others write nothing. False for a label that is lost.

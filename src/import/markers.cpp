@@ -74,12 +74,11 @@ ObjectHandle TranslateMarkers(Document& document, ConstHandle element, Ticks def
     return markers;
 }
 
-void RemarkOnMarkers(ImportState& state, ConstHandle element,
-                     const std::function<ItemLocation()>& locate)
+void RemarkOnMarkers(ImportState& state, ConstHandle element, const ItemLocation& location)
 {
     for (const ConstHandle& marker : element.GetChildren("marker"))
         if (!HasValue(marker, "in") || Int64Property(marker, "in") < 0)
-            AddRemark(state.account, RemarkKind::MarkerWithoutTime, locate(),
+            AddRemark(state.account, RemarkKind::MarkerWithoutTime, location,
                       {.name = marker.GetProperty("name")});
 }
 

@@ -222,7 +222,7 @@ MasterClipHandle BuildMasterClip(ImportState& state, const ClipItem& element,
     AddVideoMarkers(state, element, hasAudio, master);
     // The markers of an item are its own, those of a sequence are in it.
     if (element.GetName() == "clip" && state.remarked.Insert(element))
-        RemarkOnMarkers(state, element, [&] { return LocationOfClip(state, element); });
+        RemarkOnMarkers(state, element, LocationOfClip(state, element));
 
     master.AddChild("LoggingInfo",
                     element ? MakeLoggingInfo(state, element) : MakeDefaultLoggingInfo(document));

@@ -301,7 +301,7 @@ bool FillMulticlipSequence(ImportState& state, ConstHandle multiclip, ObjectHand
         RemarkOnMissing(context, "frame size");
         return false;
     }
-    RemarkOnMarkers(state, multiclip, [&] { return LocationOfClip(state, multiclip); });
+    RemarkOnMarkers(state, multiclip, LocationOfClip(state, multiclip));
 
     AddAngles(context, sequence);
     sequence.AddChild("Markers", TranslateMarkers(state.document, multiclip, context.rates.video));

@@ -113,10 +113,10 @@ bool FillSequence(ImportState& state, ConstHandle sequence, const SequenceItems&
         AddSkipped(state, sequence, {.sequence = context.timecode.name, .bin = state.bin});
         return false;
     }
-    const auto locate = [&] { return ItemLocation{.sequence = context.timecode.name}; };
+    const ItemLocation location{.sequence = context.timecode.name};
     if (TicksOfRate(sequence.GetChild("rate")) == 0)
-        AddRemark(state.account, RemarkKind::RateAssumed, locate());
-    RemarkOnMarkers(state, sequence, locate);
+        AddRemark(state.account, RemarkKind::RateAssumed, location);
+    RemarkOnMarkers(state, sequence, location);
     AddTrackGroups(context, result);
     result.AddChild("Markers", TranslateMarkers(state.document, sequence, context.rates.video));
     result.AddChild("DVDMarkers", state.document.NewObject("DVDMarkers"));

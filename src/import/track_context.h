@@ -1,4 +1,4 @@
-// What the items of one sequence, and of one track, share while they are translated.
+// What is translated, from the sequence down to the item: what each level shares, found once.
 #pragma once
 
 #include "core/channel_types.h"
@@ -7,8 +7,12 @@
 #include "core/ticks.h"
 #include "import/import_state.h"
 #include "xmeml/cut_points.h"
+#include "xmeml/files.h"
+#include "xmeml/item_times.h"
 #include "xmeml/links.h"
+#include "xmeml/rates.h"
 #include "xmeml/sequences.h"
+#include "xmeml/speed.h"
 
 #include <string_view>
 
@@ -36,6 +40,17 @@ struct TrackContext {
     int lastNumber = 1; // of its last continuation
     int index = 0;      // among the project's tracks, from 0
     int id = 1;
+};
+
+struct ItemContext {
+    const TrackContext& track;
+    const ClipItem& element;
+    const ShownMaster& shown; // has a clip of the track's type
+    FileElement file = {};    // null without one
+    ItemRates rates = {};
+    ItemTimes times = {}; // none of which is missing any more
+    ItemSpeed speed = {};
+    ItemLocation location = {};
 };
 
 // An item by its track, which counts from 0, and the edges, in their unit, at which it starts and

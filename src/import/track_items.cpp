@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "import/effects.h"
 #include "import/item_clips.h"
+#include "import/masters.h"
 #include "project/objects.h"
 #include "xmeml/flags.h"
 
@@ -13,53 +14,61 @@ namespace XPJ {
 
 namespace {
 
-// Nothing, with an issue, for an item that is not in the sequence. Audio starts inside its source;
-// the in point of a video is corrected later, with an issue.
-std::optional<ItemTiming> TimingOf(const TrackContext& track, const ClipItem& item)
+bool HasClip(const ShownMaster& shown, MediaType type)
 {
-    ItemTiming timing;
-    timing.rates = RatesOfItem(item, track.sequence.rates.edges);
-    if (item.GetName() == "generatoritem") {
-        const FileElement file = FileOfItem(track.sequence.state.files, item);
-        timing.times = TimesOfGenerator(item, timing.rates, Int64Property(file, "duration"));
-    } else {
-        timing.times = TimesOfClip(item, timing.rates);
-    }
-    const ItemTimes& times = timing.times;
-    const bool hasSource = track.type == MediaType::Video || times.out > times.in;
-    if (times.start >= 0 && times.end >= 0 && hasSource)
-        return timing;
-    AddItemIssue(track, item, times.start, ImportIssue::InvalidStartEnd);
-    return std::nullopt;
+    return type == MediaType::Video ? static_cast<bool>(shown.videoClip) : !shown.channels.empty();
 }
 
-ItemLocation LocationOf(const TrackContext& track, ConstHandle item, const ItemTimes& times)
+// Nothing, with an issue, for an item that is not in the sequence, and for one that has no master
+// with a clip of the track's type. Audio starts inside its source; the in point of a video is
+// corrected later, with an issue.
+std::optional<ItemContext> ContextOf(const TrackContext& track, const ClipItem& element)
 {
-    return LocationOfItem(track, item.GetProperty("name"), times.start, times.end);
+    ImportState& state = track.sequence.state;
+    const ItemRates rates = RatesOfItem(element, track.sequence.rates.edges);
+    const FileElement file = FileOfItem(state.files, element);
+    const ItemTimes times = element.GetName() == "generatoritem"
+                                ? TimesOfGenerator(element, rates, Int64Property(file, "duration"))
+                                : TimesOfClip(element, rates);
+    const bool hasSource = track.type == MediaType::Video || times.out > times.in;
+    if (times.start < 0 || times.end < 0 || !hasSource) {
+        AddItemIssue(track, element, times.start, ImportIssue::InvalidStartEnd);
+        return std::nullopt;
+    }
+    const ItemLocation location =
+        LocationOfItem(track, element.GetProperty("name"), times.start, times.end);
+    const ShownMaster& shown =
+        state.masters.Shown(FindMaster(state, element, track.type, track.index));
+    if (!HasClip(shown, track.type)) {
+        AddSkipped(state, element, location);
+        return std::nullopt;
+    }
+    return ItemContext{.track = track,
+                       .element = element,
+                       .shown = shown,
+                       .file = file,
+                       .rates = rates,
+                       .times = times,
+                       .speed = SpeedOfItem(element),
+                       .location = location};
 }
 
 // The values that items of both types begin with.
-ObjectHandle MakeItem(const TrackContext& track, Name className, ConstHandle item,
-                      const ItemTimes& times)
+ObjectHandle MakeItem(const ItemContext& item, Name className)
 {
+    const TrackContext& track = item.track;
     SequenceContext& sequence = track.sequence;
-    const Ticks end = MultiplyTicks(times.end, sequence.rates.edges);
-    if (const ConstHandle multiclip = item.GetChild("multiclip"))
-        RemarkOnAngles(sequence.state, multiclip, LocationOf(track, item, times));
+    if (const ConstHandle multiclip = item.element.GetChild("multiclip"))
+        RemarkOnAngles(sequence.state, multiclip, item.location);
+    const Ticks start = MultiplyTicks(item.times.start, sequence.rates.edges);
+    const Ticks end = MultiplyTicks(item.times.end, sequence.rates.edges);
     sequence.end = std::max(sequence.end, end);
     Document& document = sequence.state.document;
-    const Ticks start = MultiplyTicks(times.start, sequence.rates.edges);
     return document.NewObject(className, {{"MediaType", MediaTypeText(track.type)},
                                           {"TrackIndex", document.StoreNumber(track.index)},
-                                          {"IsMuted", BoolText(!IsEnabled(item))},
+                                          {"IsMuted", BoolText(!IsEnabled(item.element))},
                                           {"Start", document.StoreNumber(start)},
                                           {"End", document.StoreNumber(end)}});
-}
-
-ObjectHandle Skip(const TrackContext& track, ConstHandle item, const ItemTimes& times)
-{
-    AddSkipped(track.sequence.state, item, LocationOf(track, item, times));
-    return {};
 }
 
 int ItemChannelType(const ImportOptions& options, ConstHandle item, int trackType)
@@ -73,36 +82,31 @@ int ItemChannelType(const ImportOptions& options, ConstHandle item, int trackTyp
 
 } // namespace
 
-ObjectHandle TranslateVideoItem(const TrackContext& track, const ClipItem& item)
+ObjectHandle TranslateVideoItem(const TrackContext& track, const ClipItem& element)
 {
-    const std::optional<ItemTiming> timing = TimingOf(track, item);
-    if (!timing)
+    const std::optional<ItemContext> item = ContextOf(track, element);
+    if (!item)
         return {};
-    const ObjectHandle subClip = MakeVideoSubClip(track, item, *timing);
-    if (!subClip)
-        return Skip(track, item, timing->times);
-    const ObjectHandle result = MakeItem(track, "VideoClipTrackItem", item, timing->times);
+    const ObjectHandle subClip = MakeVideoSubClip(*item);
+    const ObjectHandle result = MakeItem(*item, "VideoClipTrackItem");
     result.SetProperty("FrameRect", track.sequence.frame.rect);
     result.SetProperty("PixelAspectRatio", track.sequence.frame.par);
     result.AddChild("SubClip", subClip);
-    result.AddChild("Components", MakeItemVideoChain(track, item, timing->times, subClip));
+    result.AddChild("Components", MakeItemVideoChain(*item, subClip));
     return result;
 }
 
-ObjectHandle TranslateAudioItem(const TrackContext& track, const ClipItem& item, int trackType)
+ObjectHandle TranslateAudioItem(const TrackContext& track, const ClipItem& element, int trackType)
 {
-    const std::optional<ItemTiming> timing = TimingOf(track, item);
-    if (!timing)
+    const std::optional<ItemContext> item = ContextOf(track, element);
+    if (!item)
         return {};
-    const int type = ItemChannelType(track.sequence.state.options, item, trackType);
-    const ObjectHandle subClip = MakeAudioSubClip(track, item, type, *timing);
-    if (!subClip)
-        return Skip(track, item, timing->times);
-    const ObjectHandle result = MakeItem(track, "AudioClipTrackItem", item, timing->times);
+    const int type = ItemChannelType(track.sequence.state.options, element, trackType);
+    const ObjectHandle subClip = MakeAudioSubClip(*item, type);
+    const ObjectHandle result = MakeItem(*item, "AudioClipTrackItem");
     result.SetProperty("ID", NewGuidText());
     result.AddChild("SubClip", subClip);
-    AddItemAudioEffects(track, item, timing->times, {.itemType = type, .trackType = trackType},
-                        result);
+    AddItemAudioEffects(*item, {.itemType = type, .trackType = trackType}, result);
     return result;
 }
 

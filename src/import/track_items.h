@@ -6,8 +6,8 @@
 namespace XPJ {
 
 // Null, mostly with an issue, for an item that has no valid times or no master.
-ObjectHandle TranslateVideoItem(const TrackContext& track, const ClipItem& item);
+ObjectHandle TranslateVideoItem(const TrackContext& track, const ClipItem& element);
 // `trackType` is the ChannelType of the track.
-ObjectHandle TranslateAudioItem(const TrackContext& track, const ClipItem& item, int trackType);
+ObjectHandle TranslateAudioItem(const TrackContext& track, const ClipItem& element, int trackType);
 
 } // namespace XPJ
