@@ -26,11 +26,12 @@ std::string_view StatedId(std::string_view id)
     return isNumbered ? id.substr(0, number) : id;
 }
 
-// The reader leaves the id of an item without children as it is.
-bool MayRepeatId(const ItemPart& part)
+// The reader leaves the id of an item without children as it is. The items of a browser clip often
+// have no times.
+bool RepeatsId(const ItemPart& part)
 {
-    return part.kind == ItemKind::Clip &&
-           (!part.hasChildren || (!part.statesTimes && StatedId(part.id) != part.id));
+    return part.kind == ItemKind::Clip && !part.statesTimes &&
+           (!part.hasChildren || (part.isInSequence && StatedId(part.id) != part.id));
 }
 
 // ---- Held frames
@@ -83,7 +84,7 @@ void AddPlainEffect(DialectPass& pass, const PlainTransition& plain, ObjectHandl
 void CompleteRepeatedItems(DialectPass& pass)
 {
     const auto& items = pass.Parts().items;
-    if (std::ranges::none_of(items, MayRepeatId))
+    if (std::ranges::none_of(items, RepeatsId))
         return;
     bool hasChanged = false;
     TextMap<ObjectHandle> first;
@@ -92,8 +93,10 @@ void CompleteRepeatedItems(DialectPass& pass)
         if (id.empty() || part.kind != ItemKind::Clip)
             continue;
         first.try_emplace(id, part.item);
+        if (!RepeatsId(part))
+            continue;
         const auto earlier = first.find(StatedId(id));
-        if (earlier == first.end() || earlier->second == part.item || part.statesTimes)
+        if (earlier == first.end() || earlier->second == part.item)
             continue;
         const ObjectHandle whole = earlier->second;
         bool isCompleted = false;

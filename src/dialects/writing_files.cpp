@@ -25,23 +25,25 @@ public:
             files_.try_emplace(file.GetProperty("id"), File{file});
     }
 
-    // `sequence` is the identity of the one around an item, 0 for all clips of bins.
-    void WriteFor(ObjectHandle item, std::uint64_t sequence)
+    void WriteFor(const ItemPart& part)
     {
-        const ObjectHandle own = item.GetChild("file");
-        const std::string_view id = own ? own.GetProperty("id") : item.GetProperty("fileid");
-        const auto found = files_.find(id);
+        const ObjectHandle item = part.item;
+        const auto found = files_.find(part.file ? part.fileId : item.GetProperty("fileid"));
         if (found == files_.end())
             return;
-        if (own)
-            item.RemoveChild(own);
+        if (part.file)
+            item.RemoveChild(part.file);
         else
             item.RemoveProperty("fileid");
         File& file = found->second;
+        const std::uint64_t sequence = part.isInSequence ? part.owner.UniqueId() : kNoSequence;
         item.AddChild(file.sequences.insert(sequence).second ? Whole(file) : Brief(file));
     }
 
 private:
+    // Where all clips of bins are.
+    static constexpr std::uint64_t kNoSequence = 0;
+
     struct File {
         ObjectHandle original;
         ObjectHandle repeated = {};
@@ -92,7 +94,7 @@ void WriteFilesWhole(DialectPass& pass)
 {
     Files files(pass);
     for (const ItemPart& part : pass.Parts().items)
-        files.WriteFor(part.item, part.isInSequence ? part.owner.UniqueId() : 0);
+        files.WriteFor(part);
 }
 
 } // namespace XPJ

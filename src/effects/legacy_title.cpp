@@ -347,20 +347,29 @@ std::string TextDescriptions(const Title& title)
     return text;
 }
 
-// The face and the shadow of a style have a shader; the other painters have none.
-std::string ShaderRefs(std::size_t face, std::size_t shadow)
+void AppendShaderRef(std::string& text, int painter, std::size_t shader)
+{
+    Append(text, kShaderRef, fmt::arg("painter", painter), fmt::arg("shader", shader));
+}
+
+// Painters from `first` up to `end`, which have no shader.
+std::string UnusedPainters(int first, int end)
 {
     std::string text;
-    const auto add = [&text](int painter, std::size_t shader) {
-        Append(text, kShaderRef, fmt::arg("painter", painter), fmt::arg("shader", shader));
-    };
-    for (int painter = 2; painter < 15; ++painter)
-        add(painter, 0);
-    add(15, face);
-    add(-1, shadow);
-    for (int painter = 1000; painter < 1016; ++painter)
-        add(painter, 0);
+    for (int painter = first; painter < end; ++painter)
+        AppendShaderRef(text, painter, 0);
     return text;
+}
+
+// The face and the shadow of a style have a shader.
+std::string ShaderRefs(std::size_t face, std::size_t shadow)
+{
+    static const std::string kInner = UnusedPainters(2, 15);
+    static const std::string kOuter = UnusedPainters(1000, 1016);
+    std::string text = kInner;
+    AppendShaderRef(text, 15, face);
+    AppendShaderRef(text, -1, shadow);
+    return text += kOuter;
 }
 
 std::string Styles(const Title& title)
@@ -435,12 +444,13 @@ std::string TextLines(const Title& title)
 
 std::string LegacyTitleDocument(const Title& title)
 {
+    static const std::string kChainDefaultsText = ChainDefaultsText();
     std::string text;
     Append(text, kTitleDocument, fmt::arg("moves", title.motion != TitleMotion::Still),
            fmt::arg("motion", static_cast<int>(title.motion)), fmt::arg("width", title.frame.width),
            fmt::arg("height", title.frame.height),
            fmt::arg("pixelAspect", NumberText(1 / title.frame.pixelAspect)),
-           fmt::arg("chainDefaults", ChainDefaultsText()),
+           fmt::arg("chainDefaults", kChainDefaultsText),
            fmt::arg("textDescriptions", TextDescriptions(title)), fmt::arg("styles", Styles(title)),
            fmt::arg("shaders", Shaders(title)), fmt::arg("posX", NumberText(title.position.horiz)),
            fmt::arg("posY", NumberText(title.position.vert * title.Scale())),
