@@ -66,14 +66,12 @@ MasterClipHandle MakeMulticlipMaster(ImportState& state, ConstHandle multiclip)
     sequence.SetPropertyShared("Name", multiclip.GetProperty("name"));
     state.sequences.SetElement(sequence, multiclip);
 
-    MediaSources sources;
-    sources.video.push_back(
-        MakeMasterSequenceSource(document, MediaType::Video, sequence, rates.video, duration));
-    sources.audio.push_back(
-        MakeMasterSequenceSource(document, MediaType::Audio, sequence, rates.audio, duration));
     const AudioKind audio{kAdaptive, std::max(extent.audioTracks, 1)};
-    return BuildMasterClip(state, ClipItem(multiclip),
-                           {.sources = sources, .audio = audio, .isWide = true});
+    return BuildMasterClip(
+        state, ClipItem(multiclip),
+        {.sources = MakeSourcesOfSequence(document, sequence, {rates.video, rates.audio}, duration),
+         .audio = audio,
+         .isWide = true});
 }
 
 void AddMulticamProperties(ConstHandle element, ConstHandle multiclip, ObjectHandle master)
@@ -293,8 +291,7 @@ bool FillMulticlipSequence(ImportState& state, ConstHandle multiclip, ObjectHand
     if (context.number == 0)
         return false;
     for (const Name& key : SequenceUIPropertyList())
-        if (multiclip.HasProperty(key))
-            sequence.SetPropertyShared(key, multiclip.GetProperty(key));
+        CopyProperty(multiclip, key, sequence, key);
     context.rates = RatesOfMulticlip(multiclip);
     context.frame = FrameOfMulticlip(state.files, multiclip);
     if (context.frame.rect.empty() || context.frame.par.empty()) {

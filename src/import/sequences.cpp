@@ -38,8 +38,7 @@ int GroupTypeOf(const ImportOptions& options, ConstHandle sequence, int outputs)
 void CopyUIProperties(ConstHandle sequence, ObjectHandle projectSequence)
 {
     for (const Name& key : SequenceUIPropertyList())
-        if (sequence.HasProperty(key))
-            projectSequence.SetPropertyShared(key, sequence.GetProperty(key));
+        CopyProperty(sequence, key, projectSequence, key);
 }
 
 void AddZeroPoint(const SequenceContext& context, ObjectHandle projectSequence)
@@ -87,13 +86,10 @@ MasterClipHandle MakeSequenceMaster(ImportState& state, ConstHandle sequence)
     result.SetPropertyShared("Name", sequence.GetProperty("name"));
     state.sequences.SetElement(result, sequence);
 
-    MediaSources sources;
-    sources.video.push_back(
-        MakeMasterSequenceSource(document, MediaType::Video, result, rates.video, duration));
-    sources.audio.push_back(
-        MakeMasterSequenceSource(document, MediaType::Audio, result, rates.audio, duration));
-    return BuildMasterClip(state, ClipItem(sequence),
-                           {.sources = sources, .audio = AudioOfSequence(state.options, sequence)});
+    return BuildMasterClip(
+        state, ClipItem(sequence),
+        {.sources = MakeSourcesOfSequence(document, result, {rates.video, rates.audio}, duration),
+         .audio = AudioOfSequence(state.options, sequence)});
 }
 
 bool FillSequence(ImportState& state, ConstHandle sequence, const SequenceItems& items,

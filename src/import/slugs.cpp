@@ -83,11 +83,8 @@ void TranslateSlug(ImportState& state, const ClipItem& element, const FileUse& u
     const FrameFormat frame = FrameOfFile(use.element, use.file, use.characteristics);
     const ObjectHandle sequence = MakeSlugSequence(state, black, frame, frameTicks);
 
-    MediaSources sources;
-    sources.video.push_back(MakeMasterSequenceSource(document, MediaType::Video, sequence,
-                                                     frameTicks, kSlugSequenceDuration));
-    sources.audio.push_back(MakeMasterSequenceSource(document, MediaType::Audio, sequence,
-                                                     kSampleTicks48k, kSlugSequenceDuration));
+    const MediaSources sources = MakeSourcesOfSequence(
+        document, sequence, {frameTicks, kSampleTicks48k}, kSlugSequenceDuration);
     AudioKind audio = AudioKindOfFile(use.file);
     audio.kind = std::max<int>(audio.kind, kMono);
     const MasterClipHandle master = BuildMasterClip(

@@ -323,26 +323,18 @@ private:
         }
     }
 
-    std::size_t AddTitle(std::vector<TitleText> texts)
-    {
-        if (texts.empty())
-            return kNothing;
-        project_.titles.push_back(std::move(texts));
-        return project_.titles.size() - 1;
-    }
-
     // A graphic's text is on the item or on its master clip, a title document in the Media.
     std::size_t TitleOf(TrackItem node, ConstHandle clip)
     {
-        const std::size_t own = AddTitle(TextsOfChain(ChainOfOwner(node)));
+        const std::size_t own = project_.AddTitle(TextsOfChain(ChainOfOwner(node)));
         const MasterClip master = MasterOfSubClip(SubClipOf(node));
         if (own != kNothing || !master)
             return own;
         const auto [entry, isNew] = titles_.emplace(master.UniqueId(), kNothing);
         if (isNew) {
-            entry->second = AddTitle(TextsOfChain(VideoChainOfMaster(master)));
+            entry->second = project_.AddTitle(TextsOfChain(VideoChainOfMaster(master)));
             if (entry->second == kNothing)
-                entry->second = AddTitle(TextsOfMedia(MediaOfSource(SourceOfClip(clip))));
+                entry->second = project_.AddTitle(TextsOfMedia(MediaOfSource(SourceOfClip(clip))));
         }
         return entry->second;
     }

@@ -4,6 +4,7 @@
 #include "xmeml/files.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -63,6 +64,14 @@ Ticks Sequence::Length() const
         for (const Item& item : track.items)
             end = std::max(end, item.end);
     return end;
+}
+
+std::size_t Project::AddTitle(std::vector<TitleText> texts)
+{
+    if (texts.empty())
+        return kNothing;
+    titles.push_back(std::move(texts));
+    return titles.size() - 1;
 }
 
 void MarkSlugs(Project& project)

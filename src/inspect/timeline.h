@@ -190,6 +190,9 @@ struct Project {
     std::vector<Sequence> sequences = {}; // those of the browser, then those that only items use
     std::vector<MediaFile> mediaFiles = {};
     std::vector<std::vector<TitleText>> titles = {}; // of the items that are titles
+
+    // The place of the texts of a title in `titles`, kNothing if there are none.
+    std::size_t AddTitle(std::vector<TitleText> texts);
 };
 
 // Of items that are black video: finds the sequences of slugs, and the items that show them.

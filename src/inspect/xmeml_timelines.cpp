@@ -379,25 +379,17 @@ private:
         }
     }
 
-    std::size_t AddTitle(std::vector<TitleText> texts)
-    {
-        if (texts.empty())
-            return kNothing;
-        project_.titles.push_back(std::move(texts));
-        return project_.titles.size() - 1;
-    }
-
     // A graphic's text is a filter of the item or of its file.
     std::size_t TitleOf(ConstHandle node, FileElement file)
     {
         if (node.GetName() == "generatoritem")
-            return AddTitle(TextsOfGenerator(node, titleFrame_));
-        const std::size_t own = AddTitle(TextsOfFilters(node));
+            return project_.AddTitle(TextsOfGenerator(node, titleFrame_));
+        const std::size_t own = project_.AddTitle(TextsOfFilters(node));
         if (own != kNothing || !file)
             return own;
         const auto [entry, isNew] = titles_.emplace(file.UniqueId(), kNothing);
         if (isNew)
-            entry->second = AddTitle(TextsOfFilters(file));
+            entry->second = project_.AddTitle(TextsOfFilters(file));
         return entry->second;
     }
 

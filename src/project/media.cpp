@@ -110,12 +110,16 @@ ObjectHandle MakeSequenceSource(Document& document, ObjectHandle sequence,
     return source;
 }
 
-ObjectHandle MakeMasterSequenceSource(Document& document, MediaType type, ObjectHandle sequence,
-                                      Ticks rate, Ticks duration)
+MediaSources MakeSourcesOfSequence(Document& document, ObjectHandle sequence,
+                                   const SourceRates& rates, Ticks duration)
 {
-    return MakeSequenceSource(
-        document, sequence,
-        {.type = type, .rate = rate, .duration = duration, .start = 0, .end = 0});
+    const auto make = [&](MediaType type, Ticks rate) {
+        return MakeSequenceSource(
+            document, sequence,
+            {.type = type, .rate = rate, .duration = duration, .start = 0, .end = 0});
+    };
+    return {.video = {make(MediaType::Video, rates.video)},
+            .audio = {make(MediaType::Audio, rates.audio)}};
 }
 
 } // namespace XPJ

@@ -59,10 +59,6 @@ ObjectHandle MakeMediaSource(Document& document, ObjectHandle media, const Sourc
 // A VideoSequenceSource or AudioSequenceSource of a Sequence.
 ObjectHandle MakeSequenceSource(Document& document, ObjectHandle sequence,
                                 const SourceFields& fields);
-// The same for the whole of a sequence that a master shows.
-ObjectHandle MakeMasterSequenceSource(Document& document, MediaType type, ObjectHandle sequence,
-                                      Ticks rate, Ticks duration);
-
 // The sources of one master clip.
 struct MediaSources {
     std::vector<ObjectHandle> video;
@@ -77,5 +73,14 @@ struct MediaSources {
         return video.empty() ? ObjectHandle() : video.front().GetChild("Media");
     }
 };
+
+// Ticks a frame of video and a sample of audio.
+struct SourceRates {
+    Ticks video = kNtscFrameTicks;
+    Ticks audio = kSampleTicks48k;
+};
+// One of each type, for a master that shows the whole of a Sequence.
+MediaSources MakeSourcesOfSequence(Document& document, ObjectHandle sequence,
+                                   const SourceRates& rates, Ticks duration);
 
 } // namespace XPJ
