@@ -223,7 +223,7 @@ CGrading ReadRootElement(CZvXMLFile& file, const Guid& guid)
     std::string_view tail = file.Rest();
     if (tail.starts_with("\r\n"))
         tail.remove_prefix(2);
-    else if (tail.starts_with("\n"))
+    else if (tail.starts_with('\n') || tail.starts_with('\r'))
         tail.remove_prefix(1);
     ReadTableTail(tail, grading);
     return grading;

@@ -68,6 +68,8 @@ std::string_view FindTag(const Tags& tags, std::string_view tag)
 template <typename Number>
 std::optional<Number> ParseNumber(std::string_view text)
 {
+    if (text.starts_with('+') && !text.starts_with("+-"))
+        text.remove_prefix(1);
     Number value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     const bool isWhole = error == std::errc() && end == text.data() + text.size();

@@ -144,7 +144,7 @@ std::string_view ScriptLexer::TakeOperator()
     if (first == '-' || first == '~' || first == '!')
         ++position;
     if (first == '!' ? At(position) == '=' : position == start)
-        while (IsOneOf(At(position), kOperatorCharacters))
+        while (IsOneOf(At(position), kOperatorCharacters) && (At(position) != '+' || first == '+'))
             ++position;
     return text.substr(start, position - start);
 }

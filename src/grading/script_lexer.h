@@ -34,8 +34,8 @@ public:
     // A name of at most one dot.
     ScriptError TakeName(std::string_view* name);
     ScriptError TakeNumber(double* value);
-    // The longest run of operator characters. "-", "~" and a "!" that no "=" follows stand alone.
-    // Empty at any other byte.
+    // The longest run of operator characters. "-", "~" and a "!" that no "=" follows stand alone,
+    // and a "+" behind another operator begins one: "2*+3". Empty at any other byte.
     std::string_view TakeOperator();
 
 private:
