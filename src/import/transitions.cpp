@@ -175,6 +175,7 @@ void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, Extension
     const ObjectHandle trackItem = extension.trackItem;
     if (extension.delta == 0)
         return;
+    const bool isAtStart = extension.delta < 0; // also where there are no media before it
     SequenceContext& sequence = context.sequence;
     const Ticks unit = sequence.rates.edges;
     const ObjectHandle subClip = trackItem.GetChild("SubClip");
@@ -188,7 +189,7 @@ void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, Extension
                                            Int64Property(trackItem, "End") / unit);
 
     Ticks edge = 0;
-    if (delta < 0) {
+    if (isAtStart) {
         items.erase(KeyOf(trackItem));
         edge = Move(trackItem, "Start", delta);
         items.emplace(KeyOf(trackItem), trackItem);
@@ -200,7 +201,7 @@ void ExtendNeighbour(const TrackContext& context, ItemsByStart& items, Extension
     }
     location.time = sequence.timecode.TextOf(edge / unit);
     AddItemIssue(sequence.state, location,
-                 delta < 0 ? ImportIssue::StartOfClipExtended : ImportIssue::EndOfClipExtended,
+                 isAtStart ? ImportIssue::StartOfClipExtended : ImportIssue::EndOfClipExtended,
                  transitionName);
 }
 
