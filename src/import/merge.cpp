@@ -7,6 +7,7 @@
 #include "project/objects.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <set>
 #include <string>
 #include <utility>
@@ -93,15 +94,18 @@ void RemarkOnMove(ImportState& state, std::string_view mergeId, const NodeSet& r
         }
 }
 
-void CleanBin(ObjectHandle bin, const NodeSet& replaced)
+// Removes the first project item of each of the masters.
+void CleanBin(ObjectHandle bin, const NodeSet& replaced, NodeSet& removed)
 {
     std::vector<ObjectHandle> kept;
     bool isClean = true;
-    for (const ObjectHandle& item : bin.GetChildren("Item"))
-        if (replaced.Contains(item.GetChild("MasterClip")))
+    for (const ObjectHandle& item : bin.GetChildren("Item")) {
+        const ObjectHandle master = item.GetChild("MasterClip");
+        if (replaced.Contains(master) && removed.Insert(master))
             isClean = false;
         else
             kept.push_back(item);
+    }
     if (isClean)
         return;
     bin.ClearChildren();
@@ -109,17 +113,21 @@ void CleanBin(ObjectHandle bin, const NodeSet& replaced)
         bin.AddChild("Item", item);
 }
 
-// The project items of parts leave their bins when all is merged.
+// The project items of parts leave their bins when all is merged. Further clips of the same media
+// stay.
 void RemoveFromBins(ObjectHandle rootItem, const NodeSet& replaced)
 {
+    NodeSet removed;
     std::vector<ObjectHandle> open{rootItem};
     while (!open.empty()) {
         const ObjectHandle bin = open.back();
         open.pop_back();
-        CleanBin(bin, replaced);
+        CleanBin(bin, replaced, removed);
+        const std::size_t first = open.size();
         for (const ObjectHandle& item : bin.GetChildren("Item"))
             if (item.GetName() == "BinProjectItem")
                 open.push_back(item);
+        std::reverse(open.begin() + static_cast<std::ptrdiff_t>(first), open.end());
     }
 }
 

@@ -18,6 +18,7 @@
 #include "project/synthetic_items.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <string>
 
 namespace XPJ {
@@ -138,14 +139,24 @@ private:
     {
         clip_ = clip;
         starts_.clear();
-        const Ticks unit = TicksOfRate(clip.GetChild("rate"));
         const ConstHandle media = clip.GetChild("media");
         for (const ConstHandle& group : {media.GetChild("video"), media.GetChild("audio")})
             for (const ConstHandle& track : group.GetChildren("track")) {
                 const ConstHandle item = track.GetChild("clipitem");
+                const FileElement file = FileOfItem(files_, item);
                 const Ticks start = std::max<Ticks>(Int64Property(item, "start"), 0);
-                starts_.emplace(files_.IdOf(FileOfItem(files_, item)), MultiplyTicks(start, unit));
+                starts_.emplace(files_.IdOf(file),
+                                MultiplyTicks(start, FirstRateOf({clip, item, file})));
             }
+    }
+
+    // Ticks a frame; 0 where none states a rate.
+    static Ticks FirstRateOf(std::initializer_list<ConstHandle> nodes)
+    {
+        for (const ConstHandle& node : nodes)
+            if (const Ticks ticks = TicksOfRate(node.GetChild("rate")); ticks != 0)
+                return ticks;
+        return 0;
     }
 
     const FileCatalog& files_;
