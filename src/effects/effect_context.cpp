@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <vector>
 
 namespace XPJ {
@@ -38,15 +37,9 @@ Remark* Enter(const EffectContext& context, Direction direction, int kind, std::
 
 FrameSize ParseFrameSize(std::string_view rect, std::string_view aspect)
 {
-    const auto extent = [rect](int low, int high) {
-        const std::int64_t length =
-            std::int64_t{ParseInt(KeyframeField(rect, high))} - ParseInt(KeyframeField(rect, low));
-        return static_cast<int>(
-            std::clamp<std::int64_t>(length, 0, std::numeric_limits<int>::max()));
-    };
     FrameSize size;
-    size.width = extent(0, 2);
-    size.height = extent(1, 3);
+    size.width = std::max(ParseInt(KeyframeField(rect, 2)), 0);
+    size.height = std::max(ParseInt(KeyframeField(rect, 3)), 0);
     const double width = ParseDouble(KeyframeField(aspect, 0));
     const double height = ParseDouble(KeyframeField(aspect, 1));
     if (width > 0 && height > 0 && std::isfinite(width / height))

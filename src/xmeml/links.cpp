@@ -48,8 +48,11 @@ LinkKey LinkIndex::TargetOf(ConstHandle link) const
     const auto named = byId_.find(link.GetProperty("linkclipref"));
     if (named != byId_.end())
         return named->second;
+    const std::string_view type = link.GetProperty("mediatype");
+    if (type != "video" && type != "audio")
+        return {.sequenceNumber = sequenceNumber_}; // no item has track 0
     return {.sequenceNumber = sequenceNumber_,
-            .type = TypeNamed(link.GetProperty("mediatype"), MediaType::Audio),
+            .type = TypeNamed(type, MediaType::Audio),
             .track = IntProperty(link, "trackindex"),
             .position = IntProperty(link, "clipindex")};
 }

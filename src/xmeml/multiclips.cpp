@@ -11,9 +11,12 @@ ConstHandle FindMulticlip(ConstHandle element)
     if (const ConstHandle own = element.GetChild("multiclip"))
         return own;
     const ConstHandle media = element.GetChild("media");
-    if (const ConstHandle video = FindPath(media, {"video", "track", "clipitem", "multiclip"}))
-        return video;
-    return FindPath(media, {"audio", "track", "clipitem", "multiclip"});
+    const ConstHandle video = FindPath(media, {"video", "track"});
+    const ConstHandle track = video ? video : FindPath(media, {"audio", "track"});
+    for (const ConstHandle& item : track.GetChildren())
+        if (item.GetName() == "clipitem" || item.GetName() == "generatoritem")
+            return item.GetChild("multiclip");
+    return {};
 }
 
 bool IsCollapsed(ConstHandle multiclip)
