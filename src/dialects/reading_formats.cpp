@@ -28,6 +28,15 @@ void CopyFormat(ConstHandle from, ObjectHandle to)
             to.SetPropertyShared(leaf, from.GetProperty(leaf));
 }
 
+void CopyPixels(ConstHandle from, ObjectHandle to)
+{
+    if (HasValue(to, "pixelaspectratio"))
+        return;
+    for (const Name leaf : {Name("pixelaspectratio"), Name("anamorphic")})
+        if (!HasValue(to, leaf) && HasValue(from, leaf))
+            to.SetPropertyShared(leaf, from.GetProperty(leaf));
+}
+
 // The size of most that is cut today.
 void AssumeSize(ObjectHandle characteristics)
 {
@@ -147,21 +156,35 @@ private:
     std::unordered_map<std::uint64_t, std::vector<ObjectHandle>> items_; // by sequence
 };
 
+bool IsStandardDefinition(ConstHandle characteristics)
+{
+    return IntProperty(characteristics, "width") < 1280 &&
+           IntProperty(characteristics, "height") < 720;
+}
+
+bool HasSameSize(ConstHandle characteristics, ConstHandle frame)
+{
+    return IntProperty(characteristics, "width") == IntProperty(frame, "width") &&
+           IntProperty(characteristics, "height") == IntProperty(frame, "height");
+}
+
 // Video of unknown size fills the frame of the sequence that shows it: nothing states that it
-// should be scaled.
+// should be scaled. Nor does it, where it can have the sequence's pixels, state any others.
 void CompleteFile(DialectPass& pass, const FileUses& uses)
 {
+    const ConstHandle frame =
+        FindPath(uses.sequence, {"media", "video", "format", "samplecharacteristics"});
     for (const ObjectHandle& file : uses.definitions) {
         const ObjectHandle video = FindPath(file, {"media", "video"});
-        if (!video || HasSize(video.GetChild("samplecharacteristics")))
+        if (!video)
             continue;
         const ObjectHandle characteristics =
             GetOrAddChild(pass.Nodes(), video, "samplecharacteristics");
         CopyFormat(file, characteristics);
-        if (HasSize(characteristics))
-            continue;
-        CopyFormat(FindPath(uses.sequence, {"media", "video", "format", "samplecharacteristics"}),
-                   characteristics);
+        if (!HasSize(characteristics))
+            CopyFormat(frame, characteristics);
+        else if (IsStandardDefinition(characteristics) || HasSameSize(characteristics, frame))
+            CopyPixels(frame, characteristics);
         if (!HasSize(characteristics))
             AssumeSize(characteristics);
     }

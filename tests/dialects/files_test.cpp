@@ -70,6 +70,37 @@ TEST_F(Files, TakeTheFrameThatIsStatedElsewhere)
     }
 }
 
+// Such video fills the frame as it is: nothing may be stretched on the way round.
+TEST_F(Files, WithoutPixelsOfTheirOwnHaveThoseOfTheSequence)
+{
+    const struct {
+        std::string frame;
+        std::string size;
+        std::string written; // pixels of the file
+    } kRows[] = {
+        {In("width", "720") + In("height", "480") + In("pixelaspectratio", "NTSC-601"),
+         In("width", "720") + In("height", "486"), "NTSC-601"},
+        {In("width", "1440") + In("height", "1080") + In("pixelaspectratio", "HD-(1440x1080)"),
+         In("width", "1440") + In("height", "1080"), "HD-(1440x1080)"},
+        {In("width", "720") + In("height", "576") + In("pixelaspectratio", "PAL-601"),
+         In("width", "1920") + In("height", "1080"), "square"},
+    };
+    for (const auto& row : kRows) {
+        const std::string format =
+            In("video",
+               In("format", In("samplecharacteristics", row.frame)) +
+                   In("track",
+                      In("clipitem",
+                         In("name", "I") + kTimes +
+                             FileOf("f", In("video", In("samplecharacteristics", row.size))))));
+        const std::string back = ToXmeml(ToProject(SequenceOf(format)));
+        const std::string file = back.substr(back.find("<file id="));
+        EXPECT_EQ(file.find("<pixelaspectratio>" + row.written), file.find("<pixelaspectratio>"))
+            << row.size;
+        EXPECT_EQ(Has(back, "deformation"), row.written == "square") << row.size;
+    }
+}
+
 TEST_F(Files, ASequenceTakesItsFrameFromItsOwnLeaves)
 {
     const std::string frame = In("samplecharacteristics", In("width", "720") + In("height", "576"));
