@@ -91,6 +91,7 @@ enum class RemarkKind : std::uint8_t {
     ChannelAssumed,
     OutputsLost,
     MergedClipMoved,
+    MergedClipPart,
     ScaleAssumed,
     TitleKind,
     MasterShared,

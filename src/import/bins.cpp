@@ -75,8 +75,9 @@ bool TranslateNext(ImportState& state, OpenLists& lists)
         return list.stage.Step();
     }
     const ObjectHandle item = MakeBinItem(state, entry);
-    lists.push(std::make_unique<OpenList>(state.progress, entry.GetChild("children"), item,
-                                          PathOfBin(state.document, list.path, entry)));
+    lists.push(std::make_unique<OpenList>(
+        state.progress, entry.GetChild("children"), item,
+        PathOfBin(state.document, list.path, entry.GetProperty("name"))));
     return true;
 }
 

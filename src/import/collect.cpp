@@ -153,7 +153,8 @@ Collection Gather(Document& document, ConstHandle project)
             if (holdsNothing || !visited.Insert(child))
                 continue;
             const std::string_view bin =
-                child.GetName() == "bin" ? PathOfBin(document, level.bin, child) : level.bin;
+                child.GetName() == "bin" ? PathOfBin(document, level.bin, child.GetProperty("name"))
+                                         : level.bin;
             levels.push_back({child, child.GetChildren().begin(), bin});
         } else {
             Enter(collection, level.node, level.bin);

@@ -38,7 +38,7 @@ ItemLocation LocationOfClip(const ImportState& state, ConstHandle element)
     return {.clip = element.GetProperty("name"), .bin = state.bin};
 }
 
-std::string_view PathOfBin(Document& document, std::string_view outer, ConstHandle bin)
+std::string_view PathOfBin(Document& document, std::string_view outer, std::string_view bin)
 {
     constexpr std::size_t kLongest = 1000;
     if (outer.size() > kLongest)
@@ -46,7 +46,7 @@ std::string_view PathOfBin(Document& document, std::string_view outer, ConstHand
     std::string path(outer);
     if (!path.empty())
         path += '/';
-    return document.Store(path.append(bin.GetProperty("name")));
+    return document.Store(path.append(bin));
 }
 
 void RemarkOnAngles(ImportState& state, ConstHandle multiclip, const ItemLocation& location)

@@ -81,7 +81,7 @@ void AddSkipped(ImportState& state, ConstHandle element, const ItemLocation& loc
 // The location of a clip, a sequence or a marker's owner in a bin.
 ItemLocation LocationOfClip(const ImportState& state, ConstHandle element);
 // The path of the bins in `outer` and of `bin` in them. Bins that nest very deeply share one.
-std::string_view PathOfBin(Document& document, std::string_view outer, ConstHandle bin);
+std::string_view PathOfBin(Document& document, std::string_view outer, std::string_view bin);
 
 // On the angles of a collapsed multiclip beside its active one, once.
 void RemarkOnAngles(ImportState& state, ConstHandle multiclip, const ItemLocation& location);

@@ -94,42 +94,59 @@ void RemarkOnMove(ImportState& state, std::string_view mergeId, const NodeSet& r
         }
 }
 
-// Removes the first project item of each of the masters.
-void CleanBin(ObjectHandle bin, const NodeSet& replaced, NodeSet& removed)
-{
-    std::vector<ObjectHandle> kept;
-    bool isClean = true;
-    for (const ObjectHandle& item : bin.GetChildren("Item")) {
-        const ObjectHandle master = item.GetChild("MasterClip");
-        if (replaced.Contains(master) && removed.Insert(master))
-            isClean = false;
-        else
-            kept.push_back(item);
-    }
-    if (isClean)
-        return;
-    bin.ClearChildren();
-    for (const ObjectHandle& item : kept)
-        bin.AddChild("Item", item);
-}
+// Takes the project items of parts out of their bins when all is merged: the first one of each
+// part. Further clips of the same media stay.
+class PartRemoval {
+public:
+    PartRemoval(ImportState& state, const NodeSet& parts) : state_(state), parts_(parts) {}
 
-// The project items of parts leave their bins when all is merged. Further clips of the same media
-// stay.
-void RemoveFromBins(ObjectHandle rootItem, const NodeSet& replaced)
-{
-    NodeSet removed;
-    std::vector<ObjectHandle> open{rootItem};
-    while (!open.empty()) {
-        const ObjectHandle bin = open.back();
-        open.pop_back();
-        CleanBin(bin, replaced, removed);
-        const std::size_t first = open.size();
-        for (const ObjectHandle& item : bin.GetChildren("Item"))
-            if (item.GetName() == "BinProjectItem")
-                open.push_back(item);
-        std::reverse(open.begin() + static_cast<std::ptrdiff_t>(first), open.end());
+    void Run(ObjectHandle rootItem)
+    {
+        std::vector<Bin> open{{rootItem, {}}};
+        while (!open.empty()) {
+            const Bin bin = open.back();
+            open.pop_back();
+            CleanBin(bin);
+            const std::size_t first = open.size();
+            for (const ObjectHandle& item : bin.item.GetChildren("Item"))
+                if (item.GetName() == "BinProjectItem")
+                    open.push_back(
+                        {item, PathOfBin(state_.document, bin.path, item.GetProperty("Name"))});
+            std::reverse(open.begin() + static_cast<std::ptrdiff_t>(first), open.end());
+        }
     }
-}
+
+private:
+    struct Bin {
+        ObjectHandle item;
+        std::string_view path;
+    };
+
+    void CleanBin(const Bin& bin)
+    {
+        std::vector<ObjectHandle> kept;
+        bool isClean = true;
+        for (const ObjectHandle& item : bin.item.GetChildren("Item")) {
+            const ObjectHandle master = item.GetChild("MasterClip");
+            if (parts_.Contains(master) && removed_.Insert(master)) {
+                isClean = false;
+                AddRemark(state_.account, RemarkKind::MergedClipPart,
+                          {.clip = item.GetProperty("Name"), .bin = bin.path});
+            } else {
+                kept.push_back(item);
+            }
+        }
+        if (isClean)
+            return;
+        bin.item.ClearChildren();
+        for (const ObjectHandle& item : kept)
+            bin.item.AddChild("Item", item);
+    }
+
+    ImportState& state_;
+    const NodeSet& parts_;
+    NodeSet removed_;
+};
 
 } // namespace
 
@@ -149,7 +166,7 @@ void MergePass(ImportState& state, ObjectHandle rootItem)
         }
         AddDeferredItems(state, mergeId, replaced);
     }
-    RemoveFromBins(rootItem, replaced);
+    PartRemoval(state, replaced).Run(rootItem);
 }
 
 } // namespace XPJ

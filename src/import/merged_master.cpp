@@ -196,9 +196,13 @@ public:
         : document_(document), frame_(frame),
           group_(MakeVideoGroup(document, frameTicks, frame.rect, frame.aspect))
     {
-        group_.SetPropertyShared("FieldType", "2");
     }
 
+    void AddPart(const SyntheticItem& item)
+    {
+        group_.SetPropertyShared("FieldType", "2");
+        AddTrack(item);
+    }
     void AddTrack(const SyntheticItem& item)
     {
         const ObjectHandle track = MakeVideoTrack(document_, trackCount_, trackCount_ + 1);
@@ -238,7 +242,7 @@ ObjectHandle MakeVideo(ImportState& state, const Parts& parts, StartTimes& start
         for (int channel = 0; channel < part.channels; ++channel) {
             const ObjectHandle clip =
                 MakePlainVideoClip(state.document, part.own.GetChild("Source"));
-            group.AddTrack(ItemOf(part, clip, starts.Of(*part.component), 0));
+            group.AddPart(ItemOf(part, clip, starts.Of(*part.component), 0));
         }
     if (parts.video.empty())
         group.AddTrack(BlackItem(state, parts.duration));
