@@ -26,7 +26,7 @@ void AddAttributes(std::span<const XmemlAttribute> attributes, RuleSource& rule)
 void AddRow(const XmemlElement& element, ReadingManner manner, RuleSource& rule)
 {
     for (const XmemlField& field : element.fields) {
-        if (!field.use.isRead || (field.use.isOpenOnly && manner == ReadingManner::Letter))
+        if (!IsReadIn(manner, field.use))
             continue;
         if (field.IsChild())
             rule.children.emplace_back(field.name.View());

@@ -41,6 +41,10 @@ const XmemlElement* FindXmemlElement(std::string_view name);
 // How freely a document is read. In the open manner elements count where the format has none for
 // them (clip items beside `track`s), and attributes are written in any way that XML allows.
 enum class ReadingManner { Letter, Open };
+constexpr bool IsReadIn(ReadingManner manner, const FieldUse& use)
+{
+    return use.isRead && (manner == ReadingManner::Open || !use.isOpenOnly);
+}
 
 // What the reader takes: for each tag the fields of all its rows. Made at the first call.
 const ReadingTable& XmemlReadingTable(ReadingManner manner = ReadingManner::Letter);

@@ -28,7 +28,7 @@ struct Referable {
 };
 
 // By rule.
-std::vector<Referable> ReferablesOf(const ReadingTable& table)
+std::vector<Referable> ReferablesOf(const ReadingTable& table, ReadingManner manner)
 {
     std::vector<Referable> referables(table.Rules().size());
     for (const Rule& rule : table.Rules()) {
@@ -37,7 +37,7 @@ std::vector<Referable> ReferablesOf(const ReadingTable& table)
         referable.element = &element;
         referable.definition = element.definition;
         for (const XmemlField& field : element.fields)
-            if (field.use.isRead && !field.reference.IsEmpty())
+            if (IsReadIn(manner, field.use) && !field.reference.IsEmpty())
                 referable.fields.push_back(&field);
     }
     return referables;
@@ -49,7 +49,7 @@ public:
                  ReadingManner manner)
         : TreeReader(XmemlReadingTable(manner), input, document, stage,
                      manner == ReadingManner::Open ? GetXmlAttribute : GetAttribute),
-          document_(document)
+          document_(document), referables_(ReferablesOf(Table(), manner))
     {
     }
 
@@ -135,7 +135,7 @@ private:
     }
 
     Document& document_;
-    std::vector<Referable> referables_ = ReferablesOf(Table());
+    std::vector<Referable> referables_;
     UnknownAttributes attributes_;
 };
 
