@@ -62,10 +62,9 @@ int TrackChannelType(const ImportState& state, ConstHandle track)
 {
     if (state.options.sn2vlMode)
         return HandoffType(state.files, track);
-    const std::string_view name = track.GetProperty("velaTrackType");
-    const bool isCancelled = name == "Mono" && IntProperty(track, "totalExplodedTrackCount") == 1;
-    if (!name.empty() && !isCancelled)
-        return NamedType(name);
+    const std::string_view type = ExplodedTypeOf(track);
+    if (!type.empty())
+        return NamedType(type);
     return HasFlag(track, "monotrack") ? kMonoType : kStereoType;
 }
 

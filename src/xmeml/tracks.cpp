@@ -8,10 +8,17 @@ bool IsTrackItem(ConstHandle child)
     return name == "clipitem" || name == "generatoritem" || name == "transitionitem";
 }
 
+std::string_view ExplodedTypeOf(ConstHandle track)
+{
+    const std::string_view type = track.GetProperty("velaTrackType");
+    const bool isAlone = IntProperty(track, "totalExplodedTrackCount") == 1;
+    return type == "Mono" && isAlone ? std::string_view() : type;
+}
+
 bool IsContinuationTrack(ConstHandle track)
 {
-    return HasValue(track, "velaTrackType") &&
-           track.GetProperty("currentExplodedTrackIndex") != "0";
+    const bool isFirst = track.GetProperty("currentExplodedTrackIndex") == "0";
+    return !ExplodedTypeOf(track).empty() && !isFirst;
 }
 
 std::vector<AudioTrackRange> AudioTracksOf(ConstHandle audio)

@@ -3,12 +3,16 @@
 
 #include "tree/object.h"
 
+#include <string_view>
 #include <vector>
 
 namespace XPJ {
 
 // True for the children of a `track` that count as positions: clips, generators, transitions.
 bool IsTrackItem(ConstHandle child);
+
+// The `velaTrackType` of an exploded track; empty without one. A mono track alone is not exploded.
+std::string_view ExplodedTypeOf(ConstHandle track);
 
 // True for a `track` that only carries further channels of the track before it.
 bool IsContinuationTrack(ConstHandle track);
