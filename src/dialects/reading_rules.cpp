@@ -24,8 +24,9 @@ constexpr DialectRule kReadingRules[] = {
      .does = "Taken in, in document order: entries into the first project, items into a track of "
              "their own.",
      .apply = TakeInStrays},
-    {.name = "attributes as XML has them",
-     .seen = "the published examples: blanks around the `=` of an attribute; single quotes",
+    {.name = "tags as XML has them",
+     .seen = "the published examples: blanks around the `=` of an attribute; single quotes. Tags "
+             "over several lines, blanks behind the name of an end tag",
      .does = "Read like any other.",
      .file = "frame/conversion.cpp"},
     {.name = "item in parts",

@@ -73,9 +73,9 @@ const char* FirstOdd(const char* begin, const char* end)
 
 } // namespace
 
-Tokeniser::Tokeniser(std::string_view input, Document& document, StageScope* stage)
+Tokeniser::Tokeniser(std::string_view input, Document& document, StageScope* stage, TagRules rules)
     : begin_(input.data()), next_(begin_), end_(begin_ + input.size()),
-      nextBlock_(stage ? begin_ : end_), document_(document), stage_(stage)
+      nextBlock_(stage ? begin_ : end_), document_(document), stage_(stage), rules_(rules)
 {
 }
 
@@ -137,16 +137,16 @@ Tokeniser::Step Tokeniser::ScanStartTag(Content content)
         if (next_ == end_)
             break;
         const char byte = *next_;
+        if (EndsName(byte)) {
+            name_ = Clean(begin, next_, firstOdd, Slash::Drop);
+            ++next_;
+            return byte == '>' ? Finish(Token::Start) : ScanAttributes(content);
+        }
         if (!IsTagStop(byte) || byte == '"' || byte == '\'')
             continue;
         if (byte == '<') {
             ++next_;
             return Step::Markup;
-        }
-        if (byte == ' ' || byte == '>') {
-            name_ = Clean(begin, next_, firstOdd, Slash::Drop);
-            ++next_;
-            return byte == ' ' ? ScanAttributes(content) : Finish(Token::Start);
         }
         selfClosed_ |= byte == '/';
         if (!firstOdd)
@@ -216,6 +216,8 @@ Tokeniser::Step Tokeniser::ScanEndTag()
             continue;
         if (byte == '>') {
             name_ = Clean(begin, next_, firstOdd, Slash::Keep);
+            while (rules_ == TagRules::Xml && !name_.empty() && EndsName(name_.back()))
+                name_.remove_suffix(1);
             ++next_;
             return Finish(Token::End);
         }
@@ -232,6 +234,8 @@ Tokeniser::Step Tokeniser::ScanEndTag()
 // Behind "<!": a "[" or "-" at any distance opens CDATA or a comment.
 Tokeniser::Step Tokeniser::ScanDeclaration(Content content)
 {
+    if (rules_ == TagRules::Xml && next_ != end_ && *next_ != '[' && *next_ != '-')
+        return SkipToMarkup();
     for (;;) {
         switch (TakeByte()) {
         case -1:
@@ -314,6 +318,12 @@ Tokeniser::Step Tokeniser::FinishInput()
 {
     next_ = end_;
     return Finish(EnterBlocks() ? Token::EndOfInput : Token::Cancelled);
+}
+
+bool Tokeniser::EndsName(char byte) const
+{
+    return byte == ' ' || byte == '>' ||
+           (rules_ == TagRules::Xml && (byte == '\t' || byte == '\n' || byte == '\r'));
 }
 
 const char* Tokeniser::Find(char byte) const

@@ -9,6 +9,8 @@
 //     dropped. A second "<" before a name starts is the one syntax error.
 //   - Text loses its bytes below 32. What follows the last "<" of the input is dropped.
 //   - A comment with "--" inside lasts to the next "<".
+// With TagRules::Xml, tabs and line ends are blanks too, blanks may stand before the ">" of an end
+// tag, a comment begins with "<!--" alone, and attributes are as XML has them.
 //
 //   Tokeniser tokens(text, document);
 //   while (tokens.Next(Content::All) == Token::Start) Use(tokens.Name(), tokens.Attributes());
@@ -31,6 +33,8 @@ enum class Token {
     Cancelled,
 };
 
+enum class TagRules { Letter, Xml };
+
 // What the element at hand keeps.
 enum class Content {
     Tags, // no text: it is passed over unseen
@@ -42,7 +46,8 @@ class Tokeniser {
 public:
     // The texts given out are in the input or, where they differ from it, in the document. Each KB
     // entered is a step of `stage`.
-    Tokeniser(std::string_view input, Document& document, StageScope* stage = nullptr);
+    Tokeniser(std::string_view input, Document& document, StageScope* stage = nullptr,
+              TagRules rules = TagRules::Letter);
 
     Token Next(Content content);
 
@@ -76,6 +81,7 @@ private:
     Step Finish(Token token);
     Step FinishInput();
 
+    bool EndsName(char byte) const;
     const char* Find(char byte) const;
     int TakeByte();
     bool TakeText(const char* begin, const char* end);
@@ -88,6 +94,7 @@ private:
     const char* nextBlock_;
     Document& document_;
     StageScope* stage_;
+    TagRules rules_;
 
     Token token_ = Token::EndOfInput;
     std::string_view name_;
@@ -103,8 +110,5 @@ bool GetAttribute(std::string_view attributes, std::string_view name, std::strin
 // The value of the attribute of that name as XML defines it: blanks may be around the "=", and both
 // kinds of quotes enclose values.
 bool GetXmlAttribute(std::string_view attributes, std::string_view name, std::string_view& value);
-
-// Either of them.
-using AttributeSearch = bool (*)(std::string_view, std::string_view, std::string_view&);
 
 } // namespace XPJ

@@ -37,9 +37,9 @@ void TextRuns::Append(std::string_view run, Document& document)
 }
 
 TreeReader::TreeReader(const ReadingTable& table, std::string_view input, Document& document,
-                       StageScope* stage, AttributeSearch findAttribute)
-    : table_(table), findAttribute_(findAttribute), input_(input), document_(document),
-      tokens_(input, document, stage), ids_(document)
+                       StageScope* stage, TagRules rules)
+    : table_(table), rules_(rules), input_(input), document_(document),
+      tokens_(input, document, stage, rules), ids_(document)
 {
     document.Expect(input.size());
     open_.reserve(64);

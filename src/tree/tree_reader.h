@@ -33,7 +33,7 @@ private:
 class TreeReader {
 public:
     TreeReader(const ReadingTable& table, std::string_view input, Document& document,
-               StageScope* stage, AttributeSearch findAttribute = GetAttribute);
+               StageScope* stage, TagRules rules = TagRules::Letter);
     TreeReader(const TreeReader&) = delete;
     TreeReader& operator=(const TreeReader&) = delete;
 
@@ -76,7 +76,8 @@ protected:
     bool FindAttribute(std::string_view attributes, std::string_view name,
                        std::string_view& value) const
     {
-        return findAttribute_(attributes, name, value);
+        return rules_ == TagRules::Xml ? GetXmlAttribute(attributes, name, value)
+                                       : GetAttribute(attributes, name, value);
     }
 
     // Of the current element: "xmeml/project/children".
@@ -97,7 +98,7 @@ private:
     void FillStop(ReadStop& stop) const;
 
     const ReadingTable& table_;
-    AttributeSearch findAttribute_;
+    TagRules rules_;
     std::string_view input_;
     Document& document_;
     Tokeniser tokens_;

@@ -48,7 +48,7 @@ public:
     FCPXMLReader(std::string_view input, Document& document, StageScope* stage,
                  ReadingManner manner)
         : TreeReader(XmemlReadingTable(manner), input, document, stage,
-                     manner == ReadingManner::Open ? GetXmlAttribute : GetAttribute),
+                     manner == ReadingManner::Open ? TagRules::Xml : TagRules::Letter),
           document_(document), referables_(ReferablesOf(Table(), manner))
     {
     }

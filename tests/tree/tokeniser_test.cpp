@@ -174,5 +174,33 @@ TEST(Tokeniser, Attributes)
     }
 }
 
+// Name and attributes of start tags, and "/" with the name of end tags.
+TEST(Tokeniser, ByTheRulesOfXmlTagsMayHaveAnyBlanks)
+{
+    const struct {
+        std::string_view input, tags;
+    } kCases[] = {
+        {"<a\n b=\"1\"\n c=\"2\">", "a[ b=\"1\"\n c=\"2\"]"},
+        {"<a\tb=\"1\"/>", "a[b=\"1\"]"},
+        {"<a\r\n>x</a\r\n><b></b >", "a[\n]/a[]b[]/b[]"},
+        {"<!DOCTYPE a SYSTEM \"--\"><a>", "a[]"},
+        {"<!DOCTYPE a [<!ENTITY b \"-- >\">]><a>", "a[]"},
+        {"<!--<a>--><b>", "b[]"},
+        {"<a><![CDATA[<b>]]></a>", "a[]/a[]"},
+    };
+    for (const auto& row : kCases) {
+        Document document;
+        Tokeniser tokens(row.input, document, nullptr, TagRules::Xml);
+        std::string tags;
+        for (Token token = tokens.Next(Content::Tags); token != Token::EndOfInput;
+             token = tokens.Next(Content::Tags)) {
+            const bool isStart = token == Token::Start;
+            tags.append(isStart ? "" : "/").append(tokens.Name()).append("[");
+            tags.append(isStart ? tokens.Attributes() : "").append("]");
+        }
+        EXPECT_EQ(tags, row.tags) << row.input;
+    }
+}
+
 } // namespace
 } // namespace XPJ
