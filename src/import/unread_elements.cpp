@@ -4,6 +4,7 @@
 #include "tree/unread.h"
 #include "xmeml/rates.h"
 #include "xmeml/sequences.h"
+#include "xmeml/tracks.h"
 #include "xmeml/unused_fields.h"
 
 #include <algorithm>
@@ -51,6 +52,42 @@ bool IsIdentity(Path path)
     return path.back().GetProperty("key").find("uuid") != std::string_view::npos;
 }
 
+// Of exploded audio the first track counts; the others have equal items, which lend it channels.
+bool IsOnContinuation(Path path)
+{
+    return IsContinuationTrack(Around(path, {"track"}));
+}
+
+// A clip without audio, as generators are.
+bool IsSilentClip(Path path)
+{
+    return !path.back().GetChild("media").HasChild("audio");
+}
+
+bool HasNoFields(Path path)
+{
+    return path.back().GetProperty("fielddominance") == "none" &&
+           Around(path, {"clip", "file"}).GetName() == "clip";
+}
+
+// From silence to full, forwards.
+bool IsPlainFade(Path path)
+{
+    const ConstHandle effect = path.back();
+    return Around(path, {"transitionitem"}) && DoubleProperty(effect, "startratio") == 0 &&
+           (!HasValue(effect, "endratio") || DoubleProperty(effect, "endratio") == 1) &&
+           !IsTrue(effect, "reverse");
+}
+
+// The `outputs` have as many channels as `numOutputChannels` states.
+bool AreOutputsCounted(Path path)
+{
+    int channels = 0;
+    for (const ConstHandle& group : path.back().GetChild("outputs").GetChildren("group"))
+        channels += IntProperty(group, "numchannels");
+    return channels == IntProperty(path.back(), "numOutputChannels");
+}
+
 // Of the definitions of one file the first counts, and its media are looked at.
 bool IsRepeatedFile(ConstHandle node)
 {
@@ -83,6 +120,8 @@ constexpr std::string_view kOfClip = "the clip around it states it as well";
 constexpr std::string_view kOfEffect = "the id identifies the effect";
 constexpr std::string_view kAccounted = "the rules of effects account for parameters";
 constexpr std::string_view kBound = "the reference is bound";
+constexpr std::string_view kOfFirstTrack = "the first of the exploded tracks counts";
+constexpr std::string_view kPlainFade = "every audio fade is like this";
 
 constexpr EmptyField kEmptyFields[] = {
     {{}, "id", "identifies an element inside its document"},
@@ -110,6 +149,9 @@ constexpr EmptyField kEmptyFields[] = {
     {"generatoritem", "sourcetrack", kOfClip, IsInBrowserClip},
     {"generatoritem", "enabled", kOfClip, IsInBrowserClip},
     {"clip", "rate", "the item in it counts"},
+    {"clip", "explodedTracks", "says nothing without audio", IsSilentClip},
+    {"track", {}, kOfFirstTrack, IsOnContinuation},
+    {"clipitem", {}, kOfFirstTrack, IsOnContinuation},
     {"clipitem", "logginginfo", "clips of a cut share the logging of their master", IsInProject},
     {"clipitem", "comments", "clips of a cut share the comments of their master", IsInProject},
     {"labels", "label", "`label2` is the color", HasColorLabel},
@@ -117,7 +159,10 @@ constexpr EmptyField kEmptyFields[] = {
     {"video", "duration", "the file states its duration"},
     {"audio", "samplecharacteristics", "those of the first `audio` count"},
     {"audio", "layout", "those of the first `audio` count"},
+    {"audio", "channelcount", "those of the first `audio` count"},
+    {"audio", "outputs", "their number is stated beside them", AreOutputsCounted},
     {"samplecharacteristics", "rate", "the file states its rate"},
+    {"samplecharacteristics", "fielddominance", "generated video has no fields", HasNoFields},
     {"format", "appspecificdata", "how renders were compressed"},
     {"group", "index", "groups are in order"},
     {"group", "channel", "the number of channels counts"},
@@ -126,6 +171,9 @@ constexpr EmptyField kEmptyFields[] = {
     {"effect", "effecttype", kOfEffect},
     {"effect", "effectcategory", kOfEffect},
     {"effect", "mediatype", kOfEffect},
+    {"effect", "startratio", kPlainFade, IsPlainFade},
+    {"effect", "endratio", kPlainFade, IsPlainFade},
+    {"effect", "reverse", kPlainFade, IsPlainFade},
     {"effect", "parameter", kAccounted},
     {"parameter", {}, kAccounted},
     {"keyframe", {}, kAccounted},
