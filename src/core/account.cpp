@@ -3,6 +3,8 @@
 #include "core/frame_rate.h"
 #include "core/ticks.h"
 
+#include <fmt/format.h>
+
 namespace XPJ {
 
 std::string FrameSpan::Timecode(std::int64_t frame) const
@@ -34,6 +36,20 @@ Remark& AddRemark(Account& account, const Remark& remark)
     return added;
 }
 
+namespace {
+
+// What tells two issues apart.
+std::string PlaceText(const TranslationIssue& issue, const IssuePlace& place)
+{
+    if (place.node != 0)
+        return fmt::format("{} {} {}", issue.kind, place.node, issue.subject);
+    return fmt::format("{}\n{}\n{}\n{}\n{} {} {} {}\n{}\n{}", issue.sequence, issue.clip,
+                       issue.subject, issue.time, issue.kind, issue.trackKind, issue.trackIndex,
+                       place.span.sequence, place.span.start, place.bin);
+}
+
+} // namespace
+
 void AddRemark(Account& account, RemarkKind kind, const ItemLocation& location,
                const RemarkSubject& subject)
 {
@@ -52,20 +68,20 @@ void AddRemark(Account& account, RemarkKind kind, const ItemLocation& location,
 }
 
 void AddIssue(Account& account, Direction direction, const TranslationIssue& issue,
-              const FrameSpan& span, std::string_view bin)
+              const IssuePlace& place)
 {
+    account.issues.insert(issue);
     const IssueKind* const kind = FindIssueKind(direction, issue.kind);
-    const auto [entry, isNew] = account.issues.insert(issue);
-    if (!kind || (!isNew && entry->kind == issue.kind))
+    if (!kind || !account.issuePlaces.insert(PlaceText(issue, place)).second)
         return;
     const bool isOfTime = kind->first == IssueField::Time || kind->second == IssueField::Time;
     AddRemark(account, {.kind = kind->remark,
                         .sequence = issue.sequence,
                         .clip = issue.clip,
-                        .bin = bin,
+                        .bin = place.bin,
                         .trackKind = issue.trackKind,
                         .trackIndex = issue.trackIndex,
-                        .span = span,
+                        .span = place.span,
                         .subject = issue.subject,
                         .detail = isOfTime ? std::string_view(issue.time) : std::string_view(),
                         .isIssue = true});

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/remark_kinds.h"
+#include "core/text_hash.h"
 #include "core/text_store.h"
 #include "core/translation_issue.h"
 
@@ -84,6 +85,7 @@ struct TranslatedSequence {
 struct Account {
     IssueSet issues;
     RemarkList remarks;
+    TextSet<std::string> issuePlaces = {}; // of the issues that have a remark
     std::vector<TranslatedSequence> sequences = {};
     TextStore texts = {}; // of the remarks
 };
@@ -95,9 +97,16 @@ Remark& AddRemark(Account& account, const Remark& remark);
 void AddRemark(Account& account, RemarkKind kind, const ItemLocation& location,
                const RemarkSubject& subject = {});
 
-// Enters an issue and, unless the same one is there already, its remark. `span` and `bin` are those
-// of the issue's location.
+// Where an issue is, beyond the names that it states: the host's report lists issues of equal names
+// once, the account each of them.
+struct IssuePlace {
+    FrameSpan span = {};
+    std::string_view bin = {};
+    std::uint64_t node = 0; // what it is about, in the source document; 0: not known
+};
+
+// Enters an issue and, unless there is one for the same thing, its remark.
 void AddIssue(Account& account, Direction direction, const TranslationIssue& issue,
-              const FrameSpan& span = {}, std::string_view bin = {});
+              const IssuePlace& place = {});
 
 } // namespace XPJ

@@ -95,6 +95,8 @@ constexpr RemarkRow kRows[] = {
     {Kind::SpeedCurveOfAudio, "audio.speed-curve", Outcome::Lost, Severity::Warning,
      "The audio has a variable speed that has no counterpart.",
      "Render the retimed audio and cut it in."},
+    {Kind::FrameHold, "clip.frame-hold", Outcome::Lost, Severity::Warning,
+     "The clip holds a frame of its media; now it plays.", "Make a freeze frame of the clip anew."},
     {Kind::TransitionCut, "transition.cut", Outcome::Changed, Severity::Note,
      "The transition <$1> states another cut than the clips beside it.", "Check the cut."},
     {Kind::Unexplained, "unexplained", Outcome::Changed, Severity::Warning,

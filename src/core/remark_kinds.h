@@ -44,6 +44,7 @@ enum class RemarkKind : std::uint8_t {
     EffectDisabledLost,
     KeyframeInterpolation,
     SpeedCurveOfAudio,
+    FrameHold,
     TransitionCut,
     Unexplained,
     MediaPathMapped,

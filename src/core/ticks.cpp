@@ -61,6 +61,12 @@ Ticks DivTicks(Ticks value, Ticks divisor)
     return DivTicksOr0(value, divisor);
 }
 
+std::int64_t NearestFrame(Ticks ticks, Ticks frameTicks) noexcept
+{
+    const Ticks half = frameTicks / 2;
+    return DivTicksOr0(ticks < 0 ? SubtractTicks(ticks, half) : AddTicks(ticks, half), frameTicks);
+}
+
 Ticks ToTicks(double value) noexcept
 {
     if (std::isnan(value))

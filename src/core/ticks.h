@@ -45,6 +45,9 @@ Ticks DivTicksOr0(Ticks value, Ticks divisor) noexcept;
 // of media and sequences first, so that the fault has a name.
 Ticks DivTicks(Ticks value, Ticks divisor);
 
+// Whole frames, to the nearest one; 0 for a frame length of 0.
+std::int64_t NearestFrame(Ticks ticks, Ticks frameTicks) noexcept;
+
 // The nearest lower whole number towards zero, clamped; 0 for not-a-number.
 Ticks ToTicks(double value) noexcept;
 

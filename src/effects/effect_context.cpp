@@ -20,7 +20,8 @@ double Ratio(int clip, int sequence)
 }
 
 // The remark of the issue; null if it is there already.
-Remark* Enter(const EffectContext& context, Direction direction, int kind, std::string_view subject)
+Remark* Enter(const EffectContext& context, Direction direction, int kind, std::string_view subject,
+              std::uint64_t node = 0)
 {
     RemarkList& remarks = context.account.remarks;
     const std::size_t before = remarks.size();
@@ -29,7 +30,8 @@ Remark* Enter(const EffectContext& context, Direction direction, int kind, std::
         issue.time = context.time();
     issue.kind = kind;
     issue.subject = subject;
-    XPJ::AddIssue(context.account, direction, issue, context.location.span, context.location.bin);
+    XPJ::AddIssue(context.account, direction, issue,
+                  {.span = context.location.span, .bin = context.location.bin, .node = node});
     return remarks.size() == before ? nullptr : &remarks.back();
 }
 
@@ -84,8 +86,8 @@ void EffectContext::AddRemark(RemarkKind kind, const RemarkSubject& subject) con
 
 void EffectContext::AddIssue(ImportIssue kind, ConstHandle effect, std::string_view onlyWhen) const
 {
-    Remark* const remark =
-        Enter(*this, Direction::Import, static_cast<int>(kind), EffectName(effect));
+    Remark* const remark = Enter(*this, Direction::Import, static_cast<int>(kind),
+                                 EffectName(effect), effect.UniqueId());
     if (!remark)
         return;
     remark->subject = account.texts.Keep(FullEffectName(effect));
@@ -101,14 +103,14 @@ void EffectContext::AddMissingLook(ConstHandle effect, std::string_view path) co
     EffectContext ofFile = *this;
     ofFile.location.clip = path;
     const int missing = static_cast<int>(ImportIssue::MissingLookLUT);
-    if (Remark* const remark = Enter(ofFile, Direction::Import, missing, {})) {
+    if (Remark* const remark = Enter(ofFile, Direction::Import, missing, {}, effect.UniqueId())) {
         remark->clip = account.texts.Keep(location.clip);
         remark->subject = account.texts.Keep(FullEffectName(effect));
         remark->subjectId = account.texts.Keep(effect.GetProperty("effectid"));
         remark->detail = account.texts.Keep(EscapeXML(path));
     }
     const int untranslated = static_cast<int>(ImportIssue::EffectNotTranslated);
-    if (Enter(*this, Direction::Import, untranslated, EffectName(effect)))
+    if (Enter(*this, Direction::Import, untranslated, EffectName(effect), effect.UniqueId()))
         account.remarks.pop_back();
 }
 

@@ -46,6 +46,8 @@ constexpr EmptyField kEmptyFields[] = {
     {"VideoClip", "FrameRate", kOfMedia},
     {"AudioClip", "FrameRate", kOfMedia},
     {"VideoClip", "ScaleToFrameSize", "not scaled", "false"},
+    {"VideoClip", "FrameHold", "holds nothing", "0"},
+    {"VideoClip", "FrameHoldStart", "counts with `FrameHold`"},
     {"VideoClip", "InPoint", "a generated clip has no range"},
     {"VideoClip", "OutPoint", "a generated clip has no range"},
     {"AudioClip", "Gain", "no gain", "1.0"},

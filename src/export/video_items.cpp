@@ -1,5 +1,6 @@
 #include "export/video_items.h"
 
+#include "core/numbers.h"
 #include "effects/color_matte.h"
 #include "effects/distort.h"
 #include "effects/time_remap.h"
@@ -41,6 +42,7 @@ struct VideoItem {
     void AddLink(std::string_view source);
     void WriteTimes();
     void WriteEffects();
+    void WriteFrameHold();
     void WriteSpeed();
     void WriteAspectCompensation();
 };
@@ -60,6 +62,21 @@ void VideoItem::WriteTimes()
 {
     WriteRange(record.clip, MediaType::Video, record.timing, element);
     WriteDuration(record.clip, record.timing, element);
+}
+
+// The frame of its source that a clip holds, in the item's frames.
+void VideoItem::WriteFrameHold()
+{
+    if (IntProperty(record.clip, "FrameHold") == 0)
+        return;
+    const Ticks stated = Int64Property(record.clip, "FrameHoldStart");
+    const Ticks held = stated < 0 ? Int64Property(record.clip, "InPoint") : stated;
+    if (!context.options.settings.openInterchange || record.timing.rate == 0)
+        return AddRemark(context, record, RemarkKind::FrameHold);
+    element.SetPropertyShared("stillframe", "TRUE");
+    element.SetProperty(
+        "stillframeoffset",
+        IntToString(NearestFrame(AddTicks(held, record.timing.sourceOffset), record.timing.rate)));
 }
 
 // Motion, opacity and the other effects, in the order of the document.
@@ -111,6 +128,7 @@ NestedSequence VideoItem::TranslateClip()
     WriteSubclipOffsets(context.document, record.boundaries, record.timing.rate, element);
     WriteClipOptions(context, record, element);
     WriteTimes();
+    WriteFrameHold();
     WriteEffects();
     WriteSpeed();
     WriteAspectCompensation();

@@ -118,7 +118,8 @@ void AddGeneratorIssue(ImportState& state, ConstHandle clip, ConstHandle generat
     issue.sequence = clip.GetProperty("name");
     issue.trackKind = kVideoTrackKind;
     const std::size_t before = state.account.remarks.size();
-    AddIssue(state.account, Direction::Import, issue);
+    AddIssue(state.account, Direction::Import, issue,
+             {.bin = state.bin, .node = generator.UniqueId()});
     if (state.account.remarks.size() == before)
         return;
     // The issue has the clip as its sequence; the remark says where it is.

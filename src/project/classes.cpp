@@ -716,8 +716,8 @@ constexpr BodyRow kTimeRemapping[] = {
 constexpr BodyRow kVideoClip[] = {
     Include(kClipPart), Value("ScaleToFrameSize"), Value("FieldProcessing", kNoCounterpart),
     Value("ReverseFieldDominance", kNoCounterpart), Value("DeinterlaceOnHold", kNoCounterpart),
-    Value("HoldFilters", kNoCounterpart), Value("FrameHold", kNoCounterpart),
-    Value("FrameHoldStart", kNoCounterpart), Value("PosterFrame", kNoCounterpart),
+    Value("HoldFilters", kNoCounterpart), Value("FrameHold"),
+    Value("FrameHoldStart"), Value("PosterFrame", kNoCounterpart),
     Value("TimeInterpolationType"),
 };
 

@@ -166,8 +166,7 @@ constexpr XmemlField kClipItem[] = {
     Each("marker"), Each("link"),
     Child("keycode", ReadOnly("written inside `filmdata`")),
     Leaf("mediadelay", ReadOnly("counted in the written `in` and `out`")),
-    Leaf("stillframe", ReadOnly("written in the `video` of the file")),
-    Leaf("stillframeoffset", ReadOnly("a frame hold of a project has no counterpart")),
+    Leaf("stillframe"), Leaf("stillframeoffset"),
     Leaf("fielddominance", ReadOnly(kInFile)),
     Leaf("ismasterclip", Skipped("an item of a sequence is none")),
 };

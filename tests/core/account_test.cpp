@@ -28,7 +28,7 @@ TEST(Account, KeepsTheTextsOfRemarksAlsoWhenMoved)
     }
 }
 
-TEST(Account, HasEachIssueOnceAndAsARemark)
+TEST(Account, HasEachIssueOnceAPlaceAndAsARemark)
 {
     Account account;
     const TranslationIssue issue{.kind = static_cast<int>(ImportIssue::EffectNotTranslated),
@@ -37,14 +37,24 @@ TEST(Account, HasEachIssueOnceAndAsARemark)
                                  .subject = "Sepia",
                                  .trackKind = 1,
                                  .time = "01:00:01:00"};
-    AddIssue(account, Direction::Import, issue, {.start = 25, .end = 50}, "Day 1");
-    AddIssue(account, Direction::Import, issue, {.start = 25, .end = 50}, "Day 1");
+    const IssuePlace place{.span = {.start = 25, .end = 50}, .bin = "Day 1"};
+    AddIssue(account, Direction::Import, issue, place);
+    AddIssue(account, Direction::Import, issue, place);
     ASSERT_EQ(account.remarks.size(), 1U);
     const Remark& remark = account.remarks[0];
     EXPECT_TRUE(remark.isIssue);
     EXPECT_EQ(remark.subject, "Sepia");
     EXPECT_EQ(remark.bin, "Day 1");
     EXPECT_EQ(remark.span.start, 25);
+    EXPECT_EQ(account.issues.size(), 1U);
+
+    // The host's report has no more than names.
+    AddIssue(account, Direction::Import, issue, {.span = place.span, .bin = "Day 2"});
+    AddIssue(account, Direction::Import, issue, {.span = {.sequence = 7}});
+    AddIssue(account, Direction::Import, issue, {.node = 8});
+    AddIssue(account, Direction::Import, issue, {.node = 9});
+    AddIssue(account, Direction::Import, issue, {.node = 9});
+    EXPECT_EQ(account.remarks.size(), 5U);
     EXPECT_EQ(account.issues.size(), 1U);
 }
 

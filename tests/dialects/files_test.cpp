@@ -271,6 +271,21 @@ TEST_F(Files, EachMasterHasTheEffectsOfTheItemsOfItsFile)
     }
 }
 
+TEST_F(Files, ItemsThatHoldAFrameStillDo)
+{
+    const std::string file = FileOf("f", "<video/>");
+    const std::string held = kTimes + In("stillframe", "TRUE") + In("stillframeoffset", "7") + file;
+    const std::string after = In("start", "10") + In("end", "20") + In("in", "0") + In("out", "10");
+    const std::string cut = SequenceOf(In(
+        "video", In("track", In("clipitem", held) + In("clipitem", after + "<file id=\"f\"/>"))));
+    const std::string project = ToProject(cut);
+    EXPECT_TRUE(Has(project, "<FrameHoldStart>71124480000<")) << "7 frames of 10160640000";
+    EXPECT_TRUE(Has(ToXmeml(project), "<stillframeoffset>7<"));
+    EXPECT_TRUE(Has(ThereAndBack(project), "<FrameHoldStart>71124480000<"));
+    SetOpen(false);
+    EXPECT_FALSE(Has(ToXmeml(project), "stillframeoffset"));
+}
+
 // A merged clip of a video file and a stereo recording.
 TEST_F(Files, AMergedClipHasBothChannelsOfAStream)
 {
