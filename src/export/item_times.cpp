@@ -83,6 +83,18 @@ Ticks Scaled(Ticks ticks, double speed)
     return speed == 1.0 ? ticks : ToTicks(static_cast<double>(ticks) * speed);
 }
 
+// The frame of a point, in what plays. To the letter it is the one that has begun. Other programs
+// show the nearest one where it is exact beside the edges of the item, and products of speeds may
+// be a tick short.
+std::int64_t FrameOfPoint(Ticks played, const ItemTiming& timing)
+{
+    constexpr Ticks kNoise = 2;
+    if (!timing.openInterchange || timing.unit == TimeUnit::Ticks)
+        return TimeOf(timing.unit, played, timing.rate);
+    return timing.rate == timing.sequenceRate ? NearestFrame(played, timing.rate)
+                                              : DivTicks(AddTicks(played, kNoise), timing.rate);
+}
+
 // Writes the exact ticks of a point and gives its time in the item's unit; a clip that doesn't
 // state it leaves it open.
 std::int64_t WriteExactPoint(const SourcePoint& point, ConstHandle clip, const ItemTiming& timing,
@@ -97,7 +109,7 @@ std::int64_t WriteExactPoint(const SourcePoint& point, ConstHandle clip, const I
     const Ticks source = AddTicks(begin, Scaled(point.delta, point.speed));
     const Ticks played =
         point.speed == 1.0 ? source : ToTicks(static_cast<double>(source) / point.speed);
-    return TimeOf(timing.unit, played, timing.rate);
+    return FrameOfPoint(played, timing);
 }
 
 // The length that the speed keyframes state, with the last of them, or else the source's.

@@ -108,7 +108,11 @@ EffectContext ContextOfItem(const ItemContext& item)
         .account = state.account,
         .location = item.location,
         .time = [&timecode, start = item.times.start] { return timecode.TextOf(start); }};
-    context.frameTicks = FilterTicks(item.element, item.shown.master, sequence.rates.video);
+    // To the letter, keyframes of an item without a rate count in that of its media, in and out
+    // points in that of the sequence.
+    context.frameTicks = IsOpen(state)
+                             ? item.rates.item
+                             : FilterTicks(item.element, item.shown.master, sequence.rates.video);
     context.lookFiles = &state.lookFiles;
     context.openInterchange = IsOpen(state);
     if (item.track.type == MediaType::Video) {
