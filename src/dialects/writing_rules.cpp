@@ -61,6 +61,11 @@ constexpr DialectRule kWritingRules[] = {
      .does = "`fontstyle` has those numbers; `velaStyle` beside it is that of the import.",
      .apply = WriteTitleStyles},
 
+    {.name = "good takes",
+     .seen = "the logging of Final Cut itself",
+     .does = "`good` of the `logginginfo` states the mark of the clip in the bin.",
+     .file = "export/clips.cpp"},
+
     // Times, audio and effects
     {.name = "mixed rates",
      .seen = "all readers: the edges of an item count in frames of the sequence",

@@ -179,6 +179,8 @@ void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, const Browse
     clip.AddChild(TranslateClipMedia(context, catalogs, masterClip, source));
     TranslateLoggingInfo(context.document, masterClip,
                          hasFile ? catalogs.files.Find(source.media) : nullptr, clip);
+    if (context.options.settings.openInterchange)
+        WriteGoodFlag(context.document, clipItem, clip);
     children.AddChild(clip);
 }
 

@@ -109,4 +109,16 @@ void WriteComments(Document& document, ConstHandle itemProperties, ObjectHandle 
         element.AddChild(comments);
 }
 
+void WriteGoodFlag(Document& document, ConstHandle itemProperties, ObjectHandle clip)
+{
+    constexpr Name kGood = "Column.PropertyBool.Good";
+    if (!HasValue(itemProperties, kGood))
+        return;
+    const ObjectHandle known = clip.GetChild("logginginfo");
+    const ObjectHandle info = known ? known : document.NewObject("logginginfo");
+    info.SetPropertyShared("good", IsTrue(itemProperties, kGood) ? "TRUE" : "FALSE");
+    if (!known)
+        clip.AddChild(info);
+}
+
 } // namespace XPJ::RVX

@@ -22,4 +22,7 @@ void ReportLabel(ExportContext& context, ConstHandle properties, const LabelKeys
 // Adds `comments` if the item of the browser has any comment.
 void WriteComments(Document& document, ConstHandle itemProperties, ObjectHandle element);
 
+// Adds the mark of a good take to the `logginginfo` of a `clip`.
+void WriteGoodFlag(Document& document, ConstHandle itemProperties, ObjectHandle clip);
+
 } // namespace XPJ::RVX

@@ -49,7 +49,8 @@ void WriteTrackState(const ExportContext& context, ConstHandle projectTrack, boo
                      ObjectHandle track)
 {
     track.SetPropertyShared("locked", IsTrue(projectTrack, "IsLocked") ? "TRUE" : "FALSE");
-    track.SetPropertyShared("enabled", isOff || IsTrue(projectTrack, "IsMuted") ? "FALSE" : "TRUE");
+    const bool isMuted = IsTrue(projectTrack, "IsMuted");
+    track.SetPropertyShared("enabled", isOff || isMuted ? "FALSE" : "TRUE");
     if (projectTrack.HasProperty("MZ.TrackTargeted"))
         track.SetPropertyShared("MZ.TrackTargeted",
                                 HasValue(projectTrack, "MZ.TrackTargeted")

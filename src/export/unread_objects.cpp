@@ -71,6 +71,7 @@ constexpr EmptyField kEmptyFields[] = {
     {"MediaSource", "EndBoundary", "the clip states its range"},
     {"Source", "OriginalDuration", kOfMedia},
     {"ClipProjectItem", "Name", kOfClip},
+    {"ClipProjectItem", "Column.PropertyBool.Good", "not marked", "false"},
     {"MasterClip", "Name", "the item has a name of its own"},
     {"MasterClip", "ClipLoggingInfo", "without logging of a user"},
     {"ClipLoggingInfo", "TimecodeFormat", "the media states its timecode"},

@@ -426,7 +426,7 @@ constexpr BodyRow kClipProjectItem[] = {
                 ValueAs("Column.PropertyText.Comment", "Comment"), Value("Master_95_Comment_95_1"),
                 Value("Master_95_Comment_95_2"), Value("Master_95_Comment_95_3"),
                 Value("Master_95_Comment_95_4"), Value("Clip_95_Comment_95_A"),
-                Value("Clip_95_Comment_95_B"), Value("Column.PropertyBool.Good", kNoCounterpart),
+                Value("Clip_95_Comment_95_B"), Value("Column.PropertyBool.Good"),
                 Value("Column.PropertyText.Label"), Value("Column.PropertyText.LabelText"),
             End("Properties"),
         End("Node"),

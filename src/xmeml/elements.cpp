@@ -404,7 +404,7 @@ constexpr XmemlField kComments[] = {
 constexpr XmemlField kLoggingInfo[] = {
     Required("description"), Required("scene"), Required("shottake"), Required("lognote"),
     Leaf("tapeid", ReadOnly("written as the `reel` of a timecode")),
-    Leaf("good", ReadOnly("no counterpart in what a project states of its items")),
+    Leaf("good"),
 };
 
 constexpr XmemlField kFilmData[] = {
