@@ -290,8 +290,13 @@ CHECK
     expect_text tom.vlproj "<FullPath>$work/tom.json"
     [ ! -e tom.report.txt ] || fail 'a report that nobody named'
     expect_status 64 --report tom.doc tom.xml
-    expect_status 0 --report "$work/none/tom.json" tom.xml
+    expect_status 6 --report "$work/none/tom.json" tom.xml
     expect_text err 'the report could not be written'
+    expect_no_text tom.vlproj '<FullPath>'
+    cp tom.xml tom.txt
+    expect_status 64 tom.txt -o tom.vlproj --report "$work/../${work##*/}/tom.txt"
+    expect_status 64 tom.xml -o tom.json --report tom.json
+    expect_same tom.xml tom.txt
 
     # The status follows what the report has.
     expect_status 11 --fail-on skipped,lost tom.xml

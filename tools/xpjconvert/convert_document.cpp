@@ -116,15 +116,25 @@ private:
     bool SetOutput(const std::string& outputPath)
     {
         if (options_.output == kStandardStream)
-            return SpoolOutput(std::string(kStandardOutputName));
+            return IsReportApart(kStandardStream) && SpoolOutput(std::string(kStandardOutputName));
         request_.outputPath =
             outputPath.empty() ? OutputPathOf(options_, InputName(), *request_.to) : outputPath;
         std::error_code error;
         if (std::filesystem::equivalent(document_.path, request_.outputPath, error))
             return Fail(kWrongUsage, "input and output are the same file");
+        if (!IsReportApart(request_.outputPath))
+            return false;
         if (options_.dryRun)
             return SpoolOutput(request_.outputPath);
         return true;
+    }
+
+    bool IsReportApart(std::string_view output)
+    {
+        const std::string report = ReportOverFile(options_, {document_.path, output});
+        return report.empty() ||
+               Fail(kWrongUsage,
+                    fmt::format("the report {} would replace the input or the output", report));
     }
 
     // As the name of the output follows from it.
@@ -179,9 +189,11 @@ private:
         PrintOutput();
         PrintOutcome();
         PrintError(problems);
-        converted_.status = outcome.result == kSuccess && HasFailure(options_, outcome)
-                                ? kLossesFound
-                                : outcome.result;
+        converted_.status = outcome.result;
+        if (outcome.result == kSuccess && HasFailure(options_, outcome))
+            converted_.status = kLossesFound;
+        else if (outcome.result == kSuccess && !problems.empty() && !options_.reports.empty())
+            converted_.status = kUnexpectedError;
     }
 
     // As OpenTimelineIO.

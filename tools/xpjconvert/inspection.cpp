@@ -143,8 +143,13 @@ std::string TextOfDifferences(const std::string& path, const ToolOptions& option
 
 int CompareFiles(const ToolOptions& options)
 {
+    const std::string report = ReportOverFile(options, {InputOf(options), options.partner});
+    if (!report.empty()) {
+        PrintError(fmt::format("XPJConvert: the report {} would replace an input.\n", report));
+        return kWrongUsage;
+    }
     auto [a, b] = ReadForComparison(DocumentFile(PathOf(InputOf(options))),
-                                    DocumentFile(options.partner), ReadingOf(options));
+                                    DocumentFile(PathOf(options.partner)), ReadingOf(options));
     if (!IsUsable(InputOf(options), a))
         return a.result;
     if (!IsUsable(options.partner, b))

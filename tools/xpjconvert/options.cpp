@@ -46,7 +46,7 @@ Exit status:
   3   out of memory
   4   no xmeml data in the input
   5   the input could not be opened
-  6   unexpected error, or the output could not be written
+  6   unexpected error, or the output or a named report could not be written
   10  --compare found differences
   11  converted, but the report has what --fail-on names
   12  some of several documents failed

@@ -49,7 +49,7 @@ std::string Reports::Reserve()
 {
     for (const std::string& path : options_.reports)
         if (path != "-")
-            return AbsolutePath(path);
+            return AtomicFile(path).IsOpen() ? AbsolutePath(path) : std::string();
     const bool hasFile = request_.writeTo.empty(); // that the report can be beside
     if (!options_.reports.empty() || (!hasFile && options_.reportFolder.empty()))
         return {};
@@ -69,8 +69,12 @@ std::string Reports::Write(ConversionOutcome& outcome)
     if (isNeeded && outcome.reportPath.empty())
         outcome.reportPath = Reserve();
     std::string problems;
-    for (const std::string& path : options_.reports)
-        problems += WriteReportFile(path, TextOf(path, outcome));
+    for (const std::string& path : options_.reports) {
+        const std::string problem = WriteReportFile(path, TextOf(path, outcome));
+        if (!problem.empty() && AbsolutePath(path) == outcome.reportPath)
+            outcome.reportPath.clear();
+        problems += problem;
+    }
     if (!reserved_.empty())
         problems += WriteReportFile(reserved_, TextOf(reserved_, outcome));
     return problems;
@@ -122,6 +126,21 @@ std::string Reports::PageOf(const std::string& accountJson) const
     return PageText({.title = std::string(FileNameOf(request_.inputPath)),
                      .accountJson = accountJson,
                      .first = &read.project});
+}
+
+std::string ReportOverFile(const ToolOptions& options,
+                           std::initializer_list<std::string_view> files)
+{
+    const auto place = [](std::string_view path) {
+        std::error_code error;
+        return std::filesystem::weakly_canonical(path, error);
+    };
+    for (const std::string& report : options.reports)
+        for (const std::string_view file : files)
+            if (report != "-" && file != "-" && !place(report).empty() &&
+                place(report) == place(file))
+                return report;
+    return {};
 }
 
 bool HasFailure(const ToolOptions& options, const ConversionOutcome& outcome)

@@ -3,7 +3,9 @@
 
 #include "xpjconvert/options.h"
 
+#include <initializer_list>
 #include <string>
+#include <string_view>
 
 namespace XPJ {
 
@@ -17,7 +19,7 @@ public:
 
     // The absolute path of the report that a project lists: the first of --report, else a new file
     // "cut.report.txt" beside the output "cut.vlproj", which no other run gets. Empty if there is
-    // none.
+    // none, or if it can't be written.
     std::string Reserve();
 
     // Writes them, and sets the path of the one for people in `outcome`. Gives a line for each that
@@ -35,6 +37,10 @@ private:
 
 // Puts `text` into the file, or on the standard output for "-". Gives a line about what failed.
 std::string WriteReportFile(const std::string& path, const std::string& text);
+
+// The first of --report that would replace one of the files, links followed; empty if none does.
+std::string ReportOverFile(const ToolOptions& options,
+                           std::initializer_list<std::string_view> files);
 
 // True when the account has what --fail-on names.
 bool HasFailure(const ToolOptions& options, const ConversionOutcome& outcome);
