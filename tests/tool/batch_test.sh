@@ -89,7 +89,15 @@ names() {
     cp beside/a.vlproj before
     expect_status 12 --overwrite beside -o beside
     expect_text err 'beside/a.vlproj is another document of this batch'
-    cmp -s beside/a.vlproj before || fail 'an input was overwritten'
+    expect_same beside/a.vlproj before
+    # Nor through a link, nor by another part of the batch.
+    ln -s beside link
+    expect_status 12 --overwrite link -o beside
+    expect_same beside/a.vlproj before
+    for part in 1/3 2/3 3/3; do
+        "$tool" -q --overwrite --part $part beside -o beside >out 2>err
+        expect_same beside/a.vlproj before
+    done
 }
 
 existing() {

@@ -110,9 +110,13 @@ void Batch::Plan()
     documents_ = PlanBatch(options_, ExpandInputs(options_, problems));
     PrintError(problems);
     hasProblems_ = !problems.empty();
+    for (const PlannedDocument& planned : documents_) // also those of other parts
+        taken_.insert(RealPath(planned.document.path));
+    if (options_.batch.part)
+        std::erase_if(documents_, [&part = *options_.batch.part](const PlannedDocument& planned) {
+            return !IsInPart(planned, part);
+        });
     totals_.documents = documents_.size();
-    for (const PlannedDocument& planned : documents_)
-        taken_.insert(NormalPath(planned.document.path));
     if (options_.request.mediaPaths)
         options_.request.mediaPaths->WalkFolders(IsInterrupted);
 }
@@ -156,7 +160,7 @@ ToolOptions Batch::OptionsFor(const PlannedDocument& planned, const std::string&
 bool Batch::IsToConvert(const ConversionProcess::Task& task)
 {
     const std::string& output = task.outputPath;
-    if (!taken_.insert(NormalPath(output)).second) {
+    if (!taken_.insert(RealPath(output)).second) {
         Reject(task, RowResult::Failed,
                fmt::format("the output {} is another document of this batch", output));
         return false;

@@ -122,6 +122,13 @@ std::string NormalPath(const std::string& path)
     return normal;
 }
 
+std::string RealPath(const std::string& path)
+{
+    std::error_code error;
+    const fs::path real = fs::weakly_canonical(path, error);
+    return error ? NormalPath(path) : real.string();
+}
+
 std::vector<PlannedDocument> PlanBatch(const ToolOptions& options,
                                        std::vector<InputDocument> documents)
 {
@@ -142,10 +149,6 @@ std::vector<PlannedDocument> PlanBatch(const ToolOptions& options,
         planned.push_back({document, StemOf(document.place)});
     for (const std::size_t i : clashes)
         planned[i].outputStem = documents[i].place;
-    if (options.batch.part)
-        std::erase_if(planned, [&part = *options.batch.part](const PlannedDocument& one) {
-            return !IsInPart(one, part);
-        });
     return planned;
 }
 

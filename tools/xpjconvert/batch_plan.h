@@ -22,8 +22,8 @@ struct PlannedDocument {
     std::string outputStem;
 };
 
-// The documents of the part that the options name. A document that is named twice is there once,
-// and a folder for the outputs that is below an input is no input.
+// The documents of all parts. One that is named twice is there once, and a folder for the outputs
+// that is below an input is no input.
 std::vector<PlannedDocument> PlanBatch(const ToolOptions& options,
                                        std::vector<InputDocument> documents);
 
@@ -33,5 +33,7 @@ bool IsInPart(const PlannedDocument& planned, const BatchPart& part);
 
 // By which two paths are compared: absolute, without ".", ".." and a last "/".
 std::string NormalPath(const std::string& path);
+// The same with links followed, as far as there are files.
+std::string RealPath(const std::string& path);
 
 } // namespace XPJ

@@ -59,20 +59,24 @@ const Format* FormatOfContent(const std::string& path)
 void AddFolder(const fs::path& folder, bool recursive, std::vector<InputDocument>& documents,
                std::string& problems)
 {
-    constexpr auto kOptions = fs::directory_options::skip_permission_denied;
     const std::size_t first = documents.size();
-    std::error_code error;
-    for (fs::recursive_directory_iterator entry(folder, kOptions, error), end;
-         !error && entry != end; entry.increment(error)) {
-        if (!recursive)
-            entry.disable_recursion_pending();
-        std::error_code unknown;
-        if (FormatOfName(entry->path().string()) && entry->is_regular_file(unknown))
-            documents.push_back({.path = entry->path().string(),
-                                 .place = entry->path().lexically_relative(folder).string()});
+    std::vector<fs::path> open{folder};
+    while (!open.empty()) {
+        const fs::path current = open.back();
+        open.pop_back();
+        std::error_code error;
+        for (fs::directory_iterator entry(current, error), end; !error && entry != end;
+             entry.increment(error)) {
+            std::error_code unknown;
+            if (recursive && entry->is_directory(unknown) && !entry->is_symlink(unknown))
+                open.push_back(entry->path());
+            else if (FormatOfName(entry->path().string()) && entry->is_regular_file(unknown))
+                documents.push_back({.path = entry->path().string(),
+                                     .place = entry->path().lexically_relative(folder).string()});
+        }
+        if (error)
+            problems += fmt::format("XPJConvert: {}: {}.\n", current.string(), error.message());
     }
-    if (error)
-        problems += fmt::format("XPJConvert: {}: {}.\n", folder.string(), error.message());
     std::ranges::sort(documents.begin() + static_cast<std::ptrdiff_t>(first), documents.end(), {},
                       &InputDocument::path);
 }
