@@ -28,13 +28,9 @@ void CopyFormat(ConstHandle from, ObjectHandle to)
             to.SetPropertyShared(leaf, from.GetProperty(leaf));
 }
 
-void CopyPixels(ConstHandle from, ObjectHandle to)
+bool StatesPixels(ConstHandle characteristics)
 {
-    if (HasValue(to, "pixelaspectratio"))
-        return;
-    for (const Name leaf : {Name("pixelaspectratio"), Name("anamorphic")})
-        if (!HasValue(to, leaf) && HasValue(from, leaf))
-            to.SetPropertyShared(leaf, from.GetProperty(leaf));
+    return HasValue(characteristics, "pixelaspectratio") || HasValue(characteristics, "anamorphic");
 }
 
 // The size of most that is cut today.
@@ -181,10 +177,12 @@ void CompleteFile(DialectPass& pass, const FileUses& uses)
         const ObjectHandle characteristics =
             GetOrAddChild(pass.Nodes(), video, "samplecharacteristics");
         CopyFormat(file, characteristics);
-        if (!HasSize(characteristics))
+        const bool mayHaveFrames =
+            IsStandardDefinition(characteristics) || HasSameSize(characteristics, frame);
+        if (!HasSize(characteristics) || (mayHaveFrames && !StatesPixels(characteristics)))
             CopyFormat(frame, characteristics);
-        else if (IsStandardDefinition(characteristics) || HasSameSize(characteristics, frame))
-            CopyPixels(frame, characteristics);
+        else if (!StatesPixels(characteristics))
+            characteristics.SetPropertyShared("pixelaspectratio", "square");
         if (!HasSize(characteristics))
             AssumeSize(characteristics);
     }

@@ -58,6 +58,8 @@ void Hold(DialectPass& pass, ObjectHandle item, std::string_view position)
     still.AddChild(rate);
     item.RemoveChild(file);
     item.RemoveProperty("stillframeoffset");
+    if (ParseInt64(position) > 0) // of moving video
+        item.RemoveProperty("stillframe");
 }
 
 // ---- Transitions
