@@ -118,8 +118,8 @@ constexpr DialectRule kReadingRules[] = {
          "Rate, size and pixels are those that any part of the `media` states, else those of "
          "the first file with a size on any track. Pixels are square unless something states "
          "otherwise. A file and an item without a rate have the sequence's; so have the pixels of "
-         "a file that states none and is of standard definition or of the sequence's size. Where "
-         "nothing states a size it is 1920 by 1080.",
+         "a file that states none and is of standard definition or of the sequence's size; others "
+         "are square. Where nothing states a size it is 1920 by 1080.",
      .apply = CompleteFormats},
     {.name = "in and out of the file",
      .seen =

@@ -40,7 +40,7 @@ Fields FieldsOf(const Remark& remark, RemarkTexts& texts)
 {
     const RemarkRow& row = RowOf(remark.kind);
     std::string clip = UnescapeXML(remark.clip);
-    if (!remark.bin.empty())
+    if (!remark.bin.empty() && remark.sequence.empty() && !clip.empty())
         clip = UnescapeXML(remark.bin) + "/" + clip;
     return {{
         {"kind", std::string(row.id)},

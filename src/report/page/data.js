@@ -261,19 +261,34 @@ function capitalized(text) {
 // Gives each remark its clips, and each clip and track its remarks. A difference states the indices
 // of both clips; an item of the account is where its sequence, track and frame are.
 function assignRemarks({projects, remarks}) {
-    const views = new Map();
+    const sequences = new Map(); // by name
     for (const sequence of projects[0]?.sequences ?? [])
-        if (!views.has(sequence.name))
-            views.set(sequence.name, sequence);
+        sequences.set(sequence.name, [...sequences.get(sequence.name) ?? [], sequence]);
+    const counts = new Map();
     for (const remark of remarks) {
         if (remark.locations) {
             assignDifference(remark, projects);
             continue;
         }
-        const track = views.get(remark.sequence)?.tracks.find(({id}) => id === remark.track);
+        const track = trackOf(remark, sequences.get(remark.sequence) ?? [], counts);
         if (track)
             assignRemark(remark, track, findClip(track, remark.frame, remark.clip));
     }
+}
+
+// Of several sequences of one name it is one that has the clip. Remarks of the same words are about
+// one after the other; `counts` has how many there were.
+function trackOf(remark, sequences, counts) {
+    const tracks = sequences.flatMap(({tracks}) => tracks.filter(({id}) => id === remark.track));
+    if (tracks.length < 2)
+        return tracks[0];
+    const named = tracks.filter((track) =>
+        findClip(track, remark.frame, remark.clip)?.name === remark.clip);
+    const {sequence, track, frame, clip, kind, subject} = remark;
+    const words = [sequence, track, frame, clip, kind, subject].join('\n');
+    const count = counts.get(words) ?? 0;
+    counts.set(words, count + 1);
+    return named.length > 0 ? named[count % named.length] : tracks[0];
 }
 
 // A transition has no index. One that has moved is found where it starts now.
