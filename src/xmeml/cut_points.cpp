@@ -81,7 +81,7 @@ public:
         if (point.frames.value != kNotStated && from.frames.value != kNotStated)
             point.frames.Set(AddTicks(from.frames.value, rates_.ToItem(frames)));
         if (point.exact.IsStated() && from.exact.IsStated())
-            point.exact.Set(AddTicks(from.exact.value, ExactLength(frames)));
+            point.exact.Set(AddTicks(from.exact.value, SourceLength(frames)));
     }
 
     // This system's own documents count the edges of such items in the item's frames.
@@ -94,13 +94,18 @@ public:
     }
 
 private:
-    // What plays in so many frames of the sequence. The exact times of audio count as if it were
-    // not stretched.
-    Ticks ExactLength(Frames frames) const
+    // What plays in so many frames of the sequence.
+    Ticks SourceLength(Frames frames) const
     {
         const Ticks ticks = MultiplyTicks(frames, rates_.sequence);
-        const double speed = type_ == MediaType::Video ? SpeedOfItem(item_).speed : 1.0;
+        const double speed = SpeedOfItem(item_).speed;
         return speed == 1.0 ? ticks : ToTicks(static_cast<double>(ticks) * speed);
+    }
+    // The same of a handle. The exact times of audio have theirs as if it were not stretched.
+    Ticks ExactLength(Frames frames) const
+    {
+        return type_ == MediaType::Video ? SourceLength(frames)
+                                         : MultiplyTicks(frames, rates_.sequence);
     }
     void CountInSequence(StatedTime& time, Name exactKey) const
     {

@@ -115,5 +115,26 @@ TEST_F(CutPointsTest, DamagedNumbersDoNoHarm)
     SUCCEED();
 }
 
+// From 120 to 200, at half speed: 40 frames of the source, as for video.
+TEST_F(CutPointsTest, ExactPointsKeepTheirDistanceInTheSource)
+{
+    const std::string half =
+        "<filter><effect><effectid>timeremap</effectid><parameter><parameterid>speed</parameterid>"
+        "<value>50</value></parameter></effect></filter>";
+    const ObjectHandle sequence = ParseSequence(
+        "<rate><timebase>25</timebase></rate><media><audio><track>" +
+        Item("<start>0</start><end>-1</end><in>0</in><out>120</out>") +
+        "<transitionitem><start>100</start><end>120</end><alignment>end</alignment>"
+        "</transitionitem>" +
+        Item("<start>-1</start><end>200</end><in>60</in><out>160</out><velaTicksIn>0</velaTicksIn>"
+             "<velaTicksOut>812851200000</velaTicksOut>" + // 80 frames
+             half) +
+        "</track></audio></media>");
+    const std::vector<ClipItem> items =
+        ItemsOfTrack(FindPath(sequence, {"media", "audio", "track"}), kFrame, MediaType::Audio);
+    ASSERT_EQ(items.size(), 2U);
+    EXPECT_EQ(items[1].times.exactIn.value, 40 * kFrame);
+}
+
 } // namespace
 } // namespace XPJ
