@@ -29,6 +29,10 @@ constexpr DialectRule kReadingRules[] = {
              "over several lines, blanks behind the name of an end tag",
      .does = "Read like any other.",
      .file = "frame/conversion.cpp"},
+    {.name = "notes of several lines",
+     .seen = "comments of markers and clips, descriptions, log notes",
+     .does = "Their line ends and tabs are kept, as character references.",
+     .file = "frame/conversion.cpp"},
     {.name = "item in parts",
      .seen = "the published examples: an item that repeats the id of an earlier one and states a "
              "channel of it",

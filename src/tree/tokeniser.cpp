@@ -352,6 +352,7 @@ bool Tokeniser::TakeText(const char* begin, const char* end)
     while (begin != end && IsControl(end[-1]))
         --end;
     text_ = View(begin, end);
+    rawText_ = text_;
     if (HasControl(begin, end)) {
         char* const copy = document_.AllocateText(text_.size());
         text_ = View(copy, std::remove_copy_if(begin, end, copy, IsControl));

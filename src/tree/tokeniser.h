@@ -56,6 +56,8 @@ public:
     std::string_view Attributes() const { return attributes_; }
     bool IsSelfClosed() const { return selfClosed_; }
     std::string_view Text() const { return text_; }
+    // Of Token::Text: with the bytes below 32 that are inside it.
+    std::string_view TextWithControls() const { return rawText_; }
     // Bytes from the start of the input to the next unread one.
     std::size_t Offset() const { return static_cast<std::size_t>(next_ - begin_); }
 
@@ -100,6 +102,7 @@ private:
     std::string_view name_;
     std::string_view attributes_;
     std::string_view text_;
+    std::string_view rawText_;
     bool selfClosed_ = false;
 };
 

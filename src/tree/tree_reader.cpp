@@ -20,6 +20,22 @@ bool IsBlank(std::string_view text)
     return text.find_first_not_of(' ') == text.npos;
 }
 
+// Line ends and tabs as character references; other bytes below 32 count nowhere.
+std::string LinesAsReferences(std::string_view text)
+{
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isEndOfPair = text[i] == '\n' && i > 0 && text[i - 1] == '\r';
+        if (text[i] == '\t')
+            result += "&#9;";
+        else if ((text[i] == '\n' && !isEndOfPair) || text[i] == '\r')
+            result += "&#10;";
+        else if (static_cast<unsigned char>(text[i]) >= 32)
+            result += text[i];
+    }
+    return result;
+}
+
 } // namespace
 
 void TextRuns::Append(std::string_view run, Document& document)
@@ -151,7 +167,10 @@ bool TreeReader::ReadLeaf(TagNumber tag)
         const Token token = tokens_.Next(Content::Leaf);
         switch (token) {
         case Token::Text:
-            text.Append(tokens_.Text(), document_);
+            if (HasKeptLines())
+                text.Append(LinesAsReferences(tokens_.TextWithControls()), document_);
+            else
+                text.Append(tokens_.Text(), document_);
             break;
         case Token::CData:
             text.Append(EscapeXML(tokens_.Text()), document_);
@@ -247,6 +266,18 @@ void TreeReader::Close()
 void TreeReader::TakeAttributes(const Element&, const StartTag&) {}
 
 void TreeReader::TakeEnd(const Element&, std::string_view) {}
+
+bool TreeReader::HasLines(Name) const
+{
+    return false;
+}
+
+// Few texts have control bytes inside.
+bool TreeReader::HasKeptLines() const
+{
+    return rules_ == TagRules::Xml && tokens_.Text().size() != tokens_.TextWithControls().size() &&
+           HasLines(openLeaf_);
+}
 
 void TreeReader::TakeComplete(const Element&, ObjectHandle) {}
 

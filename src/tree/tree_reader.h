@@ -71,6 +71,9 @@ protected:
     // The element, no part, has ended; unless detached it has just become a child of `parent`.
     virtual void TakeComplete(const Element& element, ObjectHandle parent);
 
+    // True for an item whose text may have several lines; by the rules of XML alone they are kept.
+    virtual bool HasLines(Name item) const;
+
     // Attributes of the rule's list that the text has become properties of the node.
     void SetAttributes(const Rule& rule, std::string_view attributes, ObjectHandle node) const;
     bool FindAttribute(std::string_view attributes, std::string_view name,
@@ -90,6 +93,7 @@ private:
     int ReadTokens(ReadStop* stop);
     bool StartElement();
     bool ReadLeaf(TagNumber tag);
+    bool HasKeptLines() const;
     bool EndElement();
     void Ignore(std::string_view tag, bool isSelfClosed);
     void KeepText(std::string_view text);

@@ -56,6 +56,13 @@ public:
     std::vector<IgnoredElements> IgnoredAttributes() const { return attributes_.List(); }
 
 private:
+    bool HasLines(Name item) const override
+    {
+        constexpr Name kNotes[] = {"comment",        "description",    "lognote",
+                                   "mastercomment1", "mastercomment2", "mastercomment3",
+                                   "mastercomment4", "clipcommenta",   "clipcommentb"};
+        return std::ranges::find(kNotes, item) != std::end(kNotes);
+    }
     void TakeAttributes(const Element& /*current*/, const StartTag& tag) override
     {
         if (tag.action.kind == Action::Ignore)

@@ -286,6 +286,21 @@ TEST_F(Files, ItemsThatHoldAFrameStillDo)
     EXPECT_FALSE(Has(ToXmeml(project), "stillframeoffset"));
 }
 
+TEST_F(Files, NotesKeepTheirLines)
+{
+    const std::string video = In("video", In("track", In("clipitem", FileOf("f", "<video/>"))));
+    const std::string clip = "<xmeml version=\"5\"><clip id=\"c\">" + In("name", "C\nD") +
+                             In("duration", "10") + kRate + In("media", video) +
+                             In("logginginfo", In("lognote", "\r\n\tone\r\ntwo\tthree\n")) +
+                             "</clip></xmeml>";
+    const std::string project = ToProject(clip);
+    EXPECT_TRUE(Has(project, "<LogNote>one&#10;two&#9;three</LogNote>")) << project;
+    EXPECT_TRUE(Has(project, "<Name>CD</Name>"));
+    EXPECT_TRUE(Has(ToXmeml(project), "<lognote>one&#10;two&#9;three</lognote>"));
+    SetOpen(false);
+    EXPECT_TRUE(Has(ToProject(clip), "<LogNote>onetwothree</LogNote>"));
+}
+
 // A merged clip of a video file and a stereo recording.
 TEST_F(Files, AMergedClipHasBothChannelsOfAStream)
 {
