@@ -70,13 +70,13 @@ struct Position {
     AnchorAndPosition keyframes;
 };
 
-// A center without keyframes, with one beside each keyframe of the anchor point: the clip moves
-// with its anchor.
-ObjectHandle HeldCenter(const EffectContext& context, ConstHandle center, ConstHandle centerOffset)
+// A point without keyframes, with one beside each keyframe of the other: the clip moves with its
+// anchor, or about it.
+ObjectHandle HeldBeside(const EffectContext& context, ConstHandle parameter, ConstHandle other)
 {
-    const Point point = StaticPoint(center);
+    const Point point = StaticPoint(parameter);
     const ObjectHandle held = context.document.NewObject("parameter");
-    for (const ConstHandle child : centerOffset.GetChildren())
+    for (const ConstHandle child : other.GetChildren())
         if (child.GetName() == "keyframe")
             AddPointKeyframe(context.document, held, Int64Property(child, "when"), point);
         else if (child.GetName() == "value")
@@ -103,7 +103,7 @@ Position PositionOf(const EffectContext& context, ConstHandle effect)
     const ConstHandle centerOffset = SourceOf(kAnchorPoint, effect);
     const Point offset = StaticPoint(centerOffset);
     Position result;
-    if (center) {
+    if (center || (context.openInterchange && centerOffset)) {
         const Point point = StaticPoint(center);
         result.position = PointText({(point.horiz + offset.horiz) * horizontal + kFrameCenter.horiz,
                                      (point.vert + offset.vert) * vertical + kFrameCenter.vert});
@@ -111,11 +111,16 @@ Position PositionOf(const EffectContext& context, ConstHandle effect)
     if (centerOffset) {
         result.anchor =
             PointText({offset.horiz + kFrameCenter.horiz, offset.vert + kFrameCenter.vert});
-        const bool isHeld = context.openInterchange && center && HasKeyframes(centerOffset) &&
-                            !HasKeyframes(center);
+        const bool mayHold =
+            context.openInterchange && center && HasKeyframes(centerOffset) != HasKeyframes(center);
+        const bool holdsAnchor = mayHold && HasKeyframes(center);
+        const bool holdsCenter = mayHold && !holdsAnchor;
         result.keyframes = PairedPointKeyframes(
-            centerOffset, isHeld ? HeldCenter(context, center, centerOffset) : center,
-            context.frameTicks, horizontal, vertical);
+            holdsAnchor ? HeldBeside(context, centerOffset, center) : centerOffset,
+            holdsCenter ? HeldBeside(context, center, centerOffset) : center, context.frameTicks,
+            horizontal, vertical);
+        if (holdsAnchor)
+            result.keyframes.anchor.clear();
         if (result.keyframes.unpaired > 0)
             context.AddRemark(RemarkKind::KeyframeUnpaired, effect, ParameterName(centerOffset),
                               result.keyframes.unpaired);

@@ -273,5 +273,26 @@ TEST_F(OpenEffects, AnchorsMoveAlone)
     EXPECT_EQ(ToProject(document).find("<Keyframes>0,0.7:0.5"), document.npos);
 }
 
+// The position is that of the anchor, also while the clip moves or where its center isn't stated.
+TEST_F(OpenEffects, ClipsMoveAboutAHeldAnchor)
+{
+    const auto point = [](const char* horiz) {
+        return In("value", In("horiz", horiz) + In("vert", "0"));
+    };
+    const std::string centers = point("0.2") + In("keyframe", In("when", "0") + point("0.2")) +
+                                In("keyframe", In("when", "10") + point("0.3"));
+    const std::string anchor = Parameter("centerOffset", point("0.1"));
+    const std::string moving =
+        ToProject(DocumentOf("basic", Parameter("center", centers) + anchor));
+    EXPECT_NE(moving.find("<Keyframes>0,0.8:0.5"), moving.npos);
+    EXPECT_NE(moving.find("101606400000,0.9:0.5,0,0"), moving.npos);
+    EXPECT_EQ(moving.find("101606400000,0.6:0.5"), moving.npos) << "the anchor stays";
+    EXPECT_NE(ThereAndBack(moving).find("101606400000,0.9:0.5,0,0"), moving.npos);
+
+    const std::string still = ToProject(DocumentOf("basic", anchor));
+    EXPECT_EQ(CountOf(still, ",0.6:0.5,"), 2) << "position and anchor";
+    EXPECT_EQ(CountOf(ThereAndBack(still), ",0.6:0.5,"), 2);
+}
+
 } // namespace
 } // namespace XPJ
