@@ -173,7 +173,9 @@ void TranslateMediaItem(ExportContext& context, Catalogs& catalogs, const Browse
     if (IsVideoClip(main))
         clip.SetPropertyShared("scaleToFrameSize",
                                IsTrue(main, "ScaleToFrameSize") ? "TRUE" : "FALSE");
-    WriteClipOptions(context, browserClip, ClipRate(source.media), clip);
+    const bool isLogged = !VideoStreamOf(source.media) && context.options.settings.openInterchange;
+    const Ticks logged = isLogged ? LoggedRate(masterClip) : 0;
+    WriteClipOptions(context, browserClip, logged != 0 ? logged : ClipRate(source.media), clip);
 
     const bool hasFile = !ShowsCaptions(source.media);
     clip.AddChild(TranslateClipMedia(context, catalogs, masterClip, source));

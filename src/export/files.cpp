@@ -48,9 +48,12 @@ std::string_view NameOf(const FileStreams& source)
                                                : MediaPath(source.media);
 }
 
-// Stills and audio alone count in 29.97.
-Ticks FileRate(const FileStreams& source)
+// Stills and, to the letter, audio alone count in 29.97.
+Ticks FileRate(const ExportContext& context, const FileStreams& source)
 {
+    const bool isLogged = !source.video && context.options.settings.openInterchange;
+    if (const Ticks logged = isLogged ? LoggedRate(source.masterClip) : 0)
+        return logged;
     if (!source.video || IsStill(source))
         return kNtscFrameTicks;
     const Ticks rate = Int64Property(source.video, "FrameRate");
@@ -203,7 +206,7 @@ FileRecord TranslateFile(ExportContext& context, const FileStreams& source, Loca
     file.element.SetProperty(
         "name", EscapeXML(isOffline ? NameOf(source) : source.media.GetProperty("Title")));
 
-    const Ticks rate = FileRate(source);
+    const Ticks rate = FileRate(context, source);
     const ObjectHandle media = context.document.NewObject("media");
     if (source.video)
         media.AddChild(TranslateVideo(context, source, rate));

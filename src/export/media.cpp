@@ -33,6 +33,12 @@ Ticks ClipRate(Media media)
     return IsRate(rate) ? rate : kNtscFrameTicks;
 }
 
+Ticks LoggedRate(MasterClip masterClip)
+{
+    const Ticks rate = Int64Property(LoggingInfoOf(masterClip), "MediaFrameRate");
+    return IsRate(rate) ? rate : 0;
+}
+
 ClipBoundaries ReadBoundaries(ConstHandle source)
 {
     return {.start = TicksOr(source, "StartBoundary", -1),

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/ticks.h"
+#include "project/accessors.h"
 #include "project/media_kinds.h"
 
 namespace XPJ::RVX {
@@ -13,6 +14,8 @@ bool ShowsCaptions(Media media);
 
 // The rate in which ranges, markers and boundaries of the `clip` of a Media count.
 Ticks ClipRate(Media media);
+// The rate that the logging of a master states; 0 without one. Audio alone has no other.
+Ticks LoggedRate(MasterClip masterClip);
 
 // The part of its media that a clip shows: ticks, -1 where the project states nothing.
 struct ClipBoundaries {

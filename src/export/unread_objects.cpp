@@ -75,6 +75,7 @@ constexpr EmptyField kEmptyFields[] = {
     {"MasterClip", "Name", "the item has a name of its own"},
     {"MasterClip", "ClipLoggingInfo", "without logging of a user"},
     {"ClipLoggingInfo", "TimecodeFormat", "the media states its timecode"},
+    {"ClipLoggingInfo", "MediaFrameRate", kOfMedia},
     {"AudioMixTrack", "DefaultPanProcessor", "pans nothing by itself"},
     {"Marker", "StartTime", "the record of the marker states it"},
     {"VideoStream", "Duration", kOfMedia},

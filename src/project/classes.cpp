@@ -408,7 +408,7 @@ constexpr BodyRow kClipChannelVectorSerializer[] = {
 };
 
 constexpr BodyRow kClipLoggingInfo[] = {
-    Value("MediaFrameRate", kOfMedia), Value("MediaOutPoint", kOfMedia), Value("MediaInPoint"),
+    Value("MediaFrameRate"), Value("MediaOutPoint", kOfMedia), Value("MediaInPoint"),
     Value("TimecodeFormat"), Value("CaptureMode", kOfMedia), Value("ClipName", kOfMedia),
     Value("DateShot", kOfMedia), Value("LogNote"), Value("ShotTake"), Value("Scene"),
     Value("Description"), Value("TapeName"), Value("SoundRoll", kSoundReel),

@@ -286,6 +286,15 @@ TEST_F(Files, ItemsThatHoldAFrameStillDo)
     EXPECT_FALSE(Has(ToXmeml(project), "stillframeoffset"));
 }
 
+TEST_F(Files, AudioAloneKeepsItsRate)
+{
+    const std::string clip =
+        ClipOf(Track("audio", FileOf("a", In("audio", In("channelcount", "1")))));
+    EXPECT_FALSE(Has(ToXmeml(ToProject(clip)), "<timebase>30<"));
+    SetOpen(false);
+    EXPECT_TRUE(Has(ToXmeml(ToProject(clip)), "<timebase>30<"));
+}
+
 TEST_F(Files, NotesKeepTheirLines)
 {
     const std::string video = In("video", In("track", In("clipitem", FileOf("f", "<video/>"))));
