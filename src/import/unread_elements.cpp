@@ -286,10 +286,20 @@ FrameSpan SpanOf(ConstHandle sequence, ConstHandle item)
             .sequence = timecode.node};
 }
 
+// What is in the innermost sequence; all of the path without one. Items may hold sequences.
+Path InSequence(Path path)
+{
+    for (std::size_t i = path.size(); i > 0; --i)
+        if (path[i - 1].GetName() == "sequence")
+            return path.subspan(i - 1);
+    return path;
+}
+
 ItemLocation PlaceOf(Path path, TextStore& texts)
 {
     ItemLocation place;
-    const ConstHandle item = Around(path, {"clipitem", "generatoritem", "transitionitem"});
+    const Path inner = InSequence(path);
+    const ConstHandle item = Around(inner, {"clipitem", "generatoritem", "transitionitem"});
     const ConstHandle sequence = Around(path, {"sequence"});
     const ConstHandle clip = Around(path, {"clip"});
     place.bin = texts.Keep(BinText(path));
@@ -297,7 +307,7 @@ ItemLocation PlaceOf(Path path, TextStore& texts)
     if (!sequence)
         return place;
     place.sequence = sequence.GetProperty("name");
-    const TrackPosition track = TrackOf(path);
+    const TrackPosition track = TrackOf(inner);
     place.trackKind = track.kind;
     place.trackIndex = track.index;
     place.span = SpanOf(sequence, item);
