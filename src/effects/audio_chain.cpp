@@ -353,7 +353,7 @@ void FilterToXmeml(const EffectContext& context, ConstHandle component, ObjectHa
     if (const AudioFilterRow* const row = FindWritten(context, matchName))
         ComponentToXmeml(context, *row, component, element);
     else
-        context.AddIssue(ExportIssue::EffectNotTranslated, matchName);
+        context.AddIssue(ExportIssue::EffectNotTranslated, matchName, component);
 }
 
 EffectContext ContextOfChain(const EffectContext& context, ConstHandle chain)

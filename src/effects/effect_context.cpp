@@ -73,9 +73,9 @@ void EffectContext::AddIssue(ImportIssue kind, std::string_view subject) const
     Enter(*this, Direction::Import, static_cast<int>(kind), subject);
 }
 
-void EffectContext::AddIssue(ExportIssue kind, std::string_view subject) const
+void EffectContext::AddIssue(ExportIssue kind, std::string_view subject, ConstHandle about) const
 {
-    Enter(*this, Direction::Export, static_cast<int>(kind), subject);
+    Enter(*this, Direction::Export, static_cast<int>(kind), subject, about ? about.UniqueId() : 0);
 }
 
 void EffectContext::AddRemark(RemarkKind kind, const RemarkSubject& subject) const

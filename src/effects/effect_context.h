@@ -57,7 +57,8 @@ struct EffectContext {
     // Enters an issue at the location of the item.
     //   context.AddIssue(ImportIssue::EffectNotTranslated, "Sepia")
     void AddIssue(ImportIssue kind, std::string_view subject = {}) const;
-    void AddIssue(ExportIssue kind, std::string_view subject = {}) const;
+    // `about`: the component that it is about, if it is one.
+    void AddIssue(ExportIssue kind, std::string_view subject = {}, ConstHandle about = {}) const;
     // The same for what the report doesn't list.
     //   context.AddRemark(RemarkKind::FilterRange, {.name = "Blur"})
     void AddRemark(RemarkKind kind, const RemarkSubject& subject = {}) const;

@@ -355,12 +355,12 @@ std::string_view DisplayName(ConstHandle component)
 void ReportUnknown(const EffectContext& context, ConstHandle component)
 {
     if (context.location.trackKind != kNoTrack) {
-        context.AddIssue(ExportIssue::EffectNotTranslated, DisplayName(component));
+        context.AddIssue(ExportIssue::EffectNotTranslated, DisplayName(component), component);
         return;
     }
     EffectContext ofFile = context;
     ofFile.location.trackKind = 1;
-    ofFile.AddIssue(ExportIssue::EffectNotTranslatedHeadless, DisplayName(component));
+    ofFile.AddIssue(ExportIssue::EffectNotTranslatedHeadless, DisplayName(component), component);
 }
 
 // What keeps all its parameters, or is an issue anyway, has nothing more to report.
@@ -381,7 +381,7 @@ void ComponentToXmeml(const EffectContext& context, ConstHandle component, Objec
     if (IsWrittenByRows(*row))
         ReportParams(context, row->params, component);
     if (row->exported == Exported::WithIssue)
-        context.AddIssue(ExportIssue::ThreeWayApproximation, DisplayName(component));
+        context.AddIssue(ExportIssue::ThreeWayApproximation, DisplayName(component), component);
 }
 
 } // namespace

@@ -37,6 +37,7 @@ constexpr EmptyField kEmptyFields[] = {
     {{}, "uid", kIdentity},
     {"Component", "DisplayName", "the match name identifies the effect"},
     {"TransitionTrackItem", "DisplayName", "the match name identifies the transition"},
+    {"FilterComponent", "Bypass", "off", "false"},
     {"AudioFader", "Bypass", "off", "false"},
     {"PanProcessor", "Bypass", "off", "false"},
     {"TransitionTrackItem", "BorderColor", "of no border", "0,0,0"},
