@@ -47,7 +47,7 @@ constexpr EmptyField kEmptyFields[] = {
     {"VideoClip", "FrameRate", kOfMedia},
     {"AudioClip", "FrameRate", kOfMedia},
     {"VideoClip", "ScaleToFrameSize", "not scaled", "false"},
-    {"VideoClip", "FrameHold", "holds nothing", "0"},
+    {"VideoClip", "FrameHold", "that of the item on a track counts"},
     {"VideoClip", "FrameHoldStart", "counts with `FrameHold`"},
     {"VideoClip", "InPoint", "a generated clip has no range"},
     {"VideoClip", "OutPoint", "a generated clip has no range"},
