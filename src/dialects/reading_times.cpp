@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "xmeml/item_times.h"
+#include "xmeml/parameter_values.h"
 #include "xmeml/rates.h"
 #include "xmeml/speed.h"
 
@@ -97,6 +98,33 @@ void CountTimecodes(DialectPass& pass)
         CountTimecode(file);
     for (const ObjectHandle& sequence : pass.Parts().sequences)
         CountTimecode(sequence);
+}
+
+void ReadSpeedGraphs(DialectPass& /*pass*/, const EffectPart& part)
+{
+    if (part.effect.GetProperty("effectid") != "timeremap")
+        return;
+    ObjectHandle graph;
+    bool isVariable = false;
+    for (const ObjectHandle& parameter : part.effect.GetChildren("parameter")) {
+        const std::string_view id = parameter.GetProperty("parameterid");
+        if (id == "graphdict")
+            graph = parameter;
+        else if (id == "variablespeed")
+            isVariable = ParseInt(PlainValue(parameter)) > 0 || IsTrue(parameter, "value");
+    }
+    bool hasOwnPoint = false;
+    for (const ConstHandle keyframe : graph.GetChildren("keyframe"))
+        hasOwnPoint =
+            hasOwnPoint || !(IsTrue(keyframe, "speedvirtualkf") || IsTrue(keyframe, "speedkfin") ||
+                             IsTrue(keyframe, "speedkfout"));
+    if (!isVariable || !hasOwnPoint)
+        return;
+    for (const ObjectHandle& keyframe : graph.GetChildren("keyframe"))
+        if (IsTrue(keyframe, "speedkfout")) {
+            keyframe.RemoveProperty("speedkfout");
+            keyframe.SetPropertyShared("speedvirtualkf", "TRUE");
+        }
 }
 
 } // namespace XPJ

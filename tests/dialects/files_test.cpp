@@ -286,6 +286,28 @@ TEST_F(Files, ItemsThatHoldAFrameStillDo)
     EXPECT_FALSE(Has(ToXmeml(project), "stillframeoffset"));
 }
 
+TEST_F(Files, AGraphOfVariableSpeedIsNoSpeed)
+{
+    const auto parameter = [](const std::string& id, const std::string& content) {
+        return In("parameter", In("parameterid", id) + content);
+    };
+    const std::string keyframes =
+        In("keyframe", In("when", "0") + In("value", "0")) +
+        In("keyframe", In("when", "5") + In("value", "2")) +
+        In("keyframe", In("when", "10") + In("value", "20") + In("speedkfout", "TRUE"));
+    const std::string remap =
+        In("filter",
+           In("effect", In("effectid", "timeremap") + parameter("variablespeed", In("value", "1")) +
+                            parameter("speed", In("value", "100")) +
+                            parameter("graphdict", keyframes)));
+    const std::string cut = Cut(remap, "", "");
+    const std::string project = ToProject(cut);
+    EXPECT_FALSE(Has(project, "<PlaybackSpeed>"));
+    EXPECT_FALSE(Has(ThereAndBack(project), "<PlaybackSpeed>"));
+    SetOpen(false);
+    EXPECT_TRUE(Has(ToProject(cut), "<PlaybackSpeed>2"));
+}
+
 TEST_F(Files, AudioAloneKeepsItsRate)
 {
     const std::string clip =
