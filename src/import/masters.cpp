@@ -109,36 +109,50 @@ AudioPlan PlanAudio(const MasterFields& fields)
     return {audio, ChannelsOfClip(audio, fields.isWide), false};
 }
 
+// Ticks a frame of a clip and of its markers; 0 where it counts in samples.
+struct AudioUnits {
+    Ticks points = 0;
+    Ticks markers = 0;
+};
+
 ObjectHandle MakeMasterAudioClip(Document& document, const ClipItem& element, ObjectHandle source,
-                                 const AudioPlan& plan, Ticks markerTicks)
+                                 const AudioPlan& plan, const AudioUnits& units)
 {
     const ObjectHandle clip = MakeAudioClip(document, source);
     clip.SetPropertyShared("Gain", "1.0");
     AddPoint(element.times.exactIn, 1, clip, "InPoint");
     AddPoint(element.times.exactOut, 1, clip, "OutPoint");
+    if (units.points != 0 && !element.times.exactIn.isPresent)
+        AddPoint(element.times.in, units.points, clip, "InPoint");
+    if (units.points != 0 && !element.times.exactOut.isPresent)
+        AddPoint(element.times.out, units.points, clip, "OutPoint");
     for (int channel = 0; channel < plan.channelsOfClip; ++channel)
         AddChannel(document, clip, static_cast<std::uint64_t>(channel), source);
-    const Ticks unit = markerTicks != 0 ? markerTicks : Int64Property(source, "FrameRate");
+    const Ticks unit = units.markers != 0 ? units.markers : Int64Property(source, "FrameRate");
     clip.AddChild("Markers", TranslateMarkers(document, element, unit));
     clip.SetProperty("AudioChannelLayout", ChannelLayoutText(plan.audio.kind, plan.channelsOfClip));
     return clip;
 }
 
 // False when there is no audio to show.
-bool AddAudio(Document& document, const ClipItem& element, const MasterFields& fields,
+bool AddAudio(const ImportState& state, const ClipItem& element, const MasterFields& fields,
               MasterClipHandle master)
 {
+    Document& document = state.document;
     const MediaSources& sources = fields.sources;
     if (fields.audio.kind < 0 || sources.audio.empty())
         return false;
     const AudioPlan plan = PlanAudio(fields);
     if (plan.isOneClip && plan.channelsOfClip < 1)
         return false;
-    const Ticks markerTicks =
-        sources.video.empty() ? 0 : Int64Property(sources.video.front(), "FrameRate");
+    AudioUnits units;
+    if (!sources.video.empty())
+        units.markers = Int64Property(sources.video.front(), "FrameRate");
+    else if (IsOpen(state) && element.GetName() == "clip") // to the letter they have no points
+        units.points = TicksOfRate(element.GetChild("rate"));
     int total = 0;
     for (const ObjectHandle& source : sources.audio) {
-        master.AddChild("Clip", MakeMasterAudioClip(document, element, source, plan, markerTicks));
+        master.AddChild("Clip", MakeMasterAudioClip(document, element, source, plan, units));
         total += plan.channelsOfClip;
         if (plan.isOneClip)
             break;
@@ -218,7 +232,7 @@ MasterClipHandle BuildMasterClip(ImportState& state, const ClipItem& element,
     master.SetProperty("Name", fields.name.empty() ? element.GetProperty("name") : fields.name);
     for (const ObjectHandle& source : fields.sources.video)
         master.AddChild("Clip", MakeMasterVideoClip(state, element, source));
-    const bool hasAudio = AddAudio(document, element, fields, master);
+    const bool hasAudio = AddAudio(state, element, fields, master);
     AddVideoMarkers(state, element, hasAudio, master);
     // The markers of an item are its own, those of a sequence are in it.
     if (element.GetName() == "clip" && state.remarked.Insert(element))

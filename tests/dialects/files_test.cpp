@@ -310,9 +310,14 @@ TEST_F(Files, AGraphOfVariableSpeedIsNoSpeed)
 
 TEST_F(Files, AudioAloneKeepsItsRate)
 {
-    const std::string clip =
-        ClipOf(Track("audio", FileOf("a", In("audio", In("channelcount", "1")))));
+    const std::string sound = Track("audio", FileOf("a", In("audio", In("channelcount", "1"))));
+    const std::string clip = ClipOf(sound);
     EXPECT_FALSE(Has(ToXmeml(ToProject(clip)), "<timebase>30<"));
+    const std::string marked = "<xmeml version=\"5\"><clip id=\"c\">" + In("name", "C") + kRate +
+                               In("in", "3") + In("out", "8") + In("media", sound) +
+                               "</clip></xmeml>";
+    EXPECT_TRUE(Has(ToProject(marked), "<OutPoint>81285120000<")) << "8 frames of 10160640000";
+    EXPECT_TRUE(Has(ToXmeml(ToProject(marked)), "<out>8<"));
     SetOpen(false);
     EXPECT_TRUE(Has(ToXmeml(ToProject(clip)), "<timebase>30<"));
 }
