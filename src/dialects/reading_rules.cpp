@@ -212,6 +212,12 @@ constexpr DialectRule kReadingRules[] = {
      .does = "`velaTicksIn` and `velaTicksOut` count for video as they do for audio: a clip with "
              "another speed keeps its frames.",
      .file = "import/item_clips.cpp"},
+    {.name = "exact points at transitions",
+     .seen = "documents of this system with items of another rate than the sequence",
+     .does = "Beside a transition that is before or behind the cut, `velaTicksIn` and "
+             "`velaTicksOut` move with the edge instead of following from the length of the item, "
+             "which need not be a whole number of its frames.",
+     .file = "xmeml/cut_points.cpp"},
 };
 
 } // namespace

@@ -83,16 +83,13 @@ Ticks Scaled(Ticks ticks, double speed)
     return speed == 1.0 ? ticks : ToTicks(static_cast<double>(ticks) * speed);
 }
 
-// The frame of a point, in what plays. To the letter it is the one that has begun. Other programs
-// show the nearest one where it is exact beside the edges of the item, and products of speeds may
-// be a tick short.
+// The frame of a point, in what plays. To the letter it is the one that has begun; for other
+// programs it is the nearest one.
 std::int64_t FrameOfPoint(Ticks played, const ItemTiming& timing)
 {
-    constexpr Ticks kNoise = 2;
-    if (!timing.openInterchange || timing.unit == TimeUnit::Ticks)
-        return TimeOf(timing.unit, played, timing.rate);
-    return timing.rate == timing.sequenceRate ? NearestFrame(played, timing.rate)
-                                              : DivTicks(AddTicks(played, kNoise), timing.rate);
+    return timing.openInterchange && timing.unit == TimeUnit::Frames
+               ? NearestFrame(played, timing.rate)
+               : TimeOf(timing.unit, played, timing.rate);
 }
 
 // Writes the exact ticks of a point and gives its time in the item's unit; a clip that doesn't

@@ -13,7 +13,7 @@ namespace XPJ {
 DocumentTimelines ReadTimelines(std::string_view bytes, std::string_view folder,
                                 DocumentReading reading)
 {
-    const bool isOpen = reading == DocumentReading::AsMeant;
+    const bool asMeant = reading == DocumentReading::AsMeant;
     DocumentTimelines timelines;
     Document document;
     ObjectHandle root;
@@ -21,17 +21,18 @@ DocumentTimelines ReadTimelines(std::string_view bytes, std::string_view folder,
     std::string decoded;
     const std::string_view text = DecodeDocument(bytes, decoded, timelines.encoding);
     const Format& format = FormatOfText(text);
-    timelines.result = format.parse(text, isOpen, document, root, details);
+    timelines.result = format.parse(text, asMeant, document, root, details);
     timelines.stop = std::move(details.stop);
     timelines.isHandOff = details.isHandOff;
     if (timelines.result != kSuccess)
         return timelines;
     // The audio hand-off is a contract of two programs.
-    if (isOpen && format.kind == TreeKind::Xmeml && !details.isHandOff) {
+    const bool isOpen = asMeant && !details.isHandOff;
+    if (isOpen && format.kind == TreeKind::Xmeml) {
         AssumptionList assumptions;
         RestateAsMeant(document, root, assumptions);
     }
-    timelines.project = Inspection::TimelinesOfTree(root, folder, details.isHandOff);
+    timelines.project = Inspection::TimelinesOfTree(root, {folder, details.isHandOff, isOpen});
     return timelines;
 }
 

@@ -54,11 +54,12 @@ void AddReferences(ConstHandle group, MediaType type,
 SequenceWalk BeginWalk(const ImportOptions& options, ConstHandle sequence)
 {
     const SequenceRates rates = RatesOfSequence(sequence, options.sn2vlMode);
-    SequenceWalk walk{.sequence = sequence,
-                      .characteristics = CharacteristicsOf(sequence),
-                      .timecode = TimecodeOfSequence(sequence, rates),
-                      .items = ItemsOfSequence(sequence, rates.edges),
-                      .references = {}};
+    SequenceWalk walk{
+        .sequence = sequence,
+        .characteristics = CharacteristicsOf(sequence),
+        .timecode = TimecodeOfSequence(sequence, rates),
+        .items = ItemsOfSequence(sequence, {rates.edges, options.settings.openInterchange}),
+        .references = {}};
     const ConstHandle media = sequence.GetChild("media");
     AddReferences(media.GetChild("video"), MediaType::Video, walk.items.video, walk);
     AddReferences(media.GetChild("audio"), MediaType::Audio, walk.items.audio, walk);

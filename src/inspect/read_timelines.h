@@ -10,10 +10,15 @@
 
 namespace XPJ::Inspection {
 
-// `root` is an `xmeml` or a `VelaData` node, as a reader or a translation makes it. Relative paths
-// of media count from `folder`, which has its last separator. `isHandOff`: the audio editor wrote
-// the document. Takes any tree: what leads nowhere, or back to itself, is skipped.
-Project TimelinesOfTree(ConstHandle root, std::string_view folder = {}, bool isHandOff = false);
+struct TreeReading {
+    std::string_view folder = {}; // base of relative paths of media, with its last separator
+    bool isHandOff = false;       // the audio editor wrote the document
+    bool openInterchange = false; // the items of an `xmeml` are taken as other programs mean them
+};
+
+// `root` is an `xmeml` or a `VelaData` node, as a reader or a translation makes it. Takes any tree:
+// what leads nowhere, or back to itself, is skipped.
+Project TimelinesOfTree(ConstHandle root, const TreeReading& reading = {});
 
 // A sequence of a tree, and what it can be chosen by.
 struct ListedSequence {
@@ -25,7 +30,7 @@ struct ListedSequence {
 std::vector<ListedSequence> ListSequences(ConstHandle root);
 
 // Of one family each. `nodes` gets those of the project's sequences, in their order.
-Project ReadXmemlTimelines(ConstHandle xmeml, std::string_view folder, bool isHandOff,
+Project ReadXmemlTimelines(ConstHandle xmeml, const TreeReading& reading,
                            std::vector<ConstHandle>& nodes);
 Project ReadProjectTimelines(ConstHandle velaData, std::vector<ConstHandle>& nodes);
 

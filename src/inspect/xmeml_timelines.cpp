@@ -121,7 +121,7 @@ struct ReadItem {
 
 class XmemlTimelines {
 public:
-    XmemlTimelines(std::string_view folder, bool isHandOff) : folder_(folder), isHandOff_(isHandOff)
+    explicit XmemlTimelines(const TreeReading& reading) : reading_(reading)
     {
         project_.family = Family::Xmeml;
     }
@@ -199,7 +199,7 @@ private:
             const Ticks unit = TicksOfRate(file.GetChild("rate"));
             const TimecodeFormat format = FormatOf(unit, timecode);
             project_.mediaFiles.push_back({.name = UnescapeXML(file.Title()),
-                                           .path = UnescapeXML(PathOfFile(file, folder_)),
+                                           .path = UnescapeXML(PathOfFile(file, reading_.folder)),
                                            .format = format,
                                            .start = StartOf(timecode, format.ticks),
                                            .facts = FactsOf(file, unit)});
@@ -209,7 +209,7 @@ private:
 
     Sequence ReadSequence(ConstHandle node)
     {
-        const SequenceRates rates = RatesOfSequence(node, isHandOff_);
+        const SequenceRates rates = RatesOfSequence(node, reading_.isHandOff);
         const Ticks unit = rates.edges > 0 ? rates.edges : kNtscFrameTicks;
         const FrameFormat frame = FrameOfOwner(node);
         titleFrame_ = ParseFrameSize(frame.rect, frame.par);
@@ -276,7 +276,8 @@ private:
     std::vector<ReadItem> ReadTrack(ConstHandle node, MediaType type, int number, Ticks unit,
                                     Track& track)
     {
-        const std::vector<ClipItem> clipItems = ItemsOfTrack(node, unit, type);
+        const std::vector<ClipItem> clipItems =
+            ItemsOfTrack(node, {unit, reading_.openInterchange}, type);
         track.name =
             TextOf(node, node.HasProperty("MZ.TrackName") ? Name("MZ.TrackName") : Name("name"));
         track.enabled = !EqualsIgnoreCase(node.GetProperty("enabled"), "FALSE");
@@ -393,8 +394,7 @@ private:
         return entry->second;
     }
 
-    std::string_view folder_; // base of relative paths
-    bool isHandOff_;
+    TreeReading reading_;
     FileCatalog files_;
     Project project_;
     NodeNumbers<ConstHandle> sequences_;
@@ -405,10 +405,10 @@ private:
 
 } // namespace
 
-Project ReadXmemlTimelines(ConstHandle xmeml, std::string_view folder, bool isHandOff,
+Project ReadXmemlTimelines(ConstHandle xmeml, const TreeReading& reading,
                            std::vector<ConstHandle>& nodes)
 {
-    return XmemlTimelines(folder, isHandOff).Read(xmeml, nodes);
+    return XmemlTimelines(reading).Read(xmeml, nodes);
 }
 
 } // namespace XPJ::Inspection

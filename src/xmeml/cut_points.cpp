@@ -63,17 +63,16 @@ public:
     SourcePoint Out() const { return {times_.out, times_.exactOut}; }
 
     // Moves a time in the source as far as the edge moves: by whole frames of the sequence, or
-    // audio would slip against its cut. Where the exact value is stated the other was cut down from
-    // it to a frame of the item.
+    // audio would slip against its cut.
     void Shift(SourcePoint point, Frames frames) const
     {
-        const Ticks ticks = MultiplyTicks(frames, rates_.sequence);
-        const bool wasCutDown = point.exact.IsStated() && rates_.item != rates_.sequence;
-        if (point.frames.value != kNotStated)
-            point.frames.Set(AddTicks(point.frames.value, wasCutDown ? DivideUp(ticks, rates_.item)
-                                                                     : rates_.ToItem(frames)));
+        const bool isRounded = IsRounded(point);
         if (point.exact.IsStated())
             point.exact.Set(AddTicks(point.exact.value, ExactLength(frames)));
+        if (isRounded)
+            point.frames.Set(DivTicks(AddTicks(Played(point.exact.value), kNoise), rates_.item));
+        else if (point.frames.value != kNotStated)
+            point.frames.Set(AddTicks(point.frames.value, rates_.ToItem(frames)));
     }
     // Sets a time in the source by its distance from the other one.
     void Place(SourcePoint point, SourcePoint from, Frames frames) const
@@ -94,6 +93,29 @@ public:
     }
 
 private:
+    static constexpr Ticks kNoise = 2; // products of speeds may be a tick short
+
+    // True for the frame of an exact time that lies between frames of the item: it is off by a part
+    // of a frame, and so would be each that is counted from it.
+    bool IsRounded(SourcePoint point) const
+    {
+        if (rates_.item == rates_.sequence || !point.exact.IsStated() ||
+            point.frames.value == kNotStated)
+            return false;
+        const Ticks off = SubtractTicks(Played(point.exact.value),
+                                        MultiplyTicks(point.frames.value, rates_.item));
+        return off > -rates_.item && off < rates_.item;
+    }
+
+    // A time in the source as the clip plays it, in which frames count.
+    Ticks Played(Ticks source) const
+    {
+        const double speed = SpeedOfItem(item_).speed;
+        return speed == 1.0 || type_ != MediaType::Video
+                   ? source
+                   : ToTicks(static_cast<double>(source) / speed);
+    }
+
     // What plays in so many frames of the sequence.
     Ticks SourceLength(Frames frames) const
     {
@@ -130,14 +152,14 @@ private:
 
 class TrackWalk {
 public:
-    TrackWalk(Ticks sequenceTicks, MediaType type) : sequenceTicks_(sequenceTicks), type_(type) {}
+    TrackWalk(const EdgeRules& rules, MediaType type) : rules_(rules), type_(type) {}
 
     void AddTransition(ConstHandle node)
     {
         ++position_;
         transition_ = node;
         if (!items_.empty() && items_.back().times.end.value == kNotStated)
-            EndItem(ItemEdges(items_.back(), sequenceTicks_, type_), Transition(node));
+            EndItem(ItemEdges(items_.back(), rules_.sequenceTicks, type_), Transition(node));
     }
     void AddItem(ConstHandle node)
     {
@@ -147,7 +169,7 @@ public:
             item.times = TimesOfRepeated(node);
         if (!latest_.empty())
             latest_[node.UniqueId()] = items_.size() - 1;
-        const ItemEdges edges(item, sequenceTicks_, type_);
+        const ItemEdges edges(item, rules_.sequenceTicks, type_);
         edges.CountInSequence();
         if (transition_ && item.times.start.value == kNotStated)
             StartItem(edges, Transition(transition_));
@@ -173,9 +195,10 @@ private:
     // The cut that a transition states, if it is inside it.
     bool StatedCut(const Transition& transition, Frames& cut) const
     {
-        cut = HasValue(transition.node, "cutPointTicks")
-                  ? DivTicksOr0(Int64Property(transition.node, "cutPointTicks"), sequenceTicks_)
-                  : Int64Property(transition.node, "cutPoint");
+        cut =
+            HasValue(transition.node, "cutPointTicks")
+                ? DivTicksOr0(Int64Property(transition.node, "cutPointTicks"), rules_.sequenceTicks)
+                : Int64Property(transition.node, "cutPoint");
         return cut > 0 && cut < transition.Length();
     }
 
@@ -214,9 +237,7 @@ private:
             cut = transition.Length() / 2;
             return EndAt(item, transition, cut, SubtractTicks(transition.Length(), cut));
         case CutPosition::Start:
-            item.Times().end.Set(transition.from);
-            return item.Place(item.Out(), item.In(),
-                              SubtractTicks(transition.from, item.Times().start.value));
+            return EndBefore(item, transition);
         case CutPosition::End:
             return item.Times().end.Set(transition.to);
         }
@@ -237,22 +258,35 @@ private:
         case CutPosition::Start:
             return item.Times().start.Set(transition.from);
         case CutPosition::End:
-            item.Times().start.Set(transition.to);
             return StartBehind(item, transition);
         }
     }
 
-    // The item shows only what comes after the transition.
-    static void StartBehind(const ItemEdges& item, const Transition& transition)
+    // The item shows only what comes before the transition.
+    void EndBefore(const ItemEdges& item, const Transition& transition) const
     {
-        const StatedTime end = item.Times().end;
-        if (!end.IsStated())
-            item.Shift(item.In(), transition.Length());
-        else
-            item.Place(item.In(), item.Out(), SubtractTicks(transition.to, end.value));
+        if (KeepsExact(item.Out()))
+            return EndAt(item, transition, 0, transition.Length());
+        item.Times().end.Set(transition.from);
+        item.Place(item.Out(), item.In(), SubtractTicks(transition.from, item.Times().start.value));
     }
 
-    Ticks sequenceTicks_;
+    // The item shows only what comes after it.
+    void StartBehind(const ItemEdges& item, const Transition& transition) const
+    {
+        const StatedTime end = item.Times().end;
+        if (!end.IsStated() || KeepsExact(item.In()))
+            return StartAt(item, transition, transition.Length());
+        item.Times().start.Set(transition.to);
+        item.Place(item.In(), item.Out(), SubtractTicks(transition.to, end.value));
+    }
+
+    bool KeepsExact(SourcePoint point) const
+    {
+        return rules_.openInterchange && point.exact.IsStated();
+    }
+
+    EdgeRules rules_;
     MediaType type_;
     std::vector<ClipItem> items_;
     ConstHandle transition_; // the last one so far
@@ -262,12 +296,12 @@ private:
     int position_ = 0;
 };
 
-std::vector<std::vector<ClipItem>> ItemsOfTracks(ConstHandle group, Ticks sequenceTicks,
+std::vector<std::vector<ClipItem>> ItemsOfTracks(ConstHandle group, const EdgeRules& rules,
                                                  MediaType type)
 {
     std::vector<std::vector<ClipItem>> tracks;
     for (const ConstHandle& track : group.GetChildren("track"))
-        tracks.push_back(ItemsOfTrack(track, sequenceTicks, type));
+        tracks.push_back(ItemsOfTrack(track, rules, type));
     return tracks;
 }
 
@@ -281,9 +315,9 @@ const TransitionAlignment* FindAlignment(std::string_view name)
     return nullptr;
 }
 
-std::vector<ClipItem> ItemsOfTrack(ConstHandle track, Ticks sequenceTicks, MediaType type)
+std::vector<ClipItem> ItemsOfTrack(ConstHandle track, const EdgeRules& rules, MediaType type)
 {
-    TrackWalk walk(sequenceTicks, type);
+    TrackWalk walk(rules, type);
     for (const ConstHandle& child : track.GetChildren()) {
         if (child.GetName() == "transitionitem")
             walk.AddTransition(child);
@@ -293,11 +327,11 @@ std::vector<ClipItem> ItemsOfTrack(ConstHandle track, Ticks sequenceTicks, Media
     return walk.Take();
 }
 
-SequenceItems ItemsOfSequence(ConstHandle sequence, Ticks sequenceTicks)
+SequenceItems ItemsOfSequence(ConstHandle sequence, const EdgeRules& rules)
 {
     const ConstHandle media = sequence.GetChild("media");
-    return {ItemsOfTracks(media.GetChild("video"), sequenceTicks, MediaType::Video),
-            ItemsOfTracks(media.GetChild("audio"), sequenceTicks, MediaType::Audio)};
+    return {ItemsOfTracks(media.GetChild("video"), rules, MediaType::Video),
+            ItemsOfTracks(media.GetChild("audio"), rules, MediaType::Audio)};
 }
 
 } // namespace XPJ

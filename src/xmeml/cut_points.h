@@ -32,15 +32,23 @@ struct TransitionAlignment {
 // Null for an unknown name.
 const TransitionAlignment* FindAlignment(std::string_view name);
 
+// How the edges of a sequence's items are completed.
+struct EdgeRules {
+    Ticks sequenceTicks; // of a frame
+    // A point that is stated exactly moves with its edge. To the letter it follows from the other
+    // one where the transition lies beyond the cut, and a point between two frames is lost.
+    bool openInterchange = false;
+};
+
 // The clips and generators of a `track` in its order, with the edges that its transitions imply.
-// All edges count in the sequence's frames, `sequenceTicks` each.
-std::vector<ClipItem> ItemsOfTrack(ConstHandle track, Ticks sequenceTicks, MediaType type);
+// All edges count in the sequence's frames.
+std::vector<ClipItem> ItemsOfTrack(ConstHandle track, const EdgeRules& rules, MediaType type);
 
 // Those of all tracks of a `sequence`, by track.
 struct SequenceItems {
     std::vector<std::vector<ClipItem>> video;
     std::vector<std::vector<ClipItem>> audio;
 };
-SequenceItems ItemsOfSequence(ConstHandle sequence, Ticks sequenceTicks);
+SequenceItems ItemsOfSequence(ConstHandle sequence, const EdgeRules& rules);
 
 } // namespace XPJ

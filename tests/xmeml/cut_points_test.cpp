@@ -20,14 +20,16 @@ protected:
     void
     Complete(const std::string& transition,
              const std::string& before = "<start>40</start><end>-1</end><in>0</in><out>80</out>",
-             const std::string& after = "<start>-1</start><end>200</end><in>10</in><out>110</out>")
+             const std::string& after = "<start>-1</start><end>200</end><in>10</in><out>110</out>",
+             bool openInterchange = false)
     {
         const ObjectHandle sequence = ParseSequence(
             "<rate><timebase>25</timebase></rate><media><video><track>" + Item(before) +
             "<transitionitem><start>100</start><end>120</end>" + transition + "</transitionitem>" +
             Item(after) + "</track></video></media>");
         const std::vector<ClipItem> items =
-            ItemsOfTrack(FindPath(sequence, {"media", "video", "track"}), kFrame, MediaType::Video);
+            ItemsOfTrack(FindPath(sequence, {"media", "video", "track"}), {kFrame, openInterchange},
+                         MediaType::Video);
         ASSERT_EQ(items.size(), 2U);
         before_ = items[0].times;
         after_ = items[1].times;
@@ -99,6 +101,44 @@ TEST_F(CutPointsTest, ExactPointsMoveWithTheEdges)
     EXPECT_EQ(before_.exactOut.value, 60 * kFrame + 1000);
 }
 
+// Ten frames of the sequence are 9.6 of items at 24: from frame 80 they lead to 89.6, from 50 back
+// to 40.4, and back again from either frame beside them.
+TEST_F(CutPointsTest, FramesBetweenThoseOfAnotherRateFollowTheExactPoint)
+{
+    const std::string film = "<rate><timebase>24</timebase></rate>";
+    for (const auto& [out, in] : {std::pair{"89", "40"}, std::pair{"90", "41"}}) {
+        Complete("",
+                 film +
+                     "<start>40</start><end>-1</end><in>20</in><velaTicksIn>211680000000"
+                     "</velaTicksIn><velaTicksOut>948326400000</velaTicksOut><out>" +
+                     out + "</out>",
+                 film +
+                     "<start>-1</start><end>200</end><out>140</out><velaTicksIn>427593600000"
+                     "</velaTicksIn><velaTicksOut>1481760000000</velaTicksOut><in>" +
+                     in + "</in>");
+        EXPECT_EQ(before_.out.value, 80);
+        EXPECT_EQ(before_.exactOut.value, 80 * 10'584'000'000);
+        EXPECT_EQ(after_.in.value, 50);
+        EXPECT_EQ(after_.exactIn.value, 50 * 10'584'000'000);
+    }
+}
+
+// The transition is beyond the cut: its 20 frames are taken back, whatever the length of the item.
+TEST_F(CutPointsTest, OpenInterchangeKeepsExactPointsBesideTransitions)
+{
+    const std::string exact =
+        "<velaTicksIn>1000</velaTicksIn><velaTicksOut>900000000000</velaTicksOut>"
+        "<in>0</in><out>88</out>";
+    const std::string before = "<start>40</start><end>-1</end>" + exact;
+    const std::string after = "<start>-1</start><end>200</end>" + exact;
+    Complete("<alignment>start</alignment>", before, after, true);
+    EXPECT_EQ(before_.exactOut.value, 900'000'000'000 - 20 * kFrame);
+    EXPECT_EQ(Times(before_), "40 100 0 68");
+    Complete("<alignment>end</alignment>", before, after, true);
+    EXPECT_EQ(after_.exactIn.value, 1000 + 20 * kFrame);
+    EXPECT_EQ(Times(after_), "120 200 20 88");
+}
+
 TEST_F(CutPointsTest, EdgesThatCountInTheItemsFramesBecomeTheSequences)
 {
     Complete("", "<rate><timebase>50</timebase></rate><velaTicksIn>0</velaTicksIn>"
@@ -131,7 +171,7 @@ TEST_F(CutPointsTest, ExactPointsKeepTheirDistanceInTheSource)
              half) +
         "</track></audio></media>");
     const std::vector<ClipItem> items =
-        ItemsOfTrack(FindPath(sequence, {"media", "audio", "track"}), kFrame, MediaType::Audio);
+        ItemsOfTrack(FindPath(sequence, {"media", "audio", "track"}), {kFrame}, MediaType::Audio);
     ASSERT_EQ(items.size(), 2U);
     EXPECT_EQ(items[1].times.exactIn.value, 40 * kFrame);
 }
