@@ -57,60 +57,48 @@ class Walk {
 public:
     Walk(const UnreadRules& rules, TextStore& texts) : rules_(rules), texts_(texts) {}
 
-    // With a stack of its own: trees are as deep as documents nest.
     std::map<std::string, UnreadPath> Run(ConstHandle root)
     {
-        Enter(root);
-        while (!open_.empty()) {
-            if (!(open_.back() != end_)) {
-                open_.pop_back();
-                path_.pop_back();
-                continue;
-            }
-            const ConstHandle child = *open_.back();
-            ++open_.back();
-            if (visited_.Insert(child))
-                Take(child);
-        }
+        WalkTree(root, [this](TreePath path) { return Enters(path); });
         return std::move(found_);
     }
 
 private:
-    void Enter(ConstHandle node)
+    bool Enters(TreePath path)
     {
-        path_.push_back(node);
+        const ConstHandle node = path.back();
+        const TreePath owner = path.first(path.size() - 1);
+        if (!owner.empty()) {
+            if (rules_.isSkipped(node))
+                return false;
+            if (!node.IsRead() && !IsAnyRead(node)) {
+                if (HasContent(node))
+                    Report(owner, NameId(node.GetName()));
+                return false;
+            }
+        }
         for (const Property& property : node.Properties())
             if (!property.isRead && property.valueSize > 0)
-                Report(property.name);
-        open_.push_back(node.GetChildren().begin());
+                Report(path, property.name);
+        return true;
     }
 
-    void Take(ConstHandle child)
+    void Report(TreePath path, NameId name)
     {
-        if (rules_.isSkipped(child))
+        if (IsExempt(path, name))
             return;
-        if (child.IsRead() || IsAnyRead(child))
-            Enter(child);
-        else if (HasContent(child))
-            Report(NameId(child.GetName()));
-    }
-
-    void Report(NameId name)
-    {
-        if (IsExempt(name))
-            return;
-        UnreadPath& entry = found_[PathText(path_, name.AsName())];
+        UnreadPath& entry = found_[PathText(path, name.AsName())];
         entry.field = name;
         ++entry.count;
         if (entry.places.size() < kFirstPlaces)
-            entry.places.push_back(rules_.placeOf(path_, texts_));
+            entry.places.push_back(rules_.placeOf(path, texts_));
     }
 
-    bool IsExempt(NameId field)
+    bool IsExempt(TreePath path, NameId field)
     {
-        const Exemption exemption = ExemptionOf(path_.back().GetName(), field);
+        const Exemption exemption = ExemptionOf(path.back().GetName(), field);
         return exemption == Exemption::Always ||
-               (exemption == Exemption::ByPlace && rules_.isExempt(path_, field.AsName()));
+               (exemption == Exemption::ByPlace && rules_.isExempt(path, field.AsName()));
     }
 
     Exemption ExemptionOf(Name owner, NameId field)
@@ -132,18 +120,12 @@ private:
     // By the numbers of the names of owner and field.
     std::vector<std::vector<std::optional<Exemption>>> exemptions_;
     std::map<std::string, UnreadPath> found_;
-    std::vector<ConstHandle> path_;
-    std::vector<ConstChildRange::Iterator> open_; // the next child of each node of the path
-    const ConstChildRange::Iterator end_ = ConstChildRange(nullptr).end();
-    NodeSet visited_;
 };
 
 } // namespace
 
 void AddUnread(ConstHandle root, const UnreadRules& rules, Account& account)
 {
-    if (!root)
-        return;
     for (const auto& [path, entry] : Walk(rules, account.texts).Run(root)) {
         for (const ItemLocation& place : entry.places)
             AddRemark(account, RemarkKind::ElementUnread, place,

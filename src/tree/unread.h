@@ -2,19 +2,15 @@
 #pragma once
 
 #include "core/account.h"
-#include "tree/object.h"
 #include "tree/reading.h"
+#include "tree/tree_walk.h"
 
 #include <cstdint>
 #include <functional>
-#include <span>
 #include <string_view>
 #include <vector>
 
 namespace XPJ {
-
-// From the root to the owner of a property, or of a child node.
-using TreePath = std::span<const ConstHandle>;
 
 // Whether fields of a name in owners of a name count.
 enum class Exemption : std::uint8_t { None, Always, ByPlace };
@@ -22,11 +18,12 @@ enum class Exemption : std::uint8_t { None, Always, ByPlace };
 struct UnreadRules {
     // By the names of the owner and of the property or child; found out once for each pair.
     Exemption (*exemptionOf)(Name owner, Name field);
-    // For what is exempt by its place.
+    // For what is exempt by its place; the path ends at the owner.
     bool (*isExempt)(TreePath path, Name field);
     // True for a node in which nothing counts.
     bool (*isSkipped)(ConstHandle node);
-    // The place of what is at the path. Texts that the tree doesn't have are kept in `texts`.
+    // The place of what the owner at the end of the path holds. Texts that the tree doesn't have
+    // are kept in `texts`.
     ItemLocation (*placeOf)(TreePath path, TextStore& texts);
 };
 
