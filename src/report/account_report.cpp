@@ -94,10 +94,12 @@ std::string CsvTextOf(const Field& field)
 
 std::string HeaderText(const ReportHeader& header, const Account& account)
 {
-    const std::string counts = CountsText(CountOutcomes(account));
-    return fmt::format("{}\n{}\n\nInput   {}\nOutput  {}\nResult  {}, {}\n", header.tool,
+    std::string counts = CountsText(CountOutcomes(account));
+    if (counts.empty() && !header.output.empty())
+        counts = "nothing was lost";
+    return fmt::format("{}\n{}\n\nInput   {}\nOutput  {}\nResult  {}{}{}\n", header.tool,
                        header.date, header.input, header.output, header.result,
-                       counts.empty() ? "nothing was lost" : counts);
+                       counts.empty() ? "" : ", ", counts);
 }
 
 } // namespace
