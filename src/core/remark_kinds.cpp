@@ -338,6 +338,13 @@ constexpr RemarkRow kRows[] = {
     {Kind::LinkTooLarge, "link.too-large", Outcome::Lost, Severity::Note,
      "Too many clips are linked to each other; they are written without links.",
      "Link the clips anew."},
+    {Kind::ScaledToFrame, "scale.to-frame", Outcome::Changed, Severity::Warning,
+     "Other programs show the clip at its own size, not scaled to the frame.",
+     "There, scale the clip to $2 percent of its size."},
+    {Kind::AdditionLeftOut, "addition.left-out", Outcome::Lost, Severity::Note,
+     "Only additions to the document type can state the $2.", "Export with additions."},
+    {Kind::EffectLeftOut, "addition.effect", Outcome::Lost, Severity::Warning,
+     "Only additions to the document type can state all of the effect <$1>.", "Export with additions."},
 };
 
 constexpr bool AreInOrder()

@@ -145,6 +145,9 @@ enum class RemarkKind : std::uint8_t {
     ClipOfFiles,
     PathAssumed,
     LinkTooLarge,
+    ScaledToFrame,
+    AdditionLeftOut,
+    EffectLeftOut,
 };
 
 // What became of something.

@@ -10,7 +10,11 @@
 #include "export/items.h"
 #include "project/labels.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace XPJ::RVX {
@@ -42,6 +46,7 @@ struct VideoItem {
     void AddLink(std::string_view source);
     void WriteTimes();
     void WriteEffects();
+    void ReportScaleToFrame(const EffectContext& effects);
     void WriteFrameHold();
     void WriteSpeed();
     void WriteAspectCompensation();
@@ -91,6 +96,20 @@ void VideoItem::WriteEffects()
     else
         effects.clipFrame = FrameOfItem(catalogs.sequences, record).value_or(FrameSize());
     VideoChainToXmeml(effects, ChainOfOwner(record.item), element);
+    ReportScaleToFrame(effects);
+}
+
+// Only this system knows the mode; to others the clip is as large as its media.
+void VideoItem::ReportScaleToFrame(const EffectContext& effects)
+{
+    const FrameSize& clip = effects.clipFrame;
+    const FrameSize& frame = effects.sequenceFrame;
+    if (!IsTrue(record.clip, "ScaleToFrameSize") || clip.width <= 0 || clip.height <= 0)
+        return;
+    const double scale = std::min(frame.width * frame.pixelAspect / (clip.width * clip.pixelAspect),
+                                  static_cast<double>(frame.height) / clip.height);
+    if (const std::string percent = fmt::format("{:.1f}", 100 * scale); percent != "100.0")
+        AddRemark(context, record, RemarkKind::ScaledToFrame, {.detail = percent});
 }
 
 constexpr int kOpticalFlow = 2; // `TimeInterpolationType`; 1 is frame blending

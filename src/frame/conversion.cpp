@@ -14,6 +14,7 @@
 #include "platform/settings.h"
 #include "project/accessors.h"
 #include "report/encoding_issues.h"
+#include "xmeml/left_out_additions.h"
 
 namespace XPJ {
 
@@ -226,11 +227,13 @@ private:
                              {.oneSequence = chosenGuid_ != kZeroGuid}, assumptions);
             AddAssumptions(assumptions);
         }
+        const bool additions = request_.additions || isHandOff_;
+        if (!IsImport() && !additions)
+            AddLeftOutAdditions(translated_, outcome_.account);
         if (request_.markLosses)
             MarkLosses(outcome_.account, request_.to->kind, translatedDocument_, translated_);
         Report();
-        const WriteOptions options{.handOff = isHandOff_,
-                                   .additions = request_.additions || isHandOff_};
+        const WriteOptions options{.handOff = isHandOff_, .additions = additions};
         return request_.to->write(translated_, options, progress_, streams_.output);
     }
 

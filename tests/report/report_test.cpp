@@ -199,7 +199,7 @@ TEST(RemarkKinds, AreListedInTheDocumentation)
 std::string Expectations()
 {
     std::string text;
-    for (const char* const folder : {"data", "import", "export", "frame", "tool"})
+    for (const char* const folder : {"data", "xmeml", "import", "export", "frame", "tool"})
         for (const auto& entry : std::filesystem::recursive_directory_iterator(
                  std::filesystem::path(VELA_TESTS) / folder)) {
             const std::string extension = entry.path().extension();

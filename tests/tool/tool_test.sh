@@ -115,6 +115,10 @@ samples() {
         expect_status 0 --seed 1 --no-additions "$name.vlproj" back.xml
         ! grep -q -e vela -e authoringApp back.xml || fail "$name.vlproj: additions are written"
     done
+    one_clip 100 | sed 's|<track>|<track><name>Titles</name>|' >named.xml
+    expect_status 0 --quiet named.xml
+    expect_status 0 --no-additions --report - named.vlproj back.xml
+    expect_text out 'Only additions to the document type can state the name of the track.'
 }
 
 seed() {
