@@ -279,6 +279,8 @@ void VideoChainToXmeml(const EffectContext& context, ConstHandle chain, ObjectHa
         const double stretch = MotionToXmeml(context, motion, item);
         if (stretch != 1.0)
             ApplyAspect(context.document, item, AspectOfRatio(stretch));
+        if (stretch != 1.0 && context.openInterchange && IsTrue(motion, "Bypass"))
+            FindEffect(item, kDistort.xmeml.id).SetPropertyShared("velaBypass", "true");
     }
     if (const ConstHandle opacity = FindComponent(chain, kOpacity.project.match))
         OpacityToXmeml(context, opacity, item);

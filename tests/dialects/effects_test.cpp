@@ -191,6 +191,25 @@ TEST_F(OpenEffects, NoneIsLost)
     }
 }
 
+// The width is that of the document's Distort, which would stretch for other programs.
+TEST_F(OpenEffects, BothScalesOfABypassedMotionAreBypassed)
+{
+    const auto filter = [](const char* id, const std::string& parameters) {
+        return In("filter",
+                  In("effect", In("effectid", id) + In("velaBypass", "true") + parameters));
+    };
+    const std::string document =
+        Cut("video", Item(0, filter("basic", Parameter("scale", In("value", "80"))) +
+                                 filter("deformation", Parameter("aspect", In("value", "-25")))));
+    const std::string project = ToProject(document);
+    EXPECT_EQ(ProjectValue(project, "Scale"), "64"); // 80 / 1.25
+    EXPECT_EQ(ProjectValue(project, "Scale Width"), "80");
+    const std::string written = ToXmeml(project);
+    EXPECT_EQ(DocumentValue(written, "aspect"), "-25");
+    EXPECT_EQ(CountOf(written, "<enabled>FALSE</enabled>"), 2);
+    EXPECT_EQ(ProjectValue(ToProject(written), "Scale"), "64");
+}
+
 // Two clips of a track of the type, with a transition of that effect between them.
 std::string DocumentOfTransition(const std::string& type, const std::string& effectId,
                                  const std::string& parameters)
