@@ -181,6 +181,16 @@ LegacyTitleText TextOfRun(const GVE::TextRun& run, const GVE::Document& document
 
 } // namespace
 
+LegacyTitle TitleInFrame(LegacyTitle title, const FrameSize& frame)
+{
+    if (frame.width <= 0 || frame.height <= 0)
+        return title;
+    title.position.horiz *= static_cast<double>(title.frame.width) / frame.width;
+    title.position.vert *= static_cast<double>(title.frame.height) / frame.height;
+    title.frame = frame;
+    return title;
+}
+
 ObjectHandle MakeTitleEffect(Document& document, const LegacyTitle& title)
 {
     const bool isLowerThird = IsLowerThird(title);

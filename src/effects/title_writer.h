@@ -8,6 +8,10 @@
 
 namespace XPJ {
 
+// The title as a frame of another size shows it: neither it nor its distance from the center is
+// scaled. In a frame of no size it stays as it is.
+LegacyTitle TitleInFrame(LegacyTitle title, const FrameSize& frame);
+
 // The `effect` of a `generatoritem` that states a title with at least one text.
 ObjectHandle MakeTitleEffect(Document& document, const LegacyTitle& title);
 

@@ -75,11 +75,11 @@ ObjectHandle MakeEffectOfTitle(ExportContext& context, const GeneratorSource& so
         ReportReplaced(context, source.media);
     if (title.texts.empty())
         return MakePlainEffect(context.document, MediaKind::BlackVideo);
-    const ObjectHandle effect = MakeTitleEffect(context.document, title);
-    if (isInFull && DocumentMadeOf(effect, FrameOf(source.media), context.document) != document)
+    if (isInFull && DocumentMadeOf(MakeTitleEffect(context.document, title), FrameOf(source.media),
+                                   context.document) != document)
         AddRemark(context.account, RemarkKind::TitleSimplified, *source.location,
                   {.name = source.media.GetProperty("Title")});
-    return effect;
+    return MakeTitleEffect(context.document, TitleInFrame(title, source.frame));
 }
 
 ObjectHandle MakeEffectOfMedia(ExportContext& context, const GeneratorSource& source)
@@ -99,13 +99,23 @@ ObjectHandle MakeEffectOfMedia(ExportContext& context, const GeneratorSource& so
 ObjectHandle MakeEffectOfGraphic(ExportContext& context, const GeneratorSource& source,
                                  ConstHandle chain)
 {
-    const LegacyTitle title = ReadGraphicTitle(chain, FrameOf(source.media));
+    const LegacyTitle title =
+        TitleInFrame(ReadGraphicTitle(chain, FrameOf(source.media)), source.frame);
     if (title.texts.empty())
         return {};
     if (!IsStatedInFull(title))
         AddRemark(context.account, RemarkKind::TitleInOneLook, *source.location,
                   {.name = source.media.GetProperty("Title")});
     return MakeTitleEffect(context.document, title);
+}
+
+// The frame of another size that shows a title, else one of no size: lines of text count in those
+// of the frame.
+FrameSize OtherFrameOf(const GeneratorSource& source)
+{
+    const FrameSize own = FrameOf(source.media);
+    const bool isOwn = source.frame.width == own.width && source.frame.height == own.height;
+    return isOwn || MediaKindOf(source.media) != MediaKind::Title ? FrameSize() : source.frame;
 }
 
 } // namespace
@@ -141,7 +151,9 @@ ObjectHandle GeneratorCatalog::EffectOf(ExportContext& context, const GeneratorS
         AddRemark(context.account, RemarkKind::GraphicWithoutText, *source.location,
                   {.name = source.media.GetProperty("Title")});
     }
-    const auto [entry, isNew] = effects_.try_emplace(source.media.UniqueId());
+    const FrameSize other = OtherFrameOf(source);
+    const auto [entry, isNew] =
+        effects_.try_emplace(std::tuple(source.media.UniqueId(), other.width, other.height));
     if (isNew)
         entry->second = MakeEffectOfMedia(context, source);
     return entry->second;

@@ -2,11 +2,13 @@
 // one, and other generated media is a file that a slug replaces.
 #pragma once
 
+#include "effects/effect_context.h"
 #include "export/export_context.h"
 #include "project/media_kinds.h"
 
 #include <cstdint>
-#include <unordered_map>
+#include <map>
+#include <tuple>
 
 namespace XPJ::RVX {
 
@@ -28,15 +30,17 @@ struct GeneratorSource {
     // of a bin.
     ConstHandle chain;
     const ItemLocation* location; // for remarks
+    FrameSize frame = {};         // in which the item shows it at its own size; of no size: its own
 };
 
-// The `effect`s of generators. Items of one Media share the element.
+// The `effect`s of generators. Items of one Media in frames of one size share the element.
 class GeneratorCatalog {
 public:
     ObjectHandle EffectOf(ExportContext& context, const GeneratorSource& source);
 
 private:
-    std::unordered_map<std::uint64_t, ObjectHandle> effects_; // by the Media's `uniqueId`
+    // By the Media's `uniqueId` and the width and height of the frame.
+    std::map<std::tuple<std::uint64_t, int, int>, ObjectHandle> effects_;
 };
 
 } // namespace XPJ::RVX

@@ -189,8 +189,11 @@ void VideoItem::TranslateGenerator()
     element = context.document.NewObject("generatoritem");
     WriteItemHead(context, catalogs.masters, record, element);
     AddLink(record.masterClipId);
-    element.AddChild(catalogs.generators.EffectOf(
-        context, {record.media, record.masterClip, chain, &record.location}));
+    const bool isScaled = IsTrue(record.clip, "ScaleToFrameSize");
+    const FrameSize frame = catalogs.sequences.FrameOf(track.sequence.sequence);
+    element.AddChild(
+        catalogs.generators.EffectOf(context, {record.media, record.masterClip, chain,
+                                               &record.location, isScaled ? FrameSize() : frame}));
     WriteClipOptions(context, record, element);
     WriteTimes();
     WriteEffects();

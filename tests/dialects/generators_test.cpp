@@ -154,6 +154,32 @@ TEST(GeneratorDialect, GivesTheSameGeneratorBack)
         }
 }
 
+// In half the lines the same letters are twice as large a part of the frame, as is their distance
+// from its center.
+TEST(GeneratorDialect, ATitleKeepsItsSizeInAFrameOfAnother)
+{
+    const std::string document = DocumentOf(
+        Generator("g", "Text",
+                  Parameter("str", "Hi") + Parameter("fontsize", "32") +
+                      "<parameter><parameterid>origin</parameterid><value><horiz>0.2</horiz>"
+                      "<vert>-0.1</vert></value></parameter>"));
+    for (const bool graphics : {false, true}) {
+        OpenConversion conversion;
+        if (graphics)
+            conversion.Set("FCP.ConvertTitleToGraphicAndType");
+        std::string project = conversion.ToProject(document);
+        constexpr std::string_view kRect = "<FrameRect>0,0,1920,1080</FrameRect>";
+        const std::size_t group = project.find("<VideoTrackGroup ");
+        ASSERT_NE(group, project.npos);
+        project.replace(project.find(kRect, group), kRect.size(),
+                        "<FrameRect>0,0,960,540</FrameRect>");
+        const Element written = ParseElements(conversion.ToXmeml(project));
+        const std::string text = Described(*FindAll(written, "generatoritem").back());
+        EXPECT_TRUE(Has(text, "fontsize=64")) << text;
+        EXPECT_TRUE(Has(text, "origin=0.4,-0.2")) << text;
+    }
+}
+
 TEST(GeneratorDialect, ItemsOfOneClipShareItsMasterIfTheirTextsAreEqual)
 {
     const std::string first = Parameter("str", "One");
