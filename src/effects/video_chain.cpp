@@ -106,7 +106,7 @@ void AddBasic3D(const EffectContext& context, ConstHandle effect, Components& co
                 ConstHandle& motionSource)
 {
     if (IsNeutral(kBasic3D.params, effect) && !IsReturning(context, effect))
-        return;
+        return RemarkOnParameters(context, kBasic3D.params, effect);
     const Basic3D basic3D = TranslateBasic3D(context, effect);
     if (basic3D.component)
         components.push_back(basic3D.component);
