@@ -115,6 +115,11 @@ constexpr DialectRule kReadingRules[] = {
      .seen = "a merged clip with a file of several channels in one stream",
      .does = "The merged clip has all of its channels.",
      .file = "import/merged_master.cpp"},
+    {.name = "sync in a merged clip",
+     .seen = "merged clips whose files begin at different times, as `in` of their items",
+     .does = "The first frames of its files are as far apart as the items say, none before the "
+             "start of the merged clip.",
+     .file = "import/merged_master.cpp"},
 
     {.name = "sequence without rate or format",
      .seen = "writers without `samplecharacteristics`, or with a `format` directly under `media`",

@@ -121,10 +121,15 @@ void SetParent(Document& document, MasterClipHandle component, MasterClipHandle 
                                 component.GetChild("Clip").GetProperty("FrameRate")));
 }
 
-// Where the files of a merged clip begin in it, in ticks. Parts of one clip come in a row.
+// Where the files of a merged clip begin in it, in ticks: to the letter at the `start` of their
+// item, in open interchange where their first frame would be, so that an `in` keeps them in sync.
+// Parts of one clip come in a row.
 class StartTimes {
 public:
-    explicit StartTimes(const FileCatalog& files) : files_(files) {}
+    explicit StartTimes(const ImportState& state)
+        : files_(state.files), isOpen_(state.options.settings.openInterchange)
+    {
+    }
 
     Ticks Of(const MergeComponent& component)
     {
@@ -139,15 +144,21 @@ private:
     {
         clip_ = clip;
         starts_.clear();
+        Ticks first = 0;
         const ConstHandle media = clip.GetChild("media");
         for (const ConstHandle& group : {media.GetChild("video"), media.GetChild("audio")})
             for (const ConstHandle& track : group.GetChildren("track")) {
                 const ConstHandle item = track.GetChild("clipitem");
                 const FileElement file = FileOfItem(files_, item);
-                const Ticks start = std::max<Ticks>(Int64Property(item, "start"), 0);
-                starts_.emplace(files_.IdOf(file),
-                                MultiplyTicks(start, FirstRateOf({clip, item, file})));
+                const Frames start = std::max<Frames>(Int64Property(item, "start"), 0);
+                const Frames in = isOpen_ ? std::max<Frames>(Int64Property(item, "in"), 0) : 0;
+                const Ticks time =
+                    MultiplyTicks(SubtractTicks(start, in), FirstRateOf({clip, item, file}));
+                starts_.emplace(files_.IdOf(file), time);
+                first = std::min(first, time);
             }
+        for (auto& [id, start] : starts_)
+            start = SubtractTicks(start, first);
     }
 
     // Ticks a frame; 0 where none states a rate.
@@ -160,6 +171,7 @@ private:
     }
 
     const FileCatalog& files_;
+    bool isOpen_;
     ConstHandle clip_;
     TextMap<Ticks> starts_;
 };
@@ -373,7 +385,7 @@ MasterClipHandle BuildMergedMaster(ImportState& state, const MergeComponents& co
         return {};
     const MasterClipHandle merged = MakeMaster(document, components, parts, namesake);
 
-    StartTimes starts(state.files);
+    StartTimes starts(state);
     sequence.AddChild("TrackGroup", MakeVideo(state, parts, starts));
     const MergedAudio audio = MakeAudio(state, parts, starts);
     sequence.AddChild("TrackGroup", audio.group);

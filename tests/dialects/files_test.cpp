@@ -348,6 +348,26 @@ TEST_F(Files, AMergedClipHasBothChannelsOfAStream)
     EXPECT_EQ(CountOf(ToProject(clip), "<AudioClipTrackItem "), 1);
 }
 
+// The recording was started two seconds before the camera.
+TEST_F(Files, PartsOfAMergedClipKeepTheirSync)
+{
+    const std::string video = FileOf("v", "<video/>");
+    const std::string audio = FileOf("a", In("audio", In("channelcount", "1")));
+    const std::string clip =
+        ClipOf(Track("video", video) +
+               In("audio", In("track", In("clipitem", In("start", "0") + In("in", "50") + audio))));
+    const auto startOf = [](const std::string& project, const std::string& item) {
+        const std::size_t at = project.find("<Start>", project.find("<" + item + " "));
+        return project.substr(at + 7, project.find('<', at + 1) - at - 7);
+    };
+    std::string project = ToProject(clip);
+    EXPECT_EQ(startOf(project, "VideoClipTrackItem"), "508032000000"); // 50 frames
+    EXPECT_EQ(startOf(project, "AudioClipTrackItem"), "0");
+    SetOpen(false);
+    project = ToProject(clip);
+    EXPECT_EQ(startOf(project, "VideoClipTrackItem"), startOf(project, "AudioClipTrackItem"));
+}
+
 using Rates = XmemlTest;
 
 // A sequence directly in another one leaves its `rate` behind there.
