@@ -115,10 +115,11 @@ ObjectHandle TranslateBin(ExportContext& context, const ItemWalk::Step& step,
     return children;
 }
 
+// By the first clip of its master: what further clips show, the item is not written as.
 bool ShowsSequence(ConstHandle clipItem, const Guid& guid)
 {
-    const ConstHandle sequence = MasterOfItem(clipItem).Sequence();
-    return StringToGUID(ObjectGuid(sequence)) == guid;
+    const ConstHandle first = MasterOfItem(clipItem).GetChild("Clip");
+    return StringToGUID(ObjectGuid(SequenceOfSource(SourceOfClip(first)))) == guid;
 }
 
 bool TranslateChosenSequence(ExportContext& context, Catalogs& catalogs, ConstHandle rootItem,
