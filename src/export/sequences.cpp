@@ -120,7 +120,7 @@ public:
     {
         context.account.sequences.push_back({shown.sequence.UniqueId(), element_.UniqueId()});
         catalogs.links.AddLinksOf(shown.sequence);
-        if (shown.sequence.HasChild("TrackGroup")) {
+        if (HasTrackGroups(shown.sequence)) {
             WriteTimes(context, sequence_, element_);
             groups_ = GroupsOf(shown.sequence);
             const ItemLocation location = LocationOf(sequence_);

@@ -142,6 +142,11 @@ ConstChildRange TrackGroupsOf(ConstHandle sequence)
     return sequence.GetChildren("TrackGroup");
 }
 
+bool HasTrackGroups(ConstHandle sequence)
+{
+    return sequence.HasChild("TrackGroup") || sequence.HasProperty("TrackGroups");
+}
+
 bool IsGroupOf(ConstHandle group, MediaType type)
 {
     return EqualsIgnoreCase(group.GetProperty("mediatype"), MediaTypeText(type));
@@ -255,7 +260,7 @@ ConstHandle PannerOf(ConstHandle owner)
 
 bool AssignsChannels(ConstHandle panner)
 {
-    return HasAny(panner, {"Matrix", "NumInputChannels"});
+    return HasAny(panner, {"DirectPanProcessor", "Matrix", "NumInputChannels"});
 }
 
 ConstChildRange MarkersOf(ConstHandle owner)

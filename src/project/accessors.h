@@ -89,6 +89,8 @@ bool IsMergedSequence(ConstHandle sequence);
 // VideoTrackGroups (`FrameRect`, `PixelAspectRatio`, `FieldType`), AudioTrackGroups
 // (`NumAdaptiveChannels`) and others. `FrameRate` is in ticks a frame or a sample.
 ConstChildRange TrackGroupsOf(ConstHandle sequence);
+// True also for a sequence whose document states that it has none.
+bool HasTrackGroups(ConstHandle sequence);
 bool IsGroupOf(ConstHandle group, MediaType type);
 // The first group of a type.
 ConstHandle GroupOfKind(ConstHandle sequence, MediaType type);
@@ -139,7 +141,7 @@ ConstHandle FaderParam(ConstHandle audioTrack, std::string_view name);
 // Of a track item or an audio track.
 ConstHandle PannerOf(ConstHandle owner);
 // True for a panner that assigns the channels of a track to outputs one by one:
-// `NumInputChannels`, `AssignedChannel0` and on, or `Matrix`.
+// `NumInputChannels`, `AssignedChannel0` and on, or `Matrix`, or nothing of these in a document.
 bool AssignsChannels(ConstHandle panner);
 
 // ---- Markers

@@ -50,6 +50,7 @@ struct BodyRow {
     std::string_view text = {};
     std::span<const Name> (*list)() = nullptr;
     std::span<const BodyRow> rows = {};
+    bool isNoted = false; // of a part: one that was read is a property of its name, without value
 };
 
 // How rows are written in the table.
@@ -58,6 +59,12 @@ namespace ClassRows {
 constexpr BodyRow Part(Name tag, unsigned version)
 {
     return {.kind = RowKind::Part, .version = version, .tag = tag};
+}
+
+// A part that means something without content.
+constexpr BodyRow NotedPart(Name tag, unsigned version)
+{
+    return {.kind = RowKind::Part, .version = version, .tag = tag, .isNoted = true};
 }
 
 constexpr BodyRow Member(Name tag, unsigned version)

@@ -43,7 +43,10 @@ private:
             return;
         switch (row.kind) {
         case RowKind::Part:
-            return open_.push_back(AddPart(row.tag));
+            open_.push_back(AddPart(row.tag));
+            if (row.isNoted)
+                rules_[open_.back()].key = row.tag;
+            return;
         case RowKind::Member:
             return open_.push_back(AddChild("part ", row.tag));
         case RowKind::Wrapper:

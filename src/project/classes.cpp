@@ -531,7 +531,7 @@ constexpr BodyRow kMedia[] = {
 };
 
 constexpr BodyRow kMonoTo16ChannelPanProcessor[] = {
-    Part("DirectPanProcessor", 2),
+    NotedPart("DirectPanProcessor", 2),
         Part("PanProcessor", 3),
             Part("AudioComponent", 3),
                 Include(kNamedPanner),
@@ -546,7 +546,7 @@ constexpr BodyRow kMonoTo16ChannelPanProcessor[] = {
 
 constexpr BodyRow kMonoTo51PanProcessor[] = {
     Fixed("EnableDirectAssignmentMode", "false", Skipped("the assigned channels state it")),
-    Part("DirectPanProcessor", 1),
+    NotedPart("DirectPanProcessor", 1),
         Fixed("NumInputChannels", "1"), Fixed("AssignedChannel0", "0"),
         Fixed("OutputAudioChannelLayout", kSurroundSpaced),
         Fixed("InputAudioChannelLayout", kMonoSpaced),
@@ -653,13 +653,13 @@ constexpr BodyRow kSequence[] = {
             Part("Links", 1), ReferencesVia("Link", "PersistentGroupContainer"), End("Links"),
         End("LinkContainer"),
     End("PersistentGroupContainer"),
-    Part("TrackGroups", 1), Pairs("TrackGroup", "mediatype"), End("TrackGroups"),
+    NotedPart("TrackGroups", 1), Pairs("TrackGroup", "mediatype"), End("TrackGroups"),
     Value("ID", kIdentity), Value("Name"),
     ReadLeaf("BE.Sequence.IsMergedClip", ReadOnly("written among the properties")),
 };
 
 constexpr BodyRow kStereoTo16ChannelPanProcessor[] = {
-    Part("DirectPanProcessor", 2),
+    NotedPart("DirectPanProcessor", 2),
         Part("PanProcessor", 3),
             Part("AudioComponent", 2),
                 Include(kPanner),

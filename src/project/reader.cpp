@@ -37,6 +37,8 @@ public:
 private:
     bool TakeStart(const Element& current, const StartTag& tag) override
     {
+        if (tag.action.kind == Action::Child)
+            NotePart(current.node, Table().RuleAt(tag.action.rule));
         if (!tag.selfClosed)
             return false;
         if (tag.action.kind == Action::Reference) {
@@ -51,6 +53,12 @@ private:
             return true;
         }
         return false;
+    }
+
+    static void NotePart(ObjectHandle node, const Rule& rule)
+    {
+        if (rule.nodeKind == NodeKind::Part && !rule.key.IsEmpty())
+            node.SetPropertyShared(rule.key, {});
     }
 
     // The target is entered under the tag of the reference; its node's name is its class.
