@@ -48,13 +48,13 @@ bool HasGain(ConstHandle clip)
     return clip.HasProperty("Gain") && DoubleProperty(clip, "Gain") != 1.0;
 }
 
-// The channels of an item find each other by their group, also without a link in the project.
-void AddLink(Document& document, LinkGroups& links, const LinkedItem& item,
-             const LinkTarget& target, std::string_view source)
+// The channels of an item find each other by their group, also without a link in the project. To
+// the letter the first channel opens it: an item that doesn't play that one has no links.
+void OpenGroup(const ExportContext& context, const ItemPart& part, LinkGroups& links)
 {
-    if (!links.Contains(item.item))
-        links.AddGroupOf(item.item);
-    links.Add(document, item, target, source);
+    const bool isFirst = part.channel == 0 || !part.isExploded;
+    if ((isFirst || context.options.settings.openInterchange) && !links.Contains(part.item))
+        links.AddGroupOf(part.item);
 }
 
 EffectContext EffectsOf(ExportContext& context, const TrackContext& track, const ItemRecord& record)
@@ -81,14 +81,15 @@ NestedSequence TranslateClipItem(ExportContext& context, Catalogs& catalogs, Tra
         element.SetPropertyShared("velaGain", record.clip.GetProperty("Gain"));
     WriteClipOptions(context, record, element);
     const ItemSource source = WriteItemSource(context, catalogs, track, record, element);
-    AddLink(context.document, catalogs.links, {record.item, record.location},
-            {.element = element,
-             .id = record.id,
-             .type = MediaType::Audio,
-             .track = track.number,
-             .position = track.NextPosition(),
-             .isGrouped = contents == 2 && part.isExploded},
-            source.linkKey);
+    OpenGroup(context, part, catalogs.links);
+    catalogs.links.Add(context.document, {record.item, record.location},
+                       {.element = element,
+                        .id = record.id,
+                        .type = MediaType::Audio,
+                        .track = track.number,
+                        .position = track.NextPosition(),
+                        .isGrouped = contents == 2 && part.isExploded},
+                       source.linkKey);
     WriteSourceTrack(context.document, SourceTrack(context, catalogs.masters, record, part.channel),
                      element);
     WriteSubclipOffsets(context.document, record.boundaries, record.timing.rate, element);
