@@ -345,6 +345,9 @@ constexpr RemarkRow kRows[] = {
      "Only additions to the document type can state the $2.", "Export with additions."},
     {Kind::EffectLeftOut, "addition.effect", Outcome::Lost, Severity::Warning,
      "Only additions to the document type can state all of the effect <$1>.", "Export with additions."},
+    {Kind::TransitionOfNext, "transition.of-next", Outcome::Lost, Severity::Warning,
+     "Only the clip behind the cut has the transition <$1>; it is not written.",
+     "Apply the transition anew."},
 };
 
 constexpr bool AreInOrder()

@@ -148,6 +148,7 @@ enum class RemarkKind : std::uint8_t {
     ScaledToFrame,
     AdditionLeftOut,
     EffectLeftOut,
+    TransitionOfNext,
 };
 
 // What became of something.

@@ -117,7 +117,7 @@ NestedSequence TranslateAudioItem(ExportContext& context, Catalogs& catalogs, Tr
         AddRemark(context, record, RemarkKind::ClipWithoutMedia);
         return {};
     }
-    TranslateHeadTransition(context, track, part.item);
+    TranslateHeadTransition(context, track, record);
     const NestedSequence nested = TranslateClipItem(context, catalogs, track, record, part);
     TranslateTailTransition(context, track, part.item);
     return nested;

@@ -209,11 +209,17 @@ ItemSource WriteItemSource(ExportContext& context, Catalogs& catalogs, const Tra
     return source;
 }
 
-void TranslateHeadTransition(ExportContext& context, TrackContext& track, TrackItem item)
+void TranslateHeadTransition(ExportContext& context, TrackContext& track, const ItemRecord& record)
 {
-    const ConstHandle transition = HeadTransitionOf(item);
-    if (!IsTrue(transition, "HasOutgoingClip") || transition != track.lastTransition)
+    const ConstHandle transition = HeadTransitionOf(record.item);
+    const bool isTail = IsTrue(transition, "HasOutgoingClip");
+    if (isTail && transition == track.lastTransition)
+        return;
+    if (!isTail || context.options.settings.openInterchange)
         TranslateTransition(context, track, transition);
+    else
+        AddRemark(context, record, RemarkKind::TransitionOfNext,
+                  {.name = transition.GetProperty("DisplayName")});
 }
 
 void TranslateTailTransition(ExportContext& context, TrackContext& track, TrackItem item)

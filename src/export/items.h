@@ -65,8 +65,9 @@ ItemSource WriteItemSource(ExportContext& context, Catalogs& catalogs, const Tra
                            const ItemRecord& record, ObjectHandle element);
 
 // A head transition with an item before it has been written as the tail of that one, unless that
-// one is not on this track: it may play none of its channels.
-void TranslateHeadTransition(ExportContext& context, TrackContext& track, TrackItem item);
+// one is not on this track, as it may play none of its channels, or doesn't have it. In open
+// interchange it is written then; to the letter it is lost.
+void TranslateHeadTransition(ExportContext& context, TrackContext& track, const ItemRecord& record);
 void TranslateTailTransition(ExportContext& context, TrackContext& track, TrackItem item);
 
 } // namespace XPJ::RVX

@@ -220,7 +220,7 @@ NestedSequence TranslateVideoItem(ExportContext& context, Catalogs& catalogs, Tr
                                       : RemarkKind::ClipWithoutMedia);
         return {};
     }
-    TranslateHeadTransition(context, track, item);
+    TranslateHeadTransition(context, track, clip.record);
     NestedSequence nested;
     if (IsWrittenAsGenerator(context, clip.record.media))
         clip.TranslateGenerator();
