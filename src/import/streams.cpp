@@ -186,17 +186,29 @@ private:
 
 // ---- Video and audio
 
-// Ticks a frame: of the element, else of the first file of its media, else of the file itself. In
-// open interchange a file that states its rate has it, whatever the elements count in that show it.
+// Ticks a frame: of the element, else of the first file of its media, else of the file itself. To
+// the letter the first `rate` counts even if it states none. In open interchange a file that states
+// its rate has it, whatever the elements count in that show it.
 Ticks FrameTicksOf(const ImportState& state, const FileUse& use)
 {
+    const bool isOpen = state.options.settings.openInterchange;
     const ConstHandle own = use.file;
-    const ConstHandle preferred = state.options.settings.openInterchange ? own : ConstHandle();
     const ConstHandle first = FirstFileOf(state.files, use.element);
-    for (const ConstHandle& node : {preferred, use.element, first, own})
-        if (const Ticks ticks = TicksOfRate(node.GetChild("rate")))
+    for (const ConstHandle& node : {isOpen ? own : ConstHandle(), use.element, first, own}) {
+        const ConstHandle rate = node.GetChild("rate");
+        if (const Ticks ticks = TicksOfRate(rate); ticks != 0 || (rate && !isOpen))
             return ticks;
+    }
     return 0;
+}
+
+// The same of video that is generated. To the letter it has the rate of what shows it.
+Ticks GeneratedTicksOf(const ImportState& state, const FileUse& use)
+{
+    const Ticks ticks = state.options.settings.openInterchange
+                            ? FrameTicksOf(state, use)
+                            : TicksOfRate(use.element.GetChild("rate"));
+    return ticks != 0 ? ticks : kNtscFrameTicks;
 }
 
 // The length of the file, else of the element, in its own frames in open interchange.
@@ -249,14 +261,13 @@ void AddVideoStream(const ImportState& state, const FileUse& use, const FrameFor
 
 MediaSources MakeFileSources(const ImportState& state, const FileUse& use)
 {
-    const Ticks frameTicks = FrameTicksOf(state, use);
     const FrameFormat frame = FrameOfFile(use.element, use.file, use.characteristics);
     if (use.file.IsBarsAndTone() || use.file.IsGraphic())
         return MakeSyntheticSources(
             state.document, use.file.IsGraphic() ? MediaKind::Graphic : MediaKind::BarsAndTone,
-            // generated video runs on without a rate too
-            frameTicks != 0 ? frameTicks : kNtscFrameTicks, frame);
+            GeneratedTicksOf(state, use), frame);
 
+    const Ticks frameTicks = FrameTicksOf(state, use);
     MediaSources sources;
     const ConstHandle media = use.file.GetChild("media");
     if (frameTicks == 0 || !media)
