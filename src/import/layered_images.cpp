@@ -87,6 +87,13 @@ std::vector<Layer> MakeLayers(const ImportState& state, const FileUse& use)
     return layers;
 }
 
+// To the letter all items have the name of the clip, and only their masters that of a layer.
+void NameItem(const ImportState& state, const Layer& layer, ObjectHandle item)
+{
+    if (IsOpen(state))
+        item.SetProperty("Name", layer.name);
+}
+
 } // namespace
 
 void TranslateLayers(ImportState& state, const ClipItem& element, const FileUse& use,
@@ -102,7 +109,7 @@ void TranslateLayers(ImportState& state, const ClipItem& element, const FileUse&
                             .mediaId = state.files.IdOf(use.file),
                             .layer = layer.index},
                            master))
-            MakeClipProjectItem(state, element, master, parentItem).SetProperty("Name", layer.name);
+            NameItem(state, layer, MakeClipProjectItem(state, element, master, parentItem));
     }
 }
 
