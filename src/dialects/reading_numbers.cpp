@@ -1,5 +1,6 @@
 #include "dialects/reading_numbers.h"
 
+#include "core/numbers.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -57,15 +58,40 @@ void RestateValues(ObjectHandle node, ConstHandle parameter)
         Restate(value, parameter);
 }
 
+// Of a `value`. Sizes and points have none of these.
+void LimitChannels(ObjectHandle value)
+{
+    for (const Name key : {Name("red"), Name("green"), Name("blue"), Name("alpha")}) {
+        const int channel = IntProperty(value, key);
+        if (const int limited = std::clamp(channel, 0, 255); limited != channel)
+            value.SetProperty(key, IntToString(limited));
+    }
+}
+
+// Calls `restate` with each parameter of an effect, and with each of its keyframes.
+template <class Function>
+void ForEachHolder(const EffectPart& part, const Function& restate)
+{
+    for (const ObjectHandle& parameter : part.effect.GetChildren("parameter")) {
+        restate(parameter, parameter);
+        for (const ObjectHandle& keyframe : parameter.GetChildren("keyframe"))
+            restate(keyframe, parameter);
+    }
+}
+
 } // namespace
 
 void ReadDecimalCommas(DialectPass&, const EffectPart& part)
 {
-    for (const ObjectHandle& parameter : part.effect.GetChildren("parameter")) {
-        RestateValues(parameter, parameter);
-        for (const ObjectHandle& keyframe : parameter.GetChildren("keyframe"))
-            RestateValues(keyframe, parameter);
-    }
+    ForEachHolder(part, RestateValues);
+}
+
+void LimitColors(DialectPass&, const EffectPart& part)
+{
+    ForEachHolder(part, [](const ObjectHandle& holder, ConstHandle) {
+        for (const ObjectHandle& value : holder.GetChildren("value"))
+            LimitChannels(value);
+    });
 }
 
 } // namespace XPJ

@@ -198,6 +198,10 @@ constexpr DialectRule kReadingRules[] = {
      .seen = "effects written under a locale: a value of 0,5",
      .does = "Read as 0.5, in parameters that are numbers.",
      .applyToEffect = ReadDecimalCommas},
+    {.name = "channels of colors",
+     .seen = "damaged mattes and titles: a channel beyond 0 to 255",
+     .does = "It is 0 or 255.",
+     .applyToEffect = LimitColors},
     // Times, audio and effects
     {.name = "gain in decibels",
      .seen = "the Gain filter",

@@ -55,9 +55,11 @@ ObjectHandle MakeEffect(Document& document, std::string_view name, const XmemlEf
     return effect;
 }
 
+// What a channel has beyond its byte goes into the next.
 std::uint32_t BlueGreenRed(const Color& color)
 {
-    return static_cast<std::uint32_t>(color.blue << 16 | color.green << 8 | color.red);
+    return static_cast<std::uint32_t>(color.blue) << 16 |
+           static_cast<std::uint32_t>(color.green) << 8 | static_cast<std::uint32_t>(color.red);
 }
 
 GVE::Alignment AlignmentOf(Alignment alignment)

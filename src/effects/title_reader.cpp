@@ -225,8 +225,6 @@ Color ReadColor(ConstHandle parameter, const Color& missing)
     Color color = ColorValue(holder);
     if (!HasValue(value, "alpha"))
         color.alpha = missing.alpha;
-    for (int* const channel : {&color.red, &color.green, &color.blue, &color.alpha})
-        *channel = std::clamp(*channel, 0, 255);
     return color;
 }
 

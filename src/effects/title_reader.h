@@ -38,7 +38,7 @@ struct TitleFont {
     int size = 36; // for a frame of 480 lines; above 0
     FontStyle style = FontStyle::Regular;
     Alignment alignment = Alignment::Center;
-    Color color = {255, 255, 255, 255}; // channels of 0 to 255
+    Color color = {255, 255, 255, 255};
 };
 
 // Lines in one font; at least one line. They are escaped as the document holds them.

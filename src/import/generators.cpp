@@ -13,7 +13,6 @@
 #include "project/synthetic_media.h"
 #include "tree/blob.h"
 
-#include <algorithm>
 #include <optional>
 
 namespace XPJ {
@@ -41,11 +40,6 @@ const ColorEffect* ColorEffectOf(ConstHandle item)
     return nullptr;
 }
 
-std::uint8_t ChannelOf(ConstHandle value, Name key)
-{
-    return static_cast<std::uint8_t>(std::clamp(IntProperty(value, key), 0, 255));
-}
-
 std::optional<MatteColor> ReadMatteColor(ConstHandle item, const ColorEffect& effect)
 {
     const ConstHandle parameter = FindPath(item, {"effect", "parameter"});
@@ -55,8 +49,10 @@ std::optional<MatteColor> ReadMatteColor(ConstHandle item, const ColorEffect& ef
     for (const Name key : {Name("alpha"), Name("red"), Name("green"), Name("blue")})
         if (!HasValue(value, key))
             return std::nullopt;
-    return MatteColor{ChannelOf(value, "red"), ChannelOf(value, "green"), ChannelOf(value, "blue"),
-                      ChannelOf(value, "alpha")};
+    return MatteColor{.red = IntProperty(value, "red"),
+                      .green = IntProperty(value, "green"),
+                      .blue = IntProperty(value, "blue"),
+                      .alpha = IntProperty(value, "alpha")};
 }
 
 Ticks FrameTicksOf(ConstHandle item)

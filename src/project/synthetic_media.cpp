@@ -3,6 +3,7 @@
 #include "core/channel_types.h"
 #include "tree/blob.h"
 
+#include <cstdint>
 #include <string>
 
 namespace XPJ {
@@ -70,9 +71,12 @@ MediaSources MakeSyntheticSources(Document& document, MediaKind kind, Ticks fram
 
 void SetMatteColor(const MatteColor& color, ObjectHandle media)
 {
+    std::uint32_t packed = 0;
+    for (const int channel : {color.alpha, color.blue, color.green, color.red})
+        packed = packed << 8 | static_cast<std::uint32_t>(channel);
     std::string bytes;
-    for (const std::uint8_t channel : {color.red, color.green, color.blue, color.alpha})
-        bytes += static_cast<char>(channel);
+    for (int shift = 0; shift < 32; shift += 8)
+        bytes += static_cast<char>(packed >> shift & 0xFF);
     bytes.append("\1\0\0\0", 4);
     SetEncodedBlob(media, "ImporterPrefs", "ImporterPrefsChecksum", bytes);
 }

@@ -5,8 +5,6 @@
 #include "project/media.h"
 #include "project/media_kinds.h"
 
-#include <cstdint>
-
 namespace XPJ {
 
 // Media and sources of a kind that the host generates, other than a title; bars and tone have audio
@@ -15,12 +13,13 @@ namespace XPJ {
 MediaSources MakeSyntheticSources(Document& document, MediaKind kind, Ticks frameTicks,
                                   const FrameFormat& frame);
 
-// Stores the color of a matte, channels of 0 to 255, in its Media.
+// Stores the color of a matte in its Media. Channels are numbers of 0 to 255; what a larger one has
+// beyond its byte goes into the next.
 struct MatteColor {
-    std::uint8_t red = 0;
-    std::uint8_t green = 0;
-    std::uint8_t blue = 0;
-    std::uint8_t alpha = 0;
+    int red = 0;
+    int green = 0;
+    int blue = 0;
+    int alpha = 0;
 };
 void SetMatteColor(const MatteColor& color, ObjectHandle media);
 

@@ -142,6 +142,11 @@ TEST(GeneratorDialect, GivesTheSameGeneratorBack)
         {"Transparent Video", "", "Transparent Video 0-25\n"},
         {"Clouds", "", "Transparent Video 0-25\n"},
         {"Color", Parameter("fillcolor", Color(10, 20, 30)), "Color 0-25 fillcolor=255,10,20,30\n"},
+        {"Color", Parameter("fillcolor", Color(300, -20, 30)),
+         "Color 0-25 fillcolor=255,255,0,30\n"},
+        {"Crawl", Parameter("str", "Over") + Parameter("fontcolor", Color(256, 20, -1)),
+         "Crawl 0-25 str=Over fontname=Lucida Grande fontsize=36 fontcolor=255,255,20,0"
+         " fontstyle=1 fontalign=2 origin=0,0\n"},
     };
     for (const GeneratorCase& row : cases)
         for (const int passes : {1, 3}) {
