@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <filesystem>
 #include <ostream>
 #include <thread>
 
@@ -75,13 +76,35 @@ bool RunToEnd(Operation& operation, const ProgressWatch& watch, StopRequest& sto
     return true;
 }
 
+const std::string& PathToRead(const ConversionRequest& request)
+{
+    return request.readFrom.empty() ? request.inputPath : request.readFrom;
+}
+
+const std::string& PathToWrite(const ConversionRequest& request)
+{
+    return request.writeTo.empty() ? request.outputPath : request.writeTo;
+}
+
+// Devices may be both.
+bool ReplacesInput(const ConversionRequest& request)
+{
+    std::error_code error;
+    return std::filesystem::is_regular_file(PathToRead(request), error) &&
+           std::filesystem::equivalent(PathToRead(request), PathToWrite(request), error);
+}
+
 } // namespace
 
 ConversionOutcome ConvertFiles(const ConversionRequest& request, const ProgressWatch& watch)
 {
     ConversionOutcome outcome;
+    if (ReplacesInput(request)) {
+        outcome.stop.reason = "input and output are the same file";
+        return outcome;
+    }
     StopRequest stop(watch);
-    OutputFile output(request.writeTo.empty() ? request.outputPath : request.writeTo, stop.Check());
+    OutputFile output(PathToWrite(request), stop.Check());
     if (output.WasStopped()) {
         outcome.result = kAborted;
         return outcome;

@@ -16,7 +16,7 @@ struct ProgressWatch {
 
 // The output file is there, and whole, only when the result is kSuccess; an older file of that name
 // stays otherwise. An output that can't be created doesn't stop the conversion: its issues are of
-// use all the same.
+// use all the same. One that is the input is refused.
 ConversionOutcome ConvertFiles(const ConversionRequest& request, const ProgressWatch& watch = {});
 
 // The input's name in the current directory, with the extension of the other format: cut at the

@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace XPJ {
 namespace {
@@ -148,6 +149,22 @@ TEST_F(Console, ALostOutputIsAFailure)
     EXPECT_EQ(ConvertFiles(ExportRequest(folder_.Path(), folder_ / "b.xml")).result,
               kInputCouldNotBeOpened);
     EXPECT_EQ(folder_.FileCount(), 2u);
+}
+
+TEST_F(Console, TheInputIsNeverReplaced)
+{
+    const std::string xml = folder_.Write("a.xml", kSmallXML);
+    const std::string project = folder_.Write("a.vlproj", kSmallProject);
+    const std::string link = folder_ / "link";
+    ASSERT_EQ(::symlink(xml.c_str(), link.c_str()), 0);
+    EXPECT_EQ(ConvertFile(ImportRequest(xml, xml), out_), kUnexpectedError);
+    EXPECT_EQ(ConvertFile(ImportRequest(xml, folder_ / "./a.xml"), out_), kUnexpectedError);
+    EXPECT_EQ(ConvertFile(ImportRequest(xml, link), out_), kUnexpectedError);
+    EXPECT_EQ(ConvertFile(ExportRequest(project, project), out_), kUnexpectedError);
+    EXPECT_EQ(TempFolder::Read(xml), kSmallXML);
+    EXPECT_EQ(TempFolder::Read(project), kSmallProject);
+    EXPECT_EQ(ConvertFiles(ImportRequest(xml, xml)).stop.reason,
+              "input and output are the same file");
 }
 
 TEST_F(Console, ALossHasAReason)
