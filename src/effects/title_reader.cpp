@@ -377,6 +377,11 @@ bool IsAlphaLost(ConstHandle parameter, bool isGraphic)
     return alpha < 255 && !(isGraphic && isFill && alpha <= 0);
 }
 
+bool IsColorChanged(ConstHandle parameter, bool isGraphic)
+{
+    return IsAlphaLost(parameter, isGraphic) || !AreBytes(ColorValue(ValueHolder(parameter)));
+}
+
 bool IsAnimated(ConstHandle parameter)
 {
     int keyframes = 0;
@@ -453,7 +458,7 @@ void RemarkOnTitle(const EffectContext& context, ConstHandle generator, bool isG
             RemarkOnLostParameter(context, effect, parameter);
         else if (IsReadOf(generator, id) && IsAnimated(parameter))
             context.AddRemark(RemarkKind::KeyframesLost, effect, ParameterName(parameter));
-        else if (IsReadOf(generator, id) && IsAlphaLost(parameter, isGraphic))
+        else if (IsReadOf(generator, id) && IsColorChanged(parameter, isGraphic))
             context.AddRemark(RemarkKind::ValueLimited, effect, ParameterName(parameter));
     }
 }

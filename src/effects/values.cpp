@@ -2,6 +2,8 @@
 
 #include "core/numbers.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace XPJ {
@@ -43,6 +45,12 @@ Color ColorValue(ConstHandle node)
     const ConstHandle value = node.GetChild("value");
     return {IntProperty(value, "red"), IntProperty(value, "green"), IntProperty(value, "blue"),
             IntProperty(value, "alpha")};
+}
+
+bool AreBytes(const Color& color)
+{
+    return std::ranges::all_of(std::array{color.red, color.green, color.blue, color.alpha},
+                               [](int channel) { return channel >= 0 && channel <= 255; });
 }
 
 Point StaticPoint(ConstHandle parameter)

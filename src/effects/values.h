@@ -47,6 +47,8 @@ std::string_view StaticValue(ConstHandle parameter, std::string_view missing);
 // Parts of the child `value`; a missing part is 0.
 Point PointValue(ConstHandle node);
 Color ColorValue(ConstHandle node);
+// Whether all channels are in 0 to 255; what stores them in a byte each changes others.
+bool AreBytes(const Color& color);
 // Like StaticValue; the center without any value.
 Point StaticPoint(ConstHandle parameter);
 

@@ -291,6 +291,8 @@ void RemarkOnGenerator(ImportState& state, ConstHandle item, const GeneratorResu
     for (const ConstHandle parameter : effect.GetChildren("parameter"))
         if (!color || parameter.GetProperty("parameterid") != color->parameterId)
             RemarkOnLostParameter(context, effect, parameter);
+        else if (!AreBytes(ColorValue(parameter)))
+            context.AddRemark(RemarkKind::ValueLimited, effect, ParameterName(parameter));
 }
 
 } // namespace XPJ
