@@ -250,6 +250,11 @@ void RemarkOnPan(const EffectContext& context, RemarkKind kind, ConstHandle owne
 
 namespace {
 
+bool IsKnown(std::string_view effectId)
+{
+    return FindAudioFilter(effectId) || effectId == kTimeRemap.xmeml.id;
+}
+
 // What the filters of an item become, in the order of the chain.
 std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemAudio& audio,
                                        ConstHandle item)
@@ -261,7 +266,7 @@ std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemA
         HasValue(item, "velaGain") ? FindAudioEffect(item, kAudioGain.xmeml.id) : ConstHandle();
     const ConstHandle pan = FindAudioEffect(item, kAudioPan.xmeml.id);
     RemarkOnFilters(context, item, IsNeutralAudioFilter);
-    ForEachEffect(item, [&](ConstHandle effect) {
+    const auto take = [&](ConstHandle effect) {
         if (effect == gain)
             return;
         if (effect != pan && AudioEffectId(effect) == kAudioPan.xmeml.id)
@@ -273,7 +278,13 @@ std::vector<ObjectHandle> ComponentsOf(const EffectContext& context, const ItemA
             volume = component;
         else
             components.push_back(component);
-    });
+    };
+    for (const ConstHandle filter : item.GetChildren("filter"))
+        if (const ConstHandle effect = ActiveEffect(filter)) {
+            take(effect);
+            if (IsKnown(AudioEffectId(effect)))
+                RemarkOnRange(context, item, filter, IsNeutralAudioFilter);
+        }
     components.front() = volume ? volume : MakeNeutralVolume(context, audio);
     components.front().SetPropertyShared("Intrinsic", "true");
     return components;

@@ -70,9 +70,9 @@ std::size_t CountKeyframes(ConstHandle parameter)
 
 // ---- Filters
 
-bool IsItem(Name ownerName)
+bool IsItem(ConstHandle owner)
 {
-    return ownerName == "clipitem" || ownerName == "generatoritem";
+    return owner.GetName() == "clipitem" || owner.GetName() == "generatoritem";
 }
 
 Frames FramesOf(ConstHandle node, Name key, Frames missing)
@@ -88,18 +88,6 @@ bool CoversItem(Frames start, Frames end, ConstHandle item)
     const bool isFromStart =
         start == 0 && (end >= SubtractTicks(out, in) || end >= FramesOf(item, "duration", out));
     return isFromStart || (start <= in && end >= out);
-}
-
-void RemarkOnRange(const EffectContext& context, ConstHandle item, ConstHandle filter)
-{
-    const Frames start = std::max<Frames>(FramesOf(filter, "start", -1), 0);
-    const Frames stated = FramesOf(filter, "end", -1);
-    const Frames end = stated < 0 ? std::numeric_limits<Frames>::max() : stated;
-    if (CoversItem(start, end, item))
-        return;
-    const std::string range =
-        IntToString(start) + " to " + (stated < 0 ? "the end" : IntToString(stated));
-    context.AddRemark(RemarkKind::FilterRange, filter.GetChild("effect"), range);
 }
 
 } // namespace
@@ -178,20 +166,32 @@ void RemarkOnKeyframes(const EffectContext& context, ConstHandle effect, ConstHa
 void RemarkOnFilters(const EffectContext& context, ConstHandle owner,
                      bool (*isNeutral)(ConstHandle effect))
 {
-    const bool isItem = IsItem(owner.GetName());
     for (const ConstHandle filter : owner.GetChildren("filter")) {
         const ConstHandle effect = filter.GetChild("effect");
         if (EffectName(effect).empty()) {
             if (effect.HasChild("parameter"))
                 context.AddRemark(RemarkKind::FilterUnnamed);
-        } else if (!ActiveEffect(filter)) {
-            if (!isNeutral(effect))
-                context.AddRemark(RemarkKind::EffectDisabledLost, effect);
-        } else if (isItem && (HasValue(filter, "start") || HasValue(filter, "end")) &&
-                   !isNeutral(effect)) {
-            RemarkOnRange(context, owner, filter);
+        } else if (!ActiveEffect(filter) && !isNeutral(effect)) {
+            context.AddRemark(RemarkKind::EffectDisabledLost, effect);
         }
     }
+}
+
+void RemarkOnRange(const EffectContext& context, ConstHandle owner, ConstHandle filter,
+                   bool (*isNeutral)(ConstHandle effect))
+{
+    const ConstHandle effect = filter.GetChild("effect");
+    const bool hasRange = HasValue(filter, "start") || HasValue(filter, "end");
+    if (!hasRange || !IsItem(owner) || isNeutral(effect))
+        return;
+    const Frames start = std::max<Frames>(FramesOf(filter, "start", -1), 0);
+    const Frames stated = FramesOf(filter, "end", -1);
+    const Frames end = stated < 0 ? std::numeric_limits<Frames>::max() : stated;
+    if (CoversItem(start, end, owner))
+        return;
+    const std::string range =
+        IntToString(start) + " to " + (stated < 0 ? "the end" : IntToString(stated));
+    context.AddRemark(RemarkKind::FilterRange, effect, range);
 }
 
 void RemarkOnSecond(const EffectContext& context, ConstHandle effect,

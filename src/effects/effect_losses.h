@@ -32,10 +32,14 @@ void RemarkOnLostParameter(const EffectContext& context, ConstHandle effect, Con
 // On what the keyframes of a carried parameter lose.
 void RemarkOnKeyframes(const EffectContext& context, ConstHandle effect, ConstHandle parameter);
 
-// On the filters of an item, a clip or a track that are off, that have no name, or that act on a
-// part of an item. `isNeutral` is true for an effect that changes nothing.
+// On the filters of an item, a clip or a track that are off or have no name. `isNeutral` is true
+// for an effect that changes nothing.
 void RemarkOnFilters(const EffectContext& context, ConstHandle owner,
                      bool (*isNeutral)(ConstHandle effect));
+
+// On a filter that was translated and acts on a part of its item. Clips and tracks have no parts.
+void RemarkOnRange(const EffectContext& context, ConstHandle owner, ConstHandle filter,
+                   bool (*isNeutral)(ConstHandle effect));
 
 // On an effect that is there more than once, unless it changes nothing.
 void RemarkOnSecond(const EffectContext& context, ConstHandle effect,

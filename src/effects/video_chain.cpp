@@ -161,10 +161,12 @@ bool TakeMasterEffect(const EffectContext& context, ConstHandle effect, Componen
 
 // Calls `take(effect)`; one that gives false is entered as not translated.
 template <typename Take>
-void TakeOne(const EffectContext& context, ConstHandle effect, const Take& take)
+bool TakeOne(const EffectContext& context, ConstHandle effect, const Take& take)
 {
-    if (!take(effect))
+    const bool isTranslated = take(effect);
+    if (!isTranslated)
         context.AddIssue(ImportIssue::EffectNotTranslated, effect, ConditionOf(effect));
+    return isTranslated;
 }
 
 // The same for each effect of a walk.
@@ -172,7 +174,10 @@ template <typename Take>
 void TakeEffects(const EffectContext& context, ConstHandle owner, const Take& take)
 {
     RemarkOnFilters(context, owner, IsNeutralFilter);
-    ForEachEffect(owner, [&](ConstHandle effect) { TakeOne(context, effect, take); });
+    for (const ConstHandle filter : owner.GetChildren("filter"))
+        if (const ConstHandle effect = ActiveEffect(filter);
+            effect && TakeOne(context, effect, take))
+            RemarkOnRange(context, owner, filter, IsNeutralFilter);
 }
 
 // An item may have a composite mode without an opacity filter.

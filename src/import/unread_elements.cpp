@@ -46,6 +46,12 @@ bool IsOnContinuation(Path path)
     return IsContinuationTrack(Around(path, {"track"}));
 }
 
+bool IsOnItem(Path path)
+{
+    const ConstHandle owner = Around(path, {"clipitem", "generatoritem", "track", "clip", "file"});
+    return owner.GetName() == "clipitem" || owner.GetName() == "generatoritem";
+}
+
 // A clip without audio, as generators are.
 bool IsSilentClip(Path path)
 {
@@ -107,6 +113,7 @@ constexpr std::string_view kOfFile = "the file states it as well, and that count
 constexpr std::string_view kOfClip = "the clip around it states it as well";
 constexpr std::string_view kOfEffect = "the id identifies the effect";
 constexpr std::string_view kAccounted = "the rules of effects account for parameters";
+constexpr std::string_view kOfEffectRange = "counts with the effect";
 constexpr std::string_view kBound = "the reference is bound";
 constexpr std::string_view kOfFirstTrack = "the first of the exploded tracks counts";
 constexpr std::string_view kPlainFade = "every audio fade is like this";
@@ -163,6 +170,8 @@ constexpr EmptyField kEmptyFields[] = {
     {"effect", "endratio", kPlainFade, IsPlainFade},
     {"effect", "reverse", kPlainFade, IsPlainFade},
     {"effect", "parameter", kAccounted},
+    {"filter", "start", kOfEffectRange, IsOnItem},
+    {"filter", "end", kOfEffectRange, IsOnItem},
     {"parameter", {}, kAccounted},
     {"keyframe", {}, kAccounted},
     {"inbez", {}, kAccounted},
