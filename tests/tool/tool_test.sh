@@ -508,11 +508,16 @@ inspect() {
     expect_text out 'it blurs all channels'
     local arguments
     for arguments in '--inspect' '--inspect one.xml two.xml' '--inspect --compare one.xml one.xml' \
-        '--compare one.xml' '--json one.xml' '--list-effects one.xml'; do
+        '--compare one.xml' '--json one.xml' '--list-effects one.xml' \
+        '--inspect --sequence Cut one.xml' '--inspect=summary --json one.xml' \
+        '--list-media --from xmeml one.xml' '--list-sequences --relink . one.xml' \
+        '--compare --fail-on any one.xml one.xml' '--list-effects -q'; do
         # shellcheck disable=SC2086
         expect_status 64 $arguments
         [ -s err ] || fail "nothing is said about '$arguments'"
     done
+    expect_status 64 --inspect --strict --map-path a=b one.xml
+    expect_text err '--inspect excludes --map-path'
     "$tool" --inspect one.xml >/dev/full 2>err
     [ $? -eq 6 ] || fail 'lost output is no success'
 }

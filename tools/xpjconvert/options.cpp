@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <initializer_list>
 #include <memory>
 #include <system_error>
 #include <utility>
@@ -372,20 +373,27 @@ void AddPrintingOptions(CLI::App& app, CommandLine& line)
     app.add_flag("--json", line.options.json, "Of what is printed: JSON")->group(kGroup);
 }
 
-// How many documents a mode takes.
+// How many documents a mode takes, and the options that count in it, beside its own.
 struct ModeRow {
     ToolMode mode;
     std::string_view option;
     std::size_t documents;
-    bool takesJson;
+    std::initializer_list<std::string_view> uses;
 };
-constexpr ModeRow kModes[] = {
-    {ToolMode::Inspect, "--inspect", 1, true},
-    {ToolMode::Summary, "--inspect=summary", 1, false},
-    {ToolMode::ListSequences, "--list-sequences", 1, true},
-    {ToolMode::ListMedia, "--list-media", 1, true},
-    {ToolMode::Compare, "--compare", 2, true},
-    {ToolMode::ListEffects, "--list-effects", 0, false},
+const ModeRow kModes[] = {
+    {ToolMode::Inspect, "--inspect", 1, {"--strict", "--seed", "--json"}},
+    {ToolMode::Summary, "--inspect=summary", 1, {"--strict", "--seed"}},
+    {ToolMode::ListSequences, "--list-sequences", 1, {"--strict", "--seed", "--json"}},
+    {ToolMode::ListMedia,
+     "--list-media",
+     1,
+     {"--strict", "--seed", "--json", "--map-path", "--map-file", "--relink"}},
+    {ToolMode::Compare,
+     "--compare",
+     2,
+     {"--strict", "--seed", "--json", "--map-path", "--map-file", "--relink", "--report",
+      "--ignore"}},
+    {ToolMode::ListEffects, "--list-effects", 0, {"--seed"}},
 };
 
 const ModeRow& RowOf(ToolMode mode)
@@ -413,17 +421,20 @@ ToolMode ModeOf(const CommandLine& line)
 }
 
 // Rules for more than one option.
-void CheckPrintingMode(const CommandLine& line, ToolMode mode)
+void CheckPrintingMode(const CLI::App& app, const CommandLine& line, ToolMode mode)
 {
     const ModeRow& row = RowOf(mode);
     if (line.documents.size() < row.documents)
         throw CLI::RequiredError(row.documents == 2 ? "A second document" : "INPUT");
     if (line.documents.size() > row.documents)
         throw CLI::ExtrasError({line.documents.back()});
-    if (!line.output.empty())
-        throw CLI::ExcludesError(std::string(row.option), "--output");
-    if (line.options.json && !row.takesJson)
-        throw CLI::ExcludesError(std::string(row.option), "--json");
+    for (const CLI::Option* const option : app.get_options()) {
+        const std::string name = option->get_name();
+        const bool isUsed = option->get_positional() || row.option.starts_with(name) ||
+                            std::ranges::find(row.uses, name) != row.uses.end();
+        if (option->count() > 0 && !isUsed)
+            throw CLI::ExcludesError(std::string(row.option), name);
+    }
 }
 
 // Nothing is translated for it: there is no account, and nothing to choose.
@@ -488,14 +499,14 @@ std::shared_ptr<MediaPaths> MediaPathsOf(const CommandLine& line)
     return std::make_shared<MediaPaths>(std::move(map), line.mediaFolders);
 }
 
-void Complete(const CommandLine& line, ToolOptions& options)
+void Complete(const CLI::App& app, const CommandLine& line, ToolOptions& options)
 {
     options = line.options;
     options.mode = ModeOf(line);
     if (options.mode == ToolMode::Convert)
         CheckConversion(line);
     else
-        CheckPrintingMode(line, options.mode);
+        CheckPrintingMode(app, line, options.mode);
     if (!line.ignored.empty() && options.mode != ToolMode::Compare)
         throw CLI::RequiresError("--ignore", "--compare");
     SetDocuments(line, options);
@@ -543,7 +554,7 @@ std::optional<int> ParseOptions(int argc, const char* const* argv, ToolOptions& 
         std::vector<std::string> arguments = ArgumentsWithJobs(argc, argv);
         std::ranges::reverse(arguments); // as the parser takes them
         app.parse(std::move(arguments));
-        Complete(line, options);
+        Complete(app, line, options);
     } catch (const CLI::ParseError& end) {
         return app.exit(end) == 0 ? 0 : kWrongUsage;
     }
