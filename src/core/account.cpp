@@ -9,7 +9,7 @@ namespace XPJ {
 
 std::string FrameSpan::Timecode(std::int64_t frame) const
 {
-    return FormatTimecode(AddTicks(first, frame), base, drop);
+    return ClockTimecode(AddTicks(first, frame), base, drop);
 }
 
 TranslationIssue IssueAt(const ItemLocation& location)

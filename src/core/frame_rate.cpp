@@ -34,6 +34,25 @@ std::uint64_t DroppedNumbers(std::uint64_t base)
     return base == 30 ? 2 : base == 60 ? 4 : 0;
 }
 
+struct MinuteLengths {
+    std::uint64_t perSecond;
+    std::uint64_t dropped;    // numbers
+    std::uint64_t fullMinute; // each tenth
+    std::uint64_t minute;     // the others
+    std::uint64_t tenMinutes;
+};
+
+// The upper limit keeps the products in range; no rate counts finer than ticks.
+MinuteLengths MinutesOf(std::int64_t base, bool drop)
+{
+    const auto perSecond =
+        static_cast<std::uint64_t>(std::clamp<std::int64_t>(base, 1, kTicksPerSecond));
+    const std::uint64_t dropped = drop ? DroppedNumbers(perSecond) : 0;
+    const std::uint64_t fullMinute = perSecond * 60;
+    const std::uint64_t minute = fullMinute - dropped;
+    return {perSecond, dropped, fullMinute, minute, fullMinute + 9 * minute};
+}
+
 // With two digits at least.
 void AppendNumber(std::string& text, std::uint64_t number)
 {
@@ -78,14 +97,7 @@ TimecodeBase TimecodeBaseOf(Ticks frameTicks, int displayFormat)
 
 std::string FormatTimecode(std::int64_t frame, std::int64_t base, bool drop)
 {
-    // The upper limit keeps the products below in range; no rate counts finer than ticks.
-    const auto perSecond =
-        static_cast<std::uint64_t>(std::clamp<std::int64_t>(base, 1, kTicksPerSecond));
-    const std::uint64_t dropped = drop ? DroppedNumbers(perSecond) : 0;
-    const std::uint64_t fullMinute = perSecond * 60;
-    const std::uint64_t minute = fullMinute - dropped;
-    const std::uint64_t tenMinutes = fullMinute + 9 * minute;
-
+    const auto [perSecond, dropped, fullMinute, minute, tenMinutes] = MinutesOf(base, drop);
     const auto bits = static_cast<std::uint64_t>(frame);
     std::uint64_t rest = frame < 0 ? 0 - bits : bits;
     const std::uint64_t hours = rest / (6 * tenMinutes);
@@ -105,6 +117,13 @@ std::string FormatTimecode(std::int64_t frame, std::int64_t base, bool drop)
         AppendNumber(text, number);
     }
     return text;
+}
+
+std::string ClockTimecode(std::int64_t frame, std::int64_t base, bool drop)
+{
+    constexpr std::uint64_t kTensOfADay = std::uint64_t{24} * 6;
+    const auto day = static_cast<std::int64_t>(kTensOfADay * MinutesOf(base, drop).tenMinutes);
+    return FormatTimecode(frame % day, base, drop);
 }
 
 std::optional<std::int64_t> ParseTimecode(std::string_view text, std::int64_t base, bool drop)

@@ -42,6 +42,10 @@ TimecodeBase TimecodeBaseOf(Ticks frameTicks, int displayFormat);
 //   FormatTimecode(1800, 30, true) == "00;01;00;02"
 std::string FormatTimecode(std::int64_t frame, std::int64_t base, bool drop);
 
+// The same of a time of day, which begins anew after 24 hours.
+//   ClockTimecode(2160001, 25, false) == "00:00:00:01"
+std::string ClockTimecode(std::int64_t frame, std::int64_t base, bool drop);
+
 // The frame of such a text, with any of ":;." between its four numbers and blanks around it;
 // nothing for other text, a base below 1 or numbers that no clock shows.
 //   ParseTimecode("00:01:00;02", 30, true) == 1800

@@ -170,7 +170,7 @@ Difference WholeSequence(Change change, const Project& project, std::size_t inde
     Difference difference{.change = change,
                           .sequence = sequence.name,
                           .name = sequence.name,
-                          .timecode = sequence.format.Timecode(sequence.start)};
+                          .timecode = sequence.format.Clock(sequence.start)};
     (change == Change::Added ? difference.second : difference.first).sequence = index;
     return difference;
 }

@@ -60,7 +60,7 @@ void DifferenceList::Add(const ComparedSubject& subject, Change change,
     }
     if (format) {
         difference.frame = format->Frames(subject.time);
-        difference.timecode = format->Timecode(AddTicks(first, subject.time));
+        difference.timecode = format->Clock(AddTicks(first, subject.time));
     }
     differences_.push_back(std::move(difference));
 }

@@ -21,6 +21,11 @@ std::int64_t NumbersPerSecond(Ticks frameTicks)
     return TimecodeBaseOf(frameTicks, 0).base;
 }
 
+std::string WithRest(std::string timecode, Ticks rest)
+{
+    return rest == 0 ? timecode : fmt::format("{}{:+}t", timecode, rest);
+}
+
 // A document has its length in whole frames.
 bool HasLengthOfSlug(const Item& item, const TimecodeFormat& format)
 {
@@ -44,9 +49,12 @@ const Item* OnlyItemOf(const Sequence& sequence)
 
 std::string TimecodeFormat::Timecode(Ticks time) const
 {
-    const std::string text = FormatTimecode(time / ticks, NumbersPerSecond(ticks), drop);
-    const Ticks rest = time % ticks;
-    return rest == 0 ? text : fmt::format("{}{:+}t", text, rest);
+    return WithRest(FormatTimecode(time / ticks, NumbersPerSecond(ticks), drop), time % ticks);
+}
+
+std::string TimecodeFormat::Clock(Ticks time) const
+{
+    return WithRest(ClockTimecode(time / ticks, NumbersPerSecond(ticks), drop), time % ticks);
 }
 
 std::string_view Marker::PlainComment() const

@@ -27,6 +27,8 @@ struct TimecodeFormat {
     std::int64_t Frames(Ticks time) const { return time / ticks; }
     // "01:00:00:00"; a time between two frames has the rest added, "01:00:00:00+40t".
     std::string Timecode(Ticks time) const;
+    // The same of a time of day, which begins anew after 24 hours.
+    std::string Clock(Ticks time) const;
 
     friend bool operator==(const TimecodeFormat&, const TimecodeFormat&) = default;
 };

@@ -3,6 +3,7 @@
 #include "core/json.h"
 
 #include <cstdint>
+#include <utility>
 
 #include <nlohmann/json.hpp>
 
@@ -17,12 +18,20 @@ std::string Dump(const Json& json)
     return JsonText(json, 2) + '\n';
 }
 
-// `at` is the timecode of the first frame of what the time counts from.
-Json TimeJson(const TimecodeFormat& format, Ticks time, Ticks at)
+Json TimeJson(const TimecodeFormat& format, Ticks time, std::string timecode)
 {
-    return {{"frame", format.Frames(time)},
-            {"timecode", format.Timecode(AddTicks(at, time))},
-            {"ticks", time}};
+    return {{"frame", format.Frames(time)}, {"timecode", std::move(timecode)}, {"ticks", time}};
+}
+
+// `first` is the timecode of the first frame of what the time counts from.
+Json PointJson(const TimecodeFormat& format, Ticks time, Ticks first)
+{
+    return TimeJson(format, time, format.Clock(AddTicks(first, time)));
+}
+
+Json LengthJson(const TimecodeFormat& format, Ticks length)
+{
+    return TimeJson(format, length, format.Timecode(length));
 }
 
 Json KeyframesJson(const std::vector<Keyframe>& keyframes)
@@ -51,8 +60,8 @@ Json MarkersJson(const std::vector<Marker>& markers, const TimecodeFormat& forma
     for (const Marker& marker : markers)
         list.push_back({{"name", marker.name},
                         {"comment", marker.comment},
-                        {"start", TimeJson(format, marker.start, at)},
-                        {"duration", TimeJson(format, marker.duration, 0)}});
+                        {"start", PointJson(format, marker.start, at)},
+                        {"duration", LengthJson(format, marker.duration)}});
     return list;
 }
 
@@ -127,7 +136,7 @@ private:
     {
         Json json{{"name", file.name},
                   {"path", file.path},
-                  {"start", TimeJson(file.format, file.start, 0)}};
+                  {"start", PointJson(file.format, file.start, 0)}};
         if (isOnline_ && !file.path.empty())
             json["offline"] = !isOnline_(file.path);
         return json;
@@ -160,8 +169,8 @@ private:
         return {{"name", sequence.name},
                 {"frameTicks", sequence.format.ticks},
                 {"dropFrame", sequence.format.drop},
-                {"start", TimeJson(sequence.format, sequence.start, 0)},
-                {"length", TimeJson(sequence.format, sequence.Length(), 0)},
+                {"start", PointJson(sequence.format, sequence.start, 0)},
+                {"length", LengthJson(sequence.format, sequence.Length())},
                 {"width", sequence.width},
                 {"height", sequence.height},
                 {"markers", MarkersJson(sequence.markers, sequence.format, sequence.start)},
@@ -178,8 +187,8 @@ private:
         for (const Transition& transition : track.transitions)
             transitions.push_back(
                 {{"name", transition.name},
-                 {"start", TimeJson(sequence.format, transition.start, sequence.start)},
-                 {"end", TimeJson(sequence.format, transition.end, sequence.start)},
+                 {"start", PointJson(sequence.format, transition.start, sequence.start)},
+                 {"end", PointJson(sequence.format, transition.end, sequence.start)},
                  {"alignment", transition.alignment},
                  {"parameters", ParametersJson(transition.parameters)}});
         return {{"track", TrackText(track)}, {"name", track.name},
@@ -197,10 +206,10 @@ private:
                                {"enabled", effect.enabled},
                                {"parameters", ParametersJson(effect.parameters)}});
         return {{"name", item.name},
-                {"start", TimeJson(sequence.format, item.start, sequence.start)},
-                {"end", TimeJson(sequence.format, item.end, sequence.start)},
-                {"in", TimeJson(item.sourceFormat, item.in, first)},
-                {"out", TimeJson(item.sourceFormat, item.out, first)},
+                {"start", PointJson(sequence.format, item.start, sequence.start)},
+                {"end", PointJson(sequence.format, item.end, sequence.start)},
+                {"in", PointJson(item.sourceFormat, item.in, first)},
+                {"out", PointJson(item.sourceFormat, item.out, first)},
                 {"speed", item.speed},
                 {"reverse", item.reverse},
                 {"frameBlending", item.frameBlending},

@@ -85,7 +85,7 @@ private:
              Labelled("", size),
              NumberText(static_cast<double>(kTicksPerSecond) /
                         static_cast<double>(sequence.format.ticks)),
-             sequence.format.drop ? " drop" : "", sequence.format.Timecode(sequence.start),
+             sequence.format.drop ? " drop" : "", sequence.format.Clock(sequence.start),
              sequence.format.Timecode(sequence.Length()),
              sequence.format.Frames(sequence.Length()));
         WriteMarkers(1, sequence.markers, sequence.format, sequence.start);
@@ -111,8 +111,8 @@ private:
 
     std::string RangeText(const Sequence& sequence, Ticks from, Ticks to) const
     {
-        return fmt::format("{} - {}", sequence.format.Timecode(AddTicks(sequence.start, from)),
-                           sequence.format.Timecode(AddTicks(sequence.start, to)));
+        return fmt::format("{} - {}", sequence.format.Clock(AddTicks(sequence.start, from)),
+                           sequence.format.Clock(AddTicks(sequence.start, to)));
     }
 
     void WriteTransition(const Sequence& sequence, const Transition& transition)
@@ -157,8 +157,8 @@ private:
         std::string text(SourceText(item.source));
         if (!item.sourceName.empty())
             text += ' ' + Quoted(item.sourceName);
-        text += fmt::format(" {} - {}", item.sourceFormat.Timecode(AddTicks(start, item.in)),
-                            item.sourceFormat.Timecode(AddTicks(start, item.out)));
+        text += fmt::format(" {} - {}", item.sourceFormat.Clock(AddTicks(start, item.in)),
+                            item.sourceFormat.Clock(AddTicks(start, item.out)));
         return item.channel > 0 ? fmt::format("{}, channel {}", text, item.channel) : text;
     }
 
@@ -183,9 +183,8 @@ private:
         for (const Marker& marker : markers) {
             const Ticks from = AddTicks(start, marker.start);
             const std::string length =
-                marker.duration == 0 ? ""
-                                     : " - " + format.Timecode(AddTicks(from, marker.duration));
-            Line(depth, "marker {}{} {}{}", format.Timecode(from), length, Quoted(marker.name),
+                marker.duration == 0 ? "" : " - " + format.Clock(AddTicks(from, marker.duration));
+            Line(depth, "marker {}{} {}{}", format.Clock(from), length, Quoted(marker.name),
                  Labelled("", marker.comment));
         }
     }
@@ -205,7 +204,7 @@ private:
             if (++count > kMost)
                 return fmt::format("{} and {} more", text, group.size() - 1 - kMost);
             text += fmt::format("{}{} at {}", text.empty() ? "" : ", ", TrackText(track),
-                                sequence.format.Timecode(AddTicks(sequence.start, other.start)));
+                                sequence.format.Clock(AddTicks(sequence.start, other.start)));
         }
         return text;
     }

@@ -66,5 +66,24 @@ TEST(FrameRate, TimecodeText)
             << row[0] << " at " << row[1];
 }
 
+TEST(FrameRate, DaysBeginAnewAfterMidnight)
+{
+    const struct {
+        std::int64_t frame;
+        std::int64_t base;
+        bool drop;
+        const char* text;
+    } rows[] = {
+        {24 * 90000 - 1, 25, false, "23:59:59:24"},
+        {24 * 90000, 25, false, "00:00:00:00"},
+        {25 * 90000 + 7, 25, false, "01:00:00:07"},
+        {24 * 107892, 30, true, "00;00;00;00"}, // 30 numbers a second but for two a minute
+        {24 * 107892 - 1, 30, true, "23;59;59;29"},
+        {-25, 25, false, "-00:00:01:00"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(ClockTimecode(row.frame, row.base, row.drop), row.text) << row.frame;
+}
+
 } // namespace
 } // namespace XPJ

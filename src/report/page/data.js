@@ -199,11 +199,11 @@ function frameOfNumber(view, number) {
     return next - skipped - view.start;
 }
 
-// "01:00:04:00"
+// "01:00:04:00"; the day begins anew after 24 hours.
 function timecode(view, frame) {
     const number = numberOfFrame(view, frame);
     const seconds = Math.floor(Math.abs(number) / view.base);
-    const parts = [Math.floor(seconds / 3600), Math.floor(seconds / 60) % 60, seconds % 60,
+    const parts = [Math.floor(seconds / 3600) % 24, Math.floor(seconds / 60) % 60, seconds % 60,
         Math.abs(number) % view.base];
     const mark = droppedNumbers(view) > 0 ? ';' : ':';
     const text = parts.map((part) => String(part).padStart(2, '0')).join(mark);
