@@ -173,6 +173,7 @@ private:
         differences_.CompareTexts(subject, Property::Name, a.name, b.name);
         ComparePoints(subject, a, b);
         CompareSpeed(subject, a, b);
+        CompareHeldFrames(subject, a, b);
         differences_.CompareSwitches(subject, Property::Enabled, a.enabled, b.enabled);
         differences_.CompareTexts(subject, Property::Label, a.label, b.label);
         if (a.channel > 0 && b.channel > 0)
@@ -221,6 +222,22 @@ private:
                                      b.frameBlending);
         CompareKeyframes(subject, Property::Speed, a.sourceFormat, a.speedKeyframes,
                          b.speedKeyframes, differences_);
+    }
+
+    // A document has the frame that is nearest to the point of a project.
+    void CompareHeldFrames(const ComparedSubject& subject, const Item& a, const Item& b)
+    {
+        const bool isOfOneFamily = sequences_.AreOfOneFamily();
+        const TimecodeFormat& format =
+            sequences_.rightProject.family == Family::Xmeml ? b.sourceFormat : a.sourceFormat;
+        const auto heldText = [&](const Item& item) {
+            if (!item.held)
+                return std::string("none");
+            const std::int64_t nearest = NearestFrame(*item.held, format.ticks);
+            return TimeText(format,
+                            isOfOneFamily ? *item.held : MultiplyTicks(nearest, format.ticks));
+        };
+        differences_.CompareTexts(subject, Property::HeldFrame, heldText(a), heldText(b));
     }
 
     void CompareSources(const ComparedSubject& subject, const Item& a, const Item& b)

@@ -29,6 +29,7 @@ constexpr std::string_view kPropertyTexts[] = {
     "out",
     "speed",
     "frame blending",
+    "held frame",
     "source channel",
     "composite mode",
     "source",

@@ -33,6 +33,7 @@ enum class Property {
     Out,
     Speed,
     FrameBlending,
+    HeldFrame,
     SourceChannel,
     CompositeMode,
     Source,

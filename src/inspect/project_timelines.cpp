@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <tuple>
 #include <unordered_map>
 #include <utility>
@@ -96,6 +97,15 @@ double SpeedOf(ConstHandle core)
 {
     const double speed = std::abs(DoubleProperty(core, "PlaybackSpeed"));
     return std::isfinite(speed) && speed != 0.0 ? speed : 1.0;
+}
+
+// A hold without a point of its own holds the first frame.
+std::optional<Ticks> HeldPointOf(ConstHandle clip)
+{
+    if (IntProperty(clip, "FrameHold") == 0)
+        return std::nullopt;
+    const Ticks stated = Int64Property(clip, "FrameHoldStart");
+    return stated < 0 ? Int64Property(clip, "InPoint") : stated;
 }
 
 // Generated media have four characters, as a number, instead of a path.
@@ -291,6 +301,7 @@ private:
                 std::clamp<std::int64_t>(Int64Property(clip, "SecondaryIndex"), 0, 65535) + 1);
         SetSource(clip, MasterOfSubClip(subClip), item);
         if (kind == MediaType::Video) {
+            item.held = HeldPointOf(clip);
             item.compositeMode = ReadProjectCompositeMode(node);
             item.title = TitleOf(node, clip);
         }

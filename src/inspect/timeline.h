@@ -109,6 +109,7 @@ struct Item {
     double speed = 1.0; // above 0
     bool reverse = false;
     bool frameBlending = false;
+    std::optional<Ticks> held = {};            // the point in the source that it shows throughout
     std::vector<Keyframe> speedKeyframes = {}; // of a variable speed: time in the source, as ticks
     bool enabled = true;
     int channel = 0; // of the source, from 1; 0: not stated, and for video

@@ -213,6 +213,7 @@ private:
                 {"speed", item.speed},
                 {"reverse", item.reverse},
                 {"frameBlending", item.frameBlending},
+                {"held", item.held ? PointJson(item.sourceFormat, *item.held, first) : Json()},
                 {"speedKeyframes", KeyframesJson(item.speedKeyframes)},
                 {"enabled", item.enabled},
                 {"label", item.label},

@@ -135,6 +135,9 @@ private:
             Line(3, "speed {}%{}{}{}", NumberText(item.speed * 100),
                  item.reverse ? " reversed" : "", item.frameBlending ? " frame blending" : "",
                  KeyframesText(item.speedKeyframes));
+        if (item.held)
+            Line(3, "holds {}",
+                 item.sourceFormat.Clock(AddTicks(MediaFileStart(item), *item.held)));
         if (!item.compositeMode.empty() && item.compositeMode != "normal")
             Line(3, "composite mode {}", item.compositeMode);
         for (const Effect& effect : item.effects)

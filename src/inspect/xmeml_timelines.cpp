@@ -112,6 +112,21 @@ bool IsDefined(ConstHandle entry)
     return entry.HasChildren() || HasValue(entry, "name");
 }
 
+// What an item holds, by its own `stillframeoffset` or that of the sequence around its file.
+std::optional<Ticks> HeldPointOf(ConstHandle item, const ItemRates& rates, Ticks unit)
+{
+    const auto pointOf = [](ConstHandle still, Ticks frameTicks) -> std::optional<Ticks> {
+        const Frames frame = Int64Property(still, "stillframeoffset");
+        if (!HasValue(still, "stillframeoffset") || frame < 0)
+            return std::nullopt;
+        return MultiplyTicks(frame, frameTicks);
+    };
+    if (const std::optional<Ticks> own = pointOf(item, rates.item))
+        return own;
+    const ConstHandle still = FindPath(item, {"sequence", "media", "video", "track", "clipitem"});
+    return pointOf(still, RatesOfItem(still, unit).item);
+}
+
 // An item with what is needed to find its links.
 struct ReadItem {
     Item item;
@@ -324,8 +339,10 @@ private:
         if (type == MediaType::Audio)
             item.channel = IntProperty(node.GetChild("sourcetrack"), "trackindex");
         SetSource(node, file, item);
-        if (type == MediaType::Video)
+        if (type == MediaType::Video) {
+            item.held = HeldPointOf(node, rates, unit);
             item.title = TitleOf(node, file);
+        }
         item.effects = ReadXmemlEffects(node, rates.item);
         item.markers = ReadMarkers(node, rates.item);
         return item;

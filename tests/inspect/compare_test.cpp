@@ -120,6 +120,11 @@ TEST(Compare, WhatEachFamilyStatesInItsOwnWay)
     };
     const std::string path = "<pathurl>file:///m/a.mov</pathurl>";
     const std::string clip = fileOf(path, "square");
+    const std::string still =
+        Replaced(Replaced(clip, "<file",
+                          "<sequence><media><video><track><clipitem>"
+                          "<stillframeoffset>12</stillframeoffset><file"),
+                 "</file>", "</file></clipitem></track></video></media></sequence>");
     const auto markerOf = [](const std::string& comment) {
         return "<marker><name>M</name><comment>" + comment +
                "</comment><in>5</in><out>-1</out>"
@@ -135,6 +140,7 @@ TEST(Compare, WhatEachFamilyStatesInItsOwnWay)
         std::string marker;
     } rows[] = {
         {"the same pixels", clip, ""},
+        {"a held frame", still, ""},
         {"pixels of another aspect", fileOf(path, "NTSC-601"), ""},
         {"a slug", generatorOf("Slug"), ""},
         {"a slug that is a file", fileOf("<mediaSource>Slug</mediaSource>", "square"), ""},
@@ -151,6 +157,12 @@ TEST(Compare, WhatEachFamilyStatesInItsOwnWay)
         EXPECT_EQ(DifferencesText(Compare(Timelines(project), Timelines(document))),
                   "No differences.\n");
     }
+    // The item of the document holds a frame, that of the project plays.
+    const std::vector<Difference> held = Compare(
+        Timelines(documentOf(still, "")), Timelines(ImportText(documentOf(clip, "")).project));
+    ASSERT_EQ(held.size(), 1U) << DifferencesText(held);
+    EXPECT_EQ(held[0].before, "12 (00:00:00:12)");
+    EXPECT_EQ(held[0].after, "none");
     // A chapter that becomes an ordinary marker differs.
     const std::vector<Difference> kinds =
         Compare(Timelines(documentOf(clip, markerOf(" &lt;CHAPTER one"))),
