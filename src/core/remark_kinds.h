@@ -36,6 +36,7 @@ enum class RemarkKind : std::uint8_t {
     // Of both directions
     ClipWithoutMedia,
     SequenceWithoutFormat,
+    SequenceInItself,
     DocumentCutOff,
     DialectAssumed,
     ElementUnread,

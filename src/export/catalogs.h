@@ -13,6 +13,7 @@
 #include <optional>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace XPJ::RVX {
 
@@ -97,12 +98,17 @@ public:
     std::string_view FindId(ConstHandle sequence) const;
     // Made on first demand.
     std::string_view IdOf(ExportContext& context, ConstHandle sequence);
+    // While a sequence is being written, what shows it is in it.
+    void Open(ConstHandle sequence) { open_.insert(sequence.UniqueId()); }
+    void Close(ConstHandle sequence) { open_.erase(sequence.UniqueId()); }
+    bool IsOpen(ConstHandle sequence) const { return open_.contains(sequence.UniqueId()); }
     // The frame of the sequence's video, read once.
     FrameSize FrameOf(ConstHandle sequence);
 
 private:
     std::unordered_map<std::uint64_t, std::string_view> ids_;
     std::unordered_map<std::uint64_t, FrameSize> frames_;
+    std::unordered_set<std::uint64_t> open_;
 };
 
 struct Catalogs {

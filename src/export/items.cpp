@@ -42,6 +42,12 @@ std::string_view WriteMediaFile(ExportContext& context, Catalogs& catalogs,
 ItemSource WriteSequence(ExportContext& context, SequenceCatalog& sequences,
                          const ItemRecord& record, ObjectHandle element)
 {
+    if (sequences.IsOpen(record.sequence)) {
+        AddRemark(context, record, RemarkKind::SequenceInItself,
+                  {.name = record.sequence.GetProperty("Name")});
+        if (context.options.settings.openInterchange)
+            return {};
+    }
     const bool isWritten = !sequences.FindId(record.sequence).empty();
     const std::string_view id = sequences.IdOf(context, record.sequence);
     if (isWritten) {

@@ -137,6 +137,7 @@ public:
         element_.AddChild(media_);
     }
 
+    ConstHandle Source() const { return sequence_.sequence; }
     ObjectHandle Element() const { return element_; }
 
     // Goes on to the next item, over tracks and groups; false at the end.
@@ -200,10 +201,15 @@ ObjectHandle TranslateSequence(ExportContext& context, Catalogs& catalogs,
                                const ShownSequence& shown, std::vector<ShownSequence>& postponed)
 {
     std::vector<OpenSequence> open; // each is shown by the one before it
-    open.emplace_back(context, catalogs, shown);
+    const auto begin = [&](const ShownSequence& sequence) {
+        catalogs.sequences.Open(sequence.sequence);
+        open.emplace_back(context, catalogs, sequence);
+    };
+    begin(shown);
     const ObjectHandle result = open.back().Element();
     while (!open.empty()) {
         if (!open.back().HasNextItem()) {
+            catalogs.sequences.Close(open.back().Source());
             open.pop_back();
             continue;
         }
@@ -211,7 +217,7 @@ ObjectHandle TranslateSequence(ExportContext& context, Catalogs& catalogs,
         if (!nested.shown.sequence)
             continue;
         if (open.size() < kMaxSequenceDepth) {
-            open.emplace_back(context, catalogs, nested.shown);
+            begin(nested.shown);
             nested.clipItem.AddChild(open.back().Element());
         } else {
             nested.clipItem.SetPropertyShared(

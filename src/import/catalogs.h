@@ -40,6 +40,10 @@ public:
     // True the first time: the translation of a `sequence` begins once.
     bool BeginElement(ConstHandle sequence) { return begunElements_.Insert(sequence); }
 
+    // Items that show a sequence which they are in, directly or through others.
+    void AddCircle(ConstHandle item) { circles_.Insert(item); }
+    bool ClosesCircle(ConstHandle item) const { return circles_.Contains(item); }
+
     // Gives a Sequence its `uid` and `ID`, which is returned; 0, and nothing happens, if it has
     // them.
     int Begin(ObjectHandle projectSequence);
@@ -59,6 +63,7 @@ private:
     std::unordered_map<std::uint64_t, ConstHandle> elements_; // by `uniqueId` of the Sequence
     NodeSet begunElements_;
     NodeSet begun_;
+    NodeSet circles_;
     int nextNumber_ = 1;
     std::unordered_map<int, ObjectHandle> byNumber_;
     std::vector<ObjectHandle> shown_;

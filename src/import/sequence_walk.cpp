@@ -173,8 +173,10 @@ void TranslateSequence(ImportState& state, ConstHandle sequence, ObjectHandle pa
 {
     std::vector<SequenceWalk> walks;
     const auto begin = [&](ConstHandle element) {
-        if (state.sequences.BeginElement(element))
+        const bool isNew = state.sequences.BeginElement(element);
+        if (isNew)
             walks.push_back(BeginWalk(state.options, element));
+        return isNew;
     };
     begin(sequence);
     while (!walks.empty()) {
@@ -188,7 +190,9 @@ void TranslateSequence(ImportState& state, ConstHandle sequence, ObjectHandle pa
         if (const ConstHandle nested = TranslateReference(state, walk, reference, parentItem)) {
             if (state.progress.IsCancelled())
                 return;
-            begin(nested);
+            // What has begun and isn't filled is on the stack.
+            if (!begin(nested))
+                state.sequences.AddCircle(*reference.item);
         }
     }
 }

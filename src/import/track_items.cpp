@@ -43,14 +43,22 @@ std::optional<ItemContext> ContextOf(const TrackContext& track, const ClipItem& 
         AddSkipped(state, element, location);
         return std::nullopt;
     }
-    return ItemContext{.track = track,
-                       .element = element,
-                       .shown = shown,
-                       .file = file,
-                       .rates = rates,
-                       .times = times,
-                       .speed = SpeedOfItem(element),
-                       .location = location};
+    if (state.sequences.ClosesCircle(element)) {
+        AddRemark(state.account, RemarkKind::SequenceInItself, location,
+                  {.name = shown.master.Sequence().GetProperty("Name")});
+        if (IsOpen(state))
+            return std::nullopt;
+    }
+    const ItemContext context{.track = track,
+                              .element = element,
+                              .shown = shown,
+                              .file = file,
+                              .rates = rates,
+                              .times = times,
+                              .speed = SpeedOfItem(element),
+                              .location = location};
+    RemarkOnTimes(context);
+    return context;
 }
 
 // The values that items of both types begin with.

@@ -160,6 +160,9 @@ TEST(Export, BinsAndSequencesAtTheirLimits)
             EXPECT_EQ(CountOf(exported.remarks, "sequence.too-deep"),
                       sequences > kSequences ? 1u : 0u)
                 << row;
+            EXPECT_EQ(CountOf(exported.remarks, "sequence.in-itself"),
+                      sequences > kSequences ? 0u : 1u)
+                << row;
             Document back;
             ObjectHandle read;
             EXPECT_EQ(ParseFCPXML(exported.xmeml, back, read), kReadDone) << row;

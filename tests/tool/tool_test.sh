@@ -542,6 +542,58 @@ compare() {
     expect_text err absent.xml
 }
 
+# Sequences in themselves: each mode ends, and the items that close the circles are named.
+circles() {
+    local mode document
+    {
+        printf '<xmeml version="5"><project><name>Circles</name><children>'
+        one_clip 100 | sed 's|</*xmeml[^>]*>||g; s|id="s"|id="egg"|; s|>Cut<|>Egg<|; s|</clipitem>|<sequence id="hen"/>&|'
+        one_clip 50 | sed 's|</*xmeml[^>]*>||g; s|id="s"|id="hen"|; s|>Cut<|>Hen<|; s|</clipitem>|<sequence id="egg"/>&|'
+        one_clip 25 | sed 's|</*xmeml[^>]*>||g; s|id="s"|id="own"|; s|>Cut<|>Own<|; s|</clipitem>|<sequence id="own"/>&|'
+        printf '</children></project></xmeml>\n'
+    } | sed 's|<media><video>|&<format><samplecharacteristics><width>720</width><height>576</height></samplecharacteristics></format>|g' >circles.xml
+    for mode in --verify --strict; do
+        expect_status 0 --quiet $mode --report r.json circles.xml circles.vlproj
+        expect_text out '2 skipped'
+        grep -o '"kind":"sequence.in-itself"[^}]*' r.json >found
+        expect_text found '"sequence":"Own","track":"V1","start":"00:00:01:00"'
+        expect_no_text r.json unexplained
+    done
+    # To the letter the project has the circles; other programs get clips without source.
+    expect_status 0 --quiet --verify --report r.json circles.vlproj back.xml
+    expect_text out '2 skipped'
+    expect_no_text r.json unexplained
+    expect_no_text back.xml '<sequenceid>'
+    for document in circles.xml circles.vlproj; do
+        for mode in --inspect '--inspect --json' --inspect=summary --list-sequences --list-media \
+            '--quiet --to otio -o circles.otio'; do
+            # shellcheck disable=SC2086
+            expect_status 0 $mode $document
+        done
+        expect_status 0 --compare $document circles.xml
+        expect_status 0 --quiet --sequence Egg --report r.json $document -o one
+        expect_text out '1 skipped'
+    done
+}
+
+# Of a project that counts in ticks: markers go to the nearest frame, what fills none is named.
+between_frames() {
+    one_clip 100 | sed 's|<media>|<marker><name>M</name><in>10</in><out>-1</out></marker>&|' >one.xml
+    expect_status 0 --quiet one.xml
+    sed 's|{"ticks":101606400000}|{"ticks":108606400000}|' one.vlproj >ticks.vlproj
+    expect_status 0 --quiet --verify --fail-on changed,lost ticks.vlproj back.xml
+    expect_text back.xml '<in>11</in>'
+    expect_status 0 --quiet --strict ticks.vlproj back.xml
+    expect_text back.xml '<in>10</in>'
+
+    sed 's|<Start>1016064000000<|<Start>1016065000000<|; s|<End>1524096000000<|<End>1020000000000<|' \
+        one.vlproj >ticks.vlproj
+    expect_status 0 --quiet --verify --report r.json ticks.vlproj back.xml
+    grep -o '"kind":"clip.too-short"[^}]*' r.json >found
+    expect_text found '"start":"00:00:04:00"'
+    expect_no_text r.json unexplained
+}
+
 # One sequence of a project; one that isn't there is an error.
 otio() {
     one_clip 100 >one.xml
