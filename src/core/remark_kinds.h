@@ -122,6 +122,7 @@ enum class RemarkKind : std::uint8_t {
     ChannelBeyondTrack,
     ClipSilent,
     EdgeRounded,
+    ClipTooShort,
     KeyframeRounded,
     ValueClamped,
     EffectRenamed,

@@ -98,6 +98,18 @@ void ReportEdge(ExportContext& context, const TrackContext& track, const ItemRec
     AddRemark(context, record, RemarkKind::EdgeRounded, {.detail = detail});
 }
 
+// Other programs skip what has no length.
+void ReportLength(ExportContext& context, const ItemRecord& record)
+{
+    const ItemTiming& timing = record.timing;
+    const bool statesEdges = !IsTransition(HeadTransitionOf(record.item)) &&
+                             !IsTransition(TailTransitionOf(record.item));
+    if (timing.openInterchange && statesEdges &&
+        DivTicks(record.Start(), timing.sequenceRate) >=
+            DivTicks(record.End(), timing.sequenceRate))
+        AddRemark(context, record, RemarkKind::ClipTooShort);
+}
+
 // Of a multiclip of which an angle is written.
 void ReportAngle(ExportContext& context, const TrackContext& track, const ItemRecord& record)
 {
@@ -161,6 +173,7 @@ void ReportItem(ExportContext& context, const TrackContext& track, const ItemRec
         return;
     ReportEdge(context, track, record, {"start", record.Start(), HeadTransitionOf(record.item)});
     ReportEdge(context, track, record, {"end", record.End(), TailTransitionOf(record.item)});
+    ReportLength(context, record);
     ReportLabel(context, record.clip, kClipLabel, record.location);
     if (record.angle.item)
         ReportAngle(context, track, record);

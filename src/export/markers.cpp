@@ -1,5 +1,6 @@
 #include "export/markers.h"
 
+#include "core/numbers.h"
 #include "core/text.h"
 #include "export/rates.h"
 #include "project/marker_record.h"
@@ -56,21 +57,29 @@ MarkerTimes TimesWithOffset(const MarkerRecord& record, const MarkerSource& sour
     return {in, AddTicks(AddTicks(in, source.endOffset), record.duration)};
 }
 
-std::string OutText(const MarkerRecord& record, const MarkerTimes& times,
-                    const MarkerSource& source)
+// To the letter the frame that has begun, else the nearest one.
+std::string FrameText(const ExportContext& context, const MarkerSource& source, Ticks time)
+{
+    if (context.options.settings.openInterchange && source.unit == TimeUnit::Frames)
+        return IntToString(NearestFrame(time, source.frameTicks));
+    return TimeText(source.unit, time, source.frameTicks);
+}
+
+std::string OutText(const ExportContext& context, const MarkerRecord& record,
+                    const MarkerTimes& times, const MarkerSource& source)
 {
     if (record.duration == 0)
         return "-1";
-    return record.duration < 0 ? "0" : TimeText(source.unit, times.end, source.frameTicks);
+    return record.duration < 0 ? "0" : FrameText(context, source, times.end);
 }
 
-ObjectHandle WriteMarker(Document& document, const MarkerRecord& record, const MarkerTimes& times,
-                         const MarkerSource& source)
+ObjectHandle WriteMarker(const ExportContext& context, const MarkerRecord& record,
+                         const MarkerTimes& times, const MarkerSource& source)
 {
-    const ObjectHandle marker = document.NewObject("marker");
-    marker.SetProperty("in", TimeText(source.unit, times.in, source.frameTicks));
+    const ObjectHandle marker = context.document.NewObject("marker");
+    marker.SetProperty("in", FrameText(context, source, times.in));
     marker.SetProperty("name", EscapeXML(record.name));
-    marker.SetProperty("out", OutText(record, times, source));
+    marker.SetProperty("out", OutText(context, record, times, source));
     marker.SetProperty("comment", EscapeXML(record.comment));
     if (!record.color.empty())
         marker.SetProperty("velaColor", record.color);
@@ -131,7 +140,7 @@ void TranslateMarkers(ExportContext& context, const MarkerSource& source, Object
         const MarkerTimes times =
             range ? TimesInRange(*record, *range) : TimesWithOffset(*record, source);
         if (times.AreWritten())
-            element.AddChild(WriteMarker(context.document, *record, times, source));
+            element.AddChild(WriteMarker(context, *record, times, source));
         ReportMarker(context, source, *record, times);
     }
 }

@@ -27,9 +27,11 @@ std::size_t CountItems(const Sequence& sequence)
     return count;
 }
 
-void CompareSettings(const Sequence& left, const Sequence& right, const ComparedSubject& subject,
+void CompareSettings(const ComparedSequences& sequences, const ComparedSubject& subject,
                      DifferenceList& differences)
 {
+    const Sequence& left = sequences.left;
+    const Sequence& right = sequences.right;
     differences.CompareTexts(subject, Property::Name, left.name, right.name);
     if (left.format.ticks != right.format.ticks)
         differences.Add(subject, Change::Changed, Property::FrameLength,
@@ -42,7 +44,9 @@ void CompareSettings(const Sequence& left, const Sequence& right, const Compared
     };
     if (left.width > 0 && right.width > 0)
         differences.CompareTexts(subject, Property::FrameSize, frameText(left), frameText(right));
-    CompareMarkers({.name = {}}, left.format, left.markers, right.markers, differences);
+    CompareMarkers({.name = {}},
+                   {left.markers, right.markers, left.format, sequences.AreOfOneFamily()},
+                   differences);
 }
 
 void CompareTracks(const Sequence& left, const Sequence& right, DifferenceList& differences)
@@ -158,7 +162,7 @@ void CompareSequences(const ComparedSequences& sequences, const BrowserCompariso
     browser.CompareSequenceEntries(IndexOf(sequences.leftProject, sequences.left),
                                    IndexOf(sequences.rightProject, sequences.right), subject,
                                    differences);
-    CompareSettings(sequences.left, sequences.right, subject, differences);
+    CompareSettings(sequences, subject, differences);
     CompareTracks(sequences.left, sequences.right, differences);
     CompareItems(sequences, differences);
     CompareTransitions(sequences, differences);

@@ -269,7 +269,8 @@ void BrowserComparison::CompareClips(std::size_t left, std::size_t right,
     ComparedSubject owner = subject;
     owner.source = &format;
     owner.bin.append(owner.bin.empty() ? "" : kStep).append(a.name);
-    CompareMarkers(owner, format, a.markers, b.markers, differences);
+    const bool areOfOneFamily = left_.project->family == right_.project->family;
+    CompareMarkers(owner, {a.markers, b.markers, format, areOfOneFamily}, differences);
 }
 
 } // namespace XPJ::Inspection

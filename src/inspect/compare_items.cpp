@@ -190,7 +190,8 @@ private:
                         .source = &a.sourceFormat,
                         .leftItem = left.index,
                         .rightItem = right.index},
-                       a.sourceFormat, a.markers, b.markers, differences_);
+                       {a.markers, b.markers, a.sourceFormat, sequences_.AreOfOneFamily()},
+                       differences_);
         CompareLinks(subject, a, b);
     }
 

@@ -168,10 +168,13 @@ void CompareEffects(const ComparedSubject& subject, const ItemOfFamily& a, const
             differences.Add(subject, Change::Added, Property::Effect, {}, right[i].name);
 }
 
-void CompareMarkers(const ComparedSubject& owner, const TimecodeFormat& format,
-                    const std::vector<Marker>& a, const std::vector<Marker>& b,
+void CompareMarkers(const ComparedSubject& owner, const ComparedMarkers& compared,
                     DifferenceList& differences)
 {
+    const std::vector<Marker>& a = compared.a;
+    const std::vector<Marker>& b = compared.b;
+    const TimecodeFormat& format = compared.format;
+    const Ticks leastDistance = compared.areOfOneFamily ? 1 : format.ticks;
     Matching matching(a.size(), b.size());
     MatchBy(matching, a, b, [](const Marker& marker) {
         return std::pair(marker.start, std::string_view(marker.name));
@@ -185,6 +188,10 @@ void CompareMarkers(const ComparedSubject& owner, const TimecodeFormat& format,
         subject.time = marker.start;
         return subject;
     };
+    const auto isSame = [leastDistance](Ticks before, Ticks after) {
+        const Ticks distance = SubtractTicks(std::max(before, after), std::min(before, after));
+        return distance < leastDistance;
+    };
     for (std::size_t i = 0; i < a.size(); ++i) {
         const ComparedSubject subject = subjectOf(a[i]);
         if (matching.PartnerInB(i) == kNothing) {
@@ -192,10 +199,12 @@ void CompareMarkers(const ComparedSubject& owner, const TimecodeFormat& format,
             continue;
         }
         const Marker& other = b[matching.PartnerInB(i)];
-        differences.CompareTimes(subject, Property::Start, format, a[i].start, other.start,
-                                 Change::Moved);
-        differences.CompareTimes(subject, Property::Duration, format, a[i].duration,
-                                 other.duration);
+        if (!isSame(a[i].start, other.start))
+            differences.CompareTimes(subject, Property::Start, format, a[i].start, other.start,
+                                     Change::Moved);
+        if (!isSame(a[i].duration, other.duration))
+            differences.CompareTimes(subject, Property::Duration, format, a[i].duration,
+                                     other.duration);
         differences.CompareTexts(subject, Property::Name, a[i].name, other.name);
         differences.CompareTexts(subject, Property::Comment, std::string(a[i].PlainComment()),
                                  std::string(other.PlainComment()));

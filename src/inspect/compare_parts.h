@@ -39,9 +39,17 @@ struct ItemOfFamily {
 void CompareEffects(const ComparedSubject& subject, const ItemOfFamily& a, const ItemOfFamily& b,
                     DifferenceList& differences);
 
+// Of two owners. XML documents have markers at whole frames: what is less than a frame is no
+// difference to the marker of a project.
+struct ComparedMarkers {
+    const std::vector<Marker>& a;
+    const std::vector<Marker>& b;
+    const TimecodeFormat& format;
+    bool areOfOneFamily = true;
+};
+
 // `owner` is the item, the sequence or the bin clip that they are on.
-void CompareMarkers(const ComparedSubject& owner, const TimecodeFormat& format,
-                    const std::vector<Marker>& a, const std::vector<Marker>& b,
+void CompareMarkers(const ComparedSubject& owner, const ComparedMarkers& compared,
                     DifferenceList& differences);
 
 } // namespace XPJ::Inspection
