@@ -228,6 +228,9 @@ constexpr RemarkRow kRows[] = {
      "The clip has the <$2> of its master clip in place of its own.", ""},
     {Kind::LayersAsClips, "clip.layers", Outcome::Changed, Severity::Note,
      "Each layer of the image is a clip of its own.", ""},
+    {Kind::TimesAssumed, "clip.times-assumed", Outcome::Assumed, Severity::Warning,
+     "The document states no usable $2 of the clip.",
+     "Check where the clip is and which part of its media it shows."},
     {Kind::PointRounded, "clip.point-rounded", Outcome::Changed, Severity::Note,
      "A point between two frames of the media was moved to a whole one.", ""},
     // Of the export

@@ -98,6 +98,7 @@ enum class RemarkKind : std::uint8_t {
     TitleKind,
     MasterShared,
     LayersAsClips,
+    TimesAssumed,
     PointRounded,
 
     // Of the export

@@ -236,6 +236,8 @@ ObjectHandle MakeVideoSubClip(const ItemContext& item)
         range = {.in = ExactPoint(element.times.exactIn).value_or(range.in),
                  .out = ExactPoint(element.times.exactOut).value_or(range.out)};
     RemarkOnPoints(item, in, out, range);
+    if (IsOpen(state) && range.out <= range.in)
+        range.out = kNotStated;
     AddPoints(item, range, clip);
     AddFrameHold(element, sequence.rates.edges, clip);
     clip.AddChild("Markers", TranslateMarkers(document, element, unit));

@@ -8,7 +8,11 @@
 #include "xmeml/flags.h"
 
 #include <algorithm>
+#include <limits>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace XPJ {
 
@@ -17,6 +21,63 @@ namespace {
 bool HasClip(const ShownMaster& shown, MediaType type)
 {
     return type == MediaType::Video ? static_cast<bool>(shown.videoClip) : !shown.channels.empty();
+}
+
+// A time of an item, and what its element or a transition states of it.
+struct NamedTime {
+    Name key;
+    const StatedTime& stated;
+    Frames used = 0;
+    Ticks unit = 0;
+};
+
+bool IsNumber(std::string_view text)
+{
+    return text.find_first_of("0123456789") != std::string_view::npos;
+}
+
+bool IsAsStated(ConstHandle element, const NamedTime& time)
+{
+    return IsNumber(element.GetProperty(time.key)) && time.stated.value == time.used &&
+           MultiplyTicks(time.used, time.unit) < std::numeric_limits<Ticks>::max();
+}
+
+// Generators and what shows its media from the start need no points.
+bool NeedsPoints(const ClipItem& item)
+{
+    const bool isFromStart = IsNumber(item.GetProperty("in")) && item.times.in.value == 0 &&
+                             IsNumber(item.GetProperty("out")) && item.times.out.value == 0;
+    return item.GetName() != "generatoritem" && !isFromStart;
+}
+
+// "start, end": the times that the item doesn't have as the document states them.
+std::string AssumedTimes(const ItemContext& item)
+{
+    const StatedTimes& stated = item.element.times;
+    const ItemTimes& times = item.times;
+    const Ticks unit = item.track.sequence.rates.edges;
+    std::vector<NamedTime> known = {{"start", stated.start, times.start, unit},
+                                    {"end", stated.end, times.end, unit}};
+    if (NeedsPoints(item.element)) {
+        known.push_back({"in", stated.in, times.in, item.rates.item});
+        known.push_back({"out", stated.out, times.out, item.rates.item});
+    }
+    std::string names;
+    for (const NamedTime& time : known) {
+        const bool isBackwards = time.key == "out" && times.out <= times.in;
+        if (isBackwards || !IsAsStated(item.element, time))
+            names.append(names.empty() ? "" : ", ").append(time.key.View());
+    }
+    return names;
+}
+
+void RemarkOnTimes(const ItemContext& item)
+{
+    Account& account = item.track.sequence.state.account;
+    if (const std::string assumed = AssumedTimes(item); !assumed.empty())
+        AddRemark(account, RemarkKind::TimesAssumed, item.location, {.detail = assumed});
+    if (item.times.end <= item.times.start)
+        AddRemark(account, RemarkKind::EdgesInvalid, item.location);
 }
 
 // Nothing, with an issue, for an item that is not in the sequence, and for one that has no master

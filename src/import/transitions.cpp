@@ -233,6 +233,8 @@ ObjectHandle MakeTransition(const TrackContext& context, ConstHandle item, int c
                                 .frameTicks = sequence.rates.video,
                                 .sampleTicks = sequence.rates.audio,
                                 .openInterchange = IsOpen(sequence.state)};
+    if (end <= start)
+        effects.AddRemark(RemarkKind::EdgesInvalid);
     const bool isVideo = context.type == MediaType::Video;
     const ConstHandle effect = item.GetChild("effect");
     if (EffectName(effect).empty()) {
