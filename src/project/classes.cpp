@@ -38,6 +38,7 @@ constexpr FieldUse kSoundReel = ForOthers("a clip is written with the reel of it
 constexpr FieldUse kChannelTypes = ForOthers("the types of the track and of its outputs state it");
 constexpr FieldUse kByClass = Skipped("the class of the panner states it");
 constexpr FieldUse kInRecord = Skipped("the record of the marker states it");
+constexpr FieldUse kNeutral = {}; // written at its neutral value; another one is a loss
 constexpr FieldUse kAssigned = ReadOnly("written panners have one assignment, the first");
 
 constexpr Name kAssignedChannels[] = {
@@ -230,7 +231,7 @@ constexpr BodyRow kAudioClipTrack[] = {
         Part("ComponentOwner", 1), Reference("Components"), End("ComponentOwner"),
         Reference("Panner"), Fixed("SubType", "1"), Fixed("AutomationMode", "1"),
         Value("Assign", kOfPanner), Value("ChannelType"), Value("FrameRate", kOfGroup),
-        Value("NextPannerID", kCounter), Fixed("Solo", "0"), Fixed("MutedBySolo", "0"),
+        Value("NextPannerID", kCounter), Fixed("Solo", "0", kNeutral), Fixed("MutedBySolo", "0"),
         ValueAs("ID", "AudioTrackID", kIdentity),
     End("AudioTrack"),
     Fixed("RecordChannel", "0"),
@@ -311,12 +312,13 @@ constexpr BodyRow kAudioMixTrack[] = {
         Part("ComponentOwner", 1), Reference("Components"), End("ComponentOwner"),
         Reference("Panner"), Fixed("SubType", "3"), Fixed("AutomationMode", "1"),
         Fixed("Assign", "0"), Value("ChannelType"), Value("FrameRate", kOfGroup),
-        Value("NextPannerID", kCounter), Fixed("Solo", "0"), Fixed("MutedBySolo", "0"),
+        Value("NextPannerID", kCounter), Fixed("Solo", "0", kNeutral), Fixed("MutedBySolo", "0"),
         ValueAs("ID", "AudioTrackID", kIdentity),
     End("AudioTrack"),
     Wrapper("Track", 3),
         Fixed("MediaType", kAudioMedia), Value("Index", kOneMaster), Value("ID", kIdentity),
-        Fixed("IsLocked", "false"), Fixed("IsSyncLocked", "true"), Fixed("IsMuted", "false"),
+        Fixed("IsLocked", "false"), Fixed("IsSyncLocked", "true"),
+        Fixed("IsMuted", "false", kNeutral),
     End("Track"),
     Reference("Inlet", kLeadsNowhere),
 };
@@ -523,7 +525,7 @@ constexpr BodyRow kMedia[] = {
     Value("FilePath"), Value("ImplementationID", kNoCounterpart), Value("Title"), Value("Start"),
     Value("AlternateStart"), Value("Infinite"), Value("OfflineReason", kNoCounterpart),
     Value("CaptureStatus", kNoCounterpart), Value("ConformedAudioRate", kNoCounterpart),
-    Value("IgnoreVideo", kNoCounterpart), Value("IgnoreAudio", kNoCounterpart),
+    Value("IgnoreVideo"), Value("IgnoreAudio"),
     Value("SingleAudioChannel", kNoCounterpart), Value("StreamNumber"), Fixed("IsProxy", "false"),
     Value("TapeName", kNoCounterpart), Value("LogComment", kNoCounterpart),
     Value("AlternateTapeName", kNoCounterpart), Blob("ImporterPrefs", "ImporterPrefsChecksum"),
@@ -714,9 +716,9 @@ constexpr BodyRow kTimeRemapping[] = {
 };
 
 constexpr BodyRow kVideoClip[] = {
-    Include(kClipPart), Value("ScaleToFrameSize"), Value("FieldProcessing", kNoCounterpart),
-    Value("ReverseFieldDominance", kNoCounterpart), Value("DeinterlaceOnHold", kNoCounterpart),
-    Value("HoldFilters", kNoCounterpart), Value("FrameHold"),
+    Include(kClipPart), Value("ScaleToFrameSize"), Value("FieldProcessing"),
+    Value("ReverseFieldDominance"), Value("DeinterlaceOnHold"),
+    Value("HoldFilters"), Value("FrameHold"),
     Value("FrameHoldStart"), Value("PosterFrame", kNoCounterpart),
     Value("TimeInterpolationType"),
 };
@@ -794,7 +796,7 @@ constexpr BodyRow kVideoStream[] = {
     Value("OverriddenIgnoreAlpha"), Value("IsInvertAlphaOverridden"),
     Value("OverriddenInvertAlpha"), Value("OriginalAlphaMatteColor"),
     Value("IsAlphaMatteColorOverridden"), Value("OverriddenAlphaMatterColor"), Value("Duration"),
-    Value("OriginalFieldType"), Value("IsFieldTypeOverridden", kNoCounterpart),
+    Value("OriginalFieldType"), Value("IsFieldTypeOverridden"),
     Value("OverriddenFieldType", kNoCounterpart), Value("FieldTypeIsUncertain", kNoCounterpart),
     Value("IsStill"), Value("IsContinuousTime", kNoCounterpart),
 };
@@ -809,10 +811,10 @@ constexpr BodyRow kVideoTrackGroup[] = {
 };
 
 constexpr BodyRow kVideoTransitionTrackItem[] = {
-    Value("AntiAliasQuality", kNoCounterpart), Value("Direction"), Value("Reverse"),
-    Value("SwitchSources", kNoCounterpart), Value("BorderColor"), Value("BorderWidth"),
-    Value("EndPercent"), Value("StartPercent"), Value("CenterPosition", kNoCounterpart),
-    Value("EndPosition", kNoCounterpart), Value("StartPosition", kNoCounterpart),
+    Value("AntiAliasQuality"), Value("Direction"), Value("Reverse"),
+    Value("SwitchSources"), Value("BorderColor"), Value("BorderWidth"),
+    Value("EndPercent"), Value("StartPercent"), Value("CenterPosition"),
+    Value("EndPosition"), Value("StartPosition"),
     Part("TransitionTrackItem", 3),
         Value("HasIncomingClip"), Value("HasOutgoingClip"), Value("Alignment"),
         Part("TrackItem", 3),
