@@ -8,6 +8,7 @@
 #include "tree/unread.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -165,6 +166,13 @@ std::string BinText(TreePath path)
     return text;
 }
 
+std::optional<RemarkKind> KindOfIgnored(std::string_view path)
+{
+    if (IsKnownProjectTag(path.substr(path.rfind('/') + 1)))
+        return std::nullopt;
+    return RemarkKind::ElementUnknown;
+}
+
 ItemLocation PlaceOf(TreePath path, TextStore& texts)
 {
     ItemLocation place;
@@ -199,9 +207,11 @@ void AddUnreadObjects(ConstHandle root, Account& account)
               account);
 }
 
-void AddIgnoredObjects(const std::vector<IgnoredElements>& ignored, Account& account)
+void AddIgnoredObjects(ConstHandle root, const std::vector<IgnoredElements>& ignored, bool isPart,
+                       Account& account)
 {
-    AddIgnored(ignored, IsKnownProjectTag, account);
+    AddIgnored(root, ignored, {.kindOf = KindOfIgnored, .placeOf = PlaceOf, .isPart = isPart},
+               account);
 }
 
 } // namespace XPJ::RVX

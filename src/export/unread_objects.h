@@ -14,7 +14,9 @@ namespace XPJ::RVX {
 void AddUnreadObjects(ConstHandle root, Account& account);
 
 // The same for elements that the reader ignored, unless the table of classes knows them: what it
-// writes and doesn't read is always the same, or its row states why.
-void AddIgnoredObjects(const std::vector<IgnoredElements>& ignored, Account& account);
+// writes and doesn't read is always the same, or its row states why. `isPart`: only what the root
+// leads to counts.
+void AddIgnoredObjects(ConstHandle root, const std::vector<IgnoredElements>& ignored, bool isPart,
+                       Account& account);
 
 } // namespace XPJ::RVX

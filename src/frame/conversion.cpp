@@ -92,10 +92,6 @@ private:
             progress_, sourceDocument_, source_, details);
         AddEncodingIssues(details.encoding, DirectionOf(request_), outcome_.account);
         isHandOff_ = request_.handOff.value_or(details.isHandOff);
-        if (IsImport())
-            AddIgnoredElements(details.ignored, outcome_.account);
-        else
-            RVX::AddIgnoredObjects(details.ignored, outcome_.account);
         outcome_.stop = std::move(details.stop);
         if (result == kSuccess && !outcome_.stop.reason.empty())
             AddRemark(outcome_.account, RemarkKind::DocumentCutOff, {},
@@ -107,9 +103,21 @@ private:
         }
         if (result == kSuccess)
             result = Choose();
+        if (result == kSuccess)
+            AddIgnored(details.ignored);
         if (result == kSuccess && IsImport())
             FindMedia(source_);
         return result;
+    }
+
+    // Of other sequences than the chosen one nothing counts.
+    void AddIgnored(const std::vector<IgnoredElements>& ignored)
+    {
+        const bool isPart = static_cast<bool>(chosen_);
+        if (IsImport())
+            AddIgnoredElements(source_, ignored, isPart, outcome_.account);
+        else
+            RVX::AddIgnoredObjects(isPart ? chosen_ : source_, ignored, isPart, outcome_.account);
     }
 
     // In both directions of the `xmeml` tree, which states each path once.
@@ -132,6 +140,7 @@ private:
             outcome_.sequenceProblem = std::move(choice.problem);
             return kNoFCPDataFound;
         }
+        chosen_ = choice.sequence;
         if (IsImport())
             KeepOnlySequence(source_, choice.sequence);
         else
@@ -278,6 +287,7 @@ private:
     ConversionOutcome& outcome_;
     const Settings settings_ = ReadSettings();
     bool isHandOff_ = false;
+    ConstHandle chosen_;          // the sequence that the request names
     Guid chosenGuid_ = kZeroGuid; // of a project's sequence
     Document sourceDocument_;
     Document translatedDocument_;

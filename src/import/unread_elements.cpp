@@ -6,6 +6,7 @@
 #include "xmeml/unused_fields.h"
 
 #include <algorithm>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -234,6 +235,18 @@ bool IsIn(std::span<const IgnoredTag> rows, std::string_view tag)
     return std::ranges::find(rows, tag, &IgnoredTag::tag) != rows.end();
 }
 
+// Attributes that the format doesn't have are at a path such as "xmeml/sequence@rating".
+std::optional<RemarkKind> KindOfIgnored(std::string_view path)
+{
+    const std::size_t at = path.find('@');
+    const bool isElement = at == path.npos;
+    const std::string_view name = isElement ? path.substr(path.rfind('/') + 1)
+                                            : path.substr(at + 1, path.find(':', at) - at - 1);
+    if (IsIn(isElement ? std::span<const IgnoredTag>(kIgnoredTags) : kIgnoredAttributes, name))
+        return std::nullopt;
+    return isElement ? RemarkKind::ElementUnknown : RemarkKind::ElementUnread;
+}
+
 } // namespace
 
 void AddUnreadElements(ConstHandle root, Account& account)
@@ -246,21 +259,11 @@ void AddUnreadElements(ConstHandle root, Account& account)
               account);
 }
 
-void AddIgnoredElements(const std::vector<IgnoredElements>& ignored, Account& account)
+void AddIgnoredElements(ConstHandle root, const std::vector<IgnoredElements>& ignored, bool isPart,
+                        Account& account)
 {
-    std::vector<IgnoredElements> elements;
-    for (const IgnoredElements& entry : ignored) {
-        const std::string_view path = entry.path;
-        const std::size_t at = path.find('@');
-        if (at == path.npos)
-            elements.push_back(entry);
-        else if (!IsIn(kIgnoredAttributes, path.substr(at + 1, path.find(':', at) - at - 1)))
-            AddRemark(
-                account, RemarkKind::ElementUnread, {},
-                {.detail = path.substr(path.rfind('/') + 1), .path = path, .count = entry.count});
-    }
-    AddIgnored(
-        elements, [](std::string_view tag) { return IsIn(kIgnoredTags, tag); }, account);
+    AddIgnored(root, ignored, {.kindOf = KindOfIgnored, .placeOf = PlaceOf, .isPart = isPart},
+               account);
 }
 
 } // namespace XPJ

@@ -13,7 +13,9 @@ namespace XPJ {
 // first places and a count. The document must have marked what was read.
 void AddUnreadElements(ConstHandle root, Account& account);
 
-// The same for elements and attributes that the reader ignored.
-void AddIgnoredElements(const std::vector<IgnoredElements>& ignored, Account& account);
+// The same for elements and attributes that the reader ignored. `isPart`: the tree is what was
+// chosen of the document.
+void AddIgnoredElements(ConstHandle root, const std::vector<IgnoredElements>& ignored, bool isPart,
+                        Account& account);
 
 } // namespace XPJ

@@ -6,6 +6,7 @@
 #include "core/encoding.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -35,10 +36,11 @@ struct ReadStop {
 };
 
 // Elements that the vocabulary doesn't have where they are; what is inside is not listed. An
-// attribute that it doesn't have is at the path of its element: "xmeml/sequence@rating".
+// attribute that it doesn't have is at the path of its element, "xmeml/sequence@rating"; it is that
+// element's where this is a node.
 struct IgnoredElements {
-    std::string path; // "xmeml/sequence/media/video/track/fold"
-    std::size_t count = 0;
+    std::string path;                       // "xmeml/sequence/media/video/track/fold"
+    std::vector<std::uint64_t> owners = {}; // for each the identity of the node around it
 };
 
 // What reading found beside the tree.

@@ -135,23 +135,24 @@ bool TreeReader::StartElement()
     const TagNumber number = table_.FindTag(tokens_.Name());
     const Action action = current.rule->actions[number];
     const StartTag tag{tokens_.Name(), tokens_.Attributes(), tokens_.IsSelfClosed(), action};
-    if (!tag.attributes.empty())
-        TakeAttributes(current, tag);
+    const bool opens = action.kind == Action::Child;
+    const bool isTaken = action.kind != Action::Leaf && TakeStart(current, tag);
+    if (!tag.attributes.empty() && (isTaken || !opens))
+        TakeAttributes(current, tag, false);
     if (action.kind == Action::Leaf)
         return ReadLeaf(number);
-    if (TakeStart(current, tag))
+    if (action.kind == Action::Ignore && !isTaken)
+        Ignore(tag.name, tag.selfClosed);
+    if (isTaken || !opens)
         return true;
-    if (action.kind != Action::Child) {
-        if (action.kind == Action::Ignore)
-            Ignore(tag.name, tag.selfClosed);
-        return true;
-    }
     if (open_.size() > kMaxNesting) {
         reason_ = kTooDeep;
         fault_ = Token::SyntaxError;
         return false;
     }
     Open(table_.RuleAt(action.rule), tag.attributes);
+    if (!tag.attributes.empty())
+        TakeAttributes(open_.back(), tag, true);
     if (tag.selfClosed)
         Close();
     return true;
@@ -214,8 +215,9 @@ void TreeReader::Ignore(std::string_view tag, bool isSelfClosed)
     if (!isElement || (!openIgnored_.empty() && open_.size() >= ignoredDepth_))
         return;
     IgnoredElements& entry = ignored_[{open_.back().rule->index, tag}];
-    if (entry.count++ == 0)
+    if (entry.owners.empty())
         entry.path = OpenPath().append("/").append(tag);
+    entry.owners.push_back(open_.back().node.UniqueId());
     if (isSelfClosed)
         return;
     openIgnored_ = tag;
@@ -228,7 +230,7 @@ std::vector<IgnoredElements> TreeReader::Ignored() const
     for (const auto& [key, entry] : ignored_)
         result.push_back(entry);
     std::ranges::sort(result, {}, [](const IgnoredElements& entry) {
-        return std::pair(std::string_view(entry.path), entry.count);
+        return std::pair(std::string_view(entry.path), entry.owners.size());
     });
     return result;
 }
@@ -263,7 +265,7 @@ void TreeReader::Close()
     TakeComplete(element, parent);
 }
 
-void TreeReader::TakeAttributes(const Element&, const StartTag&) {}
+void TreeReader::TakeAttributes(const Element&, const StartTag&, bool) {}
 
 void TreeReader::TakeEnd(const Element&, std::string_view) {}
 

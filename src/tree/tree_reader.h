@@ -62,8 +62,8 @@ protected:
         Action action; // of the current rule
     };
 
-    // Sees each start tag that has attributes, before anything else does.
-    virtual void TakeAttributes(const Element& current, const StartTag& tag);
+    // Sees each start tag that has attributes. `isOpen`: its element is the current one now.
+    virtual void TakeAttributes(const Element& current, const StartTag& tag, bool isOpen);
     // Sees each start tag that is no item first; true when nothing is left to do.
     virtual bool TakeStart(const Element& current, const StartTag& tag) = 0;
     // Sees each end tag before it closes the current element, or doesn't.

@@ -1,9 +1,11 @@
 #include "tree/unread.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -38,11 +40,32 @@ bool HasContent(ConstHandle node, int depth = 0)
 
 constexpr std::size_t kFirstPlaces = 3;
 
+// Where something is, that often.
+struct Places {
+    std::vector<ItemLocation> first;
+    std::size_t count = 0;
+
+    template <class PlaceOf>
+    void Add(const PlaceOf& placeOf)
+    {
+        ++count;
+        if (first.size() < kFirstPlaces)
+            first.push_back(placeOf());
+    }
+};
+
+void AddRemarks(Account& account, RemarkKind kind, const Places& places,
+                const RemarkSubject& subject)
+{
+    for (const ItemLocation& place : places.first)
+        AddRemark(account, kind, place, subject);
+    account.remarks.back().count += places.count - places.first.size();
+}
+
 // What is at one path of names.
 struct UnreadPath {
     NameId field;
-    std::vector<ItemLocation> places; // the first ones
-    std::size_t count = 0;
+    Places places;
 };
 
 std::string PathText(TreePath path, Name name)
@@ -89,9 +112,7 @@ private:
             return;
         UnreadPath& entry = found_[PathText(path, name.AsName())];
         entry.field = name;
-        ++entry.count;
-        if (entry.places.size() < kFirstPlaces)
-            entry.places.push_back(rules_.placeOf(path, texts_));
+        entry.places.Add([&] { return rules_.placeOf(path, texts_); });
     }
 
     bool IsExempt(TreePath path, NameId field)
@@ -122,27 +143,50 @@ private:
     std::map<std::string, UnreadPath> found_;
 };
 
+// Of ignored elements, by their index, where they are in the tree.
+std::vector<Places> PlacesOf(ConstHandle root, const std::vector<IgnoredElements>& ignored,
+                             const IgnoredRules& rules, TextStore& texts)
+{
+    std::unordered_map<std::uint64_t, std::vector<std::size_t>> byOwner;
+    for (std::size_t i = 0; i < ignored.size(); ++i)
+        for (const std::uint64_t owner : ignored[i].owners)
+            byOwner[owner].push_back(i);
+    std::vector<Places> places(ignored.size());
+    WalkTree(root, [&](TreePath path) {
+        if (const auto found = byOwner.find(path.back().UniqueId()); found != byOwner.end())
+            for (const std::size_t i : found->second)
+                places[i].Add([&] { return rules.placeOf(path, texts); });
+        return true;
+    });
+    return places;
+}
+
 } // namespace
 
 void AddUnread(ConstHandle root, const UnreadRules& rules, Account& account)
 {
-    for (const auto& [path, entry] : Walk(rules, account.texts).Run(root)) {
-        for (const ItemLocation& place : entry.places)
-            AddRemark(account, RemarkKind::ElementUnread, place,
-                      {.detail = entry.field.View(), .path = path});
-        account.remarks.back().count += entry.count - entry.places.size();
-    }
+    for (const auto& [path, entry] : Walk(rules, account.texts).Run(root))
+        AddRemarks(account, RemarkKind::ElementUnread, entry.places,
+                   {.detail = entry.field.View(), .path = path});
 }
 
-void AddIgnored(const std::vector<IgnoredElements>& ignored,
-                const std::function<bool(std::string_view tag)>& isExempt, Account& account)
+void AddIgnored(ConstHandle root, const std::vector<IgnoredElements>& ignored,
+                const IgnoredRules& rules, Account& account)
 {
-    for (const IgnoredElements& elements : ignored) {
-        const std::string_view path = elements.path;
-        const std::string_view tag = path.substr(path.rfind('/') + 1);
-        if (!isExempt(tag))
-            AddRemark(account, RemarkKind::ElementUnknown, {},
-                      {.detail = tag, .path = path, .count = elements.count});
+    if (ignored.empty())
+        return;
+    std::vector<Places> places = PlacesOf(root, ignored, rules, account.texts);
+    for (std::size_t i = 0; i < ignored.size(); ++i) {
+        const std::string_view path = ignored[i].path;
+        const std::optional<RemarkKind> kind = rules.kindOf(path);
+        if (!kind || (rules.isPart && places[i].count == 0))
+            continue;
+        if (!rules.isPart)
+            places[i].count = ignored[i].owners.size();
+        if (places[i].first.empty())
+            places[i].first.emplace_back();
+        AddRemarks(account, *kind, places[i],
+                   {.detail = path.substr(path.rfind('/') + 1), .path = path});
     }
 }
 

@@ -6,7 +6,7 @@
 #include "tree/tree_walk.h"
 
 #include <cstdint>
-#include <functional>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -33,8 +33,16 @@ struct UnreadRules {
 // something of its own was. Each node is taken once, where the walk first meets it.
 void AddUnread(ConstHandle root, const UnreadRules& rules, Account& account);
 
-// Enters remarks for the elements that a reader ignored, but for exempt tags.
-void AddIgnored(const std::vector<IgnoredElements>& ignored,
-                const std::function<bool(std::string_view tag)>& isExempt, Account& account);
+struct IgnoredRules {
+    // Nothing for what is exempt.
+    std::optional<RemarkKind> (*kindOf)(std::string_view path);
+    ItemLocation (*placeOf)(TreePath path, TextStore& texts); // as above
+    // Only what is in the tree counts; else also what a reading of it has removed.
+    bool isPart = false;
+};
+
+// Enters remarks for what a reader ignored, grouped by path as above.
+void AddIgnored(ConstHandle root, const std::vector<IgnoredElements>& ignored,
+                const IgnoredRules& rules, Account& account);
 
 } // namespace XPJ

@@ -45,17 +45,19 @@ bool IsOff(std::string_view value)
 
 } // namespace
 
-void UnknownAttributes::Take(std::string_view tag, std::string_view attributes,
-                             const XmemlElement* element, const std::function<std::string()>& path)
+void UnknownAttributes::Take(const AttributesOfTag& taken, const std::function<std::string()>& path)
 {
+    const XmemlElement* const element = taken.element;
+    std::string_view rest = taken.attributes;
     Attribute attribute;
-    while (TakeAttribute(attributes, attribute)) {
+    while (TakeAttribute(rest, attribute)) {
         const auto& [name, value] = attribute;
         if (name == "id" || IsOff(value) || (element && HasAttribute(*element, name)))
             continue;
-        IgnoredElements& entry = found_[{std::string(tag), std::string(name)}];
-        if (entry.count++ == 0)
-            entry.path = path().append("/").append(tag).append("@").append(name);
+        IgnoredElements& entry = found_[{std::string(taken.tag), std::string(name)}];
+        if (entry.owners.empty())
+            entry.path = path().append("@").append(name);
+        entry.owners.push_back(taken.node);
     }
 }
 

@@ -63,14 +63,17 @@ private:
                                    "mastercomment4", "clipcommenta",   "clipcommentb"};
         return std::ranges::find(kNotes, item) != std::end(kNotes);
     }
-    void TakeAttributes(const Element& /*current*/, const StartTag& tag) override
+    void TakeAttributes(const Element& current, const StartTag& tag, bool isOpen) override
     {
         if (tag.action.kind == Action::Ignore)
             return;
         const bool isNode = tag.action.kind == Action::Child;
-        attributes_.Take(tag.name, tag.attributes,
-                         isNode ? referables_[tag.action.rule].element : nullptr,
-                         [this] { return OpenPath(); });
+        attributes_.Take(
+            {.tag = tag.name,
+             .attributes = tag.attributes,
+             .element = isNode ? referables_[tag.action.rule].element : nullptr,
+             .node = current.node.UniqueId()},
+            [&] { return isOpen ? OpenPath() : OpenPath().append("/").append(tag.name); });
     }
 
     bool TakeStart(const Element& current, const StartTag& tag) override

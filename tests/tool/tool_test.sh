@@ -351,7 +351,36 @@ losses() {
     expect_status 0 --verify --mark-losses one.vlproj back.xml
     tail -1 out >closing
     expect_text closing 'nothing was lost (verified)'
-    [ "$(grep -c '<name>lost: A</name>' back.xml)" = 2 ] || fail 'markers of an export'
+    [ "$(grep -c '<name>lost: A</name>' back.xml)" = 4 ] || fail 'markers of an export'
+
+    # What the format doesn't have is where it is; that of other sequences doesn't count.
+    grep -o '"kind":"element.unknown"[^}]*' one.json >unknown
+    expect_text unknown '"start":"00:00:04:00"'
+    {
+        printf '<xmeml version="4"><project><name>P</name><children>'
+        two_clips '<fold>1</fold>' | sed 's|</*xmeml[^>]*>||g'
+        two_clips '' | sed 's|</*xmeml[^>]*>||g; s|id="s"|id="t"|; s|>Cut<|>Other<|'
+        printf '</children></project></xmeml>\n'
+    } >show.xml
+    expect_status 0 --quiet --report r.json --sequence Cut show.xml part.vlproj
+    expect_text r.json '"kind":"element.unknown"'
+    expect_status 0 --quiet --report r.json --sequence Other show.xml part.vlproj
+    expect_no_text r.json '"kind":"element.unknown"'
+    expect_status 0 --quiet show.xml show.vlproj
+    sed '/<Name>Other</s|^|<Fold>1</Fold>|' show.vlproj >folded.vlproj
+    expect_status 0 --quiet --report r.json --sequence Other folded.vlproj part.xml
+    expect_text r.json '"kind":"element.unknown"'
+    expect_status 0 --quiet --report r.json --sequence Cut folded.vlproj part.xml
+    expect_no_text r.json '"kind":"element.unknown"'
+
+    # What projects alone have is lost where it is not neutral.
+    local change
+    for change in 's|<Solo>0<|<Solo>1<|' 's|<FieldProcessing>0<|<FieldProcessing>2<|'; do
+        sed "$change" show.vlproj >changed.vlproj
+        expect_status 0 --quiet --report r.json --fail-on skipped changed.vlproj part.xml
+        expect_text r.json "/$(sed 's/.*<\(.*\)>0.*/\1/' <<<"$change")\""
+    done
+    expect_status 0 --quiet --fail-on any show.vlproj part.xml
 
     # A file that states nothing of its media is an offline clip.
     two_clips '' | sed 's|<media><video><sample.*</media></file>|</file>|' >offline.xml

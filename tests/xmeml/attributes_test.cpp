@@ -24,8 +24,8 @@ TEST(UnknownAttributes, AreThoseThatNoRowHasAndThatStateSomething)
     };
     for (const auto& row : cases) {
         UnknownAttributes attributes;
-        attributes.Take(row.tag, row.attributes, FindXmemlElement(row.tag),
-                        [] { return std::string("p"); });
+        attributes.Take({row.tag, row.attributes, FindXmemlElement(row.tag)},
+                        [&row] { return std::string("p/") + row.tag; });
         std::string unknown;
         for (const IgnoredElements& entry : attributes.List())
             unknown.append(entry.path).append(" ");
