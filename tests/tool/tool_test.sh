@@ -565,6 +565,8 @@ compare() {
     expect_status 64 --compare --ignore label,colour one.xml two.xml
     expect_text err 'frame length'
     expect_status 64 --inspect --ignore label one.xml
+    expect_status 6 --compare --report absent/r.html one.xml two.xml
+    expect_text err 'absent/r.html'
     cp two.xml kept.xml
     expect_same two.xml kept.xml
     expect_status 5 --compare one.xml absent.xml

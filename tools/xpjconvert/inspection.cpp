@@ -158,10 +158,13 @@ int CompareFiles(const ToolOptions& options)
         ChangeMediaPaths(*options.request.mediaPaths, a.project);
     std::vector<Difference> differences = Compare(a.project, b.project);
     options.ignored.RemoveFrom(differences);
+    std::string problems;
     for (const std::string& path : options.reports)
-        PrintError(WriteReportFile(path, TextOfDifferences(path, options, a, b, differences)));
+        problems += WriteReportFile(path, TextOfDifferences(path, options, a, b, differences));
+    PrintError(problems);
+    const int status = differences.empty() ? kSuccess : kDifferent;
     return PrintAll(options.json ? DifferencesJson(differences) : DifferencesText(differences),
-                    differences.empty() ? kSuccess : kDifferent);
+                    problems.empty() ? status : kUnexpectedError);
 }
 
 } // namespace
