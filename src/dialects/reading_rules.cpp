@@ -216,6 +216,15 @@ constexpr DialectRule kReadingRules[] = {
      .seen = "`track`s, and the `audio` of sequences, with filters beside their level",
      .does = "They become effects of the track or of the master.",
      .file = "import/tracks.cpp"},
+    {.name = "points the wrong way round",
+     .seen = "scripts and hand-made documents: video with an out point before its in point",
+     .does = "The item keeps its place and begins at its in point.",
+     .file = "import/item_clips.cpp"},
+    {.name = "circles of sequences",
+     .seen = "damaged documents: sequences that are nested in themselves, directly or through "
+             "others",
+     .does = "The item that closes the circle is left out.",
+     .file = "import/track_items.cpp"},
     {.name = "exact points of video",
      .seen = "documents of this system",
      .does = "`velaTicksIn` and `velaTicksOut` count for video as they do for audio: a clip with "

@@ -48,6 +48,15 @@ constexpr DialectRule kWritingRules[] = {
      .seen = "any reader; markers of clips count from the start of the media",
      .does = "Their times are written as they are, without the in point of the clip.",
      .file = "export/clips.cpp"},
+    {.name = "markers between frames",
+     .seen = "projects with markers at samples of audio",
+     .does = "They go to the nearest frame.",
+     .file = "export/markers.cpp"},
+    {.name = "sequences in themselves",
+     .seen = "any reader; those that follow each item to its source don't end",
+     .does =
+         "An item that shows a sequence which it is in, directly or through others, is offline.",
+     .file = "export/items.cpp"},
     // ---- Generated video
     {.name = "generated video",
      .seen = "any reader; a file without a path stops some, and a slug has no text",

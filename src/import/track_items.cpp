@@ -107,7 +107,7 @@ std::optional<ItemContext> ContextOf(const TrackContext& track, const ClipItem& 
     if (state.sequences.ClosesCircle(element)) {
         AddRemark(state.account, RemarkKind::SequenceInItself, location,
                   {.name = shown.master.Sequence().GetProperty("Name")});
-        if (IsOpen(state))
+        if (state.options.settings.openInterchange)
             return std::nullopt;
     }
     const ItemContext context{.track = track,
