@@ -46,6 +46,7 @@ enum class RemarkKind : std::uint8_t {
     KeyframeInterpolation,
     SpeedCurveOfAudio,
     FrameHold,
+    TimesAssumed,
     TransitionCut,
     Unexplained,
     MediaPathMapped,
@@ -98,7 +99,6 @@ enum class RemarkKind : std::uint8_t {
     TitleKind,
     MasterShared,
     LayersAsClips,
-    TimesAssumed,
     PointRounded,
 
     // Of the export

@@ -98,16 +98,27 @@ void ReportEdge(ExportContext& context, const TrackContext& track, const ItemRec
     AddRemark(context, record, RemarkKind::EdgeRounded, {.detail = detail});
 }
 
-// Other programs skip what has no length.
+// Edges that no program can use, and those that other programs can't: they skip what has no length.
 void ReportLength(ExportContext& context, const ItemRecord& record)
 {
     const ItemTiming& timing = record.timing;
+    const auto frameOf = [&timing](Ticks edge) { return DivTicks(edge, timing.sequenceRate); };
     const bool statesEdges = !IsTransition(HeadTransitionOf(record.item)) &&
                              !IsTransition(TailTransitionOf(record.item));
-    if (timing.openInterchange && statesEdges &&
-        DivTicks(record.Start(), timing.sequenceRate) >=
-            DivTicks(record.End(), timing.sequenceRate))
+    if (record.Start() < 0 || record.End() <= record.Start())
+        AddRemark(context, record, RemarkKind::EdgesInvalid);
+    else if (timing.openInterchange && statesEdges &&
+             frameOf(record.Start()) == frameOf(record.End()))
         AddRemark(context, record, RemarkKind::ClipTooShort);
+}
+
+// Points that are stated and can't be; those that aren't follow from the length.
+void ReportPoints(ExportContext& context, const ItemRecord& record)
+{
+    const Ticks in = Int64Property(record.clip, "InPoint");
+    const Ticks out = Int64Property(record.clip, "OutPoint");
+    if (in < 0 || (record.clip.HasProperty("OutPoint") && out <= in && !record.timing.infinite))
+        AddRemark(context, record, RemarkKind::TimesAssumed, {.detail = in < 0 ? "in" : "out"});
 }
 
 // Of a multiclip of which an angle is written.
@@ -174,6 +185,7 @@ void ReportItem(ExportContext& context, const TrackContext& track, const ItemRec
     ReportEdge(context, track, record, {"start", record.Start(), HeadTransitionOf(record.item)});
     ReportEdge(context, track, record, {"end", record.End(), TailTransitionOf(record.item)});
     ReportLength(context, record);
+    ReportPoints(context, record);
     ReportLabel(context, record.clip, kClipLabel, record.location);
     if (record.angle.item)
         ReportAngle(context, track, record);

@@ -623,6 +623,17 @@ between_frames() {
     grep -o '"kind":"clip.too-short"[^}]*' r.json >found
     expect_text found '"start":"00:00:04:00"'
     expect_no_text r.json unexplained
+
+    # Edges and points that no program can use are named in either manner.
+    local manner
+    for manner in --verify --strict; do
+        sed 's|<End>1524096000000<|<End>1000000000000<|' one.vlproj >ticks.vlproj
+        expect_status 0 --quiet $manner --report r.json ticks.vlproj back.xml
+        expect_text r.json '"kind":"clip.edges-invalid"'
+        sed 's|<OutPoint>508032000000<|<OutPoint>0<|' one.vlproj >ticks.vlproj
+        expect_status 0 --quiet $manner --report r.json ticks.vlproj back.xml
+        expect_text r.json '"kind":"clip.times-assumed"'
+    done
 }
 
 # One sequence of a project; one that isn't there is an error.
