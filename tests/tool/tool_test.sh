@@ -21,7 +21,8 @@ usage() {
     local arguments
     for arguments in '' '--nonsense a.xml' 'a.xml b c' '--seed many a.xml' '--seed -1 a.xml' \
         '--set nothing a.xml' '--handoff a.xml' '--from sgml a.xml' '--from xmeml --to xmeml a.xml' \
-        '--inspect=all a.xml' '--inspect a.xml -o b' '--list-sequences'; do
+        '--inspect=all a.xml' '--inspect a.xml -o b' '--list-sequences' \
+        'a.xml -o - --report -' 'a.xml - --report -'; do
         # shellcheck disable=SC2086
         expect_status 64 $arguments
         [ -s err ] || fail "nothing is said about '$arguments'"

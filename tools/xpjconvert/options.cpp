@@ -455,6 +455,13 @@ void CheckOtio(const CommandLine& line)
             throw CLI::ExcludesError(std::string(name), "--to otio");
 }
 
+bool PrintsDocument(const CommandLine& line)
+{
+    const bool isSecond = line.output.empty() && line.documents.size() == 2;
+    return !line.options.dryRun &&
+           (isSecond ? line.documents.back() : line.output) == kStandardStream;
+}
+
 void CheckConversion(const CommandLine& line)
 {
     if (line.documents.empty())
@@ -466,6 +473,8 @@ void CheckConversion(const CommandLine& line)
                                  "--inspect, --list-sequences, --list-media or --compare");
     if (line.options.batch.overwrite && line.options.batch.skipExisting)
         throw CLI::ExcludesError("--overwrite", "--skip-existing");
+    if (PrintsDocument(line) && std::ranges::count(line.options.reports, kStandardStream) > 0)
+        throw CLI::ExcludesError("--report -", "--output -");
     if (!line.from.empty() && line.from == line.to)
         throw CLI::ExcludesError("--from " + line.from, "--to " + line.to);
     if (line.to == kOtioName)
