@@ -11,7 +11,9 @@
 #include "xmeml/cut_points.h"
 #include "xmeml/tracks.h"
 
+#include <cstdint>
 #include <type_traits>
+#include <unordered_set>
 #include <vector>
 
 namespace XPJ {
@@ -172,17 +174,19 @@ void FinishSequence(ImportState& state, const SequenceWalk& walk, ObjectHandle p
 void TranslateSequence(ImportState& state, ConstHandle sequence, ObjectHandle parentItem)
 {
     std::vector<SequenceWalk> walks;
+    std::unordered_set<std::uint64_t> open; // the sequences of the walks
     const auto begin = [&](ConstHandle element) {
-        const bool isNew = state.sequences.BeginElement(element);
-        if (isNew)
+        if (state.sequences.BeginElement(element)) {
             walks.push_back(BeginWalk(state.options, element));
-        return isNew;
+            open.insert(element.UniqueId());
+        }
     };
     begin(sequence);
     while (!walks.empty()) {
         SequenceWalk& walk = walks.back();
         if (walk.next == walk.references.size()) {
             FinishSequence(state, walk, parentItem);
+            open.erase(walk.sequence.UniqueId());
             walks.pop_back();
             continue;
         }
@@ -190,9 +194,9 @@ void TranslateSequence(ImportState& state, ConstHandle sequence, ObjectHandle pa
         if (const ConstHandle nested = TranslateReference(state, walk, reference, parentItem)) {
             if (state.progress.IsCancelled())
                 return;
-            // What has begun and isn't filled is on the stack.
-            if (!begin(nested))
+            if (open.contains(nested.UniqueId()))
                 state.sequences.AddCircle(*reference.item);
+            begin(nested);
         }
     }
 }

@@ -8,11 +8,12 @@
 #include "xmeml/flags.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <limits>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace XPJ {
 
@@ -56,14 +57,13 @@ std::string AssumedTimes(const ItemContext& item)
     const StatedTimes& stated = item.element.times;
     const ItemTimes& times = item.times;
     const Ticks unit = item.track.sequence.rates.edges;
-    std::vector<NamedTime> known = {{"start", stated.start, times.start, unit},
-                                    {"end", stated.end, times.end, unit}};
-    if (NeedsPoints(item.element)) {
-        known.push_back({"in", stated.in, times.in, item.rates.item});
-        known.push_back({"out", stated.out, times.out, item.rates.item});
-    }
+    const NamedTime all[] = {{"start", stated.start, times.start, unit},
+                             {"end", stated.end, times.end, unit},
+                             {"in", stated.in, times.in, item.rates.item},
+                             {"out", stated.out, times.out, item.rates.item}};
+    const std::size_t known = NeedsPoints(item.element) ? 4 : 2;
     std::string names;
-    for (const NamedTime& time : known) {
+    for (const NamedTime& time : std::span(all).first(known)) {
         const bool isBackwards = time.key == "out" && times.out <= times.in;
         if (isBackwards || !IsAsStated(item.element, time))
             names.append(names.empty() ? "" : ", ").append(time.key.View());
