@@ -166,10 +166,8 @@ std::string BinText(TreePath path)
     return text;
 }
 
-std::optional<RemarkKind> KindOfIgnored(std::string_view path)
+std::optional<RemarkKind> KindOfIgnored(std::string_view /*path*/)
 {
-    if (IsKnownProjectTag(path.substr(path.rfind('/') + 1)))
-        return std::nullopt;
     return RemarkKind::ElementUnknown;
 }
 

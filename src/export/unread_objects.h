@@ -13,9 +13,7 @@ namespace XPJ::RVX {
 // first places and a count. The document must have marked what was read.
 void AddUnreadObjects(ConstHandle root, Account& account);
 
-// The same for elements that the reader ignored, unless the table of classes knows them: what it
-// writes and doesn't read is always the same, or its row states why. `isPart`: only what the root
-// leads to counts.
+// The same for elements that the reader ignored. `isPart`: only what the root leads to counts.
 void AddIgnoredObjects(ConstHandle root, const std::vector<IgnoredElements>& ignored, bool isPart,
                        Account& account);
 

@@ -4,6 +4,7 @@
 
 #include "core/text_hash.h"
 #include "project/classes.h"
+#include "project/unused_fields.h"
 #include "tree/input.h"
 #include "tree/reading.h"
 #include "tree/tree_reader.h"
@@ -35,6 +36,9 @@ public:
     }
 
 private:
+    // What the table of classes writes and doesn't read is always the same, or its row states why.
+    bool IsListed(std::string_view tag) const override { return !IsKnownProjectTag(tag); }
+
     bool TakeStart(const Element& current, const StartTag& tag) override
     {
         if (tag.action.kind == Action::Child)

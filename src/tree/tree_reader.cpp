@@ -214,10 +214,12 @@ void TreeReader::Ignore(std::string_view tag, bool isSelfClosed)
     const bool isElement = !tag.starts_with('?') && !tag.starts_with('!');
     if (!isElement || (!openIgnored_.empty() && open_.size() >= ignoredDepth_))
         return;
-    IgnoredElements& entry = ignored_[{open_.back().rule->index, tag}];
-    if (entry.owners.empty())
-        entry.path = OpenPath().append("/").append(tag);
-    entry.owners.push_back(open_.back().node.UniqueId());
+    const auto [entry, isNew] = ignored_.try_emplace({open_.back().rule->index, tag});
+    IgnoredElements& elements = entry->second;
+    if (isNew && IsListed(tag))
+        elements.path = OpenPath().append("/").append(tag);
+    if (!elements.path.empty())
+        elements.owners.push_back(open_.back().node.UniqueId());
     if (isSelfClosed)
         return;
     openIgnored_ = tag;
@@ -228,7 +230,8 @@ std::vector<IgnoredElements> TreeReader::Ignored() const
 {
     std::vector<IgnoredElements> result;
     for (const auto& [key, entry] : ignored_)
-        result.push_back(entry);
+        if (!entry.path.empty())
+            result.push_back(entry);
     std::ranges::sort(result, {}, [](const IgnoredElements& entry) {
         return std::pair(std::string_view(entry.path), entry.owners.size());
     });
@@ -266,6 +269,11 @@ void TreeReader::Close()
 }
 
 void TreeReader::TakeAttributes(const Element&, const StartTag&, bool) {}
+
+bool TreeReader::IsListed(std::string_view) const
+{
+    return true;
+}
 
 void TreeReader::TakeEnd(const Element&, std::string_view) {}
 

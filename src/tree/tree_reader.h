@@ -71,6 +71,10 @@ protected:
     // The element, no part, has ended; unless detached it has just become a child of `parent`.
     virtual void TakeComplete(const Element& element, ObjectHandle parent);
 
+    // Whether ignored elements of that tag are listed. All are, unless the vocabulary explains
+    // them.
+    virtual bool IsListed(std::string_view tag) const;
+
     // True for an item whose text may have several lines; by the rules of XML alone they are kept.
     virtual bool HasLines(Name item) const;
 

@@ -1,5 +1,6 @@
 #include "tree/unread.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -173,7 +174,8 @@ void AddUnread(ConstHandle root, const UnreadRules& rules, Account& account)
 void AddIgnored(ConstHandle root, const std::vector<IgnoredElements>& ignored,
                 const IgnoredRules& rules, Account& account)
 {
-    if (ignored.empty())
+    const auto isExempt = [&](const IgnoredElements& entry) { return !rules.kindOf(entry.path); };
+    if (std::ranges::all_of(ignored, isExempt))
         return;
     std::vector<Places> places = PlacesOf(root, ignored, rules, account.texts);
     for (std::size_t i = 0; i < ignored.size(); ++i) {
