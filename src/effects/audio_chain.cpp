@@ -161,10 +161,7 @@ ObjectHandle MakeComponent(const EffectContext& context, int channelType, const 
                                  {"Intrinsic", "false"},
                                  {"Bypass", IsTrue(effect, "velaBypass") ? "true" : "false"},
                                  {"FrameRate", document.StoreNumber(context.sampleTicks)},
-                                 {"ChannelType", document.StoreNumber(channelType)},
-                                 {"FilterPreset", "0"},
-                                 {"FilterIndex", "-1"},
-                                 {"AudioComponentType", "0"}});
+                                 {"ChannelType", document.StoreNumber(channelType)}});
     CopyExpanded(effect, component);
     return component;
 }

@@ -153,26 +153,29 @@ std::string_view ClassOfControl(int control)
 ObjectHandle MakeParam(Document& document, ParamKind kind, const ParamFields& fields)
 {
     const ParamBuilder& row = kParamBuilders[static_cast<std::size_t>(kind)];
+    const std::string_view name = document.Store(fields.name);
+    const std::string_view control =
+        row.control.empty() ? document.StoreNumber(fields.control) : row.control;
     const bool isChoice = kind == ParamKind::Choice; // it jumps from keyframe to keyframe
-    const ObjectHandle param = document.NewObject(
-        row.element, {{"classid", row.classId},
-                      {"Name", document.Store(fields.name)},
-                      {"ParameterControlType",
-                       row.control.empty() ? document.StoreNumber(fields.control) : row.control},
-                      {"DiscontinuousInterpolate", isChoice ? "true" : "false"},
-                      {"IsLocked", "false"},
-                      {"IsTimeVarying", "false"},
-                      {"RangeLocked", "false"}});
+    const ObjectHandle param =
+        row.element == kAudioParam
+            ? document.NewObject(row.element, {{"classid", row.classId},
+                                               {"Name", name},
+                                               {"ParameterControlType", control},
+                                               {"UnitsString", document.Store(fields.units)}})
+            : document.NewObject(row.element,
+                                 {{"classid", row.classId},
+                                  {"Name", name},
+                                  {"ParameterControlType", control},
+                                  {"DiscontinuousInterpolate", isChoice ? "true" : "false"},
+                                  {"IsLocked", "false"},
+                                  {"IsTimeVarying", "false"},
+                                  {"RangeLocked", "false"}});
     if (fields.id != 0)
         param.SetNumber("ParameterID", fields.id);
     SetBound(param, "LowerBound", row.lower, fields.lower);
     SetBound(param, "UpperBound", row.upper, fields.upper);
     SetValue(param, row, fields.value);
-    if (row.element == kAudioParam) {
-        param.SetPropertyShared("Timestamp", "0");
-        param.SetPropertyShared("IsInverted", "false");
-        param.SetProperty("UnitsString", fields.units);
-    }
     return param;
 }
 

@@ -19,7 +19,7 @@ enum class RowKind : std::uint8_t {
     Fixed,        // <Tag>text</Tag>
     FixedIf,      // the same if the node has the property `key`
     FixedUnless,  // the same if it lacks the property `tag`
-    Value,        // <Tag>value of `key`</Tag>, if the node has it
+    Value,        // <Tag>value of `key`</Tag>, or of `text`; none if the node and the row lack it
     PropertyList, // one such line for each name of a list
 
     Reference,     // <Tag ObjectRef="N"/>, the first child `key`
@@ -122,6 +122,12 @@ constexpr BodyRow FixedUnless(Name tag, std::string_view text)
 constexpr BodyRow Value(Name tag, FieldUse use = {})
 {
     return {.kind = RowKind::Value, .tag = tag, .use = use};
+}
+
+// Nodes that don't have the property have `usual`.
+constexpr BodyRow ValueOr(Name tag, std::string_view usual, FieldUse use = {})
+{
+    return {.kind = RowKind::Value, .tag = tag, .use = use, .text = usual};
 }
 
 constexpr BodyRow ValueAs(Name tag, Name key, FieldUse use = {})

@@ -256,9 +256,9 @@ constexpr BodyRow kAudioComponentChain[] = {
 
 constexpr BodyRow kAudioComponentParam[] = {
     Value("UpperBound", kPresentation), Value("Name"), Value("UnitsString", kPresentation),
-    Value("ParameterControlType", kPresentation), Value("RangeLocked", kPresentation),
-    Value("IsInverted"), Value("Timestamp", kPresentation), Value("StartKeyframe"),
-    Value("CurrentValue"), Value("IsTimeVarying", kPresentation), Value("Keyframes"),
+    Value("ParameterControlType", kPresentation), Fixed("RangeLocked", "false"),
+    ValueOr("IsInverted", "false"), Fixed("Timestamp", "0"), Value("StartKeyframe"),
+    Value("CurrentValue"), ValueOr("IsTimeVarying", "false", kPresentation), Value("Keyframes"),
 };
 
 constexpr BodyRow kAudioFader[] = {
@@ -273,14 +273,14 @@ constexpr BodyRow kAudioFader[] = {
 };
 
 constexpr BodyRow kAudioFilterComponent[] = {
-    Value("FilterPreset", kOfMatchName), Value("FilterIndex", kOfMatchName),
+    Fixed("FilterPreset", "0"), Fixed("FilterIndex", "-1"),
     Value("FilterMatchName"),
     Part("AudioComponent", 3),
         Part("Component", 3),
             Include(kFilterState),
             Value("DisplayName"), Value("Bypass"), Value("ID", kIdentity),
         End("Component"),
-        Value("AudioComponentType", kOfMatchName), Value("FrameRate", kOfTrack),
+        Fixed("AudioComponentType", "0"), Value("FrameRate", kOfTrack),
         Value("ChannelType", kOfTrack),
     End("AudioComponent"),
 };
@@ -716,10 +716,10 @@ constexpr BodyRow kTimeRemapping[] = {
 };
 
 constexpr BodyRow kVideoClip[] = {
-    Include(kClipPart), Value("ScaleToFrameSize"), Value("FieldProcessing"),
-    Value("ReverseFieldDominance"), Value("DeinterlaceOnHold"),
-    Value("HoldFilters"), Value("FrameHold"),
-    Value("FrameHoldStart"), Value("PosterFrame", kNoCounterpart),
+    Include(kClipPart), ValueOr("ScaleToFrameSize", "false"), ValueOr("FieldProcessing", "0"),
+    ValueOr("ReverseFieldDominance", "false"), ValueOr("DeinterlaceOnHold", "false"),
+    ValueOr("HoldFilters", "false"), ValueOr("FrameHold", "0"),
+    ValueOr("FrameHoldStart", "-101606400000000000"), Fixed("PosterFrame", "0"),
     Value("TimeInterpolationType"),
 };
 

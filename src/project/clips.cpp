@@ -25,15 +25,9 @@ ObjectHandle MakeVideoClip(Document& document, ObjectHandle source, const ClipFi
     const ObjectHandle clip =
         document.NewObject("VideoClip", {{"ClipID", document.Store(NewGuidText())},
                                          {"FrameRate", source.GetProperty("FrameRate")},
-                                         {"InUse", BoolText(fields.inUse)},
-                                         {"ScaleToFrameSize", BoolText(fields.scaleToFrameSize)},
-                                         {"FieldProcessing", "0"},
-                                         {"ReverseFieldDominance", "false"},
-                                         {"DeinterlaceOnHold", "false"},
-                                         {"HoldFilters", "false"},
-                                         {"FrameHold", "0"},
-                                         {"FrameHoldStart", document.StoreNumber(kNoTime)},
-                                         {"PosterFrame", "0"}});
+                                         {"InUse", BoolText(fields.inUse)}});
+    if (fields.scaleToFrameSize)
+        clip.SetPropertyShared("ScaleToFrameSize", "true");
     AddPlayback(source, fields, clip);
     if (fields.frameBlending)
         clip.SetPropertyShared("TimeInterpolationType", "1");

@@ -111,8 +111,11 @@ void ObjectPrinter::WriteStepOf(const WriteStep& step, ObjectHandle node)
 void ObjectPrinter::WriteValue(const WriteStep& step, ObjectHandle node)
 {
     const Property* const property = properties_.Find(step.name);
-    if (!property)
+    if (!property) {
+        if (!step.row->text.empty())
+            out_.WriteValue(step.before, step.row->text, step.after);
         return;
+    }
     if (property->valueSize == 0 && step.row->kind == RowKind::Value && step.row->tag == "ID")
         withoutId_.push_back(node);
     out_.WriteValue(step.before, property->Value(), step.after);
