@@ -338,13 +338,15 @@ private:
         clip["active_media_reference_key"] = "DEFAULT_MEDIA";
     }
 
-    // The range lasts as long as the item does, whatever its speed plays in that time.
+    // The range lasts as long as the item does, whatever its speed plays in that time. It starts at
+    // the frame that the item holds, if it does.
     Json ComponentOf(std::string_view schema, const Sequence& sequence, const Item& item) const
     {
         const Otio::SourceTime time = Otio::SourceTimeOf(project_, item);
         Json json = Otio::MakeComponent(schema, item.name, MetadataOf(item));
-        json["source_range"] = Otio::TimeRange({AddTicks(time.first, item.in), time.frameTicks,
-                                                LengthOf(item), sequence.format.ticks});
+        json["source_range"] =
+            Otio::TimeRange({AddTicks(time.first, item.held.value_or(item.in)), time.frameTicks,
+                             LengthOf(item), sequence.format.ticks});
         json["effects"] = Otio::Effects(project_, item);
         json["markers"] = Otio::Markers(item.markers, time);
         json["enabled"] = item.enabled;

@@ -120,8 +120,16 @@ bool IsFreeze(const std::vector<Keyframe>& speedKeyframes)
     });
 }
 
+void AddFreeze(Json metadata, Json& effects)
+{
+    effects.push_back(MakeEffect("FreezeFrame.1", "", "FreezeFrame", std::move(metadata)));
+    effects.back()["time_scalar"] = 0.0;
+}
+
 void AddSpeed(const Item& item, const SourceTime& time, Json& effects)
 {
+    if (item.held)
+        return AddFreeze(Json::object(), effects);
     if (item.speedKeyframes.empty()) {
         if (item.speed == 1.0 && !item.reverse)
             return;
@@ -131,8 +139,7 @@ void AddSpeed(const Item& item, const SourceTime& time, Json& effects)
     }
     Json metadata{{"keyframes", SpeedKeyframes(item.speedKeyframes, time)}};
     if (IsFreeze(item.speedKeyframes)) {
-        effects.push_back(MakeEffect("FreezeFrame.1", "", "FreezeFrame", std::move(metadata)));
-        effects.back()["time_scalar"] = 0.0;
+        AddFreeze(std::move(metadata), effects);
     } else {
         metadata["reverse"] = item.reverse;
         effects.push_back(MakeEffect("TimeEffect.1", "", "VariableSpeed", std::move(metadata)));

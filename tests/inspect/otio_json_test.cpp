@@ -165,6 +165,7 @@ TEST(OtioJson, StatesSpeedAsAnEffect)
         {{.speed = 2.5}, "LinearTimeWarp.1", 2.5},
         {{.reverse = true}, "LinearTimeWarp.1", -1},
         {{.speed = 0.5, .reverse = true}, "LinearTimeWarp.1", -0.5},
+        {{.in = 5, .speed = 2, .held = 3}, "FreezeFrame.1", 0},
         {{.speedKeyframes = {{0, "100"}, {500, "100"}}}, "FreezeFrame.1", 0},
         {{.speedKeyframes = {{0, "100"}, {500, "900"}}}, "TimeEffect.1", 0},
     };
@@ -175,6 +176,10 @@ TEST(OtioJson, StatesSpeedAsAnEffect)
         EXPECT_EQ(effects[0]["OTIO_SCHEMA"], test.schema);
         EXPECT_EQ(effects[0].value("time_scalar", 0.0), test.scalar);
     }
+    const Json held = ClipOf({.in = 500 * kPalFrameTicks,
+                              .held = 300 * kPalFrameTicks,
+                              .sourceFormat = {.ticks = kPalFrameTicks}});
+    EXPECT_EQ(held["source_range"]["start_time"]["value"], 300);
 }
 
 TEST(OtioJson, CountsInFramesOfTheRealRate)
