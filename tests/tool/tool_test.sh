@@ -568,6 +568,10 @@ compare() {
     expect_status 64 --inspect --ignore label one.xml
     expect_status 6 --compare --report absent/r.html one.xml two.xml
     expect_text err 'absent/r.html'
+    expect_status 64 --compare --report r.csv one.xml two.xml
+    expect_text err 'r.csv: differences are no table'
+    expect_status 64 --compare --report one.html one.html two.xml
+    expect_text err 'would replace an input'
     cp two.xml kept.xml
     expect_same two.xml kept.xml
     expect_status 5 --compare one.xml absent.xml

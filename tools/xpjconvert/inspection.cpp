@@ -141,11 +141,24 @@ std::string TextOfDifferences(const std::string& path, const ToolOptions& option
     }
 }
 
+// What is wrong with the reports; empty if nothing is.
+std::string ProblemOfReports(const ToolOptions& options)
+{
+    const std::string replacing = ReportOverFile(options, {InputOf(options), options.partner});
+    if (!replacing.empty())
+        return fmt::format("XPJConvert: the report {} would replace an input.\n", replacing);
+    for (const std::string& path : options.reports)
+        if (FormatOfReport(path) == ReportFormat::Csv)
+            return fmt::format("XPJConvert: {}: differences are no table; .txt, .json and .html "
+                               "can list them.\n",
+                               path);
+    return {};
+}
+
 int CompareFiles(const ToolOptions& options)
 {
-    const std::string report = ReportOverFile(options, {InputOf(options), options.partner});
-    if (!report.empty()) {
-        PrintError(fmt::format("XPJConvert: the report {} would replace an input.\n", report));
+    if (const std::string problem = ProblemOfReports(options); !problem.empty()) {
+        PrintError(problem);
         return kWrongUsage;
     }
     auto [a, b] = ReadForComparison(DocumentFile(PathOf(InputOf(options))),
