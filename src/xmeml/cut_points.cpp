@@ -68,7 +68,7 @@ public:
     {
         const bool isRounded = IsRounded(point);
         if (point.exact.IsStated())
-            point.exact.Set(AddTicks(point.exact.value, ExactLength(frames)));
+            point.exact.Set(WithoutNoise(AddTicks(point.exact.value, ExactLength(frames))));
         if (isRounded)
             point.frames.Set(DivTicks(AddTicks(Played(point.exact.value), kNoise), rates_.item));
         else if (point.frames.value != kNotStated)
@@ -80,7 +80,7 @@ public:
         if (point.frames.value != kNotStated && from.frames.value != kNotStated)
             point.frames.Set(AddTicks(from.frames.value, rates_.ToItem(frames)));
         if (point.exact.IsStated() && from.exact.IsStated())
-            point.exact.Set(AddTicks(from.exact.value, SourceLength(frames)));
+            point.exact.Set(WithoutNoise(AddTicks(from.exact.value, SourceLength(frames))));
     }
 
     // This system's own documents count the edges of such items in the item's frames.
@@ -105,6 +105,14 @@ private:
         const Ticks off = SubtractTicks(Played(point.exact.value),
                                         MultiplyTicks(point.frames.value, rates_.item));
         return off > -rates_.item && off < rates_.item;
+    }
+
+    // A time in the source of a clip at another speed that is meant to be a whole frame.
+    Ticks WithoutNoise(Ticks source) const
+    {
+        const Ticks frame = MultiplyTicks(NearestFrame(source, rates_.item), rates_.item);
+        const Ticks off = SubtractTicks(source, frame);
+        return SpeedOfItem(item_).speed != 1.0 && off >= -kNoise && off <= kNoise ? frame : source;
     }
 
     // A time in the source as the clip plays it, in which frames count.
