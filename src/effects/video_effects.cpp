@@ -23,12 +23,15 @@ namespace {
 
 // ---- Rules of effects that their rows can't state
 
-// A project blurs all channels alike; a blur of single channels is not translated.
+// A project blurs all channels alike; a blur of single channels is not translated. To the letter
+// it has to state that it blurs all, which is its default.
 bool GaussianBlurToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
                            Components& components)
 {
-    constexpr int kAllChannels = 1; // the first choice of the effect
-    return ParseInt(StaticValue(FindParameter(effect, "channel"), "0")) == kAllChannels &&
+    constexpr std::string_view kAllChannels = "1"; // the first choice of the effect
+    const std::string_view missing = context.openInterchange ? kAllChannels : "0";
+    return ParseInt(StaticValue(FindParameter(effect, "channel"), missing)) ==
+               ParseInt(kAllChannels) &&
            ParamsToProject(context, row, effect, components);
 }
 

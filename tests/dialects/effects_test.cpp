@@ -164,6 +164,7 @@ TEST_F(OpenEffects, NoneIsLost)
         {"Flop", Parameter("flop", In("value", "2")) + returning, "VX.ORRN Vertical Flip "},
         {"Flop", Parameter("flop", In("value", "3")),
          "VX.ORRN Vertical Flip VX.ORRN Horizontal Flip "},
+        {"Gaussian Blur", Parameter("radius", In("value", "5")), "KX.ORRN Gaussian Blur 2 "},
         {"Basic 3D", Parameter("ry", In("value", "3")), "KX.ORRN Basic 3D "},
         {"Basic 3D", Parameter("ry", In("value", "0")) + returning, "KX.ORRN Basic 3D "},
         {"Basic 3D", Parameter("ry", In("value", "0")), ""},
