@@ -93,6 +93,12 @@ RemarkSubject SubjectOf(ConstHandle component)
             .id = id};
 }
 
+bool HasOwnName(ConstHandle component)
+{
+    return HasValue(component, "InstanceName") &&
+           component.GetProperty("InstanceName") != component.GetProperty("DisplayName");
+}
+
 void ReportParams(const EffectContext& context, std::span<const ParamRow> rows,
                   ConstHandle component, int handled)
 {
@@ -108,9 +114,10 @@ void ReportParams(const EffectContext& context, std::span<const ParamRow> rows,
         else
             ReportUnwritten(context, subject, isKnown ? &*row : nullptr, param);
     }
-    const std::string_view name = component.GetProperty("InstanceName");
-    if (!name.empty() && name != component.GetProperty("DisplayName"))
-        context.AddRemark(RemarkKind::EffectRenamed, {.name = name, .id = subject.id});
+    const bool isNamed = context.openInterchange && !IsTrue(component, "Intrinsic");
+    if (HasOwnName(component) && !isNamed)
+        context.AddRemark(RemarkKind::EffectRenamed,
+                          {.name = component.GetProperty("InstanceName"), .id = subject.id});
 }
 
 void ReportUnwritten(const EffectContext& context, RemarkSubject subject, const ParamRow* row,

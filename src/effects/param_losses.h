@@ -15,6 +15,9 @@ namespace XPJ {
 // An effect as remarks name it: the name that the host shows, and the match name.
 RemarkSubject SubjectOf(ConstHandle component);
 
+// True for a component that its user named.
+bool HasOwnName(ConstHandle component);
+
 // Remarks about all parameters of a component that is written by the rows of its effect.
 // `handled` is the `ParameterID` of one that the caller writes in its own way; 0: none.
 void ReportParams(const EffectContext& context, std::span<const ParamRow> rows,

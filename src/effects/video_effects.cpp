@@ -16,6 +16,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <span>
 
 namespace XPJ {
 
@@ -355,6 +357,22 @@ std::string_view DisplayName(ConstHandle component)
                                                 : ComponentMatchName(component);
 }
 
+// What the user called the effect, in open interchange, goes to the components that it became.
+void NameComponents(const EffectContext& context, const EffectRow& row, ConstHandle effect,
+                    std::span<const ObjectHandle> components)
+{
+    const std::string_view name = effect.GetProperty("name");
+    if (name.empty() || name == row.xmeml.name || name == row.project.display || components.empty())
+        return;
+    if (components.front().HasProperty("InstanceName"))
+        return;
+    if (!context.openInterchange)
+        return context.AddRemark(RemarkKind::EffectRenamed,
+                                 {.name = name, .id = effect.GetProperty("effectid")});
+    for (const ObjectHandle& component : components)
+        component.SetPropertyShared("InstanceName", name);
+}
+
 void ReportUnknown(const EffectContext& context, ConstHandle component)
 {
     if (context.location.trackKind != kNoTrack) {
@@ -380,6 +398,8 @@ void ComponentToXmeml(const EffectContext& context, ConstHandle component, Objec
         return ReportUnknown(context, component);
     const ObjectHandle effect = AddEmptyFilter(context.document, element);
     row->toXmeml(context, *row, component, effect);
+    if (context.openInterchange && HasOwnName(component))
+        CopyProperty(component, "InstanceName", effect, "name");
     WriteSwitches(component, effect);
     if (IsWrittenByRows(*row))
         ReportParams(context, row->params, component);
@@ -403,8 +423,10 @@ std::string_view ConditionOf(ConstHandle effect)
 bool FilterToProject(const EffectContext& context, ConstHandle effect, Components& components)
 {
     const EffectRow* const row = RowOfFilter(effect);
+    const std::size_t first = components.size();
     if (!row || !row->toProject || !row->toProject(context, *row, effect, components))
         return false;
+    NameComponents(context, *row, effect, std::span(components).subspan(first));
     if (IsByRows(*row))
         RemarkOnParameters(context, row->params, effect);
     return true;

@@ -192,6 +192,20 @@ TEST_F(OpenEffects, NoneIsLost)
     }
 }
 
+TEST_F(OpenEffects, ComeBackUnderTheNamesOfTheirUsers)
+{
+    const std::string named = In("name", "Soft &amp; far") + In("effectid", "Gaussian Blur") +
+                              Parameter("channel", In("value", "1")) +
+                              Parameter("radius", In("value", "5"));
+    const std::string document = Cut("video", Item(0, In("filter", In("effect", named))));
+    const std::string project = ToProject(document);
+    EXPECT_TRUE(Has(project, In("InstanceName", "Soft &amp; far")));
+    EXPECT_TRUE(Has(ToXmeml(project), In("name", "Soft &amp; far") + "\n"));
+    SetOpen(false);
+    EXPECT_FALSE(Has(ToProject(document), "<InstanceName>"));
+    EXPECT_FALSE(Has(ToXmeml(project), "Soft"));
+}
+
 // The width is that of the document's Distort, which would stretch for other programs.
 TEST_F(OpenEffects, BothScalesOfABypassedMotionAreBypassed)
 {
