@@ -62,6 +62,8 @@ void RestateValues(ObjectHandle node, ConstHandle parameter)
 void LimitChannels(ObjectHandle value)
 {
     for (const Name key : {Name("red"), Name("green"), Name("blue"), Name("alpha")}) {
+        if (!HasValue(value, key))
+            continue;
         const int channel = IntProperty(value, key);
         if (const int limited = std::clamp(channel, 0, 255); limited != channel)
             value.SetProperty(key, IntToString(limited));
