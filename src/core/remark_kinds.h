@@ -149,8 +149,8 @@ enum class RemarkKind : std::uint8_t {
     PathAssumed,
     LinkTooLarge,
     ScaledToFrame,
-    AdditionLeftOut,
-    EffectLeftOut,
+    AdditionLost,
+    EffectOfAdditions,
     TransitionOfNext,
 };
 

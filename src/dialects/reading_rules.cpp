@@ -231,7 +231,7 @@ constexpr DialectRule kReadingRules[] = {
     {.name = "circles of sequences",
      .seen = "damaged documents: sequences that are nested in themselves, directly or through "
              "others",
-     .does = "The item that closes the circle is left out.",
+     .does = "The item that closes the circle is skipped.",
      .file = "import/track_items.cpp"},
     {.name = "exact points of video",
      .seen = "documents of this system",

@@ -14,7 +14,7 @@
 #include "platform/settings.h"
 #include "project/accessors.h"
 #include "report/encoding_issues.h"
-#include "xmeml/left_out_additions.h"
+#include "xmeml/lost_additions.h"
 
 namespace XPJ {
 
@@ -238,7 +238,7 @@ private:
         }
         const bool additions = request_.additions || isHandOff_;
         if (!IsImport() && !additions)
-            AddLeftOutAdditions(translated_, outcome_.account);
+            AddLostAdditions(translated_, outcome_.account);
         if (request_.markLosses)
             MarkLosses(outcome_.account, request_.to->kind, translatedDocument_, translated_);
         Report();

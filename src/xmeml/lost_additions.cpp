@@ -1,4 +1,4 @@
-#include "xmeml/left_out_additions.h"
+#include "xmeml/lost_additions.h"
 
 #include "core/numbers.h"
 #include "tree/tree_walk.h"
@@ -59,9 +59,9 @@ bool HasAddedKeyframes(ConstHandle effect)
     return false;
 }
 
-class LeftOut {
+class LostAdditions {
 public:
-    explicit LeftOut(Account& account) : account_(account) {}
+    explicit LostAdditions(Account& account) : account_(account) {}
 
     void Add(TreePath path)
     {
@@ -70,7 +70,7 @@ public:
         for (const AddedFact& fact : kAddedFacts)
             if (fact.element == name && HasValue(element, fact.property) &&
                 !(fact.isImplied && fact.isImplied(element)))
-                AddRemark(RemarkKind::AdditionLeftOut, path, {.detail = fact.what});
+                AddRemark(RemarkKind::AdditionLost, path, {.detail = fact.what});
         if (name == "track" || name == "file")
             for (const ConstHandle& filter : element.GetChildren("filter"))
                 AddEffect(path, filter.GetChild("effect"));
@@ -81,7 +81,7 @@ public:
 private:
     void AddEffect(TreePath path, ConstHandle effect)
     {
-        AddRemark(RemarkKind::EffectLeftOut, path, {.name = effect.GetProperty("name")});
+        AddRemark(RemarkKind::EffectOfAdditions, path, {.name = effect.GetProperty("name")});
     }
     void AddRemark(RemarkKind kind, TreePath path, const RemarkSubject& subject)
     {
@@ -93,11 +93,11 @@ private:
 
 } // namespace
 
-void AddLeftOutAdditions(ConstHandle xmeml, Account& account)
+void AddLostAdditions(ConstHandle xmeml, Account& account)
 {
-    LeftOut leftOut(account);
-    WalkTree(xmeml, [&leftOut](TreePath path) {
-        leftOut.Add(path);
+    LostAdditions lost(account);
+    WalkTree(xmeml, [&lost](TreePath path) {
+        lost.Add(path);
         return true;
     });
 }

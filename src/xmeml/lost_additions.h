@@ -8,6 +8,6 @@ namespace XPJ {
 
 // Enters remarks for what additions alone state: effects and what users named or set. Those that
 // only bring exact values back count for nothing.
-void AddLeftOutAdditions(ConstHandle xmeml, Account& account);
+void AddLostAdditions(ConstHandle xmeml, Account& account);
 
 } // namespace XPJ

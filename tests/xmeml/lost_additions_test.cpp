@@ -1,4 +1,4 @@
-#include "xmeml/left_out_additions.h"
+#include "xmeml/lost_additions.h"
 
 #include "support/xmeml_fixture.h"
 
@@ -7,9 +7,9 @@
 namespace XPJ {
 namespace {
 
-using LeftOutAdditionsTest = XmemlTest;
+using LostAdditionsTest = XmemlTest;
 
-TEST_F(LeftOutAdditionsTest, FactsAndEffectsAreToldWhereTheyStand)
+TEST_F(LostAdditionsTest, FactsAndEffectsAreToldWhereTheyStand)
 {
     const std::string rate = "<rate><timebase>25</timebase></rate>";
     const std::string filter = "<filter><effect><name>Glow</name></effect></filter>";
@@ -36,7 +36,7 @@ TEST_F(LeftOutAdditionsTest, FactsAndEffectsAreToldWhereTheyStand)
                    "<cutPointTicks>50803200000</cutPointTicks>") +
         "</track></video></media>");
     Account account;
-    AddLeftOutAdditions(sequence, account);
+    AddLostAdditions(sequence, account);
     std::string lines;
     for (const Remark& remark : account.remarks)
         lines.append(RowOf(remark.kind).id)
@@ -45,13 +45,13 @@ TEST_F(LeftOutAdditionsTest, FactsAndEffectsAreToldWhereTheyStand)
             .append(" [" + std::string(remark.clip) + " ")
             .append(std::to_string(remark.trackIndex) + " ")
             .append(std::to_string(remark.span.start) + "]\n");
-    EXPECT_EQ(lines, "addition.left-out name of the track [ 1 -1]\n"
+    EXPECT_EQ(lines, "addition.lost name of the track [ 1 -1]\n"
                      "addition.effect Glow [ 1 -1]\n"
-                     "addition.left-out soft limits of the subclip [A 1 50]\n"
+                     "addition.lost soft limits of the subclip [A 1 50]\n"
                      "addition.effect Glow [A 1 50]\n"
                      "addition.effect Text [A 1 50]\n"
-                     "addition.left-out color of the marker [A 1 50]\n"
-                     "addition.left-out cut in the transition [ 1 400]\n");
+                     "addition.lost color of the marker [A 1 50]\n"
+                     "addition.lost cut in the transition [ 1 400]\n");
 }
 
 } // namespace
