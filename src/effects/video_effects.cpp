@@ -30,10 +30,9 @@ namespace {
 bool GaussianBlurToProject(const EffectContext& context, const EffectRow& row, ConstHandle effect,
                            Components& components)
 {
-    constexpr std::string_view kAllChannels = "1"; // the first choice of the effect
-    const std::string_view missing = context.openInterchange ? kAllChannels : "0";
-    return ParseInt(StaticValue(FindParameter(effect, "channel"), missing)) ==
-               ParseInt(kAllChannels) &&
+    constexpr int kAllChannels = 1; // the first choice of the effect
+    const std::string_view missing = context.openInterchange ? "1" : "0";
+    return ParseInt(StaticValue(FindParameter(effect, "channel"), missing)) == kAllChannels &&
            ParamsToProject(context, row, effect, components);
 }
 
