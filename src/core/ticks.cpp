@@ -67,6 +67,11 @@ std::int64_t NearestFrame(Ticks ticks, Ticks frameTicks) noexcept
     return DivTicksOr0(ticks < 0 ? SubtractTicks(ticks, half) : AddTicks(ticks, half), frameTicks);
 }
 
+std::int64_t FrameOfProduct(Ticks ticks, Ticks frameTicks)
+{
+    return DivTicks(AddTicks(ticks, kSpeedNoise), frameTicks);
+}
+
 Ticks ToTicks(double value) noexcept
 {
     if (std::isnan(value))

@@ -48,6 +48,11 @@ Ticks DivTicks(Ticks value, Ticks divisor);
 // Whole frames, to the nearest one; 0 for a frame length of 0.
 std::int64_t NearestFrame(Ticks ticks, Ticks frameTicks) noexcept;
 
+// How far a time that is a product with a speed may be from the one that is meant.
+constexpr Ticks kSpeedNoise = 2;
+// The frame that has begun at such a time.
+std::int64_t FrameOfProduct(Ticks ticks, Ticks frameTicks);
+
 // The nearest lower whole number towards zero, clamped; 0 for not-a-number.
 Ticks ToTicks(double value) noexcept;
 

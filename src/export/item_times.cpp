@@ -85,14 +85,13 @@ Ticks Scaled(Ticks ticks, double speed)
 
 // The frame of a point, in what plays. To the letter it is the one that has begun. Other programs
 // get the nearest one at normal speed; at another one readers to the letter find the point again
-// from the one that has begun, but products of speeds may be a tick short of it.
+// from the one that has begun.
 std::int64_t FrameOfPoint(Ticks played, const ItemTiming& timing)
 {
-    constexpr Ticks kNoise = 2;
     if (!timing.openInterchange || timing.unit == TimeUnit::Ticks)
         return TimeOf(timing.unit, played, timing.rate);
     return timing.speed == 1.0 ? NearestFrame(played, timing.rate)
-                               : DivTicks(AddTicks(played, kNoise), timing.rate);
+                               : FrameOfProduct(played, timing.rate);
 }
 
 // Writes the exact ticks of a point and gives its time in the item's unit; a clip that doesn't

@@ -85,9 +85,8 @@ Ticks StatedPoint(const ItemContext& item, const StatedTime& exact, Frames frame
 void RemarkOnPoints(const ItemContext& item, Frames in, Frames out, const SourceRange& range)
 {
     const StatedTimes& times = item.element.times;
-    constexpr Ticks kNoise = 2; // of products in floating point
     const auto isMoved = [](Ticks from, Ticks to) {
-        return from > 0 && to >= 0 && std::max(from, to) - std::min(from, to) > kNoise;
+        return from > 0 && to >= 0 && std::max(from, to) - std::min(from, to) > kSpeedNoise;
     };
     if (isMoved(StatedPoint(item, times.exactIn, in), range.in) ||
         isMoved(StatedPoint(item, times.exactOut, out), range.out))

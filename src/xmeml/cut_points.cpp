@@ -70,7 +70,7 @@ public:
         if (point.exact.IsStated())
             point.exact.Set(WithoutNoise(AddTicks(point.exact.value, ExactLength(frames))));
         if (isRounded)
-            point.frames.Set(DivTicks(AddTicks(Played(point.exact.value), kNoise), rates_.item));
+            point.frames.Set(FrameOfProduct(Played(point.exact.value), rates_.item));
         else if (point.frames.value != kNotStated)
             point.frames.Set(AddTicks(point.frames.value, rates_.ToItem(frames)));
     }
@@ -93,8 +93,6 @@ public:
     }
 
 private:
-    static constexpr Ticks kNoise = 2; // products of speeds may be a tick short
-
     // True for the frame of an exact time that lies between frames of the item: it is off by a part
     // of a frame, and so would be each that is counted from it.
     bool IsRounded(SourcePoint point) const
@@ -112,7 +110,9 @@ private:
     {
         const Ticks frame = MultiplyTicks(NearestFrame(source, rates_.item), rates_.item);
         const Ticks off = SubtractTicks(source, frame);
-        return SpeedOfItem(item_).speed != 1.0 && off >= -kNoise && off <= kNoise ? frame : source;
+        return SpeedOfItem(item_).speed != 1.0 && off >= -kSpeedNoise && off <= kSpeedNoise
+                   ? frame
+                   : source;
     }
 
     // A time in the source as the clip plays it, in which frames count.
